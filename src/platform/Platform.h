@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace tintwick {
+
+class HotKeyRegistrar;
+class KeyboardLayout;
+class LoupeSurface;
+class PickingInput;
+class ScreenGrabber;
+
+/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program.
+class Platform
+{
+public:
+    virtual ~Platform() = default;
+
+    /// Connects to the desktop that the environment names; needs no application object yet. On a desktop that cannot be
+    /// served returns none, and `whyNot` is one sentence for the user.
+    [[nodiscard]] static std::unique_ptr<Platform> create(QString& whyNot);
+
+    [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
+    [[nodiscard]] virtual PickingInput& pickingInput() = 0;
+    [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
+    [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
+    [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
+};
+
+} // namespace tintwick

@@ -1,0 +1,121 @@
+#include "platform/x11/XcbConnection.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+xcb_screen_t* screenOfNumber(xcb_connection_t* connection, int number)
+{
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; number > 0 && screens.rem > 1; --number) {
+        xcb_screen_next(&screens);
+    }
+    return screens.data;
+}
+
+} // namespace
+
+XcbConnection::Subscription::~Subscription()
+{
+    if (m_connection) {
+        m_connection->unsubscribe(*m_sink);
+    }
+}
+
+std::unique_ptr<XcbConnection> XcbConnection::open()
+{
+    int screenNumber = 0;
+    xcb_connection_t* connection = xcb_connect(nullptr, &screenNumber);
+    if (xcb_connection_has_error(connection) != 0) {
+        xcb_disconnect(connection);
+        return nullptr;
+    }
+    return std::unique_ptr<XcbConnection>(new XcbConnection(connection, screenNumber));
+}
+
+XcbConnection::XcbConnection(xcb_connection_t* connection, int screenNumber)
+    : m_connection(connection)
+    , m_screenNumber(screenNumber)
+    , m_screen(screenOfNumber(connection, screenNumber))
+{
+}
+
+XcbConnection::~XcbConnection()
+{
+    m_notifier.reset();
+    xcb_disconnect(m_connection);
+}
+
+XcbConnection::Subscription XcbConnection::subscribe(Sink& sink)
+{
+    listen();
+    m_sinks.push_back(&sink);
+    return {*this, sink};
+}
+
+void XcbConnection::unsubscribe(Sink& sink)
+{
+    std::erase(m_sinks, &sink);
+}
+
+// Starts with the first sink, because the connection is opened before the application object exists.
+void XcbConnection::listen()
+{
+    if (m_notifier) {
+        return;
+    }
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::drain);
+    // Waiting for a reply can read events into the queue, and then the socket stays silent about them.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &XcbConnection::drain);
+}
+
+void XcbConnection::drain()
+{
+    bool handledAny = false;
+    while (XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
+        handledAny = true;
+        // A sink may subscribe or unsubscribe others while it handles the event.
+        for (Sink* sink : std::vector<Sink*>(m_sinks)) {
+            if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end()) {
+                sink->handleEvent(*event);
+            }
+        }
+    }
+    if (handledAny) {
+        for (Sink* sink : std::vector<Sink*>(m_sinks)) {
+            if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end()) {
+                sink->eventsDrained();
+            }
+        }
+    }
+    if (xcb_connection_has_error(m_connection) != 0 && m_notifier) {
+        m_notifier->setEnabled(false);
+        QCoreApplication::exit(EXIT_FAILURE);
+        return;
+    }
+    flush();
+}
+
+xcb_atom_t XcbConnection::atom(std::string_view name) const
+{
+    const auto cookie =
+        xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection, cookie, nullptr));
+    return reply ? reply->atom : XCB_ATOM_NONE;
+}
+
+void XcbConnection::sync() const
+{
+    const XcbReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+} // namespace tintwick

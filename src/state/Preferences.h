@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+namespace tintwick {
+
+enum class ColorSchemePref { Auto, Light, Dark };
+
+/// The user's small choices, kept outside the data file. Every read asks the store afresh, every write reaches it at
+/// once; a missing, mistyped or unknown value reads as the default.
+namespace preferences {
+
+[[nodiscard]] ColorSchemePref colorScheme();
+void setColorScheme(ColorSchemePref scheme);
+
+/// "auto", "light" or "dark", as stored.
+[[nodiscard]] QString rawValue(ColorSchemePref scheme);
+/// The appearance that one press on the toggle goes to: auto, light, dark, and auto again.
+[[nodiscard]] ColorSchemePref nextColorScheme(ColorSchemePref scheme);
+
+/// Whether the loupe is a circle; it is a square otherwise.
+[[nodiscard]] bool scopeIsCircle();
+void setScopeShape(const QString& shape);
+
+/// Side of the loupe's scope in points: 100, 130 or 160.
+[[nodiscard]] double scopeSide();
+void setScopePhysicalSize(const QString& size);
+
+/// Sampling radius with which a pick begins, in screen pixels around the centre one; at least 1, not bounded above.
+[[nodiscard]] int scopeDefaultRadius();
+void setScopeDefaultRadius(int radius);
+
+} // namespace preferences
+
+} // namespace tintwick
