@@ -3,7 +3,6 @@
 #include "picker/LoupeGeometry.h"
 #include "picker/MagnifierView.h"
 #include "platform/LoupeSurface.h"
-#include "state/Preferences.h"
 
 #include <QImage>
 
@@ -23,17 +22,17 @@ SurfaceId MagnifierPanel::windowNumber() const
 
 void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::vector<Screen>& screens)
 {
-    const Screen* const screen = screenAt(pointer, screens);
+    const std::optional<Screen> screen = screenAt(pointer, screens);
     if (!screen) {
         return;
     }
     const CoordinateFlip flip(screens.front().frame);
     const QImage& picture = view.render(screen->scale);
-    const double height = picture.height();
-    const double scopeSide = preferences::scopeSide() * screen->scale;
-    const GlobalPoint origin = loupeOrigin(pointer, picture.width(), height, scopeSide, height - scopeSide,
-                                           flip.toGlobal(screen->frame), screenMargin * screen->scale);
-    m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + height}));
+    // The scope is the square at the top of the picture.
+    const double scopeSide = picture.width();
+    const GlobalPoint origin = loupeOrigin(pointer, picture.size(), scopeSide, flip.toGlobal(screen->frame),
+                                           loupe::screenMargin * screen->scale);
+    m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + picture.height()}));
 }
 
 } // namespace tintwick
