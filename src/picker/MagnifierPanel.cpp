@@ -1,0 +1,39 @@
+#include "picker/MagnifierPanel.h"
+
+#include "picker/LoupeGeometry.h"
+#include "picker/MagnifierView.h"
+#include "platform/LoupeSurface.h"
+#include "state/Preferences.h"
+
+#include <QImage>
+
+namespace tintwick {
+
+MagnifierPanel::MagnifierPanel(std::unique_ptr<LoupeSurface> surface)
+    : m_surface(std::move(surface))
+{
+}
+
+MagnifierPanel::~MagnifierPanel() = default;
+
+SurfaceId MagnifierPanel::windowNumber() const
+{
+    return m_surface->id();
+}
+
+void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::vector<Screen>& screens)
+{
+    const Screen* const screen = screenAt(pointer, screens);
+    if (!screen) {
+        return;
+    }
+    const CoordinateFlip flip(screens.front().frame);
+    const QImage& picture = view.render(screen->scale);
+    const double height = picture.height();
+    const double scopeSide = preferences::scopeSide() * screen->scale;
+    const GlobalPoint origin = loupeOrigin(pointer, picture.width(), height, scopeSide, height - scopeSide,
+                                           flip.toGlobal(screen->frame), screenMargin * screen->scale);
+    m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + height}));
+}
+
+} // namespace tintwick

@@ -1,0 +1,166 @@
+#include "platform/EvdevKeys.h"
+
+#include "platform/KeyCode.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <linux/input-event-codes.h>
+
+namespace tintwick {
+
+namespace {
+
+struct Position
+{
+    int keyCode;
+    int evdev;
+};
+
+constexpr Position positions[] = {
+    {keycode::a, KEY_A},
+    {keycode::b, KEY_B},
+    {keycode::c, KEY_C},
+    {keycode::d, KEY_D},
+    {keycode::e, KEY_E},
+    {keycode::f, KEY_F},
+    {keycode::g, KEY_G},
+    {keycode::h, KEY_H},
+    {keycode::i, KEY_I},
+    {keycode::j, KEY_J},
+    {keycode::k, KEY_K},
+    {keycode::l, KEY_L},
+    {keycode::m, KEY_M},
+    {keycode::n, KEY_N},
+    {keycode::o, KEY_O},
+    {keycode::p, KEY_P},
+    {keycode::q, KEY_Q},
+    {keycode::r, KEY_R},
+    {keycode::s, KEY_S},
+    {keycode::t, KEY_T},
+    {keycode::u, KEY_U},
+    {keycode::v, KEY_V},
+    {keycode::w, KEY_W},
+    {keycode::x, KEY_X},
+    {keycode::y, KEY_Y},
+    {keycode::z, KEY_Z},
+
+    {keycode::zero, KEY_0},
+    {keycode::one, KEY_1},
+    {keycode::two, KEY_2},
+    {keycode::three, KEY_3},
+    {keycode::four, KEY_4},
+    {keycode::five, KEY_5},
+    {keycode::six, KEY_6},
+    {keycode::seven, KEY_7},
+    {keycode::eight, KEY_8},
+    {keycode::nine, KEY_9},
+
+    // The key left of 1. On ISO keyboards it stays there too: the extra key beside the left Shift (KEY_102ND)
+    // is a position that an ANSI keyboard does not have, and so has no name.
+    {keycode::backtick, KEY_GRAVE},
+    {keycode::minus, KEY_MINUS},
+    {keycode::equal, KEY_EQUAL},
+    {keycode::leftBracket, KEY_LEFTBRACE},
+    {keycode::rightBracket, KEY_RIGHTBRACE},
+    // The kernel gives the ISO key left of Return the same code as the ANSI key above it.
+    {keycode::backslash, KEY_BACKSLASH},
+    {keycode::semicolon, KEY_SEMICOLON},
+    {keycode::quote, KEY_APOSTROPHE},
+    {keycode::comma, KEY_COMMA},
+    {keycode::period, KEY_DOT},
+    {keycode::slash, KEY_SLASH},
+
+    {keycode::returnKey, KEY_ENTER},
+    {keycode::tab, KEY_TAB},
+    {keycode::space, KEY_SPACE},
+    {keycode::deleteKey, KEY_BACKSPACE},
+    {keycode::escape, KEY_ESC},
+    {keycode::deleteForward, KEY_DELETE},
+    // Help and Insert are one position above Delete, with two names; a keyboard that prints "Help" there
+    // sends Insert's USB usage. The kernel's KEY_HELP is a media key elsewhere on the board.
+    {keycode::help, KEY_INSERT},
+    {keycode::home, KEY_HOME},
+    {keycode::end, KEY_END},
+    {keycode::pageUp, KEY_PAGEUP},
+    {keycode::pageDown, KEY_PAGEDOWN},
+    {keycode::leftArrow, KEY_LEFT},
+    {keycode::rightArrow, KEY_RIGHT},
+    {keycode::downArrow, KEY_DOWN},
+    {keycode::upArrow, KEY_UP},
+
+    {keycode::capsLock, KEY_CAPSLOCK},
+    {keycode::shift, KEY_LEFTSHIFT},
+    {keycode::rightShift, KEY_RIGHTSHIFT},
+    {keycode::control, KEY_LEFTCTRL},
+    {keycode::rightControl, KEY_RIGHTCTRL},
+    {keycode::option, KEY_LEFTALT},
+    {keycode::rightOption, KEY_RIGHTALT},
+    {keycode::command, KEY_LEFTMETA},
+    {keycode::rightCommand, KEY_RIGHTMETA},
+    // Most laptops keep this key to themselves, and its evdev code lies above what an X keycode can hold.
+    {keycode::function, KEY_FN},
+
+    {keycode::mute, KEY_MUTE},
+    {keycode::volumeUp, KEY_VOLUMEUP},
+    {keycode::volumeDown, KEY_VOLUMEDOWN},
+
+    {keycode::f1, KEY_F1},
+    {keycode::f2, KEY_F2},
+    {keycode::f3, KEY_F3},
+    {keycode::f4, KEY_F4},
+    {keycode::f5, KEY_F5},
+    {keycode::f6, KEY_F6},
+    {keycode::f7, KEY_F7},
+    {keycode::f8, KEY_F8},
+    {keycode::f9, KEY_F9},
+    {keycode::f10, KEY_F10},
+    {keycode::f11, KEY_F11},
+    {keycode::f12, KEY_F12},
+    // Not Print Screen, Scroll Lock and Pause, which sit where some keyboards have F13 to F15: those have
+    // codes, and duties, of their own here.
+    {keycode::f13, KEY_F13},
+    {keycode::f14, KEY_F14},
+    {keycode::f15, KEY_F15},
+    {keycode::f16, KEY_F16},
+    {keycode::f17, KEY_F17},
+    {keycode::f18, KEY_F18},
+    {keycode::f19, KEY_F19},
+    {keycode::f20, KEY_F20},
+
+    {keycode::keypad0, KEY_KP0},
+    {keycode::keypad1, KEY_KP1},
+    {keycode::keypad2, KEY_KP2},
+    {keycode::keypad3, KEY_KP3},
+    {keycode::keypad4, KEY_KP4},
+    {keycode::keypad5, KEY_KP5},
+    {keycode::keypad6, KEY_KP6},
+    {keycode::keypad7, KEY_KP7},
+    {keycode::keypad8, KEY_KP8},
+    {keycode::keypad9, KEY_KP9},
+    // USB has one usage for "Keypad Num Lock and Clear", which the kernel reports as Num Lock.
+    {keycode::keypadClear, KEY_NUMLOCK},
+    {keycode::keypadDecimal, KEY_KPDOT},
+    {keycode::keypadMultiply, KEY_KPASTERISK},
+    {keycode::keypadPlus, KEY_KPPLUS},
+    {keycode::keypadDivide, KEY_KPSLASH},
+    {keycode::keypadEnter, KEY_KPENTER},
+    {keycode::keypadMinus, KEY_KPMINUS},
+    {keycode::keypadEquals, KEY_KPEQUAL},
+};
+
+} // namespace
+
+std::optional<int> evdevForKeyCode(int keyCode)
+{
+    const auto* found = std::ranges::find(positions, keyCode, &Position::keyCode);
+    return found != std::end(positions) ? std::optional(found->evdev) : std::nullopt;
+}
+
+std::optional<int> keyCodeForEvdev(int evdev)
+{
+    const auto* found = std::ranges::find(positions, evdev, &Position::evdev);
+    return found != std::end(positions) ? std::optional(found->keyCode) : std::nullopt;
+}
+
+} // namespace tintwick
