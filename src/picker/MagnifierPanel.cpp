@@ -23,7 +23,7 @@ SurfaceId MagnifierPanel::windowNumber() const
 
 void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::vector<Screen>& screens)
 {
-    const Screen* const screen = screenAt(pointer, screens);
+    const std::optional<Screen> screen = screenAt(pointer, screens);
     if (!screen) {
         return;
     }
@@ -31,8 +31,8 @@ void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::v
     const QImage& picture = view.render(screen->scale);
     const double height = picture.height();
     const double scopeSide = preferences::scopeSide() * screen->scale;
-    const GlobalPoint origin = loupeOrigin(pointer, picture.width(), height, scopeSide, height - scopeSide,
-                                           flip.toGlobal(screen->frame), screenMargin * screen->scale);
+    const GlobalPoint origin = loupeOrigin(pointer, picture.size(), scopeSide, flip.toGlobal(screen->frame),
+                                           loupe::screenMargin * screen->scale);
     m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + height}));
 }
 

@@ -22,8 +22,6 @@ public:
     [[nodiscard]] PickingInput& pickingInput() override { return input; }
     /// The first loupe has the id 1, the next one 2, ...
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
-    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
-    [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
 private:
     SurfaceId m_loupes = 0;
