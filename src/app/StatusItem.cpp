@@ -13,40 +13,22 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QPixmap tintedSymbol(QSvgRenderer& symbol, int side, const QColor& tint)
-{
-    QPixmap pixmap(side, side);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    symbol.render(&painter);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(pixmap.rect(), tint);
-    return pixmap;
-}
-
-// A tray does not tell its colour: a light glyph with a dark rim reads on light and dark ones.
-QPixmap rimmedSymbol(QSvgRenderer& symbol, int side)
-{
-    const QPixmap rim = tintedSymbol(symbol, side, QColor(0, 0, 0, 110));
-    const QPixmap glyph = tintedSymbol(symbol, side, QColor(250, 250, 250));
-    QPixmap pixmap(side, side);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    for (int y = -1; y <= 1; ++y) {
-        for (int x = -1; x <= 1; ++x) {
-            painter.drawPixmap(x, y, rim);
-        }
-    }
-    painter.drawPixmap(0, 0, glyph);
-    return pixmap;
-}
+// A tray does not tell its colour. This grey stands out from white and from black alike, by 4.5 to 1.
+constexpr QColor tint(0x76, 0x76, 0x76);
 
 QIcon statusIcon()
 {
     QSvgRenderer symbol(u":/symbols/eyedropper.halffull.svg"_s);
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48}) {
-        icon.addPixmap(rimmedSymbol(symbol, side));
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        symbol.render(&painter);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), tint);
+        painter.end();
+        icon.addPixmap(pixmap);
     }
     return icon;
 }

@@ -166,7 +166,7 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
     case XCB_CIRCULATE_NOTIFY: {
         const auto& notify = as<xcb_circulate_notify_event_t>(event);
         const bool toTop = notify.place == XCB_PLACE_ON_TOP && !m_windows.empty();
-        return moveAbove(notify.window, toTop ? m_windows.back().id : XCB_WINDOW_NONE);
+        return moveAbove(notify.window, toTop ? m_windows.back().id : xcb_window_t{XCB_WINDOW_NONE});
     }
     default:
         return {};
