@@ -566,6 +566,20 @@ private Q_SLOTS:
         QCOMPARE(desk.shown(), 4);
     }
 
+    void the_loupe_stays_at_the_fraction_of_the_last_move()
+    {
+        Desk desk;
+        desk.service->showPicker();
+        desk.platform.input.move({100.75, 50.5});
+        // Some systems tell only whole pixels when asked.
+        desk.platform.input.position = {100, 50};
+        desk.platform.grabber.reportChange({100, 50, 1, 1});
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{93.75, 43.5, 15, 15}));
+        desk.platform.input.key(keycode::equal, modifier::command);
+        QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{94.75, 44.5, 13, 13}));
+    }
+
     void the_shown_colour_is_the_changed_one()
     {
         Desk desk;
@@ -600,6 +614,12 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(desk.service->isPicking());
         QCOMPARE(desk.platform.frames.back().topLeft, (DesktopPoint{1786, 435}));
+
+        // The desktop brings the pointer back to a screen that is left.
+        desk.platform.input.position = {1919, 300};
+        desk.platform.grabber.reportChange({});
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.platform.frames.back().topLeft, (DesktopPoint{1786, 235}));
     }
 
     void the_primary_screen_may_disappear_too()
