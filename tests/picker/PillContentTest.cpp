@@ -34,10 +34,13 @@ void PillContentTest::aColorIsToldByCodeNameAndTone_data()
     QTest::newRow("single digits are padded")
         << SampledColor{1 / 255.0, 10 / 255.0, 0} << u"010A00"_s << u"Black"_s << dark;
     // The luminance of a gray is its level.
-    QTest::newRow("0.45 is still dark")
-        << SampledColor{0.45, 0.45, 0.45} << u"727272"_s << u"Dim Gray"_s << dark;
-    QTest::newRow("above 0.45 is light")
-        << SampledColor{0.46, 0.46, 0.46} << u"757575"_s << u"Gray"_s << light;
+    const double darker = 114 / 255.0;
+    const double lighter = 115 / 255.0;
+    QTest::newRow("0.447 is dark") << SampledColor{darker, darker, darker} << u"727272"_s << u"Dim Gray"_s
+                                   << dark;
+    QTest::newRow("0.451 is light") << SampledColor{lighter, lighter, lighter} << u"737373"_s << u"Dim Gray"_s
+                                    << light;
+    QTest::newRow("more than 1 counts as 1") << SampledColor{1.2, -0.1, 0} << u"FF0000"_s << u"Red"_s << dark;
     // 0.7152, 0.2126 and 0.0722
     QTest::newRow("green is light") << SampledColor{0, 1, 0} << u"00FF00"_s << u"Lime"_s << light;
     QTest::newRow("red is dark") << SampledColor{1, 0, 0} << u"FF0000"_s << u"Red"_s << dark;
