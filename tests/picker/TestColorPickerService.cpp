@@ -233,6 +233,15 @@ private Q_SLOTS:
         QVERIFY(desk.captured == std::vector{worldColor(501, 410)});
     }
 
+    void a_key_takes_the_pixel_of_a_step_that_is_not_reported_yet()
+    {
+        Desk desk;
+        desk.service->showPicker();
+        desk.platform.input.position = {501, 400};
+        desk.platform.input.key(keycode::space);
+        QVERIFY(desk.captured == std::vector{worldColor(501, 400)});
+    }
+
     void scrolling_zooms_and_keeps_what_is_not_a_step()
     {
         Desk desk;
