@@ -2,13 +2,14 @@
 
 #include "picker/LoupeGeometry.h"
 #include "picker/LoupeLook.h"
+#include "picker/PillContent.h"
 
 #include <QImage>
 
-namespace tintwick {
+class QPainter;
+class QPainterPath;
 
-/// Whether dark or light text stands on the pill's colour.
-enum class PillTone { LightBackground, DarkBackground };
+namespace tintwick {
 
 /// The parts of the loupe's picture that do not depend on the colours shown, each drawn as an image of the
 /// whole picture's size.

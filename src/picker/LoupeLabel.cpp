@@ -18,6 +18,9 @@ constexpr double hexSize = 13;
 constexpr double nameSize = 10;
 constexpr double lineGap = 3;
 
+/// In pixels; longer than any text here.
+constexpr double unlimitedWidth = 100'000;
+
 QFont labelFont(const QStringList& families, QFont::StyleHint hint, double pixelSize)
 {
     // At 72 dots per inch a font's points are pixels, and unlike pixel sizes they need not be whole.
@@ -70,14 +73,13 @@ LoupeLabel::LoupeLabel(double scale)
 {
 }
 
-void LoupeLabel::draw(QPainter& painter, const QRect& pill, const QString& hex, const QString& name,
-                      PillTone tone)
+void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& content)
 {
-    if (m_hex.text != hex) {
-        m_hex = makeLine(hex, m_hexFont);
+    if (m_hex.text != content.hex) {
+        m_hex = makeLine(content.hex, m_hexFont);
     }
-    if (m_name.text != name) {
-        m_name = makeLine(name, m_nameFont);
+    if (m_name.text != content.name) {
+        m_name = makeLine(content.name, m_nameFont);
     }
     const double middle = pill.x() + pill.width() / 2.0;
     const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight)) / 2;
@@ -90,8 +92,8 @@ void LoupeLabel::draw(QPainter& painter, const QRect& pill, const QString& hex, 
             painter.drawGlyphRun(start, run);
         }
     };
-    drawLine(m_name, base, textColor(tone, 0.5, 0.55));
-    drawLine(m_hex, base + m_nameHeight + m_gap, textColor(tone, 0.95, 0.97));
+    drawLine(m_name, base, textColor(content.tone, 0.5, 0.55));
+    drawLine(m_hex, base + m_nameHeight + m_gap, textColor(content.tone, 0.95, 0.97));
 }
 
 LoupeLabel::Line LoupeLabel::makeLine(const QString& text, const QFont& font)
@@ -99,6 +101,7 @@ LoupeLabel::Line LoupeLabel::makeLine(const QString& text, const QFont& font)
     QTextLayout layout(text, font);
     layout.beginLayout();
     QTextLine line = layout.createLine();
+    line.setLineWidth(unlimitedWidth);
     line.setPosition({0, -line.ascent()});
     layout.endLayout();
     return {text, layout.glyphRuns(), line.naturalTextWidth()};

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "picker/LoupeArtwork.h"
+#include "picker/PillContent.h"
 
 #include <QFont>
 #include <QGlyphRun>
 #include <QString>
+
+class QPainter;
+class QRect;
 
 namespace tintwick {
 
@@ -15,7 +18,7 @@ public:
     explicit LoupeLabel(double scale);
 
     /// Draws both lines, centred, onto an image at physical pixels.
-    void draw(QPainter& painter, const QRect& pill, const QString& hex, const QString& name, PillTone tone);
+    void draw(QPainter& painter, const QRect& pill, const PillContent& content);
 
     /// The font of either line, for painting at the given physical pixels per point on an image of 72 dots
     /// per inch.

@@ -3,7 +3,6 @@
 #include "picker/LoupeGeometry.h"
 #include "picker/MagnifierView.h"
 #include "platform/LoupeSurface.h"
-#include "state/Preferences.h"
 
 #include <QImage>
 
@@ -29,11 +28,11 @@ void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::v
     }
     const CoordinateFlip flip(screens.front().frame);
     const QImage& picture = view.render(screen->scale);
-    const double height = picture.height();
-    const double scopeSide = preferences::scopeSide() * screen->scale;
+    // The scope is the square at the top of the picture.
+    const double scopeSide = picture.width();
     const GlobalPoint origin = loupeOrigin(pointer, picture.size(), scopeSide, flip.toGlobal(screen->frame),
                                            loupe::screenMargin * screen->scale);
-    m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + height}));
+    m_surface->present(picture, flip.toDesktop(GlobalPoint{origin.x, origin.y + picture.height()}));
 }
 
 } // namespace tintwick

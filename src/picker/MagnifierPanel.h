@@ -15,9 +15,6 @@ class MagnifierView;
 class MagnifierPanel final
 {
 public:
-    /// How far the loupe stays from the edges of a screen, in points.
-    static constexpr double screenMargin = 4;
-
     explicit MagnifierPanel(std::unique_ptr<LoupeSurface> surface);
     ~MagnifierPanel();
 

@@ -1,7 +1,6 @@
 #include "picker/MagnifierView.h"
 
-#include "model/CapturedColor.h"
-#include "model/ColorNameService.h"
+#include "picker/PillContent.h"
 #include "state/Preferences.h"
 
 #include <QPainter>
@@ -23,31 +22,6 @@ QRgb toPixel(const SampledColor& color)
         return static_cast<int>(std::clamp(component, 0.0, 1.0) * 255 + 0.5);
     };
     return qRgb(byte(color.red), byte(color.green), byte(color.blue));
-}
-
-/// Truncated, unlike the texts of a captured colour.
-QString hexText(const SampledColor& color)
-{
-    const auto byte = [](double component) {
-        return static_cast<unsigned>(std::clamp(component, 0.0, 1.0) * 255);
-    };
-    return QString::asprintf("%02X%02X%02X", byte(color.red), byte(color.green), byte(color.blue));
-}
-
-QString nameText(const SampledColor& color)
-{
-    CapturedColor captured;
-    captured.red = std::clamp(color.red, 0.0, 1.0);
-    captured.green = std::clamp(color.green, 0.0, 1.0);
-    captured.blue = std::clamp(color.blue, 0.0, 1.0);
-    return ColorNameService::shared().nearest(captured);
-}
-
-/// The weights of Rec. 709 luminance, on the components as they are.
-PillTone toneOf(const SampledColor& color)
-{
-    const double luminance = 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue;
-    return luminance > 0.45 ? PillTone::LightBackground : PillTone::DarkBackground;
 }
 
 QRgb* pixelRow(QImage& image, int y)
@@ -146,8 +120,9 @@ void MagnifierView::drawInfoPill()
 {
     Prepared& prepared = *m_prepared;
     const SampledColor color = m_centerColor.value_or(noCenterColor);
-    const PillTone tone = toneOf(color);
-    const LoupeStencil& stencil = tone == PillTone::LightBackground ? prepared.lightPill : prepared.darkPill;
+    const PillContent content = PillContent::of(color);
+    const LoupeStencil& stencil =
+        content.tone == PillTone::LightBackground ? prepared.lightPill : prepared.darkPill;
     const QRect pill = prepared.geometry.pill();
 
     std::ranges::fill(prepared.liveRow, toPixel(color));
@@ -155,7 +130,7 @@ void MagnifierView::drawInfoPill()
         stencil.composeRow(y, prepared.liveRow.data(), pixelRow(m_image, pill.top() + y));
     }
     QPainter painter(&m_image);
-    prepared.label.draw(painter, pill, hexText(color), nameText(color), tone);
+    prepared.label.draw(painter, pill, content);
 }
 
 } // namespace tintwick

@@ -14,19 +14,19 @@ namespace {
 // A compositor may draw a shadow this far around a window, in pixels.
 constexpr int shadowExtent = 48;
 
-QRect outerFrame(int x, int y, int width, int height, int border)
+QRegion withShadow(const StackedWindow& window)
 {
-    return {x, y, width + 2 * border, height + 2 * border};
-}
-
-QRect withShadow(const QRect& frame)
-{
-    return frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
+    return window.frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
 }
 
 QRegion visibleArea(const StackedWindow& window)
 {
-    return window.isMapped && !window.showsNothing ? QRegion(withShadow(window.frame)) : QRegion();
+    return window.isVisible() ? withShadow(window) : QRegion();
+}
+
+QRect outerFrame(int x, int y, int width, int height, int border)
+{
+    return {x, y, width + 2 * border, height + 2 * border};
 }
 
 bool isFromClient(xcb_window_t id, const xcb_setup_t& client)
@@ -38,6 +38,34 @@ template <typename Event>
 const Event& as(const xcb_generic_event_t& event)
 {
     return reinterpret_cast<const Event&>(event);
+}
+
+auto hasId(xcb_window_t id)
+{
+    return [id](const StackedWindow& window) { return window.id == id; };
+}
+
+void dropContent(StackedWindow& window)
+{
+    window.picture = {};
+    window.pixmap = {};
+    window.contentIsMissing = false;
+}
+
+// None when the visual has no Render format.
+const xcb_render_pictforminfo_t* formatOfVisual(xcb_connection_t* c, xcb_visualid_t visual)
+{
+    const xcb_render_query_pict_formats_reply_t* formats = xcb_render_util_query_formats(c);
+    const xcb_render_pictvisual_t* found = xcb_render_util_find_visual_format(formats, visual);
+    if (!found) {
+        return nullptr;
+    }
+    const auto* begin = xcb_render_query_pict_formats_formats(formats);
+    const auto* end = begin + xcb_render_query_pict_formats_formats_length(formats);
+    const auto* info = std::find_if(begin, end, [&](const xcb_render_pictforminfo_t& candidate) {
+        return candidate.id == found->format;
+    });
+    return info == end ? nullptr : info;
 }
 
 } // namespace
@@ -54,32 +82,25 @@ WindowStack::WindowStack(XcbConnection& connection)
         return;
     }
     const xcb_window_t* children = xcb_query_tree_children(tree.get());
-    const auto count = static_cast<std::size_t>(xcb_query_tree_children_length(tree.get()));
-
-    std::vector<xcb_get_window_attributes_cookie_t> attributeCookies(count);
-    std::vector<xcb_get_geometry_cookie_t> geometryCookies(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        attributeCookies[i] = xcb_get_window_attributes(c, children[i]);
-        geometryCookies[i] = xcb_get_geometry(c, children[i]);
+    m_windows.resize(static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    std::vector<StackedWindow*> all;
+    for (StackedWindow& window : m_windows) {
+        window.id = *children++;
+        all.push_back(&window);
     }
-    m_windows.reserve(count + 8);
-    for (std::size_t i = 0; i < count; ++i) {
-        const XcbReply<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(c, attributeCookies[i], nullptr));
-        const XcbReply<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(c, geometryCookies[i], nullptr));
-        if (!attributes || !geometry) {
-            continue;
-        }
-        StackedWindow& window = m_windows.emplace_back();
-        window.id = children[i];
-        window.border = geometry->border_width;
-        window.frame = outerFrame(geometry->x, geometry->y, geometry->width, geometry->height, window.border);
-        window.showsNothing =
-            attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || isOurs(children[i]);
-        window.isMapped = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    describe(all);
+    for (StackedWindow& window : m_windows) {
         if (window.isMapped) {
             watch(window);
+        }
+    }
+}
+
+WindowStack::~WindowStack()
+{
+    for (const StackedWindow& window : m_windows) {
+        if (window.isRedirected) {
+            xcb_composite_unredirect_window(m_connection.get(), window.id, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
         }
     }
 }
@@ -99,11 +120,13 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
                      notify.area.height);
     }
     if (type == m_shapeEvent + XCB_SHAPE_NOTIFY) {
-        StackedWindow* window = find(as<xcb_shape_notify_event_t>(event).affected_window);
-        if (!window) {
+        const auto& notify = as<xcb_shape_notify_event_t>(event);
+        StackedWindow* window = find(notify.affected_window);
+        if (!window || notify.shape_kind != XCB_SHAPE_SK_BOUNDING) {
             return {};
         }
-        window->content.reset();
+        window->isShaped = notify.shaped != 0;
+        dropContent(*window);
         return visibleArea(*window);
     }
 
@@ -130,20 +153,20 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
         if (!window) {
             return {};
         }
+        describe({window});
         window->isMapped = true;
-        window->content.reset();
-        window->contentIsMissing = false;
+        dropContent(*window);
         watch(*window);
         return visibleArea(*window);
     }
     case XCB_UNMAP_NOTIFY: {
         StackedWindow* window = find(as<xcb_unmap_notify_event_t>(event).window);
-        if (!window || !window->isMapped) {
+        if (!window) {
             return {};
         }
         const QRegion changed = visibleArea(*window);
         window->isMapped = false;
-        window->content.reset();
+        dropContent(*window);
         return changed;
     }
     case XCB_CONFIGURE_NOTIFY: {
@@ -157,8 +180,7 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
         window->border = notify.border_width;
         window->frame = outerFrame(notify.x, notify.y, notify.width, notify.height, notify.border_width);
         if (window->frame.size() != before.size()) {
-            window->content.reset();
-            window->contentIsMissing = false;
+            dropContent(*window);
         }
         changed = window->frame != before ? changed + visibleArea(*window) : QRegion();
         return changed + moveAbove(notify.window, notify.above_sibling);
@@ -173,22 +195,22 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
-std::vector<const StackedWindow*> WindowStack::windowsIn(const QRect& rect)
+void WindowStack::keepContents(const QRect& rect)
+{
+    for (StackedWindow* window : windowsSeenIn(rect)) {
+        redirect(*window);
+    }
+}
+
+std::vector<const StackedWindow*> WindowStack::contentsIn(const QRect& rect)
 {
     std::vector<const StackedWindow*> result;
-    for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window) {
-        if (!window->isMapped || window->showsNothing || !window->frame.intersects(rect)) {
-            continue;
-        }
-        if (!window->content && !window->contentIsMissing) {
+    for (StackedWindow* window : windowsSeenIn(rect)) {
+        if (!window->picture && !window->contentIsMissing) {
             loadContent(*window);
         }
-        if (!window->content) {
-            continue;
-        }
-        result.push_back(&*window);
-        if (!window->content->hasAlpha && !window->content->isShaped && window->frame.contains(rect)) {
-            break;
+        if (window->picture) {
+            result.push_back(window);
         }
     }
     std::reverse(result.begin(), result.end());
@@ -199,7 +221,7 @@ QRegion WindowStack::coveredRegion() const
 {
     QRegion covered;
     for (const StackedWindow& window : m_windows) {
-        if (window.isMapped && !window.showsNothing) {
+        if (window.isVisible()) {
             covered += window.frame;
         }
     }
@@ -211,7 +233,7 @@ QRegion WindowStack::unmappedRegionOf(const xcb_setup_t& client) const
     QRegion region;
     for (const StackedWindow& window : m_windows) {
         if (!window.isMapped && isFromClient(window.id, client)) {
-            region += withShadow(window.frame);
+            region += withShadow(window);
         }
     }
     return region;
@@ -219,14 +241,72 @@ QRegion WindowStack::unmappedRegionOf(const xcb_setup_t& client) const
 
 StackedWindow* WindowStack::find(xcb_window_t id)
 {
-    const auto window = std::find_if(m_windows.begin(), m_windows.end(),
-                                     [id](const StackedWindow& candidate) { return candidate.id == id; });
+    const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
     return window == m_windows.end() ? nullptr : &*window;
 }
 
-bool WindowStack::isOurs(xcb_window_t id) const
+// Asks the server about the windows, with one wait for all of them.
+void WindowStack::describe(std::vector<StackedWindow*> windows)
 {
-    return isFromClient(id, *xcb_get_setup(m_connection.get()));
+    struct Questions
+    {
+        xcb_get_window_attributes_cookie_t attributes;
+        xcb_get_geometry_cookie_t geometry;
+        xcb_shape_query_extents_cookie_t shape;
+    };
+    xcb_connection_t* c = m_connection.get();
+    std::vector<Questions> questions;
+    questions.reserve(windows.size());
+    for (const StackedWindow* window : windows) {
+        questions.push_back({xcb_get_window_attributes(c, window->id), xcb_get_geometry(c, window->id),
+                             xcb_shape_query_extents(c, window->id)});
+    }
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        StackedWindow& window = *windows[i];
+        const XcbReply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(c, questions[i].attributes, nullptr));
+        const XcbReply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(c, questions[i].geometry, nullptr));
+        const XcbReply<xcb_shape_query_extents_reply_t> shape(
+            xcb_shape_query_extents_reply(c, questions[i].shape, nullptr));
+        if (!attributes || !geometry || !shape) {
+            window.showsNothing = true;
+            continue;
+        }
+        const xcb_render_pictforminfo_t* format = formatOfVisual(c, attributes->visual);
+        window.border = geometry->border_width;
+        window.frame = outerFrame(geometry->x, geometry->y, geometry->width, geometry->height, window.border);
+        window.isMapped = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+        window.showsNothing = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !format
+            || isFromClient(window.id, *xcb_get_setup(c));
+        window.format = format ? format->id : XCB_NONE;
+        window.hasAlpha = format && format->direct.alpha_mask != 0;
+        window.isShaped = shape->bounding_shaped != 0;
+    }
+}
+
+void WindowStack::add(xcb_window_t id)
+{
+    if (find(id)) {
+        return;
+    }
+    StackedWindow& window = m_windows.emplace_back();
+    window.id = id;
+    describe({&window});
+    if (window.isMapped) {
+        watch(window);
+    }
+}
+
+QRegion WindowStack::remove(xcb_window_t id)
+{
+    const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
+    if (window == m_windows.end()) {
+        return {};
+    }
+    const QRegion changed = visibleArea(*window);
+    m_windows.erase(window);
+    return changed;
 }
 
 void WindowStack::watch(StackedWindow& window)
@@ -240,66 +320,63 @@ void WindowStack::watch(StackedWindow& window)
     xcb_shape_select_input(c, window.id, 1);
 }
 
-// Several round trips, but once for each window that is really looked at.
+// Top to bottom; what opaque windows hide is left out.
+std::vector<StackedWindow*> WindowStack::windowsSeenIn(const QRect& rect)
+{
+    std::vector<StackedWindow*> seen;
+    QRegion open(rect);
+    for (auto window = m_windows.rbegin(); window != m_windows.rend() && !open.isEmpty(); ++window) {
+        if (!window->isVisible() || !open.intersects(window->frame)) {
+            continue;
+        }
+        seen.push_back(&*window);
+        if (window->isOpaque()) {
+            open -= window->frame;
+        }
+    }
+    return seen;
+}
+
+void WindowStack::redirect(StackedWindow& window)
+{
+    if (!std::exchange(window.isRedirected, true)) {
+        xcb_composite_redirect_window(m_connection.get(), window.id, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    }
+}
+
 void WindowStack::loadContent(StackedWindow& window)
 {
+    redirect(window);
     xcb_connection_t* c = m_connection.get();
-    window.contentIsMissing = true;
-
-    StackedWindow::Content content;
-    content.pixmap = XcbPixmap::withNewId(c);
-    const auto nameCookie = xcb_composite_name_window_pixmap_checked(c, window.id, content.pixmap.id());
-    const auto attributeCookie = xcb_get_window_attributes(c, window.id);
-    const auto shapeCookie = xcb_shape_query_extents(c, window.id);
-    const auto rectanglesCookie = xcb_shape_get_rectangles(c, window.id, XCB_SHAPE_SK_BOUNDING);
-
-    const XcbReply<xcb_generic_error_t> nameError(xcb_request_check(c, nameCookie));
-    const XcbReply<xcb_get_window_attributes_reply_t> attributes(
-        xcb_get_window_attributes_reply(c, attributeCookie, nullptr));
-    const XcbReply<xcb_shape_query_extents_reply_t> shape(
-        xcb_shape_query_extents_reply(c, shapeCookie, nullptr));
-    const XcbReply<xcb_shape_get_rectangles_reply_t> rectangles(
-        xcb_shape_get_rectangles_reply(c, rectanglesCookie, nullptr));
-    if (nameError || !attributes) {
+    XcbPixmap pixmap = XcbPixmap::withNewId(c);
+    const auto nameCookie = xcb_composite_name_window_pixmap_checked(c, window.id, pixmap.id());
+    const auto shapeCookie = xcb_shape_get_rectangles(c, window.id, XCB_SHAPE_SK_BOUNDING);
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(c, nameCookie));
+    const XcbReply<xcb_shape_get_rectangles_reply_t> shape(
+        xcb_shape_get_rectangles_reply(c, shapeCookie, nullptr));
+    if (error || !shape) {
+        window.contentIsMissing = true;
         return;
     }
-    const xcb_render_query_pict_formats_reply_t* formats = xcb_render_util_query_formats(c);
-    const xcb_render_pictvisual_t* visual = xcb_render_util_find_visual_format(formats, attributes->visual);
-    if (!visual) {
-        return;
-    }
-    const auto infos = xcb_render_query_pict_formats_formats(formats);
-    const auto* info = std::find_if(
-        infos, infos + xcb_render_query_pict_formats_formats_length(formats),
-        [&](const xcb_render_pictforminfo_t& candidate) { return candidate.id == visual->format; });
-    content.hasAlpha = info->direct.alpha_mask != 0;
-    content.picture = XcbPicture::withNewId(c);
-    xcb_render_create_picture(c, content.picture.id(), content.pixmap.id(), visual->format, 0, nullptr);
-    if (shape && shape->bounding_shaped != 0 && rectangles) {
-        content.isShaped = true;
+    window.pixmap = std::move(pixmap);
+    window.picture = XcbPicture::withNewId(c);
+    xcb_render_create_picture(c, window.picture.id(), window.pixmap.id(), window.format, 0, nullptr);
+    if (window.isShaped) {
         // The shape counts from the window's origin inside its border, the pixmap from the border's corner.
         const auto border = static_cast<std::int16_t>(window.border);
-        const int length = xcb_shape_get_rectangles_rectangles_length(rectangles.get());
-        xcb_render_set_picture_clip_rectangles(c, content.picture.id(), border, border,
-                                               static_cast<std::uint32_t>(length),
-                                               xcb_shape_get_rectangles_rectangles(rectangles.get()));
+        const int count = xcb_shape_get_rectangles_rectangles_length(shape.get());
+        xcb_render_set_picture_clip_rectangles(c, window.picture.id(), border, border,
+                                               static_cast<std::uint32_t>(count),
+                                               xcb_shape_get_rectangles_rectangles(shape.get()));
     }
-    window.content = std::move(content);
-    window.contentIsMissing = false;
 }
 
 // `sibling` none means the bottom.
 QRegion WindowStack::moveAbove(xcb_window_t id, xcb_window_t sibling)
 {
-    const auto has = [](xcb_window_t wanted) {
-        return [wanted](const StackedWindow& window) { return window.id == wanted; };
-    };
-    const auto from = std::find_if(m_windows.begin(), m_windows.end(), has(id));
-    if (from == m_windows.end()) {
-        return {};
-    }
-    const auto target = std::find_if(m_windows.begin(), m_windows.end(), has(sibling));
-    if (sibling != XCB_WINDOW_NONE && target == m_windows.end()) {
+    const auto from = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
+    const auto target = std::find_if(m_windows.begin(), m_windows.end(), hasId(sibling));
+    if (from == m_windows.end() || (sibling != XCB_WINDOW_NONE && target == m_windows.end())) {
         return {};
     }
     const auto before = std::distance(m_windows.begin(), from);
@@ -316,35 +393,6 @@ QRegion WindowStack::moveAbove(xcb_window_t id, xcb_window_t sibling)
     } else {
         std::rotate(from, from + 1, m_windows.begin() + after + 1);
     }
-    return changed;
-}
-
-void WindowStack::add(xcb_window_t id)
-{
-    if (find(id)) {
-        return;
-    }
-    xcb_connection_t* c = m_connection.get();
-    const XcbReply<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(c, xcb_get_geometry(c, id), nullptr));
-    StackedWindow& window = m_windows.emplace_back();
-    window.id = id;
-    window.showsNothing = isOurs(id);
-    if (geometry) {
-        window.border = geometry->border_width;
-        window.frame = outerFrame(geometry->x, geometry->y, geometry->width, geometry->height, window.border);
-    }
-}
-
-QRegion WindowStack::remove(xcb_window_t id)
-{
-    const auto window = std::find_if(m_windows.begin(), m_windows.end(),
-                                     [id](const StackedWindow& candidate) { return candidate.id == id; });
-    if (window == m_windows.end()) {
-        return {};
-    }
-    const QRegion changed = visibleArea(*window);
-    m_windows.erase(window);
     return changed;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/x11/X11LoupeSurface.h"
 
 #include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11ScreenGrabber.h"
 
 #include <xcb/shape.h>
 
@@ -34,8 +35,9 @@ xcb_visualid_t translucentVisual(const xcb_screen_t& screen)
 
 } // namespace
 
-X11LoupeSurface::X11LoupeSurface(XcbConnection& connection)
+X11LoupeSurface::X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber)
     : m_connection(connection)
+    , m_grabber(grabber)
     , m_isComposited(hasCompositor(connection))
 {
     createWindow();
@@ -58,8 +60,10 @@ void X11LoupeSurface::present(const QImage& picture, DesktopPoint topLeft)
             cutToOutline(picture);
         }
     }
-    const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(std::lround(topLeft.x)),
-                                             static_cast<std::uint32_t>(std::lround(topLeft.y))};
+    const QPoint corner(static_cast<int>(std::lround(topLeft.x)), static_cast<int>(std::lround(topLeft.y)));
+    m_grabber.loupeWillCover(QRect(corner, m_size));
+    const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(corner.x()),
+                                             static_cast<std::uint32_t>(corner.y())};
     if (m_isMapped) {
         upload(picture);
         xcb_configure_window(c, m_window.id(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place.data());

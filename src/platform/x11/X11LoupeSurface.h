@@ -11,12 +11,14 @@
 
 namespace tintwick {
 
+class X11ScreenGrabber;
+
 /// A small window that no window manager touches, above all others, through which every click falls. With a compositor
 /// its translucent pixels blend; without one it is cut to the outline of its picture.
 class X11LoupeSurface final : public LoupeSurface, private XcbConnection::Sink
 {
 public:
-    explicit X11LoupeSurface(XcbConnection& connection);
+    X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber);
     ~X11LoupeSurface() = default;
 
     [[nodiscard]] SurfaceId id() const override { return m_window.id(); }
@@ -32,6 +34,7 @@ private:
     [[nodiscard]] const QImage& withHardEdges(const QImage& picture);
 
     XcbConnection& m_connection;
+    X11ScreenGrabber& m_grabber;
     bool m_isComposited;
     XcbColormap m_colormap;
     XcbWindow m_window;

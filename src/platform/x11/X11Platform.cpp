@@ -87,7 +87,7 @@ X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
 
 std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
 {
-    return std::make_unique<X11LoupeSurface>(*m_connection);
+    return std::make_unique<X11LoupeSurface>(*m_connection, m_screenGrabber);
 }
 
 } // namespace tintwick

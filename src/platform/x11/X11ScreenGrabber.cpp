@@ -134,7 +134,6 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
                                               | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
                                               | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-        xcb_composite_redirect_subwindows(c, m_connection.root(), XCB_COMPOSITE_REDIRECT_AUTOMATIC);
         // Watched before the copy is made: what is drawn in between counts as changed and is composed.
         session.windows.emplace(m_connection);
         session.bareRegion = session.screenRegion - session.windows->coveredRegion();
@@ -185,12 +184,18 @@ void X11ScreenGrabber::endSession()
     m_session.reset();
     if (m_hasComposite) {
         xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection, 0);
-        xcb_composite_unredirect_subwindows(c, m_connection.root(), XCB_COMPOSITE_REDIRECT_AUTOMATIC);
     }
     m_canvas = {};
     m_canvasPixmap = {};
     m_canvasSize = {};
     m_connection.flush();
+}
+
+void X11ScreenGrabber::loupeWillCover(const QRect& area)
+{
+    if (m_session && m_session->windows) {
+        m_session->windows->keepContents(area);
+    }
 }
 
 std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, SurfaceId below)
@@ -321,11 +326,11 @@ void X11ScreenGrabber::drawLive(const QRegion& region, const QPoint& origin)
         makeBackground();
     }
     fillCanvas(m_session->background.id(), area, origin);
-    for (const StackedWindow* window : m_session->windows->windowsIn(area)) {
+    for (const StackedWindow* window : m_session->windows->contentsIn(area)) {
         const QRect part = area & window->frame;
-        const bool blends = window->content->hasAlpha && m_session->isComposited;
+        const bool blends = window->hasAlpha && m_session->isComposited;
         xcb_render_composite(m_connection.get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC,
-                             window->content->picture.id(), XCB_NONE, m_canvas.id(),
+                             window->picture.id(), XCB_NONE, m_canvas.id(),
                              static_cast<std::int16_t>(part.x() - window->frame.x()),
                              static_cast<std::int16_t>(part.y() - window->frame.y()), 0, 0,
                              static_cast<std::int16_t>(part.x() - origin.x()),

@@ -15,7 +15,8 @@ namespace tintwick {
 ///
 /// The loupe lies on the very pixels it magnifies, so a session keeps two sources. One is a copy of the screen, made on
 /// the server before the loupe is shown: exactly what the user sees, with all that only a compositor draws. The other is
-/// the windows' own pixmaps, which the Composite extension keeps whole below other windows. Where nothing has changed
+/// the windows' own pixmaps, which the Composite extension keeps whole below other windows; a window's is asked for when
+/// the loupe first comes upon it, because without a compositor each costs the server a copy. Where nothing has changed
 /// since the copy was made it is read; where something has, the windows are composed. Without Composite the copy is all.
 class X11ScreenGrabber final : public ScreenGrabber, private XcbConnection::Sink
 {
@@ -28,6 +29,10 @@ public:
     void beginSession(ContentChanged contentChanged) override;
     void endSession() override;
     [[nodiscard]] std::optional<ScreenImage> grab(const DesktopRect& rect, SurfaceId below) override;
+
+    /// To be called before the loupe comes to lie on the area (root coordinates): without a compositor the server would
+    /// no longer draw there what windows below the loupe draw.
+    void loupeWillCover(const QRect& area);
 
 private:
     /// What a session keeps on the server.
