@@ -10,8 +10,9 @@ namespace tintwick {
 std::optional<std::size_t> nearestColor(const ColorColumns& table, const CapturedColor& color)
 {
     const std::size_t count = table.red.size();
-    if (count == 0)
+    if (count == 0) {
         return std::nullopt;
+    }
 
     const double red = color.red * 255;
     const double green = color.green * 255;
