@@ -29,8 +29,9 @@ double smallestOf(const std::array<double, blockSize>& values)
 std::optional<std::size_t> nearestColor(const ColorColumns& table, const CapturedColor& color)
 {
     const std::size_t count = table.red.size();
-    if (count == 0)
+    if (count == 0) {
         return std::nullopt;
+    }
 
     const double red = color.red * 255;
     const double green = color.green * 255;

@@ -12,8 +12,9 @@ constexpr std::size_t shadeCount = tailwindShades.size();
 constexpr auto sharedPalette = [] {
     ColorTable<tailwindPalette.size() * shadeCount> table;
     for (std::size_t family = 0; family < tailwindPalette.size(); ++family) {
-        for (std::size_t shade = 0; shade < shadeCount; ++shade)
+        for (std::size_t shade = 0; shade < shadeCount; ++shade) {
             table.setRow(family * shadeCount + shade, tailwindPalette[family].rgb[shade]);
+        }
     }
     return table;
 }();
