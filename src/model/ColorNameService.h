@@ -1,6 +1,11 @@
 #pragma once
 
+#include "model/NearestColor.h"
+
 #include <QString>
+#include <QStringView>
+
+#include <span>
 
 namespace tintwick {
 
@@ -12,12 +17,16 @@ class ColorNameService final
 public:
     [[nodiscard]] static const ColorNameService& shared();
 
-    /// The name of the entry at the smallest Euclidean distance in sRGB; of equally near ones the first in the table.
-    /// Alpha does not count.
+    /// Names from another table: `names` and `colors` are equally long and outlive the service.
+    ColorNameService(std::span<const QStringView> names, const ColorColumns& colors);
+
+    /// The name of the entry at the smallest Euclidean distance in sRGB; of equally near ones the first in
+    /// the table. Alpha does not count. "Unknown" when the table is empty.
     [[nodiscard]] QString nearest(const CapturedColor& color) const;
 
 private:
-    ColorNameService() = default;
+    std::span<const QStringView> m_names;
+    ColorColumns m_colors;
 };
 
 } // namespace tintwick

@@ -6,8 +6,6 @@
 
 namespace tintwick {
 
-class HotKeyRegistrar;
-class KeyboardLayout;
 class LoupeSurface;
 class PickingInput;
 class ScreenGrabber;
@@ -25,8 +23,6 @@ public:
     [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
-    [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
-    [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
 };
 
 } // namespace tintwick

@@ -104,12 +104,16 @@ void XcbConnection::drain()
     flush();
 }
 
-xcb_atom_t XcbConnection::atom(std::string_view name) const
+xcb_atom_t XcbConnection::atom(const std::string& name) const
 {
+    const auto known = m_atoms.find(name);
+    if (known != m_atoms.end()) {
+        return known->second;
+    }
     const auto cookie =
         xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection, cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return m_atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 void XcbConnection::sync() const

@@ -7,8 +7,9 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 #include <memory>
-#include <string_view>
+#include <string>
 #include <vector>
 
 class QSocketNotifier;
@@ -84,7 +85,8 @@ public:
 
     [[nodiscard]] Subscription subscribe(Sink& sink);
 
-    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
+    /// Asks the server once for each name.
+    [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
     [[nodiscard]] std::uint32_t newId() const { return xcb_generate_id(m_connection); }
     void flush() const { xcb_flush(m_connection); }
     /// Returns once the server has carried out everything sent so far.
@@ -102,6 +104,7 @@ private:
     xcb_screen_t* m_screen;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::vector<Sink*> m_sinks;
+    mutable std::map<std::string, xcb_atom_t> m_atoms;
 };
 
 } // namespace tintwick

@@ -1,0 +1,41 @@
+#include "app/AppDelegate.h"
+
+#include "model/CapturedColor.h"
+
+#include <QCoreApplication>
+
+namespace tintwick {
+
+AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
+    : m_platform(std::move(platform))
+    , m_capture(m_platform->screenGrabber())
+    , m_colorPickerService(*m_platform, m_capture)
+{
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    setupMenuBar();
+    setupColorPickerService();
+}
+
+void AppDelegate::setupMenuBar()
+{
+    QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+    m_statusItem.show();
+}
+
+void AppDelegate::setupColorPickerService()
+{
+    m_colorPickerService.setOnColorCaptured([this](const SampledColor& color) {
+        m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
+    });
+}
+
+void AppDelegate::activatePicker()
+{
+    m_colorPickerService.showPicker();
+}
+
+} // namespace tintwick

@@ -1,0 +1,58 @@
+#include "app/StatusItem.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// A tray does not tell its colour. This grey stands out from white and from black alike, by 4.5 to 1.
+constexpr QColor tint(0x76, 0x76, 0x76);
+
+QIcon statusIcon()
+{
+    QSvgRenderer symbol(u":/symbols/eyedropper.halffull.svg"_s);
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 44, 48}) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        symbol.render(&painter);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), tint);
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+StatusItem::StatusItem(QObject* parent)
+    : QObject(parent)
+    , m_icon(statusIcon())
+{
+    QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
+    connect(pick, &QAction::triggered, this, &StatusItem::pickRequested);
+    m_menu.addSeparator();
+    QAction* quit = m_menu.addAction(tr("Quit Tintwick"));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit, &QAction::triggered, this, &StatusItem::quitRequested);
+
+    m_icon.setToolTip(u"Tintwick"_s);
+    m_icon.setContextMenu(&m_menu);
+    connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger) {
+            m_menu.popup(QCursor::pos());
+        }
+    });
+}
+
+} // namespace tintwick

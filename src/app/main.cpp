@@ -1,0 +1,19 @@
+#include "app/TintwickApp.h"
+#include "platform/Platform.h"
+
+#include <QString>
+
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char** argv)
+{
+    QString whyNot;
+    std::unique_ptr<tintwick::Platform> platform = tintwick::Platform::create(whyNot);
+    if (!platform) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(whyNot));
+        return EXIT_FAILURE;
+    }
+    tintwick::TintwickApp app(argc, argv, std::move(platform));
+    return app.run();
+}

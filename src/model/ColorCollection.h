@@ -1,0 +1,32 @@
+#pragma once
+
+#include "model/CapturedColor.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QUuid>
+
+namespace tintwick {
+
+/// A named, ordered group of colours of the history. It holds their ids only, each at most once.
+struct ColorCollection
+{
+    QUuid id;
+    /// As the user entered it.
+    QString name;
+    QList<QUuid> colorIds;
+    QDateTime createdAt;
+    /// Name of the symbol shown beside the name.
+    QString icon;
+
+    /// An empty collection created now, with a new id.
+    [[nodiscard]] static ColorCollection create(const QString& name);
+
+    /// The member colours in the collection's order. Ids that the history does not hold are left out.
+    [[nodiscard]] QList<CapturedColor> colors(const QList<CapturedColor>& history) const;
+
+    friend bool operator==(const ColorCollection&, const ColorCollection&) = default;
+};
+
+} // namespace tintwick

@@ -1,0 +1,48 @@
+#include "model/TailwindService.h"
+
+#include "model/ColorTable.h"
+#include "model/TailwindPalette.h"
+
+namespace tintwick {
+
+namespace {
+
+constexpr std::size_t shadeCount = tailwindShades.size();
+
+constexpr auto sharedPalette = [] {
+    ColorTable<tailwindPalette.size() * shadeCount> table;
+    for (std::size_t family = 0; family < tailwindPalette.size(); ++family) {
+        for (std::size_t shade = 0; shade < shadeCount; ++shade)
+            table.setRow(family * shadeCount + shade, tailwindPalette[family].rgb[shade]);
+    }
+    return table;
+}();
+
+QString tokenOf(std::size_t row)
+{
+    QString token = tailwindPalette[row / shadeCount].name.toString();
+    token += u'-';
+    token += tailwindShades[row % shadeCount];
+    return token;
+}
+
+} // namespace
+
+const TailwindService& TailwindService::shared()
+{
+    static const TailwindService service(sharedPalette.columns());
+    return service;
+}
+
+TailwindService::TailwindService(const ColorColumns& palette)
+    : m_palette(palette)
+{
+}
+
+std::optional<QString> TailwindService::nearest(const CapturedColor& color) const
+{
+    const auto row = nearestColor(m_palette, color);
+    return row ? std::optional(tokenOf(*row)) : std::nullopt;
+}
+
+} // namespace tintwick

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace tintwick {
+
+/// What the user chose about the loupe's appearance.
+struct LoupeLook
+{
+    bool isCircle = false;
+    /// Side of the scope in points.
+    double side = 130;
+
+    friend constexpr bool operator==(const LoupeLook&, const LoupeLook&) = default;
+};
+
+} // namespace tintwick

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/LoupeSurface.h"
+#include "platform/x11/XcbConnection.h"
+#include "platform/x11/XcbHandle.h"
+
+#include <QImage>
+#include <QSize>
+
+#include <vector>
+
+namespace tintwick {
+
+class X11ScreenGrabber;
+
+/// A small window that no window manager touches, above all others, through which every click falls. With a compositor
+/// its translucent pixels blend; without one it is cut to the outline of its picture.
+class X11LoupeSurface final : public LoupeSurface, private XcbConnection::Sink
+{
+public:
+    X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber);
+    ~X11LoupeSurface() = default;
+
+    [[nodiscard]] SurfaceId id() const override { return m_window.id(); }
+    void present(const QImage& picture, DesktopPoint topLeft) override;
+
+private:
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsDrained() override;
+    void createWindow();
+    void setSize(const QSize& size);
+    void cutToOutline(const QImage& picture);
+    void upload(const QImage& picture);
+    [[nodiscard]] const QImage& withHardEdges(const QImage& picture);
+
+    XcbConnection& m_connection;
+    X11ScreenGrabber& m_grabber;
+    bool m_isComposited;
+    XcbColormap m_colormap;
+    XcbWindow m_window;
+    XcbGraphicsContext m_gc;
+    QSize m_size;
+    bool m_isMapped = false;
+    bool m_isOvertaken = false;
+    /// Bytes of the pixels on the outline, which without a compositor must become opaque.
+    std::vector<qsizetype> m_edgePixels;
+    QImage m_hardEdged;
+    XcbConnection::Subscription m_subscription;
+};
+
+} // namespace tintwick

@@ -1,0 +1,93 @@
+#include "platform/x11/X11Platform.h"
+
+#include "platform/x11/X11LoupeSurface.h"
+
+#include <xcb/randr.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// An X server inside a Wayland session knows only the windows of X programs. Newer ones say what they are by an
+// extension, older ones by the names of their outputs.
+bool isInsideWayland(const XcbConnection& connection)
+{
+    xcb_connection_t* c = connection.get();
+    constexpr std::string_view extensionName = "XWAYLAND";
+    const XcbReply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
+        c, xcb_query_extension(c, static_cast<std::uint16_t>(extensionName.size()), extensionName.data()), nullptr));
+    if (extension && extension->present != 0) {
+        return true;
+    }
+    const xcb_query_extension_reply_t* randr = xcb_get_extension_data(c, &xcb_randr_id);
+    if (!randr || randr->present == 0) {
+        return false;
+    }
+    const XcbReply<xcb_randr_get_screen_resources_current_reply_t> resources(
+        xcb_randr_get_screen_resources_current_reply(
+            c, xcb_randr_get_screen_resources_current(c, connection.root()), nullptr));
+    if (!resources) {
+        return false;
+    }
+    const xcb_randr_output_t* outputs = xcb_randr_get_screen_resources_current_outputs(resources.get());
+    const int count = xcb_randr_get_screen_resources_current_outputs_length(resources.get());
+    return std::any_of(outputs, outputs + count, [&](xcb_randr_output_t output) {
+        const XcbReply<xcb_randr_get_output_info_reply_t> info(xcb_randr_get_output_info_reply(
+            c, xcb_randr_get_output_info(c, output, resources->config_timestamp), nullptr));
+        if (!info) {
+            return false;
+        }
+        const std::string_view name(reinterpret_cast<const char*>(xcb_randr_get_output_info_name(info.get())),
+                                    static_cast<std::size_t>(xcb_randr_get_output_info_name_length(info.get())));
+        return name.starts_with(extensionName);
+    });
+}
+
+bool isWaylandSession()
+{
+    return qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
+std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
+{
+    const QString waylandIsNotSupported =
+        u"Tintwick does not support Wayland desktops yet: there it would see only the windows of X programs."_s;
+    if (isWaylandSession()) {
+        whyNot = waylandIsNotSupported;
+        return nullptr;
+    }
+    std::unique_ptr<XcbConnection> connection = XcbConnection::open();
+    if (!connection) {
+        const QString display = qEnvironmentVariable("DISPLAY");
+        whyNot = display.isEmpty()
+            ? u"Tintwick needs a desktop to pick colours from: DISPLAY is not set."_s
+            : u"Tintwick needs a desktop to pick colours from: the X server \"%1\" does not answer."_s.arg(display);
+        return nullptr;
+    }
+    if (isInsideWayland(*connection)) {
+        whyNot = waylandIsNotSupported;
+        return nullptr;
+    }
+    return std::make_unique<X11Platform>(std::move(connection));
+}
+
+X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
+    : m_connection(std::move(connection))
+    , m_screenGrabber(*m_connection)
+    , m_pickingInput(*m_connection)
+{
+}
+
+std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
+{
+    return std::make_unique<X11LoupeSurface>(*m_connection, m_screenGrabber);
+}
+
+} // namespace tintwick

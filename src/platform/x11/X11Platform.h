@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/x11/X11PickingInput.h"
+#include "platform/x11/X11ScreenGrabber.h"
+#include "platform/x11/XcbConnection.h"
+
+namespace tintwick {
+
+class X11Platform final : public Platform
+{
+public:
+    /// None where there is no X server, or one that shows only the windows of X programs; then `whyNot` tells.
+    [[nodiscard]] static std::unique_ptr<Platform> connect(QString& whyNot);
+
+    explicit X11Platform(std::unique_ptr<XcbConnection> connection);
+
+    [[nodiscard]] ScreenGrabber& screenGrabber() override { return m_screenGrabber; }
+    [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
+    [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+
+private:
+    std::unique_ptr<XcbConnection> m_connection;
+    X11ScreenGrabber m_screenGrabber;
+    X11PickingInput m_pickingInput;
+};
+
+} // namespace tintwick

@@ -1,0 +1,435 @@
+#include "platform/x11/X11ScreenGrabber.h"
+
+#include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11Screens.h"
+
+#include <xcb/composite.h>
+#include <xcb/damage.h>
+#include <xcb/randr.h>
+#include <xcb/shape.h>
+#include <xcb/xcb_renderutil.h>
+#include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+// Beyond this many rectangles the region is kept as its bounding box; to compose too much is correct, only slower.
+constexpr int maximumRegionComplexity = 64;
+
+constexpr xcb_render_color_t darkGrayPixel{0x5555, 0x5555, 0x5555, 0xffff};
+constexpr xcb_render_color_t black{0, 0, 0, 0xffff};
+
+bool isPresent(xcb_connection_t* c, xcb_extension_t& extension)
+{
+    const xcb_query_extension_reply_t* data = xcb_get_extension_data(c, &extension);
+    return data && data->present != 0;
+}
+
+std::uint8_t firstEvent(xcb_connection_t* c, xcb_extension_t& extension)
+{
+    const xcb_query_extension_reply_t* data = xcb_get_extension_data(c, &extension);
+    return data && data->present != 0 ? data->first_event : 0;
+}
+
+xcb_rectangle_t toXcb(const QRect& rect)
+{
+    return {static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+            static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
+}
+
+std::vector<xcb_rectangle_t> toXcb(const QRegion& region)
+{
+    std::vector<xcb_rectangle_t> rectangles;
+    rectangles.reserve(static_cast<std::size_t>(region.rectCount()));
+    for (const QRect& rect : region) {
+        rectangles.push_back(toXcb(rect));
+    }
+    return rectangles;
+}
+
+// The pixels that the rectangle touches: a fractional position lies in the pixel to its upper left.
+QRect toPixels(const DesktopRect& rect)
+{
+    return {static_cast<int>(std::floor(rect.x)), static_cast<int>(std::floor(rect.y)),
+            static_cast<int>(std::ceil(rect.width)), static_cast<int>(std::ceil(rect.height))};
+}
+
+xcb_render_pictformat_t formatOfDepth(xcb_connection_t* c, std::uint8_t depth)
+{
+    const xcb_render_query_pict_formats_reply_t* formats = xcb_render_util_query_formats(c);
+    const auto standard = depth == 32 ? XCB_PICT_STANDARD_ARGB_32 : XCB_PICT_STANDARD_RGB_24;
+    const xcb_render_pictforminfo_t* info = xcb_render_util_find_standard_format(formats, standard);
+    return info ? info->id : XCB_NONE;
+}
+
+} // namespace
+
+X11ScreenGrabber::X11ScreenGrabber(XcbConnection& connection)
+    : m_connection(connection)
+{
+    xcb_connection_t* c = m_connection.get();
+    for (xcb_extension_t* extension : {&xcb_composite_id, &xcb_damage_id, &xcb_randr_id, &xcb_xfixes_id,
+                                       &xcb_shape_id, &xcb_render_id}) {
+        xcb_prefetch_extension_data(c, extension);
+    }
+    m_hasComposite = isPresent(c, xcb_composite_id) && isPresent(c, xcb_damage_id)
+        && isPresent(c, xcb_shape_id) && isPresent(c, xcb_xfixes_id);
+    m_randrEvent = firstEvent(c, xcb_randr_id);
+    m_xfixesEvent = firstEvent(c, xcb_xfixes_id);
+    // Each of these extensions answers only those who asked for its version.
+    if (m_hasComposite) {
+        const auto composite = xcb_composite_query_version(c, 0, 4);
+        const auto damage = xcb_damage_query_version(c, 1, 1);
+        const auto xfixes = xcb_xfixes_query_version(c, 5, 0);
+        xcb_discard_reply(c, composite.sequence);
+        xcb_discard_reply(c, damage.sequence);
+        xcb_discard_reply(c, xfixes.sequence);
+    }
+    if (isPresent(c, xcb_randr_id)) {
+        xcb_discard_reply(c, xcb_randr_query_version(c, 1, 5).sequence);
+    }
+    m_compositorSelection = compositorSelection(m_connection);
+    m_wallpaperProperty = m_connection.atom("_XROOTPMAP_ID");
+    static_cast<void>(xcb_render_util_query_formats(c));
+}
+
+X11ScreenGrabber::~X11ScreenGrabber()
+{
+    endSession();
+}
+
+std::vector<Screen> X11ScreenGrabber::screens() const
+{
+    return m_session ? m_session->screens : queryScreens(m_connection);
+}
+
+void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
+{
+    endSession();
+    xcb_connection_t* c = m_connection.get();
+    // A menu of ours that has just closed must be gone before the screen is copied.
+    toolkit::sync();
+
+    Session& session = m_session.emplace();
+    session.contentChanged = std::move(contentChanged);
+    m_subscription = m_connection.subscribe(*this);
+    readScreens();
+    session.isComposited = hasCompositor(m_connection);
+
+    const std::uint32_t rootEvents =
+        XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(c, m_connection.root(), XCB_CW_EVENT_MASK, &rootEvents);
+    if (m_randrEvent != 0) {
+        xcb_randr_select_input(c, m_connection.root(),
+                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE
+                                   | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
+    }
+    if (m_hasComposite) {
+        xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection,
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
+                                              | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
+                                              | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+        // Watched before the copy is made: what is drawn in between counts as changed and is composed.
+        session.windows.emplace(m_connection);
+        session.bareRegion = session.screenRegion - session.windows->coveredRegion();
+    }
+
+    QSize size;
+    for (const Screen& screen : session.screens) {
+        const QRect frame = toPixels(screen.frame);
+        size = size.expandedTo({frame.x() + frame.width(), frame.y() + frame.height()});
+    }
+    if (size.isEmpty()) {
+        return;
+    }
+    const std::uint8_t depth = m_connection.screen().root_depth;
+    session.frozenPixmap = XcbPixmap::withNewId(c);
+    xcb_create_pixmap(c, depth, session.frozenPixmap.id(), m_connection.root(),
+                      static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));
+    const auto gc = XcbGraphicsContext::withNewId(c);
+    const std::uint32_t gcValues[] = {XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS, 0};
+    xcb_create_gc(c, gc.id(), m_connection.root(), XCB_GC_SUBWINDOW_MODE | XCB_GC_GRAPHICS_EXPOSURES, gcValues);
+    xcb_copy_area(c, m_connection.root(), session.frozenPixmap.id(), gc.id(), 0, 0, 0, 0,
+                  static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));
+    const xcb_render_pictvisual_t* visual =
+        xcb_render_util_find_visual_format(xcb_render_util_query_formats(c), m_connection.screen().root_visual);
+    session.frozenScreen = XcbPicture::withNewId(c);
+    xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), visual->format, 0, nullptr);
+
+    // A compositor may show a closed menu of ours for another frame or fade it out, so the copy may hold it.
+    if (session.isComposited && session.windows) {
+        if (xcb_connection_t* toolkitConnection = toolkit::connection()) {
+            session.changed = session.windows->unmappedRegionOf(*xcb_get_setup(toolkitConnection));
+        }
+    }
+}
+
+void X11ScreenGrabber::endSession()
+{
+    if (!m_session) {
+        return;
+    }
+    xcb_connection_t* c = m_connection.get();
+    m_subscription = {};
+    const std::uint32_t noEvents = XCB_EVENT_MASK_NO_EVENT;
+    xcb_change_window_attributes(c, m_connection.root(), XCB_CW_EVENT_MASK, &noEvents);
+    if (m_randrEvent != 0) {
+        xcb_randr_select_input(c, m_connection.root(), 0);
+    }
+    m_session.reset();
+    if (m_hasComposite) {
+        xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection, 0);
+    }
+    m_canvas = {};
+    m_canvasPixmap = {};
+    m_canvasSize = {};
+    m_connection.flush();
+}
+
+void X11ScreenGrabber::loupeWillCover(const QRect& area)
+{
+    if (m_session && m_session->windows) {
+        m_session->windows->keepContents(area);
+    }
+}
+
+std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, SurfaceId below)
+{
+    xcb_connection_t* c = m_connection.get();
+    const QRect pixels = toPixels(rect);
+    if (pixels.isEmpty() || !ensureCanvas(pixels.width(), pixels.height())) {
+        return std::nullopt;
+    }
+    const QPoint origin = pixels.topLeft();
+    QRegion screenRegion;
+    if (m_session) {
+        screenRegion = m_session->screenRegion;
+    } else {
+        for (const Screen& screen : screens()) {
+            screenRegion += toPixels(screen.frame);
+        }
+    }
+
+    const QRegion visible = screenRegion & pixels;
+    if (visible != pixels) {
+        clipCanvas(pixels, origin);
+        const xcb_rectangle_t all = toXcb(QRect(QPoint(0, 0), pixels.size()));
+        xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, m_canvas.id(), darkGrayPixel, 1, &all);
+    }
+    clipCanvas(visible, origin);
+    if (m_session && m_session->frozenScreen && below != 0) {
+        const QRegion live = m_session->windows ? visible & m_session->changed : QRegion();
+        if (live != visible) {
+            fillCanvas(m_session->frozenScreen.id(), pixels, origin);
+        }
+        if (!live.isEmpty()) {
+            drawLive(live, origin);
+        }
+    } else {
+        fillCanvas(createRootPicture().id(), pixels, origin);
+    }
+
+    const auto cookie =
+        xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_canvasPixmap.id(), 0, 0,
+                      static_cast<std::uint16_t>(pixels.width()), static_cast<std::uint16_t>(pixels.height()), ~0U);
+    const XcbReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(c, cookie, nullptr));
+    if (!reply) {
+        return std::nullopt;
+    }
+    ScreenImage image;
+    image.width = pixels.width();
+    image.height = pixels.height();
+    image.bytesPerRow = pixels.width() * 4;
+    const std::uint8_t* data = xcb_get_image_data(reply.get());
+    image.bytes.assign(data, data + xcb_get_image_data_length(reply.get()));
+    const bool isBigEndian = xcb_get_setup(c)->image_byte_order == XCB_IMAGE_ORDER_MSB_FIRST;
+    for (std::size_t i = 0; i + 3 < image.bytes.size(); i += 4) {
+        if (isBigEndian) {
+            std::swap(image.bytes[i], image.bytes[i + 3]);
+            std::swap(image.bytes[i + 1], image.bytes[i + 2]);
+        }
+        // Without a compositor a translucent window shows its colours as they are; what is on a screen is opaque.
+        image.bytes[i + 3] = 0xff;
+    }
+    return image;
+}
+
+void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
+{
+    const int type = event.response_type & 0x7f;
+    const bool isRandr = m_randrEvent != 0
+        && (type == m_randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == m_randrEvent + XCB_RANDR_NOTIFY);
+    const bool isRootConfigure = type == XCB_CONFIGURE_NOTIFY
+        && reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == m_connection.root();
+    if (isRandr || isRootConfigure) {
+        const std::vector<Screen> before = m_session->screens;
+        readScreens();
+        if (m_session->screens != before) {
+            // New parts of the desktop are not in the copy.
+            markChanged(m_session->screenRegion);
+            const ContentChanged tell = m_session->contentChanged;
+            tell(DesktopRect{});
+        }
+        return;
+    }
+    if (m_xfixesEvent != 0 && type == m_xfixesEvent + XCB_XFIXES_SELECTION_NOTIFY) {
+        m_session->isComposited = hasCompositor(m_connection);
+        markChanged(m_session->screenRegion);
+        return;
+    }
+    if (type == XCB_PROPERTY_NOTIFY
+        && reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_wallpaperProperty) {
+        m_session->background = {};
+        markChanged(m_session->screenRegion);
+        return;
+    }
+    if (m_session->windows) {
+        markChanged(m_session->windows->handleEvent(event));
+    }
+}
+
+void X11ScreenGrabber::markChanged(const QRegion& region)
+{
+    if (region.isEmpty()) {
+        return;
+    }
+    QRegion& changed = m_session->changed;
+    changed += region;
+    if (changed.rectCount() > maximumRegionComplexity) {
+        changed = changed.boundingRect();
+    }
+    const QRect box = region.boundingRect();
+    const ContentChanged tell = m_session->contentChanged;
+    tell({static_cast<double>(box.x()), static_cast<double>(box.y()), static_cast<double>(box.width()),
+          static_cast<double>(box.height())});
+}
+
+void X11ScreenGrabber::readScreens()
+{
+    m_session->screens = queryScreens(m_connection);
+    m_session->screenRegion = {};
+    for (const Screen& screen : m_session->screens) {
+        m_session->screenRegion += toPixels(screen.frame);
+    }
+}
+
+void X11ScreenGrabber::drawLive(const QRegion& region, const QPoint& origin)
+{
+    const QRect area = region.boundingRect();
+    clipCanvas(region, origin);
+    if (!m_session->background) {
+        makeBackground();
+    }
+    fillCanvas(m_session->background.id(), area, origin);
+    for (const StackedWindow* window : m_session->windows->contentsIn(area)) {
+        const QRect part = area & window->frame;
+        const bool blends = window->hasAlpha && m_session->isComposited;
+        xcb_render_composite(m_connection.get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC,
+                             window->picture.id(), XCB_NONE, m_canvas.id(),
+                             static_cast<std::int16_t>(part.x() - window->frame.x()),
+                             static_cast<std::int16_t>(part.y() - window->frame.y()), 0, 0,
+                             static_cast<std::int16_t>(part.x() - origin.x()),
+                             static_cast<std::int16_t>(part.y() - origin.y()),
+                             static_cast<std::uint16_t>(part.width()),
+                             static_cast<std::uint16_t>(part.height()));
+    }
+}
+
+// The wallpaper where a program has left word of it; else the colour of the copy where there was no window; else black,
+// the server's own.
+void X11ScreenGrabber::makeBackground()
+{
+    xcb_connection_t* c = m_connection.get();
+    Session& session = *m_session;
+    const std::uint32_t repeat = XCB_RENDER_REPEAT_NORMAL;
+    session.background = XcbPicture::withNewId(c);
+
+    const XcbReply<xcb_get_property_reply_t> property(xcb_get_property_reply(
+        c, xcb_get_property(c, 0, m_connection.root(), m_wallpaperProperty, XCB_ATOM_PIXMAP, 0, 1), nullptr));
+    if (property && property->format == 32 && xcb_get_property_value_length(property.get()) == 4) {
+        const auto pixmap = *static_cast<const xcb_pixmap_t*>(xcb_get_property_value(property.get()));
+        const XcbReply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(c, xcb_get_geometry(c, pixmap), nullptr));
+        if (geometry && (geometry->depth == 24 || geometry->depth == 32)) {
+            xcb_render_create_picture(c, session.background.id(), pixmap, formatOfDepth(c, geometry->depth),
+                                      XCB_RENDER_CP_REPEAT, &repeat);
+            return;
+        }
+    }
+
+    session.backgroundPixmap = XcbPixmap::withNewId(c);
+    xcb_create_pixmap(c, 32, session.backgroundPixmap.id(), m_connection.root(), 1, 1);
+    xcb_render_create_picture(c, session.background.id(), session.backgroundPixmap.id(), formatOfDepth(c, 32),
+                              XCB_RENDER_CP_REPEAT, &repeat);
+    const auto largest =
+        std::max_element(session.bareRegion.begin(), session.bareRegion.end(), [](const QRect& a, const QRect& b) {
+            return a.width() * a.height() < b.width() * b.height();
+        });
+    if (largest != session.bareRegion.end() && session.frozenScreen) {
+        const QPoint spot = largest->center();
+        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, session.frozenScreen.id(), XCB_NONE, session.background.id(),
+                             static_cast<std::int16_t>(spot.x()), static_cast<std::int16_t>(spot.y()), 0, 0, 0, 0,
+                             1, 1);
+    } else {
+        const xcb_rectangle_t pixel{0, 0, 1, 1};
+        xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, session.background.id(), black, 1, &pixel);
+    }
+}
+
+XcbPicture X11ScreenGrabber::createRootPicture() const
+{
+    xcb_connection_t* c = m_connection.get();
+    const xcb_render_pictvisual_t* visual =
+        xcb_render_util_find_visual_format(xcb_render_util_query_formats(c), m_connection.screen().root_visual);
+    XcbPicture picture = XcbPicture::withNewId(c);
+    const std::uint32_t includeInferiors = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
+    xcb_render_create_picture(c, picture.id(), m_connection.root(), visual->format, XCB_RENDER_CP_SUBWINDOW_MODE,
+                              &includeInferiors);
+    return picture;
+}
+
+// The canvas is where a grab is put together; it grows to the largest size asked for in a session.
+bool X11ScreenGrabber::ensureCanvas(int width, int height)
+{
+    const QSize wanted = m_canvasSize.expandedTo({width, height});
+    if (m_canvas && wanted == m_canvasSize) {
+        return true;
+    }
+    constexpr int maximumSide = 0x7fff;
+    if (wanted.width() > maximumSide || wanted.height() > maximumSide) {
+        return false;
+    }
+    xcb_connection_t* c = m_connection.get();
+    m_canvasSize = wanted;
+    m_canvas = {};
+    m_canvasPixmap = XcbPixmap::withNewId(c);
+    xcb_create_pixmap(c, 32, m_canvasPixmap.id(), m_connection.root(), static_cast<std::uint16_t>(wanted.width()),
+                      static_cast<std::uint16_t>(wanted.height()));
+    m_canvas = XcbPicture::withNewId(c);
+    xcb_render_create_picture(c, m_canvas.id(), m_canvasPixmap.id(), formatOfDepth(c, 32), 0, nullptr);
+    return true;
+}
+
+// `area` is in root coordinates, `origin` the canvas's place in them; the picture shows the root's coordinates.
+void X11ScreenGrabber::fillCanvas(std::uint32_t picture, const QRect& area, const QPoint& origin)
+{
+    xcb_render_composite(m_connection.get(), XCB_RENDER_PICT_OP_SRC, picture, XCB_NONE, m_canvas.id(),
+                         static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()), 0, 0,
+                         static_cast<std::int16_t>(area.x() - origin.x()),
+                         static_cast<std::int16_t>(area.y() - origin.y()),
+                         static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height()));
+}
+
+void X11ScreenGrabber::clipCanvas(const QRegion& region, const QPoint& origin)
+{
+    const std::vector<xcb_rectangle_t> rectangles = toXcb(region.translated(-origin));
+    xcb_render_set_picture_clip_rectangles(m_connection.get(), m_canvas.id(), 0, 0,
+                                           static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+}
+
+} // namespace tintwick

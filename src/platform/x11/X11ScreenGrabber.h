@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/ScreenGrabber.h"
+#include "platform/x11/WindowStack.h"
+#include "platform/x11/XcbConnection.h"
+#include "platform/x11/XcbHandle.h"
+
+#include <QRegion>
+
+#include <optional>
+
+namespace tintwick {
+
+/// Reads the screen below the loupe, live.
+///
+/// The loupe lies on the very pixels it magnifies, so a session keeps two sources. One is a copy of the screen, made on
+/// the server before the loupe is shown: exactly what the user sees, with all that only a compositor draws. The other is
+/// the windows' own pixmaps, which the Composite extension keeps whole below other windows; a window's is asked for when
+/// the loupe first comes upon it, because without a compositor each costs the server a copy. Where nothing has changed
+/// since the copy was made it is read; where something has, the windows are composed. Without Composite the copy is all.
+class X11ScreenGrabber final : public ScreenGrabber, private XcbConnection::Sink
+{
+public:
+    explicit X11ScreenGrabber(XcbConnection& connection);
+    ~X11ScreenGrabber();
+
+    [[nodiscard]] bool captureIsPermitted() const override { return true; }
+    [[nodiscard]] std::vector<Screen> screens() const override;
+    void beginSession(ContentChanged contentChanged) override;
+    void endSession() override;
+    [[nodiscard]] std::optional<ScreenImage> grab(const DesktopRect& rect, SurfaceId below) override;
+
+    /// To be called before the loupe comes to lie on the area (root coordinates): without a compositor the server would
+    /// no longer draw there what windows below the loupe draw.
+    void loupeWillCover(const QRect& area);
+
+private:
+    /// What a session keeps on the server.
+    struct Session
+    {
+        ContentChanged contentChanged;
+        std::vector<Screen> screens;
+        QRegion screenRegion;
+        /// Whether a compositor blends translucent windows; without one their colours stand as they are.
+        bool isComposited = false;
+        XcbPixmap frozenPixmap;
+        XcbPicture frozenScreen;
+        std::optional<WindowStack> windows;
+        /// Where no window was when the copy was made.
+        QRegion bareRegion;
+        /// Where the copy is no longer what the user sees.
+        QRegion changed;
+        /// Stands where no window is; made when first needed.
+        XcbPixmap backgroundPixmap;
+        XcbPicture background;
+    };
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void markChanged(const QRegion& region);
+    void readScreens();
+    void drawLive(const QRegion& region, const QPoint& origin);
+    void makeBackground();
+    [[nodiscard]] XcbPicture createRootPicture() const;
+    bool ensureCanvas(int width, int height);
+    void fillCanvas(std::uint32_t picture, const QRect& area, const QPoint& origin);
+    void clipCanvas(const QRegion& region, const QPoint& origin);
+
+    XcbConnection& m_connection;
+    bool m_hasComposite = false;
+    std::uint8_t m_randrEvent = 0;
+    std::uint8_t m_xfixesEvent = 0;
+    xcb_atom_t m_compositorSelection = XCB_ATOM_NONE;
+    xcb_atom_t m_wallpaperProperty = XCB_ATOM_NONE;
+    XcbPixmap m_canvasPixmap;
+    XcbPicture m_canvas;
+    QSize m_canvasSize;
+    std::optional<Session> m_session;
+    XcbConnection::Subscription m_subscription;
+};
+
+} // namespace tintwick

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "support/DesktopConnection.h"
+#include "support/RunningProgram.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QPoint>
+#include <QProcessEnvironment>
+#include <QRect>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tintwick {
+
+/// A desktop of our own: an X server without a screen, and what a user's desktop has besides. It has its own
+/// home folder; everything ends with the object. Positions are pixels from the top left of the whole desktop.
+class PrivateDesktop final
+{
+public:
+    enum class Compositor : std::uint8_t { None, Plain, WithShadows };
+
+    struct Options
+    {
+        QSize size{1280, 800};
+        int depth = 24;
+        bool windowManager = true;
+        Compositor compositor = Compositor::None;
+        bool tray = true;
+        bool sessionBus = false;
+    };
+
+    struct Monitor
+    {
+        QByteArray name;
+        QRect geometry;
+        bool isPrimary = false;
+    };
+
+    enum class Button : std::uint8_t { Left = 1, Middle = 2, Right = 3, WheelUp = 4, WheelDown = 5 };
+
+    /// Returns when everything asked for is up; throws std::runtime_error naming what did not come.
+    explicit PrivateDesktop(const Options& options);
+    ~PrivateDesktop();
+
+    /// The connection that drives the desktop.
+    [[nodiscard]] DesktopConnection& connection() { return *m_connection; }
+    [[nodiscard]] QByteArray display() const { return m_display; }
+    [[nodiscard]] QRect screen() const { return {QPoint(0, 0), m_options.size}; }
+
+    [[nodiscard]] QString homeFolder() const { return m_folder.path(); }
+    /// $XDG_DATA_HOME and $XDG_CONFIG_HOME of the programs started here.
+    [[nodiscard]] QString dataHome() const { return m_folder.filePath(QStringLiteral("data")); }
+    [[nodiscard]] QString configHome() const { return m_folder.filePath(QStringLiteral("config")); }
+    /// What programs started here inherit: this desktop, and nothing of the desktop the tests run on.
+    [[nodiscard]] QProcessEnvironment environment() const;
+
+    [[nodiscard]] std::unique_ptr<RunningProgram> start(const QString& program,
+                                                        const QStringList& arguments = {},
+                                                        const QProcessEnvironment& additions = {});
+    /// What another program reads from the clipboard; empty when there is nothing to read.
+    [[nodiscard]] QByteArray clipboard();
+    /// Another program puts a text on the clipboard; returns when it owns it.
+    void takeClipboard(const QByteArray& text);
+
+    void movePointer(QPoint position);
+    [[nodiscard]] QPoint pointer();
+    [[nodiscard]] bool pointerIsVisible();
+    void press(Button button);
+    void release(Button button);
+    void click(Button button = Button::Left);
+    /// Turns the wheel by notches; positive is up.
+    void scroll(int notches);
+    /// Keys are keysyms (XK_Escape, ...).
+    void pressKey(xcb_keysym_t key);
+    void releaseKey(xcb_keysym_t key);
+    /// Presses and releases the key while the others are held.
+    void typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& held = {});
+
+    [[nodiscard]] QImage screenshot() { return m_connection->screenshot(screen()); }
+    [[nodiscard]] QRgb pixel(QPoint position) { return m_connection->pixel(position); }
+
+    /// Cuts the desktop into these monitors. The server's only output belongs to the first, which cannot be
+    /// removed.
+    void setMonitors(const std::vector<Monitor>& monitors);
+    void removeMonitor(const QByteArray& name);
+
+private:
+    void startServer();
+    void randr(const QStringList& arguments);
+    void startHelpers();
+    [[nodiscard]] bool windowManagerAnswers();
+    void showArrowOnRoot();
+    void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
+    [[nodiscard]] xcb_keycode_t keyCode(xcb_keysym_t key);
+
+    Options m_options;
+    QTemporaryDir m_folder;
+    QByteArray m_display;
+    QByteArray m_busAddress;
+    std::vector<std::unique_ptr<RunningProgram>> m_programs;
+    std::unique_ptr<DesktopConnection> m_connection;
+};
+
+} // namespace tintwick
