@@ -287,7 +287,7 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("2 down"), QStringLiteral("2 up")}));
 
         program.registrar.unregisterHotKey(*second.handle);
-        QVERIFY(grabByOther(hand.connection(), mod1 | shift));
+        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
     }
 
     void whatAnotherProgramHoldsIsTakenAndNothingOfItIsKept_data()
@@ -332,7 +332,7 @@ private Q_SLOTS:
         Program program;
         HandOnKeyboard hand;
         QVERIFY(!program.registrar.isTaken(keyC, optionShift));
-        QVERIFY(grabByOther(hand.connection(), mod1 | shift | lock));
+        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift | lock));
         xcb_ungrab_key(hand.connection().get(), keycodeC, hand.connection().root(), XCB_MOD_MASK_ANY);
         hand.connection().sync();
 
