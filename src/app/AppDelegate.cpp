@@ -1,8 +1,16 @@
 #include "app/AppDelegate.h"
 
+#include "app/PanelPlacement.h"
 #include "model/CapturedColor.h"
+#include "platform/ClickMonitor.h"
+#include "platform/SystemAppearance.h"
+#include "ui/MainPanelView.h"
+#include "ui/kit/Ticker.h"
 
-#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStyleHints>
 #include <QTimer>
 
 #include <chrono>
@@ -13,6 +21,21 @@ namespace {
 
 constexpr std::chrono::milliseconds preparationDelay{400};
 
+QList<PanelScreen> panelScreens()
+{
+    QList<PanelScreen> screens;
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const PanelScreen panelScreen{screen->geometry(), screen->availableGeometry()};
+        if (screen == primary) {
+            screens.prepend(panelScreen);
+        } else {
+            screens.append(panelScreen);
+        }
+    }
+    return screens;
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
@@ -22,17 +45,36 @@ AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
 {
 }
 
+AppDelegate::~AppDelegate() = default;
+
 void AppDelegate::applicationDidFinishLaunching()
 {
     setupMenuBar();
     setupColorPickerService();
+    // What the user cannot ask for before the icon is in the tray comes after it.
+    QTimer::singleShot(preparationDelay, &m_statusItem, [this] {
+        setupMainPanel();
+        m_colorPickerService.prepare();
+    });
 }
 
 void AppDelegate::setupMenuBar()
 {
+    QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
     m_statusItem.show();
+}
+
+void AppDelegate::setupMainPanel()
+{
+    if (m_mainPanel) {
+        return;
+    }
+    m_mainPanelView = new MainPanelView(m_appState);
+    m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
+    followSystemAppearance();
+    setupGlobalClickDismiss();
 }
 
 void AppDelegate::setupColorPickerService()
@@ -40,13 +82,76 @@ void AppDelegate::setupColorPickerService()
     m_colorPickerService.setOnColorCaptured([this](const SampledColor& color) {
         m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
     });
-    // Once the icon is in the tray, so that it does not come later for it.
-    QTimer::singleShot(preparationDelay, &m_statusItem, [this] { m_colorPickerService.prepare(); });
+    m_appState.setStartPicking([this] { activateColorPicker(); });
+}
+
+void AppDelegate::setupGlobalClickDismiss()
+{
+    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
+        ClickMonitor& monitor = m_platform->clickMonitor();
+        if (!isVisible) {
+            monitor.stop();
+            return;
+        }
+        monitor.start([this] {
+            // A click that picks is the picker's, wherever it falls.
+            if (!m_colorPickerService.isPicking()) {
+                m_sinceClickElsewhere.start();
+                hideMainPanel();
+            }
+        });
+    });
+}
+
+void AppDelegate::handleStatusBarClick()
+{
+    if (m_mainPanel && m_mainPanel->isVisible()) {
+        hideMainPanel();
+        return;
+    }
+    // A tray that draws the icon in a window of its own tells of the click when the press on that window has already
+    // closed the panel: both are one click.
+    const bool isTheClickThatClosedIt = m_sinceClickElsewhere.isValid()
+        && !m_sinceClickElsewhere.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    m_sinceClickElsewhere.invalidate();
+    if (!isTheClickThatClosedIt) {
+        showMainPanel(QCursor::pos());
+    }
+}
+
+void AppDelegate::showMainPanel(std::optional<QPoint> click)
+{
+    setupMainPanel();
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
+}
+
+void AppDelegate::hideMainPanel()
+{
+    if (m_mainPanel) {
+        m_mainPanel->hide();
+    }
+}
+
+void AppDelegate::followSystemAppearance()
+{
+    SystemAppearance& system = m_platform->systemAppearance();
+    const auto apply = [this, &system] {
+        m_mainPanelView->setSystemScheme(system.scheme());
+        Ticker::shared().setMotionReduced(system.reducesMotion());
+    };
+    apply();
+    system.follow(apply);
 }
 
 void AppDelegate::activatePicker()
 {
     m_colorPickerService.showPicker();
+}
+
+void AppDelegate::activateColorPicker()
+{
+    hideMainPanel();
+    QTimer::singleShot(0, &m_statusItem, [this] { m_colorPickerService.showPicker(); });
 }
 
 } // namespace tintwick

@@ -1,21 +1,29 @@
 #pragma once
 
+#include "app/FloatingPanel.h"
 #include "app/StatusItem.h"
 #include "picker/ColorPickerService.h"
 #include "picker/ScreenCaptureService.h"
 #include "platform/Platform.h"
 #include "state/AppState.h"
 
+#include <QElapsedTimer>
+#include <QPoint>
+
 #include <memory>
+#include <optional>
 
 namespace tintwick {
 
-/// Builds everything at launch and holds it for the life of the process: the application's state, the status item and
-/// the picker. Making it loads the data file.
+class MainPanelView;
+
+/// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
+/// main panel and the picker. Making it loads the data file.
 class AppDelegate final
 {
 public:
     explicit AppDelegate(std::unique_ptr<Platform> platform);
+    ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
@@ -23,15 +31,30 @@ public:
 
 private:
     void setupMenuBar();
+    void setupMainPanel();
     void setupColorPickerService();
+    void setupGlobalClickDismiss();
+
+    void handleStatusBarClick();
+    /// `click` is where the status item was clicked, if it was.
+    void showMainPanel(std::optional<QPoint> click = {});
+    void hideMainPanel();
+    void followSystemAppearance();
+
     /// The menu's way in; a colour picked is recorded, copied and saved.
     void activatePicker();
+    /// The panel's way in: the panel is gone from the screen before picking begins.
+    void activateColorPicker();
 
     std::unique_ptr<Platform> m_platform;
     AppState m_appState;
     StatusItem m_statusItem;
     ScreenCaptureService m_capture;
     ColorPickerService m_colorPickerService;
+    // Belongs to the panel.
+    MainPanelView* m_mainPanelView = nullptr;
+    std::unique_ptr<FloatingPanel> m_mainPanel;
+    QElapsedTimer m_sinceClickElsewhere;
 };
 
 } // namespace tintwick

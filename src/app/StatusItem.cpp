@@ -1,7 +1,6 @@
 #include "app/StatusItem.h"
 
 #include <QAction>
-#include <QCursor>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
@@ -50,9 +49,15 @@ StatusItem::StatusItem(QObject* parent)
     m_icon.setContextMenu(&m_menu);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger) {
-            m_menu.popup(QCursor::pos());
+            Q_EMIT clicked();
         }
     });
+}
+
+std::optional<QRect> StatusItem::frame() const
+{
+    const QRect frame = m_icon.geometry();
+    return frame.isEmpty() ? std::nullopt : std::optional(frame);
 }
 
 } // namespace tintwick

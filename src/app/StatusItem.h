@@ -2,7 +2,10 @@
 
 #include <QMenu>
 #include <QObject>
+#include <QRect>
 #include <QSystemTrayIcon>
+
+#include <optional>
 
 namespace tintwick {
 
@@ -16,7 +19,11 @@ public:
 
     void show() { m_icon.show(); }
 
+    /// In points, from the top left of the desktop; none where there is no tray, or one that keeps the place to itself.
+    [[nodiscard]] std::optional<QRect> frame() const;
+
 Q_SIGNALS:
+    void clicked();
     void pickRequested();
     void quitRequested();
 

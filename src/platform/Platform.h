@@ -6,9 +6,12 @@
 
 namespace tintwick {
 
+class ClickMonitor;
 class LoupeSurface;
+class PanelHost;
 class PickingInput;
 class ScreenGrabber;
+class SystemAppearance;
 
 /// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program.
 class Platform
@@ -23,6 +26,9 @@ public:
     [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
+    [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
+    [[nodiscard]] virtual PanelHost& panelHost() = 0;
+    [[nodiscard]] virtual SystemAppearance& systemAppearance() = 0;
 };
 
 } // namespace tintwick

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/ScriptedClickMonitor.h"
 #include "support/ScriptedLoupeSurface.h"
+#include "support/ScriptedPanelHost.h"
 #include "support/ScriptedPickingInput.h"
 #include "support/ScriptedScreenGrabber.h"
+#include "support/ScriptedSystemAppearance.h"
 
 namespace tintwick::test {
 
@@ -15,6 +18,9 @@ public:
     QStringList journal;
     ScriptedScreenGrabber grabber{journal};
     ScriptedPickingInput input{journal};
+    ScriptedClickMonitor clicks;
+    ScriptedPanelHost panels;
+    ScriptedSystemAppearance appearance;
     /// Every frame of every loupe.
     std::vector<ScriptedLoupeSurface::Frame> frames;
 
@@ -22,6 +28,9 @@ public:
     [[nodiscard]] PickingInput& pickingInput() override { return input; }
     /// The first loupe has the id 1, the next one 2, ...
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    [[nodiscard]] ClickMonitor& clickMonitor() override { return clicks; }
+    [[nodiscard]] PanelHost& panelHost() override { return panels; }
+    [[nodiscard]] SystemAppearance& systemAppearance() override { return appearance; }
 
 private:
     SurfaceId m_loupes = 0;

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/portal/PortalAppearance.h"
+#include "platform/x11/X11ClickMonitor.h"
+#include "platform/x11/X11PanelHost.h"
 #include "platform/x11/X11PickingInput.h"
 #include "platform/x11/X11ScreenGrabber.h"
 #include "platform/x11/XcbConnection.h"
@@ -18,11 +21,17 @@ public:
     [[nodiscard]] ScreenGrabber& screenGrabber() override { return m_screenGrabber; }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
+    [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
+    [[nodiscard]] SystemAppearance& systemAppearance() override { return m_systemAppearance; }
 
 private:
     std::unique_ptr<XcbConnection> m_connection;
     X11ScreenGrabber m_screenGrabber;
     X11PickingInput m_pickingInput;
+    X11ClickMonitor m_clickMonitor;
+    X11PanelHost m_panelHost;
+    PortalAppearance m_systemAppearance;
 };
 
 } // namespace tintwick

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+namespace tintwick {
+
+class PanelHost;
+
+/// The window of the main panel: without a frame, above all other windows and on every desktop, passed over by task
+/// bars. It takes typing once it is clicked, but appearing does not take it from the window the user is in. It is only
+/// ever hidden; Escape hides it, and so does a window manager that would close it.
+class FloatingPanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr QSize contentSize{380, 580};
+    static constexpr double cornerRadius = 16;
+
+    /// Shows `content`, which becomes its own and draws the rounded ground. Where the desktop does not blend windows the
+    /// window is cut to that shape instead. The host must outlive the panel.
+    FloatingPanel(PanelHost& host, QWidget* content);
+
+    /// `topLeft` in points, from the top left of the desktop.
+    void showAt(QPoint topLeft);
+
+Q_SIGNALS:
+    void visibleChanged(bool isVisible);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    PanelHost& m_host;
+};
+
+} // namespace tintwick

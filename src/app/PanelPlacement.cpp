@@ -1,0 +1,79 @@
+#include "app/PanelPlacement.h"
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+// QRect's own right() and bottom() are the last pixel inside, not the edge.
+int rightEdge(const QRect& rect)
+{
+    return rect.x() + rect.width();
+}
+
+int bottomEdge(const QRect& rect)
+{
+    return rect.y() + rect.height();
+}
+
+/// Where the range cannot hold the value, the lower bound wins.
+int bounded(int value, int lowest, int highest)
+{
+    return std::max(lowest, std::min(value, highest));
+}
+
+int squaredDistance(const QRect& rect, QPoint point)
+{
+    const int dx = point.x() - bounded(point.x(), rect.x(), rightEdge(rect) - 1);
+    const int dy = point.y() - bounded(point.y(), rect.y(), bottomEdge(rect) - 1);
+    return dx * dx + dy * dy;
+}
+
+const PanelScreen& nearestScreen(const QList<PanelScreen>& screens, QPoint point)
+{
+    return *std::min_element(screens.begin(), screens.end(), [&](const PanelScreen& one, const PanelScreen& other) {
+        return squaredDistance(one.frame, point) < squaredDistance(other.frame, point);
+    });
+}
+
+QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
+{
+    const QRect& room = screen.available;
+    const int lowestX = room.x() + panelMargin;
+    const int highestX = rightEdge(room) - panel.width() - panelMargin;
+    const int centredX = bounded(anchor.x() + anchor.width() / 2 - panel.width() / 2, lowestX, highestX);
+
+    // A bar that keeps its strip of the screen free is the item's outline, however small the icon in it.
+    const int below = std::max(bottomEdge(anchor), room.y());
+    if (below + panel.height() <= bottomEdge(room)) {
+        return {centredX, below};
+    }
+    const int above = std::min(anchor.y(), bottomEdge(room)) - panel.height();
+    if (above >= room.y()) {
+        return {centredX, above};
+    }
+    const bool isOnTheLeft = anchor.center().x() < screen.frame.center().x();
+    const int sideways = isOnTheLeft ? rightEdge(anchor) : anchor.x() - panel.width();
+    return {bounded(sideways, lowestX, highestX),
+            bounded(anchor.center().y() - panel.height() / 2, room.y(), bottomEdge(room) - panel.height())};
+}
+
+} // namespace
+
+QPoint placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, QSize panel)
+{
+    if (screens.isEmpty()) {
+        return {0, 0};
+    }
+    if (anchor.statusItem) {
+        return besideAnchor(*anchor.statusItem, nearestScreen(screens, anchor.statusItem->center()), panel);
+    }
+    if (anchor.click) {
+        return besideAnchor(QRect(*anchor.click, QSize(1, 1)), nearestScreen(screens, *anchor.click), panel);
+    }
+    const QRect& room = screens.first().available;
+    return {std::max(room.x() + panelMargin, rightEdge(room) - panel.width() - panelMargin), room.y()};
+}
+
+} // namespace tintwick
