@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class QMenu;
+class QPoint;
+class QWidget;
+
+namespace tintwick {
+
+/// One line of a context menu. A menu is written down as the list of its lines.
+struct MenuEntry
+{
+    enum class Kind { Action, Destructive, Submenu, Separator };
+
+    Kind kind = Kind::Action;
+    QString title;
+    /// Name of a symbol, or empty.
+    QString symbol;
+    std::function<void()> action;
+    QList<MenuEntry> children;
+};
+
+[[nodiscard]] MenuEntry menuAction(const QString& title, std::function<void()> action);
+[[nodiscard]] MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action);
+/// An action that cannot be undone, in red.
+[[nodiscard]] MenuEntry menuDestructive(const QString& title, std::function<void()> action);
+[[nodiscard]] MenuEntry submenu(const QString& title, const QList<MenuEntry>& entries);
+[[nodiscard]] MenuEntry menuSeparator();
+
+/// Opens a menu in the appearance of `owner` at a global position. It returns at once; the menu deletes itself.
+QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries);
+/// Gives a menu of ours the look of all menus.
+void styleMenu(QMenu& menu);
+
+} // namespace tintwick

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/DS.h"
+#include "ui/kit/Bound.h"
+
+#include <QWidget>
+
+namespace tintwick {
+
+/// One line of text, or several where the text has line breaks. A line too long for its room ends in an ellipsis.
+class Label final : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text)
+
+public:
+    Label(const QString& text, const QFont& font, const DS::Color& color);
+
+    [[nodiscard]] QString text() const { return m_text; }
+    void setText(const QString& text);
+    void setColor(const DS::Color& color);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_text;
+    DS::Color m_color;
+};
+
+[[nodiscard]] Label* label(const QString& text, const QFont& font, const DS::Color& color = DS::textPrimary);
+/// A text that follows state.
+[[nodiscard]] Label* label(const Bound<QString>& text, const QFont& font,
+                           const DS::Color& color = DS::textPrimary);
+
+} // namespace tintwick

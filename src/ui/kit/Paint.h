@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/DS.h"
+
+#include <QBrush>
+#include <QRectF>
+
+class QPainter;
+
+namespace tintwick {
+
+// All lengths are in points. Each helper leaves the painter as it was, with antialiasing as it needs it.
+
+/// A brush from the top-left to the bottom-right corner of `rect`.
+[[nodiscard]] QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme);
+
+void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
+/// A line that lies wholly inside the shape.
+void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width);
+/// The same, dashed: `on` and `off` in points.
+void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
+                        double width, double on, double off);
+/// The ring of keyboard focus, around `rect`.
+void drawFocusRing(QPainter& painter, const QRectF& rect, double radius);
+/// Cells of 4 points from the top-left corner of `rect`, the first one white, cut off at the rounded edge.
+void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius);
+
+} // namespace tintwick

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace tintwick {
+
+/// A view onto content that is longer than its room in one direction. It has no indicators.
+class ScrollArea final : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    ScrollArea(Qt::Orientation direction, QWidget* content);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    Qt::Orientation m_direction;
+};
+
+/// Scrolls up and down; as wide as it is given room.
+[[nodiscard]] ScrollArea* verticalScroll(QWidget* content);
+/// Scrolls to the sides, by the wheel either way; as high as its content.
+[[nodiscard]] ScrollArea* horizontalScroll(QWidget* content);
+
+} // namespace tintwick

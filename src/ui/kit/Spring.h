@@ -1,0 +1,41 @@
+#pragma once
+
+namespace tintwick {
+
+/// A damped spring that pulls a value to its target. Advancing it solves the motion exactly, so that the way taken does
+/// not depend on the length of the steps.
+class Spring final
+{
+public:
+    /// `response` is the period in seconds that the spring would have undamped; a `dampingFraction` of 1 does not
+    /// overshoot.
+    constexpr Spring(double response, double dampingFraction, double position = 0)
+        : m_response(response)
+        , m_dampingFraction(dampingFraction)
+        , m_position(position)
+        , m_target(position)
+    {
+    }
+
+    [[nodiscard]] constexpr double position() const { return m_position; }
+    /// Per second.
+    [[nodiscard]] constexpr double velocity() const { return m_velocity; }
+    [[nodiscard]] constexpr double target() const { return m_target; }
+    [[nodiscard]] bool isMoving() const;
+
+    /// Keeps position and velocity, so that a motion is turned without a jolt.
+    constexpr void setTarget(double target) { m_target = target; }
+    /// Is there at once, and at rest.
+    void jumpTo(double position);
+    /// Returns whether it still moves. Closer to the target than the eye can tell, it comes to rest on it.
+    bool advance(double seconds);
+
+private:
+    double m_response;
+    double m_dampingFraction;
+    double m_position;
+    double m_velocity = 0;
+    double m_target;
+};
+
+} // namespace tintwick

@@ -1,0 +1,157 @@
+#pragma once
+
+#include "ui/DS.h"
+#include "ui/kit/Shadow.h"
+#include "ui/kit/ShadowCaster.h"
+
+#include <QMargins>
+#include <QWidget>
+
+#include <optional>
+#include <utility>
+#include <variant>
+
+class QBoxLayout;
+
+namespace tintwick {
+
+// What a row or column is made of, beside widgets. Lengths in points.
+
+struct Gap
+{
+    int points;
+};
+struct Padding
+{
+    QMargins margins;
+};
+struct Spacer
+{
+};
+/// A fixed extent; a negative one leaves that direction as it is.
+struct FixedSize
+{
+    int width;
+    int height;
+};
+/// Where children stand that do not fill the stack across its direction.
+enum class Across { Leading, Center };
+/// What is drawn below the children.
+struct Ground
+{
+    std::variant<DS::Color, DS::Gradient> fill;
+    double cornerRadius = 0;
+};
+struct Outline
+{
+    DS::Color color = DS::border;
+    double width = 1;
+    /// Solid when 0; else the length of dashes and of the room between them.
+    double dash = 0;
+};
+
+[[nodiscard]] constexpr Gap gap(int points)
+{
+    return {points};
+}
+[[nodiscard]] constexpr Padding padding(int all)
+{
+    return {{all, all, all, all}};
+}
+[[nodiscard]] constexpr Padding padding(int horizontal, int vertical)
+{
+    return {{horizontal, vertical, horizontal, vertical}};
+}
+[[nodiscard]] constexpr Spacer spacer()
+{
+    return {};
+}
+[[nodiscard]] constexpr FixedSize size(int width, int height)
+{
+    return {width, height};
+}
+[[nodiscard]] constexpr FixedSize width(int points)
+{
+    return {points, -1};
+}
+[[nodiscard]] constexpr FixedSize height(int points)
+{
+    return {-1, points};
+}
+[[nodiscard]] inline Ground ground(const DS::Color& color, double cornerRadius = 0)
+{
+    return {color, cornerRadius};
+}
+[[nodiscard]] inline Ground ground(const DS::Gradient& gradient, double cornerRadius = 0)
+{
+    return {gradient, cornerRadius};
+}
+[[nodiscard]] inline Outline outline(const DS::Color& color, double width)
+{
+    return {color, width};
+}
+[[nodiscard]] inline Outline dashedOutline(const DS::Color& color, double width, double dash)
+{
+    return {color, width, dash};
+}
+
+/// A row or column of widgets, on a ground of its own if it is given one. Made by `row()` and `column()`.
+class Stack : public QWidget, public ShadowCaster
+{
+    Q_OBJECT
+
+public:
+    explicit Stack(Qt::Orientation direction);
+
+    void add(QWidget* child);
+    void add(Gap gap);
+    void add(Padding padding);
+    void add(Spacer spacer);
+    void add(FixedSize size);
+    /// Holds for the children added after it.
+    void add(Across across);
+    void add(Ground ground);
+    void add(Outline outline);
+    void add(Shadow shadow);
+
+    /// Whether this stack draws a ground, on which shadows fall.
+    [[nodiscard]] bool hasGround() const { return m_ground.has_value(); }
+    void setGround(const Ground& ground);
+    /// Takes all children out and deletes them; what they were made of stays.
+    void clearChildren();
+
+    void paintShadow(QPainter& painter) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QBoxLayout* m_layout;
+    Across m_across = Across::Center;
+    std::optional<Ground> m_ground;
+    std::optional<Outline> m_outline;
+    std::optional<Shadow> m_shadow;
+};
+
+/// `row(gap(10), padding(14, 10), title(), spacer(), settingsButton())`: the parts from left to right.
+template <typename... Parts>
+[[nodiscard]] Stack* row(Parts&&... parts)
+{
+    auto* stack = new Stack(Qt::Horizontal);
+    (stack->add(std::forward<Parts>(parts)), ...);
+    return stack;
+}
+
+/// The parts from top to bottom.
+template <typename... Parts>
+[[nodiscard]] Stack* column(Parts&&... parts)
+{
+    auto* stack = new Stack(Qt::Vertical);
+    (stack->add(std::forward<Parts>(parts)), ...);
+    return stack;
+}
+
+/// Makes `content` the whole of `host`.
+void setContent(QWidget& host, QWidget* content);
+
+} // namespace tintwick

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QObject>
+
+#include <vector>
+
+namespace tintwick {
+
+class Animator;
+
+/// The one clock of everything that moves. It runs only while something does.
+class Ticker final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Where the time comes from: the clock, or calls of `advance()` alone.
+    enum class Mode { Clock, ByHand };
+
+    [[nodiscard]] static Ticker& shared();
+
+    void setMode(Mode mode);
+    /// Without motion everything is at once where it would go.
+    void setMotionReduced(bool reduced);
+    [[nodiscard]] bool isMotionReduced() const { return m_motionReduced; }
+
+    /// Whether the timer wakes the process.
+    [[nodiscard]] bool isRunning() const { return m_timer.isActive(); }
+    [[nodiscard]] bool hasMotion() const { return !m_moving.empty(); }
+    /// Moves everything on.
+    void advance(double seconds);
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    friend class Animator;
+
+    void start(Animator& animator);
+    void stop(Animator& animator);
+    void runOrRest();
+
+    std::vector<Animator*> m_moving;
+    QBasicTimer m_timer;
+    QElapsedTimer m_sinceFrame;
+    Mode m_mode = Mode::Clock;
+    bool m_motionReduced = false;
+};
+
+} // namespace tintwick
