@@ -21,6 +21,19 @@ namespace {
 
 constexpr std::chrono::milliseconds preparationDelay{400};
 
+std::optional<Scheme> toScheme(SystemAppearance::Scheme scheme)
+{
+    switch (scheme) {
+    case SystemAppearance::Scheme::Light:
+        return Scheme::Light;
+    case SystemAppearance::Scheme::Dark:
+        return Scheme::Dark;
+    case SystemAppearance::Scheme::Unknown:
+        break;
+    }
+    return std::nullopt;
+}
+
 QList<PanelScreen> panelScreens()
 {
     QList<PanelScreen> screens;
@@ -136,7 +149,7 @@ void AppDelegate::followSystemAppearance()
 {
     SystemAppearance& system = m_platform->systemAppearance();
     const auto apply = [this, &system] {
-        m_mainPanelView->setSystemScheme(system.scheme());
+        m_mainPanelView->setSystemScheme(toScheme(system.scheme()));
         Ticker::shared().setMotionReduced(system.reducesMotion());
     };
     apply();

@@ -1,6 +1,7 @@
 #include "app/FloatingPanel.h"
 
 #include "platform/PanelHost.h"
+#include "ui/DS.h"
 #include "ui/kit/Corners.h"
 
 #include <QCloseEvent>
@@ -38,7 +39,7 @@ void FloatingPanel::showEvent(QShowEvent* event)
     if (m_host.blendsWindows()) {
         clearMask();
     } else {
-        setMask(QRegion(roundedPath(rect(), cornerRadius).toFillPolygon().toPolygon()));
+        setMask(QRegion(roundedPath(rect(), DS::panelRadius).toFillPolygon().toPolygon()));
     }
     QWidget::showEvent(event);
     Q_EMIT visibleChanged(true);

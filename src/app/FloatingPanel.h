@@ -15,7 +15,6 @@ class FloatingPanel final : public QWidget
 
 public:
     static constexpr QSize contentSize{380, 580};
-    static constexpr double cornerRadius = 16;
 
     /// Shows `content`, which becomes its own and draws the rounded ground. Where the desktop does not blend windows the
     /// window is cut to that shape instead. The host must outlive the panel.

@@ -1,0 +1,256 @@
+#include "ui/CollectionRowCard.h"
+
+#include "state/AppState.h"
+#include "ui/Appearance.h"
+#include "ui/ColorActions.h"
+#include "ui/ColorDrag.h"
+#include "ui/kit/ContextMenu.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/Shadow.h"
+#include "ui/kit/Symbol.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double cardRadius = 14;
+constexpr double hoverScale = 1.01;
+constexpr QMargins shadowExtents(20, 20, 20, 20);
+
+constexpr int horizontalPadding = 12;
+constexpr int verticalPadding = 10;
+constexpr int gapBetweenParts = 12;
+constexpr int tileSide = 44;
+constexpr double tileRadius = 10;
+constexpr double lineGap = 2;
+constexpr int previewCount = 4;
+constexpr double previewSide = 30;
+constexpr double previewRadius = 7;
+constexpr double previewGap = 4;
+
+constexpr Shadow iconShadow{DS::black.opacity(0.25), 2, QPointF(0, 1)};
+
+QColor mixed(const QColor& from, const QColor& to, double fraction)
+{
+    const auto part = [fraction](float a, float b) { return a + (b - a) * static_cast<float>(fraction); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
+double mixed(double from, double to, double fraction)
+{
+    return from + (to - from) * fraction;
+}
+
+double fractionOf(const Spring& spring)
+{
+    return qBound(0.0, spring.position(), 1.0);
+}
+
+} // namespace
+
+CollectionRowCard::CollectionRowCard(AppState& appState)
+    : Clickable({})
+    , m_appState(appState)
+    , m_hover(0.18, 0.8)
+    , m_drop(0.18, 0.8)
+    , m_animator([this](double seconds) {
+        const bool isMoving = m_hover.advance(seconds) | m_drop.advance(seconds);
+        update();
+        updateShadow(*this, shadowExtents);
+        return isMoving;
+    })
+{
+    setAcceptDrops(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // The squares are those of the history.
+    connect(&m_appState, &AppState::historyChanged, this, [this] { update(); });
+}
+
+void CollectionRowCard::setCollection(const ColorCollection& collection)
+{
+    if (m_collection == collection) {
+        return;
+    }
+    m_collection = collection;
+    setAccessibleName(tr("%1, %2").arg(m_collection.name, countText()));
+    update();
+}
+
+void CollectionRowCard::setAccent(const DS::Gradient& accent)
+{
+    m_accent = accent;
+    update();
+}
+
+QString CollectionRowCard::countText() const
+{
+    const qsizetype count = m_collection.colorIds.size();
+    return count == 1 ? tr("1 Color") : tr("%1 Colors").arg(count);
+}
+
+QList<CapturedColor> CollectionRowCard::previewColors() const
+{
+    ColorCollection head = m_collection;
+    head.colorIds = head.colorIds.mid(0, previewCount);
+    return head.colors(m_appState.history());
+}
+
+QSize CollectionRowCard::sizeHint() const
+{
+    return {2 * (overhang + horizontalPadding) + tileSide, tileSide + 2 * (overhang + verticalPadding)};
+}
+
+void CollectionRowCard::hoverChanged()
+{
+    m_hover.setTarget(isHovered() ? 1 : 0);
+    m_animator.start();
+}
+
+void CollectionRowCard::setDropTarget(bool isDropTarget)
+{
+    m_isDropTarget = isDropTarget;
+    m_drop.setTarget(isDropTarget ? 1 : 0);
+    m_animator.start();
+}
+
+void CollectionRowCard::contextMenuEvent(QContextMenuEvent* event)
+{
+    openContextMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
+                                                                : mapToGlobal(rect().center()));
+}
+
+void CollectionRowCard::openContextMenu(QPoint globalPosition)
+{
+    popUpMenu(*this, globalPosition,
+              {menuDestructive(tr("Delete"),
+                               [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })});
+}
+
+void CollectionRowCard::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        openContextMenu(mapToGlobal(rect().center()));
+        return;
+    }
+    Clickable::keyPressEvent(event);
+}
+
+void CollectionRowCard::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (carriesText(*event->mimeData())) {
+        event->acceptProposedAction();
+        setDropTarget(true);
+    }
+}
+
+void CollectionRowCard::dragLeaveEvent(QDragLeaveEvent*)
+{
+    setDropTarget(false);
+}
+
+void CollectionRowCard::dropEvent(QDropEvent* event)
+{
+    setDropTarget(false);
+    event->acceptProposedAction();
+    for (const QUuid& id : droppedColorIds(*event->mimeData())) {
+        m_appState.addColor(id, m_collection.id);
+    }
+}
+
+void CollectionRowCard::paintShadow(QPainter& painter) const
+{
+    const double hover = fractionOf(m_hover);
+    const Shadow shadow{DS::black.opacity(mixed(0.03, 0.07, hover)), mixed(3, 8, hover), QPointF(0, 2)};
+    drawShadow(painter, scaledCardRect(), cardRadius * scale(), shadow, Appearance::of(this));
+}
+
+void CollectionRowCard::paintEvent(QPaintEvent*)
+{
+    const Scheme scheme = Appearance::of(this);
+    const QRectF card = cardRect();
+    QPainter painter(this);
+    painter.translate(card.center());
+    painter.scale(scale(), scale());
+    painter.translate(-card.center());
+
+    fillRounded(painter, card, cardRadius, DS::surface.in(scheme));
+
+    const QRectF tile(card.left() + horizontalPadding, card.top() + verticalPadding, tileSide, tileSide);
+    fillRounded(painter, tile, tileRadius, gradientBrush(tile, m_accent, scheme));
+    drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), tile);
+
+    const QList<CapturedColor> preview = previewColors();
+    double right = card.right() - horizontalPadding;
+    paintPreview(painter, preview, right);
+    if (!preview.isEmpty()) {
+        right -= static_cast<double>(preview.size()) * (previewSide + previewGap) - previewGap + gapBetweenParts;
+    }
+
+    const QFont nameFont = DS::font(14, QFont::Bold);
+    const QFont countFont = DS::font(11);
+    const QFontMetricsF nameMetrics(nameFont);
+    const QFontMetricsF countMetrics(countFont);
+    const double left = tile.right() + gapBetweenParts;
+    const double width = right - left;
+    QRectF line(left, 0, width, nameMetrics.height());
+    line.moveTop(card.center().y() - (nameMetrics.height() + lineGap + countMetrics.height()) / 2);
+    painter.setFont(nameFont);
+    painter.setPen(DS::textPrimary.in(scheme));
+    painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
+                     nameMetrics.elidedText(m_collection.name, Qt::ElideRight, width));
+    line = QRectF(left, line.bottom() + lineGap, width, countMetrics.height());
+    painter.setFont(countFont);
+    painter.setPen(DS::textSecond.in(scheme));
+    painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter, countText());
+
+    const QColor hovered =
+        mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), fractionOf(m_hover));
+    strokeInside(painter, card, cardRadius,
+                 mixed(hovered, DS::accent.opacity(0.6).in(scheme), fractionOf(m_drop)),
+                 mixed(1, 1.5, fractionOf(m_drop)));
+    if (showsFocusRing()) {
+        drawFocusRing(painter, card, cardRadius, scheme);
+    }
+}
+
+void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const
+{
+    const Scheme scheme = Appearance::of(this);
+    QRectF square(right - previewSide, cardRect().center().y() - previewSide / 2, previewSide, previewSide);
+    square.translate(-static_cast<double>(colors.size() - 1) * (previewSide + previewGap), 0);
+    for (const CapturedColor& color : colors) {
+        const QColor fill = paintColor(color);
+        drawShadow(painter, square, previewRadius, {DS::Color(fill).opacity(0.28), 3, QPointF(0, 1)}, scheme);
+        fillRounded(painter, square, previewRadius, fill);
+        square.translate(previewSide + previewGap, 0);
+    }
+}
+
+double CollectionRowCard::scale() const
+{
+    return 1 + (hoverScale - 1) * m_hover.position();
+}
+
+QRectF CollectionRowCard::cardRect() const
+{
+    return QRectF(rect()).adjusted(overhang, overhang, -overhang, -overhang);
+}
+
+QRectF CollectionRowCard::scaledCardRect() const
+{
+    QRectF card = cardRect();
+    const QPointF center = card.center();
+    card.setSize(card.size() * scale());
+    card.moveCenter(center);
+    return card;
+}
+
+} // namespace tintwick

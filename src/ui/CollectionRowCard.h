@@ -1,0 +1,71 @@
+#pragma once
+
+#include "model/CapturedColor.h"
+#include "model/ColorCollection.h"
+#include "ui/DS.h"
+#include "ui/kit/Animator.h"
+#include "ui/kit/Clickable.h"
+#include "ui/kit/ShadowCaster.h"
+#include "ui/kit/Spring.h"
+
+#include <QList>
+#include <QRectF>
+#include <QString>
+
+namespace tintwick {
+
+class AppState;
+
+/// A collection in the list of the dashboard: its icon, name and size, and its first colours. Colours can be dropped
+/// on it.
+class CollectionRowCard final : public Clickable, public ShadowCaster
+{
+    Q_OBJECT
+
+public:
+    /// Room around the card, into which it grows under the pointer.
+    static constexpr int overhang = 2;
+
+    explicit CollectionRowCard(AppState& appState);
+
+    void setCollection(const ColorCollection& collection);
+    void setAccent(const DS::Gradient& accent);
+
+    [[nodiscard]] const ColorCollection& collection() const { return m_collection; }
+    /// "1 Color", "7 Colors"
+    [[nodiscard]] QString countText() const;
+    /// Those of the first four members that the history still holds.
+    [[nodiscard]] QList<CapturedColor> previewColors() const;
+    [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    void paintShadow(QPainter& painter) const override;
+
+protected:
+    void hoverChanged() override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void openContextMenu(QPoint globalPosition);
+    void setDropTarget(bool isDropTarget);
+    void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
+    [[nodiscard]] QRectF cardRect() const;
+    [[nodiscard]] QRectF scaledCardRect() const;
+    [[nodiscard]] double scale() const;
+
+    AppState& m_appState;
+    ColorCollection m_collection;
+    DS::Gradient m_accent = DS::cardAccents[0];
+    bool m_isDropTarget = false;
+    /// 0 at rest, 1 while the pointer or a drag is over the card.
+    Spring m_hover;
+    Spring m_drop;
+    Animator m_animator;
+};
+
+} // namespace tintwick

@@ -1,0 +1,223 @@
+#include "ui/DashboardView.h"
+
+#include "state/AppState.h"
+#include "ui/CollectionRowCard.h"
+#include "ui/DS.h"
+#include "ui/DashboardSwatchView.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/Sheet.h"
+#include "ui/kit/ShownWhen.h"
+#include "ui/kit/SymbolView.h"
+#include "ui/kit/TextField.h"
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr DS::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
+constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
+
+// Swatches and cards reach over their own edges while they are hovered; the views hold that room, so it is taken off
+// the gaps around them.
+constexpr int overhang = CollectionRowCard::overhang;
+static_assert(overhang == DashboardSwatchView::overhang);
+
+QWidget* inset(QWidget* content)
+{
+    return row(padding(overhang, 0), content);
+}
+
+} // namespace
+
+DashboardView::DashboardView(AppState& appState, QWidget& panel)
+    : m_appState(appState)
+    , m_panel(panel)
+    , m_recentRow(row(gap(12 - 2 * overhang), padding(0, 4 - overhang)))
+    , m_cardList(column(gap(10 - 2 * overhang)))
+    , m_swatches(
+          *m_recentRow,
+          [this] {
+              auto* swatch = new DashboardSwatchView(m_appState);
+              connect(swatch, &DashboardSwatchView::stepRequested, this,
+                      [this, swatch](int step) { moveFocus(*swatch, step); });
+              return swatch;
+          },
+          [](DashboardSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
+    , m_cards(
+          *m_cardList, [this] { return new CollectionRowCard(m_appState); },
+          [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
+              card.setCollection(collection);
+              card.setAccent(DS::cardAccents[static_cast<std::size_t>(position) % DS::cardAccents.size()]);
+          })
+{
+    setContent(verticalScroll(column(gap(20), padding(16 - overhang, 16),
+        inset(eyedropperButton()),
+        shownWhen(historyIsNotEmpty(), inset(recentHeader())),
+        shownWhen(historyIsNotEmpty(), recentRow()),
+        column(gap(20 - overhang),
+            inset(sectionLabel(tr("Collections"))),
+            collectionsSection()),
+        spacer())));
+
+    connect(&m_appState, &AppState::historyChanged, this, &DashboardView::showHistory);
+    connect(&m_appState, &AppState::collectionsChanged, this, &DashboardView::showCollections);
+    showHistory();
+    showCollections();
+}
+
+QWidget* DashboardView::eyedropperButton()
+{
+    const QString title = tr("Pick a Color");
+    m_pick = plainButton(
+        title, [this] { m_appState.startPicking(); },
+        row(height(50), gap(8), ground(pickGradient, 14), pickShadow,
+            spacer(),
+            symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
+            label(title, DS::font(16, QFont::DemiBold), DS::white),
+            spacer()),
+        14);
+    return m_pick;
+}
+
+QWidget* DashboardView::recentHeader()
+{
+    return sectionLabel(tr("Recent History"));
+}
+
+QWidget* DashboardView::recentRow()
+{
+    return horizontalScroll(m_recentRow);
+}
+
+QWidget* DashboardView::sectionLabel(const QString& title)
+{
+    return label(title, DS::font(15, QFont::DemiBold), DS::textSecond);
+}
+
+QWidget* DashboardView::collectionsSection()
+{
+    m_createFirst = createFirstPaletteButton();
+    m_add = addPaletteRow();
+    m_cardList->add(row(padding(overhang, overhang), shownWhen(hasCollections(), m_add)));
+    const auto hasNone = bound([this] { return m_appState.collections().isEmpty(); })
+                             .changedBy(m_appState, &AppState::collectionsChanged);
+    return column(
+        shownWhen(hasNone, row(Padding{{overhang, overhang, overhang, 0}}, m_createFirst)),
+        shownWhen(hasCollections(), m_cardList));
+}
+
+QWidget* DashboardView::createFirstPaletteButton()
+{
+    const QString title = tr("Create your first palette");
+    return plainButton(
+        title, [this] { openNewPaletteSheet(); },
+        row(height(50), gap(6), ground(DS::accent.opacity(0.08), 12),
+            spacer(),
+            symbol(u"plus.circle.fill"_s, 14, SymbolWeight::Regular, DS::accent),
+            label(title, DS::font(13, QFont::Medium), DS::accent),
+            spacer()),
+        12);
+}
+
+QWidget* DashboardView::addPaletteRow()
+{
+    const QString title = tr("New Palette");
+    return plainButton(
+        title, [this] { openNewPaletteSheet(); },
+        row(gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
+            row(size(44, 44), centered(), ground(DS::surfaceHigh, 10),
+                symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
+            label(title, DS::font(14, QFont::Medium), DS::textThird),
+            spacer()),
+        14);
+}
+
+void DashboardView::openNewPaletteSheet()
+{
+    auto* name = new TextField(tr("Palette name"), m_newCollectionName);
+    auto* create = prominentButton(tr("Create"), [this] { createCollection(); });
+    const auto nameChanged = [this, create](const QString& text) {
+        m_newCollectionName = text;
+        create->setEnabled(!text.trimmed().isEmpty());
+    };
+    connect(name, &QLineEdit::textChanged, this, nameChanged);
+    nameChanged(m_newCollectionName);
+
+    auto* form = column(gap(16), padding(20), width(280), Across::Leading,
+        label(tr("New Palette"), DS::headline()),
+        name,
+        row(borderedButton(tr("Cancel"), [this] { m_newPaletteSheet->dismiss(); }),
+            spacer(),
+            create));
+    m_newPaletteSheet = new Sheet(m_panel, tr("New Palette"), form, [this] { createCollection(); });
+}
+
+void DashboardView::createCollection()
+{
+    const QString name = m_newCollectionName.trimmed();
+    if (name.isEmpty() || !m_newPaletteSheet) {
+        return;
+    }
+    m_appState.createCollection(name);
+    m_newCollectionName.clear();
+    m_newPaletteSheet->dismiss();
+}
+
+Bound<bool> DashboardView::historyIsNotEmpty() const
+{
+    return bound([this] { return !m_appState.history().isEmpty(); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+Bound<bool> DashboardView::hasCollections() const
+{
+    return bound([this] { return !m_appState.collections().isEmpty(); })
+        .changedBy(m_appState, &AppState::collectionsChanged);
+}
+
+void DashboardView::showHistory()
+{
+    m_swatches.show(m_appState.history().mid(0, recentLimit));
+    orderFocus();
+}
+
+void DashboardView::showCollections()
+{
+    m_cards.show(m_appState.collections());
+    orderFocus();
+}
+
+void DashboardView::orderFocus() const
+{
+    QWidget* before = m_pick;
+    const auto next = [&before](QWidget* widget) {
+        setTabOrder(before, widget);
+        before = widget;
+    };
+    for (QWidget* swatch : swatches()) {
+        next(swatch);
+    }
+    for (QWidget* card : cards()) {
+        next(card);
+    }
+    next(m_createFirst);
+    next(m_add);
+}
+
+void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
+{
+    qsizetype position = 0;
+    while (position < swatches().size() && swatches()[position] != &from) {
+        ++position;
+    }
+    const qsizetype target = position + step;
+    if (target >= 0 && target < swatches().size()) {
+        swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "ui/kit/Stack.h"
+
+#include <QBoxLayout>
+#include <QHash>
+#include <QList>
+#include <QUuid>
+
+#include <functional>
+#include <utility>
+
+namespace tintwick {
+
+/// The children at the head of a stack that stand for the records of a list, in its order. A view lives as long as its
+/// record is in the list, so that it keeps the pointer, the focus and what is moving in it.
+template<typename View, typename Record>
+class RecordViews final
+{
+public:
+    /// A view for a record; it is given the record by its `set` afterwards.
+    using Make = std::function<View*()>;
+    using Set = std::function<void(View& view, const Record& record, qsizetype position)>;
+
+    RecordViews(Stack& stack, Make make, Set set)
+        : m_stack(stack)
+        , m_make(std::move(make))
+        , m_set(std::move(set))
+    {
+    }
+
+    [[nodiscard]] const QList<View*>& views() const { return m_views; }
+
+    void show(const QList<Record>& records)
+    {
+        QHash<QUuid, View*> old = std::exchange(m_byId, {});
+        m_views.clear();
+        auto* layout = static_cast<QBoxLayout*>(m_stack.layout());
+        for (const Record& record : records) {
+            View* view = old.take(record.id);
+            if (view == nullptr) {
+                view = m_make();
+            }
+            const qsizetype position = m_views.size();
+            m_set(*view, record, position);
+            layout->insertWidget(static_cast<int>(position), view);
+            view->show();
+            m_views.append(view);
+            m_byId.insert(record.id, view);
+        }
+        for (View* view : std::as_const(old)) {
+            view->hide();
+            layout->removeWidget(view);
+            // It may be the one whose own menu or drop changed the list.
+            view->deleteLater();
+        }
+    }
+
+private:
+    Stack& m_stack;
+    Make m_make;
+    Set m_set;
+    QList<View*> m_views;
+    QHash<QUuid, View*> m_byId;
+};
+
+} // namespace tintwick
