@@ -1,0 +1,181 @@
+#include "state/AppState.h"
+
+#include "model/ColorNameService.h"
+#include "state/ListOrder.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace tintwick {
+
+AppState::AppState(QObject* parent)
+    : AppState(
+          [this](std::chrono::milliseconds delay, std::function<void()> action) {
+              QTimer::singleShot(delay, Qt::PreciseTimer, this, std::move(action));
+          },
+          parent)
+{
+}
+
+AppState::AppState(RunLater runLater, QObject* parent)
+    : QObject(parent)
+    , m_runLater(std::move(runLater))
+{
+    if (auto payload = m_storage.load()) {
+        m_history = std::move(payload->history);
+        m_collections = std::move(payload->collections);
+        m_defaultFormat = payload->defaultFormat;
+    }
+}
+
+void AppState::setDefaultFormat(ColorFormat format)
+{
+    if (m_defaultFormat == format)
+        return;
+    m_defaultFormat = format;
+    Q_EMIT defaultFormatChanged();
+}
+
+void AppState::setSelectedCollectionId(const std::optional<QUuid>& id)
+{
+    if (m_selectedCollectionId == id)
+        return;
+    m_selectedCollectionId = id;
+    Q_EMIT selectedCollectionIdChanged();
+}
+
+void AppState::setShowCopiedFeedback(bool show)
+{
+    if (m_showCopiedFeedback == show)
+        return;
+    m_showCopiedFeedback = show;
+    Q_EMIT showCopiedFeedbackChanged();
+}
+
+void AppState::startPicking() const
+{
+    if (m_startPicking)
+        m_startPicking();
+}
+
+void AppState::setStartPicking(std::function<void()> action)
+{
+    m_startPicking = std::move(action);
+}
+
+void AppState::colorCaptured(const CapturedColor& color)
+{
+    CapturedColor named = color;
+    if (!named.customName)
+        named.customName = ColorNameService::shared().nearest(color);
+
+    m_history.prepend(named);
+    if (m_history.size() > historyLimit)
+        m_history.removeLast();
+    Q_EMIT historyChanged();
+
+    m_clipboard.copy(string(m_defaultFormat, named));
+    showCopyFeedback(m_defaultFormat, named);
+    save();
+}
+
+void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
+{
+    m_lastCopiedString = string(format, color);
+    Q_EMIT lastCopiedStringChanged();
+    setShowCopiedFeedback(true);
+    m_runLater(feedbackDuration, [this] { setShowCopiedFeedback(false); });
+}
+
+void AppState::deleteColor(const QUuid& id)
+{
+    m_history.removeIf([&](const CapturedColor& color) { return color.id == id; });
+    for (ColorCollection& collection : m_collections)
+        collection.colorIds.removeAll(id);
+    Q_EMIT historyChanged();
+    Q_EMIT collectionsChanged();
+    save();
+}
+
+void AppState::clearHistory()
+{
+    m_history.clear();
+    for (ColorCollection& collection : m_collections)
+        collection.colorIds.clear();
+    Q_EMIT historyChanged();
+    Q_EMIT collectionsChanged();
+    save();
+}
+
+void AppState::renameColor(const QUuid& id, const QString& name)
+{
+    const auto found = std::ranges::find(m_history, id, &CapturedColor::id);
+    if (found == m_history.end())
+        return;
+    found->customName = name.isEmpty() ? std::nullopt : std::optional(name);
+    Q_EMIT historyChanged();
+    save();
+}
+
+ColorCollection AppState::createCollection(const QString& name)
+{
+    const ColorCollection collection = ColorCollection::create(name);
+    m_collections.append(collection);
+    Q_EMIT collectionsChanged();
+    save();
+    return collection;
+}
+
+void AppState::deleteCollection(const QUuid& id)
+{
+    m_collections.removeIf([&](const ColorCollection& collection) { return collection.id == id; });
+    Q_EMIT collectionsChanged();
+    if (m_selectedCollectionId == id)
+        setSelectedCollectionId(std::nullopt);
+    save();
+}
+
+void AppState::addColor(const QUuid& colorId, const QUuid& toCollection)
+{
+    ColorCollection* collection = findCollection(toCollection);
+    if (!collection || collection->colorIds.contains(colorId))
+        return;
+    collection->colorIds.append(colorId);
+    Q_EMIT collectionsChanged();
+    save();
+}
+
+void AppState::removeColor(const QUuid& colorId, const QUuid& fromCollection)
+{
+    ColorCollection* collection = findCollection(fromCollection);
+    if (!collection)
+        return;
+    collection->colorIds.removeAll(colorId);
+    Q_EMIT collectionsChanged();
+    save();
+}
+
+void AppState::moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to)
+{
+    ColorCollection* collection = findCollection(inCollection);
+    if (!collection)
+        return;
+    collection->colorIds = moved(collection->colorIds, from, to);
+    Q_EMIT collectionsChanged();
+    save();
+}
+
+void AppState::save() const
+{
+    m_storage.save(m_history, m_collections, m_defaultFormat);
+}
+
+ColorCollection* AppState::findCollection(const QUuid& id)
+{
+    const auto found = std::ranges::find(m_collections, id, &ColorCollection::id);
+    return found == m_collections.end() ? nullptr : &*found;
+}
+
+} // namespace tintwick

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/CapturedColor.h"
+#include "model/ColorCollection.h"
+#include "model/ColorFormat.h"
+
+#include <QList>
+
+namespace tintwick {
+
+/// Everything the data file holds.
+struct Payload
+{
+    /// Newest first.
+    QList<CapturedColor> history;
+    /// In the user's order.
+    QList<ColorCollection> collections;
+    ColorFormat defaultFormat = ColorFormat::Hex6;
+
+    friend bool operator==(const Payload&, const Payload&) = default;
+};
+
+} // namespace tintwick

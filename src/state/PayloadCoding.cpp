@@ -1,0 +1,268 @@
+#include "state/PayloadCoding.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <string>
+
+namespace tintwick {
+
+namespace {
+
+using nlohmann::json;
+using nlohmann::ordered_json;
+
+std::string utf8(const QString& text)
+{
+    return text.toStdString();
+}
+
+std::string uuidText(const QUuid& id)
+{
+    return utf8(id.toString(QUuid::WithoutBraces).toUpper());
+}
+
+bool hasText(const QDateTime& date)
+{
+    const int year = date.toUTC().date().year();
+    return date.isValid() && year >= 1 && year <= 9999;
+}
+
+std::string dateText(const QDateTime& date)
+{
+    return utf8(date.toUTC().toString(Qt::ISODate));
+}
+
+bool isEncodable(const CapturedColor& color)
+{
+    return std::isfinite(color.red) && std::isfinite(color.green) && std::isfinite(color.blue) &&
+           std::isfinite(color.alpha) && hasText(color.capturedAt);
+}
+
+ordered_json encoded(const CapturedColor& color)
+{
+    ordered_json object{
+        {"id", uuidText(color.id)}, {"red", color.red},     {"green", color.green},
+        {"blue", color.blue},       {"alpha", color.alpha}, {"capturedAt", dateText(color.capturedAt)},
+    };
+    if (color.customName)
+        object["customName"] = utf8(*color.customName);
+    return object;
+}
+
+ordered_json encoded(const ColorCollection& collection)
+{
+    ordered_json colorIds = ordered_json::array();
+    for (const QUuid& colorId : collection.colorIds)
+        colorIds.push_back(uuidText(colorId));
+    return {
+        {"id", uuidText(collection.id)},   {"name", utf8(collection.name)},
+        {"colorIds", std::move(colorIds)}, {"createdAt", dateText(collection.createdAt)},
+        {"icon", utf8(collection.icon)},
+    };
+}
+
+/// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
+/// nothing but opening brackets costs neither memory nor stack.
+class Validator final : public nlohmann::json_sax<json>
+{
+public:
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const string_t&) override { return true; }
+    bool string(string_t&) override { return true; }
+    bool binary(binary_t&) override { return true; }
+    bool start_object(std::size_t) override { return enter(); }
+    bool key(string_t&) override { return true; }
+    bool end_object() override { return leave(); }
+    bool start_array(std::size_t) override { return enter(); }
+    bool end_array() override { return leave(); }
+    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override
+    {
+        return false;
+    }
+
+private:
+    // The payload itself is four levels deep; the rest is room for keys of a later version.
+    static constexpr int greatestDepth = 64;
+
+    bool enter() { return ++m_depth <= greatestDepth; }
+    bool leave()
+    {
+        --m_depth;
+        return true;
+    }
+
+    int m_depth = 0;
+};
+
+/// The member of an object under a key, or null when it has none.
+const json* member(const json& object, const char* key)
+{
+    const auto found = object.find(key);
+    return found == object.end() ? nullptr : &*found;
+}
+
+std::optional<double> decodedNumber(const json* value)
+{
+    if (!value || !value->is_number())
+        return std::nullopt;
+    return value->get<double>();
+}
+
+std::optional<QString> decodedString(const json* value)
+{
+    if (!value || !value->is_string())
+        return std::nullopt;
+    return QString::fromStdString(value->get_ref<const std::string&>());
+}
+
+bool isDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+bool isHexDigit(QChar character)
+{
+    return isDigit(character) || (character >= u'a' && character <= u'f') ||
+           (character >= u'A' && character <= u'F');
+}
+
+std::optional<QUuid> decodedUuid(const json* value)
+{
+    // QUuid reads several forms; the file knows only the canonical one.
+    constexpr QStringView form = u"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
+    const auto text = decodedString(value);
+    if (!text || text->size() != form.size())
+        return std::nullopt;
+    for (qsizetype i = 0; i < form.size(); ++i) {
+        if (form[i] == u'x' ? !isHexDigit((*text)[i]) : (*text)[i] != form[i])
+            return std::nullopt;
+    }
+    return QUuid::fromString(*text);
+}
+
+std::optional<QDateTime> decodedDate(const json* value)
+{
+    constexpr QStringView form = u"0000-00-00T00:00:00Z";
+    const auto text = decodedString(value);
+    if (!text || text->size() != form.size())
+        return std::nullopt;
+    for (qsizetype i = 0; i < form.size(); ++i) {
+        if (form[i] == u'0' ? !isDigit((*text)[i]) : (*text)[i] != form[i])
+            return std::nullopt;
+    }
+    const auto number = [&](qsizetype position, qsizetype length) {
+        return QStringView(*text).sliced(position, length).toInt();
+    };
+    const QDate date(number(0, 4), number(5, 2), number(8, 2));
+    const QTime time(number(11, 2), number(14, 2), number(17, 2));
+    if (!date.isValid() || !time.isValid())
+        return std::nullopt;
+    return QDateTime(date, time, Qt::UTC);
+}
+
+/// Every element of a JSON array through `decode`, or nothing when one of them is refused.
+template <typename T>
+std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode)(const json*))
+{
+    if (!value || !value->is_array())
+        return std::nullopt;
+    QList<T> list;
+    list.reserve(static_cast<qsizetype>(value->size()));
+    for (const json& element : *value) {
+        auto decoded = decode(&element);
+        if (!decoded)
+            return std::nullopt;
+        list.append(*std::move(decoded));
+    }
+    return list;
+}
+
+std::optional<CapturedColor> decodedColor(const json* value)
+{
+    if (!value->is_object())
+        return std::nullopt;
+    const auto id = decodedUuid(member(*value, "id"));
+    const auto red = decodedNumber(member(*value, "red"));
+    const auto green = decodedNumber(member(*value, "green"));
+    const auto blue = decodedNumber(member(*value, "blue"));
+    const auto alpha = decodedNumber(member(*value, "alpha"));
+    const auto capturedAt = decodedDate(member(*value, "capturedAt"));
+    if (!id || !red || !green || !blue || !alpha || !capturedAt)
+        return std::nullopt;
+
+    std::optional<QString> customName;
+    const json* name = member(*value, "customName");
+    if (name && !name->is_null()) {
+        customName = decodedString(name);
+        if (!customName)
+            return std::nullopt;
+    }
+    return CapturedColor{*id, *red, *green, *blue, *alpha, *capturedAt, customName};
+}
+
+std::optional<ColorCollection> decodedCollection(const json* value)
+{
+    if (!value->is_object())
+        return std::nullopt;
+    const auto id = decodedUuid(member(*value, "id"));
+    const auto name = decodedString(member(*value, "name"));
+    const auto colorIds = decodedList(member(*value, "colorIds"), decodedUuid);
+    const auto createdAt = decodedDate(member(*value, "createdAt"));
+    const auto icon = decodedString(member(*value, "icon"));
+    if (!id || !name || !colorIds || !createdAt || !icon)
+        return std::nullopt;
+    return ColorCollection{*id, *name, *colorIds, *createdAt, *icon};
+}
+
+} // namespace
+
+std::optional<QByteArray> encodePayload(const Payload& payload)
+{
+    ordered_json history = ordered_json::array();
+    for (const CapturedColor& color : payload.history) {
+        if (!isEncodable(color))
+            return std::nullopt;
+        history.push_back(encoded(color));
+    }
+    ordered_json collections = ordered_json::array();
+    for (const ColorCollection& collection : payload.collections) {
+        if (!hasText(collection.createdAt))
+            return std::nullopt;
+        collections.push_back(encoded(collection));
+    }
+    const ordered_json object{
+        {"history", std::move(history)},
+        {"collections", std::move(collections)},
+        {"defaultFormat", utf8(rawValue(payload.defaultFormat))},
+    };
+
+    constexpr int indentation = 2;
+    QByteArray text = QByteArray::fromStdString(object.dump(indentation));
+    return text.size() <= largestPayload ? std::optional(std::move(text)) : std::nullopt;
+}
+
+std::optional<Payload> decodePayload(QByteArrayView text)
+{
+    if (text.size() > largestPayload)
+        return std::nullopt;
+    Validator validator;
+    if (!json::sax_parse(text.begin(), text.end(), &validator))
+        return std::nullopt;
+
+    const json object = json::parse(text.begin(), text.end(), nullptr, false);
+    if (!object.is_object())
+        return std::nullopt;
+    auto history = decodedList(member(object, "history"), decodedColor);
+    auto collections = decodedList(member(object, "collections"), decodedCollection);
+    const auto rawFormat = decodedString(member(object, "defaultFormat"));
+    const auto defaultFormat = rawFormat ? colorFormatFromRawValue(*rawFormat) : std::nullopt;
+    if (!history || !collections || !defaultFormat)
+        return std::nullopt;
+    return Payload{*std::move(history), *std::move(collections), *defaultFormat};
+}
+
+} // namespace tintwick

@@ -1,0 +1,65 @@
+#include "state/StorageService.h"
+
+#include "state/DurableWrite.h"
+#include "state/PayloadCoding.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <csignal>
+
+#include <sys/stat.h>
+
+namespace tintwick {
+
+namespace {
+
+/// Makes a folder and those above it, readable by the user only. A folder that is there is left as it is.
+void makePrivateFolder(const QString& path)
+{
+    const QFileInfo folder(path);
+    if (folder.exists())
+        return;
+    makePrivateFolder(folder.path());
+    ::mkdir(QFile::encodeName(path).constData(), S_IRWXU);
+}
+
+} // namespace
+
+StorageService::StorageService()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+QUrl StorageService::fileURL() const
+{
+    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (dataHome.isEmpty())
+        qFatal("There is no folder for the user's data");
+    const QString folder = dataHome + QStringLiteral("/Tintwick");
+    makePrivateFolder(folder);
+    return QUrl::fromLocalFile(folder + QStringLiteral("/data.json"));
+}
+
+std::optional<Payload> StorageService::load() const
+{
+    QFile file(fileURL().toLocalFile());
+    // A pipe or device under the name would block or never end.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return decodePayload(file.read(largestPayload + 1));
+}
+
+void StorageService::save(const QList<CapturedColor>& history, const QList<ColorCollection>& collections,
+                          ColorFormat defaultFormat) const
+{
+    const auto json = encodePayload({history, collections, defaultFormat});
+    if (!json)
+        return;
+    const QString target = fileURL().toLocalFile();
+    const QString temporary = QFileInfo(target).path() + QStringLiteral("/data.tmp.json");
+    writeDurably(target, temporary, *json);
+}
+
+} // namespace tintwick
