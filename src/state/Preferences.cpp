@@ -49,10 +49,11 @@ int storedInteger(QAnyStringView key)
 {
     const QVariant value = Store().value(key);
     switch (value.typeId()) {
-    // An integer that comes from the file comes as its text.
-    case QMetaType::QString:
     case QMetaType::Int:
         return value.toInt();
+    case QMetaType::QString:
+        // From the file an integer comes as its text. QVariant itself would cut a larger one down to some other int.
+        return value.toString().toInt();
     default:
         return 0;
     }

@@ -1,0 +1,569 @@
+#include "state/AppState.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+namespace tintwick {
+
+namespace {
+
+CapturedColor colorOf(uint rgb, const std::optional<QString>& name = std::nullopt)
+{
+    CapturedColor color =
+        CapturedColor::capture((rgb >> 16) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0, 1);
+    // What the file keeps of a moment is its whole second.
+    color.capturedAt.setMSecsSinceEpoch(color.capturedAt.toMSecsSinceEpoch() / 1000 * 1000);
+    color.customName = name;
+    return color;
+}
+
+/// Time that passes when it is told to.
+class ManualTime final
+{
+public:
+    AppState::RunLater runLater()
+    {
+        return [this](std::chrono::milliseconds delay, std::function<void()> action) {
+            m_waiting.push_back({m_now + delay, std::move(action)});
+        };
+    }
+
+    void advance(std::chrono::milliseconds span)
+    {
+        m_now += span;
+        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
+            if (m_waiting[i].due <= m_now && m_waiting[i].action)
+                std::exchange(m_waiting[i].action, nullptr)();
+        }
+    }
+
+private:
+    struct Waiting
+    {
+        std::chrono::milliseconds due;
+        std::function<void()> action;
+    };
+
+    std::chrono::milliseconds m_now{0};
+    std::vector<Waiting> m_waiting;
+};
+
+/// Counts each announcement of a state.
+struct Announcements
+{
+    explicit Announcements(const AppState& state)
+        : history(&state, &AppState::historyChanged)
+        , collections(&state, &AppState::collectionsChanged)
+        , defaultFormat(&state, &AppState::defaultFormatChanged)
+        , selection(&state, &AppState::selectedCollectionIdChanged)
+        , feedback(&state, &AppState::showCopiedFeedbackChanged)
+        , copied(&state, &AppState::lastCopiedStringChanged)
+    {
+    }
+
+    /// History, collections, default format, selection, feedback, last copied text; and starts again.
+    QList<qsizetype> take()
+    {
+        QList<qsizetype> counts;
+        for (QSignalSpy* spy : {&history, &collections, &defaultFormat, &selection, &feedback, &copied}) {
+            counts += spy->count();
+            spy->clear();
+        }
+        return counts;
+    }
+
+    QSignalSpy history;
+    QSignalSpy collections;
+    QSignalSpy defaultFormat;
+    QSignalSpy selection;
+    QSignalSpy feedback;
+    QSignalSpy copied;
+};
+
+} // namespace
+
+class AppStateTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void theFirstStartIsEmpty();
+    void whatWasSavedIsLoaded();
+    void anUnreadableFileStartsEmptyAndIsReplaced_data();
+    void anUnreadableFileStartsEmptyAndIsReplaced();
+    void aLongerHistoryIsTakenAsItIs();
+
+    void aCaptureIsNamedKeptCopiedAndSaved();
+    void aCaptureKeepsTheNameItHas();
+    void capturingTheSameColorTwiceGivesTwoEntries();
+    void theHistoryDropsTheOldestBeyondTheLimit();
+    void aDroppedColorStaysInItsCollections();
+
+    void theFeedbackFallsAfterItsTime();
+    void eachCopyHasItsOwnTimer();
+    void theFeedbackFallsByTheRealTimer();
+    void theFeedbackOfADeletedStateIsForgotten();
+
+    void deletingAColorTakesItOutOfEveryCollection();
+    void clearingTheHistoryKeepsTheCollections();
+    void renamingAColor();
+    void creatingAndDeletingCollections();
+    void addingAColorTwiceDoesNothingTheSecondTime();
+    void removingAColorFromACollection();
+    void movingColors();
+    void unknownIdsChangeNothing();
+    void onlyTheDeletionsSaveForAnUnknownId();
+    void settersAnnounceOnlyADifference();
+    void pickingRunsTheActionThatWasSet();
+
+private:
+    [[nodiscard]] QString dataFile() const
+    {
+        return m_dataHome->filePath(QStringLiteral("Tintwick/data.json"));
+    }
+    /// Whether the data file was written since the last time this was asked.
+    bool wasSaved() { return QFile::remove(dataFile()); }
+    void store(const QByteArray& content);
+
+    std::unique_ptr<QTemporaryDir> m_dataHome;
+};
+
+void AppStateTest::init()
+{
+    m_dataHome = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
+}
+
+void AppStateTest::store(const QByteArray& content)
+{
+    QDir(m_dataHome->path()).mkpath(QStringLiteral("Tintwick"));
+    QFile file(dataFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+void AppStateTest::theFirstStartIsEmpty()
+{
+    const AppState state;
+    QVERIFY(state.history().isEmpty());
+    QVERIFY(state.collections().isEmpty());
+    QCOMPARE(state.defaultFormat(), ColorFormat::Hex6);
+    QVERIFY(!state.selectedCollectionId().has_value());
+    QVERIFY(!state.showCopiedFeedback());
+    QCOMPARE(state.lastCopiedString(), QString());
+    QVERIFY(!QFile::exists(dataFile()));
+}
+
+void AppStateTest::whatWasSavedIsLoaded()
+{
+    const CapturedColor color = colorOf(0x1E90FF, QStringLiteral("Sky"));
+    ColorCollection collection;
+    {
+        AppState state;
+        state.setDefaultFormat(ColorFormat::Tailwind);
+        state.colorCaptured(color);
+        collection = state.createCollection(QStringLiteral("Brand"));
+        state.addColor(color.id, collection.id);
+        state.setSelectedCollectionId(collection.id);
+    }
+    const AppState state;
+    QCOMPARE(state.history(), QList<CapturedColor>{color});
+    QCOMPARE(state.collections().size(), 1);
+    QCOMPARE(state.collections().first().id, collection.id);
+    QCOMPARE(state.collections().first().colorIds, QList<QUuid>{color.id});
+    QCOMPARE(state.defaultFormat(), ColorFormat::Tailwind);
+    QVERIFY(!state.selectedCollectionId().has_value());
+    QCOMPARE(state.lastCopiedString(), QString());
+}
+
+void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("unknown format") << QByteArray(R"({"history":[],"collections":[],"defaultFormat":"hex"})");
+    QTest::newRow("no collections") << QByteArray(R"({"history":[],"defaultFormat":"RGB"})");
+    QTest::newRow("collection without an icon") << QByteArray(
+        R"({"history":[],"collections":[{"id":"11111111-2222-4333-8444-555555555555","name":"a",)"
+        R"("colorIds":[],"createdAt":"2025-01-02T03:04:05Z"}],"defaultFormat":"RGB"})");
+    QTest::newRow("not JSON") << QByteArray("history");
+}
+
+void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced()
+{
+    QFETCH(QByteArray, content);
+    store(content);
+    AppState state;
+    QVERIFY(state.history().isEmpty());
+    QVERIFY(state.collections().isEmpty());
+    QCOMPARE(state.defaultFormat(), ColorFormat::Hex6);
+
+    state.createCollection(QStringLiteral("New"));
+    QCOMPARE(AppState().collections().size(), 1);
+}
+
+void AppStateTest::aLongerHistoryIsTakenAsItIs()
+{
+    QList<CapturedColor> history;
+    for (int i = 0; i < 103; ++i)
+        history.append(colorOf(0x102030));
+    StorageService().save(history, {}, ColorFormat::Hex6);
+    AppState state;
+    QCOMPARE(state.history(), history);
+    state.colorCaptured(colorOf(0xFFFFFF));
+    QCOMPARE(state.history().size(), 103);
+}
+
+void AppStateTest::aCaptureIsNamedKeptCopiedAndSaved()
+{
+    ManualTime time;
+    AppState state(time.runLater());
+    Announcements announced(state);
+    const CapturedColor older = colorOf(0x000000);
+    const CapturedColor newer = colorOf(0x1E90FF);
+    state.colorCaptured(older);
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 1, 1}));
+    state.setDefaultFormat(ColorFormat::CssVar);
+    QVERIFY(wasSaved());
+    announced.take();
+
+    state.colorCaptured(newer);
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 0, 1}));
+    QCOMPARE(state.history().size(), 2);
+    QCOMPARE(state.history()[0].id, newer.id);
+    QCOMPARE(state.history()[0].customName, QStringLiteral("Dodger Blue"));
+    QCOMPARE(state.history()[1].customName, QStringLiteral("Black"));
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("--dodger-blue: #1E90FF;"));
+    QCOMPARE(state.lastCopiedString(), QStringLiteral("--dodger-blue: #1E90FF;"));
+    QVERIFY(state.showCopiedFeedback());
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::aCaptureKeepsTheNameItHas()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x1E90FF, QStringLiteral("Mine")));
+    QCOMPARE(state.history().first().customName, QStringLiteral("Mine"));
+}
+
+void AppStateTest::capturingTheSameColorTwiceGivesTwoEntries()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x1E90FF));
+    state.colorCaptured(colorOf(0x1E90FF));
+    QCOMPARE(state.history().size(), 2);
+}
+
+void AppStateTest::theHistoryDropsTheOldestBeyondTheLimit()
+{
+    AppState state;
+    QList<QUuid> newestFirst;
+    for (int i = 0; i < 101; ++i) {
+        const CapturedColor color = colorOf(0x10 + static_cast<uint>(i));
+        newestFirst.prepend(color.id);
+        state.colorCaptured(color);
+        QCOMPARE(state.history().size(), std::min(i + 1, 100));
+    }
+    newestFirst.removeLast();
+    QList<QUuid> kept;
+    for (const CapturedColor& color : state.history())
+        kept += color.id;
+    QCOMPARE(kept, newestFirst);
+}
+
+void AppStateTest::aDroppedColorStaysInItsCollections()
+{
+    AppState state;
+    const CapturedColor oldest = colorOf(0x102030);
+    state.colorCaptured(oldest);
+    const QUuid collection = state.createCollection(QStringLiteral("Old")).id;
+    state.addColor(oldest.id, collection);
+    for (int i = 0; i < 100; ++i)
+        state.colorCaptured(colorOf(0xFFFFFF));
+    QCOMPARE(state.collections().first().colorIds, QList<QUuid>{oldest.id});
+    QVERIFY(state.collections().first().colors(state.history()).isEmpty());
+}
+
+void AppStateTest::theFeedbackFallsAfterItsTime()
+{
+    ManualTime time;
+    AppState state(time.runLater());
+    Announcements announced(state);
+    state.showCopyFeedback(ColorFormat::Rgb, colorOf(0x3B82F6));
+    QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
+    QVERIFY(state.showCopiedFeedback());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 1}));
+    QVERIFY(!wasSaved());
+
+    time.advance(std::chrono::milliseconds(1499));
+    QVERIFY(state.showCopiedFeedback());
+    time.advance(std::chrono::milliseconds(1));
+    QVERIFY(!state.showCopiedFeedback());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 0}));
+    QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
+}
+
+void AppStateTest::eachCopyHasItsOwnTimer()
+{
+    ManualTime time;
+    AppState state(time.runLater());
+    const CapturedColor color = colorOf(0x3B82F6);
+    Announcements announced(state);
+    state.showCopyFeedback(ColorFormat::Hex6, color);
+    time.advance(std::chrono::milliseconds(1000));
+    state.showCopyFeedback(ColorFormat::Hex6, color);
+    // The flag was up already, and the same text is announced all the same.
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 2}));
+
+    time.advance(std::chrono::milliseconds(499));
+    QVERIFY(state.showCopiedFeedback());
+    time.advance(std::chrono::milliseconds(1));
+    QVERIFY(!state.showCopiedFeedback());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 0}));
+    time.advance(std::chrono::milliseconds(1000));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+}
+
+void AppStateTest::theFeedbackFallsByTheRealTimer()
+{
+    AppState state;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    state.showCopyFeedback(ColorFormat::Hex6, colorOf(0x3B82F6));
+    QSignalSpy fallen(&state, &AppState::showCopiedFeedbackChanged);
+    QVERIFY(fallen.wait(30'000));
+    QVERIFY(!state.showCopiedFeedback());
+    QVERIFY(elapsed.elapsed() >= 1499);
+}
+
+void AppStateTest::theFeedbackOfADeletedStateIsForgotten()
+{
+    auto state = std::make_unique<AppState>();
+    state->showCopyFeedback(ColorFormat::Hex6, colorOf(0x3B82F6));
+    state.reset();
+    AppState other;
+    other.showCopyFeedback(ColorFormat::Hex6, colorOf(0x3B82F6));
+    QSignalSpy fallen(&other, &AppState::showCopiedFeedbackChanged);
+    QVERIFY(fallen.wait(30'000));
+}
+
+void AppStateTest::deletingAColorTakesItOutOfEveryCollection()
+{
+    AppState state;
+    const CapturedColor kept = colorOf(0x111111);
+    const CapturedColor deleted = colorOf(0x222222);
+    state.colorCaptured(kept);
+    state.colorCaptured(deleted);
+    const QUuid both = state.createCollection(QStringLiteral("Both")).id;
+    const QUuid one = state.createCollection(QStringLiteral("One")).id;
+    state.addColor(deleted.id, both);
+    state.addColor(kept.id, both);
+    state.addColor(deleted.id, one);
+    wasSaved();
+    Announcements announced(state);
+
+    state.deleteColor(deleted.id);
+    QCOMPARE(state.history().size(), 1);
+    QCOMPARE(state.history().first().id, kept.id);
+    QCOMPARE(state.collections().size(), 2);
+    QCOMPARE(state.collections()[0].colorIds, QList<QUuid>{kept.id});
+    QVERIFY(state.collections()[1].colorIds.isEmpty());
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0, 0}));
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::clearingTheHistoryKeepsTheCollections()
+{
+    AppState state;
+    const CapturedColor color = colorOf(0x111111);
+    state.colorCaptured(color);
+    const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
+    state.addColor(color.id, collection);
+    state.setSelectedCollectionId(collection);
+    wasSaved();
+    Announcements announced(state);
+
+    state.clearHistory();
+    QVERIFY(state.history().isEmpty());
+    QCOMPARE(state.collections().size(), 1);
+    QCOMPARE(state.collections().first().name, QStringLiteral("Brand"));
+    QCOMPARE(state.collections().first().icon, QStringLiteral("paintpalette.fill"));
+    QVERIFY(state.collections().first().colorIds.isEmpty());
+    QCOMPARE(state.selectedCollectionId(), collection);
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0, 0}));
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::renamingAColor()
+{
+    AppState state;
+    const CapturedColor color = colorOf(0x1E90FF);
+    state.colorCaptured(color);
+    wasSaved();
+    Announcements announced(state);
+
+    state.renameColor(color.id, QStringLiteral("  Sky "));
+    QCOMPARE(state.history().first().customName, QStringLiteral("  Sky "));
+    QVERIFY(wasSaved());
+    state.renameColor(color.id, QStringLiteral("  Sky "));
+    QCOMPARE(announced.take(), (QList<qsizetype>{2, 0, 0, 0, 0, 0}));
+    QVERIFY(wasSaved());
+
+    state.renameColor(color.id, QString());
+    QVERIFY(!state.history().first().customName.has_value());
+    QCOMPARE(string(ColorFormat::ColorName, state.history().first()), QStringLiteral("Dodger Blue"));
+    QCOMPARE(string(ColorFormat::CssVar, state.history().first()), QStringLiteral("--color: #1E90FF;"));
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::creatingAndDeletingCollections()
+{
+    AppState state;
+    Announcements announced(state);
+    const ColorCollection first = state.createCollection(QStringLiteral("First"));
+    QVERIFY(wasSaved());
+    const ColorCollection second = state.createCollection(QStringLiteral(""));
+    const ColorCollection third = state.createCollection(QStringLiteral("First"));
+    QCOMPARE(state.collections(), (QList<ColorCollection>{first, second, third}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 3, 0, 0, 0, 0}));
+
+    state.setSelectedCollectionId(second.id);
+    wasSaved();
+    announced.take();
+    state.deleteCollection(first.id);
+    QCOMPARE(state.selectedCollectionId(), second.id);
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0, 0}));
+    QVERIFY(wasSaved());
+
+    state.deleteCollection(second.id);
+    QVERIFY(!state.selectedCollectionId().has_value());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 1, 0, 0}));
+    QCOMPARE(state.collections(), QList<ColorCollection>{third});
+}
+
+void AppStateTest::addingAColorTwiceDoesNothingTheSecondTime()
+{
+    AppState state;
+    const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
+    const QUuid notInTheHistory = QUuid::createUuid();
+    const QUuid another = QUuid::createUuid();
+    state.addColor(notInTheHistory, collection);
+    state.addColor(another, collection);
+    QVERIFY(wasSaved());
+    Announcements announced(state);
+
+    state.addColor(notInTheHistory, collection);
+    QVERIFY(!wasSaved());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+    QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{notInTheHistory, another}));
+}
+
+void AppStateTest::removingAColorFromACollection()
+{
+    AppState state;
+    const CapturedColor color = colorOf(0x111111);
+    state.colorCaptured(color);
+    const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
+    state.addColor(color.id, collection);
+    wasSaved();
+
+    state.removeColor(color.id, collection);
+    QVERIFY(wasSaved());
+    QVERIFY(state.collections().first().colorIds.isEmpty());
+    QCOMPARE(state.history().size(), 1);
+    state.removeColor(color.id, collection);
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::movingColors()
+{
+    AppState state;
+    const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
+    QList<QUuid> ids;
+    for (int i = 0; i < 4; ++i) {
+        ids += QUuid::createUuid();
+        state.addColor(ids.last(), collection);
+    }
+    wasSaved();
+    Announcements announced(state);
+
+    state.moveColors(collection, {0, 2}, 4);
+    QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{ids[1], ids[3], ids[0], ids[2]}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0, 0}));
+    QVERIFY(wasSaved());
+}
+
+void AppStateTest::unknownIdsChangeNothing()
+{
+    AppState state;
+    const CapturedColor color = colorOf(0x111111);
+    state.colorCaptured(color);
+    state.createCollection(QStringLiteral("Brand"));
+    wasSaved();
+    Announcements announced(state);
+    const QUuid unknown = QUuid::createUuid();
+
+    state.renameColor(unknown, QStringLiteral("Name"));
+    state.addColor(color.id, unknown);
+    state.removeColor(color.id, unknown);
+    state.moveColors(unknown, {0}, 1);
+    QVERIFY(!wasSaved());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+}
+
+void AppStateTest::onlyTheDeletionsSaveForAnUnknownId()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x111111));
+    state.createCollection(QStringLiteral("Brand"));
+    wasSaved();
+
+    state.deleteColor(QUuid::createUuid());
+    QVERIFY(wasSaved());
+    state.deleteCollection(QUuid::createUuid());
+    QVERIFY(wasSaved());
+    QCOMPARE(state.history().size(), 1);
+    QCOMPARE(state.collections().size(), 1);
+}
+
+void AppStateTest::settersAnnounceOnlyADifference()
+{
+    AppState state;
+    Announcements announced(state);
+    state.setDefaultFormat(ColorFormat::Hex6);
+    state.setSelectedCollectionId(std::nullopt);
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+
+    const QUuid id = QUuid::createUuid();
+    state.setDefaultFormat(ColorFormat::Hsl);
+    state.setDefaultFormat(ColorFormat::Hsl);
+    state.setSelectedCollectionId(id);
+    state.setSelectedCollectionId(id);
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 1, 1, 0, 0}));
+    QVERIFY(!wasSaved());
+    state.save();
+    QCOMPARE(AppState().defaultFormat(), ColorFormat::Hsl);
+}
+
+void AppStateTest::pickingRunsTheActionThatWasSet()
+{
+    AppState state;
+    state.startPicking();
+    int started = 0;
+    state.setStartPicking([&] { ++started; });
+    state.startPicking();
+    QCOMPARE(started, 1);
+}
+
+} // namespace tintwick
+
+QTEST_MAIN(tintwick::AppStateTest)
+#include "AppStateTest.moc"
