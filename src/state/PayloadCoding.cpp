@@ -247,7 +247,8 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 
 std::optional<Payload> decodePayload(QByteArrayView text)
 {
-    if (text.size() > largestPayload)
+    // The parser takes a zero byte for the end of the text and would pass over whatever follows it.
+    if (text.size() > largestPayload || text.contains('\0'))
         return std::nullopt;
     Validator validator;
     if (!json::sax_parse(text.begin(), text.end(), &validator))
