@@ -21,10 +21,11 @@ constexpr auto sharedPalette = [] {
 
 QString tokenOf(std::size_t row)
 {
-    QString token = tailwindPalette[row / shadeCount].name.toString();
-    token += u'-';
-    token += tailwindShades[row % shadeCount];
-    return token;
+    const QStringView family = tailwindPalette[row / shadeCount].name;
+    const QStringView shade = tailwindShades[row % shadeCount];
+    QString token;
+    token.reserve(family.size() + 1 + shade.size());
+    return token.append(family).append(u'-').append(shade);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ std::string utf8(const QString& text)
 
 std::string uuidText(const QUuid& id)
 {
-    return utf8(id.toString(QUuid::WithoutBraces).toUpper());
+    return id.toByteArray(QUuid::WithoutBraces).toUpper().toStdString();
 }
 
 bool hasText(const QDateTime& date)
@@ -41,27 +41,31 @@ bool isEncodable(const CapturedColor& color)
 
 ordered_json encoded(const CapturedColor& color)
 {
-    ordered_json object{
-        {"id", uuidText(color.id)}, {"red", color.red},     {"green", color.green},
-        {"blue", color.blue},       {"alpha", color.alpha}, {"capturedAt", dateText(color.capturedAt)},
-    };
-    if (color.customName) {
+    ordered_json object;
+    object["id"] = uuidText(color.id);
+    object["red"] = color.red;
+    object["green"] = color.green;
+    object["blue"] = color.blue;
+    object["alpha"] = color.alpha;
+    object["capturedAt"] = dateText(color.capturedAt);
+    if (color.customName)
         object["customName"] = utf8(*color.customName);
-    }
     return object;
 }
 
 ordered_json encoded(const ColorCollection& collection)
 {
     ordered_json colorIds = ordered_json::array();
-    for (const QUuid& colorId : collection.colorIds) {
+    for (const QUuid& colorId : collection.colorIds)
         colorIds.push_back(uuidText(colorId));
-    }
-    return {
-        {"id", uuidText(collection.id)},   {"name", utf8(collection.name)},
-        {"colorIds", std::move(colorIds)}, {"createdAt", dateText(collection.createdAt)},
-        {"icon", utf8(collection.icon)},
-    };
+
+    ordered_json object;
+    object["id"] = uuidText(collection.id);
+    object["name"] = utf8(collection.name);
+    object["colorIds"] = std::move(colorIds);
+    object["createdAt"] = dateText(collection.createdAt);
+    object["icon"] = utf8(collection.icon);
+    return object;
 }
 
 /// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
@@ -109,17 +113,15 @@ const json* member(const json& object, const char* key)
 
 std::optional<double> decodedNumber(const json* value)
 {
-    if (!value || !value->is_number()) {
+    if (!value || !value->is_number())
         return std::nullopt;
-    }
     return value->get<double>();
 }
 
 std::optional<QString> decodedString(const json* value)
 {
-    if (!value || !value->is_string()) {
+    if (!value || !value->is_string())
         return std::nullopt;
-    }
     return QString::fromStdString(value->get_ref<const std::string&>());
 }
 
@@ -139,13 +141,11 @@ std::optional<QUuid> decodedUuid(const json* value)
     // QUuid reads several forms; the file knows only the canonical one.
     constexpr QStringView form = u"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
     const auto text = decodedString(value);
-    if (!text || text->size() != form.size()) {
+    if (!text || text->size() != form.size())
         return std::nullopt;
-    }
     for (qsizetype i = 0; i < form.size(); ++i) {
-        if (form[i] == u'x' ? !isHexDigit((*text)[i]) : (*text)[i] != form[i]) {
+        if (form[i] == u'x' ? !isHexDigit((*text)[i]) : (*text)[i] != form[i])
             return std::nullopt;
-        }
     }
     return QUuid::fromString(*text);
 }
@@ -154,22 +154,19 @@ std::optional<QDateTime> decodedDate(const json* value)
 {
     constexpr QStringView form = u"0000-00-00T00:00:00Z";
     const auto text = decodedString(value);
-    if (!text || text->size() != form.size()) {
+    if (!text || text->size() != form.size())
         return std::nullopt;
-    }
     for (qsizetype i = 0; i < form.size(); ++i) {
-        if (form[i] == u'0' ? !isDigit((*text)[i]) : (*text)[i] != form[i]) {
+        if (form[i] == u'0' ? !isDigit((*text)[i]) : (*text)[i] != form[i])
             return std::nullopt;
-        }
     }
     const auto number = [&](qsizetype position, qsizetype length) {
         return QStringView(*text).sliced(position, length).toInt();
     };
     const QDate date(number(0, 4), number(5, 2), number(8, 2));
     const QTime time(number(11, 2), number(14, 2), number(17, 2));
-    if (!date.isValid() || !time.isValid()) {
+    if (!date.isValid() || !time.isValid())
         return std::nullopt;
-    }
     return QDateTime(date, time, Qt::UTC);
 }
 
@@ -177,16 +174,14 @@ std::optional<QDateTime> decodedDate(const json* value)
 template <typename T>
 std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode)(const json*))
 {
-    if (!value || !value->is_array()) {
+    if (!value || !value->is_array())
         return std::nullopt;
-    }
     QList<T> list;
     list.reserve(static_cast<qsizetype>(value->size()));
     for (const json& element : *value) {
         auto decoded = decode(&element);
-        if (!decoded) {
+        if (!decoded)
             return std::nullopt;
-        }
         list.append(*std::move(decoded));
     }
     return list;
@@ -194,43 +189,38 @@ std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode
 
 std::optional<CapturedColor> decodedColor(const json* value)
 {
-    if (!value->is_object()) {
+    if (!value->is_object())
         return std::nullopt;
-    }
     const auto id = decodedUuid(member(*value, "id"));
     const auto red = decodedNumber(member(*value, "red"));
     const auto green = decodedNumber(member(*value, "green"));
     const auto blue = decodedNumber(member(*value, "blue"));
     const auto alpha = decodedNumber(member(*value, "alpha"));
     const auto capturedAt = decodedDate(member(*value, "capturedAt"));
-    if (!id || !red || !green || !blue || !alpha || !capturedAt) {
+    if (!id || !red || !green || !blue || !alpha || !capturedAt)
         return std::nullopt;
-    }
 
     std::optional<QString> customName;
     const json* name = member(*value, "customName");
     if (name && !name->is_null()) {
         customName = decodedString(name);
-        if (!customName) {
+        if (!customName)
             return std::nullopt;
-        }
     }
     return CapturedColor{*id, *red, *green, *blue, *alpha, *capturedAt, customName};
 }
 
 std::optional<ColorCollection> decodedCollection(const json* value)
 {
-    if (!value->is_object()) {
+    if (!value->is_object())
         return std::nullopt;
-    }
     const auto id = decodedUuid(member(*value, "id"));
     const auto name = decodedString(member(*value, "name"));
     const auto colorIds = decodedList(member(*value, "colorIds"), decodedUuid);
     const auto createdAt = decodedDate(member(*value, "createdAt"));
     const auto icon = decodedString(member(*value, "icon"));
-    if (!id || !name || !colorIds || !createdAt || !icon) {
+    if (!id || !name || !colorIds || !createdAt || !icon)
         return std::nullopt;
-    }
     return ColorCollection{*id, *name, *colorIds, *createdAt, *icon};
 }
 
@@ -240,23 +230,20 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 {
     ordered_json history = ordered_json::array();
     for (const CapturedColor& color : payload.history) {
-        if (!isEncodable(color)) {
+        if (!isEncodable(color))
             return std::nullopt;
-        }
         history.push_back(encoded(color));
     }
     ordered_json collections = ordered_json::array();
     for (const ColorCollection& collection : payload.collections) {
-        if (!hasText(collection.createdAt)) {
+        if (!hasText(collection.createdAt))
             return std::nullopt;
-        }
         collections.push_back(encoded(collection));
     }
-    const ordered_json object{
-        {"history", std::move(history)},
-        {"collections", std::move(collections)},
-        {"defaultFormat", utf8(rawValue(payload.defaultFormat))},
-    };
+    ordered_json object;
+    object["history"] = std::move(history);
+    object["collections"] = std::move(collections);
+    object["defaultFormat"] = utf8(rawValue(payload.defaultFormat));
 
     constexpr int indentation = 2;
     QByteArray text = QByteArray::fromStdString(object.dump(indentation));
@@ -265,25 +252,22 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 
 std::optional<Payload> decodePayload(QByteArrayView text)
 {
-    if (text.size() > largestPayload) {
+    // The parser takes a zero byte for the end of the text and would pass over whatever follows it.
+    if (text.size() > largestPayload || text.contains('\0'))
         return std::nullopt;
-    }
     Validator validator;
-    if (!json::sax_parse(text.begin(), text.end(), &validator)) {
+    if (!json::sax_parse(text.begin(), text.end(), &validator))
         return std::nullopt;
-    }
 
     const json object = json::parse(text.begin(), text.end(), nullptr, false);
-    if (!object.is_object()) {
+    if (!object.is_object())
         return std::nullopt;
-    }
     auto history = decodedList(member(object, "history"), decodedColor);
     auto collections = decodedList(member(object, "collections"), decodedCollection);
     const auto rawFormat = decodedString(member(object, "defaultFormat"));
     const auto defaultFormat = rawFormat ? colorFormatFromRawValue(*rawFormat) : std::nullopt;
-    if (!history || !collections || !defaultFormat) {
+    if (!history || !collections || !defaultFormat)
         return std::nullopt;
-    }
     return Payload{*std::move(history), *std::move(collections), *defaultFormat};
 }
 

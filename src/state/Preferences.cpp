@@ -52,7 +52,8 @@ int storedInteger(QAnyStringView key)
     case QMetaType::Int:
         return value.toInt();
     case QMetaType::QString:
-        // From the file an integer comes as its text. QVariant itself would cut a larger one down to some other int.
+        // From the file an integer comes as its text. QVariant itself would cut a larger one down to some
+        // other int.
         return value.toString().toInt();
     default:
         return 0;

@@ -1,5 +1,7 @@
 #include "state/AppState.h"
 
+#include "support/QuickTemporaryDir.h"
+
 #include <QClipboard>
 #include <QDir>
 #include <QElapsedTimer>
@@ -141,7 +143,7 @@ private:
 
 void AppStateTest::init()
 {
-    m_dataHome = std::make_unique<QTemporaryDir>();
+    m_dataHome = testing::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
 }
 

@@ -3,6 +3,7 @@
 #include "state/PayloadCoding.h"
 
 #include "support/ForkedChild.h"
+#include "support/QuickTemporaryDir.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -253,6 +254,8 @@ void StorageServiceTest::aFileLargerThanIsReadIsRefused()
 void StorageServiceTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
 {
     constexpr int kills = 600;
+    m_dataHome = testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
     save(stateNumber(0));
 
     // The moments of the kills are spread over a few saves, however fast the machine is.

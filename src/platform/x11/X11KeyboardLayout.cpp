@@ -1,0 +1,150 @@
+#include "platform/x11/X11KeyboardLayout.h"
+
+#include "platform/EvdevKeys.h"
+#include "platform/x11/XkbEvents.h"
+
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <bitset>
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+constexpr xkb_level_index_t withoutModifiers = 0;
+
+/// The character on the key's lowest level; 0 when it types none or several.
+std::uint32_t characterOf(xkb_keymap* keymap, xkb_keycode_t keycode, xkb_layout_index_t group)
+{
+    const xkb_keysym_t* symbols = nullptr;
+    const int count = xkb_keymap_key_get_syms_by_level(keymap, keycode, group, withoutModifiers, &symbols);
+    return count == 1 ? xkb_keysym_to_utf32(symbols[0]) : 0;
+}
+
+bool isAsciiCapable(xkb_keymap* keymap, xkb_layout_index_t group)
+{
+    std::bitset<'z' - 'a' + 1> letters;
+    for (auto keycode = xkb_keymap_min_keycode(keymap); keycode <= xkb_keymap_max_keycode(keymap);
+         ++keycode) {
+        const auto character = characterOf(keymap, keycode, group);
+        if (character >= 'a' && character <= 'z') {
+            letters.set(character - 'a');
+        }
+    }
+    // A Latin layout may keep a few letters off its lowest level, as the Lithuanian one does; others have hardly any.
+    return letters.count() > letters.size() / 2;
+}
+
+} // namespace
+
+void X11KeyboardLayout::Unref::operator()(xkb_context* context) const
+{
+    xkb_context_unref(context);
+}
+
+void X11KeyboardLayout::Unref::operator()(xkb_keymap* keymap) const
+{
+    xkb_keymap_unref(keymap);
+}
+
+X11KeyboardLayout::X11KeyboardLayout(XcbConnection& connection)
+    : m_connection(connection)
+    , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS))
+    , m_xkbEvent(listenForXkbEvents(connection))
+{
+    load();
+    m_subscription = connection.subscribe(*this);
+}
+
+X11KeyboardLayout::~X11KeyboardLayout() = default;
+
+std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
+{
+    const auto evdev = evdevForKeyCode(keyCode);
+    const auto group = asciiCapableGroup();
+    if (!evdev || !group) {
+        return std::nullopt;
+    }
+    constexpr int keycodeOffset = 8;
+    const char32_t character =
+        characterOf(m_keymap.get(), static_cast<xkb_keycode_t>(*evdev + keycodeOffset), *group);
+    // Return, Tab and the like have a character too, but none that could be shown.
+    if (character == 0 || !QChar::isPrint(character)) {
+        return std::nullopt;
+    }
+    return QString::fromUcs4(&character, 1);
+}
+
+void X11KeyboardLayout::setLayoutChangedHandler(LayoutChanged handler)
+{
+    m_layoutChanged = std::move(handler);
+}
+
+std::optional<std::uint32_t> X11KeyboardLayout::asciiCapableGroup() const
+{
+    if (!m_keymap) {
+        return std::nullopt;
+    }
+    if (isAsciiCapable(m_keymap.get(), m_currentGroup)) {
+        return m_currentGroup;
+    }
+    for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(m_keymap.get()); ++group) {
+        if (isAsciiCapable(m_keymap.get(), group)) {
+            return group;
+        }
+    }
+    return std::nullopt;
+}
+
+void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
+{
+    switch (xkbEventKind(event, m_xkbEvent)) {
+    case XCB_XKB_NEW_KEYBOARD_NOTIFY:
+    case XCB_XKB_MAP_NOTIFY:
+        m_keymapIsOutdated = true;
+        break;
+    case XCB_XKB_STATE_NOTIFY: {
+        const auto group = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event).lockedGroup;
+        if (group != m_currentGroup) {
+            m_currentGroup = group;
+            m_changeIsUntold = true;
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+// One new layout is many events; they are answered once.
+void X11KeyboardLayout::eventsDrained()
+{
+    if (m_keymapIsOutdated) {
+        m_keymapIsOutdated = false;
+        load();
+        m_changeIsUntold = true;
+    }
+    if (std::exchange(m_changeIsUntold, false)) {
+        if (const auto handler = m_layoutChanged) {
+            handler();
+        }
+    }
+}
+
+void X11KeyboardLayout::load()
+{
+    const auto device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
+    if (!m_context || device < 0) {
+        return;
+    }
+    m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.get(), device,
+                                                  XKB_KEYMAP_COMPILE_NO_FLAGS));
+    const XcbReply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
+        m_connection.get(), xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    if (state) {
+        m_currentGroup = state->lockedGroup;
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/KeyboardLayout.h"
+#include "platform/x11/XcbConnection.h"
+
+#include <memory>
+
+struct xkb_context;
+struct xkb_keymap;
+
+namespace tintwick {
+
+/// Reads the server's keymap and follows it. A keymap holds up to four layouts ("groups"), one of which is current.
+class X11KeyboardLayout final : public KeyboardLayout, private XcbConnection::Sink
+{
+public:
+    /// The connection must outlive this object.
+    explicit X11KeyboardLayout(XcbConnection& connection);
+    ~X11KeyboardLayout();
+
+    [[nodiscard]] std::optional<QString> characterForKey(int keyCode) const override;
+    void setLayoutChangedHandler(LayoutChanged handler) override;
+
+private:
+    struct Unref
+    {
+        void operator()(xkb_context* context) const;
+        void operator()(xkb_keymap* keymap) const;
+    };
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsDrained() override;
+
+    /// The layout that the user types with when it has Latin letters, otherwise the first one that does, as a program's
+    /// shortcuts are read on a Cyrillic or Greek keyboard; none when there is no such layout.
+    [[nodiscard]] std::optional<std::uint32_t> asciiCapableGroup() const;
+    void load();
+
+    XcbConnection& m_connection;
+    std::unique_ptr<xkb_context, Unref> m_context;
+    std::unique_ptr<xkb_keymap, Unref> m_keymap;
+    std::uint32_t m_currentGroup = 0;
+    std::uint8_t m_xkbEvent = 0;
+    bool m_keymapIsOutdated = false;
+    bool m_changeIsUntold = false;
+    LayoutChanged m_layoutChanged;
+    XcbConnection::Subscription m_subscription;
+};
+
+} // namespace tintwick

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace tintwick::KeyboardShortcuts {
+
+/// Keys that are shown by a symbol instead of the character they type.
+enum class SpecialKey : std::uint8_t {
+    Return,
+    Delete,
+    DeleteForward,
+    End,
+    Escape,
+    Help,
+    Home,
+    Space,
+    Tab,
+    PageUp,
+    PageDown,
+    UpArrow,
+    RightArrow,
+    DownArrow,
+    LeftArrow,
+    F1,
+    F2,
+    F3,
+    F4,
+    F5,
+    F6,
+    F7,
+    F8,
+    F9,
+    F10,
+    F11,
+    F12,
+    F13,
+    F14,
+    F15,
+    F16,
+    F17,
+    F18,
+    F19,
+    F20,
+    Keypad0,
+    Keypad1,
+    Keypad2,
+    Keypad3,
+    Keypad4,
+    Keypad5,
+    Keypad6,
+    Keypad7,
+    Keypad8,
+    Keypad9,
+    KeypadClear,
+    KeypadDecimal,
+    KeypadDivide,
+    KeypadEnter,
+    KeypadEquals,
+    KeypadMinus,
+    KeypadMultiply,
+    KeypadPlus,
+};
+
+/// None when the key is shown by its character. Key codes are those of KeyCode.h.
+[[nodiscard]] std::optional<SpecialKey> specialKeyForKeyCode(int keyCode);
+
+/// What the user sees, for example "⎋" or "F5".
+[[nodiscard]] QString displayText(SpecialKey key);
+
+/// The one character by which a menu item names the key: the control character that the key types, the digit or sign of
+/// a keypad key, otherwise AppKit's private-use character for function keys (U+F700 and up).
+[[nodiscard]] QChar menuKeyEquivalent(SpecialKey key);
+
+} // namespace tintwick::KeyboardShortcuts

@@ -1,0 +1,119 @@
+#include "platform/x11/X11KeyboardLayout.h"
+#include "support/HandOnKeyboard.h"
+#include "support/PrivateDesktopMain.h"
+
+#include <QProcess>
+#include <QTest>
+
+namespace tintwick::test {
+
+namespace {
+
+void setKeymap(const QStringList& arguments)
+{
+    QCOMPARE(QProcess::execute(QStringLiteral("setxkbmap"), arguments), 0);
+}
+
+QStringList layout(const char* layouts, const char* variants = "")
+{
+    return {QStringLiteral("-layout"), QString::fromLatin1(layouts), QStringLiteral("-variant"),
+            QString::fromLatin1(variants)};
+}
+
+} // namespace
+
+class X11KeyboardLayoutTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { setKeymap(layout("us")); }
+
+    void aKeyIsCalledByWhatTheLayoutTypesThere_data()
+    {
+        QTest::addColumn<QStringList>("keymap");
+        QTest::addColumn<int>("group");
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<QString>("character");
+
+        const QString none;
+        QTest::newRow("us: c") << layout("us") << 0 << 8 << "c";
+        QTest::newRow("us: digit") << layout("us") << 0 << 18 << "1";
+        QTest::newRow("us: backtick") << layout("us") << 0 << 50 << "`";
+        QTest::newRow("us: F1 types nothing") << layout("us") << 0 << 122 << none;
+        QTest::newRow("us: Return types nothing to show") << layout("us") << 0 << 36 << none;
+        QTest::newRow("us: Escape types nothing to show") << layout("us") << 0 << 53 << none;
+        QTest::newRow("us: Shift types nothing") << layout("us") << 0 << 56 << none;
+        QTest::newRow("us: a key above all keycodes") << layout("us") << 0 << 63 << none;
+        QTest::newRow("us: no such key") << layout("us") << 0 << 999 << none;
+        QTest::newRow("fr: c") << layout("fr") << 0 << 8 << "c";
+        QTest::newRow("fr: a where us has q") << layout("fr") << 0 << 12 << "a";
+        QTest::newRow("fr: m where us has ;") << layout("fr") << 0 << 41 << "m";
+        QTest::newRow("fr: & where us has 1") << layout("fr") << 0 << 18 << "&";
+        QTest::newRow("fr: dead circumflex") << layout("fr") << 0 << 33 << none;
+        QTest::newRow("de: y where us has z") << layout("de") << 0 << 6 << "y";
+        QTest::newRow("de: sharp s") << layout("de") << 0 << 27 << "ß";
+        QTest::newRow("de: o umlaut") << layout("de") << 0 << 41 << "ö";
+        QTest::newRow("de: dead acute") << layout("de") << 0 << 24 << none;
+        QTest::newRow("dvorak: j where us has c") << layout("us", "dvorak") << 0 << 8 << "j";
+        QTest::newRow("dvorak: c where us has i") << layout("us", "dvorak") << 0 << 34 << "c";
+        QTest::newRow("ru and us, ru current") << layout("ru,us") << 0 << 8 << "c";
+        QTest::newRow("ru and us, us current") << layout("ru,us") << 1 << 8 << "c";
+        QTest::newRow("us and ru, ru current") << layout("us,ru") << 1 << 8 << "c";
+        QTest::newRow("ru, gr and fr: fr is the ASCII-capable one") << layout("ru,gr,fr") << 1 << 12 << "a";
+        QTest::newRow("fr and us, fr current") << layout("fr,us") << 0 << 12 << "a";
+        QTest::newRow("fr and us, us current") << layout("fr,us") << 1 << 12 << "q";
+        QTest::newRow("lt keeps some letters off its lowest level") << layout("us,lt") << 1 << 18 << "ą";
+        QTest::newRow("ru alone") << layout("ru") << 0 << 8 << none;
+        QTest::newRow("gr alone") << layout("gr") << 0 << 8 << none;
+    }
+    void aKeyIsCalledByWhatTheLayoutTypesThere()
+    {
+        QFETCH(const QStringList, keymap);
+        QFETCH(const int, group);
+        QFETCH(const int, keyCode);
+        QFETCH(const QString, character);
+        setKeymap(keymap);
+        HandOnKeyboard hand;
+        hand.chooseGroup(static_cast<std::uint8_t>(group));
+        const auto connection = XcbConnection::open();
+        QVERIFY(connection);
+        const X11KeyboardLayout keyboard(*connection);
+        QCOMPARE(keyboard.characterForKey(keyCode).value_or(QString()), character);
+        QCOMPARE(keyboard.characterForKey(keyCode).has_value(), !character.isNull());
+    }
+
+    void followsTheUserToAnotherLayout()
+    {
+        const auto connection = XcbConnection::open();
+        QVERIFY(connection);
+        X11KeyboardLayout keyboard(*connection);
+        int changes = 0;
+        keyboard.setLayoutChangedHandler([&] { ++changes; });
+        const auto characterOfQ = [&] { return keyboard.characterForKey(12).value_or(QString()); };
+        QCOMPARE(characterOfQ(), QStringLiteral("q"));
+
+        setKeymap(layout("fr,us"));
+        QTRY_COMPARE(characterOfQ(), QStringLiteral("a"));
+        QTRY_VERIFY(changes > 0);
+
+        HandOnKeyboard hand;
+        changes = 0;
+        hand.chooseGroup(1);
+        QTRY_COMPARE(characterOfQ(), QStringLiteral("q"));
+        QTRY_COMPARE(changes, 1);
+        hand.chooseGroup(0);
+        QTRY_COMPARE(characterOfQ(), QStringLiteral("a"));
+        QTRY_COMPARE(changes, 2);
+    }
+};
+
+} // namespace tintwick::test
+
+int main(int argc, char** argv)
+{
+    return tintwick::runOnPrivateDesktop<tintwick::test::X11KeyboardLayoutTest>(
+        argc, argv, {.windowManager = false, .tray = false});
+}
+
+#include "X11KeyboardLayoutTest.moc"

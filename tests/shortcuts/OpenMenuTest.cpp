@@ -1,0 +1,233 @@
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyboardLayout.h"
+#include "shortcuts/OpenMenuWatcher.h"
+#include "shortcuts/Registry.h"
+#include "shortcuts/ShortcutNames.h"
+#include "support/HandOnKeyboard.h"
+#include "support/PrivateDesktopMain.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace tintwick::test {
+
+namespace {
+
+using namespace KeyboardShortcuts;
+
+/// What the program has at run time: one name with actions, on a real keyboard.
+struct Program
+{
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
+    std::unique_ptr<XcbConnection> connection = XcbConnection::open();
+    X11HotKeyRegistrar registrar{*connection};
+    X11KeyboardLayout layout{*connection};
+    Registry registry{registrar, layout, settings};
+    OpenMenuWatcher watcher{registry};
+    QStringList calls;
+
+    Program()
+    {
+        const auto& name = shortcutnames::activatePicker();
+        registry.declare(name);
+        registry.onKeyDown(name, [this] { calls << QStringLiteral("down"); });
+        registry.onKeyUp(name, [this] { calls << QStringLiteral("up"); });
+    }
+};
+
+/// A menu that remembers the keys that reach it.
+class Menu final : public QMenu
+{
+public:
+    QList<int> keys;
+
+    Menu()
+    {
+        for (const auto* title : {"Close", "Cut", "Copy"}) {
+            addAction(QString::fromLatin1(title));
+        }
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        keys << event->key();
+        QMenu::keyPressEvent(event);
+    }
+};
+
+/// Counts the key presses that the server sends to the toolkit, taken by the program or not.
+class ToolkitPresses final : public QAbstractNativeEventFilter
+{
+public:
+    ToolkitPresses() { QCoreApplication::instance()->installNativeEventFilter(this); }
+    [[nodiscard]] int count() const { return m_count; }
+
+private:
+    bool nativeEventFilter(const QByteArray& /*eventType*/, void* message, qintptr* /*result*/) override
+    {
+        if (static_cast<const xcb_generic_event_t*>(message)->response_type == XCB_KEY_PRESS) {
+            ++m_count;
+        }
+        return false;
+    }
+
+    int m_count = 0;
+};
+
+[[nodiscard]] bool someoneHoldsTheKeyboard(HandOnKeyboard& hand)
+{
+    const bool isFree = hand.connection().grabKeyboard();
+    hand.connection().ungrabAll();
+    hand.connection().sync();
+    return !isFree;
+}
+
+const QStringList once{QStringLiteral("down"), QStringLiteral("up")};
+
+} // namespace
+
+class OpenMenuTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void inAnOpenMenuTheShortcutIsHeardOnceAndTheMenuGetsNothingOfIt_data()
+    {
+        QTest::addColumn<QList<int>>("presses");
+        QTest::addColumn<QList<int>>("releases");
+        QTest::addColumn<int>("lockKey");
+        const QList<int> keys{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
+        const QList<int> keyFirst{KEY_C, KEY_LEFTSHIFT, KEY_LEFTALT};
+        QTest::newRow("key released first") << keys << keyFirst << 0;
+        QTest::newRow("modifiers released first") << keys << keys << 0;
+        QTest::newRow("with Num Lock on") << keys << keyFirst << KEY_NUMLOCK;
+        QTest::newRow("with Caps Lock on") << keys << keyFirst << KEY_CAPSLOCK;
+        QTest::newRow("Shift before Alt") << QList<int>{KEY_LEFTSHIFT, KEY_LEFTALT, KEY_C} << keyFirst << 0;
+    }
+    void inAnOpenMenuTheShortcutIsHeardOnceAndTheMenuGetsNothingOfIt()
+    {
+        QFETCH(const QList<int>, presses);
+        QFETCH(const QList<int>, releases);
+        QFETCH(const int, lockKey);
+        Program program;
+        HandOnKeyboard hand;
+        if (lockKey != 0) {
+            hand.tap(lockKey);
+        }
+        Menu menu;
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        for (const int key : presses) {
+            hand.press(key);
+        }
+        for (const int key : releases) {
+            hand.release(key);
+        }
+        QTRY_COMPARE(program.calls, once);
+        QVERIFY(menu.isVisible());
+
+        hand.tap(KEY_DOWN);
+        QTRY_VERIFY(menu.keys.contains(Qt::Key_Down));
+        QVERIFY(!menu.keys.contains(Qt::Key_C));
+        QVERIFY(!menu.keys.contains(Qt::Key_Alt));
+        QVERIFY(menu.isVisible());
+        QCOMPARE(program.calls, once);
+    }
+
+    void heldInAnOpenMenuItIsStillHeardOnce()
+    {
+        QCOMPARE(QProcess::execute(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("rate"),
+                                                            QStringLiteral("60"), QStringLiteral("100")}),
+                 0);
+        Program program;
+        HandOnKeyboard hand;
+        Menu menu;
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+
+        const ToolkitPresses toolkit;
+        hand.press(KEY_LEFTALT);
+        hand.press(KEY_LEFTSHIFT);
+        hand.press(KEY_C);
+        QTRY_VERIFY(toolkit.count() >= 8);
+        QCOMPARE(program.calls, QStringList{QStringLiteral("down")});
+        hand.release(KEY_C);
+        hand.release(KEY_LEFTSHIFT);
+        hand.release(KEY_LEFTALT);
+        QTRY_COMPARE(program.calls, once);
+        hand.tap(KEY_UP);
+        QTRY_VERIFY(menu.keys.contains(Qt::Key_Up));
+        QVERIFY(!menu.keys.contains(Qt::Key_C));
+        QCOMPARE(program.calls, once);
+    }
+
+    void otherCombinationsReachTheMenu()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        Menu menu;
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        hand.chord({KEY_LEFTSHIFT, KEY_X});
+        QTRY_VERIFY(menu.keys.contains(Qt::Key_X));
+        QCOMPARE(program.calls, QStringList());
+    }
+
+    void afterTheMenuTheShortcutComesFromTheDesktopAgain()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        {
+            Menu menu;
+            menu.popup(QPoint(100, 100));
+            QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+            hand.tap(KEY_ESC);
+            QTRY_VERIFY(!menu.isVisible());
+        }
+        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(program.calls, once);
+    }
+
+    void aMenuThatIsDestroyedWhileOpenCountsAsClosed()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        auto menu = std::make_unique<Menu>();
+        menu->popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        menu.reset();
+        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(program.calls, once);
+    }
+
+    void theMenuOfATextFieldIsAMenuToo()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QLineEdit field;
+        const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+        menu->popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(program.calls, once);
+        QVERIFY(menu->isVisible());
+    }
+};
+
+} // namespace tintwick::test
+
+int main(int argc, char** argv)
+{
+    return tintwick::runOnPrivateDesktop<tintwick::test::OpenMenuTest>(argc, argv, {.tray = false});
+}
+
+#include "OpenMenuTest.moc"

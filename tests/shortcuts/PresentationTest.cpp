@@ -1,0 +1,114 @@
+#include "shortcuts/Presentation.h"
+#include "support/ScriptedKeyboardLayout.h"
+
+#include <QTest>
+
+namespace tintwick::test {
+
+using namespace KeyboardShortcuts;
+
+class PresentationTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void specialKeysHaveTheirSymbols_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<QString>("text");
+        const struct
+        {
+            int keyCode;
+            const char* text;
+        } rows[] = {
+            {36, "↩"},     {51, "⌫"},    {117, "⌦"},   {119, "↘"},   {53, "⎋"},    {114, "?⃝"},   {115, "↖"},
+            {49, "Space"}, {48, "⇥"},    {116, "⇞"},   {121, "⇟"},   {126, "↑"},   {124, "→"},   {125, "↓"},
+            {123, "←"},    {122, "F1"},  {120, "F2"},  {99, "F3"},   {118, "F4"},  {96, "F5"},   {97, "F6"},
+            {98, "F7"},    {100, "F8"},  {101, "F9"},  {109, "F10"}, {103, "F11"}, {111, "F12"}, {105, "F13"},
+            {107, "F14"},  {113, "F15"}, {106, "F16"}, {64, "F17"},  {79, "F18"},  {80, "F19"},  {90, "F20"},
+            {82, "0⃣"},     {83, "1⃣"},    {84, "2⃣"},    {85, "3⃣"},    {86, "4⃣"},    {87, "5⃣"},    {88, "6⃣"},
+            {89, "7⃣"},     {91, "8⃣"},    {92, "9⃣"},    {71, "☒⃣"},    {65, ".⃣"},    {75, "/⃣"},    {76, "↩⃣"},
+            {81, "=⃣"},     {78, "-⃣"},    {67, "*⃣"},    {69, "+⃣"},
+        };
+        for (const auto& [keyCode, text] : rows) {
+            QTest::newRow(text) << keyCode << QString::fromUtf8(text);
+        }
+    }
+    void specialKeysHaveTheirSymbols()
+    {
+        QFETCH(const int, keyCode);
+        QFETCH(const QString, text);
+        ScriptedKeyboardLayout layout;
+        layout.characters[keyCode] = QStringLiteral("x");
+        QCOMPARE(presentableDescription({keyCode, 0}, layout), text);
+        QCOMPARE(keyToCharacter({keyCode, 0}, layout), std::optional<QString>());
+    }
+
+    void modifiersComeInOneOrderBeforeTheKey_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("C") << 8 << 0 << "C";
+        QTest::newRow("Option Shift C") << 8 << 0xA00 << "⌥⇧C";
+        QTest::newRow("Shift before Command") << 8 << 0x300 << "⇧⌘C";
+        QTest::newRow("Function alone") << 96 << 0x20000 << "🌐︎F5";
+        QTest::newRow("all five") << 8 << 0x21B00 << "⌃⌥⇧⌘🌐︎C";
+        QTest::newRow("bits that are no modifier") << 8 << 0x400 << "C";
+    }
+    void modifiersComeInOneOrderBeforeTheKey()
+    {
+        QFETCH(const int, keyCode);
+        QFETCH(const int, modifiers);
+        QFETCH(const QString, text);
+        ScriptedKeyboardLayout layout;
+        layout.characters[8] = QStringLiteral("c");
+        QCOMPARE(presentableDescription({keyCode, modifiers}, layout), text);
+    }
+
+    void aKeyIsShownByTheOneCharacterItTypes_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<bool>("isCharacter");
+        QTest::newRow("letter") << "c"
+                                << "C" << true;
+        QTest::newRow("digit") << "1"
+                               << "1" << true;
+        QTest::newRow("umlaut") << "ö"
+                                << "Ö" << true;
+        QTest::newRow("sharp s stays one character") << "ß"
+                                                     << "ß" << true;
+        QTest::newRow("beyond 16 bits") << "𐐨"
+                                        << "𐐀" << true;
+        QTest::newRow("nothing typed") << ""
+                                       << "\uFFFD" << false;
+        QTest::newRow("a dead key sequence") << "´e"
+                                             << "\uFFFD" << false;
+        QTest::newRow("a letter and a combining mark") << "e\u0301"
+                                                       << "\uFFFD" << false;
+    }
+    void aKeyIsShownByTheOneCharacterItTypes()
+    {
+        QFETCH(const QString, typed);
+        QFETCH(const QString, shown);
+        QFETCH(const bool, isCharacter);
+        ScriptedKeyboardLayout layout;
+        layout.characters[8] = typed;
+        QCOMPARE(presentableDescription({8, 0}, layout), shown);
+        QCOMPARE(keyToCharacter({8, 0x200}, layout), isCharacter ? std::optional(typed) : std::nullopt);
+    }
+
+    void aKeyThatTheLayoutDoesNotHaveIsShownAsUnknown()
+    {
+        const ScriptedKeyboardLayout layout;
+        QCOMPARE(presentableDescription({8, 0xA00}, layout), QStringLiteral("⌥⇧\uFFFD"));
+        QCOMPARE(presentableDescription({999, 0}, layout), QStringLiteral("\uFFFD"));
+        QCOMPARE(keyToCharacter({8, 0xA00}, layout), std::optional<QString>());
+    }
+};
+
+} // namespace tintwick::test
+
+QTEST_APPLESS_MAIN(tintwick::test::PresentationTest)
+#include "PresentationTest.moc"
