@@ -3,8 +3,17 @@
 #include "model/CapturedColor.h"
 
 #include <QCoreApplication>
+#include <QTimer>
+
+#include <chrono>
 
 namespace tintwick {
+
+namespace {
+
+constexpr std::chrono::milliseconds preparationDelay{400};
+
+} // namespace
 
 AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
@@ -31,6 +40,8 @@ void AppDelegate::setupColorPickerService()
     m_colorPickerService.setOnColorCaptured([this](const SampledColor& color) {
         m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
     });
+    // Once the icon is in the tray, so that it does not come later for it.
+    QTimer::singleShot(preparationDelay, &m_statusItem, [this] { m_colorPickerService.prepare(); });
 }
 
 void AppDelegate::activatePicker()

@@ -15,23 +15,26 @@ namespace {
 double clampedComponent(double value)
 {
     // Written so that a value that is not a number becomes 0 as well.
-    if (!(value > 0))
+    if (!(value > 0)) {
         return 0;
+    }
     return value > 1 ? 1 : value;
 }
 
 void requireFinite(double component)
 {
-    if (!std::isfinite(component))
+    if (!std::isfinite(component)) {
         qFatal("A colour component is not a finite number");
+    }
 }
 
 /// Rounds half away from zero. Records from a file may hold components of any size, so the result stays
 /// within int.
 int roundedInt(double value)
 {
-    if (std::isnan(value))
+    if (std::isnan(value)) {
         return 0;
+    }
     constexpr double lowest = std::numeric_limits<int>::min();
     constexpr double highest = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(std::round(value), lowest, highest));
@@ -110,26 +113,30 @@ QString CapturedColor::cssRGBA() const
 
 Hsl CapturedColor::hsl() const
 {
-    for (const double component : {red, green, blue})
+    for (const double component : {red, green, blue}) {
         requireFinite(component);
+    }
 
     const double max = std::max({red, green, blue});
     const double min = std::min({red, green, blue});
     const double delta = max - min;
     const double lightness = (max + min) * 0.5;
-    if (delta == 0)
+    if (delta == 0) {
         return {0, 0, roundedInt(lightness * 100)};
+    }
 
     double sextant = 0;
-    if (red == max)
+    if (red == max) {
         sextant = std::fmod((green - blue) / delta, 6);
-    else if (green == max)
+    } else if (green == max) {
         sextant = (blue - red) / delta + 2;
-    else
+    } else {
         sextant = (red - green) / delta + 4;
+    }
     double hue = sextant * 60;
-    if (hue < 0)
+    if (hue < 0) {
         hue += 360;
+    }
 
     // So near to black or white that the range is lost in rounding, a colour has no saturation to speak of.
     const double range = 1 - std::abs(2 * lightness - 1);

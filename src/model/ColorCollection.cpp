@@ -15,8 +15,9 @@ QList<CapturedColor> ColorCollection::colors(const QList<CapturedColor>& history
     QList<CapturedColor> members;
     for (const QUuid& colorId : colorIds) {
         const auto found = std::ranges::find(history, colorId, &CapturedColor::id);
-        if (found != history.end())
+        if (found != history.end()) {
             members.append(*found);
+        }
     }
     return members;
 }

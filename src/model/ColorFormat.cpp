@@ -35,8 +35,9 @@ QString rawValue(ColorFormat format)
 std::optional<ColorFormat> colorFormatFromRawValue(QStringView text)
 {
     for (const ColorFormat format : allColorFormats) {
-        if (rawValue(format) == text)
+        if (rawValue(format) == text) {
             return format;
+        }
     }
     return std::nullopt;
 }

@@ -11,15 +11,17 @@ namespace {
 
 constexpr auto sharedNames = [] {
     std::array<QStringView, namedColors.size()> names;
-    for (std::size_t row = 0; row < names.size(); ++row)
+    for (std::size_t row = 0; row < names.size(); ++row) {
         names[row] = namedColors[row].name;
+    }
     return names;
 }();
 
 constexpr auto sharedColors = [] {
     ColorTable<namedColors.size()> table;
-    for (std::size_t row = 0; row < namedColors.size(); ++row)
+    for (std::size_t row = 0; row < namedColors.size(); ++row) {
         table.setRow(row, namedColors[row].rgb);
+    }
     return table;
 }();
 

@@ -4,26 +4,45 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace tintwick {
+
+namespace {
+
+constexpr std::size_t blockSize = 64;
+
+/// In eight independent lanes, since a single chain of comparisons would wait for each one's result.
+double smallestOf(const std::array<double, blockSize>& values)
+{
+    std::array<double, 8> lanes;
+    std::copy_n(values.begin(), lanes.size(), lanes.begin());
+    for (std::size_t i = lanes.size(); i < values.size(); i += lanes.size()) {
+        for (std::size_t lane = 0; lane < lanes.size(); ++lane)
+            lanes[lane] = values[i + lane] < lanes[lane] ? values[i + lane] : lanes[lane];
+    }
+    return *std::ranges::min_element(lanes);
+}
+
+} // namespace
 
 std::optional<std::size_t> nearestColor(const ColorColumns& table, const CapturedColor& color)
 {
     const std::size_t count = table.red.size();
-    if (count == 0)
+    if (count == 0) {
         return std::nullopt;
+    }
 
     const double red = color.red * 255;
     const double green = color.green * 255;
     const double blue = color.blue * 255;
 
-    // The distances are kept apart from the search for the smallest: the first loop has no order to keep, so
-    // the compiler turns it into vector instructions; the second one holds the rule that the first of equals
-    // wins.
-    constexpr std::size_t blockSize = 64;
+    // The distances of a block do not depend on each other, so the compiler computes them in vector
+    // registers. Only a block that beats those before it is searched for the first row with its smallest
+    // distance.
     std::array<double, blockSize> distances;
     std::size_t best = 0;
-    double bestDistance = 0;
+    double bestDistance = std::numeric_limits<double>::infinity();
     for (std::size_t start = 0; start < count; start += blockSize) {
         const std::size_t length = std::min(blockSize, count - start);
         for (std::size_t i = 0; i < length; ++i) {
@@ -33,11 +52,14 @@ std::optional<std::size_t> nearestColor(const ColorColumns& table, const Capture
             distances[i] = redDifference * redDifference + greenDifference * greenDifference +
                            blueDifference * blueDifference;
         }
-        for (std::size_t i = 0; i < length; ++i) {
-            if (distances[i] < bestDistance || start + i == 0) {
-                bestDistance = distances[i];
-                best = start + i;
-            }
+        std::fill(distances.begin() + static_cast<std::ptrdiff_t>(length), distances.end(),
+                  std::numeric_limits<double>::infinity());
+
+        const double smallest = smallestOf(distances);
+        if (smallest < bestDistance) {
+            bestDistance = smallest;
+            best =
+                start + static_cast<std::size_t>(std::ranges::find(distances, smallest) - distances.begin());
         }
     }
     return best;

@@ -9,8 +9,9 @@ namespace {
 
 char32_t firstCodePoint(QStringView text)
 {
-    if (text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate())
+    if (text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate()) {
         return QChar::surrogateToUcs4(text[0], text[1]);
+    }
     return text[0].unicode();
 }
 
@@ -26,8 +27,9 @@ QString slugify(const QString& text)
 {
     QString joined = text.toLower();
     for (QChar& unit : joined) {
-        if (unit.isSpace())
+        if (unit.isSpace()) {
             unit = u'-';
+        }
     }
 
     QString slug;
@@ -35,8 +37,9 @@ QString slugify(const QString& text)
     qsizetype start = 0;
     for (qsizetype end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
         const QStringView character = QStringView(joined).sliced(start, end - start);
-        if (isKept(character))
+        if (isKept(character)) {
             slug += character;
+        }
         start = end;
     }
     return slug;

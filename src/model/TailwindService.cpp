@@ -12,18 +12,20 @@ constexpr std::size_t shadeCount = tailwindShades.size();
 constexpr auto sharedPalette = [] {
     ColorTable<tailwindPalette.size() * shadeCount> table;
     for (std::size_t family = 0; family < tailwindPalette.size(); ++family) {
-        for (std::size_t shade = 0; shade < shadeCount; ++shade)
+        for (std::size_t shade = 0; shade < shadeCount; ++shade) {
             table.setRow(family * shadeCount + shade, tailwindPalette[family].rgb[shade]);
+        }
     }
     return table;
 }();
 
 QString tokenOf(std::size_t row)
 {
-    QString token = tailwindPalette[row / shadeCount].name.toString();
-    token += u'-';
-    token += tailwindShades[row % shadeCount];
-    return token;
+    const QStringView family = tailwindPalette[row / shadeCount].name;
+    const QStringView shade = tailwindShades[row % shadeCount];
+    QString token;
+    token.reserve(family.size() + 1 + shade.size());
+    return token.append(family).append(u'-').append(shade);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "picker/ColorPickerService.h"
 
+#include "picker/MagnifierView.h"
 #include "picker/PickerViewController.h"
 #include "picker/PickerWindow.h"
 #include "platform/Platform.h"
@@ -18,6 +19,11 @@ ColorPickerService::ColorPickerService(Platform& platform, ScreenCaptureService&
 ColorPickerService::~ColorPickerService()
 {
     hidePicker();
+}
+
+void ColorPickerService::prepare()
+{
+    static_cast<void>(MagnifierView().render(1));
 }
 
 void ColorPickerService::showPicker()

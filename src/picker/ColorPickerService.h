@@ -28,6 +28,9 @@ public:
     /// may be destroyed in it. Not called when the user cancels.
     void setOnColorCaptured(ColorCaptured callback) { m_onColorCaptured = std::move(callback); }
 
+    /// Loads the loupe's fonts, for which the first pick would make the user wait.
+    void prepare();
+
     /// Ignored while picking. When the desktop refuses the input, nothing is shown and isPicking() is false afterwards.
     void showPicker();
 

@@ -50,9 +50,16 @@ void PickerViewController::viewWillDisappear()
 
 void PickerViewController::contentChanged(const DesktopRect& rect)
 {
-    if (hasAppeared() && !m_contentTimer.isActive() && (rect.isEmpty() || rect.intersects(m_sampledRect))) {
-        m_contentTimer.start();
+    if (!hasAppeared()) {
+        return;
     }
+    if (rect.isEmpty()) {
+        // The pointer may have been on a screen that is gone.
+        m_position = m_input.pointerPosition();
+    } else if (!rect.intersects(m_sampledRect)) {
+        return;
+    }
+    m_contentTimer.start();
 }
 
 void PickerViewController::pointerMoved(DesktopPoint position)
@@ -91,7 +98,8 @@ void PickerViewController::keyPressed(const KeyPress& press)
     case keycode::returnKey:
     case keycode::keypadEnter:
     case keycode::space:
-        // The key that opened picking may still be held down, and its repeats must not take a colour.
+        // The key that opened picking may still be held down, and its repeats must not take a colour. A step that an
+        // arrow has just made may not have been reported yet, so the position is asked for.
         if (!press.isRepeat) {
             pickColor(m_input.pointerPosition());
         }
@@ -137,6 +145,7 @@ void PickerViewController::updateMagnifier(DesktopPoint position)
     if (!hasAppeared()) {
         return;
     }
+    m_position = position;
     // Whatever change was waiting to be followed is in this sample.
     m_contentTimer.stop();
     const GlobalPoint point = m_capture.coordinates().toGlobal(position);
@@ -153,7 +162,7 @@ void PickerViewController::followContent()
         cancel();
         return;
     }
-    updateMagnifier(m_input.pointerPosition());
+    updateMagnifier(m_position);
 }
 
 void PickerViewController::zoomBy(int steps)
@@ -166,7 +175,7 @@ void PickerViewController::zoomBy(int steps)
         return;
     }
     m_radius = radius;
-    updateMagnifier(m_input.pointerPosition());
+    updateMagnifier(m_position);
 }
 
 void PickerViewController::pickColor(DesktopPoint position)

@@ -64,6 +64,9 @@ private:
     std::unique_ptr<MagnifierView> m_magnifierView;
     int m_radius;
     ScrollAccumulator m_scroll;
+    /// The newest position that was reported, which the loupe shows. Asking the input may give whole pixels only, and
+    /// the loupe would jump by the fraction.
+    DesktopPoint m_position;
     DesktopRect m_sampledRect;
     QTimer m_contentTimer;
 };

@@ -19,7 +19,7 @@ std::string utf8(const QString& text)
 
 std::string uuidText(const QUuid& id)
 {
-    return utf8(id.toString(QUuid::WithoutBraces).toUpper());
+    return id.toByteArray(QUuid::WithoutBraces).toUpper().toStdString();
 }
 
 bool hasText(const QDateTime& date)
@@ -41,10 +41,13 @@ bool isEncodable(const CapturedColor& color)
 
 ordered_json encoded(const CapturedColor& color)
 {
-    ordered_json object{
-        {"id", uuidText(color.id)}, {"red", color.red},     {"green", color.green},
-        {"blue", color.blue},       {"alpha", color.alpha}, {"capturedAt", dateText(color.capturedAt)},
-    };
+    ordered_json object;
+    object["id"] = uuidText(color.id);
+    object["red"] = color.red;
+    object["green"] = color.green;
+    object["blue"] = color.blue;
+    object["alpha"] = color.alpha;
+    object["capturedAt"] = dateText(color.capturedAt);
     if (color.customName)
         object["customName"] = utf8(*color.customName);
     return object;
@@ -55,11 +58,14 @@ ordered_json encoded(const ColorCollection& collection)
     ordered_json colorIds = ordered_json::array();
     for (const QUuid& colorId : collection.colorIds)
         colorIds.push_back(uuidText(colorId));
-    return {
-        {"id", uuidText(collection.id)},   {"name", utf8(collection.name)},
-        {"colorIds", std::move(colorIds)}, {"createdAt", dateText(collection.createdAt)},
-        {"icon", utf8(collection.icon)},
-    };
+
+    ordered_json object;
+    object["id"] = uuidText(collection.id);
+    object["name"] = utf8(collection.name);
+    object["colorIds"] = std::move(colorIds);
+    object["createdAt"] = dateText(collection.createdAt);
+    object["icon"] = utf8(collection.icon);
+    return object;
 }
 
 /// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
@@ -234,11 +240,10 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
             return std::nullopt;
         collections.push_back(encoded(collection));
     }
-    const ordered_json object{
-        {"history", std::move(history)},
-        {"collections", std::move(collections)},
-        {"defaultFormat", utf8(rawValue(payload.defaultFormat))},
-    };
+    ordered_json object;
+    object["history"] = std::move(history);
+    object["collections"] = std::move(collections);
+    object["defaultFormat"] = utf8(rawValue(payload.defaultFormat));
 
     constexpr int indentation = 2;
     QByteArray text = QByteArray::fromStdString(object.dump(indentation));
@@ -247,7 +252,8 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 
 std::optional<Payload> decodePayload(QByteArrayView text)
 {
-    if (text.size() > largestPayload)
+    // The parser takes a zero byte for the end of the text and would pass over whatever follows it.
+    if (text.size() > largestPayload || text.contains('\0'))
         return std::nullopt;
     Validator validator;
     if (!json::sax_parse(text.begin(), text.end(), &validator))

@@ -142,7 +142,7 @@ void MagnifierViewTest::theCenterColorIsSeenInTheCenterCellAndThePill()
     QFETCH(const double, side);
     QFETCH(const double, scale);
     MagnifierView view;
-    for (const int radius : {0, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 40}) {
+    for (const int radius : {0, 3, 7, 15, 40}) {
         PixelGrid grid = uniformGrid(2 * radius + 1, fromBytes(250, 240, 230));
         const SampledColor center = fromBytes(31, 127, 201);
         const auto middle = static_cast<std::size_t>(radius);
@@ -317,16 +317,19 @@ void MagnifierViewTest::betweenRingAndCellsNothingShinesThrough()
     view.setPixels(uniformGrid(15, fromBytes(255, 255, 255)));
     const QImage& picture = view.render({.isCircle = isCircle, .side = 130}, scale);
     const double middle = picture.width() / 2.0;
+    int shining = 0;
     for (int y = 0; y < picture.width(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = 0; x < picture.width(); ++x) {
             const double dx = x + 0.5 - middle;
             const double dy = y + 0.5 - middle;
             // Inside the circle less an outermost pixel, which is antialiased against the screen.
-            if (dx * dx + dy * dy < (middle - 1.5) * (middle - 1.5)) {
-                QCOMPARE(qAlpha(picture.pixel(x, y)), 255);
+            if (dx * dx + dy * dy < (middle - 1.5) * (middle - 1.5) && qAlpha(row[x]) != 255) {
+                ++shining;
             }
         }
     }
+    QCOMPARE(shining, 0);
     // 0.07 × 255 = 17.85
     const int y = picture.width() / 2;
     for (int x = 0; x + 1 <= 3.5 * scale; ++x) {

@@ -233,6 +233,15 @@ private Q_SLOTS:
         QVERIFY(desk.captured == std::vector{worldColor(501, 410)});
     }
 
+    void a_key_takes_the_pixel_of_a_step_that_is_not_reported_yet()
+    {
+        Desk desk;
+        desk.service->showPicker();
+        desk.platform.input.position = {501, 400};
+        desk.platform.input.key(keycode::space);
+        QVERIFY(desk.captured == std::vector{worldColor(501, 400)});
+    }
+
     void scrolling_zooms_and_keeps_what_is_not_a_step()
     {
         Desk desk;
@@ -566,6 +575,20 @@ private Q_SLOTS:
         QCOMPARE(desk.shown(), 4);
     }
 
+    void the_loupe_stays_at_the_fraction_of_the_last_move()
+    {
+        Desk desk;
+        desk.service->showPicker();
+        desk.platform.input.move({100.75, 50.5});
+        // Some systems tell only whole pixels when asked.
+        desk.platform.input.position = {100, 50};
+        desk.platform.grabber.reportChange({100, 50, 1, 1});
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{93.75, 43.5, 15, 15}));
+        desk.platform.input.key(keycode::equal, modifier::command);
+        QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{94.75, 44.5, 13, 13}));
+    }
+
     void the_shown_colour_is_the_changed_one()
     {
         Desk desk;
@@ -600,6 +623,12 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(desk.service->isPicking());
         QCOMPARE(desk.platform.frames.back().topLeft, (DesktopPoint{1786, 435}));
+
+        // The desktop brings the pointer back to a screen that is left.
+        desk.platform.input.position = {1919, 300};
+        desk.platform.grabber.reportChange({});
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.platform.frames.back().topLeft, (DesktopPoint{1786, 235}));
     }
 
     void the_primary_screen_may_disappear_too()
