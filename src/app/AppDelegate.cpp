@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "model/CapturedColor.h"
+#include "shortcuts/ShortcutNames.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -19,6 +20,8 @@ AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
     , m_capture(m_platform->screenGrabber())
     , m_colorPickerService(*m_platform, m_capture)
+    , m_shortcuts(m_platform->hotKeyRegistrar(), m_platform->keyboardLayout(), m_settings)
+    , m_openMenuWatcher(m_shortcuts)
 {
 }
 
@@ -26,6 +29,7 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     setupMenuBar();
     setupColorPickerService();
+    setupGlobalShortcut();
 }
 
 void AppDelegate::setupMenuBar()
@@ -42,6 +46,12 @@ void AppDelegate::setupColorPickerService()
     });
     // Once the icon is in the tray, so that it does not come later for it.
     QTimer::singleShot(preparationDelay, &m_statusItem, [this] { m_colorPickerService.prepare(); });
+}
+
+void AppDelegate::setupGlobalShortcut()
+{
+    m_shortcuts.declare(shortcutnames::activatePicker());
+    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] { m_colorPickerService.showPicker(); });
 }
 
 void AppDelegate::activatePicker()

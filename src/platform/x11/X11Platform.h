@@ -1,9 +1,14 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PickingInput.h"
 #include "platform/x11/X11ScreenGrabber.h"
 #include "platform/x11/XcbConnection.h"
+
+#include <memory>
+#include <optional>
 
 namespace tintwick {
 
@@ -18,11 +23,16 @@ public:
     [[nodiscard]] ScreenGrabber& screenGrabber() override { return m_screenGrabber; }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
 private:
     std::unique_ptr<XcbConnection> m_connection;
     X11ScreenGrabber m_screenGrabber;
     X11PickingInput m_pickingInput;
+    // These listen from the beginning, for which there must be an event loop.
+    std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
+    std::optional<X11KeyboardLayout> m_keyboardLayout;
 };
 
 } // namespace tintwick
