@@ -227,13 +227,13 @@ void OursAloneTest::aRefusedGrabEndsThePickCleanly()
     QVERIFY(program.openMenuWithoutPointer());
     program.choosePickWithoutPointer();
     QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
-    // The program has answered a second click, so it has given up on the first.
+    // Neither half of the grab is kept.
+    QVERIFY(holdsPointer || waitUntil([&] { return other.grabPointer(); }));
+    QVERIFY(holdsKeyboard || waitUntil([&] { return other.grabKeyboard(); }));
+    // The program answers a second click, so it has given up on the first.
     QVERIFY(program.openMenuWithoutPointer());
     QVERIFY(!program.loupe());
     QVERIFY(desktop.pointerIsVisible());
-    // Neither half of the grab is kept; the menu tries to take both, too, and gives back what it got.
-    QVERIFY(holdsPointer || waitUntil([&] { return other.grabPointer(); }));
-    QVERIFY(holdsKeyboard || waitUntil([&] { return other.grabKeyboard(); }));
 
     other.ungrabAll();
     program.choosePickWithoutPointer();
@@ -243,6 +243,7 @@ void OursAloneTest::aRefusedGrabEndsThePickCleanly()
     desktop.click();
     QVERIFY(program.waitForPickToEnd());
     QVERIFY(program.waitForClipboard(hexText(patternPixel(640, 500))));
+    QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
 }
 
 void OursAloneTest::noWindowOfOursIsAsLargeAsTheScreen()

@@ -75,12 +75,15 @@ QRect TintwickProcess::menuPlace()
 
 bool TintwickProcess::openMenu()
 {
-    if (!waitForTrayIcon()) {
+    // The end of a pick before is not over until the last button is up and the input is given back.
+    DesktopConnection& connection = m_desktop.connection();
+    if (!waitForTrayIcon() || !waitUntil([&] { return connection.inputIsFree(); })) {
         return false;
     }
     m_desktop.movePointer(trayIcon().center());
     m_desktop.click(PrivateDesktop::Button::Right);
-    return waitUntil([this] { return menu() != XCB_NONE; });
+    // A menu that is seen does not listen until it holds the input.
+    return waitUntil([&] { return menu() != XCB_NONE && !connection.inputIsFree(); });
 }
 
 bool TintwickProcess::openMenuWithoutPointer()
@@ -121,6 +124,13 @@ void TintwickProcess::sendClick(xcb_window_t window, PrivateDesktop::Button butt
     connection.sync();
 }
 
+void TintwickProcess::pointAtPick()
+{
+    // A few items share the menu's height: a seventh of it is inside the first.
+    const QRect place = menuPlace();
+    m_desktop.movePointer({place.center().x(), place.top() + place.height() / 7});
+}
+
 void TintwickProcess::choosePick(ChosenBy chosenBy)
 {
     if (chosenBy == ChosenBy::Keys) {
@@ -128,9 +138,7 @@ void TintwickProcess::choosePick(ChosenBy chosenBy)
         m_desktop.typeKey(XK_Return);
         return;
     }
-    // Five items share the menu's height, two of them thin separators: a seventh is inside the first.
-    const QRect place = menuPlace();
-    m_desktop.movePointer({place.center().x(), place.top() + place.height() / 7});
+    pointAtPick();
     m_desktop.click();
 }
 

@@ -41,6 +41,8 @@ public:
     void choosePickWithoutPointer();
     /// The open menu on the screen; empty while none is open.
     [[nodiscard]] QRect menuPlace();
+    /// Moves the pointer onto "Pick Color (⌥⇧C)" in the open menu.
+    void pointAtPick();
     /// Chooses "Pick Color (⌥⇧C)" in the open menu.
     void choosePick(ChosenBy chosenBy = ChosenBy::Pointer);
     /// Chooses "Quit Tintwick" in the open menu.

@@ -73,6 +73,8 @@ public:
     [[nodiscard]] bool grabPointer();
     [[nodiscard]] bool grabKeyboard();
     void ungrabAll();
+    /// Whether nobody holds the pointer or the keyboard; to ask disturbs nobody who is about to.
+    [[nodiscard]] bool inputIsFree();
 
     /// The handler gets the events of the window until it is removed.
     void setEventHandler(xcb_window_t window, EventHandler handler);
