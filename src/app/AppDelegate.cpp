@@ -6,6 +6,7 @@
 #include "platform/SystemAppearance.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
+#include "shortcuts/ShortcutNames.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -55,6 +56,8 @@ AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
     , m_capture(m_platform->screenGrabber())
     , m_colorPickerService(*m_platform, m_capture)
+    , m_shortcuts(m_platform->hotKeyRegistrar(), m_platform->keyboardLayout(), m_settings)
+    , m_openMenuWatcher(m_shortcuts)
 {
 }
 
@@ -64,6 +67,7 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     setupMenuBar();
     setupColorPickerService();
+    setupGlobalShortcut();
     // What the user cannot ask for before the icon is in the tray comes after it.
     QTimer::singleShot(preparationDelay, &m_statusItem, [this] {
         setupMainPanel();
@@ -135,6 +139,11 @@ void AppDelegate::handleStatusBarClick()
 void AppDelegate::showMainPanel(std::optional<QPoint> click)
 {
     setupMainPanel();
+    if (m_mainPanel->isVisible()) {
+        // Asked for again, it is wanted for typing.
+        m_mainPanel->activateWindow();
+        return;
+    }
     m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
 }
 
@@ -154,6 +163,14 @@ void AppDelegate::followSystemAppearance()
     };
     apply();
     system.follow(apply);
+}
+
+void AppDelegate::setupGlobalShortcut()
+{
+    m_shortcuts.declare(shortcutnames::activatePicker());
+    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] { m_colorPickerService.showPicker(); });
+    m_shortcuts.declare(shortcutnames::openMainWindow());
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });
 }
 
 void AppDelegate::activatePicker()

@@ -5,10 +5,13 @@
 #include "picker/ColorPickerService.h"
 #include "picker/ScreenCaptureService.h"
 #include "platform/Platform.h"
+#include "shortcuts/OpenMenuWatcher.h"
+#include "shortcuts/Registry.h"
 #include "state/AppState.h"
 
 #include <QElapsedTimer>
 #include <QPoint>
+#include <QSettings>
 
 #include <memory>
 #include <optional>
@@ -18,7 +21,7 @@ namespace tintwick {
 class MainPanelView;
 
 /// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
-/// main panel and the picker. Making it loads the data file.
+/// main panel, the picker and the global shortcuts. Making it loads the data file.
 class AppDelegate final
 {
 public:
@@ -41,6 +44,7 @@ private:
     void hideMainPanel();
     void followSystemAppearance();
 
+    void setupGlobalShortcut();
     /// The menu's way in; a colour picked is recorded, copied and saved.
     void activatePicker();
     /// The panel's way in: the panel is gone from the screen before picking begins.
@@ -55,6 +59,9 @@ private:
     MainPanelView* m_mainPanelView = nullptr;
     std::unique_ptr<FloatingPanel> m_mainPanel;
     QElapsedTimer m_sinceClickElsewhere;
+    QSettings m_settings;
+    KeyboardShortcuts::Registry m_shortcuts;
+    KeyboardShortcuts::OpenMenuWatcher m_openMenuWatcher;
 };
 
 } // namespace tintwick

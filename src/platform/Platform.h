@@ -7,13 +7,16 @@
 namespace tintwick {
 
 class ClickMonitor;
+class HotKeyRegistrar;
+class KeyboardLayout;
 class LoupeSurface;
 class PanelHost;
 class PickingInput;
 class ScreenGrabber;
 class SystemAppearance;
 
-/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program.
+/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program; what it
+/// offers is used once the application object exists.
 class Platform
 {
 public:
@@ -25,10 +28,13 @@ public:
 
     [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
+    /// Never none.
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
     [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
     [[nodiscard]] virtual SystemAppearance& systemAppearance() = 0;
+    [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
+    [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
 };
 
 } // namespace tintwick

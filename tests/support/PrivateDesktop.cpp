@@ -1,6 +1,6 @@
 #include "support/PrivateDesktop.h"
 
-#include "support/TestWindow.h"
+#include "support/Pattern.h"
 #include "support/WaitUntil.h"
 
 #include <QDir>
@@ -298,6 +298,33 @@ void PrivateDesktop::typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& 
     pressKey(key);
     releaseKey(key);
     std::for_each(held.rbegin(), held.rend(), [this](xcb_keysym_t modifier) { releaseKey(modifier); });
+}
+
+QImage PrivateDesktop::settledScreenshot()
+{
+    constexpr int enough = 30;
+    QImage last = screenshot();
+    int alike = 0;
+    require(waitUntil([&] {
+                QImage next = screenshot();
+                alike = next == last ? alike + 1 : 0;
+                last = std::move(next);
+                return alike == enough;
+            }),
+            "the screen does not come to rest");
+    return last;
+}
+
+std::unique_ptr<TestWindow> PrivateDesktop::showPicture()
+{
+    auto window = std::make_unique<TestWindow>(*m_connection, TestWindow::Options{.geometry = screen()});
+    window->setPicture(patternImage(screen()));
+    window->lower();
+    window->show();
+    const QPoint corner(m_options.size.width() - 1, m_options.size.height() - 1);
+    require(waitUntil([&] { return pixel(corner) == patternPixel(corner.x(), corner.y()); }),
+            "the picture does not come up");
+    return window;
 }
 
 void PrivateDesktop::setMonitors(const std::vector<Monitor>& monitors)

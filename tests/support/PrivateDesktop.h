@@ -2,6 +2,7 @@
 
 #include "support/DesktopConnection.h"
 #include "support/RunningProgram.h"
+#include "support/TestWindow.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -88,7 +89,12 @@ public:
     void typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& held = {});
 
     [[nodiscard]] QImage screenshot() { return m_connection->screenshot(screen()); }
+    /// The screen once it looks the same many times in a row: window manager and compositor have finished.
+    [[nodiscard]] QImage settledScreenshot();
     [[nodiscard]] QRgb pixel(QPoint position) { return m_connection->pixel(position); }
+
+    /// Covers the whole desktop with the test picture, below everything else.
+    [[nodiscard]] std::unique_ptr<TestWindow> showPicture();
 
     /// Cuts the desktop into these monitors. The server's only output belongs to the first, which cannot be
     /// removed.

@@ -2,6 +2,8 @@
 
 #include "platform/Platform.h"
 #include "support/ScriptedClickMonitor.h"
+#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedKeyboardLayout.h"
 #include "support/ScriptedLoupeSurface.h"
 #include "support/ScriptedPanelHost.h"
 #include "support/ScriptedPickingInput.h"
@@ -21,6 +23,8 @@ public:
     ScriptedClickMonitor clicks;
     ScriptedPanelHost panels;
     ScriptedSystemAppearance appearance;
+    ScriptedHotKeyRegistrar hotKeys;
+    ScriptedKeyboardLayout layout;
     /// Every frame of every loupe.
     std::vector<ScriptedLoupeSurface::Frame> frames;
 
@@ -31,6 +35,8 @@ public:
     [[nodiscard]] ClickMonitor& clickMonitor() override { return clicks; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
     [[nodiscard]] SystemAppearance& systemAppearance() override { return appearance; }
+    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
 
 private:
     SurfaceId m_loupes = 0;

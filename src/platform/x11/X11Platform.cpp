@@ -92,4 +92,14 @@ std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
     return std::make_unique<X11LoupeSurface>(*m_connection, m_screenGrabber);
 }
 
+HotKeyRegistrar& X11Platform::hotKeyRegistrar()
+{
+    return m_hotKeyRegistrar ? *m_hotKeyRegistrar : m_hotKeyRegistrar.emplace(*m_connection);
+}
+
+KeyboardLayout& X11Platform::keyboardLayout()
+{
+    return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection);
+}
+
 } // namespace tintwick

@@ -4,9 +4,14 @@
 #include "platform/portal/PortalAppearance.h"
 #include "platform/x11/X11ClickMonitor.h"
 #include "platform/x11/X11PanelHost.h"
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PickingInput.h"
 #include "platform/x11/X11ScreenGrabber.h"
 #include "platform/x11/XcbConnection.h"
+
+#include <memory>
+#include <optional>
 
 namespace tintwick {
 
@@ -24,6 +29,8 @@ public:
     [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] SystemAppearance& systemAppearance() override { return m_systemAppearance; }
+    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
 private:
     std::unique_ptr<XcbConnection> m_connection;
@@ -32,6 +39,9 @@ private:
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
     PortalAppearance m_systemAppearance;
+    // These listen from the beginning, for which there must be an event loop.
+    std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
+    std::optional<X11KeyboardLayout> m_keyboardLayout;
 };
 
 } // namespace tintwick
