@@ -56,7 +56,7 @@ QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
     const bool isOnTheLeft = anchor.center().x() < screen.frame.center().x();
     const int sideways = isOnTheLeft ? rightEdge(anchor) : anchor.x() - panel.width();
     return {bounded(sideways, lowestX, highestX),
-            bounded(anchor.center().y() - panel.height() / 2, room.y(), bottomEdge(room) - panel.height())};
+            bounded(anchor.y() + (anchor.height() - panel.height()) / 2, room.y(), bottomEdge(room) - panel.height())};
 }
 
 } // namespace

@@ -104,5 +104,5 @@ void PanelPlacementTest::thePanelIsWhereItsAnchorPutsIt()
     QCOMPARE(placePanel(anchor, screens, panel), topLeft);
 }
 
-QTEST_GUILESS_MAIN(PanelPlacementTest)
+QTEST_MAIN(PanelPlacementTest)
 #include "PanelPlacementTest.moc"
