@@ -1,10 +1,10 @@
 #include "app/StatusItem.h"
 
+#include "ui/kit/Symbol.h"
+
 #include <QAction>
 #include <QIcon>
-#include <QPainter>
 #include <QPixmap>
-#include <QSvgRenderer>
 
 namespace tintwick {
 
@@ -17,17 +17,9 @@ constexpr QColor tint(0x76, 0x76, 0x76);
 
 QIcon statusIcon()
 {
-    QSvgRenderer symbol(u":/symbols/eyedropper.halffull.svg"_s);
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48}) {
-        QPixmap pixmap(side, side);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        symbol.render(&painter);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(pixmap.rect(), tint);
-        painter.end();
-        icon.addPixmap(pixmap);
+        icon.addPixmap(symbolPixmapOfSide(u"eyedropper.halffull", side, tint));
     }
     return icon;
 }

@@ -7,28 +7,6 @@
 
 namespace tintwick {
 
-namespace {
-
-QPalette paletteOf(Scheme scheme)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, DS::bg.in(scheme));
-    palette.setColor(QPalette::WindowText, DS::textPrimary.in(scheme));
-    palette.setColor(QPalette::Base, DS::surface.in(scheme));
-    palette.setColor(QPalette::AlternateBase, DS::surfaceHigh.in(scheme));
-    palette.setColor(QPalette::Text, DS::textPrimary.in(scheme));
-    palette.setColor(QPalette::PlaceholderText, DS::textThird.in(scheme));
-    palette.setColor(QPalette::Button, DS::surfaceHigh.in(scheme));
-    palette.setColor(QPalette::ButtonText, DS::textPrimary.in(scheme));
-    palette.setColor(QPalette::Highlight, DS::accent.in(scheme));
-    palette.setColor(QPalette::HighlightedText, DS::white.in(scheme));
-    palette.setColor(QPalette::ToolTipBase, DS::surface.in(scheme));
-    palette.setColor(QPalette::ToolTipText, DS::textPrimary.in(scheme));
-    return palette;
-}
-
-} // namespace
-
 Appearance::Appearance(QWidget& root, Scheme scheme)
     : m_root(root)
     , m_scheme(scheme)
@@ -53,9 +31,27 @@ Scheme Appearance::of(const QWidget* widget)
     return ground == DS::bg.in(Scheme::Dark) ? Scheme::Dark : Scheme::Light;
 }
 
+QPalette Appearance::palette(Scheme scheme)
+{
+    QPalette result;
+    result.setColor(QPalette::Window, DS::bg.in(scheme));
+    result.setColor(QPalette::WindowText, DS::textPrimary.in(scheme));
+    result.setColor(QPalette::Base, DS::surface.in(scheme));
+    result.setColor(QPalette::AlternateBase, DS::surfaceHigh.in(scheme));
+    result.setColor(QPalette::Text, DS::textPrimary.in(scheme));
+    result.setColor(QPalette::PlaceholderText, DS::textThird.in(scheme));
+    result.setColor(QPalette::Button, DS::surfaceHigh.in(scheme));
+    result.setColor(QPalette::ButtonText, DS::textPrimary.in(scheme));
+    result.setColor(QPalette::Highlight, DS::accent.in(scheme));
+    result.setColor(QPalette::HighlightedText, DS::white.in(scheme));
+    result.setColor(QPalette::ToolTipBase, DS::surface.in(scheme));
+    result.setColor(QPalette::ToolTipText, DS::textPrimary.in(scheme));
+    return result;
+}
+
 void Appearance::apply()
 {
-    m_root.setPalette(paletteOf(m_scheme));
+    m_root.setPalette(palette(m_scheme));
 }
 
 } // namespace tintwick

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+class QPalette;
 class QWidget;
 
 namespace tintwick {
@@ -23,6 +24,9 @@ public:
 
     /// The scheme around a widget; light where no appearance has been given.
     [[nodiscard]] static Scheme of(const QWidget* widget);
+
+    /// For a window outside of the tree, such as a menu.
+    [[nodiscard]] static QPalette palette(Scheme scheme);
 
 Q_SIGNALS:
     void schemeChanged();

@@ -4,6 +4,7 @@
 #include "model/ColorFormat.h"
 #include "ui/kit/ContextMenu.h"
 
+#include <QColor>
 #include <QString>
 
 namespace tintwick {

@@ -71,6 +71,8 @@ struct Gradient
 inline constexpr Color bg /*         */ {0xF5F5F7, 0x1F1F23};
 inline constexpr Color surface /*    */ {0xFFFFFF, 0x2A2A2F};
 inline constexpr Color surfaceHigh /**/ {0xE9E9EE, 0x37373E};
+/// What can be typed into.
+inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
@@ -84,6 +86,8 @@ inline constexpr Color clear{0, 0, 0, 0};
 inline constexpr Color green{0x218739, 0x3ECF63};
 /// Of what cannot be undone.
 inline constexpr Color red{0xC9252D, 0xFF6B6B};
+/// The same under white text.
+inline constexpr Color destructiveGround{0xC9252D, 0xD03B40};
 
 inline constexpr std::array cardAccents{
     Gradient{{1.00, 0.60, 0.20}, {0.96, 0.40, 0.12}}, // orange
@@ -92,6 +96,12 @@ inline constexpr std::array cardAccents{
     Gradient{{0.96, 0.42, 0.62}, {0.88, 0.28, 0.52}}, // pink
     Gradient{{0.18, 0.74, 0.56}, {0.10, 0.60, 0.44}}, // green
 };
+
+/// Around what the keyboard acts on.
+inline constexpr Color focusRing{0x4B50DC, 0x8F93FF};
+
+/// Corner radius of the main panel in points.
+inline constexpr double panelRadius = 16;
 
 /// The desktop's interface font; Inter where the desktop names none. Sizes in points of the interface.
 [[nodiscard]] QFont font(int size, QFont::Weight weight = QFont::Normal);

@@ -4,10 +4,7 @@
 
 namespace tintwick {
 
-class Stack;
-
-/// A button that looks like its content. Pressed, the content fades a little; where it can be clicked and the pointer is
-/// over it, too little to be seen as anything but an answer.
+/// A button that looks like its content.
 class PlainButton final : public Clickable
 {
     Q_OBJECT
@@ -16,9 +13,7 @@ public:
     PlainButton(const QString& name, QWidget* content, double cornerRadius);
 
 protected:
-    [[nodiscard]] double focusRingRadius() const override { return m_cornerRadius; }
-    void hoverChanged() override;
-    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] double cornerRadius() const override { return m_cornerRadius; }
 
 private:
     double m_cornerRadius;
@@ -37,18 +32,19 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
-    [[nodiscard]] double focusRingRadius() const override;
-    void hoverChanged() override;
+    [[nodiscard]] double cornerRadius() const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString m_title;
     Style m_style;
 };
 
-/// A plain button around `content`; `name` is for screen readers. The focus ring follows `cornerRadius`.
+/// A plain button around `content`; `name` is for screen readers. Tint and focus ring follow `cornerRadius`.
 [[nodiscard]] PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,
                                        double cornerRadius = 6);
 [[nodiscard]] TextButton* borderedButton(const QString& title, std::function<void()> action);
+/// The button that Return stands for.
 [[nodiscard]] TextButton* prominentButton(const QString& title, std::function<void()> action);
 
 /// Adds the help that appears when the pointer rests on a widget. Returns the widget.

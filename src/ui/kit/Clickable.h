@@ -1,13 +1,15 @@
 #pragma once
 
+#include "ui/DS.h"
+
 #include <QAbstractButton>
 
 #include <functional>
 
 namespace tintwick {
 
-/// What can be clicked: hover, keyboard focus and its ring, Space and Return, and a name for screen readers. Views derive
-/// from it and paint themselves.
+/// What can be clicked: hover, keyboard focus and its ring, Space and Return, and a name for screen readers. A subclass
+/// either composes its content or paints itself; then it calls `paintAnswer()` last.
 class Clickable : public QAbstractButton
 {
     Q_OBJECT
@@ -21,23 +23,33 @@ public:
     [[nodiscard]] bool showsFocusRing() const { return m_showsFocusRing; }
 
     void onClick(std::function<void()> action);
-    /// Makes `content` the whole of the control. Clicks go through it to the control.
-    void setContent(QWidget* content);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    /// Makes `content` the whole of the control. Clicks go through it to the control.
+    void setContent(QWidget* content);
+    /// Tints what is hovered or pressed, and draws the ring of keyboard focus.
+    virtual void paintAnswer(QPainter& painter) const;
     virtual void hoverChanged();
-    /// The radius of the focus ring's corners.
-    [[nodiscard]] virtual double focusRingRadius() const;
+    /// Corner radius of tint and ring.
+    [[nodiscard]] virtual double cornerRadius() const;
 
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// Paints the focus ring only.
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    [[nodiscard]] QSize sizeHint() const override;
 
 private:
+    class Answer;
+
+    void updateAnswer();
+
+    /// Above the content.
+    Answer* m_answer = nullptr;
     bool m_isHovered = false;
     bool m_showsFocusRing = false;
 };

@@ -33,7 +33,7 @@ struct MenuEntry
 
 /// Opens a menu in the appearance of `owner` at a global position. It returns at once; the menu deletes itself.
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries);
-/// Gives a menu of ours the look of all menus.
-void styleMenu(QMenu& menu);
+/// Fills an empty menu, in the look of all menus of ours and in the appearance around it.
+void fillMenu(QMenu& menu, const QList<MenuEntry>& entries);
 
 } // namespace tintwick

@@ -7,11 +7,11 @@
 
 namespace tintwick {
 
-/// One line of text, or several where the text has line breaks. A line too long for its room ends in an ellipsis.
+/// One line of text, or several centred ones where the text has line breaks. A line too long for its room ends in an
+/// ellipsis.
 class Label final : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text)
 
 public:
     Label(const QString& text, const QFont& font, const DS::Color& color);

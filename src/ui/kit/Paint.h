@@ -11,6 +11,9 @@ namespace tintwick {
 
 // All lengths are in points. Each helper leaves the painter as it was, with antialiasing as it needs it.
 
+/// Physical pixels per point of what is really painted on, which need not be the widget itself.
+[[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
+
 /// A brush from the top-left to the bottom-right corner of `rect`.
 [[nodiscard]] QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme);
 
@@ -20,8 +23,8 @@ void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QC
 /// The same, dashed: `on` and `off` in points.
 void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
                         double width, double on, double off);
-/// The ring of keyboard focus, around `rect`.
-void drawFocusRing(QPainter& painter, const QRectF& rect, double radius);
+/// The ring of keyboard focus, along the inside of `rect`.
+void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme scheme);
 /// Cells of 4 points from the top-left corner of `rect`, the first one white, cut off at the rounded edge.
 void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius);
 

@@ -20,7 +20,11 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void fitContent();
+
     Qt::Orientation m_direction;
+    /// Parts of a point that a fine wheel has turned so far.
+    double m_owed = 0;
 };
 
 /// Scrolls up and down; as wide as it is given room.

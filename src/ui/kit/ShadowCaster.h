@@ -1,5 +1,6 @@
 #pragma once
 
+class QMargins;
 class QPainter;
 class QWidget;
 
@@ -21,9 +22,11 @@ protected:
     ShadowCaster() = default;
 };
 
-/// To be called by a ground from its paintEvent: paints the shadows of all casters upon it.
-void paintShadowsOn(QWidget& ground, QPainter& painter);
-/// To be called by a caster when its shadow has changed; `extent` is how far it reached or reaches, in points.
-void updateShadow(QWidget& caster, int extent);
+/// Paints the shadows of all casters upon `ground`, down to the next grounds.
+void paintShadowsOn(const QWidget& ground, QPainter& painter);
+/// Whether shadows of what lies on `widget` fall on itself.
+[[nodiscard]] bool isShadowGround(const QWidget& widget);
+/// To be called by a caster when its shadow has changed, which reaches `extents` points beyond it.
+void updateShadow(QWidget& caster, const QMargins& extents);
 
 } // namespace tintwick

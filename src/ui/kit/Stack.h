@@ -36,6 +36,14 @@ struct FixedSize
 };
 /// Where children stand that do not fill the stack across its direction.
 enum class Across { Leading, Center };
+/// Takes all the width there is, where without it a stack is as wide as its children.
+struct FillWidth
+{
+};
+/// Leaves the room that is left over on both sides of the children, in both directions.
+struct Centered
+{
+};
 /// What is drawn below the children.
 struct Ground
 {
@@ -63,6 +71,14 @@ struct Outline
     return {{horizontal, vertical, horizontal, vertical}};
 }
 [[nodiscard]] constexpr Spacer spacer()
+{
+    return {};
+}
+[[nodiscard]] constexpr FillWidth fillWidth()
+{
+    return {};
+}
+[[nodiscard]] constexpr Centered centered()
 {
     return {};
 }
@@ -95,7 +111,8 @@ struct Outline
     return {color, width, dash};
 }
 
-/// A row or column of widgets, on a ground of its own if it is given one. Made by `row()` and `column()`.
+/// A row or column of widgets, as large as they need; where one of them grows or a spacer stands between them, it grows
+/// too. It is on a ground of its own if it is given one. Made by `row()` and `column()`.
 class Stack : public QWidget, public ShadowCaster
 {
     Q_OBJECT
@@ -110,13 +127,14 @@ public:
     void add(FixedSize size);
     /// Holds for the children added after it.
     void add(Across across);
-    void add(Ground ground);
-    void add(Outline outline);
-    void add(Shadow shadow);
+    void add(FillWidth fill);
+    void add(Centered centered);
+    void add(const Ground& ground);
+    void add(const Outline& outline);
+    void add(const Shadow& shadow);
 
     /// Whether this stack draws a ground, on which shadows fall.
     [[nodiscard]] bool hasGround() const { return m_ground.has_value(); }
-    void setGround(const Ground& ground);
     /// Takes all children out and deletes them; what they were made of stays.
     void clearChildren();
 
@@ -126,6 +144,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void growTo(Qt::Orientation direction);
+
     QBoxLayout* m_layout;
     Across m_across = Across::Center;
     std::optional<Ground> m_ground;
@@ -150,8 +170,5 @@ template <typename... Parts>
     (stack->add(std::forward<Parts>(parts)), ...);
     return stack;
 }
-
-/// Makes `content` the whole of `host`.
-void setContent(QWidget& host, QWidget* content);
 
 } // namespace tintwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QPixmap>
 #include <QRectF>
 #include <QStringView>
@@ -22,5 +23,11 @@ void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight w
 /// A symbol as a picture of `symbolSide(size)` points; a null pixmap for an unknown name.
 [[nodiscard]] QPixmap symbolPixmap(QStringView name, double size, SymbolWeight weight, const QColor& color,
                                    double devicePixelRatio);
+
+/// A symbol of regular weight as a square picture of `pixels` a side, for whoever has no text beside it.
+[[nodiscard]] QPixmap symbolPixmapOfSide(QStringView name, int pixels, const QColor& color);
+
+/// A symbol as an icon; its `name()` is the symbol's, for whoever tints it himself.
+[[nodiscard]] QIcon symbolIcon(const QString& name);
 
 } // namespace tintwick

@@ -1,0 +1,87 @@
+#include "ui/kit/Button.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/Paint.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double textButtonRadius = 8;
+constexpr int horizontalPadding = 14;
+constexpr int verticalPadding = 6;
+constexpr double disabledOpacity = 0.4;
+
+} // namespace
+
+PlainButton::PlainButton(const QString& name, QWidget* content, double cornerRadius)
+    : Clickable(name)
+    , m_cornerRadius(cornerRadius)
+{
+    setContent(content);
+}
+
+TextButton::TextButton(const QString& title, Style style)
+    : Clickable(title)
+    , m_title(title)
+    , m_style(style)
+{
+    setFont(DS::font(13, QFont::DemiBold));
+}
+
+QSize TextButton::sizeHint() const
+{
+    const QFontMetrics metrics(font());
+    return {metrics.horizontalAdvance(m_title) + 2 * horizontalPadding,
+            metrics.height() + 2 * verticalPadding};
+}
+
+double TextButton::cornerRadius() const
+{
+    return textButtonRadius;
+}
+
+void TextButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (!isEnabled()) {
+        painter.setOpacity(disabledOpacity);
+    }
+    const Scheme scheme = Appearance::of(this);
+    const bool isProminent = m_style == Style::Prominent;
+    fillRounded(painter, rect(), textButtonRadius, (isProminent ? DS::accent : DS::surfaceHigh).in(scheme));
+    if (!isProminent) {
+        strokeInside(painter, rect(), textButtonRadius, DS::border.in(scheme), 1);
+    }
+    painter.setPen((isProminent ? DS::white : DS::textPrimary).in(scheme));
+    painter.drawText(rect(), Qt::AlignCenter, m_title);
+    paintAnswer(painter);
+}
+
+PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,
+                         double cornerRadius)
+{
+    auto* button = new PlainButton(name, content, cornerRadius);
+    button->onClick(std::move(action));
+    return button;
+}
+
+TextButton* borderedButton(const QString& title, std::function<void()> action)
+{
+    auto* button = new TextButton(title, TextButton::Style::Bordered);
+    button->onClick(std::move(action));
+    return button;
+}
+
+TextButton* prominentButton(const QString& title, std::function<void()> action)
+{
+    auto* button = new TextButton(title, TextButton::Style::Prominent);
+    button->onClick(std::move(action));
+    return button;
+}
+
+} // namespace tintwick

@@ -1,0 +1,191 @@
+#include "ui/kit/Clickable.h"
+
+#include "ui/Appearance.h"
+#include "ui/kit/HelpBubble.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/StackLayout.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double hoverTint = 0.05;
+constexpr double pressTint = 0.12;
+constexpr double plainRadius = 6;
+
+} // namespace
+
+class Clickable::Answer final : public QWidget
+{
+public:
+    explicit Answer(Clickable& control)
+        : QWidget(&control)
+        , m_control(control)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        m_control.paintAnswer(painter);
+    }
+
+private:
+    Clickable& m_control;
+};
+
+Clickable::Clickable(const QString& name)
+{
+    setAccessibleName(name);
+    // Clicking must not take the focus away from where the user is typing.
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::pressed, this, &Clickable::updateAnswer);
+    connect(this, &QAbstractButton::released, this, &Clickable::updateAnswer);
+}
+
+void Clickable::onClick(std::function<void()> action)
+{
+    connect(this, &QAbstractButton::clicked, this, [action = std::move(action)] { action(); });
+}
+
+QSize Clickable::sizeHint() const
+{
+    return layout() != nullptr ? layout()->sizeHint() : QSize();
+}
+
+QSize Clickable::minimumSizeHint() const
+{
+    return layout() != nullptr ? layout()->minimumSize() : sizeHint();
+}
+
+void Clickable::setContent(QWidget* content)
+{
+    content->setAttribute(Qt::WA_TransparentForMouseEvents);
+    fillWith(*this, content);
+    m_answer = new Answer(*this);
+    m_answer->setGeometry(rect());
+}
+
+void Clickable::paintAnswer(QPainter& painter) const
+{
+    const Scheme scheme = Appearance::of(this);
+    if (isEnabled() && (isDown() || isHovered())) {
+        fillRounded(painter, rect(), cornerRadius(),
+                    DS::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
+    }
+    if (showsFocusRing()) {
+        drawFocusRing(painter, rect(), cornerRadius(), scheme);
+    }
+}
+
+void Clickable::hoverChanged()
+{
+    updateAnswer();
+}
+
+double Clickable::cornerRadius() const
+{
+    return plainRadius;
+}
+
+bool Clickable::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverLeave: {
+        const bool hovered = event->type() == QEvent::HoverEnter;
+        if (m_isHovered != hovered) {
+            m_isHovered = hovered;
+            hoverChanged();
+        }
+        break;
+    }
+    case QEvent::Hide:
+        if (m_isHovered) {
+            m_isHovered = false;
+            hoverChanged();
+        }
+        break;
+    case QEvent::ToolTip:
+        HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        return true;
+    default:
+        break;
+    }
+    return QAbstractButton::event(event);
+}
+
+void Clickable::focusInEvent(QFocusEvent* event)
+{
+    switch (event->reason()) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        m_showsFocusRing = true;
+        break;
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+        // Back from elsewhere: as it was.
+        break;
+    default:
+        m_showsFocusRing = false;
+    }
+    QAbstractButton::focusInEvent(event);
+    updateAnswer();
+}
+
+void Clickable::focusOutEvent(QFocusEvent* event)
+{
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
+        m_showsFocusRing = false;
+    }
+    QAbstractButton::focusOutEvent(event);
+    updateAnswer();
+}
+
+void Clickable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (!event->isAutoRepeat()) {
+            click();
+        }
+        return;
+    }
+    // The arrow keys of a plain button would wander through its siblings in no order.
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+        QAbstractButton::keyPressEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void Clickable::resizeEvent(QResizeEvent* event)
+{
+    QAbstractButton::resizeEvent(event);
+    if (m_answer != nullptr) {
+        m_answer->setGeometry(rect());
+        m_answer->raise();
+    }
+}
+
+void Clickable::paintEvent(QPaintEvent*) {}
+
+void Clickable::updateAnswer()
+{
+    update();
+    if (m_answer != nullptr) {
+        m_answer->update();
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,113 @@
+#include "ui/kit/ContextMenu.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/KitStyle.h"
+#include "ui/kit/PopupWindow.h"
+#include "ui/kit/Symbol.h"
+
+#include <QEvent>
+#include <QMenu>
+
+namespace tintwick {
+
+namespace {
+
+/// Fits the corners of a menu to the size it has when it opens.
+class CornerFitter final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+            roundWindowCorners(*static_cast<QWidget*>(watched), KitStyle::menuRadius);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+/// Titles are people's own words, in which an ampersand is one.
+QString literal(QString title)
+{
+    return title.replace(u'&', QStringLiteral("&&"));
+}
+
+void style(QMenu& menu)
+{
+    menu.setStyle(KitStyle::shared());
+    menu.setFont(DS::font(13));
+    menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    menu.setAttribute(Qt::WA_TranslucentBackground);
+    menu.installEventFilter(new CornerFitter(&menu));
+}
+
+} // namespace
+
+void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
+{
+    style(menu);
+    for (const MenuEntry& entry : entries) {
+        switch (entry.kind) {
+        case MenuEntry::Kind::Separator:
+            menu.addSeparator();
+            break;
+        case MenuEntry::Kind::Submenu: {
+            auto* submenu = new QMenu(literal(entry.title), &menu);
+            submenu->setPalette(menu.palette());
+            fillMenu(*submenu, entry.children);
+            menu.addMenu(submenu);
+            break;
+        }
+        case MenuEntry::Kind::Action:
+        case MenuEntry::Kind::Destructive: {
+            QAction* action = menu.addAction(literal(entry.title));
+            if (!entry.symbol.isEmpty()) {
+                action->setIcon(symbolIcon(entry.symbol));
+                action->setIconVisibleInMenu(true);
+            }
+            action->setProperty(KitStyle::destructiveProperty, entry.kind == MenuEntry::Kind::Destructive);
+            QObject::connect(action, &QAction::triggered, &menu, entry.action);
+            break;
+        }
+        }
+    }
+}
+
+MenuEntry menuAction(const QString& title, std::function<void()> action)
+{
+    return menuAction(title, {}, std::move(action));
+}
+
+MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action)
+{
+    return {MenuEntry::Kind::Action, title, symbol, std::move(action), {}};
+}
+
+MenuEntry menuDestructive(const QString& title, std::function<void()> action)
+{
+    return {MenuEntry::Kind::Destructive, title, {}, std::move(action), {}};
+}
+
+MenuEntry submenu(const QString& title, const QList<MenuEntry>& entries)
+{
+    return {MenuEntry::Kind::Submenu, title, {}, {}, entries};
+}
+
+MenuEntry menuSeparator()
+{
+    return {MenuEntry::Kind::Separator, {}, {}, {}, {}};
+}
+
+QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries)
+{
+    auto* menu = new QMenu(&owner);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(Appearance::palette(Appearance::of(&owner)));
+    fillMenu(*menu, entries);
+    menu->popup(globalPosition);
+    return menu;
+}
+
+} // namespace tintwick

@@ -1,0 +1,90 @@
+#include "ui/kit/HelpBubble.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/PopupWindow.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+constexpr int horizontalPadding = 8;
+constexpr int verticalPadding = 5;
+constexpr double cornerRadius = 6;
+constexpr int belowPointer = 20;
+
+} // namespace
+
+HelpBubble::HelpBubble(QWidget& owner, const QString& text)
+    : QWidget(&owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+    , m_text(text)
+    , m_scheme(Appearance::of(&owner))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFont(DS::font(11));
+    setAccessibleName(text);
+    const QFontMetrics metrics(font());
+    resize(metrics.horizontalAdvance(text) + 2 * horizontalPadding, metrics.height() + 2 * verticalPadding);
+    owner.installEventFilter(this);
+}
+
+void HelpBubble::show(QWidget& owner, const QPoint& globalPosition)
+{
+    static QPointer<HelpBubble> shown;
+    delete shown;
+    if (owner.toolTip().isEmpty()) {
+        return;
+    }
+    shown = new HelpBubble(owner, owner.toolTip());
+    QPoint place = globalPosition + QPoint(0, belowPointer);
+    if (const QScreen* screen = QGuiApplication::screenAt(globalPosition)) {
+        const QRect room = screen->availableGeometry();
+        place.setX(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - shown->width())));
+        if (place.y() + shown->height() > room.bottom()) {
+            place.setY(globalPosition.y() - shown->height() - verticalPadding);
+        }
+    }
+    shown->move(place);
+    roundWindowCorners(*shown, cornerRadius);
+    shown->setVisible(true);
+}
+
+bool HelpBubble::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Leave:
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+    case QEvent::Hide:
+    case QEvent::FocusOut:
+        close();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void HelpBubble::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+    strokeInside(painter, rect(), cornerRadius, DS::border.in(m_scheme), 1);
+    painter.setPen(DS::textPrimary.in(m_scheme));
+    painter.drawText(rect(), Qt::AlignCenter, m_text);
+}
+
+} // namespace tintwick

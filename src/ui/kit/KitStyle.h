@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QProxyStyle>
+
+class QStyleOptionMenuItem;
+
+namespace tintwick {
+
+/// How menus and text fields of ours look on every desktop, whatever its own style does.
+class KitStyle final : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] static KitStyle* shared();
+
+    /// Set on an action whose result cannot be undone.
+    static constexpr const char* destructiveProperty = "tintwickDestructive";
+    static constexpr double menuRadius = 10;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* result) const override;
+
+private:
+    KitStyle();
+
+    void drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* widget) const;
+};
+
+} // namespace tintwick

@@ -1,0 +1,88 @@
+#include "ui/kit/Label.h"
+
+#include "ui/Appearance.h"
+#include "ui/kit/Accessibility.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tintwick {
+
+Label::Label(const QString& text, const QFont& font, const DS::Color& color)
+    : m_text(text)
+    , m_color(color)
+{
+    describeToScreenReaders();
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFont(font);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    setAccessibleName(text);
+}
+
+void Label::setText(const QString& text)
+{
+    if (m_text == text) {
+        return;
+    }
+    m_text = text;
+    setAccessibleName(text);
+    updateGeometry();
+    update();
+}
+
+void Label::setColor(const DS::Color& color)
+{
+    m_color = color;
+    update();
+}
+
+QSize Label::sizeHint() const
+{
+    const QFontMetrics metrics(font());
+    int width = 0;
+    int lines = 0;
+    for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
+        width = std::max(width, metrics.horizontalAdvance(line.toString()));
+        ++lines;
+    }
+    return {width, lines * metrics.height()};
+}
+
+QSize Label::minimumSizeHint() const
+{
+    // Room for the ellipsis at least, where there is anything to leave out.
+    const QSize whole = sizeHint();
+    return {std::min(whole.width(), QFontMetrics(font()).horizontalAdvance(QChar(0x2026))), whole.height()};
+}
+
+void Label::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(m_color.in(Appearance::of(this)));
+    const QFontMetrics metrics(font());
+    const bool isOneLine = !m_text.contains(u'\n');
+    int y = 0;
+    for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
+        const QString shown = metrics.elidedText(line.toString(), Qt::ElideRight, width());
+        painter.drawText(
+            QRect(0, y, width(), metrics.height()),
+            Qt::AlignVCenter | Qt::TextSingleLine | (isOneLine ? Qt::AlignLeft : Qt::AlignHCenter), shown);
+        y += metrics.height();
+    }
+}
+
+Label* label(const QString& text, const QFont& font, const DS::Color& color)
+{
+    return new Label(text, font, color);
+}
+
+Label* label(const Bound<QString>& text, const QFont& font, const DS::Color& color)
+{
+    auto* view = new Label({}, font, color);
+    text.follow(*view, [view](const QString& now) { view->setText(now); });
+    return view;
+}
+
+} // namespace tintwick

@@ -1,0 +1,99 @@
+#include "ui/kit/Paint.h"
+
+#include "ui/kit/Corners.h"
+
+#include <QLinearGradient>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double focusRingWidth = 2;
+constexpr double checkerCell = 4;
+constexpr QColor darkCheck(191, 191, 191);
+
+void stroke(QPainter& painter, const QRectF& rect, double radius, QPen pen)
+{
+    const double half = pen.widthF() / 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(roundedPath(rect.adjusted(half, half, -half, -half), std::max(0.0, radius - half)));
+    painter.restore();
+}
+
+} // namespace
+
+double devicePixelRatioOf(const QPainter& painter)
+{
+    return painter.paintEngine()->paintDevice()->devicePixelRatio();
+}
+
+QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme)
+{
+    QLinearGradient linear(rect.topLeft(), rect.bottomRight());
+    linear.setColorAt(0, gradient.start.in(scheme));
+    linear.setColorAt(1, gradient.end.in(scheme));
+    return linear;
+}
+
+void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(roundedPath(rect, radius), brush);
+    painter.restore();
+}
+
+void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width)
+{
+    stroke(painter, rect, radius, QPen(color, width));
+}
+
+void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
+                        double width, double on, double off)
+{
+    QPen pen(color, width, Qt::CustomDashLine, Qt::FlatCap);
+    pen.setDashPattern({on / width, off / width});
+    stroke(painter, rect, radius, pen);
+}
+
+void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme scheme)
+{
+    // On a ground of the ring's own colour, the line inside it is what is seen.
+    const double inner = focusRingWidth;
+    strokeInside(painter, rect.adjusted(inner, inner, -inner, -inner), std::max(0.0, radius - inner),
+                 DS::bg.in(scheme), 1);
+    strokeInside(painter, rect, radius, DS::focusRing.in(scheme), focusRingWidth);
+}
+
+void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius)
+{
+    const int columns = static_cast<int>(std::ceil(rect.width() / checkerCell));
+    const int rows = static_cast<int>(std::ceil(rect.height() / checkerCell));
+    if (columns <= 0 || rows <= 0) {
+        return;
+    }
+    QPainterPath dark;
+    for (int row = 0; row < rows; ++row) {
+        for (int column = (row + 1) % 2; column < columns; column += 2) {
+            dark.addRect(rect.x() + column * checkerCell, rect.y() + row * checkerCell, checkerCell,
+                         checkerCell);
+        }
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(roundedPath(rect, radius), Qt::IntersectClip);
+    painter.fillRect(rect, Qt::white);
+    painter.fillPath(dark, darkCheck);
+    painter.restore();
+}
+
+} // namespace tintwick

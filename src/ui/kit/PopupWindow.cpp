@@ -1,0 +1,30 @@
+#include "ui/kit/PopupWindow.h"
+
+#include "ui/kit/Corners.h"
+
+#include <QRegion>
+#include <QWidget>
+
+namespace tintwick {
+
+namespace {
+
+bool desktopBlends = true;
+
+} // namespace
+
+void setDesktopBlends(bool blends)
+{
+    desktopBlends = blends;
+}
+
+void roundWindowCorners(QWidget& window, double radius)
+{
+    if (desktopBlends) {
+        window.clearMask();
+    } else {
+        window.setMask(QRegion(roundedPath(window.rect(), radius).toFillPolygon().toPolygon()));
+    }
+}
+
+} // namespace tintwick

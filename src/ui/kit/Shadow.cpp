@@ -1,0 +1,186 @@
+#include "ui/kit/Shadow.h"
+
+#include "ui/kit/Corners.h"
+#include "ui/kit/Paint.h"
+
+#include <QCache>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace tintwick {
+
+namespace {
+
+/// Beyond this many standard deviations a shadow is fainter than one step of a byte.
+constexpr double visibleDeviations = 3;
+/// Kilobytes of blurred corners that are kept; a panel full of swatches needs some hundreds.
+constexpr qsizetype cacheLimit = 2048;
+
+struct Key
+{
+    double cornerRadius;
+    double shadowRadius;
+    QRgb color;
+    double devicePixelRatio;
+
+    friend bool operator==(const Key&, const Key&) = default;
+    friend size_t qHash(const Key& key, size_t seed = 0)
+    {
+        return qHashMulti(seed, key.cornerRadius, key.shadowRadius, key.color, key.devicePixelRatio);
+    }
+};
+
+int reachOf(double shadowRadius)
+{
+    return static_cast<int>(std::ceil(visibleDeviations * shadowRadius / 2));
+}
+
+/// Blurs along rows; called twice with the picture turned in between it blurs both ways.
+QImage blurredAndTurned(const QImage& source, const std::vector<float>& weights)
+{
+    const int reach = static_cast<int>(weights.size()) / 2;
+    QImage result(source.height(), source.width(), QImage::Format_Alpha8);
+    std::vector<float> padded(static_cast<std::size_t>(source.width() + 2 * reach));
+    for (int y = 0; y < source.height(); ++y) {
+        std::ranges::fill(padded, 0.0F);
+        std::copy_n(source.constScanLine(y), source.width(), padded.begin() + reach);
+        for (int x = 0; x < source.width(); ++x) {
+            float sum = 0;
+            for (std::size_t tap = 0; tap < weights.size(); ++tap) {
+                sum += padded[static_cast<std::size_t>(x) + tap] * weights[tap];
+            }
+            result.scanLine(x)[y] = static_cast<uchar>(std::lround(sum));
+        }
+    }
+    return result;
+}
+
+std::vector<float> gaussian(double deviation)
+{
+    const int reach = static_cast<int>(std::ceil(visibleDeviations * deviation));
+    std::vector<float> weights;
+    float sum = 0;
+    for (int distance = -reach; distance <= reach; ++distance) {
+        const double x = distance / deviation;
+        weights.push_back(static_cast<float>(std::exp(-0.5 * x * x)));
+        sum += weights.back();
+    }
+    for (float& weight : weights) {
+        weight /= sum;
+    }
+    return weights;
+}
+
+/// The points from an outer edge of the picture to where only the colour of the edge goes on: the part that is painted
+/// unstretched.
+int cornerPart(double cornerRadius, double shadowRadius)
+{
+    return static_cast<int>(std::ceil(1.5 * cornerRadius)) + 2 * reachOf(shadowRadius);
+}
+
+/// The shadow of the smallest shape with such corners, in its colour.
+QImage blurredShape(const Key& key)
+{
+    const double scale = key.devicePixelRatio;
+    const int reach = reachOf(key.shadowRadius);
+    const int side = 2 * cornerPart(key.cornerRadius, key.shadowRadius) + 1;
+    const int pixels = static_cast<int>(std::ceil(side * scale));
+    QImage shape(pixels, pixels, QImage::Format_Alpha8);
+    shape.fill(0);
+    QPainter painter(&shape);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(pixels / static_cast<double>(side), pixels / static_cast<double>(side));
+    painter.fillPath(roundedPath(QRectF(reach, reach, side - 2 * reach, side - 2 * reach), key.cornerRadius),
+                     Qt::black);
+    painter.end();
+    if (key.shadowRadius > 0) {
+        const std::vector<float> weights = gaussian(key.shadowRadius / 2 * scale);
+        shape = blurredAndTurned(blurredAndTurned(shape, weights), weights);
+    }
+    QImage tinted(shape.size(), QImage::Format_ARGB32_Premultiplied);
+    tinted.fill(QColor::fromRgba(key.color));
+    QPainter tint(&tinted);
+    tint.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    tint.drawImage(0, 0, shape);
+    return tinted;
+}
+
+const QImage& cachedShape(const Key& key)
+{
+    static QCache<Key, QImage> cache(cacheLimit);
+    if (const QImage* known = cache.object(key)) {
+        return *known;
+    }
+    auto* made = new QImage(blurredShape(key));
+    cache.insert(key, made, std::min<qsizetype>(made->sizeInBytes() / 1024, cacheLimit));
+    return *made;
+}
+
+} // namespace
+
+QMargins Shadow::extents() const
+{
+    const int reach = reachOf(radius);
+    const auto beyond = [reach](double toward) {
+        return std::max(0, static_cast<int>(std::ceil(reach + toward)));
+    };
+    return {beyond(-offset.x()), beyond(-offset.y()), beyond(offset.x()), beyond(offset.y())};
+}
+
+void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, const Shadow& shadow,
+                Scheme scheme)
+{
+    const QColor color = shadow.color.in(scheme);
+    if (color.alpha() == 0) {
+        return;
+    }
+    const double fitting = std::min({cornerRadius, rect.width() / 2, rect.height() / 2});
+    const Key key{fitting, shadow.radius, color.rgba(), devicePixelRatioOf(painter)};
+    const QImage& image = cachedShape(key);
+
+    const int reach = reachOf(shadow.radius);
+    const QRectF target = rect.translated(shadow.offset).adjusted(-reach, -reach, reach, reach);
+    const double part = cornerPart(fitting, shadow.radius);
+    const double side = 2 * part + 1;
+    const double pixel = image.width() / side;
+    // A shape smaller than its blur has no middle: its corners are drawn as far as they go.
+    const double partX = std::min(part, target.width() / 2);
+    const double partY = std::min(part, target.height() / 2);
+    // Where two pieces meet between two pixels, both would cover the pixel in part and a seam would show.
+    const QTransform toDevice = painter.deviceTransform();
+    const QTransform fromDevice = toDevice.inverted();
+    const auto snapped = [&](double x, double y) {
+        return fromDevice.map(QPointF(toDevice.map(QPointF(x, y)).toPoint()));
+    };
+    const QPointF first = snapped(target.left() + partX, target.top() + partY);
+    const QPointF last = snapped(target.right() - partX, target.bottom() - partY);
+    const double targetX[] = {target.left(), first.x(), last.x(), target.right()};
+    const double targetY[] = {target.top(), first.y(), last.y(), target.bottom()};
+    const double fromX[] = {0, partX, side - partX, side};
+    const double fromY[] = {0, partY, side - partY, side};
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            const QRectF to(QPointF(targetX[column], targetY[row]),
+                            QPointF(targetX[column + 1], targetY[row + 1]));
+            // The middle strip is the same everywhere: one point of it is enough.
+            const double left = column == 1 ? part : fromX[column];
+            const double top = row == 1 ? part : fromY[row];
+            const double right = column == 1 ? part + 1 : fromX[column + 1];
+            const double bottom = row == 1 ? part + 1 : fromY[row + 1];
+            if (to.width() > 0 && to.height() > 0) {
+                painter.drawImage(
+                    to, image,
+                    QRectF(left * pixel, top * pixel, (right - left) * pixel, (bottom - top) * pixel));
+            }
+        }
+    }
+    painter.restore();
+}
+
+} // namespace tintwick

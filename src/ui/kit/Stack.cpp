@@ -1,0 +1,158 @@
+#include "ui/kit/Stack.h"
+
+#include "ui/Appearance.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/StackLayout.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+QBrush brushOf(const Ground& ground, const QRectF& rect, Scheme scheme)
+{
+    if (const auto* gradient = std::get_if<DS::Gradient>(&ground.fill)) {
+        return gradientBrush(rect, *gradient, scheme);
+    }
+    return std::get<DS::Color>(ground.fill).in(scheme);
+}
+
+} // namespace
+
+Stack::Stack(Qt::Orientation direction)
+    : m_layout(
+          new QBoxLayout(direction == Qt::Vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+}
+
+void Stack::add(QWidget* child)
+{
+    child->setParent(this);
+    const bool vertical = m_layout->direction() == QBoxLayout::TopToBottom;
+    const Qt::Alignment across = m_across == Across::Center ? (vertical ? Qt::AlignHCenter : Qt::AlignVCenter)
+                                 : vertical                 ? Qt::AlignLeft
+                                                            : Qt::AlignTop;
+    m_layout->addItem(new StackItem(child, vertical ? Qt::Vertical : Qt::Horizontal, across));
+    const QSizePolicy policy = child->sizePolicy();
+    if (canGrow(policy.horizontalPolicy())) {
+        growTo(Qt::Horizontal);
+    }
+    if (canGrow(policy.verticalPolicy())) {
+        growTo(Qt::Vertical);
+    }
+}
+
+void Stack::add(Gap gap)
+{
+    m_layout->setSpacing(gap.points);
+}
+
+void Stack::add(Padding padding)
+{
+    m_layout->setContentsMargins(padding.margins);
+}
+
+void Stack::add(Spacer)
+{
+    m_layout->addStretch(1);
+    growTo(m_layout->direction() == QBoxLayout::TopToBottom ? Qt::Vertical : Qt::Horizontal);
+}
+
+void Stack::add(FillWidth)
+{
+    growTo(Qt::Horizontal);
+}
+
+void Stack::add(FixedSize size)
+{
+    if (size.width >= 0) {
+        setFixedWidth(size.width);
+        setSizePolicy(QSizePolicy::Fixed, sizePolicy().verticalPolicy());
+    }
+    if (size.height >= 0) {
+        setFixedHeight(size.height);
+        setSizePolicy(sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    }
+}
+
+void Stack::add(Across across)
+{
+    m_across = across;
+}
+
+void Stack::add(Centered)
+{
+    m_layout->setAlignment(Qt::AlignCenter);
+}
+
+void Stack::add(const Ground& ground)
+{
+    m_ground = ground;
+    update();
+}
+
+void Stack::add(const Outline& outline)
+{
+    m_outline = outline;
+    update();
+}
+
+void Stack::add(const Shadow& shadow)
+{
+    m_shadow = shadow;
+}
+
+void Stack::clearChildren()
+{
+    while (QLayoutItem* item = m_layout->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+}
+
+void Stack::growTo(Qt::Orientation direction)
+{
+    QSizePolicy policy = sizePolicy();
+    if (direction == Qt::Horizontal && policy.horizontalPolicy() != QSizePolicy::Fixed) {
+        policy.setHorizontalPolicy(QSizePolicy::Expanding);
+    } else if (direction == Qt::Vertical && policy.verticalPolicy() != QSizePolicy::Fixed) {
+        policy.setVerticalPolicy(QSizePolicy::Expanding);
+    }
+    setSizePolicy(policy);
+}
+
+void Stack::paintShadow(QPainter& painter) const
+{
+    if (m_shadow) {
+        drawShadow(painter, rect(), m_ground ? m_ground->cornerRadius : 0, *m_shadow, Appearance::of(this));
+    }
+}
+
+void Stack::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const Scheme scheme = Appearance::of(this);
+    const double radius = m_ground ? m_ground->cornerRadius : 0;
+    if (m_ground) {
+        fillRounded(painter, rect(), radius, brushOf(*m_ground, rect(), scheme));
+    }
+    if (m_outline) {
+        const QColor color = m_outline->color.in(scheme);
+        if (m_outline->dash > 0) {
+            strokeInsideDashed(painter, rect(), radius, color, m_outline->width, m_outline->dash,
+                               m_outline->dash);
+        } else {
+            strokeInside(painter, rect(), radius, color, m_outline->width);
+        }
+    }
+    if (isShadowGround(*this)) {
+        paintShadowsOn(*this, painter);
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,51 @@
+#include "ui/kit/StackLayout.h"
+
+#include <QStyle>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace tintwick {
+
+StackItem::StackItem(QWidget* widget, Qt::Orientation direction, Qt::Alignment across)
+    : QWidgetItem(widget)
+    , m_direction(direction)
+    , m_across(across)
+{
+}
+
+void StackItem::setGeometry(const QRect& room)
+{
+    if (isEmpty()) {
+        return;
+    }
+    const QSizePolicy policy = widget()->sizePolicy();
+    const bool across = m_direction == Qt::Vertical;
+    const QSize hint = sizeHint();
+    QSize size = room.size().boundedTo(maximumSize());
+    if (across && !canGrow(policy.horizontalPolicy())) {
+        size.setWidth(std::min(size.width(), hint.width()));
+    } else if (!across && !canGrow(policy.verticalPolicy())) {
+        size.setHeight(std::min(size.height(), hint.height()));
+    }
+    const Qt::Alignment alignment = across ? m_across | Qt::AlignVCenter : m_across | Qt::AlignHCenter;
+    widget()->setGeometry(QStyle::alignedRect(widget()->layoutDirection(), alignment, size, room));
+}
+
+bool canGrow(QSizePolicy::Policy policy)
+{
+    return (static_cast<unsigned>(policy) & static_cast<unsigned>(QSizePolicy::GrowFlag)) != 0;
+}
+
+void fillWith(QWidget& host, QWidget* content)
+{
+    QLayout* layout = host.layout();
+    if (layout == nullptr) {
+        layout = new QVBoxLayout(&host);
+        layout->setContentsMargins(0, 0, 0, 0);
+    }
+    layout->addWidget(content);
+    host.setSizePolicy(content->sizePolicy());
+}
+
+} // namespace tintwick

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QWidgetItem>
+
+namespace tintwick {
+
+/// A widget in a row or column. One that can grow across it fills the room, any other keeps its own extent and stands
+/// where `across` says.
+class StackItem final : public QWidgetItem
+{
+public:
+    StackItem(QWidget* widget, Qt::Orientation direction, Qt::Alignment across);
+
+    void setGeometry(const QRect& room) override;
+
+private:
+    Qt::Orientation m_direction;
+    Qt::Alignment m_across;
+};
+
+[[nodiscard]] bool canGrow(QSizePolicy::Policy policy);
+
+/// Lays `content` out as the whole of `host`, which takes its size from it.
+void fillWith(QWidget& host, QWidget* content);
+
+} // namespace tintwick

@@ -1,0 +1,144 @@
+#include "ui/kit/Symbol.h"
+
+#include "ui/kit/Paint.h"
+
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The grid's edge beside a text size: a symbol's ink is then a little higher than the capitals beside it.
+constexpr double gridPerSize = 1.3;
+
+/// The drawings state the regular width in their root; the others take its place.
+constexpr QByteArrayView regularStroke = "stroke-width=\"1.8\"";
+
+QByteArray strokeOf(SymbolWeight weight)
+{
+    switch (weight) {
+    case SymbolWeight::Regular:
+        break;
+    case SymbolWeight::Medium:
+        return "stroke-width=\"2.1\"";
+    case SymbolWeight::Semibold:
+        return "stroke-width=\"2.5\"";
+    }
+    return regularStroke.toByteArray();
+}
+
+/// Empty for an unknown name.
+QByteArray drawing(QStringView name, SymbolWeight weight)
+{
+    QFile file(u":/symbols/%1.svg"_s.arg(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return file.readAll().replace(regularStroke, strokeOf(weight));
+}
+
+/// Null for an unknown name.
+QPixmap rendered(QStringView name, int pixels, SymbolWeight weight, const QColor& color)
+{
+    const QByteArray svg = drawing(name, weight);
+    if (svg.isEmpty()) {
+        return {};
+    }
+    QSvgRenderer renderer(svg);
+    QPixmap pixmap(pixels, pixels);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), color);
+    return pixmap;
+}
+
+/// Draws a symbol in the colour of the text around it.
+class SymbolIconEngine final : public QIconEngine
+{
+public:
+    explicit SymbolIconEngine(const QString& name)
+        : m_name(name)
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        drawSymbol(*painter, m_name, rect.height() / gridPerSize, SymbolWeight::Regular,
+                   painter->pen().color(), rect);
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolIconEngine(m_name); }
+    QString iconName() override { return m_name; }
+    bool isNull() override { return false; }
+
+private:
+    QString m_name;
+};
+
+} // namespace
+
+double symbolSide(double size)
+{
+    return std::round(size * gridPerSize);
+}
+
+QPixmap symbolPixmap(QStringView name, double size, SymbolWeight weight, const QColor& color,
+                     double devicePixelRatio)
+{
+    const int pixels = qRound(symbolSide(size) * devicePixelRatio);
+    const QString key = u"symbol %1 %2 %3 %4 %5"_s.arg(name)
+                            .arg(pixels)
+                            .arg(static_cast<int>(weight))
+                            .arg(color.rgba(), 0, 16)
+                            .arg(devicePixelRatio);
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap)) {
+        return pixmap;
+    }
+    pixmap = rendered(name, pixels, weight, color);
+    if (pixmap.isNull()) {
+        return {};
+    }
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
+void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight weight, const QColor& color,
+                const QRectF& rect)
+{
+    const double ratio = devicePixelRatioOf(painter);
+    const QPixmap pixmap = symbolPixmap(name, size, weight, color, ratio);
+    if (pixmap.isNull()) {
+        return;
+    }
+    const QSizeF extent = pixmap.deviceIndependentSize();
+    const QPointF middle = rect.center() - QPointF(extent.width() / 2, extent.height() / 2);
+    // On whole device pixels its lines stay as crisp as they were drawn.
+    const QPointF topLeft(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio);
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(topLeft, pixmap);
+    painter.restore();
+}
+
+QPixmap symbolPixmapOfSide(QStringView name, int pixels, const QColor& color)
+{
+    return rendered(name, pixels, SymbolWeight::Regular, color);
+}
+
+QIcon symbolIcon(const QString& name)
+{
+    return QIcon(new SymbolIconEngine(name));
+}
+
+} // namespace tintwick

@@ -1,0 +1,50 @@
+#include "ui/kit/SymbolView.h"
+
+#include "ui/Appearance.h"
+
+#include <QPainter>
+
+namespace tintwick {
+
+SymbolView::SymbolView(const QString& name, int size, SymbolWeight weight, const DS::Color& color)
+    : m_name(name)
+    , m_size(size)
+    , m_weight(weight)
+    , m_color(color)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void SymbolView::setName(const QString& name)
+{
+    if (m_name != name) {
+        m_name = name;
+        update();
+    }
+}
+
+QSize SymbolView::sizeHint() const
+{
+    const int side = qRound(symbolSide(m_size));
+    return {side, side};
+}
+
+void SymbolView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    drawSymbol(painter, m_name, m_size, m_weight, m_color.in(Appearance::of(this)), rect());
+}
+
+SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const DS::Color& color)
+{
+    return new SymbolView(name, size, weight, color);
+}
+
+SymbolView* symbol(const Bound<QString>& name, int size, SymbolWeight weight, const DS::Color& color)
+{
+    auto* view = new SymbolView({}, size, weight, color);
+    name.follow(*view, [view](const QString& now) { view->setName(now); });
+    return view;
+}
+
+} // namespace tintwick

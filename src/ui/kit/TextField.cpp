@@ -1,0 +1,57 @@
+#include "ui/kit/TextField.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/KitStyle.h"
+#include "ui/kit/Paint.h"
+
+#include <QPainter>
+#include <QPalette>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double cornerRadius = 7;
+constexpr int horizontalPadding = 6;
+constexpr int fieldHeight = 30;
+
+} // namespace
+
+TextField::TextField(const QString& placeholder, const QString& text)
+    : QLineEdit(text)
+{
+    setStyle(KitStyle::shared());
+    setFrame(false);
+    setFont(DS::font(13));
+    setTextMargins(horizontalPadding, 0, horizontalPadding, 0);
+    setPlaceholderText(placeholder);
+    setAccessibleName(placeholder);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // The ground is painted here, rounded.
+    QPalette ground;
+    ground.setColor(QPalette::Base, Qt::transparent);
+    setPalette(ground);
+}
+
+QSize TextField::sizeHint() const
+{
+    return {QLineEdit::sizeHint().width(), fieldHeight};
+}
+
+void TextField::paintEvent(QPaintEvent* event)
+{
+    {
+        QPainter painter(this);
+        const Scheme scheme = Appearance::of(this);
+        fillRounded(painter, rect(), cornerRadius, DS::field.in(scheme));
+        if (hasFocus()) {
+            strokeInside(painter, rect(), cornerRadius, DS::focusRing.in(scheme), 2);
+        } else {
+            strokeInside(painter, rect(), cornerRadius, DS::textThird.in(scheme), 1);
+        }
+    }
+    QLineEdit::paintEvent(event);
+}
+
+} // namespace tintwick

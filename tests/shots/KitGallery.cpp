@@ -1,0 +1,171 @@
+#include "shots/KitGallery.h"
+
+#include "shots/Shooting.h"
+#include "ui/Appearance.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/ContextMenu.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/Rule.h"
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/Sheet.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+#include "ui/kit/TextField.h"
+
+#include <QDir>
+#include <QMenu>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+void nothing() {}
+
+QStringList symbolNames()
+{
+    QStringList names = QDir(u":/symbols"_s).entryList();
+    names.replaceInStrings(u".svg"_s, QString());
+    return names;
+}
+
+Stack* tile(const QString& name, const DS::Gradient& gradient)
+{
+    return row(size(44, 44), centered(), ground(gradient, 10),
+               symbol(name, 20, SymbolWeight::Semibold, DS::white));
+}
+
+Stack* square(const DS::Color& color)
+{
+    return row(size(62, 62), ground(color, 14), outline(DS::black.opacity(0.06), 0.5),
+               Shadow{.color = color.opacity(0.4), .radius = 6, .offset = {0, 3}});
+}
+
+class Checks final : public QWidget
+{
+public:
+    Checks() { setFixedSize(62, 62); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        drawCheckerboard(painter, rect(), 14);
+        fillRounded(painter, rect(), 14, QColor(30, 120, 220, 90));
+    }
+};
+
+Stack* page(Stack* content)
+{
+    content->add(ground(DS::bg, DS::panelRadius));
+    return content;
+}
+
+std::unique_ptr<QWidget> blocks()
+{
+    auto* disabled = prominentButton(u"Create"_s, nothing);
+    disabled->setEnabled(false);
+    return std::unique_ptr<QWidget>(page(column(
+        gap(16), padding(16), width(380), Across::Leading,
+        row(gap(10), fillWidth(), label(u"Tintwick"_s, DS::font(18, QFont::Bold)), spacer(),
+            row(gap(4), padding(8, 4), ground(DS::surface, 11),
+                symbol(u"checkmark.circle.fill"_s, 10, SymbolWeight::Regular, DS::green),
+                label(u"Copied!"_s, DS::font(11, QFont::Medium), DS::textSecond)),
+            plainButton(u"Appearance"_s, nothing,
+                        row(size(30, 30), centered(), ground(DS::surfaceHigh, 8),
+                            symbol(u"circle.lefthalf.filled"_s, 14, SymbolWeight::Medium, DS::textSecond)),
+                        8),
+            plainButton(u"Settings"_s, nothing,
+                        row(size(30, 30), centered(), ground(DS::surfaceHigh, 8),
+                            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
+                        8)),
+        rule(),
+        plainButton(
+            u"Pick a Color"_s, nothing,
+            row(fillWidth(), height(50), gap(8), centered(),
+                ground(DS::Gradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}}, 14),
+                Shadow{.color = DS::Color{0.24, 0.26, 0.68}.opacity(0.35), .radius = 10, .offset = {0, 4}},
+                symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
+                label(u"Pick a Color"_s, DS::font(16, QFont::DemiBold), DS::white)),
+            14),
+        plainButton(u"See all"_s, nothing,
+                    row(fillWidth(), gap(2),
+                        label(u"Recent History"_s, DS::font(15, QFont::DemiBold), DS::textSecond), spacer(),
+                        label(u"See all"_s, DS::font(12), DS::accent),
+                        symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, DS::accent))),
+        row(gap(12), square({0.23, 0.51, 0.96}), square({0.95, 0.35, 0.25}), square({0.15, 0.7, 0.45}),
+            new Checks, label(u"3B82F6"_s, DS::monospacedFont(9, QFont::Medium), DS::textSecond)),
+        row(fillWidth(), gap(12), padding(12, 10), ground(DS::surface, 14), outline(DS::border, 1),
+            Shadow{.color = DS::black.opacity(0.07), .radius = 8, .offset = {0, 2}},
+            tile(u"paintpalette.fill"_s, DS::cardAccents[0]),
+            column(gap(2), Across::Leading,
+                   label(u"A palette whose name is far too long to be shown"_s, DS::font(14, QFont::Bold)),
+                   label(u"7 Colors"_s, DS::font(11), DS::textSecond)),
+            spacer(), symbol(u"chevron.right"_s, 11, SymbolWeight::Medium, DS::textThird)),
+        row(fillWidth(), gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
+            row(size(44, 44), centered(), ground(DS::surfaceHigh, 10),
+                symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
+            label(u"New Palette"_s, DS::font(14, QFont::Medium), DS::textThird), spacer()),
+        new TextField(u"Palette name"_s), new TextField(u"Palette name"_s, u"Sunset & sea"_s),
+        row(gap(10), fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(), disabled,
+            prominentButton(u"Create"_s, nothing)))));
+}
+
+std::unique_ptr<QWidget> symbols()
+{
+    auto* sheet = column(gap(6), padding(16), Across::Leading);
+    for (const QString& name : symbolNames()) {
+        auto* line = row(gap(10));
+        for (const int textSize : {10, 14, 20}) {
+            for (const SymbolWeight weight :
+                 {SymbolWeight::Regular, SymbolWeight::Medium, SymbolWeight::Semibold}) {
+                line->add(symbol(name, textSize, weight, DS::textPrimary));
+            }
+            line->add(label(u"Ag"_s, DS::font(textSize)));
+        }
+        line->add(label(name, DS::font(11), DS::textSecond));
+        sheet->add(line);
+    }
+    return std::unique_ptr<QWidget>(page(sheet));
+}
+
+QList<MenuEntry> cardMenu()
+{
+    return {menuAction(u"Open Palette"_s, u"arrow.right.circle"_s, nothing),
+            menuSeparator(),
+            menuAction(u"Export CSS Variables"_s, u"doc.text"_s, nothing),
+            menuAction(u"Export JSON"_s, u"curlybraces"_s, nothing),
+            menuAction(u"Export PNG Swatch"_s, u"photo"_s, nothing),
+            menuSeparator(),
+            submenu(u"Copy as…"_s, {menuAction(u"HEX"_s, nothing)}),
+            menuDestructive(u"Delete"_s, nothing)};
+}
+
+} // namespace
+
+void shootKitGallery(const QDir& folder)
+{
+    shoot(folder, u"kit-blocks"_s, blocks);
+    shoot(folder, u"kit-focus"_s, blocks,
+          [](QWidget& view) { view.findChildren<PlainButton*>().at(2)->setFocus(Qt::TabFocusReason); });
+    shoot(folder, u"kit-symbols"_s, symbols);
+    shoot(folder, u"kit-sheet"_s, blocks, [](QWidget& view) {
+        new Sheet(view, u"New Palette"_s,
+                  column(gap(16), padding(20), width(280), Across::Leading,
+                         label(u"New Palette"_s, DS::headline()), new TextField(u"Palette name"_s),
+                         row(fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(),
+                             prominentButton(u"Create"_s, nothing))),
+                  nothing);
+    });
+    shoot(folder, u"kit-menu"_s, [] {
+        auto menu = std::make_unique<QMenu>();
+        fillMenu(*menu, cardMenu());
+        menu->setActiveAction(menu->actions().at(3));
+        return menu;
+    });
+}
+
+} // namespace tintwick

@@ -1,0 +1,10 @@
+#pragma once
+
+class QDir;
+
+namespace tintwick {
+
+/// Every block of the kit on one page, every symbol on another, a menu and a sheet.
+void shootKitGallery(const QDir& folder);
+
+} // namespace tintwick
