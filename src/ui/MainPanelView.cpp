@@ -121,7 +121,7 @@ void MainPanelView::changeEvent(QEvent* event)
 void MainPanelView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QColor ground = DS::bg.in(m_appearance.scheme());
+    const QColor ground = DS::bg.in(Appearance::of(this));
     if (window()->mask().isEmpty()) {
         fillRounded(painter, rect(), DS::panelRadius, ground);
     } else {

@@ -1,14 +1,20 @@
 #include "shots/KitGallery.h"
+#include "shots/PanelShots.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
 
 int main(int argc, char** argv)
 {
+    // The user's own colours and settings stay out of it.
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
@@ -17,5 +23,6 @@ int main(int argc, char** argv)
     }
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
+    tintwick::shootMainPanel(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }

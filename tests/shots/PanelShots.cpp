@@ -1,0 +1,147 @@
+#include "shots/PanelShots.h"
+
+#include "shots/Shooting.h"
+#include "state/AppState.h"
+#include "ui/Appearance.h"
+#include "ui/CollectionRowCard.h"
+#include "ui/DashboardSwatchView.h"
+#include "ui/DashboardView.h"
+#include "ui/MainPanelView.h"
+#include "ui/kit/Sheet.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QHoverEvent>
+#include <QLineEdit>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Palette
+{
+    QString name;
+    int members;
+};
+
+/// What the user has made, in a view that owns it.
+class DemoPanel final : public QWidget
+{
+public:
+    DemoPanel(const QList<QColor>& colors, const QList<Palette>& palettes)
+        : m_appState([this](std::chrono::milliseconds, std::function<void()> action) { m_later = std::move(action); })
+    {
+        m_appState.clearHistory();
+        while (!m_appState.collections().isEmpty()) {
+            m_appState.deleteCollection(m_appState.collections().first().id);
+        }
+        for (auto color = colors.rbegin(); color != colors.rend(); ++color) {
+            m_appState.colorCaptured(
+                CapturedColor::capture(color->redF(), color->greenF(), color->blueF(), color->alphaF()));
+        }
+        if (m_later) {
+            m_later();
+        }
+        for (const Palette& palette : palettes) {
+            const ColorCollection collection = m_appState.createCollection(palette.name);
+            for (const CapturedColor& color : m_appState.history().mid(0, palette.members)) {
+                m_appState.addColor(color.id, collection.id);
+            }
+        }
+        m_view = new MainPanelView(m_appState);
+        m_view->setParent(this);
+        setFixedSize(MainPanelView::size);
+    }
+
+    [[nodiscard]] AppState& state() { return m_appState; }
+    [[nodiscard]] MainPanelView& view() { return *m_view; }
+    [[nodiscard]] DashboardView& dashboard() { return m_view->dashboard(); }
+
+private:
+    std::function<void()> m_later;
+    AppState m_appState;
+    MainPanelView* m_view;
+};
+
+const QList<QColor> fewColors{QColor(0x3B, 0x82, 0xF6), QColor(0xF5, 0x4D, 0x4D), QColor(0x1A, 0xBF, 0x80)};
+
+QList<QColor> manyColors(int count)
+{
+    QList<QColor> colors;
+    for (int i = 0; i < count; ++i) {
+        // Steps of the golden angle keep neighbours apart.
+        colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
+    }
+    return colors;
+}
+
+QList<QColor> translucentColors()
+{
+    QList<QColor> colors = manyColors(6);
+    for (int i = 0; i < colors.size(); ++i) {
+        colors[i].setAlphaF(0.15F + 0.15F * static_cast<float>(i));
+    }
+    return colors;
+}
+
+void hover(QWidget& widget)
+{
+    const QPointF middle = widget.rect().center();
+    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
+    QApplication::sendEvent(&widget, &enter);
+}
+
+} // namespace
+
+void shootMainPanel(const QDir& folder)
+{
+    const auto shootState = [&](const QString& name, const QList<QColor>& colors, const QList<Palette>& palettes,
+                                const std::function<void(DemoPanel&)>& arrange = {}) {
+        shoot(
+            folder, u"panel-"_s + name, [&] { return std::make_unique<DemoPanel>(colors, palettes); },
+            [&](QWidget& widget) {
+                auto& panel = static_cast<DemoPanel&>(widget);
+                panel.view().setSystemScheme(Appearance::of(&panel));
+                if (arrange) {
+                    arrange(panel);
+                }
+            });
+    };
+    const QList<Palette> twoPalettes{{u"Brand"_s, 3}, {u"Website"_s, 1}};
+
+    shootState(u"empty"_s, {}, {});
+    shootState(u"few"_s, fewColors, {});
+    shootState(u"forty"_s, manyColors(40), twoPalettes);
+    shootState(u"translucent"_s, translucentColors(), {{u"Glass"_s, 6}});
+    shootState(u"long-names"_s, manyColors(8),
+               {{u"Everything that was ever on the landing page"_s, 8},
+                {u"Wörterbuchverlagsgestaltungsrichtlinien"_s, 1},
+                {u"Nothing in here yet, but the name is a long one"_s, 0}});
+    shootState(u"six-palettes"_s, manyColors(12),
+               {{u"Brand"_s, 3}, {u"Website"_s, 1}, {u"Icons"_s, 4}, {u"Print"_s, 0}, {u"Dark"_s, 7}, {u"Sea"_s, 2}});
+    shootState(u"hover-swatch"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { hover(*panel.dashboard().swatches().at(1)); });
+    shootState(u"hover-card"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { hover(*panel.dashboard().cards().first()); });
+    shootState(u"focus-swatch"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.activateWindow();
+        panel.dashboard().swatches().at(2)->setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"focus-card"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.activateWindow();
+        panel.dashboard().cards().first()->setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());
+    });
+    shootState(u"sheet-empty"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { panel.dashboard().openNewPaletteSheet(); });
+    shootState(u"sheet"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.dashboard().openNewPaletteSheet();
+        panel.findChild<QLineEdit*>()->setText(u"Harbour"_s);
+    });
+}
+
+} // namespace tintwick
