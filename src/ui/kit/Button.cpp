@@ -7,6 +7,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <cmath>
+
 namespace tintwick {
 
 namespace {
@@ -36,7 +38,8 @@ TextButton::TextButton(const QString& title, Style style)
 QSize TextButton::sizeHint() const
 {
     const QFontMetrics metrics(font());
-    return {metrics.horizontalAdvance(m_title) + 2 * horizontalPadding,
+    const double title = QFontMetricsF(font()).horizontalAdvance(m_title);
+    return {static_cast<int>(std::ceil(title)) + 2 * horizontalPadding,
             metrics.height() + 2 * verticalPadding};
 }
 

@@ -1,29 +1,32 @@
 #include "ui/kit/Corners.h"
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 namespace tintwick {
 
 namespace {
 
-/// How far a corner reaches along a side, in radii.
-constexpr double reach = 1.5;
+// A corner of radius 1, measured from its point along one side and away from it. Its middle 45 degrees are an arc of the
+// circle; on both sides a cubic leaves the straight line without curvature and has the circle's where it meets the arc.
+constexpr double start = 1.28;
+constexpr double firstHandle = 0.95617;
+constexpr double secondHandle = 0.80109;
+constexpr double arcAlong = 0.61732; // 1 − sin 22.5°
+constexpr double arcAway = 0.07612;  // 1 − cos 22.5°
+constexpr double arcHandleAlong = 0.37231;
+constexpr double arcHandleAway = 0.17761;
 
-/// One corner as a cubic curve, measured from the corner point along a side: where it leaves the side, and its handle.
-struct Leave
+/// Goes round one corner: from a side that lies in the direction `from` of the corner's point to one in direction `to`.
+void addCorner(QPainterPath& path, QPointF corner, QPointF from, QPointF to, double radius, double fromStart,
+               double toStart)
 {
-    double start;
-    double handle;
-};
-
-Leave leave(double side, double radius)
-{
-    const double start = std::min(reach * radius, side / 2);
-    // The middle of a cubic lies at (start + 3·handle) / 8 from each side; that of a circle's arc at radius·(1 − 1/√2).
-    const double middle = radius * (1 - 1 / std::numbers::sqrt2);
-    return {start, (8 * middle - start) / 3};
+    const auto at = [&](double alongFrom, double alongTo) {
+        return corner + from * (alongFrom * radius) + to * (alongTo * radius);
+    };
+    path.lineTo(corner + from * fromStart);
+    path.cubicTo(at(firstHandle, 0), at(secondHandle, 0), at(arcAlong, arcAway));
+    path.cubicTo(at(arcHandleAlong, arcHandleAway), at(arcHandleAway, arcHandleAlong), at(arcAway, arcAlong));
+    path.cubicTo(at(0, secondHandle), at(0, firstHandle), corner + to * toStart);
 }
 
 } // namespace
@@ -36,21 +39,17 @@ QPainterPath roundedPath(const QRectF& rect, double radius)
         path.addRect(rect);
         return path;
     }
-    const auto [x, handleX] = leave(rect.width(), fitting);
-    const auto [y, handleY] = leave(rect.height(), fitting);
-    const double left = rect.left();
-    const double top = rect.top();
-    const double right = rect.right();
-    const double bottom = rect.bottom();
-    path.moveTo(left + x, top);
-    path.lineTo(right - x, top);
-    path.cubicTo(right - handleX, top, right, top + handleY, right, top + y);
-    path.lineTo(right, bottom - y);
-    path.cubicTo(right, bottom - handleY, right - handleX, bottom, right - x, bottom);
-    path.lineTo(left + x, bottom);
-    path.cubicTo(left + handleX, bottom, left, bottom - handleY, left, bottom - y);
-    path.lineTo(left, top + y);
-    path.cubicTo(left, top + handleY, left + handleX, top, left + x, top);
+    const double x = std::min(start * fitting, rect.width() / 2);
+    const double y = std::min(start * fitting, rect.height() / 2);
+    constexpr QPointF left(-1, 0);
+    constexpr QPointF right(1, 0);
+    constexpr QPointF up(0, -1);
+    constexpr QPointF down(0, 1);
+    path.moveTo(rect.left() + x, rect.top());
+    addCorner(path, rect.topRight(), left, down, fitting, x, y);
+    addCorner(path, rect.bottomRight(), up, left, fitting, y, x);
+    addCorner(path, rect.bottomLeft(), right, up, fitting, x, y);
+    addCorner(path, rect.topLeft(), down, right, fitting, y, x);
     path.closeSubpath();
     return path;
 }

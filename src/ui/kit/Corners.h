@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// A rectangle whose corners are continuous curves: each begins half a radius before a circle's arc would, with hardly
-/// any curvature, and meets the arc in its middle. Where a side is too short for that, the corner turns into the arc.
+/// A rectangle whose corners are continuous curves: each leaves its sides somewhat before a circle's arc would, without a
+/// jump of curvature, and is that arc in its middle.
 [[nodiscard]] QPainterPath roundedPath(const QRectF& rect, double radius);
 
 } // namespace tintwick

@@ -3,10 +3,11 @@
 #include "ui/Appearance.h"
 #include "ui/kit/Accessibility.h"
 
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tintwick {
 
@@ -40,14 +41,14 @@ void Label::setColor(const DS::Color& color)
 
 QSize Label::sizeHint() const
 {
-    const QFontMetrics metrics(font());
-    int width = 0;
+    const QFontMetricsF metrics(font());
+    double width = 0;
     int lines = 0;
     for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
         width = std::max(width, metrics.horizontalAdvance(line.toString()));
         ++lines;
     }
-    return {width, lines * metrics.height()};
+    return {static_cast<int>(std::ceil(width)), lines * QFontMetrics(font()).height()};
 }
 
 QSize Label::minimumSizeHint() const
@@ -63,9 +64,12 @@ void Label::paintEvent(QPaintEvent*)
     painter.setPen(m_color.in(Appearance::of(this)));
     const QFontMetrics metrics(font());
     const bool isOneLine = !m_text.contains(u'\n');
+    const bool isWhole = width() >= sizeHint().width();
     int y = 0;
     for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
-        const QString shown = metrics.elidedText(line.toString(), Qt::ElideRight, width());
+        // Text that has its room is drawn whole, whatever the roundings at this scale.
+        const QString shown =
+            isWhole ? line.toString() : metrics.elidedText(line.toString(), Qt::ElideRight, width());
         painter.drawText(
             QRect(0, y, width(), metrics.height()),
             Qt::AlignVCenter | Qt::TextSingleLine | (isOneLine ? Qt::AlignLeft : Qt::AlignHCenter), shown);

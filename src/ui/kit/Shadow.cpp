@@ -79,7 +79,7 @@ std::vector<float> gaussian(double deviation)
 /// unstretched.
 int cornerPart(double cornerRadius, double shadowRadius)
 {
-    return static_cast<int>(std::ceil(1.5 * cornerRadius)) + 2 * reachOf(shadowRadius);
+    return static_cast<int>(std::ceil(1.3 * cornerRadius)) + 2 * reachOf(shadowRadius);
 }
 
 /// The shadow of the smallest shape with such corners, in its colour.

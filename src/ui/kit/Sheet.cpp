@@ -8,6 +8,7 @@
 #include "ui/kit/Stack.h"
 
 #include <QKeyEvent>
+#include <QLayoutItem>
 #include <QPainter>
 
 #include <algorithm>
@@ -164,7 +165,7 @@ void Sheet::paintEvent(QPaintEvent*)
 
 void Sheet::place()
 {
-    const QSize size = m_card->sizeHint();
+    const QSize size = QWidgetItem(m_card).sizeHint();
     const int above = qRound((1 - m_entrance.position()) * wayIn);
     m_card->setGeometry((width() - size.width()) / 2, (height() - size.height()) / 2 - above, size.width(),
                         size.height());

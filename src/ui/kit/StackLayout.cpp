@@ -22,7 +22,7 @@ void StackItem::setGeometry(const QRect& room)
     const QSizePolicy policy = widget()->sizePolicy();
     const bool across = m_direction == Qt::Vertical;
     const QSize hint = sizeHint();
-    QSize size = room.size().boundedTo(maximumSize());
+    QSize size = room.size().boundedTo(QWidgetItem::maximumSize());
     if (across && !canGrow(policy.horizontalPolicy())) {
         size.setWidth(std::min(size.width(), hint.width()));
     } else if (!across && !canGrow(policy.verticalPolicy())) {
@@ -30,6 +30,18 @@ void StackItem::setGeometry(const QRect& room)
     }
     const Qt::Alignment alignment = across ? m_across | Qt::AlignVCenter : m_across | Qt::AlignHCenter;
     widget()->setGeometry(QStyle::alignedRect(widget()->layoutDirection(), alignment, size, room));
+}
+
+QSize StackItem::maximumSize() const
+{
+    // A box layout would make all its items as narrow as the narrowest that does not grow.
+    QSize size = QWidgetItem::maximumSize();
+    if (m_direction == Qt::Vertical) {
+        size.setWidth(QWIDGETSIZE_MAX);
+    } else {
+        size.setHeight(QWIDGETSIZE_MAX);
+    }
+    return size;
 }
 
 bool canGrow(QSizePolicy::Policy policy)

@@ -13,6 +13,7 @@ public:
     StackItem(QWidget* widget, Qt::Orientation direction, Qt::Alignment across);
 
     void setGeometry(const QRect& room) override;
+    [[nodiscard]] QSize maximumSize() const override;
 
 private:
     Qt::Orientation m_direction;

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double cornerRadius = 7;
 constexpr int horizontalPadding = 6;
+constexpr double borderOpacity = 0.6;
 constexpr int fieldHeight = 30;
 
 } // namespace
@@ -48,7 +49,7 @@ void TextField::paintEvent(QPaintEvent* event)
         if (hasFocus()) {
             strokeInside(painter, rect(), cornerRadius, DS::focusRing.in(scheme), 2);
         } else {
-            strokeInside(painter, rect(), cornerRadius, DS::textThird.in(scheme), 1);
+            strokeInside(painter, rect(), cornerRadius, DS::textThird.opacity(borderOpacity).in(scheme), 1);
         }
     }
     QLineEdit::paintEvent(event);
