@@ -90,7 +90,8 @@ QWidget* DashboardView::recentHeader()
 
 QWidget* DashboardView::recentRow()
 {
-    return horizontalScroll(m_recentRow);
+    m_recentScroll = horizontalScroll(m_recentRow);
+    return m_recentScroll;
 }
 
 QWidget* DashboardView::sectionLabel(const QString& title)
@@ -217,6 +218,7 @@ void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
     const qsizetype target = position + step;
     if (target >= 0 && target < swatches().size()) {
         swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+        m_recentScroll->ensureWidgetVisible(swatches()[target], overhang, 0);
     }
 }
 

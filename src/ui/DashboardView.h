@@ -14,6 +14,7 @@ namespace tintwick {
 class AppState;
 class CollectionRowCard;
 class DashboardSwatchView;
+class ScrollArea;
 class Sheet;
 
 /// The home screen: the button that picks, the recent colours, and the collections.
@@ -61,6 +62,7 @@ private:
     QWidget* m_pick = nullptr;
     QWidget* m_createFirst = nullptr;
     QWidget* m_add = nullptr;
+    ScrollArea* m_recentScroll = nullptr;
     Stack* m_recentRow;
     Stack* m_cardList;
     RecordViews<DashboardSwatchView, CapturedColor> m_swatches;

@@ -1,0 +1,552 @@
+#include "ui/DashboardView.h"
+
+#include "ui/CollectionRowCard.h"
+#include "ui/DashboardSwatchView.h"
+#include "ui/PanelFixture.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Sheet.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QTemporaryDir>
+
+using namespace tintwick;
+using tintwick::test::PanelFixture;
+
+namespace {
+
+QAbstractButton* button(const QWidget& root, const QString& name)
+{
+    for (auto* candidate : root.findChildren<QAbstractButton*>()) {
+        if (candidate->accessibleName() == name && candidate->isVisible()) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+QStringList visibleTexts(const QWidget& root)
+{
+    QStringList texts;
+    for (const auto* label : root.findChildren<Label*>()) {
+        if (label->isVisible()) {
+            texts.append(label->text());
+        }
+    }
+    return texts;
+}
+
+QRect placeIn(const QWidget& panel, const QWidget& widget)
+{
+    return {widget.mapTo(&panel, QPoint(0, 0)), widget.size()};
+}
+
+bool isNear(QRgb one, QRgb other, int tolerance = 2)
+{
+    return std::abs(qRed(one) - qRed(other)) <= tolerance && std::abs(qGreen(one) - qGreen(other)) <= tolerance
+        && std::abs(qBlue(one) - qBlue(other)) <= tolerance;
+}
+
+void hover(QWidget& widget, QEvent::Type type)
+{
+    const QPointF middle = widget.rect().center();
+    QHoverEvent event(type, middle, widget.mapToGlobal(middle), middle);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// Whether the drop was taken.
+bool drop(QWidget& target, const QString& text)
+{
+    QMimeData data;
+    data.setText(text);
+    const QPoint middle = target.rect().center();
+    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted()) {
+        return false;
+    }
+    QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    dropped.ignore();
+    QApplication::sendEvent(&target, &dropped);
+    return dropped.isAccepted();
+}
+
+QStringList titles(const QMenu& menu)
+{
+    QStringList result;
+    for (const QAction* action : menu.actions()) {
+        result.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    }
+    return result;
+}
+
+/// Opens the context menu of a view as Shift+F10 does.
+QMenu* contextMenu(QWidget& widget)
+{
+    widget.setFocus();
+    QTest::keyClick(&widget, Qt::Key_F10, Qt::ShiftModifier);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+} // namespace
+
+class DashboardViewTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutAHistoryThereIsNoRecentRow();
+    void theRecentRowShowsTheFirstFifteenInOrder();
+    void theScreenIsLaidOutToThePoint();
+    void aSwatchGrowsUnderThePointer();
+    void theButtonPicks();
+    void aClickOnASwatchCopiesItInTheDefaultFormat();
+    void cardsCountTheirIds_data();
+    void cardsCountTheirIds();
+    void aCardOfDeletedColorsShowsNoSquaresButCountsThem();
+    void aCardPreviewsTheFirstFourIdsThatAreLeft();
+    void theSixthCardHasTheGradientOfTheFirst();
+    void droppedTexts_data();
+    void droppedTexts();
+    void aCardIsADropTargetWhileADragIsOverIt();
+    void theSwatchMenuOffersPalettesOnceThereAreSome();
+    void deletingFromTheMenuTakesTheColorAway();
+    void theCardMenuDeletesTheCollection();
+    void blankNamesMakeNoPalette_data();
+    void blankNamesMakeNoPalette();
+    void aNewPaletteHasTheTrimmedName();
+    void aCancelledNameIsThereAgain();
+    void tabGoesFromTopToBottomWhateverCameLast();
+    void arrowKeysMoveAlongTheRecentRow();
+    void returnAndSpaceCopyTheFocusedSwatch();
+    void aNewColorLeavesTheFocusWhereItIs();
+    void swatchesAndCardsTellScreenReadersWhatTheyAre();
+};
+
+void DashboardViewTest::withoutAHistoryThereIsNoRecentRow()
+{
+    PanelFixture panel;
+    panel.settle();
+    QVERIFY(!visibleTexts(panel.dashboard()).contains(QStringLiteral("Recent History")));
+    QVERIFY(panel.dashboard().swatches().isEmpty());
+    QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
+    QVERIFY(!button(panel.dashboard(), QStringLiteral("New Palette")));
+
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QVERIFY(visibleTexts(panel.dashboard()).contains(QStringLiteral("Recent History")));
+    QVERIFY(panel.dashboard().swatches().first()->isVisible());
+}
+
+void DashboardViewTest::theRecentRowShowsTheFirstFifteenInOrder()
+{
+    PanelFixture panel;
+    for (unsigned i = 0; i < 40; ++i) {
+        panel.capture(i);
+    }
+    panel.settle();
+    const auto swatches = panel.dashboard().swatches();
+    QCOMPARE(swatches.size(), 15);
+    QCOMPARE(swatches.first()->color().hex6(), QStringLiteral("#000027"));
+    QCOMPARE(swatches.last()->color().hex6(), QStringLiteral("#000019"));
+    for (qsizetype i = 1; i < swatches.size(); ++i) {
+        QCOMPARE(swatches[i]->x() - swatches[i - 1]->x(), 74);
+    }
+    QCOMPARE(panel.dashboard().findChildren<DashboardSwatchView*>().size(), 15);
+}
+
+void DashboardViewTest::theScreenIsLaidOutToThePoint()
+{
+    PanelFixture panel;
+    panel.capture(0xF54D4D);
+    panel.state.createCollection(QStringLiteral("Brand"));
+    const QImage picture = panel.picture();
+    QCOMPARE(picture.size(), QSize(380, 580));
+
+    // The header takes 10 + 30 + 10, the rule 1, then come the 16 of the column.
+    QCOMPARE(placeIn(*panel.view, *button(panel.dashboard(), QStringLiteral("Pick a Color"))),
+             QRect(16, 67, 348, 50));
+    const QRect swatch = placeIn(*panel.view, *panel.dashboard().swatches().first());
+    const int middle = swatch.top() + 33;
+    const QRgb red = qRgb(0xF5, 0x4D, 0x4D);
+    QVERIFY(picture.pixel(15, middle) != red);
+    QCOMPARE(picture.pixel(18, middle), red);
+    QCOMPARE(picture.pixel(75, middle), red);
+    QVERIFY(picture.pixel(78, middle) != red);
+
+    const QRect card = placeIn(*panel.view, *panel.dashboard().cards().first());
+    QCOMPARE(card.marginsRemoved(QMargins(2, 2, 2, 2)), QRect(16, card.top() + 2, 348, 64));
+    const QRect add = placeIn(*panel.view, *button(panel.dashboard(), QStringLiteral("New Palette")));
+    QCOMPARE(add, QRect(16, card.top() + 2 + 64 + 10, 348, 68));
+
+    // The corners of the panel let the desktop through.
+    QCOMPARE(qAlpha(picture.convertToFormat(QImage::Format_ARGB32).pixel(380 / 2, 579)), 255);
+}
+
+void DashboardViewTest::aSwatchGrowsUnderThePointer()
+{
+    PanelFixture panel;
+    panel.capture(0x1ABF80);
+    panel.settle();
+    DashboardSwatchView& swatch = *panel.dashboard().swatches().first();
+    const int middle = placeIn(*panel.view, swatch).top() + 33;
+    // At 1.05 the square of 62 reaches 1.55 further.
+    const QRgb before = panel.picture().pixel(15, middle);
+    hover(swatch, QEvent::HoverEnter);
+    const QRgb hovered = panel.picture().pixel(15, middle);
+    QVERIFY(!isNear(before, hovered, 40));
+    hover(swatch, QEvent::HoverLeave);
+    QCOMPARE(panel.picture().pixel(15, middle), before);
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void DashboardViewTest::theButtonPicks()
+{
+    PanelFixture panel;
+    int picks = 0;
+    panel.state.setStartPicking([&picks] { ++picks; });
+    QTest::mouseClick(button(panel.dashboard(), QStringLiteral("Pick a Color")), Qt::LeftButton);
+    QCOMPARE(picks, 1);
+}
+
+void DashboardViewTest::aClickOnASwatchCopiesItInTheDefaultFormat()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.state.setDefaultFormat(ColorFormat::Rgb);
+    panel.letFeedbackEnd();
+    panel.settle();
+    QTest::mouseClick(panel.dashboard().swatches().first(), Qt::LeftButton);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("rgb(59, 130, 246)"));
+    QVERIFY(panel.state.showCopiedFeedback());
+}
+
+void DashboardViewTest::cardsCountTheirIds_data()
+{
+    QTest::addColumn<int>("members");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << 0 << QStringLiteral("0 Colors");
+    QTest::newRow("one") << 1 << QStringLiteral("1 Color");
+    QTest::newRow("several") << 7 << QStringLiteral("7 Colors");
+}
+
+void DashboardViewTest::cardsCountTheirIds()
+{
+    QFETCH(const int, members);
+    QFETCH(const QString, text);
+    PanelFixture panel;
+    const QUuid id = panel.state.createCollection(QStringLiteral("Brand")).id;
+    for (int i = 0; i < members; ++i) {
+        panel.state.addColor(QUuid::createUuid(), id);
+    }
+    QCOMPARE(panel.dashboard().cards().first()->countText(), text);
+}
+
+void DashboardViewTest::aCardOfDeletedColorsShowsNoSquaresButCountsThem()
+{
+    PanelFixture panel;
+    const QUuid id = panel.state.createCollection(QStringLiteral("Gone")).id;
+    panel.state.addColor(QUuid::createUuid(), id);
+    panel.state.addColor(QUuid::createUuid(), id);
+    const CollectionRowCard& card = *panel.dashboard().cards().first();
+    QVERIFY(card.previewColors().isEmpty());
+    QCOMPARE(card.countText(), QStringLiteral("2 Colors"));
+}
+
+void DashboardViewTest::aCardPreviewsTheFirstFourIdsThatAreLeft()
+{
+    PanelFixture panel;
+    const QUuid id = panel.state.createCollection(QStringLiteral("Brand")).id;
+    QList<CapturedColor> colors;
+    for (unsigned i = 0; i < 5; ++i) {
+        colors.append(panel.capture(0x101010 * i));
+        panel.state.addColor(i == 1 ? QUuid::createUuid() : colors.last().id, id);
+    }
+    // The second of the first four is no longer there, and the fifth does not take its place.
+    QCOMPARE(panel.dashboard().cards().first()->previewColors(),
+             (QList<CapturedColor>{colors[0], colors[2], colors[3]}));
+}
+
+void DashboardViewTest::theSixthCardHasTheGradientOfTheFirst()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 6; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    panel.settle();
+    QList<QRgb> tiles;
+    for (CollectionRowCard* card : panel.dashboard().cards()) {
+        // 4 points into the tile of 44, half way down: 26 / 88 of the way along the gradient.
+        tiles.append(card->grab().toImage().pixel(2 + 12 + 4, 2 + 10 + 22));
+    }
+    QVERIFY(isNear(tiles[0], qRgb(252, 138, 45)));
+    QVERIFY(isNear(tiles[1], qRgb(74, 131, 239)));
+    QVERIFY(isNear(tiles[4], qRgb(40, 178, 134)));
+    QCOMPARE(tiles[5], tiles[0]);
+    QVERIFY(tiles[2] != tiles[3]);
+}
+
+void DashboardViewTest::droppedTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("added");
+    const QString one = QStringLiteral("3F2504E0-4F89-41D3-9A0C-0305E82C3301");
+    const QString two = QStringLiteral("7D444840-9DC0-11D1-B245-5FFDCE74FAD2");
+    QTest::newRow("an id") << one << QStringList{one};
+    QTest::newRow("in small letters") << one.toLower() << QStringList{one};
+    QTest::newRow("two ids") << one + u'\n' + two << QStringList{one, two};
+    QTest::newRow("an id among other text") << QStringLiteral("hello\n") + two << QStringList{two};
+    QTest::newRow("the same id twice") << one + u'\n' + one << QStringList{one};
+    QTest::newRow("other text") << QStringLiteral("hello") << QStringList();
+    QTest::newRow("most of an id") << one.left(35) << QStringList();
+    QTest::newRow("empty") << QString() << QStringList();
+}
+
+void DashboardViewTest::droppedTexts()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QStringList, added);
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    QVERIFY(drop(*panel.dashboard().cards().first(), text));
+    QStringList ids;
+    for (const QUuid& id : panel.state.collections().first().colorIds) {
+        ids.append(id.toString(QUuid::WithoutBraces).toUpper());
+    }
+    QCOMPARE(ids, added);
+}
+
+void DashboardViewTest::aCardIsADropTargetWhileADragIsOverIt()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    CollectionRowCard& card = *panel.dashboard().cards().first();
+    QMimeData picture;
+    picture.setData(QStringLiteral("image/png"), "no text");
+    QDragEnterEvent foreign(QPoint(20, 20), Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&card, &foreign);
+    QVERIFY(!foreign.isAccepted());
+    QVERIFY(!card.isDropTarget());
+
+    QMimeData text;
+    text.setText(QStringLiteral("anything"));
+    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&card, &enter);
+    QVERIFY(card.isDropTarget());
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&card, &leave);
+    QVERIFY(!card.isDropTarget());
+}
+
+void DashboardViewTest::theSwatchMenuOffersPalettesOnceThereAreSome()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QMenu* menu = contextMenu(*panel.dashboard().swatches().first());
+    QVERIFY(menu);
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Delete")}));
+    QCOMPARE(titles(*menu->actions().first()->menu()),
+             (QStringList{QStringLiteral("HEX"), QStringLiteral("HEX+A"), QStringLiteral("RGB"),
+                          QStringLiteral("RGBA"), QStringLiteral("HSL"), QStringLiteral("HSLA"),
+                          QStringLiteral("CSS Var"), QStringLiteral("Tailwind"), QStringLiteral("Name")}));
+    menu->close();
+
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    menu = contextMenu(*panel.dashboard().swatches().first());
+    QVERIFY(menu);
+    QCOMPARE(titles(*menu),
+             (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Add to Palette…"),
+                          QStringLiteral("-"), QStringLiteral("Delete")}));
+    menu->actions().at(2)->menu()->actions().first()->trigger();
+    QCOMPARE(panel.state.collections().first().colorIds, QList<QUuid>{panel.state.history().first().id});
+    menu->close();
+}
+
+void DashboardViewTest::deletingFromTheMenuTakesTheColorAway()
+{
+    PanelFixture panel;
+    const CapturedColor kept = panel.capture(0x111111);
+    panel.capture(0x222222);
+    panel.settle();
+    QMenu* menu = contextMenu(*panel.dashboard().swatches().first());
+    QVERIFY(menu);
+    menu->actions().last()->trigger();
+    menu->close();
+    panel.settle();
+    QCOMPARE(panel.state.history(), QList<CapturedColor>{kept});
+    QCOMPARE(panel.dashboard().swatches().size(), 1);
+}
+
+void DashboardViewTest::theCardMenuDeletesTheCollection()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    QMenu* menu = contextMenu(*panel.dashboard().cards().first());
+    QVERIFY(menu);
+    QCOMPARE(titles(*menu), QStringList{QStringLiteral("Delete")});
+    menu->actions().first()->trigger();
+    menu->close();
+    panel.settle();
+    QVERIFY(panel.state.collections().isEmpty());
+    QVERIFY(panel.dashboard().cards().isEmpty());
+    QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
+}
+
+void DashboardViewTest::blankNamesMakeNoPalette_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("nothing") << QString();
+    QTest::newRow("three spaces") << QStringLiteral("   ");
+    QTest::newRow("white space of other kinds") << QStringLiteral("\t\u2003");
+}
+
+void DashboardViewTest::blankNamesMakeNoPalette()
+{
+    QFETCH(const QString, name);
+    PanelFixture panel;
+    panel.dashboard().openNewPaletteSheet();
+    auto* field = panel.view->findChild<QLineEdit*>();
+    field->setText(name);
+    QVERIFY(!button(*panel.view, QStringLiteral("Create"))->isEnabled());
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(panel.state.collections().isEmpty());
+    QVERIFY(Sheet::of(*panel.view));
+}
+
+void DashboardViewTest::aNewPaletteHasTheTrimmedName()
+{
+    PanelFixture panel;
+    QTest::mouseClick(button(panel.dashboard(), QStringLiteral("Create your first palette")), Qt::LeftButton);
+    auto* field = panel.view->findChild<QLineEdit*>();
+    QCOMPARE(QApplication::focusWidget(), field);
+    QTest::keyClicks(field, QStringLiteral("  Harbour "));
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(panel.state.collections().size(), 1);
+    QCOMPARE(panel.state.collections().first().name, QStringLiteral("Harbour"));
+    QVERIFY(!Sheet::of(*panel.view));
+    panel.settle();
+
+    QTest::mouseClick(button(panel.dashboard(), QStringLiteral("New Palette")), Qt::LeftButton);
+    QCOMPARE(panel.view->findChild<QLineEdit*>()->text(), QString());
+}
+
+void DashboardViewTest::aCancelledNameIsThereAgain()
+{
+    PanelFixture panel;
+    panel.dashboard().openNewPaletteSheet();
+    QTest::keyClicks(panel.view->findChild<QLineEdit*>(), QStringLiteral("Harb"));
+    QTest::mouseClick(button(*panel.view, QStringLiteral("Cancel")), Qt::LeftButton);
+    QVERIFY(!Sheet::of(*panel.view));
+    panel.settle();
+
+    panel.dashboard().openNewPaletteSheet();
+    auto* field = panel.view->findChild<QLineEdit*>();
+    QCOMPARE(field->text(), QStringLiteral("Harb"));
+    QVERIFY(button(*panel.view, QStringLiteral("Create"))->isEnabled());
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(panel.state.collections().isEmpty());
+}
+
+void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
+{
+    PanelFixture panel;
+    panel.capture(0x111111);
+    panel.state.createCollection(QStringLiteral("First"));
+    panel.state.createCollection(QStringLiteral("Second"));
+    panel.capture(0x222222);
+    panel.settle();
+    QList<QWidget*> expected{button(panel.dashboard(), QStringLiteral("Pick a Color"))};
+    for (QWidget* swatch : panel.dashboard().swatches()) {
+        expected.append(swatch);
+    }
+    for (QWidget* card : panel.dashboard().cards()) {
+        expected.append(card);
+    }
+    expected.append(button(panel.dashboard(), QStringLiteral("New Palette")));
+
+    expected.first()->setFocus(Qt::TabFocusReason);
+    for (qsizetype i = 1; i < expected.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), expected[i]);
+    }
+}
+
+void DashboardViewTest::arrowKeysMoveAlongTheRecentRow()
+{
+    PanelFixture panel;
+    for (unsigned i = 0; i < 10; ++i) {
+        panel.capture(i);
+    }
+    panel.settle();
+    const auto swatches = panel.dashboard().swatches();
+    swatches.first()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(swatches.first(), Qt::Key_Left);
+    QCOMPARE(QApplication::focusWidget(), swatches.first());
+    for (qsizetype i = 1; i < swatches.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+        QCOMPARE(QApplication::focusWidget(), swatches[i]);
+    }
+    QTest::keyClick(swatches.last(), Qt::Key_Right);
+    QCOMPARE(QApplication::focusWidget(), swatches.last());
+    QVERIFY(panel.view->rect().contains(placeIn(*panel.view, *swatches.last())));
+    QTest::keyClick(swatches.last(), Qt::Key_Left);
+    QCOMPARE(QApplication::focusWidget(), swatches[8]);
+}
+
+void DashboardViewTest::returnAndSpaceCopyTheFocusedSwatch()
+{
+    PanelFixture panel;
+    panel.capture(0x111111);
+    panel.capture(0x222222);
+    panel.settle();
+    QTest::keyClick(panel.dashboard().swatches().at(1), Qt::Key_Return);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#111111"));
+    QTest::keyClick(panel.dashboard().swatches().at(0), Qt::Key_Space);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#222222"));
+}
+
+void DashboardViewTest::aNewColorLeavesTheFocusWhereItIs()
+{
+    PanelFixture panel;
+    panel.capture(0x111111);
+    panel.settle();
+    QWidget* focused = panel.dashboard().swatches().first();
+    focused->setFocus(Qt::TabFocusReason);
+    panel.capture(0x222222);
+    panel.settle();
+    QCOMPARE(QApplication::focusWidget(), focused);
+    QCOMPARE(panel.dashboard().swatches().at(1), focused);
+}
+
+void DashboardViewTest::swatchesAndCardsTellScreenReadersWhatTheyAre()
+{
+    PanelFixture panel;
+    panel.capture(0x1E90FF);
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    const auto* swatch = QAccessible::queryAccessibleInterface(panel.dashboard().swatches().first());
+    QCOMPARE(swatch->text(QAccessible::Name), QStringLiteral("Dodger Blue, #1E90FF"));
+    QCOMPARE(swatch->role(), QAccessible::Button);
+    const auto* card = QAccessible::queryAccessibleInterface(panel.dashboard().cards().first());
+    QCOMPARE(card->text(QAccessible::Name), QStringLiteral("Brand, 0 Colors"));
+}
+
+int main(int argc, char** argv)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QApplication application(argc, argv);
+    DashboardViewTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "DashboardViewTest.moc"

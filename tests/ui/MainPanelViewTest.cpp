@@ -1,0 +1,153 @@
+#include "ui/MainPanelView.h"
+
+#include "ui/Appearance.h"
+#include "ui/CopiedPill.h"
+#include "ui/PanelFixture.h"
+#include "ui/kit/Button.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+using namespace tintwick;
+using tintwick::test::PanelFixture;
+
+class MainPanelViewTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void theAppearanceButtonTellsAndCycles_data();
+    void theAppearanceButtonTellsAndCycles();
+    void autoFollowsTheDesktop();
+    void aChosenAppearanceDoesNot();
+    void thePillComesWithACopyAndFadesAway();
+    void thePillLeavesTheAppearanceButtonWhereItIs();
+
+private:
+    static QAbstractButton* toggle(const PanelFixture& panel);
+};
+
+namespace {
+
+const QString key = QStringLiteral("colorSchemePref");
+
+QRgb ground(const PanelFixture& panel)
+{
+    return panel.picture().pixel(5, 300);
+}
+
+constexpr QRgb light = qRgb(0xF5, 0xF5, 0xF7);
+constexpr QRgb dark = qRgb(0x1F, 0x1F, 0x23);
+
+} // namespace
+
+QAbstractButton* MainPanelViewTest::toggle(const PanelFixture& panel)
+{
+    for (auto* candidate : panel.view->findChildren<PlainButton*>()) {
+        if (candidate->accessibleName().startsWith(QStringLiteral("Appearance"))) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+void MainPanelViewTest::init()
+{
+    QSettings().clear();
+}
+
+void MainPanelViewTest::theAppearanceButtonTellsAndCycles_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("help");
+    QTest::addColumn<QString>("next");
+    const auto help = [](const char* current) {
+        return QStringLiteral("Appearance: %1 — click to cycle").arg(QLatin1StringView(current));
+    };
+    QTest::newRow("auto") << QStringLiteral("auto") << help("Auto") << QStringLiteral("light");
+    QTest::newRow("light") << QStringLiteral("light") << help("Light") << QStringLiteral("dark");
+    QTest::newRow("dark") << QStringLiteral("dark") << help("Dark") << QStringLiteral("auto");
+    QTest::newRow("unknown") << QStringLiteral("sepia") << help("Auto") << QStringLiteral("light");
+    QTest::newRow("another case") << QStringLiteral("Dark") << help("Auto") << QStringLiteral("light");
+}
+
+void MainPanelViewTest::theAppearanceButtonTellsAndCycles()
+{
+    QFETCH(const QString, stored);
+    QFETCH(const QString, help);
+    QFETCH(const QString, next);
+    QSettings().setValue(key, stored);
+    const PanelFixture panel;
+    QCOMPARE(toggle(panel)->toolTip(), help);
+    QTest::mouseClick(toggle(panel), Qt::LeftButton);
+    QCOMPARE(QSettings().value(key).toString(), next);
+}
+
+void MainPanelViewTest::autoFollowsTheDesktop()
+{
+    const PanelFixture panel;
+    QCOMPARE(ground(panel), light);
+    panel.view->setSystemScheme(Scheme::Dark);
+    QCOMPARE(ground(panel), dark);
+    panel.view->setSystemScheme(Scheme::Light);
+    QCOMPARE(ground(panel), light);
+}
+
+void MainPanelViewTest::aChosenAppearanceDoesNot()
+{
+    QSettings().setValue(key, QStringLiteral("dark"));
+    const PanelFixture panel;
+    QCOMPARE(ground(panel), dark);
+    panel.view->setSystemScheme(Scheme::Dark);
+    panel.view->setSystemScheme(Scheme::Light);
+    QCOMPARE(ground(panel), dark);
+    QTest::mouseClick(toggle(panel), Qt::LeftButton);
+    QCOMPARE(ground(panel), light);
+}
+
+void MainPanelViewTest::thePillComesWithACopyAndFadesAway()
+{
+    PanelFixture panel;
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    panel.settle();
+    QVERIFY(!pill->isVisible());
+
+    panel.capture(0x3B82F6);
+    QVERIFY(pill->isVisible());
+    panel.settle();
+    QVERIFY(pill->isVisible());
+
+    panel.letFeedbackEnd();
+    Ticker::shared().advance(0.09);
+    QVERIFY(pill->isVisible());
+    Ticker::shared().advance(0.1);
+    QVERIFY(!pill->isVisible());
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void MainPanelViewTest::thePillLeavesTheAppearanceButtonWhereItIs()
+{
+    PanelFixture panel;
+    panel.settle();
+    const QRect before(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size());
+    QCOMPARE(before, QRect(336, 10, 30, 30));
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QCOMPARE(QRect(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size()), before);
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 336 - 10);
+}
+
+int main(int argc, char** argv)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Tintwick"));
+    QApplication::setApplicationName(QStringLiteral("Tintwick"));
+    MainPanelViewTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "MainPanelViewTest.moc"

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "state/AppState.h"
+#include "ui/DashboardView.h"
+#include "ui/MainPanelView.h"
+#include "ui/kit/Ticker.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace tintwick::test {
+
+/// The main panel over an empty state, without a window manager, a clock or a desktop that prefers dark.
+class PanelFixture final
+{
+public:
+    PanelFixture()
+        : state([this](std::chrono::milliseconds, std::function<void()> action) { m_later = std::move(action); })
+    {
+        Ticker::shared().setMode(Ticker::Mode::ByHand);
+        state.clearHistory();
+        while (!state.collections().isEmpty()) {
+            state.deleteCollection(state.collections().first().id);
+        }
+        view = std::make_unique<MainPanelView>(state);
+        view->setSystemScheme(Scheme::Light);
+        view->show();
+        view->activateWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    }
+
+    [[nodiscard]] DashboardView& dashboard() const { return view->dashboard(); }
+
+    /// The newest colour, for example 0x3B82F6.
+    CapturedColor capture(unsigned rgb, double alpha = 1)
+    {
+        state.colorCaptured(CapturedColor::capture(((rgb >> 16U) & 0xffU) / 255.0, ((rgb >> 8U) & 0xffU) / 255.0,
+                                                   (rgb & 0xffU) / 255.0, alpha));
+        return state.history().first();
+    }
+
+    /// What the clock would do once the time of the newest copy is over.
+    void letFeedbackEnd() const
+    {
+        if (m_later) {
+            m_later();
+        }
+    }
+
+    /// Everything that moves has come to rest, and all is laid out.
+    void settle() const
+    {
+        QApplication::processEvents();
+        Ticker::shared().advance(60);
+        QApplication::processEvents();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    [[nodiscard]] QImage picture() const
+    {
+        settle();
+        return view->grab().toImage();
+    }
+
+private:
+    // Declared first, because the state calls into it.
+    std::function<void()> m_later;
+
+public:
+    AppState state;
+    std::unique_ptr<MainPanelView> view;
+};
+
+} // namespace tintwick::test
