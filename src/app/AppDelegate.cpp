@@ -3,7 +3,7 @@
 #include "model/CapturedColor.h"
 #include "shortcuts/ShortcutNames.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTimer>
 
 #include <chrono>
@@ -35,7 +35,7 @@ void AppDelegate::applicationDidFinishLaunching()
 void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
 
@@ -51,7 +51,13 @@ void AppDelegate::setupColorPickerService()
 void AppDelegate::setupGlobalShortcut()
 {
     m_shortcuts.declare(shortcutnames::activatePicker());
-    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] { m_colorPickerService.showPicker(); });
+    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] {
+        // An open menu of ours holds the pointer and the keyboard, which the pick needs.
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+        m_colorPickerService.showPicker();
+    });
 }
 
 void AppDelegate::activatePicker()

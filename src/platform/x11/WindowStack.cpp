@@ -14,14 +14,9 @@ namespace {
 // A compositor may draw a shadow this far around a window, in pixels.
 constexpr int shadowExtent = 48;
 
-QRegion withShadow(const StackedWindow& window)
-{
-    return window.frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
-}
-
 QRegion visibleArea(const StackedWindow& window)
 {
-    return window.isVisible() ? withShadow(window) : QRegion();
+    return window.isVisible() ? QRegion(withShadow(window.frame)) : QRegion();
 }
 
 QRect outerFrame(int x, int y, int width, int height, int border)
@@ -75,6 +70,11 @@ const xcb_render_pictforminfo_t* formatOfVisual(xcb_connection_t* c, xcb_visuali
 }
 
 } // namespace
+
+QRect withShadow(const QRect& frame)
+{
+    return frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
+}
 
 WindowStack::WindowStack(XcbConnection& connection)
     : m_connection(connection)
@@ -236,17 +236,6 @@ QRegion WindowStack::coveredRegion() const
         }
     }
     return covered;
-}
-
-QRegion WindowStack::unmappedRegionOf(const xcb_setup_t& client) const
-{
-    QRegion region;
-    for (const StackedWindow& window : m_windows) {
-        if (!window.isMapped && isFromClient(window.id, client)) {
-            region += withShadow(window);
-        }
-    }
-    return region;
 }
 
 StackedWindow* WindowStack::find(xcb_window_t id)

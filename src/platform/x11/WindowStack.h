@@ -41,6 +41,9 @@ struct StackedWindow
     [[nodiscard]] bool isOpaque() const { return !hasAlpha && !isShaped; }
 };
 
+/// The frame with the room around it in which a compositor may draw the window's shadow.
+[[nodiscard]] QRect withShadow(const QRect& frame);
+
 /// The children of the root window from bottom to top, kept up to date by the root's substructure events. What our own
 /// connection shows (the loupe) is never part of a picture.
 class WindowStack final
@@ -70,9 +73,6 @@ public:
 
     /// Frames of all visible windows.
     [[nodiscard]] QRegion coveredRegion() const;
-
-    /// Where windows of the given client lie that are not mapped: they may just have been closed.
-    [[nodiscard]] QRegion unmappedRegionOf(const xcb_setup_t& client) const;
 
 private:
     [[nodiscard]] StackedWindow* find(xcb_window_t id);

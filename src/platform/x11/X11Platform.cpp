@@ -84,14 +84,18 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
 
 X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
     : m_connection(std::move(connection))
-    , m_screenGrabber(*m_connection)
     , m_pickingInput(*m_connection)
 {
 }
 
+X11ScreenGrabber& X11Platform::x11ScreenGrabber()
+{
+    return m_screenGrabber ? *m_screenGrabber : m_screenGrabber.emplace(*m_connection);
+}
+
 std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
 {
-    return std::make_unique<X11LoupeSurface>(*m_connection, m_screenGrabber);
+    return std::make_unique<X11LoupeSurface>(*m_connection, x11ScreenGrabber());
 }
 
 HotKeyRegistrar& X11Platform::hotKeyRegistrar()

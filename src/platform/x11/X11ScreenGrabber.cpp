@@ -71,6 +71,7 @@ xcb_render_pictformat_t formatOfDepth(xcb_connection_t* c, std::uint8_t depth)
 
 X11ScreenGrabber::X11ScreenGrabber(XcbConnection& connection)
     : m_connection(connection)
+    , m_closedWindows(connection)
 {
     xcb_connection_t* c = m_connection.get();
     for (xcb_extension_t* extension :
@@ -170,11 +171,8 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
     xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), visual->format, 0,
                               nullptr);
 
-    // A compositor may show a closed menu of ours for another frame or fade it out, so the copy may hold it.
-    if (session.isComposited && session.windows) {
-        if (xcb_connection_t* toolkitConnection = toolkit::connection()) {
-            session.changed = session.windows->unmappedRegionOf(*xcb_get_setup(toolkitConnection));
-        }
+    if (session.isComposited) {
+        session.changed = m_closedWindows.region();
     }
 }
 
