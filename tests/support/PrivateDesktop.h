@@ -106,6 +106,7 @@ private:
     void randr(const QStringList& arguments);
     void startHelpers();
     [[nodiscard]] bool windowManagerAnswers();
+    [[nodiscard]] bool compositorBlends();
     void showArrowOnRoot();
     void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
     [[nodiscard]] xcb_keycode_t keyCode(xcb_keysym_t key);
