@@ -317,13 +317,13 @@ void PrivateDesktop::typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& 
     std::for_each(held.rbegin(), held.rend(), [this](xcb_keysym_t modifier) { releaseKey(modifier); });
 }
 
-QImage PrivateDesktop::settledScreenshot()
+QImage PrivateDesktop::settledScreenshot(const QRect& part)
 {
     constexpr int enough = 30;
-    QImage last = screenshot();
+    QImage last = m_connection->screenshot(part);
     int alike = 0;
     require(waitUntil([&] {
-                QImage next = screenshot();
+                QImage next = m_connection->screenshot(part);
                 alike = next == last ? alike + 1 : 0;
                 last = std::move(next);
                 return alike == enough;
