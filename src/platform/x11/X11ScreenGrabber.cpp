@@ -108,6 +108,9 @@ std::vector<Screen> X11ScreenGrabber::screens() const
     return m_session ? m_session->screens : queryScreens(m_connection);
 }
 
+// Not left to the compiler: clang uses the defaults of a nested class only after the outer one is complete.
+X11ScreenGrabber::Session::Session() = default;
+
 void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
 {
     endSession();
@@ -366,7 +369,7 @@ void X11ScreenGrabber::makeBackground()
     xcb_create_pixmap(c, 32, session.backgroundPixmap.id(), m_connection.root(), 1, 1);
     xcb_render_create_picture(c, session.background.id(), session.backgroundPixmap.id(), formatOfDepth(c, 32),
                               XCB_RENDER_CP_REPEAT, &repeat);
-    const auto largest =
+    const auto* const largest =
         std::max_element(session.bareRegion.begin(), session.bareRegion.end(), [](const QRect& a, const QRect& b) {
             return a.width() * a.height() < b.width() * b.height();
         });

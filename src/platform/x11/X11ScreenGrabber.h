@@ -38,6 +38,8 @@ private:
     /// What a session keeps on the server.
     struct Session
     {
+        Session();
+
         ContentChanged contentChanged;
         std::vector<Screen> screens;
         QRegion screenRegion;
