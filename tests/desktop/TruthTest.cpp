@@ -247,7 +247,7 @@ void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen()
     QVERIFY(program.waitForTrayIcon());
     const QImage before = desktop.settledScreenshot();
     QVERIFY(program.startPicking());
-    for (const QPoint position : randomPositions({250, 150, 650, 550}, 150, 11)) {
+    for (const QPoint position : randomPositions({250, 150, 650, 550}, 60, 11)) {
         desktop.movePointer(position);
         const QRgb expected = before.pixel(position);
         QVERIFY2(program.waitForLoupeAt(loupePlace(position, desktop.screen())), "the loupe did not follow");
