@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QSysInfo>
 
 #include <X11/keysym.h>
@@ -22,6 +23,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <numeric>
 #include <stdexcept>
 #include <vector>
 
@@ -77,44 +79,60 @@ double numberOf(const QString& path, const QByteArray& key)
     return valueOf(path, key).split(' ').first().toDouble();
 }
 
-/// Adds up what one file says of each of the process's threads.
-double sumOverThreads(qint64 process, const std::function<double(const QString& folder)>& figure)
+/// The number that `figure` reads from the folder of each of the process's threads.
+using ThreadFigures = QHash<QString, double>;
+
+ThreadFigures ofThreads(qint64 process, const std::function<double(const QString& folder)>& figure)
 {
     const QDir tasks(QStringLiteral("/proc/%1/task").arg(process));
-    double sum = 0;
+    ThreadFigures figures;
     for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        sum += figure(tasks.filePath(task));
+        figures.insert(task, figure(tasks.filePath(task)));
     }
-    return sum;
+    return figures;
 }
 
 /// Processor time in ms, at the scheduler's own precision: the ticks of `stat` are far too coarse.
 double processorTime(qint64 process)
 {
-    return sumOverThreads(process, [](const QString& folder) {
+    const ThreadFigures times = ofThreads(process, [](const QString& folder) {
         constexpr double nanosecondsPerMillisecond = 1e6;
         return contents(folder + QStringLiteral("/schedstat")).split(' ').value(0).toDouble() /
                nanosecondsPerMillisecond;
     });
+    return std::accumulate(times.begin(), times.end(), 0.0);
 }
 
-/// How often the program was woken: every wake-up ends with waiting of its own accord once more.
-double wakeUps(qint64 process)
+/// How often each thread was woken: every wake-up ends with waiting of its own accord once more.
+ThreadFigures wakeUps(qint64 process)
 {
-    return sumOverThreads(process, [](const QString& folder) {
+    return ofThreads(process, [](const QString& folder) {
         return numberOf(folder + QStringLiteral("/status"), "voluntary_ctxt_switches");
     });
+}
+
+double wakeUpsBetween(const ThreadFigures& before, const ThreadFigures& after)
+{
+    double sum = 0;
+    for (auto thread = after.begin(); thread != after.end(); ++thread) {
+        sum += thread.value() - before.value(thread.key());
+    }
+    // A thread that has ended was woken to do so.
+    for (auto thread = before.begin(); thread != before.end(); ++thread) {
+        sum += after.contains(thread.key()) ? 0 : 1;
+    }
+    return sum;
 }
 
 /// Returns when the program has finished what it does after its start.
 void waitForRest(qint64 process)
 {
     constexpr int enough = 2000;
-    double last = wakeUps(process);
+    ThreadFigures last = wakeUps(process);
     int alike = 0;
     require(waitUntil(
                 [&] {
-                    const double now = wakeUps(process);
+                    const ThreadFigures now = wakeUps(process);
                     alike = now == last ? alike + 1 : 0;
                     last = now;
                     return alike == enough;
@@ -323,12 +341,10 @@ void measureIdle(std::chrono::seconds idle)
     const qint64 process = program.process().processId();
     waitForRest(process);
     const Memory own = memoryOf(process);
-    const double before = wakeUps(process);
-    const double timeBefore = processorTime(process);
+    const ThreadFigures before = wakeUps(process);
     static_cast<void>(waitUntil([] { return false; }, idle));
-    std::printf("%-58s %9.0f      in %lld s, processor time %.3f ms\n", "wake-ups when idle (aim 0)",
-                wakeUps(process) - before, static_cast<long long>(idle.count()),
-                processorTime(process) - timeBefore);
+    std::printf("%-58s %9.0f      in %lld s\n", "wake-ups when idle (aim 0)",
+                wakeUpsBetween(before, wakeUps(process)), static_cast<long long>(idle.count()));
     for (const char* peer : {"gpick", "kcolorchooser"}) {
         const Memory beside = memoryOfPeer(desktop, QString::fromLatin1(peer));
         print("resident memory when idle (aim 40)", own.resident, "MB", peer, beside.resident);

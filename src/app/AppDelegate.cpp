@@ -4,12 +4,12 @@
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
+#include "shortcuts/ShortcutNames.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
-#include "shortcuts/ShortcutNames.h"
 
+#include <QApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QStyleHints>
 #include <QTimer>
@@ -79,7 +79,7 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
 
@@ -104,20 +104,22 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
-        ClickMonitor& monitor = m_platform->clickMonitor();
-        if (!isVisible) {
-            monitor.stop();
-            return;
-        }
-        monitor.start([this] {
-            // A click that picks is the picker's, wherever it falls.
-            if (!m_colorPickerService.isPicking()) {
-                m_sinceClickElsewhere.start();
-                hideMainPanel();
-            }
-        });
-    });
+    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
+                     [this](bool isVisible) {
+                         ClickMonitor& monitor = m_platform->clickMonitor();
+                         if (!isVisible) {
+                             monitor.stop();
+                             return;
+                         }
+                         monitor.start([this] {
+                             // A click that picks is the picker's, wherever it falls.
+                             if (!m_colorPickerService.isPicking()) {
+                                 m_sinceClickElsewhere.start();
+                                 m_clickElsewhere = QCursor::pos();
+                                 hideMainPanel();
+                             }
+                         });
+                     });
 }
 
 void AppDelegate::handleStatusBarClick()
@@ -126,14 +128,21 @@ void AppDelegate::handleStatusBarClick()
         hideMainPanel();
         return;
     }
-    // A tray that draws the icon in a window of its own tells of the click when the press on that window has already
-    // closed the panel: both are one click.
-    const bool isTheClickThatClosedIt = m_sinceClickElsewhere.isValid()
-        && !m_sinceClickElsewhere.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    m_sinceClickElsewhere.invalidate();
-    if (!isTheClickThatClosedIt) {
+    if (!isTheClickThatHidThePanel()) {
         showMainPanel(QCursor::pos());
     }
+}
+
+// A tray that draws the icon in a window of its own, and keeps its place to itself, tells of the click when the press on
+// that window has already hidden the panel as a click elsewhere.
+bool AppDelegate::isTheClickThatHidThePanel()
+{
+    const bool isRecent =
+        m_sinceClickElsewhere.isValid() &&
+        !m_sinceClickElsewhere.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    m_sinceClickElsewhere.invalidate();
+    const int distance = (QCursor::pos() - m_clickElsewhere).manhattanLength();
+    return isRecent && !m_statusItem.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
 }
 
 void AppDelegate::showMainPanel(std::optional<QPoint> click)
@@ -144,7 +153,8 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
+    m_mainPanel->showAt(
+        placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
 }
 
 void AppDelegate::hideMainPanel()
@@ -168,7 +178,13 @@ void AppDelegate::followSystemAppearance()
 void AppDelegate::setupGlobalShortcut()
 {
     m_shortcuts.declare(shortcutnames::activatePicker());
-    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] { m_colorPickerService.showPicker(); });
+    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] {
+        // An open menu of ours holds the pointer and the keyboard, which the pick needs.
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+        m_colorPickerService.showPicker();
+    });
     m_shortcuts.declare(shortcutnames::openMainWindow());
     m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });
 }

@@ -39,6 +39,7 @@ private:
     void setupGlobalClickDismiss();
 
     void handleStatusBarClick();
+    [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
     void showMainPanel(std::optional<QPoint> click = {});
     void hideMainPanel();
@@ -59,6 +60,7 @@ private:
     MainPanelView* m_mainPanelView = nullptr;
     std::unique_ptr<FloatingPanel> m_mainPanel;
     QElapsedTimer m_sinceClickElsewhere;
+    QPoint m_clickElsewhere;
     QSettings m_settings;
     KeyboardShortcuts::Registry m_shortcuts;
     KeyboardShortcuts::OpenMenuWatcher m_openMenuWatcher;

@@ -32,9 +32,10 @@ int squaredDistance(const QRect& rect, QPoint point)
 
 const PanelScreen& nearestScreen(const QList<PanelScreen>& screens, QPoint point)
 {
-    return *std::min_element(screens.begin(), screens.end(), [&](const PanelScreen& one, const PanelScreen& other) {
-        return squaredDistance(one.frame, point) < squaredDistance(other.frame, point);
-    });
+    return *std::min_element(
+        screens.begin(), screens.end(), [&](const PanelScreen& one, const PanelScreen& other) {
+            return squaredDistance(one.frame, point) < squaredDistance(other.frame, point);
+        });
 }
 
 QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
@@ -55,8 +56,8 @@ QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
     }
     const bool isOnTheLeft = anchor.center().x() < screen.frame.center().x();
     const int sideways = isOnTheLeft ? rightEdge(anchor) : anchor.x() - panel.width();
-    return {bounded(sideways, lowestX, highestX),
-            bounded(anchor.y() + (anchor.height() - panel.height()) / 2, room.y(), bottomEdge(room) - panel.height())};
+    return {bounded(sideways, lowestX, highestX), bounded(anchor.y() + (anchor.height() - panel.height()) / 2,
+                                                          room.y(), bottomEdge(room) - panel.height())};
 }
 
 } // namespace

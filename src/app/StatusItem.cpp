@@ -40,7 +40,8 @@ StatusItem::StatusItem(QObject* parent)
     m_icon.setToolTip(u"Tintwick"_s);
     m_icon.setContextMenu(&m_menu);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::Trigger) {
+        // The second of two quick clicks is a click like the first.
+        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
             Q_EMIT clicked();
         }
     });

@@ -191,7 +191,8 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     double right = card.right() - horizontalPadding;
     paintPreview(painter, preview, right);
     if (!preview.isEmpty()) {
-        right -= static_cast<double>(preview.size()) * (previewSide + previewGap) - previewGap + gapBetweenParts;
+        right -=
+            static_cast<double>(preview.size()) * (previewSide + previewGap) - previewGap + gapBetweenParts;
     }
 
     const QFont nameFont = DS::font(14, QFont::Bold);
@@ -221,7 +222,8 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     }
 }
 
-void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const
+void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors,
+                                     double right) const
 {
     const Scheme scheme = Appearance::of(this);
     QRectF square(right - previewSide, cardRect().center().y() - previewSide / 2, previewSide, previewSide);

@@ -50,7 +50,8 @@ CopiedPill::CopiedPill(const AppState& appState)
 QSize CopiedPill::sizeHint() const
 {
     const QFontMetricsF metrics(textFont());
-    return {qCeil(2 * horizontalPadding + symbolSide(symbolSize) + gap + metrics.horizontalAdvance(accessibleName())),
+    return {qCeil(2 * horizontalPadding + symbolSide(symbolSize) + gap +
+                  metrics.horizontalAdvance(accessibleName())),
             qCeil(2 * verticalPadding + metrics.height())};
 }
 
@@ -79,7 +80,8 @@ void CopiedPill::paintEvent(QPaintEvent*)
 
     fillRounded(painter, pill, pill.height() / 2, DS::surface.in(scheme));
     const QRectF mark(horizontalPadding, 0, symbolSide(symbolSize), pill.height());
-    drawSymbol(painter, u"checkmark.circle.fill", symbolSize, SymbolWeight::Regular, DS::green.in(scheme), mark);
+    drawSymbol(painter, u"checkmark.circle.fill", symbolSize, SymbolWeight::Regular, DS::green.in(scheme),
+               mark);
     painter.setFont(textFont());
     painter.setPen(DS::textSecond.in(scheme));
     painter.drawText(pill.adjusted(mark.right() + gap, 0, 0, 0), Qt::AlignLeading | Qt::AlignVCenter,

@@ -110,8 +110,9 @@ void DashboardSwatchView::openContextMenu(QPoint globalPosition)
     if (!m_appState.collections().isEmpty()) {
         entries << menuSeparator() << addToCollectionMenu(m_appState, m_color, tr("Add to Palette…"));
     }
-    entries << menuSeparator()
-            << menuDestructive(tr("Delete"), [&state = m_appState, id = m_color.id] { state.deleteColor(id); });
+    entries << menuSeparator() << menuDestructive(tr("Delete"), [&state = m_appState, id = m_color.id] {
+        state.deleteColor(id);
+    });
     popUpMenu(*this, globalPosition, entries);
 }
 
@@ -136,8 +137,8 @@ void DashboardSwatchView::mousePressEvent(QMouseEvent* event)
 
 void DashboardSwatchView::mouseMoveEvent(QMouseEvent* event)
 {
-    const bool isDrag = isDown()
-        && (event->position().toPoint() - m_pressedAt).manhattanLength() >= QApplication::startDragDistance();
+    const bool isDrag = isDown() && (event->position().toPoint() - m_pressedAt).manhattanLength() >=
+                                        QApplication::startDragDistance();
     if (!isDrag) {
         Clickable::mouseMoveEvent(event);
         return;
@@ -170,7 +171,8 @@ void DashboardSwatchView::paintEvent(QPaintEvent*)
     if (const double hover = qBound(0.0, m_hover.position(), 1.0); hover > 0) {
         painter.setOpacity(hover);
         fillRounded(painter, square, squareRadius * scale(), hoverVeil.in(scheme));
-        drawSymbol(painter, u"doc.on.doc.fill", 14 * scale(), SymbolWeight::Semibold, DS::white.in(scheme), square);
+        drawSymbol(painter, u"doc.on.doc.fill", 14 * scale(), SymbolWeight::Semibold, DS::white.in(scheme),
+                   square);
         painter.setOpacity(1);
     }
     if (showsFocusRing()) {

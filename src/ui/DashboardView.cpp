@@ -54,14 +54,10 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
               card.setAccent(DS::cardAccents[static_cast<std::size_t>(position) % DS::cardAccents.size()]);
           })
 {
-    setContent(verticalScroll(column(gap(20), padding(16 - overhang, 16),
-        inset(eyedropperButton()),
-        shownWhen(historyIsNotEmpty(), inset(recentHeader())),
-        shownWhen(historyIsNotEmpty(), recentRow()),
-        column(gap(20 - overhang),
-            inset(sectionLabel(tr("Collections"))),
-            collectionsSection()),
-        spacer())));
+    setContent(verticalScroll(column(
+        gap(20), padding(16 - overhang, 16), inset(eyedropperButton()),
+        shownWhen(historyIsNotEmpty(), inset(recentHeader())), shownWhen(historyIsNotEmpty(), recentRow()),
+        column(gap(20 - overhang), inset(sectionLabel(tr("Collections"))), collectionsSection()), spacer())));
 
     connect(&m_appState, &AppState::historyChanged, this, &DashboardView::showHistory);
     connect(&m_appState, &AppState::collectionsChanged, this, &DashboardView::showCollections);
@@ -74,11 +70,9 @@ QWidget* DashboardView::eyedropperButton()
     const QString title = tr("Pick a Color");
     m_pick = plainButton(
         title, [this] { m_appState.startPicking(); },
-        row(tintwick::height(50), gap(8), ground(pickGradient, 14), pickShadow,
-            spacer(),
+        row(tintwick::height(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
             symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
-            label(title, DS::font(16, QFont::DemiBold), DS::white),
-            spacer()),
+            label(title, DS::font(16, QFont::DemiBold), DS::white), spacer()),
         14);
     return m_pick;
 }
@@ -104,11 +98,11 @@ QWidget* DashboardView::collectionsSection()
     m_createFirst = createFirstPaletteButton();
     m_add = addPaletteRow();
     m_cardList->add(row(padding(overhang, overhang), shownWhen(hasCollections(), m_add)));
-    const auto hasNone = bound([this] { return m_appState.collections().isEmpty(); })
-                             .changedBy(m_appState, &AppState::collectionsChanged);
-    return column(
-        shownWhen(hasNone, row(Padding{{overhang, overhang, overhang, 0}}, m_createFirst)),
-        shownWhen(hasCollections(), m_cardList));
+    const auto hasNone = bound([this] {
+                             return m_appState.collections().isEmpty();
+                         }).changedBy(m_appState, &AppState::collectionsChanged);
+    return column(shownWhen(hasNone, row(Padding{{overhang, overhang, overhang, 0}}, m_createFirst)),
+                  shownWhen(hasCollections(), m_cardList));
 }
 
 QWidget* DashboardView::createFirstPaletteButton()
@@ -116,11 +110,9 @@ QWidget* DashboardView::createFirstPaletteButton()
     const QString title = tr("Create your first palette");
     return plainButton(
         title, [this] { openNewPaletteSheet(); },
-        row(tintwick::height(50), gap(6), ground(DS::accent.opacity(0.08), 12),
-            spacer(),
+        row(tintwick::height(50), gap(6), ground(DS::accent.opacity(0.08), 12), spacer(),
             symbol(u"plus.circle.fill"_s, 14, SymbolWeight::Regular, DS::accent),
-            label(title, DS::font(13, QFont::Medium), DS::accent),
-            spacer()),
+            label(title, DS::font(13, QFont::Medium), DS::accent), spacer()),
         12);
 }
 
@@ -132,8 +124,7 @@ QWidget* DashboardView::addPaletteRow()
         row(gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
             row(tintwick::size(44, 44), centered(), ground(DS::surfaceHigh, 10),
                 symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
-            label(title, DS::font(14, QFont::Medium), DS::textThird),
-            spacer()),
+            label(title, DS::font(14, QFont::Medium), DS::textThird), spacer()),
         14);
 }
 
@@ -148,12 +139,9 @@ void DashboardView::openNewPaletteSheet()
     connect(name, &QLineEdit::textChanged, this, nameChanged);
     nameChanged(m_newCollectionName);
 
-    auto* form = column(gap(16), padding(20), tintwick::width(280), Across::Leading,
-        label(tr("New Palette"), DS::headline()),
-        name,
-        row(borderedButton(tr("Cancel"), [this] { m_newPaletteSheet->dismiss(); }),
-            spacer(),
-            create));
+    auto* form = column(
+        gap(16), padding(20), tintwick::width(280), Across::Leading, label(tr("New Palette"), DS::headline()),
+        name, row(borderedButton(tr("Cancel"), [this] { m_newPaletteSheet->dismiss(); }), spacer(), create));
     m_newPaletteSheet = new Sheet(m_panel, tr("New Palette"), form, [this] { createCollection(); });
 }
 

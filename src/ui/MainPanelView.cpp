@@ -39,7 +39,8 @@ QString symbolOf(ColorSchemePref preference)
 Scheme schemeOfPalette()
 {
     const QPalette palette = QGuiApplication::palette();
-    const bool isDark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+    const bool isDark =
+        palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
     return isDark ? Scheme::Dark : Scheme::Light;
 }
 
@@ -50,20 +51,14 @@ MainPanelView::MainPanelView(AppState& appState)
     , m_appearance(*this)
 {
     setFixedSize(size);
-    setContent(column(
-        panelHeader(),
-        rule(),
-        m_dashboard = new DashboardView(m_appState, *this)));
+    setContent(column(panelHeader(), rule(), m_dashboard = new DashboardView(m_appState, *this)));
     applyColorScheme();
 }
 
 QWidget* MainPanelView::panelHeader()
 {
-    return row(gap(10), padding(14, 10),
-        label(u"Tintwick"_s, DS::font(18, QFont::Bold)),
-        spacer(),
-        new CopiedPill(m_appState),
-        colorSchemeToggle());
+    return row(gap(10), padding(14, 10), label(u"Tintwick"_s, DS::font(18, QFont::Bold)), spacer(),
+               new CopiedPill(m_appState), colorSchemeToggle());
 }
 
 QWidget* MainPanelView::colorSchemeToggle()

@@ -50,9 +50,12 @@ void PanelPlacementTest::thePanelIsWhereItsAnchorPutsIt_data()
     using Screens = QList<PanelScreen>;
 
     QTest::newRow("it hangs centred under the icon") << icon(900, 0) << Screens{bare} << QPoint(722, 24);
-    QTest::newRow("near the right edge it ends 8 points inside") << icon(1890, 0) << Screens{bare} << QPoint(1532, 24);
-    QTest::newRow("near the left edge it begins 8 points inside") << icon(4, 0) << Screens{bare} << QPoint(8, 24);
-    QTest::newRow("a centre 198 from the right edge just fits") << icon(1710, 0) << Screens{bare} << QPoint(1532, 24);
+    QTest::newRow("near the right edge it ends 8 points inside")
+        << icon(1890, 0) << Screens{bare} << QPoint(1532, 24);
+    QTest::newRow("near the left edge it begins 8 points inside")
+        << icon(4, 0) << Screens{bare} << QPoint(8, 24);
+    QTest::newRow("a centre 198 from the right edge just fits")
+        << icon(1710, 0) << Screens{bare} << QPoint(1532, 24);
     QTest::newRow("one point less does not") << icon(1711, 0) << Screens{bare} << QPoint(1532, 24);
     QTest::newRow("it hangs from the bar, not from the icon in it")
         << icon(900, 4, 16, 16) << Screens{barOnTop} << QPoint(718, 24);
@@ -63,11 +66,13 @@ void PanelPlacementTest::thePanelIsWhereItsAnchorPutsIt_data()
     QTest::newRow("it may end where the screen ends") << icon(900, 476) << Screens{bare} << QPoint(722, 500);
     QTest::newRow("but no lower") << icon(900, 477, 24, 200) << Screens{bare} << QPoint(924, 287);
     QTest::newRow("from the middle of a bar on the left it comes out to the right")
-        << icon(12, 490, 24, 24) << Screens{PanelScreen{{0, 0, 1920, 1000}, {48, 0, 1872, 1000}}} << QPoint(56, 212);
+        << icon(12, 490, 24, 24) << Screens{PanelScreen{{0, 0, 1920, 1000}, {48, 0, 1872, 1000}}}
+        << QPoint(56, 212);
     QTest::newRow("from the middle of a bar on the right it comes out to the left")
         << icon(1884, 490, 24, 24) << Screens{PanelScreen{{0, 0, 1920, 1000}, {0, 0, 1872, 1000}}}
         << QPoint(1484, 212);
-    QTest::newRow("from the top of a bar on the left") << icon(12, 10) << Screens{barOnTheLeft} << QPoint(56, 34);
+    QTest::newRow("from the top of a bar on the left")
+        << icon(12, 10) << Screens{barOnTheLeft} << QPoint(56, 34);
     QTest::newRow("from the foot of a bar on the right")
         << icon(1884, 1040) << Screens{barOnTheRight} << QPoint(1484, 460);
     QTest::newRow("on a low screen it stays below the bar and beside the icon")
@@ -91,7 +96,8 @@ void PanelPlacementTest::thePanelIsWhereItsAnchorPutsIt_data()
 
     QTest::newRow("without an anchor: top right of the primary screen")
         << PanelAnchor{} << Screens{bare, toTheRight} << QPoint(1532, 0);
-    QTest::newRow("without an anchor a bar stays free") << PanelAnchor{} << Screens{barOnTop} << QPoint(1532, 24);
+    QTest::newRow("without an anchor a bar stays free")
+        << PanelAnchor{} << Screens{barOnTop} << QPoint(1532, 24);
     QTest::newRow("without an anchor on a narrow screen") << PanelAnchor{} << Screens{narrow} << QPoint(8, 0);
     QTest::newRow("without a screen") << icon(900, 0) << Screens{} << QPoint(0, 0);
 }

@@ -31,7 +31,7 @@ xcb_window_t TintwickProcess::trayIconWindow()
     const auto topLevel = connection.children(connection.root());
     for (const xcb_window_t window : connection.tree(connection.root())) {
         const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end();
-        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window)) {
+        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window)) {
             return window;
         }
     }
@@ -57,11 +57,46 @@ bool TintwickProcess::isLoupe(xcb_window_t window)
     return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Loupe";
 }
 
+bool TintwickProcess::isPanel(xcb_window_t window)
+{
+    // The tray icon has the same title, and menus are of another type.
+    DesktopConnection& connection = m_desktop.connection();
+    const xcb_atom_t utility = connection.atom("_NET_WM_WINDOW_TYPE_UTILITY");
+    return connection.property(window, "_NET_WM_WINDOW_TYPE")
+        .startsWith(QByteArray(reinterpret_cast<const char*>(&utility), sizeof(utility)));
+}
+
+QRect TintwickProcess::panel()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    for (const xcb_window_t window : connection.tree(connection.root())) {
+        if (belongsToProgram(window) && isPanel(window) && connection.isViewable(window)) {
+            return connection.geometry(window);
+        }
+    }
+    return {};
+}
+
+bool TintwickProcess::waitForPanel()
+{
+    // A window manager may put it in a frame and then in its place.
+    return waitUntil([this] {
+        const QRect place = panel();
+        return !place.isEmpty() && place == panel();
+    });
+}
+
+bool TintwickProcess::waitForPanelToHide()
+{
+    return waitUntil([this] { return panel().isEmpty(); });
+}
+
 xcb_window_t TintwickProcess::menu()
 {
     DesktopConnection& connection = m_desktop.connection();
     for (const xcb_window_t window : connection.children(connection.root())) {
-        if (belongsToProgram(window) && connection.isViewable(window) && !isLoupe(window)) {
+        if (belongsToProgram(window) && connection.isViewable(window) && !isLoupe(window) &&
+            !isPanel(window)) {
             return window;
         }
     }

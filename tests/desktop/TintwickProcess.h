@@ -47,6 +47,10 @@ public:
     void choosePick(ChosenBy chosenBy = ChosenBy::Pointer);
     /// Chooses "Quit Tintwick" in the open menu.
     void chooseQuit();
+    /// The main panel on the screen; empty while it is hidden.
+    [[nodiscard]] QRect panel();
+    [[nodiscard]] bool waitForPanel();
+    [[nodiscard]] bool waitForPanelToHide();
     [[nodiscard]] bool waitForLoupe();
     /// From the tray icon to the loupe on the screen.
     [[nodiscard]] bool startPicking(ChosenBy chosenBy = ChosenBy::Pointer);
@@ -74,6 +78,7 @@ private:
     [[nodiscard]] xcb_window_t trayIconWindow();
     [[nodiscard]] bool belongsToProgram(xcb_window_t window);
     [[nodiscard]] bool isLoupe(xcb_window_t window);
+    [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();
 
     PrivateDesktop& m_desktop;

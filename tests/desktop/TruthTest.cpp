@@ -68,6 +68,13 @@ QByteArray difference(QPoint position, QRgb shown, QRgb expected)
         .toUtf8();
 }
 
+QByteArray difference(QPoint position, TintwickProcess& program, QRgb expected)
+{
+    return program.loupe()
+               ? difference(position, program.centerCell(), expected)
+               : QByteArray(program.process().isRunning() ? "the loupe is gone" : "the program is gone");
+}
+
 void addDesktops()
 {
     QTest::addColumn<bool>("windowManager");
@@ -121,8 +128,7 @@ void TruthTest::theCenterCellShowsThePixelUnderThePointer()
     for (const QPoint position : positions) {
         desktop.movePointer(position);
         const QRgb expected = patternPixel(position.x(), position.y());
-        QVERIFY2(program.waitForCenterCell(expected),
-                 difference(position, program.centerCell(), expected).constData());
+        QVERIFY2(program.waitForCenterCell(expected), difference(position, program, expected).constData());
         QVERIFY(program.waitForLoupeAt(loupePlace(position, desktop.screen(), scale)));
     }
 }
@@ -149,8 +155,7 @@ void TruthTest::aClickCopiesThePixelUnderThePointer()
         QVERIFY(program.startPicking());
         desktop.movePointer(position);
         const QRgb expected = patternPixel(position.x(), position.y());
-        QVERIFY2(program.waitForCenterCell(expected),
-                 difference(position, program.centerCell(), expected).constData());
+        QVERIFY2(program.waitForCenterCell(expected), difference(position, program, expected).constData());
         desktop.click();
         QVERIFY(program.waitForPickToEnd());
         QVERIFY2(program.waitForClipboard(hexText(expected)), desktop.clipboard().constData());
@@ -231,16 +236,25 @@ void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen()
     framed.setColor(QColor(200, 200, 20));
     framed.show();
 
+    // A busy compositor comes late; until then the server shows what the window itself holds.
+    QFETCH(const Compositor, compositor);
+    const QPoint inMoreGlass(575, 600);
+    constexpr QRgb notBlended = qRgb(0, 50, 64);
+    QVERIFY(waitUntil(
+        [&] { return (desktop.pixel(inMoreGlass) == notBlended) == (compositor == Compositor::None); }));
+
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     const QImage before = desktop.settledScreenshot();
     QVERIFY(program.startPicking());
-    for (const QPoint position : randomPositions({250, 150, 650, 550}, 150, 11)) {
+    for (const QPoint position : randomPositions({250, 150, 650, 550}, 60, 11)) {
         desktop.movePointer(position);
         const QRgb expected = before.pixel(position);
         QVERIFY2(program.waitForLoupeAt(loupePlace(position, desktop.screen())), "the loupe did not follow");
-        QVERIFY2(program.waitForCenterCell(expected),
-                 difference(position, program.centerCell(), expected).constData());
+        QVERIFY2(program.waitForCenterCell(expected), difference(position, program, expected).constData());
+        // Nothing changes below, so what is shown does not either, once the loupe itself has come to rest.
+        static_cast<void>(desktop.settledScreenshot(loupePlace(position, desktop.screen())));
+        QVERIFY2(program.centerCell() == expected, difference(position, program, expected).constData());
     }
 }
 

@@ -31,7 +31,9 @@ class DemoPanel final : public QWidget
 {
 public:
     DemoPanel(const QList<QColor>& colors, const QList<Palette>& palettes)
-        : m_appState([this](std::chrono::milliseconds, std::function<void()> action) { m_later = std::move(action); })
+        : m_appState([this](std::chrono::milliseconds, std::function<void()> action) {
+            m_later = std::move(action);
+        })
     {
         m_appState.clearHistory();
         while (!m_appState.collections().isEmpty()) {
@@ -97,7 +99,8 @@ void hover(QWidget& widget)
 
 void shootMainPanel(const QDir& folder)
 {
-    const auto shootState = [&](const QString& name, const QList<QColor>& colors, const QList<Palette>& palettes,
+    const auto shootState = [&](const QString& name, const QList<QColor>& colors,
+                                const QList<Palette>& palettes,
                                 const std::function<void(DemoPanel&)>& arrange = {}) {
         shoot(
             folder, u"panel-"_s + name, [&] { return std::make_unique<DemoPanel>(colors, palettes); },
@@ -120,7 +123,12 @@ void shootMainPanel(const QDir& folder)
                 {u"Wörterbuchverlagsgestaltungsrichtlinien"_s, 1},
                 {u"Nothing in here yet, but the name is a long one"_s, 0}});
     shootState(u"six-palettes"_s, manyColors(12),
-               {{u"Brand"_s, 3}, {u"Website"_s, 1}, {u"Icons"_s, 4}, {u"Print"_s, 0}, {u"Dark"_s, 7}, {u"Sea"_s, 2}});
+               {{u"Brand"_s, 3},
+                {u"Website"_s, 1},
+                {u"Icons"_s, 4},
+                {u"Print"_s, 0},
+                {u"Dark"_s, 7},
+                {u"Sea"_s, 2}});
     shootState(u"hover-swatch"_s, manyColors(8), twoPalettes,
                [](DemoPanel& panel) { hover(*panel.dashboard().swatches().at(1)); });
     shootState(u"hover-card"_s, manyColors(8), twoPalettes,

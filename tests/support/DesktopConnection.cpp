@@ -206,9 +206,9 @@ bool DesktopConnection::inputIsFree()
     return hasPointer && hasKeyboard;
 }
 
-void DesktopConnection::setEventHandler(xcb_window_t window, EventHandler handler)
+void DesktopConnection::setEventHandler(xcb_window_t window, const EventHandler& handler)
 {
-    m_handlers.insert(window, std::move(handler));
+    m_handlers.insert(window, handler);
 }
 
 void DesktopConnection::removeEventHandler(xcb_window_t window)

@@ -89,8 +89,10 @@ public:
     void typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& held = {});
 
     [[nodiscard]] QImage screenshot() { return m_connection->screenshot(screen()); }
-    /// The screen once it looks the same many times in a row: window manager and compositor have finished.
-    [[nodiscard]] QImage settledScreenshot();
+    /// The screen, or a part of it, once it looks the same many times in a row: window manager and compositor have
+    /// finished.
+    [[nodiscard]] QImage settledScreenshot() { return settledScreenshot(screen()); }
+    [[nodiscard]] QImage settledScreenshot(const QRect& part);
     [[nodiscard]] QRgb pixel(QPoint position) { return m_connection->pixel(position); }
 
     /// Covers the whole desktop with the test picture, below everything else.
@@ -106,6 +108,7 @@ private:
     void randr(const QStringList& arguments);
     void startHelpers();
     [[nodiscard]] bool windowManagerAnswers();
+    [[nodiscard]] bool compositorBlends();
     void showArrowOnRoot();
     void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
     [[nodiscard]] xcb_keycode_t keyCode(xcb_keysym_t key);

@@ -48,8 +48,9 @@ QRect placeIn(const QWidget& panel, const QWidget& widget)
 
 bool isNear(QRgb one, QRgb other, int tolerance = 2)
 {
-    return std::abs(qRed(one) - qRed(other)) <= tolerance && std::abs(qGreen(one) - qGreen(other)) <= tolerance
-        && std::abs(qBlue(one) - qBlue(other)) <= tolerance;
+    return std::abs(qRed(one) - qRed(other)) <= tolerance &&
+           std::abs(qGreen(one) - qGreen(other)) <= tolerance &&
+           std::abs(qBlue(one) - qBlue(other)) <= tolerance;
 }
 
 void hover(QWidget& widget, QEvent::Type type)
@@ -350,7 +351,8 @@ void DashboardViewTest::theSwatchMenuOffersPalettesOnceThereAreSome()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().swatches().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Delete")}));
+    QCOMPARE(titles(*menu),
+             (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Delete")}));
     QCOMPARE(titles(*menu->actions().first()->menu()),
              (QStringList{QStringLiteral("HEX"), QStringLiteral("HEX+A"), QStringLiteral("RGB"),
                           QStringLiteral("RGBA"), QStringLiteral("HSL"), QStringLiteral("HSLA"),

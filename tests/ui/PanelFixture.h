@@ -18,7 +18,9 @@ class PanelFixture final
 {
 public:
     PanelFixture()
-        : state([this](std::chrono::milliseconds, std::function<void()> action) { m_later = std::move(action); })
+        : state([this](std::chrono::milliseconds, std::function<void()> action) {
+            m_later = std::move(action);
+        })
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         state.clearHistory();
@@ -37,8 +39,8 @@ public:
     /// The newest colour, for example 0x3B82F6.
     CapturedColor capture(unsigned rgb, double alpha = 1)
     {
-        state.colorCaptured(CapturedColor::capture(((rgb >> 16U) & 0xffU) / 255.0, ((rgb >> 8U) & 0xffU) / 255.0,
-                                                   (rgb & 0xffU) / 255.0, alpha));
+        state.colorCaptured(CapturedColor::capture(
+            ((rgb >> 16U) & 0xffU) / 255.0, ((rgb >> 8U) & 0xffU) / 255.0, (rgb & 0xffU) / 255.0, alpha));
         return state.history().first();
     }
 

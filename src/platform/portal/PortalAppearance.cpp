@@ -56,7 +56,7 @@ void PortalAppearance::follow(Changed changed)
         return;
     }
     bus.connect(service, path, interface, u"SettingChanged"_s, this,
-                SLOT(settingChanged(QString,QString,QDBusVariant)));
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage readAll = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
     readAll << QStringList{appearanceGroup, desktopInterfaceGroup};
     const auto* call = new QDBusPendingCallWatcher(bus.asyncCall(readAll), this);

@@ -35,10 +35,10 @@ void X11PanelHost::prepareToShow(QWindow& window)
         m_connection.atom("_NET_WM_STATE_SKIP_TASKBAR"), m_connection.atom("_NET_WM_STATE_SKIP_PAGER")};
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32,
                         static_cast<std::uint32_t>(states.size()), states.data());
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 32, 1,
-                        &allDesktops);
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_USER_TIME"), XCB_ATOM_CARDINAL, 32,
-                        1, &neverUsed);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL,
+                        32, 1, &allDesktops);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_USER_TIME"),
+                        XCB_ATOM_CARDINAL, 32, 1, &neverUsed);
 }
 
 bool X11PanelHost::blendsWindows() const
@@ -46,8 +46,8 @@ bool X11PanelHost::blendsWindows() const
     // Each compositor owns this selection while it runs.
     const std::string name = "_NET_WM_CM_S" + std::to_string(m_connection.screenNumber());
     xcb_connection_t* c = m_connection.get();
-    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        c, xcb_get_selection_owner(c, m_connection.atom(name)), nullptr));
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(c, xcb_get_selection_owner(c, m_connection.atom(name)), nullptr));
     return reply && reply->owner != XCB_NONE;
 }
 

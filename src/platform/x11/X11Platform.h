@@ -3,9 +3,9 @@
 #include "platform/Platform.h"
 #include "platform/portal/PortalAppearance.h"
 #include "platform/x11/X11ClickMonitor.h"
-#include "platform/x11/X11PanelHost.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
 #include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/X11PanelHost.h"
 #include "platform/x11/X11PickingInput.h"
 #include "platform/x11/X11ScreenGrabber.h"
 #include "platform/x11/XcbConnection.h"
@@ -23,7 +23,7 @@ public:
 
     explicit X11Platform(std::unique_ptr<XcbConnection> connection);
 
-    [[nodiscard]] ScreenGrabber& screenGrabber() override { return m_screenGrabber; }
+    [[nodiscard]] ScreenGrabber& screenGrabber() override { return x11ScreenGrabber(); }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
@@ -33,13 +33,15 @@ public:
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
 private:
+    [[nodiscard]] X11ScreenGrabber& x11ScreenGrabber();
+
     std::unique_ptr<XcbConnection> m_connection;
-    X11ScreenGrabber m_screenGrabber;
     X11PickingInput m_pickingInput;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
     PortalAppearance m_systemAppearance;
-    // These listen from the beginning, for which there must be an event loop.
+    // Made when first asked for, because they need the application object.
+    std::optional<X11ScreenGrabber> m_screenGrabber;
     std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
     std::optional<X11KeyboardLayout> m_keyboardLayout;
 };

@@ -1,0 +1,331 @@
+#include "desktop/TintwickProcess.h"
+#include "support/TestWindow.h"
+#include "support/WaitUntil.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTest>
+
+#include <X11/keysym.h>
+
+using namespace tintwick;
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using Button = PrivateDesktop::Button;
+using Compositor = PrivateDesktop::Compositor;
+
+const QString colorId = u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s;
+
+// Inside the panel, from its top left corner.
+constexpr QPoint header(190, 25);
+constexpr QPoint pickButton(190, 92);
+constexpr QPoint firstSwatch(47, 200);
+constexpr QPoint card(190, 355);
+
+void keepOneColor(const PrivateDesktop& desktop, bool withCollection)
+{
+    const QString folder = desktop.dataHome() + u"/Tintwick"_s;
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(folder + u"/data.json"_s);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"history": [{"id": ")" + colorId.toUtf8() +
+               R"(", "red": 1, "green": 0, "blue": 1, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"}],)"
+               R"( "collections": [)");
+    if (withCollection) {
+        file.write(R"({"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [],)"
+                   R"( "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"})");
+    }
+    file.write(R"(], "defaultFormat": "HEX"})");
+}
+
+QJsonArray collections(const TintwickProcess& program)
+{
+    return program.data().value("collections"_L1).toArray();
+}
+
+void clickAt(PrivateDesktop& desktop, QPoint position, Button button = Button::Left)
+{
+    desktop.movePointer(position);
+    desktop.click(button);
+}
+
+xcb_window_t focusedWindow(const DesktopConnection& connection)
+{
+    xcb_connection_t* c = connection.get();
+    const ServerReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    return reply ? reply->focus : XCB_NONE;
+}
+
+} // namespace
+
+/// The panel from outside: the tray icon, other programs' windows, real clicks and keys.
+class PanelTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theTrayIconTogglesThePanelUnderIt_data();
+    void theTrayIconTogglesThePanelUnderIt();
+    void fromATrayAtTheFootThePanelStandsUp();
+    void aClickElsewhereHidesIt_data();
+    void aClickElsewhereHidesIt();
+    void aClickInsideActsAtOnceAndLeavesIt();
+    void theMenuOfTheIconLeavesTheToggleAlone();
+    void withoutACompositorItsCornersAreCutOff();
+    void appearingTakesNoFocusAndTypingWorks();
+    void escapeHidesIt();
+    void aColorIsDraggedOntoACollection();
+    void aPickFromThePanelHidesItFirst();
+    void aTrayThatComesBackGetsTheIconBack();
+};
+
+void PanelTest::theTrayIconTogglesThePanelUnderIt_data()
+{
+    QTest::addColumn<Compositor>("compositor");
+    QTest::addColumn<bool>("windowManager");
+    QTest::newRow("without a compositor") << Compositor::None << true;
+    QTest::newRow("with a compositor") << Compositor::Plain << true;
+    QTest::newRow("without a window manager") << Compositor::None << false;
+}
+
+void PanelTest::theTrayIconTogglesThePanelUnderIt()
+{
+    QFETCH(const Compositor, compositor);
+    QFETCH(const bool, windowManager);
+    PrivateDesktop desktop({.windowManager = windowManager, .compositor = compositor});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QRect icon = program.trayIcon();
+    const QPoint middle = icon.center();
+    for (int round = 0; round < 3; ++round) {
+        clickAt(desktop, middle);
+        QVERIFY(program.waitForPanel());
+        QCOMPARE(program.panel(),
+                 QRect(icon.x() + icon.width() / 2 - 190, icon.y() + icon.height(), 380, 580));
+        clickAt(desktop, middle);
+        QVERIFY(program.waitForPanelToHide());
+    }
+}
+
+void PanelTest::fromATrayAtTheFootThePanelStandsUp()
+{
+    PrivateDesktop desktop({.tray = false});
+    const auto tray = desktop.start(u"trayer"_s, {u"--edge"_s, u"bottom"_s, u"--align"_s, u"right"_s,
+                                                  u"--widthtype"_s, u"request"_s, u"--height"_s, u"24"_s});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(program.panel(), QRect(1280 - 8 - 380, program.trayIcon().y() - 580, 380, 580));
+}
+
+void PanelTest::aClickElsewhereHidesIt_data()
+{
+    QTest::addColumn<bool>("onAWindow");
+    QTest::addColumn<Button>("button");
+    QTest::newRow("left, on another program") << true << Button::Left;
+    QTest::newRow("right, on another program") << true << Button::Right;
+    QTest::newRow("left, on the desktop") << false << Button::Left;
+}
+
+void PanelTest::aClickElsewhereHidesIt()
+{
+    QFETCH(const bool, onAWindow);
+    QFETCH(const Button, button);
+    PrivateDesktop desktop({});
+    TestWindow other(desktop.connection(),
+                     {.geometry = {40, 300, 200, 200}, .input = TestWindow::Input::Recorded});
+    if (onAWindow) {
+        other.show();
+    }
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+
+    // Neither the wheel nor the pointer alone.
+    desktop.movePointer({140, 400});
+    desktop.scroll(-1);
+    clickAt(desktop, program.panel().topLeft() + header);
+    QVERIFY(!program.panel().isEmpty());
+
+    other.forgetEvents();
+    clickAt(desktop, {140, 400}, button);
+    QVERIFY(program.waitForPanelToHide());
+    // The other program gets its click all the same.
+    QCOMPARE(!other.events().empty(), onAWindow);
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+}
+
+void PanelTest::aClickInsideActsAtOnceAndLeavesIt()
+{
+    PrivateDesktop desktop({});
+    keepOneColor(desktop, false);
+    TestWindow other(desktop.connection(),
+                     {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    other.show();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    clickAt(desktop, program.panel().topLeft() + firstSwatch);
+    QVERIFY(program.waitForClipboard("#FF00FF"));
+    QVERIFY(!program.panel().isEmpty());
+}
+
+void PanelTest::theMenuOfTheIconLeavesTheToggleAlone()
+{
+    PrivateDesktop desktop({});
+    TintwickProcess program(desktop);
+    QVERIFY(program.openMenu());
+    desktop.typeKey(XK_Escape);
+    QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.openMenu());
+    desktop.typeKey(XK_Escape);
+    QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
+    QVERIFY(!program.panel().isEmpty());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanelToHide());
+}
+
+void PanelTest::withoutACompositorItsCornersAreCutOff()
+{
+    PrivateDesktop desktop({});
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(0, 200, 0));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    const QRect panel = program.panel();
+    const QRgb ground = qRgb(0xF5, 0xF5, 0xF7);
+    QVERIFY(waitUntil([&] { return desktop.pixel({panel.center().x(), panel.bottom() - 2}) == ground; }));
+    for (const QPoint corner : {panel.bottomLeft(), panel.bottomRight()}) {
+        QCOMPARE(desktop.pixel(corner), qRgb(0, 200, 0));
+    }
+    // No pixel near a corner is darker than what is in front and behind.
+    const QImage picture = desktop.connection().screenshot(QRect(panel.left(), panel.bottom() - 19, 20, 20));
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            QVERIFY(qGreen(picture.pixel(x, y)) >= 200);
+        }
+    }
+}
+
+void PanelTest::appearingTakesNoFocusAndTypingWorks()
+{
+    PrivateDesktop desktop({});
+    TestWindow other(desktop.connection(),
+                     {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    other.show();
+    other.focus();
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(focusedWindow(desktop.connection()), other.id());
+
+    // "Create your first palette", when there is no history either.
+    clickAt(desktop, program.panel().topLeft() + QPoint(190, 210));
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    desktop.typeKey(XK_s);
+    desktop.typeKey(XK_e);
+    desktop.typeKey(XK_a);
+    desktop.typeKey(XK_Return);
+    QVERIFY(waitUntil([&] { return collections(program).size() == 1; }));
+    QCOMPARE(collections(program).first().toObject().value("name"_L1).toString(), u"sea"_s);
+}
+
+void PanelTest::escapeHidesIt()
+{
+    PrivateDesktop desktop({});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    const xcb_window_t before = focusedWindow(desktop.connection());
+    clickAt(desktop, program.panel().topLeft() + header);
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != before; }));
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
+}
+
+void PanelTest::aColorIsDraggedOntoACollection()
+{
+    PrivateDesktop desktop({});
+    keepOneColor(desktop, true);
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    const QPoint from = program.panel().topLeft() + firstSwatch;
+    const QPoint to = program.panel().topLeft() + card;
+    const QPoint outline(program.panel().left() + 16, to.y());
+    const QRgb outlineAtRest = desktop.pixel(outline);
+    desktop.movePointer(from);
+    desktop.press(Button::Left);
+    for (int step = 1; step <= 10; ++step) {
+        desktop.movePointer(from + (to - from) * step / 10);
+    }
+    // The card takes a drop once it shows that it would.
+    QVERIFY(waitUntil([&] { return desktop.pixel(outline) != outlineAtRest; }));
+    desktop.release(Button::Left);
+    QVERIFY(waitUntil([&] {
+        return collections(program).first().toObject().value("colorIds"_L1).toArray() == QJsonArray{colorId};
+    }));
+    QVERIFY(!program.panel().isEmpty());
+}
+
+void PanelTest::aPickFromThePanelHidesItFirst()
+{
+    PrivateDesktop desktop({});
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(30, 144, 255));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    clickAt(desktop, program.panel().topLeft() + pickButton);
+    QVERIFY(program.waitForLoupe());
+    QVERIFY(program.panel().isEmpty());
+    desktop.click();
+    QVERIFY(program.waitForClipboard("#1E90FF"));
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(program.panel().isEmpty());
+}
+
+void PanelTest::aTrayThatComesBackGetsTheIconBack()
+{
+    PrivateDesktop desktop({.tray = false});
+    TintwickProcess program(desktop);
+    const QStringList arguments{u"--edge"_s,      u"top"_s,     u"--align"_s,  u"center"_s,
+                                u"--widthtype"_s, u"request"_s, u"--height"_s, u"24"_s};
+    for (int round = 0; round < 2; ++round) {
+        const auto tray = desktop.start(u"trayer"_s, arguments);
+        QVERIFY(program.waitForTrayIcon());
+        clickAt(desktop, program.trayIcon().center());
+        QVERIFY(program.waitForPanel());
+        clickAt(desktop, program.trayIcon().center());
+        QVERIFY(program.waitForPanelToHide());
+        tray->kill();
+        QVERIFY(waitUntil([&] { return program.trayIcon().isEmpty(); }));
+    }
+    QVERIFY(program.process().isRunning());
+}
+
+QTEST_GUILESS_MAIN(PanelTest)
+#include "PanelTest.moc"
