@@ -59,8 +59,10 @@ void Stack::add(Padding padding)
 
 void Stack::add(Spacer)
 {
-    m_layout->addStretch(1);
-    growTo(m_layout->direction() == QBoxLayout::TopToBottom ? Qt::Vertical : Qt::Horizontal);
+    const bool vertical = m_layout->direction() == QBoxLayout::TopToBottom;
+    const Qt::Orientation direction = vertical ? Qt::Vertical : Qt::Horizontal;
+    m_layout->addItem(new SpacerItem(direction));
+    growTo(direction);
 }
 
 void Stack::add(FillWidth)

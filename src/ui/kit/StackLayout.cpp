@@ -44,6 +44,12 @@ QSize StackItem::maximumSize() const
     return size;
 }
 
+SpacerItem::SpacerItem(Qt::Orientation direction)
+    : QSpacerItem(0, 0, direction == Qt::Horizontal ? QSizePolicy::Expanding : QSizePolicy::Minimum,
+                  direction == Qt::Vertical ? QSizePolicy::Expanding : QSizePolicy::Minimum)
+{
+}
+
 bool canGrow(QSizePolicy::Policy policy)
 {
     return (static_cast<unsigned>(policy) & static_cast<unsigned>(QSizePolicy::GrowFlag)) != 0;

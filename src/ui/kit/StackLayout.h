@@ -20,6 +20,16 @@ private:
     Qt::Alignment m_across;
 };
 
+/// Room that grows, with the gaps of the stack on both of its sides.
+class SpacerItem final : public QSpacerItem
+{
+public:
+    explicit SpacerItem(Qt::Orientation direction);
+
+    /// A box layout leaves no gap beside what is empty.
+    [[nodiscard]] bool isEmpty() const override { return false; }
+};
+
 [[nodiscard]] bool canGrow(QSizePolicy::Policy policy);
 
 /// Lays `content` out as the whole of `host`, which takes its size from it.
