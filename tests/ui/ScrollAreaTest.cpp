@@ -35,6 +35,7 @@ class ScrollAreaTest : public QObject
 private Q_SLOTS:
     void aRowTakesTheWheelUntilItsEnd();
     void aRowIsAsHighAsItsContent();
+    void aRowReachesBeyondItsColumn();
     void aColumnScrollsDownOnly();
     void fineTurnsAddUp();
     void contentThatGrowsCanBeReached();
@@ -61,6 +62,17 @@ void ScrollAreaTest::aRowIsAsHighAsItsContent()
     const std::unique_ptr<ScrollArea> area(horizontalScroll(row(padding(2, 4), box(300, 40))));
     QCOMPARE(area->sizeHint().height(), 48);
     QCOMPARE(area->minimumSizeHint().height(), 48);
+}
+
+void ScrollAreaTest::aRowReachesBeyondItsColumn()
+{
+    auto* swatch = box(62, 80);
+    auto* area = horizontalScroll(row(gap(12), padding(2, 4), swatch, box(400, 80)), 2);
+    const std::unique_ptr<Stack> stack(column(padding(16), area));
+    stack->resize(380, stack->sizeHint().height());
+    stack->show();
+    QCOMPARE(area->geometry(), QRect(14, 16, 352, 88));
+    QCOMPARE(swatch->mapTo(stack.get(), QPoint()), QPoint(16, 20));
 }
 
 void ScrollAreaTest::aColumnScrollsDownOnly()

@@ -1,6 +1,7 @@
 #include "ui/kit/Stack.h"
 #include "ui/Appearance.h"
 #include "ui/kit/Label.h"
+#include "ui/kit/Overhang.h"
 #include "ui/kit/ShownWhen.h"
 #include "ui/kit/View.h"
 
@@ -17,6 +18,24 @@ class Box final : public QWidget
 {
 public:
     Box(int width, int height) { setFixedSize(width, height); }
+};
+
+/// A view of the given place that reaches beyond it on all sides.
+class Growing final : public QWidget, public Overhanging
+{
+public:
+    Growing(int width, int height, int overhang)
+        : m_overhang(overhang)
+    {
+        setFixedSize(width + 2 * overhang, height + 2 * overhang);
+    }
+    [[nodiscard]] QMargins overhang() const override
+    {
+        return {m_overhang, m_overhang, m_overhang, m_overhang};
+    }
+
+private:
+    int m_overhang;
 };
 
 class State final : public QObject
@@ -59,6 +78,9 @@ private Q_SLOTS:
     void hiddenPartsTakeNoRoom();
     void whatIsShownWhenNeverBecomesAWindow();
     void shadowsFallOnTheGroundBelow();
+    void overhangsTakeNoRoom();
+    void anOverhangGoesThroughStacksWithoutPadding();
+    void aGroundEndsWhereTheOverhangBegins();
 };
 
 void StackTest::aColumnStacksItsParts()
@@ -162,6 +184,47 @@ void StackTest::shadowsFallOnTheGroundBelow()
     QCOMPARE(image.pixelColor(40, 59), QColor(Qt::white));
     QCOMPARE(image.pixelColor(40, 62), QColor(Qt::black));
     QCOMPARE(image.pixelColor(40, 67).rgb(), DS::bg.in(Scheme::Light).rgb());
+}
+
+void StackTest::overhangsTakeNoRoom()
+{
+    auto* first = new Growing(62, 80, 2);
+    auto* second = new Growing(62, 80, 2);
+    const std::unique_ptr<Stack> stack(row(gap(12), padding(2, 4), first, second));
+    layOut(*stack, stack->sizeHint());
+    QCOMPARE(stack->size(), QSize(2 + 62 + 12 + 62 + 2, 88));
+    QCOMPARE(stack->overhang(), QMargins());
+    QCOMPARE(first->geometry(), QRect(0, 2, 66, 84));
+    QCOMPARE(second->geometry(), QRect(74, 2, 66, 84));
+}
+
+void StackTest::anOverhangGoesThroughStacksWithoutPadding()
+{
+    auto* before = new Box(300, 10);
+    auto* cards = column(gap(10));
+    const std::unique_ptr<Stack> stack(column(gap(20), padding(16), before, column(cards)));
+    auto* card = new Growing(348, 64, 3);
+    cards->add(card);
+    QCOMPARE(cards->overhang(), QMargins(3, 3, 3, 3));
+    QCOMPARE(stack->overhang(), QMargins());
+    QCOMPARE(stack->sizeHint(), QSize(380, 16 + 10 + 20 + 64 + 16));
+    layOut(*stack, stack->sizeHint());
+    QCOMPARE(QRect(card->mapTo(stack.get(), QPoint()), card->size()), QRect(13, 43, 354, 70));
+    QCOMPARE(before->y(), 16);
+}
+
+void StackTest::aGroundEndsWhereTheOverhangBegins()
+{
+    auto* tile = row(size(40, 40), ground(DS::black, 0), new Growing(40, 40, 5));
+    QCOMPARE(tile->overhang(), QMargins(5, 5, 5, 5));
+    const std::unique_ptr<Stack> stack(column(padding(10), ground(DS::white), tile));
+    layOut(*stack, stack->sizeHint());
+    QCOMPARE(stack->size(), QSize(60, 60));
+    const QImage image = stack->grab().toImage();
+    QCOMPARE(image.pixelColor(9, 30), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(10, 30), QColor(Qt::black));
+    QCOMPARE(image.pixelColor(49, 30), QColor(Qt::black));
+    QCOMPARE(image.pixelColor(50, 30), QColor(Qt::white));
 }
 
 QTEST_MAIN(StackTest)
