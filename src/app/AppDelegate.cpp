@@ -22,17 +22,10 @@ namespace {
 
 constexpr std::chrono::milliseconds preparationDelay{400};
 
-std::optional<Scheme> toScheme(SystemAppearance::Scheme scheme)
+std::optional<Scheme> preferredScheme(const SystemAppearance& desktop)
 {
-    switch (scheme) {
-    case SystemAppearance::Scheme::Light:
-        return Scheme::Light;
-    case SystemAppearance::Scheme::Dark:
-        return Scheme::Dark;
-    case SystemAppearance::Scheme::Unknown:
-        break;
-    }
-    return std::nullopt;
+    const std::optional<bool> prefersDark = desktop.prefersDark();
+    return prefersDark ? std::optional(*prefersDark ? Scheme::Dark : Scheme::Light) : std::nullopt;
 }
 
 QList<PanelScreen> panelScreens()
@@ -166,13 +159,13 @@ void AppDelegate::hideMainPanel()
 
 void AppDelegate::followSystemAppearance()
 {
-    SystemAppearance& system = m_platform->systemAppearance();
-    const auto apply = [this, &system] {
-        m_mainPanelView->setSystemScheme(toScheme(system.scheme()));
-        Ticker::shared().setMotionReduced(system.reducesMotion());
+    m_systemAppearance = std::make_unique<SystemAppearance>();
+    const auto apply = [this] {
+        m_mainPanelView->setSystemScheme(preferredScheme(*m_systemAppearance));
+        Ticker::shared().setMotionReduced(m_systemAppearance->prefersReducedMotion());
     };
     apply();
-    system.follow(apply);
+    QObject::connect(m_systemAppearance.get(), &SystemAppearance::changed, m_mainPanelView, apply);
 }
 
 void AppDelegate::setupGlobalShortcut()

@@ -19,6 +19,7 @@
 namespace tintwick {
 
 class MainPanelView;
+class SystemAppearance;
 
 /// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
 /// main panel, the picker and the global shortcuts. Making it loads the data file.
@@ -59,6 +60,7 @@ private:
     // Belongs to the panel.
     MainPanelView* m_mainPanelView = nullptr;
     std::unique_ptr<FloatingPanel> m_mainPanel;
+    std::unique_ptr<SystemAppearance> m_systemAppearance;
     QElapsedTimer m_sinceClickElsewhere;
     QPoint m_clickElsewhere;
     QSettings m_settings;

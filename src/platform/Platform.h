@@ -13,7 +13,6 @@ class LoupeSurface;
 class PanelHost;
 class PickingInput;
 class ScreenGrabber;
-class SystemAppearance;
 
 /// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program; what it
 /// offers is used once the application object exists.
@@ -32,7 +31,6 @@ public:
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
     [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
-    [[nodiscard]] virtual SystemAppearance& systemAppearance() = 0;
     [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
 };

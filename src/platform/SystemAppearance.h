@@ -1,28 +1,46 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
+#include <QDBusVariant>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+class QDBusPendingCallWatcher;
 
 namespace tintwick {
 
-/// What the user asked of every program on the desktop, as far as the desktop tells.
-class SystemAppearance
+/// What the desktop wishes of the look of its programs, from the settings that its portal (org.freedesktop.portal.Settings)
+/// makes known, and live. Without a portal, or until it has answered, it wishes nothing.
+class SystemAppearance final : public QObject
 {
+    Q_OBJECT
+
 public:
-    enum class Scheme : std::uint8_t { Unknown, Light, Dark };
+    /// Asks the portal; the answer arrives later, and `changed()` with it.
+    explicit SystemAppearance(QObject* parent = nullptr);
 
-    using Changed = std::function<void()>;
+    /// Nothing where the desktop has no preference or does not tell.
+    [[nodiscard]] std::optional<bool> prefersDark() const { return m_prefersDark; }
+    [[nodiscard]] bool prefersReducedMotion() const;
 
-    virtual ~SystemAppearance() = default;
+    /// Takes in one setting, as the portal names and types it; unknown ones change nothing.
+    void take(const QString& space, const QString& key, const QVariant& value);
 
-    /// Begins to follow the desktop's choice without waiting for an answer: `changed` is called when one comes, and
-    /// each time it is another from then on. Needs the application object.
-    virtual void follow(Changed changed) = 0;
+Q_SIGNALS:
+    void changed();
 
-    /// Unknown until the desktop has answered, and where it has no such setting.
-    [[nodiscard]] virtual Scheme scheme() const = 0;
-    /// Whether the user wants windows to stand still.
-    [[nodiscard]] virtual bool reducesMotion() const = 0;
+private Q_SLOTS:
+    void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+
+private:
+    void takeAll(QDBusPendingCallWatcher* call);
+
+    std::optional<bool> m_prefersDark;
+    bool m_reducedMotion = false;
+    bool m_animationsDisabled = false;
+    bool m_animationsTakeNoTime = false;
 };
 
 } // namespace tintwick

@@ -22,6 +22,8 @@ namespace {
 
 constexpr double cardRadius = 14;
 constexpr double hoverScale = 1.01;
+// Room for the hovered card around the one at rest.
+constexpr int growth = 2;
 constexpr QMargins shadowExtents(20, 20, 20, 20);
 
 constexpr int horizontalPadding = 12;
@@ -105,7 +107,12 @@ QList<CapturedColor> CollectionRowCard::previewColors() const
 
 QSize CollectionRowCard::sizeHint() const
 {
-    return {2 * (overhang + horizontalPadding) + tileSide, tileSide + 2 * (overhang + verticalPadding)};
+    return {2 * (growth + horizontalPadding) + tileSide, tileSide + 2 * (growth + verticalPadding)};
+}
+
+QMargins CollectionRowCard::overhang() const
+{
+    return {growth, growth, growth, growth};
 }
 
 void CollectionRowCard::hoverChanged()
@@ -243,7 +250,7 @@ double CollectionRowCard::scale() const
 
 QRectF CollectionRowCard::cardRect() const
 {
-    return QRectF(rect()).adjusted(overhang, overhang, -overhang, -overhang);
+    return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
 }
 
 QRectF CollectionRowCard::scaledCardRect() const

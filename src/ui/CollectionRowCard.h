@@ -5,6 +5,7 @@
 #include "ui/DS.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Clickable.h"
+#include "ui/kit/Overhang.h"
 #include "ui/kit/ShadowCaster.h"
 #include "ui/kit/Spring.h"
 
@@ -18,14 +19,11 @@ class AppState;
 
 /// A collection in the list of the dashboard: its icon, name and size, and its first colours. Colours can be dropped
 /// on it.
-class CollectionRowCard final : public Clickable, public ShadowCaster
+class CollectionRowCard final : public Clickable, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
 public:
-    /// Room around the card, into which it grows under the pointer.
-    static constexpr int overhang = 2;
-
     explicit CollectionRowCard(AppState& appState);
 
     void setCollection(const ColorCollection& collection);
@@ -40,6 +38,7 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     void paintShadow(QPainter& painter) const override;
+    [[nodiscard]] QMargins overhang() const override;
 
 protected:
     void hoverChanged() override;

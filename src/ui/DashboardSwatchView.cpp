@@ -23,6 +23,8 @@ namespace {
 
 constexpr double squareRadius = 14;
 constexpr double hoverScale = 1.05;
+// Room for the hovered square around the one at rest.
+constexpr int growth = 2;
 constexpr int labelGap = 6;
 constexpr double borderWidth = 0.5;
 constexpr DS::Color border = DS::black.opacity(0.06);
@@ -39,8 +41,7 @@ QFont labelFont()
 
 QRectF squareAtRest()
 {
-    constexpr int inset = DashboardSwatchView::overhang;
-    return QRectF(inset, inset, DashboardSwatchView::side, DashboardSwatchView::side);
+    return QRectF(growth, growth, DashboardSwatchView::side, DashboardSwatchView::side);
 }
 
 QRectF labelRect()
@@ -84,7 +85,12 @@ void DashboardSwatchView::setColor(const CapturedColor& color)
 
 QSize DashboardSwatchView::sizeHint() const
 {
-    return {side + 2 * overhang, qCeil(labelRect().bottom()) + overhang};
+    return {side + 2 * growth, qCeil(labelRect().bottom()) + growth};
+}
+
+QMargins DashboardSwatchView::overhang() const
+{
+    return {growth, growth, growth, growth};
 }
 
 void DashboardSwatchView::hoverChanged()
@@ -95,7 +101,7 @@ void DashboardSwatchView::hoverChanged()
 
 bool DashboardSwatchView::hitButton(const QPoint& position) const
 {
-    return rect().adjusted(overhang, overhang, -overhang, -overhang).contains(position);
+    return rect().adjusted(growth, growth, -growth, -growth).contains(position);
 }
 
 void DashboardSwatchView::contextMenuEvent(QContextMenuEvent* event)

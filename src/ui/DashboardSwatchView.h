@@ -3,6 +3,7 @@
 #include "model/CapturedColor.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Clickable.h"
+#include "ui/kit/Overhang.h"
 #include "ui/kit/ShadowCaster.h"
 #include "ui/kit/Spring.h"
 
@@ -14,13 +15,11 @@ namespace tintwick {
 class AppState;
 
 /// A recent colour: a square with its code below. A click copies it; it can be dragged onto a collection.
-class DashboardSwatchView final : public Clickable, public ShadowCaster
+class DashboardSwatchView final : public Clickable, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
 public:
-    /// Room around the square and its label, into which the square grows under the pointer.
-    static constexpr int overhang = 2;
     static constexpr int side = 62;
 
     explicit DashboardSwatchView(AppState& appState);
@@ -30,6 +29,7 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     void paintShadow(QPainter& painter) const override;
+    [[nodiscard]] QMargins overhang() const override;
 
 Q_SIGNALS:
     /// The focus is to go on by so many swatches; negative is to the left.

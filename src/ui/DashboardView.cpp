@@ -21,23 +21,13 @@ using namespace Qt::StringLiterals;
 constexpr DS::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
 constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
 
-// Swatches and cards reach over their own edges while they are hovered; the views hold that room, so it is taken off
-// the gaps around them.
-constexpr int overhang = CollectionRowCard::overhang;
-static_assert(overhang == DashboardSwatchView::overhang);
-
-QWidget* inset(QWidget* content)
-{
-    return row(padding(overhang, 0), content);
-}
-
 } // namespace
 
 DashboardView::DashboardView(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_panel(panel)
-    , m_recentRow(row(gap(12 - 2 * overhang), padding(0, 4 - overhang)))
-    , m_cardList(column(gap(10 - 2 * overhang)))
+    , m_recentRow(row(gap(12), padding(2, 4)))
+    , m_cardList(column(gap(10)))
     , m_swatches(
           *m_recentRow,
           [this] {
@@ -54,10 +44,15 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
               card.setAccent(DS::cardAccents[static_cast<std::size_t>(position) % DS::cardAccents.size()]);
           })
 {
-    setContent(verticalScroll(column(
-        gap(20), padding(16 - overhang, 16), inset(eyedropperButton()),
-        shownWhen(historyIsNotEmpty(), inset(recentHeader())), shownWhen(historyIsNotEmpty(), recentRow()),
-        column(gap(20 - overhang), inset(sectionLabel(tr("Collections"))), collectionsSection()), spacer())));
+    // clang-format off
+    setContent(verticalScroll(column(gap(20), padding(16),
+        eyedropperButton(),
+        shownWhen(historyIsNotEmpty(), recentHeader()),
+        shownWhen(historyIsNotEmpty(), recentRow()),
+        sectionLabel(tr("Collections")),
+        collectionsSection(),
+        spacer())));
+    // clang-format on
 
     connect(&m_appState, &AppState::historyChanged, this, &DashboardView::showHistory);
     connect(&m_appState, &AppState::collectionsChanged, this, &DashboardView::showCollections);
@@ -84,7 +79,7 @@ QWidget* DashboardView::recentHeader()
 
 QWidget* DashboardView::recentRow()
 {
-    m_recentScroll = horizontalScroll(m_recentRow);
+    m_recentScroll = horizontalScroll(m_recentRow, 2);
     return m_recentScroll;
 }
 
@@ -97,12 +92,11 @@ QWidget* DashboardView::collectionsSection()
 {
     m_createFirst = createFirstPaletteButton();
     m_add = addPaletteRow();
-    m_cardList->add(row(padding(overhang, overhang), shownWhen(hasCollections(), m_add)));
+    m_cardList->add(m_add);
     const auto hasNone = bound([this] {
                              return m_appState.collections().isEmpty();
                          }).changedBy(m_appState, &AppState::collectionsChanged);
-    return column(shownWhen(hasNone, row(Padding{{overhang, overhang, overhang, 0}}, m_createFirst)),
-                  shownWhen(hasCollections(), m_cardList));
+    return column(shownWhen(hasNone, m_createFirst), shownWhen(hasCollections(), m_cardList));
 }
 
 QWidget* DashboardView::createFirstPaletteButton()
@@ -206,7 +200,7 @@ void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
     const qsizetype target = position + step;
     if (target >= 0 && target < swatches().size()) {
         swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-        m_recentScroll->ensureWidgetVisible(swatches()[target], overhang, 0);
+        m_recentScroll->ensureWidgetVisible(swatches()[target], swatches()[target]->width() / 2, 0);
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "ui/kit/Stack.h"
 
-#include <QBoxLayout>
 #include <QHash>
 #include <QList>
 #include <QUuid>
@@ -33,9 +32,8 @@ public:
 
     void show(const QList<Record>& records)
     {
-        QHash<QUuid, View*> old = std::exchange(m_byId, {});
+        QMultiHash<QUuid, View*> old = std::exchange(m_byId, {});
         m_views.clear();
-        auto* layout = static_cast<QBoxLayout*>(m_stack.layout());
         for (const Record& record : records) {
             View* view = old.take(record.id);
             if (view == nullptr) {
@@ -43,14 +41,13 @@ public:
             }
             const qsizetype position = m_views.size();
             m_set(*view, record, position);
-            layout->insertWidget(static_cast<int>(position), view);
+            m_stack.insert(static_cast<int>(position), view);
             view->show();
             m_views.append(view);
             m_byId.insert(record.id, view);
         }
         for (View* view : std::as_const(old)) {
-            view->hide();
-            layout->removeWidget(view);
+            m_stack.remove(view);
             // It may be the one whose own menu or drop changed the list.
             view->deleteLater();
         }
@@ -61,7 +58,8 @@ private:
     Make m_make;
     Set m_set;
     QList<View*> m_views;
-    QHash<QUuid, View*> m_byId;
+    // A data file may hold an id twice.
+    QMultiHash<QUuid, View*> m_byId;
 };
 
 } // namespace tintwick

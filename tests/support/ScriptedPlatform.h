@@ -8,7 +8,6 @@
 #include "support/ScriptedPanelHost.h"
 #include "support/ScriptedPickingInput.h"
 #include "support/ScriptedScreenGrabber.h"
-#include "support/ScriptedSystemAppearance.h"
 
 namespace tintwick::test {
 
@@ -22,7 +21,6 @@ public:
     ScriptedPickingInput input{journal};
     ScriptedClickMonitor clicks;
     ScriptedPanelHost panels;
-    ScriptedSystemAppearance appearance;
     ScriptedHotKeyRegistrar hotKeys;
     ScriptedKeyboardLayout layout;
     /// Every frame of every loupe.
@@ -34,7 +32,6 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override { return clicks; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
-    [[nodiscard]] SystemAppearance& systemAppearance() override { return appearance; }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
 

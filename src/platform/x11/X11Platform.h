@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "platform/portal/PortalAppearance.h"
 #include "platform/x11/X11ClickMonitor.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
 #include "platform/x11/X11KeyboardLayout.h"
@@ -28,7 +27,6 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
-    [[nodiscard]] SystemAppearance& systemAppearance() override { return m_systemAppearance; }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
@@ -39,7 +37,6 @@ private:
     X11PickingInput m_pickingInput;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
-    PortalAppearance m_systemAppearance;
     // Made when first asked for, because they need the application object.
     std::optional<X11ScreenGrabber> m_screenGrabber;
     std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;

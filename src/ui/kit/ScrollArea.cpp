@@ -15,8 +15,9 @@ constexpr double pointsPerEighth = 0.5;
 
 } // namespace
 
-ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content)
+ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargins& overhang)
     : m_direction(direction)
+    , m_overhang(overhang)
 {
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -82,9 +83,9 @@ ScrollArea* verticalScroll(QWidget* content)
     return new ScrollArea(Qt::Vertical, content);
 }
 
-ScrollArea* horizontalScroll(QWidget* content)
+ScrollArea* horizontalScroll(QWidget* content, int overhang)
 {
-    return new ScrollArea(Qt::Horizontal, content);
+    return new ScrollArea(Qt::Horizontal, content, {overhang, 0, overhang, 0});
 }
 
 } // namespace tintwick

@@ -1,19 +1,22 @@
 #pragma once
 
+#include "ui/kit/Overhang.h"
+
 #include <QScrollArea>
 
 namespace tintwick {
 
 /// A view onto content that is longer than its room in one direction. It has no indicators.
-class ScrollArea final : public QScrollArea
+class ScrollArea final : public QScrollArea, public Overhanging
 {
     Q_OBJECT
 
 public:
-    ScrollArea(Qt::Orientation direction, QWidget* content);
+    ScrollArea(Qt::Orientation direction, QWidget* content, const QMargins& overhang = {});
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QMargins overhang() const override { return m_overhang; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -23,13 +26,15 @@ private:
     void fitContent();
 
     Qt::Orientation m_direction;
+    QMargins m_overhang;
     /// Parts of a point that a fine wheel has turned so far.
     double m_owed = 0;
 };
 
 /// Scrolls up and down; as wide as it is given room.
 [[nodiscard]] ScrollArea* verticalScroll(QWidget* content);
-/// Scrolls to the sides, by the wheel either way; as high as its content.
-[[nodiscard]] ScrollArea* horizontalScroll(QWidget* content);
+/// Scrolls to the sides, by the wheel either way; as high as its content. It reaches `overhang` points beyond its place on
+/// the left and on the right.
+[[nodiscard]] ScrollArea* horizontalScroll(QWidget* content, int overhang = 0);
 
 } // namespace tintwick

@@ -32,12 +32,21 @@ Stack::Stack(Qt::Orientation direction)
 
 void Stack::add(QWidget* child)
 {
-    child->setParent(this);
+    insert(m_layout->count(), child);
+}
+
+void Stack::insert(int position, QWidget* child)
+{
+    if (child->parentWidget() == this) {
+        m_layout->removeWidget(child);
+    } else {
+        child->setParent(this);
+    }
     const bool vertical = m_layout->direction() == QBoxLayout::TopToBottom;
     const Qt::Alignment across = m_across == Across::Center ? (vertical ? Qt::AlignHCenter : Qt::AlignVCenter)
                                  : vertical                 ? Qt::AlignLeft
                                                             : Qt::AlignTop;
-    m_layout->addItem(new StackItem(child, vertical ? Qt::Vertical : Qt::Horizontal, across));
+    m_layout->insertItem(position, new StackItem(child, vertical ? Qt::Vertical : Qt::Horizontal, across));
     const QSizePolicy policy = child->sizePolicy();
     if (canGrow(policy.horizontalPolicy())) {
         growTo(Qt::Horizontal);
@@ -45,6 +54,14 @@ void Stack::add(QWidget* child)
     if (canGrow(policy.verticalPolicy())) {
         growTo(Qt::Vertical);
     }
+    updateOverhang();
+}
+
+void Stack::remove(QWidget* child)
+{
+    child->hide();
+    m_layout->removeWidget(child);
+    updateOverhang();
 }
 
 void Stack::add(Gap gap)
@@ -54,13 +71,16 @@ void Stack::add(Gap gap)
 
 void Stack::add(Padding padding)
 {
-    m_layout->setContentsMargins(padding.margins);
+    m_padding = padding.margins;
+    updateOverhang();
 }
 
 void Stack::add(Spacer)
 {
-    m_layout->addStretch(1);
-    growTo(m_layout->direction() == QBoxLayout::TopToBottom ? Qt::Vertical : Qt::Horizontal);
+    const bool vertical = m_layout->direction() == QBoxLayout::TopToBottom;
+    const Qt::Orientation direction = vertical ? Qt::Vertical : Qt::Horizontal;
+    m_layout->addItem(new SpacerItem(direction));
+    growTo(direction);
 }
 
 void Stack::add(FillWidth)
@@ -71,13 +91,14 @@ void Stack::add(FillWidth)
 void Stack::add(FixedSize size)
 {
     if (size.width >= 0) {
-        setFixedWidth(size.width);
+        m_fixedSize.width = size.width;
         setSizePolicy(QSizePolicy::Fixed, sizePolicy().verticalPolicy());
     }
     if (size.height >= 0) {
-        setFixedHeight(size.height);
+        m_fixedSize.height = size.height;
         setSizePolicy(sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
     }
+    updateOverhang();
 }
 
 void Stack::add(Across across)
@@ -126,10 +147,31 @@ void Stack::growTo(Qt::Orientation direction)
     setSizePolicy(policy);
 }
 
+void Stack::updateOverhang()
+{
+    QMargins overhang;
+    for (int i = 0; i < m_layout->count(); ++i) {
+        if (const QWidget* child = m_layout->itemAt(i)->widget()) {
+            overhang = overhang | (overhangOf(*child) - m_padding);
+        }
+    }
+    m_overhang = overhang;
+    m_layout->setContentsMargins(m_padding + m_overhang);
+    if (m_fixedSize.width >= 0) {
+        setFixedWidth(m_fixedSize.width + m_overhang.left() + m_overhang.right());
+    }
+    if (m_fixedSize.height >= 0) {
+        setFixedHeight(m_fixedSize.height + m_overhang.top() + m_overhang.bottom());
+    }
+    if (auto* parent = qobject_cast<Stack*>(parentWidget())) {
+        parent->updateOverhang();
+    }
+}
+
 void Stack::paintShadow(QPainter& painter) const
 {
     if (m_shadow) {
-        drawShadow(painter, rect(), m_ground ? m_ground->cornerRadius : 0, *m_shadow, Appearance::of(this));
+        drawShadow(painter, place(), m_ground ? m_ground->cornerRadius : 0, *m_shadow, Appearance::of(this));
     }
 }
 
@@ -139,15 +181,15 @@ void Stack::paintEvent(QPaintEvent*)
     const Scheme scheme = Appearance::of(this);
     const double radius = m_ground ? m_ground->cornerRadius : 0;
     if (m_ground) {
-        fillRounded(painter, rect(), radius, brushOf(*m_ground, rect(), scheme));
+        fillRounded(painter, place(), radius, brushOf(*m_ground, place(), scheme));
     }
     if (m_outline) {
         const QColor color = m_outline->color.in(scheme);
         if (m_outline->dash > 0) {
-            strokeInsideDashed(painter, rect(), radius, color, m_outline->width, m_outline->dash,
+            strokeInsideDashed(painter, place(), radius, color, m_outline->width, m_outline->dash,
                                m_outline->dash);
         } else {
-            strokeInside(painter, rect(), radius, color, m_outline->width);
+            strokeInside(painter, place(), radius, color, m_outline->width);
         }
     }
     if (isShadowGround(*this)) {

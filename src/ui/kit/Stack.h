@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/DS.h"
+#include "ui/kit/Overhang.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/ShadowCaster.h"
 
@@ -113,7 +114,7 @@ struct Outline
 
 /// A row or column of widgets, as large as they need; where one of them grows or a spacer stands between them, it grows
 /// too. It is on a ground of its own if it is given one. Made by `row()` and `column()`.
-class Stack : public QWidget, public ShadowCaster
+class Stack : public QWidget, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
@@ -121,6 +122,10 @@ public:
     explicit Stack(Qt::Orientation direction);
 
     void add(QWidget* child);
+    /// Before the child at a position; one that is a child already is moved there.
+    void insert(int position, QWidget* child);
+    /// Takes a child out; it stays its child and is hidden.
+    void remove(QWidget* child);
     void add(Gap gap);
     void add(Padding padding);
     void add(Spacer spacer);
@@ -139,6 +144,8 @@ public:
     void clearChildren();
 
     void paintShadow(QPainter& painter) const override;
+    /// What its children's overhangs have not found room for in its padding.
+    [[nodiscard]] QMargins overhang() const override { return m_overhang; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -146,7 +153,15 @@ protected:
 private:
     void growTo(Qt::Orientation direction);
 
+    /// To be called after what it is computed from has changed.
+    void updateOverhang();
+    /// The place it takes, on which its ground is drawn.
+    [[nodiscard]] QRect place() const { return rect().marginsRemoved(m_overhang); }
+
     QBoxLayout* m_layout;
+    QMargins m_padding;
+    QMargins m_overhang;
+    FixedSize m_fixedSize{-1, -1};
     Across m_across = Across::Center;
     std::optional<Ground> m_ground;
     std::optional<Outline> m_outline;

@@ -1,5 +1,7 @@
 #include "ui/kit/StackLayout.h"
 
+#include "ui/kit/Overhang.h"
+
 #include <QStyle>
 #include <QWidget>
 
@@ -22,26 +24,43 @@ void StackItem::setGeometry(const QRect& room)
     const QSizePolicy policy = widget()->sizePolicy();
     const bool across = m_direction == Qt::Vertical;
     const QSize hint = sizeHint();
-    QSize size = room.size().boundedTo(QWidgetItem::maximumSize());
+    QSize size = room.size().boundedTo(QWidgetItem::maximumSize().shrunkBy(overhangOf(*widget())));
     if (across && !canGrow(policy.horizontalPolicy())) {
         size.setWidth(std::min(size.width(), hint.width()));
     } else if (!across && !canGrow(policy.verticalPolicy())) {
         size.setHeight(std::min(size.height(), hint.height()));
     }
     const Qt::Alignment alignment = across ? m_across | Qt::AlignVCenter : m_across | Qt::AlignHCenter;
-    widget()->setGeometry(QStyle::alignedRect(widget()->layoutDirection(), alignment, size, room));
+    widget()->setGeometry(QStyle::alignedRect(widget()->layoutDirection(), alignment, size, room)
+                              .marginsAdded(overhangOf(*widget())));
+}
+
+QSize StackItem::sizeHint() const
+{
+    return isEmpty() ? QSize(0, 0) : QWidgetItem::sizeHint().shrunkBy(overhangOf(*widget()));
+}
+
+QSize StackItem::minimumSize() const
+{
+    return isEmpty() ? QSize(0, 0) : QWidgetItem::minimumSize().shrunkBy(overhangOf(*widget()));
 }
 
 QSize StackItem::maximumSize() const
 {
     // A box layout would make all its items as narrow as the narrowest that does not grow.
-    QSize size = QWidgetItem::maximumSize();
+    QSize size = QWidgetItem::maximumSize().shrunkBy(overhangOf(*widget()));
     if (m_direction == Qt::Vertical) {
         size.setWidth(QWIDGETSIZE_MAX);
     } else {
         size.setHeight(QWIDGETSIZE_MAX);
     }
     return size;
+}
+
+SpacerItem::SpacerItem(Qt::Orientation direction)
+    : QSpacerItem(0, 0, direction == Qt::Horizontal ? QSizePolicy::Expanding : QSizePolicy::Minimum,
+                  direction == Qt::Vertical ? QSizePolicy::Expanding : QSizePolicy::Minimum)
+{
 }
 
 bool canGrow(QSizePolicy::Policy policy)

@@ -5,7 +5,7 @@
 
 namespace tintwick {
 
-/// A widget in a row or column. One that can grow across it fills the room, any other keeps its own extent and stands
+/// The place of a widget in a row or column, without its overhang. One that can grow across it fills the room, any other keeps its own extent and stands
 /// where `across` says.
 class StackItem final : public QWidgetItem
 {
@@ -13,11 +13,23 @@ public:
     StackItem(QWidget* widget, Qt::Orientation direction, Qt::Alignment across);
 
     void setGeometry(const QRect& room) override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSize() const override;
     [[nodiscard]] QSize maximumSize() const override;
 
 private:
     Qt::Orientation m_direction;
     Qt::Alignment m_across;
+};
+
+/// Room that grows, with the gaps of the stack on both of its sides.
+class SpacerItem final : public QSpacerItem
+{
+public:
+    explicit SpacerItem(Qt::Orientation direction);
+
+    /// A box layout leaves no gap beside what is empty.
+    [[nodiscard]] bool isEmpty() const override { return false; }
 };
 
 [[nodiscard]] bool canGrow(QSizePolicy::Policy policy);

@@ -1,0 +1,93 @@
+#include "platform/SystemAppearance.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QMap>
+#include <QStringList>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString service = u"org.freedesktop.portal.Desktop"_s;
+const QString path = u"/org/freedesktop/portal/desktop"_s;
+const QString interface = u"org.freedesktop.portal.Settings"_s;
+
+const QString appearanceSpace = u"org.freedesktop.appearance"_s;
+const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
+const QString kdeSpace = u"org.kde.kdeglobals.KDE"_s;
+
+enum PortalColorScheme : unsigned { NoPreference = 0, PreferDark = 1, PreferLight = 2 };
+
+} // namespace
+
+SystemAppearance::SystemAppearance(QObject* parent)
+    : QObject(parent)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return;
+    }
+    bus.connect(service, path, interface, u"SettingChanged"_s, this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
+    question << QStringList{appearanceSpace, gnomeSpace, kdeSpace};
+    auto* call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, &SystemAppearance::takeAll);
+}
+
+bool SystemAppearance::prefersReducedMotion() const
+{
+    return m_reducedMotion || m_animationsDisabled || m_animationsTakeNoTime;
+}
+
+void SystemAppearance::take(const QString& space, const QString& key, const QVariant& value)
+{
+    const std::optional<bool> darkBefore = m_prefersDark;
+    const bool motionBefore = prefersReducedMotion();
+    if (space == appearanceSpace && key == "color-scheme"_L1) {
+        const unsigned scheme = value.toUInt();
+        m_prefersDark = scheme == PreferDark    ? std::optional(true)
+                        : scheme == PreferLight ? std::optional(false)
+                                                : std::nullopt;
+    } else if (space == appearanceSpace && key == "reduced-motion"_L1) {
+        m_reducedMotion = value.toUInt() == 1;
+    } else if (space == gnomeSpace && key == "enable-animations"_L1) {
+        m_animationsDisabled = !value.toBool();
+    } else if (space == kdeSpace && key == "AnimationDurationFactor"_L1) {
+        bool isNumber = false;
+        m_animationsTakeNoTime = value.toString().toDouble(&isNumber) <= 0 && isNumber;
+    }
+    if (m_prefersDark != darkBefore || prefersReducedMotion() != motionBefore) {
+        Q_EMIT changed();
+    }
+}
+
+void SystemAppearance::settingChanged(const QString& space, const QString& key, const QDBusVariant& value)
+{
+    take(space, key, value.variant());
+}
+
+void SystemAppearance::takeAll(QDBusPendingCallWatcher* call)
+{
+    call->deleteLater();
+    // a{sa{sv}}
+    const QDBusMessage answer = call->reply();
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
+        return;
+    }
+    const auto spaces =
+        qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments().constFirst().value<QDBusArgument>());
+    for (auto space = spaces.cbegin(); space != spaces.cend(); ++space) {
+        for (auto setting = space->cbegin(); setting != space->cend(); ++setting) {
+            take(space.key(), setting.key(), setting.value());
+        }
+    }
+}
+
+} // namespace tintwick

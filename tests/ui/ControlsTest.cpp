@@ -1,0 +1,235 @@
+#include "ui/Appearance.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/ContextMenu.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Rule.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+#include "ui/kit/TextField.h"
+
+#include <QAccessible>
+#include <QMenu>
+#include <QTest>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void nothing() {}
+
+} // namespace
+
+class ControlsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyKindIsKnownToScreenReaders_data();
+    void everyKindIsKnownToScreenReaders();
+    void aScreenReaderCanPress();
+    void keysAct_data();
+    void keysAct();
+    void aHeldReturnActsOnce();
+    void aDisabledButtonDoesNothing();
+    void aClickOnTheContentPresses();
+    void aClickLeavesTheFocusWhereItIs();
+    void theRingIsOfTheKeyboardAlone();
+    void tabGoesInReadingOrder();
+    void aFieldIsTypedInto();
+    void aMenuIsWhatWasWrittenDown();
+    void aMenuRunsWhatIsChosen();
+};
+
+void ControlsTest::everyKindIsKnownToScreenReaders_data()
+{
+    QTest::addColumn<QWidget*>("widget");
+    QTest::addColumn<QAccessible::Role>("role");
+    QTest::addColumn<QString>("name");
+    const auto row = [](const char* kind, QWidget* widget, QAccessible::Role role, const QString& name) {
+        QTest::newRow(kind) << widget << role << name;
+    };
+    row("plain button", plainButton(u"Settings"_s, nothing, label(u"x"_s, DS::font(11))),
+        QAccessible::PushButton, u"Settings"_s);
+    row("bordered button", borderedButton(u"Cancel"_s, nothing), QAccessible::PushButton, u"Cancel"_s);
+    row("prominent button", prominentButton(u"Salt & Pepper"_s, nothing), QAccessible::PushButton,
+        u"Salt & Pepper"_s);
+    row("text field", new TextField(u"Palette name"_s), QAccessible::EditableText, u"Palette name"_s);
+    row("label", label(u"Collections"_s, DS::font(15)), QAccessible::StaticText, u"Collections"_s);
+    row("rule", rule(), QAccessible::Separator, {});
+    row("symbol", symbol(u"plus"_s, 10, SymbolWeight::Regular, DS::accent), QAccessible::Graphic, {});
+}
+
+void ControlsTest::everyKindIsKnownToScreenReaders()
+{
+    QFETCH(QWidget*, widget);
+    const std::unique_ptr<QWidget> owned(widget);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+    QVERIFY(interface != nullptr);
+    QTEST(interface->role(), "role");
+    QTEST(interface->text(QAccessible::Name), "name");
+}
+
+void ControlsTest::aScreenReaderCanPress()
+{
+    int presses = 0;
+    const std::unique_ptr<TextButton> button(borderedButton(u"Cancel"_s, [&] { ++presses; }));
+    QAccessibleActionInterface* actions =
+        QAccessible::queryAccessibleInterface(button.get())->actionInterface();
+    QVERIFY(actions != nullptr);
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(presses, 1);
+}
+
+void ControlsTest::keysAct_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("presses");
+    QTest::newRow("Space") << Qt::Key_Space << 1;
+    QTest::newRow("Return") << Qt::Key_Return << 1;
+    QTest::newRow("Enter") << Qt::Key_Enter << 1;
+    QTest::newRow("Escape") << Qt::Key_Escape << 0;
+    QTest::newRow("Down") << Qt::Key_Down << 0;
+}
+
+void ControlsTest::keysAct()
+{
+    QFETCH(const Qt::Key, key);
+    int presses = 0;
+    const std::unique_ptr<TextButton> button(borderedButton(u"Cancel"_s, [&] { ++presses; }));
+    button->show();
+    QTest::keyClick(button.get(), key);
+    QTEST(presses, "presses");
+}
+
+void ControlsTest::aHeldReturnActsOnce()
+{
+    int presses = 0;
+    const std::unique_ptr<TextButton> button(borderedButton(u"Cancel"_s, [&] { ++presses; }));
+    QTest::keyPress(button.get(), Qt::Key_Return);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+    QCoreApplication::sendEvent(button.get(), &repeated);
+    QCOMPARE(presses, 1);
+}
+
+void ControlsTest::aDisabledButtonDoesNothing()
+{
+    int presses = 0;
+    const std::unique_ptr<TextButton> button(prominentButton(u"Create"_s, [&] { ++presses; }));
+    button->setEnabled(false);
+    QTest::keyClick(button.get(), Qt::Key_Return);
+    QTest::mouseClick(button.get(), Qt::LeftButton);
+    button->click();
+    QCOMPARE(presses, 0);
+}
+
+void ControlsTest::aClickOnTheContentPresses()
+{
+    int presses = 0;
+    auto* text = label(u"See all"_s, DS::font(12));
+    auto* button = plainButton(
+        u"See all"_s, [&] { ++presses; }, row(padding(10), text));
+    const std::unique_ptr<Stack> stack(column(button));
+    stack->resize(stack->sizeHint());
+    stack->show();
+    QWidget* hit = stack->childAt(text->mapTo(stack.get(), text->rect().center()));
+    QCOMPARE(hit, button);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(presses, 1);
+}
+
+void ControlsTest::aClickLeavesTheFocusWhereItIs()
+{
+    auto* field = new TextField(u"Palette name"_s);
+    auto* button = borderedButton(u"Cancel"_s, nothing);
+    const std::unique_ptr<Stack> stack(column(field, button));
+    stack->show();
+    stack->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(stack.get()));
+    field->setFocus();
+    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(field->hasFocus());
+}
+
+void ControlsTest::theRingIsOfTheKeyboardAlone()
+{
+    auto* first = borderedButton(u"Cancel"_s, nothing);
+    auto* second = borderedButton(u"Create"_s, nothing);
+    const std::unique_ptr<Stack> stack(row(first, second));
+    stack->show();
+    stack->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(stack.get()));
+    first->setFocus(Qt::OtherFocusReason);
+    QVERIFY(!first->showsFocusRing());
+    QTest::keyClick(first, Qt::Key_Tab);
+    QVERIFY(second->hasFocus());
+    QVERIFY(second->showsFocusRing());
+    QTest::keyClick(second, Qt::Key_Backtab);
+    QVERIFY(first->showsFocusRing());
+    QVERIFY(!second->showsFocusRing());
+}
+
+void ControlsTest::tabGoesInReadingOrder()
+{
+    QList<QWidget*> order;
+    const auto button = [&](const QString& title) { return borderedButton(title, nothing); };
+    TextButton* one = button(u"1"_s);
+    TextButton* two = button(u"2"_s);
+    TextButton* three = button(u"3"_s);
+    TextButton* four = button(u"4"_s);
+    const std::unique_ptr<Stack> stack(column(row(one, two), row(row(three)), four));
+    stack->show();
+    stack->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(stack.get()));
+    one->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 4; ++i) {
+        order.append(stack->focusWidget());
+        QTest::keyClick(stack->focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(order, (QList<QWidget*>{one, two, three, four}));
+    QVERIFY(one->hasFocus());
+}
+
+void ControlsTest::aFieldIsTypedInto()
+{
+    TextField field(u"Palette name"_s, u"Sea"_s);
+    QCOMPARE(field.text(), u"Sea"_s);
+    QTest::keyClicks(&field, u" & sand"_s);
+    QCOMPARE(field.text(), u"Sea & sand"_s);
+    QCOMPARE(field.sizeHint().height(), 30);
+}
+
+void ControlsTest::aMenuIsWhatWasWrittenDown()
+{
+    QMenu menu;
+    fillMenu(menu, {menuAction(u"Open Palette"_s, u"arrow.right.circle"_s, nothing), menuSeparator(),
+                    submenu(u"Add to Palette…"_s, {menuAction(u"Salt & Pepper"_s, nothing)}),
+                    menuDestructive(u"Delete"_s, nothing)});
+    const QList<QAction*> actions = menu.actions();
+    QCOMPARE(actions.size(), 4);
+    QCOMPARE(actions.at(0)->text(), u"Open Palette"_s);
+    QCOMPARE(actions.at(0)->icon().name(), u"arrow.right.circle"_s);
+    QVERIFY(actions.at(1)->isSeparator());
+    QCOMPARE(actions.at(2)->menu()->title(), u"Add to Palette…"_s);
+    QCOMPARE(actions.at(2)->menu()->actions().at(0)->text(), u"Salt && Pepper"_s);
+    QCOMPARE(actions.at(3)->text(), u"Delete"_s);
+}
+
+void ControlsTest::aMenuRunsWhatIsChosen()
+{
+    QString chosen;
+    QWidget owner;
+    owner.show();
+    QPointer<QMenu> menu = popUpMenu(
+        owner, owner.mapToGlobal(QPoint(5, 5)),
+        {menuAction(u"HEX"_s, [&] { chosen = u"HEX"_s; }), menuAction(u"RGB"_s, [&] { chosen = u"RGB"_s; })});
+    QVERIFY(menu->isVisible());
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_COMPARE(chosen, u"RGB"_s);
+    QTRY_VERIFY(!menu);
+}
+
+QTEST_MAIN(ControlsTest)
+#include "ControlsTest.moc"
