@@ -86,8 +86,9 @@ void textInFormat(benchmark::State& state)
     const ColorFormat format = allColorFormats.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(rawValue(format).toStdString());
     std::size_t i = 0;
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(string(format, colors[i++ % colors.size()]));
+    }
 }
 BENCHMARK(textInFormat)->DenseRange(0, allColorFormats.size() - 1);
 
@@ -108,16 +109,18 @@ BENCHMARK(scopePreferences)->Unit(benchmark::kMicrosecond);
 void encode(benchmark::State& state)
 {
     const Payload payload = fullPayload();
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(encodePayload(payload));
+    }
 }
 BENCHMARK(encode)->Unit(benchmark::kMicrosecond);
 
 void decode(benchmark::State& state)
 {
     const QByteArray text = *encodePayload(fullPayload());
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(decodePayload(text));
+    }
 }
 BENCHMARK(decode)->Unit(benchmark::kMicrosecond);
 
@@ -127,8 +130,9 @@ void save(benchmark::State& state)
     const DataFolder folder;
     const Payload payload = fullPayload();
     const StorageService storage;
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         storage.save(payload.history, payload.collections, payload.defaultFormat);
+    }
 }
 BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseRealTime();
 

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -42,10 +43,11 @@ public:
     void advance(std::chrono::milliseconds span)
     {
         m_now += span;
-        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-            if (m_waiting[i].due <= m_now && m_waiting[i].action) {
-                std::exchange(m_waiting[i].action, nullptr)();
-            }
+        const auto isDue = [this](const Waiting& waiting) { return waiting.due <= m_now && waiting.action; };
+        // An action may make others wait, so each is looked for anew.
+        for (auto next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue); next != m_waiting.end();
+             next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue)) {
+            std::exchange(next->action, nullptr)();
         }
     }
 
