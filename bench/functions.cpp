@@ -27,9 +27,12 @@ std::vector<CapturedColor> randomColors()
     std::mt19937 random(20250314);
     std::uniform_int_distribution<int> byte(0, 255);
     std::vector<CapturedColor> colors;
-    for (int i = 0; i < 1024; ++i)
+    constexpr int count = 1024;
+    colors.reserve(count);
+    for (int i = 0; i < count; ++i) {
         colors.push_back(
             CapturedColor::capture(byte(random) / 255.0, byte(random) / 255.0, byte(random) / 255.0, 1));
+    }
     return colors;
 }
 
@@ -83,8 +86,9 @@ void textInFormat(benchmark::State& state)
     const ColorFormat format = allColorFormats.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(rawValue(format).toStdString());
     std::size_t i = 0;
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(string(format, colors[i++ % colors.size()]));
+    }
 }
 BENCHMARK(textInFormat)->DenseRange(0, allColorFormats.size() - 1);
 
@@ -105,16 +109,18 @@ BENCHMARK(scopePreferences)->Unit(benchmark::kMicrosecond);
 void encode(benchmark::State& state)
 {
     const Payload payload = fullPayload();
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(encodePayload(payload));
+    }
 }
 BENCHMARK(encode)->Unit(benchmark::kMicrosecond);
 
 void decode(benchmark::State& state)
 {
     const QByteArray text = *encodePayload(fullPayload());
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(decodePayload(text));
+    }
 }
 BENCHMARK(decode)->Unit(benchmark::kMicrosecond);
 
@@ -124,8 +130,9 @@ void save(benchmark::State& state)
     const DataFolder folder;
     const Payload payload = fullPayload();
     const StorageService storage;
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         storage.save(payload.history, payload.collections, payload.defaultFormat);
+    }
 }
 BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseRealTime();
 

@@ -32,32 +32,36 @@ AppState::AppState(RunLater runLater, QObject* parent)
 
 void AppState::setDefaultFormat(ColorFormat format)
 {
-    if (m_defaultFormat == format)
+    if (m_defaultFormat == format) {
         return;
+    }
     m_defaultFormat = format;
     Q_EMIT defaultFormatChanged();
 }
 
 void AppState::setSelectedCollectionId(const std::optional<QUuid>& id)
 {
-    if (m_selectedCollectionId == id)
+    if (m_selectedCollectionId == id) {
         return;
+    }
     m_selectedCollectionId = id;
     Q_EMIT selectedCollectionIdChanged();
 }
 
 void AppState::setShowCopiedFeedback(bool show)
 {
-    if (m_showCopiedFeedback == show)
+    if (m_showCopiedFeedback == show) {
         return;
+    }
     m_showCopiedFeedback = show;
     Q_EMIT showCopiedFeedbackChanged();
 }
 
 void AppState::startPicking() const
 {
-    if (m_startPicking)
+    if (m_startPicking) {
         m_startPicking();
+    }
 }
 
 void AppState::setStartPicking(std::function<void()> action)
@@ -68,12 +72,14 @@ void AppState::setStartPicking(std::function<void()> action)
 void AppState::colorCaptured(const CapturedColor& color)
 {
     CapturedColor named = color;
-    if (!named.customName)
+    if (!named.customName) {
         named.customName = ColorNameService::shared().nearest(color);
+    }
 
     m_history.prepend(named);
-    if (m_history.size() > historyLimit)
+    if (m_history.size() > historyLimit) {
         m_history.removeLast();
+    }
     Q_EMIT historyChanged();
 
     m_clipboard.copy(string(m_defaultFormat, named));
@@ -92,8 +98,9 @@ void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
 void AppState::deleteColor(const QUuid& id)
 {
     m_history.removeIf([&](const CapturedColor& color) { return color.id == id; });
-    for (ColorCollection& collection : m_collections)
+    for (ColorCollection& collection : m_collections) {
         collection.colorIds.removeAll(id);
+    }
     Q_EMIT historyChanged();
     Q_EMIT collectionsChanged();
     save();
@@ -102,8 +109,9 @@ void AppState::deleteColor(const QUuid& id)
 void AppState::clearHistory()
 {
     m_history.clear();
-    for (ColorCollection& collection : m_collections)
+    for (ColorCollection& collection : m_collections) {
         collection.colorIds.clear();
+    }
     Q_EMIT historyChanged();
     Q_EMIT collectionsChanged();
     save();
@@ -112,8 +120,9 @@ void AppState::clearHistory()
 void AppState::renameColor(const QUuid& id, const QString& name)
 {
     const auto found = std::ranges::find(m_history, id, &CapturedColor::id);
-    if (found == m_history.end())
+    if (found == m_history.end()) {
         return;
+    }
     found->customName = name.isEmpty() ? std::nullopt : std::optional(name);
     Q_EMIT historyChanged();
     save();
@@ -132,16 +141,18 @@ void AppState::deleteCollection(const QUuid& id)
 {
     m_collections.removeIf([&](const ColorCollection& collection) { return collection.id == id; });
     Q_EMIT collectionsChanged();
-    if (m_selectedCollectionId == id)
+    if (m_selectedCollectionId == id) {
         setSelectedCollectionId(std::nullopt);
+    }
     save();
 }
 
 void AppState::addColor(const QUuid& colorId, const QUuid& toCollection)
 {
     ColorCollection* collection = findCollection(toCollection);
-    if (!collection || collection->colorIds.contains(colorId))
+    if (!collection || collection->colorIds.contains(colorId)) {
         return;
+    }
     collection->colorIds.append(colorId);
     Q_EMIT collectionsChanged();
     save();
@@ -150,8 +161,9 @@ void AppState::addColor(const QUuid& colorId, const QUuid& toCollection)
 void AppState::removeColor(const QUuid& colorId, const QUuid& fromCollection)
 {
     ColorCollection* collection = findCollection(fromCollection);
-    if (!collection)
+    if (!collection) {
         return;
+    }
     collection->colorIds.removeAll(colorId);
     Q_EMIT collectionsChanged();
     save();
@@ -160,8 +172,9 @@ void AppState::removeColor(const QUuid& colorId, const QUuid& fromCollection)
 void AppState::moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to)
 {
     ColorCollection* collection = findCollection(inCollection);
-    if (!collection)
+    if (!collection) {
         return;
+    }
     collection->colorIds = moved(collection->colorIds, from, to);
     Q_EMIT collectionsChanged();
     save();

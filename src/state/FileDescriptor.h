@@ -14,8 +14,9 @@ public:
     }
     ~FileDescriptor()
     {
-        if (isOpen())
+        if (isOpen()) {
             ::close(m_descriptor);
+        }
     }
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;

@@ -14,8 +14,9 @@ template <typename T>
     QList<T> before;
     QList<T> moving;
     QList<T> after;
-    for (qsizetype i = 0; i < list.size(); ++i)
+    for (qsizetype i = 0; i < list.size(); ++i) {
         (positions.contains(i) ? moving : i < destination ? before : after).append(list[i]);
+    }
     return before + moving + after;
 }
 

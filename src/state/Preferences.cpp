@@ -66,8 +66,9 @@ ColorSchemePref colorScheme()
 {
     const QString text = storedText(colorSchemeKey);
     for (const ColorSchemePref scheme : {ColorSchemePref::Light, ColorSchemePref::Dark}) {
-        if (text == rawValue(scheme))
+        if (text == rawValue(scheme)) {
             return scheme;
+        }
     }
     return ColorSchemePref::Auto;
 }
@@ -116,10 +117,12 @@ void setScopeShape(const QString& shape)
 double scopeSide()
 {
     const QString size = storedText(scopePhysicalSizeKey);
-    if (size == u"small")
+    if (size == u"small") {
         return 100;
-    if (size == u"large")
+    }
+    if (size == u"large") {
         return 160;
+    }
     return 130;
 }
 

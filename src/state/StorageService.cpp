@@ -19,8 +19,9 @@ namespace {
 void makePrivateFolder(const QString& path)
 {
     const QFileInfo folder(path);
-    if (folder.exists())
+    if (folder.exists()) {
         return;
+    }
     makePrivateFolder(folder.path());
     ::mkdir(QFile::encodeName(path).constData(), S_IRWXU);
 }
@@ -35,8 +36,9 @@ StorageService::StorageService()
 QUrl StorageService::fileURL() const
 {
     const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (dataHome.isEmpty())
+    if (dataHome.isEmpty()) {
         qFatal("There is no folder for the user's data");
+    }
     const QString folder = dataHome + QStringLiteral("/Tintwick");
     makePrivateFolder(folder);
     return QUrl::fromLocalFile(folder + QStringLiteral("/data.json"));
@@ -46,8 +48,9 @@ std::optional<Payload> StorageService::load() const
 {
     QFile file(fileURL().toLocalFile());
     // A pipe or device under the name would block or never end.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
+    }
     return decodePayload(file.read(largestPayload + 1));
 }
 
@@ -55,8 +58,9 @@ void StorageService::save(const QList<CapturedColor>& history, const QList<Color
                           ColorFormat defaultFormat) const
 {
     const auto json = encodePayload({history, collections, defaultFormat});
-    if (!json)
+    if (!json) {
         return;
+    }
     const QString target = fileURL().toLocalFile();
     const QString temporary = QFileInfo(target).path() + QStringLiteral("/data.tmp.json");
     writeDurably(target, temporary, *json);

@@ -216,8 +216,9 @@ void CapturedColorTest::textsDoNotFollowTheLocale()
     QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
     const bool hasCommaLocale = std::setlocale(LC_NUMERIC, "de_DE.UTF-8") != nullptr;
     const QString text = colorOf(1, 0, 0, 0.5).cssRGBA();
-    if (hasCommaLocale)
+    if (hasCommaLocale) {
         std::setlocale(LC_NUMERIC, "C");
+    }
     QLocale::setDefault(previous);
     QCOMPARE(text, QStringLiteral("rgba(255, 0, 0, 0.50)"));
 }

@@ -24,8 +24,9 @@ private Q_SLOTS:
 void ColorFormatTest::formatsAreOfferedInTheirOrder()
 {
     QStringList labels;
-    for (const ColorFormat format : allColorFormats)
+    for (const ColorFormat format : allColorFormats) {
         labels += rawValue(format);
+    }
     QCOMPARE(labels, QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name").split(u'|'));
 }
 
@@ -34,12 +35,14 @@ void ColorFormatTest::storedTextsAreReadExactly_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("position");
     const QStringList known = QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name").split(u'|');
-    for (int i = 0; i < known.size(); ++i)
+    for (int i = 0; i < known.size(); ++i) {
         QTest::newRow(qPrintable(known[i])) << known[i] << i;
+    }
     for (const char* text :
-         {"", "hex", "Hex", "HEX ", " HEX", "HEX+a", "CSS var", "CSSVar", "tailwind", "NAME", "hex6"})
+         {"", "hex", "Hex", "HEX ", " HEX", "HEX+a", "CSS var", "CSSVar", "tailwind", "NAME", "hex6"}) {
         QTest::newRow(qPrintable(QStringLiteral("refused: '%1'").arg(QLatin1StringView(text))))
             << QString::fromLatin1(text) << -1;
+    }
 }
 
 void ColorFormatTest::storedTextsAreReadExactly()
@@ -48,9 +51,10 @@ void ColorFormatTest::storedTextsAreReadExactly()
     QFETCH(int, position);
     const auto format = colorFormatFromRawValue(text);
     QCOMPARE(format.has_value(), position >= 0);
-    if (format)
+    if (format) {
         QCOMPARE(static_cast<int>(std::ranges::find(allColorFormats, *format) - allColorFormats.begin()),
                  position);
+    }
 }
 
 void ColorFormatTest::textOfAColorInAFormat_data()
@@ -99,8 +103,9 @@ void ColorFormatTest::textOfAColorInAFormat()
     CapturedColor color =
         CapturedColor::capture((rgb >> 16) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0, 1);
     color.alpha = alpha;
-    if (!name.isNull())
+    if (!name.isNull()) {
         color.customName = name;
+    }
     QCOMPARE(string(format, color, QStringLiteral("color")), text);
 }
 

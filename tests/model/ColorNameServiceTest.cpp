@@ -27,8 +27,9 @@ QList<PrintedRow> printedRows()
     for (const QString& line : QString::fromLatin1(testing::colorNameRows).split(u'\n', Qt::SkipEmptyParts)) {
         const QStringList cells = line.split(u'|');
         for (qsizetype cell = 0; cell + 2 < cells.size(); cell += 3) {
-            if (const int number = cells[cell].trimmed().toInt())
+            if (const int number = cells[cell].trimmed().toInt()) {
                 rows[number - 1] = {cells[cell + 1].trimmed(), cells[cell + 2].trimmed().toUInt(nullptr, 16)};
+            }
         }
     }
     return rows;
@@ -131,8 +132,9 @@ void ColorNameServiceTest::theFirstOfEquallyNearEntriesWinsInATableOfAnyLength()
     std::array<double, 200> zero{};
     for (std::size_t length = 1; length <= red.size(); ++length) {
         for (std::size_t first = 0; first < length; ++first) {
-            for (std::size_t i = 0; i < length; ++i)
+            for (std::size_t i = 0; i < length; ++i) {
                 red[i] = i < first ? 9 : 5;
+            }
             const std::span<const double> zeros(zero.data(), length);
             QCOMPARE(nearestColor({{red.data(), length}, zeros, zeros}, colorOf(0x000000)), first);
         }

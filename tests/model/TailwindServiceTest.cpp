@@ -23,8 +23,9 @@ QList<QStringList> printedRows()
     QList<QStringList> rows;
     for (const QString& line : QString::fromLatin1(testing::tailwindRows).split(u'\n', Qt::SkipEmptyParts)) {
         QStringList cells;
-        for (const QString& cell : line.split(u'|'))
+        for (const QString& cell : line.split(u'|')) {
             cells += cell.trimmed();
+        }
         rows += cells;
     }
     return rows;
@@ -54,8 +55,9 @@ void TailwindServiceTest::thePaletteIsThePrintedOne()
         const TailwindFamily& entry = tailwindPalette[static_cast<std::size_t>(family)];
         QCOMPARE(rows[family].size(), 12);
         QCOMPARE(entry.name.toString(), rows[family][0]);
-        for (qsizetype shade = 0; shade < 11; ++shade, ++entries)
+        for (qsizetype shade = 0; shade < 11; ++shade, ++entries) {
             QCOMPARE(entry.rgb[static_cast<std::size_t>(shade)], rows[family][shade + 1].toUInt(nullptr, 16));
+        }
     }
     QCOMPARE(entries, 242);
 }

@@ -26,7 +26,7 @@ const auto storedCommandC = QStringLiteral(R"({"carbonKeyCode":8,"carbonModifier
 
 // Settings files put texts with commas in quotes.
 const QByteArray lineOfOptionShiftC(
-    "KeyboardShortcuts_activatePicker=\"{\\\"carbonKeyCode\\\":8,\\\"carbonModifiers\\\":2560}\"");
+    R"(KeyboardShortcuts_activatePicker="{\"carbonKeyCode\":8,\"carbonModifiers\":2560}")");
 
 /// One start of the program; the folder keeps the settings from one start to the next.
 struct Session

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -42,9 +43,11 @@ public:
     void advance(std::chrono::milliseconds span)
     {
         m_now += span;
-        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-            if (m_waiting[i].due <= m_now && m_waiting[i].action)
-                std::exchange(m_waiting[i].action, nullptr)();
+        const auto isDue = [this](const Waiting& waiting) { return waiting.due <= m_now && waiting.action; };
+        // An action may make others wait, so each is looked for anew.
+        for (auto next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue); next != m_waiting.end();
+             next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue)) {
+            std::exchange(next->action, nullptr)();
         }
     }
 
@@ -215,8 +218,9 @@ void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced()
 void AppStateTest::aLongerHistoryIsTakenAsItIs()
 {
     QList<CapturedColor> history;
-    for (int i = 0; i < 103; ++i)
+    for (int i = 0; i < 103; ++i) {
         history.append(colorOf(0x102030));
+    }
     StorageService().save(history, {}, ColorFormat::Hex6);
     AppState state;
     QCOMPARE(state.history(), history);
@@ -276,8 +280,9 @@ void AppStateTest::theHistoryDropsTheOldestBeyondTheLimit()
     }
     newestFirst.removeLast();
     QList<QUuid> kept;
-    for (const CapturedColor& color : state.history())
+    for (const CapturedColor& color : state.history()) {
         kept += color.id;
+    }
     QCOMPARE(kept, newestFirst);
 }
 
@@ -288,8 +293,9 @@ void AppStateTest::aDroppedColorStaysInItsCollections()
     state.colorCaptured(oldest);
     const QUuid collection = state.createCollection(QStringLiteral("Old")).id;
     state.addColor(oldest.id, collection);
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 100; ++i) {
         state.colorCaptured(colorOf(0xFFFFFF));
+    }
     QCOMPARE(state.collections().first().colorIds, QList<QUuid>{oldest.id});
     QVERIFY(state.collections().first().colors(state.history()).isEmpty());
 }

@@ -49,8 +49,9 @@ void ListOrderTest::movingElements()
     QFETCH(QString, result);
     const QList<QChar> characters(list.begin(), list.end());
     QString text;
-    for (const QChar character : moved(characters, positions, destination))
+    for (const QChar character : moved(characters, positions, destination)) {
         text += character;
+    }
     QCOMPARE(text, result);
 }
 

@@ -200,7 +200,7 @@ void PayloadCodingTest::refusedTexts_data()
     row("UTF-16", QByteArray("{\0\"\0h\0", 6));
     row("unknown format", changed("\"HEX\"", "\"hex\""));
     row("empty format", changed("\"HEX\"", "\"\""));
-    row("format with a zero at its end", changed("\"HEX\"", "\"HEX\\u0000\""));
+    row("format with a zero at its end", changed(R"("HEX")", R"("HEX\u0000")"));
     row("NaN", changed("0.1", "NaN"));
     row("Infinity", changed("0.1", "Infinity"));
     row("minus Infinity", changed("0.1", "-Infinity"));
@@ -247,8 +247,9 @@ void PayloadCodingTest::everyRequiredKeyIsRequired_data()
     QTest::addColumn<QByteArray>("key");
     QTest::addColumn<bool>("required");
     for (const char* key : {"history", "collections", "defaultFormat", "red", "green", "blue", "alpha",
-                            "capturedAt", "name", "colorIds", "createdAt", "icon"})
+                            "capturedAt", "name", "colorIds", "createdAt", "icon"}) {
         QTest::newRow(key) << QByteArray(key) << true;
+    }
     QTest::newRow("id of the colour") << QByteArray("id\":\"0BD") << true;
     QTest::newRow("id of the collection") << QByteArray("id\":\"111") << true;
     QTest::newRow("customName") << QByteArray("customName") << false;
@@ -288,8 +289,9 @@ void PayloadCodingTest::everyValueHasItsType()
     QFETCH(QByteArray, member);
     const QByteArray key = member.left(member.indexOf(':') + 1);
     for (const char* value : {"null", "true", "false", "{}", "[[]]", "[1]", "\"x\""}) {
-        if (value == QByteArray("\"x\"") && (key == "\"name\":" || key == "\"icon\":"))
+        if (value == QByteArray("\"x\"") && (key == "\"name\":" || key == "\"icon\":")) {
             continue;
+        }
         QVERIFY2(!decodePayload(changed(member, key + value)).has_value(), value);
     }
 }
@@ -317,8 +319,9 @@ void PayloadCodingTest::numbersReadBackToTheSameValue_data()
                                1e21,
                                123456789012345680.0,
                                4.35,
-                               9.5367431640625e-7})
+                               9.5367431640625e-7}) {
         QTest::newRow(qPrintable(QString::number(value, 'g', 17))) << value;
+    }
 }
 
 void PayloadCodingTest::numbersReadBackToTheSameValue()
@@ -392,8 +395,9 @@ void PayloadCodingTest::acceptedAndRefusedDates_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("accepted");
     for (const char* text : {"2025-03-14T09:26:53Z", "2024-02-29T00:00:00Z", "2000-02-29T23:59:59Z",
-                             "0001-01-01T00:00:00Z", "9999-12-31T23:59:59Z"})
+                             "0001-01-01T00:00:00Z", "9999-12-31T23:59:59Z"}) {
         QTest::newRow(text) << QByteArray(text) << true;
+    }
     for (const char* text : {"",
                              "2025-03-14",
                              "2025-03-14T09:26Z",
@@ -420,17 +424,19 @@ void PayloadCodingTest::acceptedAndRefusedDates_data()
                              "0000-01-01T00:00:00Z",
                              " 2025-03-14T09:26:5Z",
                              "2025-03-14T09:26:53Z ",
-                             "1741944413"})
+                             "1741944413"}) {
         QTest::newRow(qPrintable(QStringLiteral("refused: '%1'").arg(QLatin1StringView(text))))
             << QByteArray(text) << false;
+    }
 }
 
 void PayloadCodingTest::acceptedAndRefusedDates()
 {
     QFETCH(QByteArray, text);
     QFETCH(bool, accepted);
-    if (text != "2025-03-14T09:26:53Z")
+    if (text != "2025-03-14T09:26:53Z") {
         QCOMPARE(decodePayload(changed("2025-03-14T09:26:53Z", text)).has_value(), accepted);
+    }
     QCOMPARE(decodePayload(changed("2025-01-02T03:04:05Z", text)).has_value(), accepted);
 }
 
@@ -492,18 +498,20 @@ void PayloadCodingTest::whatJsonCannotHoldIsNotWritten()
 
 void PayloadCodingTest::everyCutOffFileIsRefused()
 {
-    for (qsizetype length = 0; length < wholeFile.size(); ++length)
+    for (qsizetype length = 0; length < wholeFile.size(); ++length) {
         QVERIFY(!decodePayload(wholeFile.first(length)).has_value());
+    }
 }
 
 void PayloadCodingTest::deepAndWideFilesAreHarmless()
 {
     QVERIFY(!decodePayload(QByteArray(largestPayload, '[')).has_value());
-    QVERIFY(!decodePayload(QByteArray("{\"a\":").repeated(1'000'000)).has_value());
+    QVERIFY(!decodePayload(QByteArray(R"({"a":)").repeated(1'000'000)).has_value());
 
     QByteArray manyKeys = "{";
-    for (int i = 0; i < 100'000; ++i)
+    for (int i = 0; i < 100'000; ++i) {
         manyKeys += "\"k" + QByteArray::number(i) + "\":0,";
+    }
     manyKeys += "\"history\":[],\"collections\":[],\"defaultFormat\":\"Name\"}";
     QVERIFY(decodePayload(manyKeys).has_value());
 }

@@ -161,8 +161,9 @@ void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault()
     QFETCH(QVariant, value);
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Tintwick"),
                        QStringLiteral("Tintwick"));
-    for (const char* key : {"colorSchemePref", "scopeShape", "scopePhysicalSize", "scopeDefaultRadius"})
+    for (const char* key : {"colorSchemePref", "scopeShape", "scopePhysicalSize", "scopeDefaultRadius"}) {
         settings.setValue(QLatin1StringView(key), value);
+    }
     settings.sync();
     QCOMPARE(preferences::colorScheme(), ColorSchemePref::Auto);
     QCOMPARE(preferences::scopeIsCircle(), false);

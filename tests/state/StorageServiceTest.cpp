@@ -57,8 +57,9 @@ void save(const Payload& payload)
 int savedNumber()
 {
     const auto payload = StorageService().load();
-    if (!payload || payload->collections.size() != 1)
+    if (!payload || payload->collections.size() != 1) {
         return -1;
+    }
     const int number = payload->collections.first().name.toInt();
     return *payload == stateNumber(number) ? number : -1;
 }
@@ -93,8 +94,9 @@ void beKilledAfter(std::chrono::nanoseconds delay)
     time.it_value.tv_sec = delay.count() / 1'000'000'000;
     time.it_value.tv_nsec = delay.count() % 1'000'000'000;
     if (::timer_create(CLOCK_MONOTONIC, &event, &timer) != 0 ||
-        ::timer_settime(timer, 0, &time, nullptr) != 0)
+        ::timer_settime(timer, 0, &time, nullptr) != 0) {
         qFatal("No timer");
+    }
 }
 
 const QByteArray cannotMount = "no mounts of our own here";
@@ -259,8 +261,9 @@ void StorageServiceTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
     // The moments of the kills are spread over a few saves, however fast the machine is.
     QElapsedTimer elapsed;
     elapsed.start();
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         save(stateNumber(0));
+    }
     const std::chrono::nanoseconds saveTime(elapsed.nsecsElapsed() / 10);
 
     std::mt19937 random(20250314);
@@ -276,8 +279,9 @@ void StorageServiceTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
             beKilledAfter(delay);
             for (int number = current + 1;; ++number) {
                 save(stateNumber(number));
-                if (::write(finished[1], &number, sizeof number) != sizeof number)
+                if (::write(finished[1], &number, sizeof number) != sizeof number) {
                     return {};
+                }
             }
         });
         ::close(finished[1]);
@@ -311,8 +315,9 @@ void StorageServiceTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
     save(stateNumber(3));
     const auto end = testing::runInChild([&]() -> QByteArray {
         const rlimit sizes{limit, limit};
-        if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0)
+        if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0) {
             return "no limit";
+        }
         save(stateNumber(6));
         return "alive";
     });
@@ -326,19 +331,22 @@ void StorageServiceTest::aFullDiskLeavesTheOldFileWhole()
     QVERIFY(QDir().mkpath(folder()));
     const auto end = testing::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
-            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0)
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
             return cannotMount;
+        }
         save(stateNumber(4));
         QFile filler(folder() + QStringLiteral("/filler"));
-        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
             return "no filler";
+        }
         while (filler.write(QByteArray(4096, 'x')) == 4096) {
         }
         save(stateNumber(6));
         return contentOf(dataFile());
     });
-    if (end.report == cannotMount)
+    if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());
+    }
     QCOMPARE(end.signal, 0);
     QCOMPARE(end.report, *encodePayload(stateNumber(4)));
 }
@@ -348,19 +356,22 @@ void StorageServiceTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
     QVERIFY(QDir().mkpath(folder()));
     const auto end = testing::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
-            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0)
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
             return cannotMount;
+        }
         save(stateNumber(6));
         QFile filler(folder() + QStringLiteral("/filler"));
-        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
             return "no filler";
+        }
         while (filler.write(QByteArray(4096, 'x')) == 4096) {
         }
         save(stateNumber(4));
         return contentOf(dataFile());
     });
-    if (end.report == cannotMount)
+    if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());
+    }
     QCOMPARE(end.signal, 0);
     QCOMPARE(end.report, *encodePayload(stateNumber(4)));
 }
@@ -370,13 +381,15 @@ void StorageServiceTest::aFullDiskLeavesNoFileWhereNoneWas()
     QVERIFY(QDir().mkpath(folder()));
     const auto end = testing::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
-            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=8k,mode=0700") != 0)
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=8k,mode=0700") != 0) {
             return cannotMount;
+        }
         save(stateNumber(3));
         return QDir(folder()).entryList(QDir::Files | QDir::Hidden).join(u' ').toUtf8();
     });
-    if (end.report == cannotMount)
+    if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());
+    }
     QCOMPARE(end.signal, 0);
     QCOMPARE(end.report, QByteArray());
 }
@@ -388,13 +401,15 @@ void StorageServiceTest::aReadOnlyFileSystemLeavesTheOldFileWhole()
         const QByteArray path = QFile::encodeName(folder());
         if (!enterOwnMounts() ||
             ::mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) != 0 ||
-            ::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) != 0)
+            ::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) != 0) {
             return cannotMount;
+        }
         save(stateNumber(6));
         return contentOf(dataFile());
     });
-    if (end.report == cannotMount)
+    if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());
+    }
     QCOMPARE(end.signal, 0);
     QCOMPARE(end.report, *encodePayload(stateNumber(3)));
 }
@@ -420,17 +435,21 @@ void StorageServiceTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
         if (::geteuid() == 0) {
             const QByteArray file = QFile::encodeName(dataFile());
             for (const QByteArray& owned : {home, path, file}) {
-                if (::chown(owned.constData(), nobody, nobody) != 0)
+                if (::chown(owned.constData(), nobody, nobody) != 0) {
                     return "no other owner";
+                }
             }
-            if (::setgid(nobody) != 0 || ::setuid(nobody) != 0)
+            if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) {
                 return "no other user";
+            }
             ::prctl(PR_SET_DUMPABLE, 1);
         }
-        if (::chmod(path.constData(), 0500) != 0)
+        if (::chmod(path.constData(), 0500) != 0) {
             return "no protection";
-        if (::open((path + "/new").constData(), O_CREAT | O_WRONLY, 0600) >= 0)
+        }
+        if (::open((path + "/new").constData(), O_CREAT | O_WRONLY, 0600) >= 0) {
             return "the folder takes files";
+        }
         save(stateNumber(after));
         return contentOf(dataFile());
     });

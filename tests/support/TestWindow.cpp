@@ -98,6 +98,7 @@ void TestWindow::setPicture(const QImage& picture)
 void TestWindow::setShape(const std::vector<QRect>& parts)
 {
     std::vector<xcb_rectangle_t> rectangles;
+    rectangles.reserve(parts.size());
     for (const QRect& part : parts) {
         rectangles.push_back({static_cast<std::int16_t>(part.x()), static_cast<std::int16_t>(part.y()),
                               static_cast<std::uint16_t>(part.width()),

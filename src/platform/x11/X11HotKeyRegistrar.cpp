@@ -22,7 +22,7 @@ constexpr std::uint16_t allModifiers = 0xFF;
 
 bool isAltKey(xcb_keycode_t keycode)
 {
-    const auto keyCode = keyCodeForEvdev(keycode - keycodeOffset);
+    const int keyCode = keyCodeForEvdev(keycode - keycodeOffset).value_or(-1);
     return keyCode == keycode::option || keyCode == keycode::rightOption;
 }
 
