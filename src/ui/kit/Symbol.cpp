@@ -9,6 +9,7 @@
 #include <QSvgRenderer>
 
 #include <cmath>
+#include <utility>
 
 namespace tintwick {
 
@@ -66,8 +67,8 @@ QPixmap rendered(QStringView name, int pixels, SymbolWeight weight, const QColor
 class SymbolIconEngine final : public QIconEngine
 {
 public:
-    explicit SymbolIconEngine(const QString& name)
-        : m_name(name)
+    explicit SymbolIconEngine(QString name)
+        : m_name(std::move(name))
     {
     }
 
