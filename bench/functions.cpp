@@ -27,9 +27,12 @@ std::vector<CapturedColor> randomColors()
     std::mt19937 random(20250314);
     std::uniform_int_distribution<int> byte(0, 255);
     std::vector<CapturedColor> colors;
-    for (int i = 0; i < 1024; ++i)
+    constexpr int count = 1024;
+    colors.reserve(count);
+    for (int i = 0; i < count; ++i) {
         colors.push_back(
             CapturedColor::capture(byte(random) / 255.0, byte(random) / 255.0, byte(random) / 255.0, 1));
+    }
     return colors;
 }
 

@@ -14,8 +14,10 @@ PixelGrid colorfulGrid(int radius)
 {
     const int side = 2 * radius + 1;
     PixelGrid grid;
+    grid.reserve(static_cast<std::size_t>(side));
     for (int r = 0; r < side; ++r) {
         std::vector<SampledColor> row;
+        row.reserve(static_cast<std::size_t>(side));
         for (int c = 0; c < side; ++c) {
             row.push_back({(c * 8 % 256) / 255.0, (r * 8 % 256) / 255.0, ((r + c) * 4 % 256) / 255.0, 1});
         }
@@ -34,7 +36,7 @@ void renderFrame(benchmark::State& state)
     view.setPixels(grid);
     view.render(look, scale);
     int frame = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         // As over a photograph: with every move another text.
         ++frame;
         view.setPixels(grid);
@@ -49,7 +51,7 @@ void renderFirstFrame(benchmark::State& state)
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
     const double scale = static_cast<double>(state.range(1)) / 100;
     const PixelGrid grid = colorfulGrid(static_cast<int>(state.range(2)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         MagnifierView view;
         view.setPixels(grid);
         benchmark::DoNotOptimize(view.render(look, scale).constBits());
@@ -65,7 +67,7 @@ void renderAfterZoom(benchmark::State& state)
                                colorfulGrid(static_cast<int>(state.range(2)) - 1)};
     MagnifierView view;
     std::size_t step = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         view.setPixels(grids[++step % 2]);
         benchmark::DoNotOptimize(view.render(look, scale).constBits());
     }

@@ -1,8 +1,9 @@
 #include "app/AppDelegate.h"
 
 #include "model/CapturedColor.h"
+#include "shortcuts/ShortcutNames.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTimer>
 
 #include <chrono>
@@ -19,6 +20,8 @@ AppDelegate::AppDelegate(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
     , m_capture(m_platform->screenGrabber())
     , m_colorPickerService(*m_platform, m_capture)
+    , m_shortcuts(m_platform->hotKeyRegistrar(), m_platform->keyboardLayout(), m_settings)
+    , m_openMenuWatcher(m_shortcuts)
 {
 }
 
@@ -26,12 +29,13 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     setupMenuBar();
     setupColorPickerService();
+    setupGlobalShortcut();
 }
 
 void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
 
@@ -42,6 +46,18 @@ void AppDelegate::setupColorPickerService()
     });
     // Once the icon is in the tray, so that it does not come later for it.
     QTimer::singleShot(preparationDelay, &m_statusItem, [this] { m_colorPickerService.prepare(); });
+}
+
+void AppDelegate::setupGlobalShortcut()
+{
+    m_shortcuts.declare(shortcutnames::activatePicker());
+    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] {
+        // An open menu of ours holds the pointer and the keyboard, which the pick needs.
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+        m_colorPickerService.showPicker();
+    });
 }
 
 void AppDelegate::activatePicker()

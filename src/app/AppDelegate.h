@@ -4,14 +4,18 @@
 #include "picker/ColorPickerService.h"
 #include "picker/ScreenCaptureService.h"
 #include "platform/Platform.h"
+#include "shortcuts/OpenMenuWatcher.h"
+#include "shortcuts/Registry.h"
 #include "state/AppState.h"
+
+#include <QSettings>
 
 #include <memory>
 
 namespace tintwick {
 
-/// Builds everything at launch and holds it for the life of the process: the application's state, the status item and
-/// the picker. Making it loads the data file.
+/// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
+/// picker and the global shortcuts. Making it loads the data file.
 class AppDelegate final
 {
 public:
@@ -24,6 +28,7 @@ public:
 private:
     void setupMenuBar();
     void setupColorPickerService();
+    void setupGlobalShortcut();
     /// The menu's way in; a colour picked is recorded, copied and saved.
     void activatePicker();
 
@@ -32,6 +37,9 @@ private:
     StatusItem m_statusItem;
     ScreenCaptureService m_capture;
     ColorPickerService m_colorPickerService;
+    QSettings m_settings;
+    KeyboardShortcuts::Registry m_shortcuts;
+    KeyboardShortcuts::OpenMenuWatcher m_openMenuWatcher;
 };
 
 } // namespace tintwick

@@ -1,10 +1,14 @@
 #include "app/TintwickApp.h"
 
+#include <QThreadPool>
+
 namespace tintwick {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr int threadExpiry = 500; // milliseconds
 
 } // namespace
 
@@ -15,6 +19,8 @@ TintwickApp::TintwickApp(int& argc, char** argv, std::unique_ptr<Platform> platf
     QApplication::setApplicationName(u"Tintwick"_s);
     QApplication::setApplicationVersion(QStringLiteral(TINTWICK_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+    // The toolkit paints with these threads; waiting half a minute for more work they would wake an idle program.
+    QThreadPool::globalInstance()->setExpiryTimeout(threadExpiry);
     m_appDelegate = std::make_unique<AppDelegate>(std::move(platform));
 }
 

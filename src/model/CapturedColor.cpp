@@ -71,7 +71,7 @@ QString alphaText(double alpha)
     // to_chars rounds as printf does, on the exact value with ties to even; Qt's conversion takes ties
     // upwards.
     constexpr std::size_t longestFixed = std::numeric_limits<double>::max_exponent10 + 6;
-    std::array<char, longestFixed> text;
+    std::array<char, longestFixed> text{};
     const auto [end, error] =
         std::to_chars(text.data(), text.data() + text.size(), alpha, std::chars_format::fixed, 2);
     Q_ASSERT(error == std::errc());

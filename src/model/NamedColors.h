@@ -11,7 +11,7 @@ namespace tintwick {
 struct NamedColor
 {
     QStringView name;
-    std::uint32_t rgb;
+    std::uint32_t rgb = 0;
 };
 
 /// The names a colour can be given. Most are the CSS Color Module keywords written as words, some of them

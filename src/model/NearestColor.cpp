@@ -15,11 +15,13 @@ constexpr std::size_t blockSize = 64;
 /// In eight independent lanes, since a single chain of comparisons would wait for each one's result.
 double smallestOf(const std::array<double, blockSize>& values)
 {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the next line fills it
     std::array<double, 8> lanes;
     std::copy_n(values.begin(), lanes.size(), lanes.begin());
     for (std::size_t i = lanes.size(); i < values.size(); i += lanes.size()) {
-        for (std::size_t lane = 0; lane < lanes.size(); ++lane)
+        for (std::size_t lane = 0; lane < lanes.size(); ++lane) {
             lanes[lane] = values[i + lane] < lanes[lane] ? values[i + lane] : lanes[lane];
+        }
     }
     return *std::ranges::min_element(lanes);
 }
@@ -40,6 +42,7 @@ std::optional<std::size_t> nearestColor(const ColorColumns& table, const Capture
     // The distances of a block do not depend on each other, so the compiler computes them in vector
     // registers. Only a block that beats those before it is searched for the first row with its smallest
     // distance.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): every block is written before it is read
     std::array<double, blockSize> distances;
     std::size_t best = 0;
     double bestDistance = std::numeric_limits<double>::infinity();

@@ -16,7 +16,7 @@ inline constexpr std::array<QStringView, 11> tailwindShades{u"50",  u"100", u"20
 struct TailwindFamily
 {
     QStringView name;
-    std::array<std::uint32_t, tailwindShades.size()> rgb;
+    std::array<std::uint32_t, tailwindShades.size()> rgb{};
 };
 
 /// The default palette of Tailwind CSS version 3.

@@ -64,7 +64,7 @@ QImage shadowOf(const QImage& shape, const DropShadow& shadow)
 
     QImage result(shape.size(), QImage::Format_Alpha8);
     std::vector<float> sum(static_cast<std::size_t>(width));
-    const float opacity = static_cast<float>(shadow.opacity);
+    const auto opacity = static_cast<float>(shadow.opacity);
     for (int y = 0; y < height; ++y) {
         std::ranges::fill(sum, 0.0F);
         const int first = std::max(0, y - downReach);

@@ -31,7 +31,8 @@ public:
     /// Called with the id of the combination; holding a key down is one press and one release.
     using HotKeyHandler = std::function<void(std::uint32_t id, KeyDirection direction)>;
 
-    /// Called with a key of our own windows and menus; true swallows it.
+    /// Called with a key of our own windows and menus; true swallows it, however long it is held. Its release comes with
+    /// the modifiers of its press.
     using RawKeyHandler = std::function<bool(int keyCode, int modifiers, KeyDirection direction)>;
 
     virtual ~HotKeyRegistrar() = default;

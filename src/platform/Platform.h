@@ -6,11 +6,14 @@
 
 namespace tintwick {
 
+class HotKeyRegistrar;
+class KeyboardLayout;
 class LoupeSurface;
 class PickingInput;
 class ScreenGrabber;
 
-/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program.
+/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program; what it
+/// offers is used once the application object exists.
 class Platform
 {
 public:
@@ -22,7 +25,10 @@ public:
 
     [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
+    /// Never none.
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
+    [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
+    [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
 };
 
 } // namespace tintwick

@@ -206,18 +206,20 @@ std::unordered_set<Shortcut> Registry::neededByHandlers() const
     return needed;
 }
 
-void Registry::dispatch(const Shortcut& shortcut, HandlerMap handlers)
+void Registry::dispatch(const Shortcut& shortcut, const HandlerMap& handlers) const
 {
     if (m_isPaused) {
         return;
     }
+    // Gathered first, because an action may add or remove actions.
+    std::vector<Action> actionsToCall;
     for (const auto& [name, actions] : handlers) {
-        if (getShortcut(name) != shortcut) {
-            continue;
+        if (getShortcut(name) == shortcut) {
+            actionsToCall.insert(actionsToCall.end(), actions.begin(), actions.end());
         }
-        for (const auto& action : actions) {
-            action();
-        }
+    }
+    for (const Action& action : actionsToCall) {
+        action();
     }
 }
 

@@ -94,8 +94,7 @@ private:
     void takeWhatHandlersNeed();
     void giveBackWhatNoHandlerNeeds();
     [[nodiscard]] std::unordered_set<Shortcut> neededByHandlers() const;
-    // By value: an action may add or remove actions.
-    void dispatch(const Shortcut& shortcut, HandlerMap handlers);
+    void dispatch(const Shortcut& shortcut, const HandlerMap& handlers) const;
 
     HotKeyRegistrar& m_registrar;
     KeyboardLayout& m_layout;

@@ -11,8 +11,9 @@ namespace tintwick {
 /// that is a link stays one, and the file it leads to is replaced. The old content stays when there is no
 /// room for the new one.
 ///
-/// Where no file can be made in the folder, `target` is written in place, which takes one call to the system:
-/// a power failure during that call can still tear it.
+/// Where no second file can be made, because the folder takes none or the disk has no room for it, `target`
+/// is written in place once its room is reserved. That is one call to the system; power that fails during
+/// that call can tear it.
 void writeDurably(const QString& target, const QString& temporary, const QByteArray& json);
 
 } // namespace tintwick

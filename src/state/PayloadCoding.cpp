@@ -48,16 +48,18 @@ ordered_json encoded(const CapturedColor& color)
     object["blue"] = color.blue;
     object["alpha"] = color.alpha;
     object["capturedAt"] = dateText(color.capturedAt);
-    if (color.customName)
+    if (color.customName) {
         object["customName"] = utf8(*color.customName);
+    }
     return object;
 }
 
 ordered_json encoded(const ColorCollection& collection)
 {
     ordered_json colorIds = ordered_json::array();
-    for (const QUuid& colorId : collection.colorIds)
+    for (const QUuid& colorId : collection.colorIds) {
         colorIds.push_back(uuidText(colorId));
+    }
 
     ordered_json object;
     object["id"] = uuidText(collection.id);
@@ -113,15 +115,17 @@ const json* member(const json& object, const char* key)
 
 std::optional<double> decodedNumber(const json* value)
 {
-    if (!value || !value->is_number())
+    if (!value || !value->is_number()) {
         return std::nullopt;
+    }
     return value->get<double>();
 }
 
 std::optional<QString> decodedString(const json* value)
 {
-    if (!value || !value->is_string())
+    if (!value || !value->is_string()) {
         return std::nullopt;
+    }
     return QString::fromStdString(value->get_ref<const std::string&>());
 }
 
@@ -141,11 +145,13 @@ std::optional<QUuid> decodedUuid(const json* value)
     // QUuid reads several forms; the file knows only the canonical one.
     constexpr QStringView form = u"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
     const auto text = decodedString(value);
-    if (!text || text->size() != form.size())
+    if (!text || text->size() != form.size()) {
         return std::nullopt;
+    }
     for (qsizetype i = 0; i < form.size(); ++i) {
-        if (form[i] == u'x' ? !isHexDigit((*text)[i]) : (*text)[i] != form[i])
+        if (form[i] == u'x' ? !isHexDigit((*text)[i]) : (*text)[i] != form[i]) {
             return std::nullopt;
+        }
     }
     return QUuid::fromString(*text);
 }
@@ -154,19 +160,22 @@ std::optional<QDateTime> decodedDate(const json* value)
 {
     constexpr QStringView form = u"0000-00-00T00:00:00Z";
     const auto text = decodedString(value);
-    if (!text || text->size() != form.size())
+    if (!text || text->size() != form.size()) {
         return std::nullopt;
+    }
     for (qsizetype i = 0; i < form.size(); ++i) {
-        if (form[i] == u'0' ? !isDigit((*text)[i]) : (*text)[i] != form[i])
+        if (form[i] == u'0' ? !isDigit((*text)[i]) : (*text)[i] != form[i]) {
             return std::nullopt;
+        }
     }
     const auto number = [&](qsizetype position, qsizetype length) {
         return QStringView(*text).sliced(position, length).toInt();
     };
     const QDate date(number(0, 4), number(5, 2), number(8, 2));
     const QTime time(number(11, 2), number(14, 2), number(17, 2));
-    if (!date.isValid() || !time.isValid())
+    if (!date.isValid() || !time.isValid()) {
         return std::nullopt;
+    }
     return QDateTime(date, time, Qt::UTC);
 }
 
@@ -174,14 +183,16 @@ std::optional<QDateTime> decodedDate(const json* value)
 template <typename T>
 std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode)(const json*))
 {
-    if (!value || !value->is_array())
+    if (!value || !value->is_array()) {
         return std::nullopt;
+    }
     QList<T> list;
     list.reserve(static_cast<qsizetype>(value->size()));
     for (const json& element : *value) {
         auto decoded = decode(&element);
-        if (!decoded)
+        if (!decoded) {
             return std::nullopt;
+        }
         list.append(*std::move(decoded));
     }
     return list;
@@ -189,38 +200,43 @@ std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode
 
 std::optional<CapturedColor> decodedColor(const json* value)
 {
-    if (!value->is_object())
+    if (!value->is_object()) {
         return std::nullopt;
+    }
     const auto id = decodedUuid(member(*value, "id"));
     const auto red = decodedNumber(member(*value, "red"));
     const auto green = decodedNumber(member(*value, "green"));
     const auto blue = decodedNumber(member(*value, "blue"));
     const auto alpha = decodedNumber(member(*value, "alpha"));
     const auto capturedAt = decodedDate(member(*value, "capturedAt"));
-    if (!id || !red || !green || !blue || !alpha || !capturedAt)
+    if (!id || !red || !green || !blue || !alpha || !capturedAt) {
         return std::nullopt;
+    }
 
     std::optional<QString> customName;
     const json* name = member(*value, "customName");
     if (name && !name->is_null()) {
         customName = decodedString(name);
-        if (!customName)
+        if (!customName) {
             return std::nullopt;
+        }
     }
     return CapturedColor{*id, *red, *green, *blue, *alpha, *capturedAt, customName};
 }
 
 std::optional<ColorCollection> decodedCollection(const json* value)
 {
-    if (!value->is_object())
+    if (!value->is_object()) {
         return std::nullopt;
+    }
     const auto id = decodedUuid(member(*value, "id"));
     const auto name = decodedString(member(*value, "name"));
     const auto colorIds = decodedList(member(*value, "colorIds"), decodedUuid);
     const auto createdAt = decodedDate(member(*value, "createdAt"));
     const auto icon = decodedString(member(*value, "icon"));
-    if (!id || !name || !colorIds || !createdAt || !icon)
+    if (!id || !name || !colorIds || !createdAt || !icon) {
         return std::nullopt;
+    }
     return ColorCollection{*id, *name, *colorIds, *createdAt, *icon};
 }
 
@@ -230,14 +246,16 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 {
     ordered_json history = ordered_json::array();
     for (const CapturedColor& color : payload.history) {
-        if (!isEncodable(color))
+        if (!isEncodable(color)) {
             return std::nullopt;
+        }
         history.push_back(encoded(color));
     }
     ordered_json collections = ordered_json::array();
     for (const ColorCollection& collection : payload.collections) {
-        if (!hasText(collection.createdAt))
+        if (!hasText(collection.createdAt)) {
             return std::nullopt;
+        }
         collections.push_back(encoded(collection));
     }
     ordered_json object;
@@ -253,21 +271,25 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 std::optional<Payload> decodePayload(QByteArrayView text)
 {
     // The parser takes a zero byte for the end of the text and would pass over whatever follows it.
-    if (text.size() > largestPayload || text.contains('\0'))
+    if (text.size() > largestPayload || text.contains('\0')) {
         return std::nullopt;
+    }
     Validator validator;
-    if (!json::sax_parse(text.begin(), text.end(), &validator))
+    if (!json::sax_parse(text.begin(), text.end(), &validator)) {
         return std::nullopt;
+    }
 
     const json object = json::parse(text.begin(), text.end(), nullptr, false);
-    if (!object.is_object())
+    if (!object.is_object()) {
         return std::nullopt;
+    }
     auto history = decodedList(member(object, "history"), decodedColor);
     auto collections = decodedList(member(object, "collections"), decodedCollection);
     const auto rawFormat = decodedString(member(object, "defaultFormat"));
     const auto defaultFormat = rawFormat ? colorFormatFromRawValue(*rawFormat) : std::nullopt;
-    if (!history || !collections || !defaultFormat)
+    if (!history || !collections || !defaultFormat) {
         return std::nullopt;
+    }
     return Payload{*std::move(history), *std::move(collections), *defaultFormat};
 }
 

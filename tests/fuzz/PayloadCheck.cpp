@@ -7,15 +7,18 @@ namespace tintwick::testing {
 bool checkPayload(QByteArrayView bytes)
 {
     const auto payload = decodePayload(bytes);
-    if (!payload)
+    if (!payload) {
         return false;
+    }
     for (const CapturedColor& color : payload->history) {
-        for (const ColorFormat format : allColorFormats)
+        for (const ColorFormat format : allColorFormats) {
             static_cast<void>(string(format, color));
+        }
     }
     const auto written = encodePayload(*payload);
-    if (!written || decodePayload(*written) != payload)
+    if (!written || decodePayload(*written) != payload) {
         qFatal("An accepted file is not read back as it was written");
+    }
     return true;
 }
 

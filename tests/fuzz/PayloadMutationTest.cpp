@@ -17,8 +17,9 @@ class Mutator final
 public:
     QByteArray mutated(QByteArray text)
     {
-        for (std::size_t changes = 1 + below(3); changes > 0; --changes)
+        for (std::size_t changes = 1 + below(3); changes > 0; --changes) {
             change(text);
+        }
         return text;
     }
 
@@ -58,12 +59,14 @@ private:
         const qsizetype length = std::min<qsizetype>(static_cast<qsizetype>(below(32)), text.size() - at);
         switch (below(6)) {
         case 0:
-            if (at < text.size())
+            if (at < text.size()) {
                 text[at] = static_cast<char>(text[at] ^ (1 << below(8)));
+            }
             break;
         case 1:
-            if (at < text.size())
+            if (at < text.size()) {
                 text[at] = static_cast<char>(below(256));
+            }
             break;
         case 2:
             text.remove(at, length);
@@ -111,8 +114,9 @@ void PayloadMutationTest::initTestCase()
 void PayloadMutationTest::theCorpusHasFilesOfBothKinds()
 {
     qsizetype accepted = 0;
-    for (const QByteArray& text : m_corpus)
+    for (const QByteArray& text : m_corpus) {
         accepted += testing::checkPayload(text) ? 1 : 0;
+    }
     QVERIFY(accepted >= 2);
     QVERIFY(accepted < m_corpus.size());
 }
@@ -123,8 +127,9 @@ void PayloadMutationTest::mutatedFilesAreAcceptedOrRefusedAndNothingElse()
     int accepted = 0;
     int refused = 0;
     for (int round = 0; round < 2000; ++round) {
-        for (const QByteArray& text : m_corpus)
+        for (const QByteArray& text : m_corpus) {
             ++(testing::checkPayload(mutator.mutated(text)) ? accepted : refused);
+        }
     }
     QVERIFY(accepted > 100);
     QVERIFY(refused > 1000);

@@ -25,8 +25,10 @@ PixelGrid gradientGrid(int count, int base)
         std::vector<SampledColor> row;
         for (int c = 0; c < count; ++c) {
             const int checker = (r + c) % 2 == 0 ? 0 : 24;
-            row.push_back({(base + 60 * c / count) / 255.0, (base + 40 + 60 * r / count) / 255.0,
-                           (base + 110 - 90 * c / count + checker) / 255.0, 1});
+            const int red = base + 60 * c / count;
+            const int green = base + 40 + 60 * r / count;
+            const int blue = base + 110 - 90 * c / count + checker;
+            row.push_back({red / 255.0, green / 255.0, blue / 255.0, 1});
         }
         grid.push_back(row);
     }

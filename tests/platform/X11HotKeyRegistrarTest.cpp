@@ -30,7 +30,8 @@ struct Program
     Program()
     {
         registrar.setHotKeyHandler([this](std::uint32_t id, KeyDirection direction) {
-            reports << QString::number(id) + QLatin1StringView(direction == KeyDirection::Press ? " down" : " up");
+            reports << QString::number(id) +
+                           QLatin1StringView(direction == KeyDirection::Press ? " down" : " up");
         });
     }
 

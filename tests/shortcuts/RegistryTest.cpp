@@ -1,6 +1,6 @@
 #include "shortcuts/Registry.h"
 #include "shortcuts/ShortcutNames.h"
-#include "support/CapturedOutput.h"
+#include "support/OutputOf.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyboardLayout.h"
 
@@ -393,11 +393,12 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         Session session(folder);
         session.registrar.refused[{8, 0xA00}] = -9878;
-        CapturedOutput output;
-        session.declareBoth();
-        session.registry.onKeyUp(activatePicker(), session.calling(QStringLiteral("picker")));
-        session.registry.onKeyUp(openMainWindow(), session.calling(QStringLiteral("panel")));
-        QCOMPARE(output.text(), QByteArray("Error registering hotkey ⌥⇧C: -9878\n"));
+        const auto output = outputOf([&] {
+            session.declareBoth();
+            session.registry.onKeyUp(activatePicker(), session.calling(QStringLiteral("picker")));
+            session.registry.onKeyUp(openMainWindow(), session.calling(QStringLiteral("panel")));
+        });
+        QCOMPARE(output, QByteArray("Error registering hotkey ⌥⇧C: -9878\n"));
         QCOMPARE(session.settings.value(pickerKey).toString(), storedOptionShiftC);
 
         session.registry.setShortcut(commandC, openMainWindow());

@@ -194,9 +194,21 @@ void DesktopConnection::ungrabAll()
     sync();
 }
 
-void DesktopConnection::setEventHandler(xcb_window_t window, EventHandler handler)
+bool DesktopConnection::inputIsFree()
 {
-    m_handlers.insert(window, std::move(handler));
+    xcb_grab_server(m_connection);
+    const bool hasPointer = grabPointer();
+    const bool hasKeyboard = grabKeyboard();
+    xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(m_connection);
+    sync();
+    return hasPointer && hasKeyboard;
+}
+
+void DesktopConnection::setEventHandler(xcb_window_t window, const EventHandler& handler)
+{
+    m_handlers.insert(window, handler);
 }
 
 void DesktopConnection::removeEventHandler(xcb_window_t window)

@@ -73,9 +73,11 @@ public:
     [[nodiscard]] bool grabPointer();
     [[nodiscard]] bool grabKeyboard();
     void ungrabAll();
+    /// Whether nobody holds the pointer or the keyboard; to ask disturbs nobody who is about to.
+    [[nodiscard]] bool inputIsFree();
 
     /// The handler gets the events of the window until it is removed.
-    void setEventHandler(xcb_window_t window, EventHandler handler);
+    void setEventHandler(xcb_window_t window, const EventHandler& handler);
     void removeEventHandler(xcb_window_t window);
     /// Hands out every event the server has sent until now.
     void dispatchEvents();

@@ -7,7 +7,8 @@
 #include <xcb/xkb.h>
 #undef explicit
 
-#include <vector>
+#include <algorithm>
+#include <iterator>
 
 namespace tintwick {
 
@@ -57,10 +58,7 @@ void HandOnKeyboard::chord(std::initializer_list<int> keys)
     for (const int key : keys) {
         press(key);
     }
-    const std::vector<int> pressed(keys);
-    for (auto key = pressed.rbegin(); key != pressed.rend(); ++key) {
-        release(*key);
-    }
+    std::for_each(std::rbegin(keys), std::rend(keys), [this](int key) { release(key); });
 }
 
 std::uint16_t HandOnKeyboard::modifiers()

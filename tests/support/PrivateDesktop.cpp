@@ -1,6 +1,6 @@
 #include "support/PrivateDesktop.h"
 
-#include "support/TestWindow.h"
+#include "support/Pattern.h"
 #include "support/WaitUntil.h"
 
 #include <QDir>
@@ -120,6 +120,7 @@ void PrivateDesktop::startHelpers()
         m_programs.push_back(start(QStringLiteral("picom"), arguments));
         require(waitUntil([this] { return m_connection->selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }),
                 "picom does not come up");
+        require(compositorBlends(), "picom does not blend");
     }
     if (m_options.tray) {
         m_programs.push_back(
@@ -147,6 +148,22 @@ bool PrivateDesktop::windowManagerAnswers()
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        reinterpret_cast<const char*>(&request));
         return m_connection->hasProperty(probe.id(), "_NET_FRAME_EXTENTS");
+    });
+}
+
+// A compositor, too, takes its selection before it listens.
+bool PrivateDesktop::compositorBlends()
+{
+    const QRect place(0, 0, 8, 8);
+    TestWindow ground(*m_connection, {.geometry = place});
+    ground.setColor(Qt::red);
+    ground.show();
+    TestWindow glass(*m_connection, {.geometry = place, .visual = TestWindow::Visual::Translucent});
+    glass.show();
+    return waitUntil([&] {
+        glass.setColor(QColor(0, 0, 255, 128));
+        const QRgb seen = pixel(place.center());
+        return qRed(seen) > 0 && qBlue(seen) > 0;
     });
 }
 
@@ -298,6 +315,33 @@ void PrivateDesktop::typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& 
     pressKey(key);
     releaseKey(key);
     std::for_each(held.rbegin(), held.rend(), [this](xcb_keysym_t modifier) { releaseKey(modifier); });
+}
+
+QImage PrivateDesktop::settledScreenshot(const QRect& part)
+{
+    constexpr int enough = 30;
+    QImage last = m_connection->screenshot(part);
+    int alike = 0;
+    require(waitUntil([&] {
+                QImage next = m_connection->screenshot(part);
+                alike = next == last ? alike + 1 : 0;
+                last = std::move(next);
+                return alike == enough;
+            }),
+            "the screen does not come to rest");
+    return last;
+}
+
+std::unique_ptr<TestWindow> PrivateDesktop::showPicture()
+{
+    auto window = std::make_unique<TestWindow>(*m_connection, TestWindow::Options{.geometry = screen()});
+    window->setPicture(patternImage(screen()));
+    window->lower();
+    window->show();
+    const QPoint corner(m_options.size.width() - 1, m_options.size.height() - 1);
+    require(waitUntil([&] { return pixel(corner) == patternPixel(corner.x(), corner.y()); }),
+            "the picture does not come up");
+    return window;
 }
 
 void PrivateDesktop::setMonitors(const std::vector<Monitor>& monitors)

@@ -2,6 +2,7 @@
 
 #include "support/DesktopConnection.h"
 #include "support/RunningProgram.h"
+#include "support/TestWindow.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -88,7 +89,14 @@ public:
     void typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& held = {});
 
     [[nodiscard]] QImage screenshot() { return m_connection->screenshot(screen()); }
+    /// The screen, or a part of it, once it looks the same many times in a row: window manager and compositor have
+    /// finished.
+    [[nodiscard]] QImage settledScreenshot() { return settledScreenshot(screen()); }
+    [[nodiscard]] QImage settledScreenshot(const QRect& part);
     [[nodiscard]] QRgb pixel(QPoint position) { return m_connection->pixel(position); }
+
+    /// Covers the whole desktop with the test picture, below everything else.
+    [[nodiscard]] std::unique_ptr<TestWindow> showPicture();
 
     /// Cuts the desktop into these monitors. The server's only output belongs to the first, which cannot be
     /// removed.
@@ -100,6 +108,7 @@ private:
     void randr(const QStringList& arguments);
     void startHelpers();
     [[nodiscard]] bool windowManagerAnswers();
+    [[nodiscard]] bool compositorBlends();
     void showArrowOnRoot();
     void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
     [[nodiscard]] xcb_keycode_t keyCode(xcb_keysym_t key);

@@ -12,8 +12,9 @@ namespace tintwick::testing {
 [[nodiscard]] inline std::unique_ptr<QTemporaryDir> quickTemporaryDir()
 {
     const QString memory = QStringLiteral("/dev/shm");
-    if (QFileInfo(memory).isWritable())
+    if (QFileInfo(memory).isWritable()) {
         return std::make_unique<QTemporaryDir>(memory + QStringLiteral("/tintwick-XXXXXX"));
+    }
     return std::make_unique<QTemporaryDir>();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedKeyboardLayout.h"
 #include "support/ScriptedLoupeSurface.h"
 #include "support/ScriptedPickingInput.h"
 #include "support/ScriptedScreenGrabber.h"
@@ -15,6 +17,8 @@ public:
     QStringList journal;
     ScriptedScreenGrabber grabber{journal};
     ScriptedPickingInput input{journal};
+    ScriptedHotKeyRegistrar hotKeys;
+    ScriptedKeyboardLayout layout;
     /// Every frame of every loupe.
     std::vector<ScriptedLoupeSurface::Frame> frames;
 
@@ -22,6 +26,8 @@ public:
     [[nodiscard]] PickingInput& pickingInput() override { return input; }
     /// The first loupe has the id 1, the next one 2, ...
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
 
 private:
     SurfaceId m_loupes = 0;

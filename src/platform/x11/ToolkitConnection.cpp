@@ -32,8 +32,8 @@ public:
     bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override
     {
         const auto* event = static_cast<const xcb_generic_event_t*>(message);
-        if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY
-            && reinterpret_cast<const xcb_property_notify_event_t*>(event)->window == m_window) {
+        if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY &&
+            reinterpret_cast<const xcb_property_notify_event_t*>(event)->window == m_window) {
             m_wasSeen = true;
         }
         return false;
@@ -83,8 +83,8 @@ void Clock::bringUpToDate()
     sync();
     const QDeadlineTimer deadline(patience);
     while (!watch.wasSeen() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
-                                        | QEventLoop::ExcludeSocketNotifiers);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::ExcludeSocketNotifiers);
     }
 }
 

@@ -14,14 +14,9 @@ namespace {
 // A compositor may draw a shadow this far around a window, in pixels.
 constexpr int shadowExtent = 48;
 
-QRegion withShadow(const StackedWindow& window)
-{
-    return window.frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
-}
-
 QRegion visibleArea(const StackedWindow& window)
 {
-    return window.isVisible() ? withShadow(window) : QRegion();
+    return window.isVisible() ? QRegion(withShadow(window.frame)) : QRegion();
 }
 
 QRect outerFrame(int x, int y, int width, int height, int border)
@@ -32,6 +27,12 @@ QRect outerFrame(int x, int y, int width, int height, int border)
 bool isFromClient(xcb_window_t id, const xcb_setup_t& client)
 {
     return (id & ~client.resource_id_mask) == client.resource_id_base;
+}
+
+// The server's own windows are the stage on which a compositor shows what it made of the others, and the screen saver.
+bool isFromServer(xcb_window_t id, const xcb_setup_t& anyClient)
+{
+    return (id & ~anyClient.resource_id_mask) == 0;
 }
 
 template <typename Event>
@@ -69,6 +70,11 @@ const xcb_render_pictforminfo_t* formatOfVisual(xcb_connection_t* c, xcb_visuali
 }
 
 } // namespace
+
+QRect withShadow(const QRect& frame)
+{
+    return frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
+}
 
 WindowStack::WindowStack(XcbConnection& connection)
     : m_connection(connection)
@@ -116,6 +122,10 @@ QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
         }
         // The next change is told again only after this one was taken back.
         xcb_damage_subtract(m_connection.get(), notify.damage, XCB_NONE, XCB_NONE);
+        // Sequence numbers wrap around, so their distance counts.
+        if (static_cast<std::int32_t>(event.full_sequence - m_damageCountsFrom) < 0) {
+            return {};
+        }
         return QRect(notify.geometry.x + notify.area.x, notify.geometry.y + notify.area.y, notify.area.width,
                      notify.area.height);
     }
@@ -228,17 +238,6 @@ QRegion WindowStack::coveredRegion() const
     return covered;
 }
 
-QRegion WindowStack::unmappedRegionOf(const xcb_setup_t& client) const
-{
-    QRegion region;
-    for (const StackedWindow& window : m_windows) {
-        if (!window.isMapped && isFromClient(window.id, client)) {
-            region += withShadow(window);
-        }
-    }
-    return region;
-}
-
 StackedWindow* WindowStack::find(xcb_window_t id)
 {
     const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
@@ -274,11 +273,12 @@ void WindowStack::describe(std::vector<StackedWindow*> windows)
             continue;
         }
         const xcb_render_pictforminfo_t* format = formatOfVisual(c, attributes->visual);
+        const xcb_setup_t& setup = *xcb_get_setup(c);
         window.border = geometry->border_width;
         window.frame = outerFrame(geometry->x, geometry->y, geometry->width, geometry->height, window.border);
         window.isMapped = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-        window.showsNothing = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !format
-            || isFromClient(window.id, *xcb_get_setup(c));
+        window.showsNothing = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !format ||
+                              isFromClient(window.id, setup) || isFromServer(window.id, setup);
         window.format = format ? format->id : XCB_NONE;
         window.hasAlpha = format && format->direct.alpha_mask != 0;
         window.isShaped = shape->bounding_shaped != 0;
@@ -317,6 +317,7 @@ void WindowStack::watch(StackedWindow& window)
     xcb_connection_t* c = m_connection.get();
     window.damage = XcbDamage::withNewId(c);
     xcb_damage_create(c, window.damage.id(), window.id, XCB_DAMAGE_REPORT_LEVEL_BOUNDING_BOX);
+    xcb_damage_subtract(c, window.damage.id(), XCB_NONE, XCB_NONE);
     xcb_shape_select_input(c, window.id, 1);
 }
 
@@ -361,13 +362,15 @@ void WindowStack::loadContent(StackedWindow& window)
     window.pixmap = std::move(pixmap);
     window.picture = XcbPicture::withNewId(c);
     xcb_render_create_picture(c, window.picture.id(), window.pixmap.id(), window.format, 0, nullptr);
+    window.shape = {};
     if (window.isShaped) {
         // The shape counts from the window's origin inside its border, the pixmap from the border's corner.
-        const auto border = static_cast<std::int16_t>(window.border);
+        const auto* rects = xcb_shape_get_rectangles_rectangles(shape.get());
         const int count = xcb_shape_get_rectangles_rectangles_length(shape.get());
-        xcb_render_set_picture_clip_rectangles(c, window.picture.id(), border, border,
-                                               static_cast<std::uint32_t>(count),
-                                               xcb_shape_get_rectangles_rectangles(shape.get()));
+        for (int i = 0; i < count; ++i) {
+            window.shape += QRect(rects[i].x, rects[i].y, rects[i].width, rects[i].height);
+        }
+        window.shape.translate(window.border, window.border);
     }
 }
 

@@ -20,7 +20,8 @@ struct StackedWindow
     QRect frame;
     int border = 0;
     bool isMapped = false;
-    /// True for our own windows and for those that only take input: they have a place in the order and no picture.
+    /// True for our own windows, the server's own and those that only take input: they have a place in the order and
+    /// no picture.
     bool showsNothing = false;
     xcb_render_pictformat_t format = XCB_NONE;
     bool hasAlpha = false;
@@ -32,11 +33,16 @@ struct StackedWindow
     /// The content, once it was needed; none where the server has none.
     XcbPixmap pixmap;
     XcbPicture picture;
+    /// What of the frame a shaped window shows, from the frame's top left corner; known with the content.
+    QRegion shape;
     bool contentIsMissing = false;
 
     [[nodiscard]] bool isVisible() const { return isMapped && !showsNothing; }
     [[nodiscard]] bool isOpaque() const { return !hasAlpha && !isShaped; }
 };
+
+/// The frame with the room around it in which a compositor may draw the window's shadow.
+[[nodiscard]] QRect withShadow(const QRect& frame);
 
 /// The children of the root window from bottom to top, kept up to date by the root's substructure events. What our own
 /// connection shows (the loupe) is never part of a picture.
@@ -49,6 +55,10 @@ public:
     ~WindowStack();
     WindowStack(const WindowStack&) = delete;
     WindowStack& operator=(const WindowStack&) = delete;
+
+    /// What was drawn before the request with this sequence number counts as seen. The server also reports each window
+    /// whole when it begins to be watched.
+    void forgetDamageBefore(std::uint32_t sequence) { m_damageCountsFrom = sequence; }
 
     /// Follows the event; returns the region of the root that may look different now.
     [[nodiscard]] QRegion handleEvent(const xcb_generic_event_t& event);
@@ -64,9 +74,6 @@ public:
     /// Frames of all visible windows.
     [[nodiscard]] QRegion coveredRegion() const;
 
-    /// Where windows of the given client lie that are not mapped: they may just have been closed.
-    [[nodiscard]] QRegion unmappedRegionOf(const xcb_setup_t& client) const;
-
 private:
     [[nodiscard]] StackedWindow* find(xcb_window_t id);
     void describe(std::vector<StackedWindow*> windows);
@@ -81,6 +88,7 @@ private:
     XcbConnection& m_connection;
     std::uint8_t m_damageEvent = 0;
     std::uint8_t m_shapeEvent = 0;
+    std::uint32_t m_damageCountsFrom = 0;
     std::vector<StackedWindow> m_windows;
 };
 

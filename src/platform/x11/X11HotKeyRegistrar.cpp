@@ -32,13 +32,16 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(XcbConnection& connection)
     : m_connection(connection)
     , m_xkbEvent(listenForXkbEvents(connection))
 {
-    // A held key is then press, press, press, release, instead of a release before each repeated press.
-    constexpr std::uint32_t detectable = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-    xcb_discard_reply(connection.get(), xcb_xkb_per_client_flags(connection.get(), XCB_XKB_ID_USE_CORE_KBD,
-                                                                 detectable, detectable, 0, 0, 0)
-                                            .sequence);
+    if (m_xkbEvent != 0) {
+        // A held key is then press, press, press, release, instead of a release before each repeated press.
+        constexpr std::uint32_t detectable = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+        const auto request = xcb_xkb_per_client_flags(connection.get(), XCB_XKB_ID_USE_CORE_KBD, detectable,
+                                                      detectable, 0, 0, 0);
+        xcb_discard_reply(connection.get(), request.sequence);
+    }
+    const auto* const input = xcb_get_extension_data(connection.get(), &xcb_input_id);
+    m_hasInputExtension = input && input->present != 0;
     m_bits = readModifierBits().value_or(ModifierBits{});
-    m_subscription = connection.subscribe(*this);
 }
 
 X11HotKeyRegistrar::~X11HotKeyRegistrar()
@@ -59,6 +62,9 @@ HotKeyRegistrar::Registration X11HotKeyRegistrar::registerHotKey(int keyCode, in
     }
     if (!isHeld(*grab) && !take(*grab)) {
         return {statusTaken, std::nullopt};
+    }
+    if (!m_subscription) {
+        m_subscription = m_connection.subscribe(*this);
     }
     m_hotKeys.emplace(++m_lastHandle, HotKey{keyCode, modifiers, id, grab, std::nullopt});
     return {statusSuccess, m_lastHandle};
@@ -415,6 +421,9 @@ void X11HotKeyRegistrar::giveBack(const KeyGrab& grab) const
 // Some desktops hold their own shortcuts as grabs of the input extension, which core grabs do not collide with.
 bool X11HotKeyRegistrar::isHeldThroughInputExtension(const KeyGrab& grab) const
 {
+    if (!m_hasInputExtension) {
+        return false;
+    }
     auto* const c = m_connection.get();
     std::vector<std::uint32_t> modifiers;
     for (const auto locks : lockCombinations()) {

@@ -98,7 +98,9 @@ private:
     [[nodiscard]] bool isHeldThroughInputExtension(const KeyGrab& grab) const;
 
     XcbConnection& m_connection;
+    /// 0 when the server has no XKB.
     std::uint8_t m_xkbEvent = 0;
+    bool m_hasInputExtension = false;
     bool m_keymapIsOutdated = false;
     ModifierBits m_bits;
     std::map<Handle, HotKey> m_hotKeys;
@@ -108,7 +110,8 @@ private:
     /// Keys whose press the raw handler took.
     std::map<xcb_keycode_t, RawPress> m_rawPressed;
     std::optional<std::pair<xcb_keycode_t, xcb_timestamp_t>> m_lastRawRelease;
-    XcbConnection::Subscription m_subscription;
+    /// From the first registration on.
+    std::optional<XcbConnection::Subscription> m_subscription;
 };
 
 } // namespace tintwick

@@ -36,6 +36,14 @@ bool isAsciiCapable(xkb_keymap* keymap, xkb_layout_index_t group)
     return letters.count() > letters.size() / 2;
 }
 
+std::uint32_t readCurrentGroup(const XcbConnection& connection)
+{
+    auto* const c = connection.get();
+    const XcbReply<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(c, xcb_xkb_get_state(c, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    return state ? state->lockedGroup : 0;
+}
+
 } // namespace
 
 void X11KeyboardLayout::Unref::operator()(xkb_context* context) const
@@ -50,11 +58,10 @@ void X11KeyboardLayout::Unref::operator()(xkb_keymap* keymap) const
 
 X11KeyboardLayout::X11KeyboardLayout(XcbConnection& connection)
     : m_connection(connection)
-    , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS))
+    , m_context(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES))
     , m_xkbEvent(listenForXkbEvents(connection))
+    , m_currentGroup(m_xkbEvent != 0 ? readCurrentGroup(connection) : 0)
 {
-    load();
-    m_subscription = connection.subscribe(*this);
 }
 
 X11KeyboardLayout::~X11KeyboardLayout() = default;
@@ -68,7 +75,7 @@ std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
     }
     constexpr int keycodeOffset = 8;
     const char32_t character =
-        characterOf(m_keymap.get(), static_cast<xkb_keycode_t>(*evdev + keycodeOffset), *group);
+        characterOf(keymap(), static_cast<xkb_keycode_t>(*evdev + keycodeOffset), *group);
     // Return, Tab and the like have a character too, but none that could be shown.
     if (character == 0 || !QChar::isPrint(character)) {
         return std::nullopt;
@@ -78,19 +85,35 @@ std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
 
 void X11KeyboardLayout::setLayoutChangedHandler(LayoutChanged handler)
 {
+    if (!m_subscription) {
+        m_subscription = m_connection.subscribe(*this);
+    }
     m_layoutChanged = std::move(handler);
+}
+
+xkb_keymap* X11KeyboardLayout::keymap() const
+{
+    // A request of an extension that the server lacks would cost us the connection.
+    if (m_xkbEvent != 0 && std::exchange(m_keymapIsOutdated, false)) {
+        const auto device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
+        m_keymap.reset(device < 0 ? nullptr
+                                  : xkb_x11_keymap_new_from_device(m_context.get(), m_connection.get(),
+                                                                   device, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    }
+    return m_keymap.get();
 }
 
 std::optional<std::uint32_t> X11KeyboardLayout::asciiCapableGroup() const
 {
-    if (!m_keymap) {
+    auto* const keys = keymap();
+    if (!keys) {
         return std::nullopt;
     }
-    if (isAsciiCapable(m_keymap.get(), m_currentGroup)) {
+    if (isAsciiCapable(keys, m_currentGroup)) {
         return m_currentGroup;
     }
-    for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(m_keymap.get()); ++group) {
-        if (isAsciiCapable(m_keymap.get(), group)) {
+    for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(keys); ++group) {
+        if (isAsciiCapable(keys, group)) {
             return group;
         }
     }
@@ -103,6 +126,7 @@ void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
     case XCB_XKB_NEW_KEYBOARD_NOTIFY:
     case XCB_XKB_MAP_NOTIFY:
         m_keymapIsOutdated = true;
+        m_changeIsUntold = true;
         break;
     case XCB_XKB_STATE_NOTIFY: {
         const auto group = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event).lockedGroup;
@@ -117,33 +141,14 @@ void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
-// One new layout is many events; they are answered once.
+// One new layout is many events; they are told once.
 void X11KeyboardLayout::eventsDrained()
 {
-    if (m_keymapIsOutdated) {
-        m_keymapIsOutdated = false;
-        load();
-        m_changeIsUntold = true;
-    }
     if (std::exchange(m_changeIsUntold, false)) {
+        m_currentGroup = readCurrentGroup(m_connection);
         if (const auto handler = m_layoutChanged) {
             handler();
         }
-    }
-}
-
-void X11KeyboardLayout::load()
-{
-    const auto device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
-    if (!m_context || device < 0) {
-        return;
-    }
-    m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.get(), device,
-                                                  XKB_KEYMAP_COMPILE_NO_FLAGS));
-    const XcbReply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
-        m_connection.get(), xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
-    if (state) {
-        m_currentGroup = state->lockedGroup;
     }
 }
 

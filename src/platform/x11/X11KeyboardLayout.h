@@ -14,7 +14,7 @@ namespace tintwick {
 class X11KeyboardLayout final : public KeyboardLayout, private XcbConnection::Sink
 {
 public:
-    /// The connection must outlive this object.
+    /// The connection must outlive this object. New keymaps are heard of once setLayoutChangedHandler() was called.
     explicit X11KeyboardLayout(XcbConnection& connection);
     ~X11KeyboardLayout();
 
@@ -31,20 +31,23 @@ private:
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsDrained() override;
 
+    /// As the server has it now; nullptr when it has none.
+    [[nodiscard]] xkb_keymap* keymap() const;
     /// The layout that the user types with when it has Latin letters, otherwise the first one that does, as a program's
     /// shortcuts are read on a Cyrillic or Greek keyboard; none when there is no such layout.
     [[nodiscard]] std::optional<std::uint32_t> asciiCapableGroup() const;
-    void load();
 
     XcbConnection& m_connection;
     std::unique_ptr<xkb_context, Unref> m_context;
-    std::unique_ptr<xkb_keymap, Unref> m_keymap;
-    std::uint32_t m_currentGroup = 0;
+    /// 0 when the server has no XKB.
     std::uint8_t m_xkbEvent = 0;
-    bool m_keymapIsOutdated = false;
+    // Fetched when asked for: most of the time nobody wants to know.
+    mutable std::unique_ptr<xkb_keymap, Unref> m_keymap;
+    mutable bool m_keymapIsOutdated = true;
+    std::uint32_t m_currentGroup = 0;
     bool m_changeIsUntold = false;
     LayoutChanged m_layoutChanged;
-    XcbConnection::Subscription m_subscription;
+    std::optional<XcbConnection::Subscription> m_subscription;
 };
 
 } // namespace tintwick

@@ -24,7 +24,8 @@ xcb_visualid_t translucentVisual(const xcb_screen_t& screen)
         if (depth.data->depth != 32) {
             continue;
         }
-        for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem > 0; xcb_visualtype_next(&visual)) {
+        for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem > 0;
+             xcb_visualtype_next(&visual)) {
             if (visual.data->_class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.data->red_mask == 0xff0000) {
                 return visual.data->visual_id;
             }
@@ -104,11 +105,11 @@ void X11LoupeSurface::createWindow()
     m_colormap = XcbColormap::withNewId(c);
     xcb_create_colormap(c, XCB_COLORMAP_ALLOC_NONE, m_colormap.id(), m_connection.root(), visual);
     m_window = XcbWindow::withNewId(c);
-    const std::array<std::uint32_t, 4> values{0 /* border pixel */, 1 /* override redirect */, XCB_EVENT_MASK_NO_EVENT,
-                                              m_colormap.id()};
+    const std::array<std::uint32_t, 4> values{0 /* border pixel */, 1 /* override redirect */,
+                                              XCB_EVENT_MASK_NO_EVENT, m_colormap.id()};
     m_size = {1, 1};
-    xcb_create_window(c, isTranslucent ? 32 : m_connection.screen().root_depth, m_window.id(), m_connection.root(), 0,
-                      0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
+    xcb_create_window(c, isTranslucent ? 32 : m_connection.screen().root_depth, m_window.id(),
+                      m_connection.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
                       XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
                       values.data());
     m_gc = XcbGraphicsContext::withNewId(c);
@@ -125,8 +126,8 @@ void X11LoupeSurface::createWindow()
     const xcb_atom_t type = m_connection.atom("_NET_WM_WINDOW_TYPE_DND");
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), m_connection.atom("_NET_WM_WINDOW_TYPE"),
                         XCB_ATOM_ATOM, 32, 1, &type);
-    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(), 0, 0, 0,
-                         nullptr);
+    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(),
+                         0, 0, 0, nullptr);
 }
 
 void X11LoupeSurface::setSize(const QSize& size)
@@ -134,8 +135,8 @@ void X11LoupeSurface::setSize(const QSize& size)
     m_size = size;
     const std::array<std::uint32_t, 2> values{static_cast<std::uint32_t>(size.width()),
                                               static_cast<std::uint32_t>(size.height())};
-    xcb_configure_window(m_connection.get(), m_window.id(), XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                         values.data());
+    xcb_configure_window(m_connection.get(), m_window.id(),
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
 }
 
 void X11LoupeSurface::cutToOutline(const QImage& picture)
@@ -161,8 +162,9 @@ void X11LoupeSurface::cutToOutline(const QImage& picture)
             }
         }
     }
-    xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED,
-                         m_window.id(), 0, 0, static_cast<std::uint32_t>(runs.size()), runs.data());
+    xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_YX_BANDED, m_window.id(), 0, 0,
+                         static_cast<std::uint32_t>(runs.size()), runs.data());
 }
 
 void X11LoupeSurface::upload(const QImage& picture)
@@ -176,9 +178,10 @@ void X11LoupeSurface::upload(const QImage& picture)
     const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
     for (int y = 0; y < source.height(); y += rowsPerRequest) {
         const int rows = std::min(rowsPerRequest, source.height() - y);
-        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_window.id(), m_gc.id(), static_cast<std::uint16_t>(source.width()),
-                      static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(y), 0, 32,
-                      rowBytes * static_cast<std::uint32_t>(rows), source.constScanLine(y));
+        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_window.id(), m_gc.id(),
+                      static_cast<std::uint16_t>(source.width()), static_cast<std::uint16_t>(rows), 0,
+                      static_cast<std::int16_t>(y), 0, 32, rowBytes * static_cast<std::uint32_t>(rows),
+                      source.constScanLine(y));
     }
 }
 

@@ -16,8 +16,9 @@ namespace {
 constexpr int grabAttempts = 30;
 constexpr timespec pauseBetweenAttempts{0, 5'000'000};
 
-constexpr std::uint32_t pointerEvents = XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS
-    | XCB_INPUT_XI_EVENT_MASK_BUTTON_RELEASE | XCB_INPUT_XI_EVENT_MASK_DEVICE_CHANGED;
+constexpr std::uint32_t pointerEvents =
+    XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS |
+    XCB_INPUT_XI_EVENT_MASK_BUTTON_RELEASE | XCB_INPUT_XI_EVENT_MASK_DEVICE_CHANGED;
 constexpr std::uint32_t keyboardEvents =
     XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
 
@@ -264,8 +265,8 @@ void X11PickingInput::deliverPendingMove()
 bool X11PickingInput::findDevices()
 {
     xcb_connection_t* c = m_connection.get();
-    const XcbReply<xcb_input_xi_get_client_pointer_reply_t> client(xcb_input_xi_get_client_pointer_reply(
-        c, xcb_input_xi_get_client_pointer(c, XCB_NONE), nullptr));
+    const XcbReply<xcb_input_xi_get_client_pointer_reply_t> client(
+        xcb_input_xi_get_client_pointer_reply(c, xcb_input_xi_get_client_pointer(c, XCB_NONE), nullptr));
     if (!client || client->set == 0) {
         return false;
     }
@@ -318,10 +319,11 @@ bool X11PickingInput::scrollsInPoints(xcb_input_device_id_t device)
 bool X11PickingInput::grab(xcb_input_device_id_t device, xcb_cursor_t cursor, std::uint32_t events) const
 {
     xcb_connection_t* c = m_connection.get();
-    const auto cookie =
-        xcb_input_xi_grab_device(c, m_connection.root(), XCB_CURRENT_TIME, cursor, device, XCB_GRAB_MODE_ASYNC,
-                                 XCB_GRAB_MODE_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &events);
-    const XcbReply<xcb_input_xi_grab_device_reply_t> reply(xcb_input_xi_grab_device_reply(c, cookie, nullptr));
+    const auto cookie = xcb_input_xi_grab_device(c, m_connection.root(), XCB_CURRENT_TIME, cursor, device,
+                                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
+                                                 XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &events);
+    const XcbReply<xcb_input_xi_grab_device_reply_t> reply(
+        xcb_input_xi_grab_device_reply(c, cookie, nullptr));
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 

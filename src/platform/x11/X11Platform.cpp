@@ -20,7 +20,8 @@ bool isInsideWayland(const XcbConnection& connection)
     xcb_connection_t* c = connection.get();
     constexpr std::string_view extensionName = "XWAYLAND";
     const XcbReply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
-        c, xcb_query_extension(c, static_cast<std::uint16_t>(extensionName.size()), extensionName.data()), nullptr));
+        c, xcb_query_extension(c, static_cast<std::uint16_t>(extensionName.size()), extensionName.data()),
+        nullptr));
     if (extension && extension->present != 0) {
         return true;
     }
@@ -42,8 +43,9 @@ bool isInsideWayland(const XcbConnection& connection)
         if (!info) {
             return false;
         }
-        const std::string_view name(reinterpret_cast<const char*>(xcb_randr_get_output_info_name(info.get())),
-                                    static_cast<std::size_t>(xcb_randr_get_output_info_name_length(info.get())));
+        const std::string_view name(
+            reinterpret_cast<const char*>(xcb_randr_get_output_info_name(info.get())),
+            static_cast<std::size_t>(xcb_randr_get_output_info_name_length(info.get())));
         return name.starts_with(extensionName);
     });
 }
@@ -66,9 +68,11 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
     if (!connection) {
         const QString display = qEnvironmentVariable("DISPLAY");
-        whyNot = display.isEmpty()
-            ? u"Tintwick needs a desktop to pick colours from: DISPLAY is not set."_s
-            : u"Tintwick needs a desktop to pick colours from: the X server \"%1\" does not answer."_s.arg(display);
+        whyNot =
+            display.isEmpty()
+                ? u"Tintwick needs a desktop to pick colours from: DISPLAY is not set."_s
+                : u"Tintwick needs a desktop to pick colours from: the X server \"%1\" does not answer."_s
+                      .arg(display);
         return nullptr;
     }
     if (isInsideWayland(*connection)) {
@@ -80,14 +84,28 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
 
 X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
     : m_connection(std::move(connection))
-    , m_screenGrabber(*m_connection)
     , m_pickingInput(*m_connection)
 {
 }
 
+X11ScreenGrabber& X11Platform::x11ScreenGrabber()
+{
+    return m_screenGrabber ? *m_screenGrabber : m_screenGrabber.emplace(*m_connection);
+}
+
 std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
 {
-    return std::make_unique<X11LoupeSurface>(*m_connection, m_screenGrabber);
+    return std::make_unique<X11LoupeSurface>(*m_connection, x11ScreenGrabber());
+}
+
+HotKeyRegistrar& X11Platform::hotKeyRegistrar()
+{
+    return m_hotKeyRegistrar ? *m_hotKeyRegistrar : m_hotKeyRegistrar.emplace(*m_connection);
+}
+
+KeyboardLayout& X11Platform::keyboardLayout()
+{
+    return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection);
 }
 
 } // namespace tintwick

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PickingInput.h"
 #include "platform/x11/X11ScreenGrabber.h"
 #include "platform/x11/XcbConnection.h"
+
+#include <memory>
+#include <optional>
 
 namespace tintwick {
 
@@ -15,14 +20,21 @@ public:
 
     explicit X11Platform(std::unique_ptr<XcbConnection> connection);
 
-    [[nodiscard]] ScreenGrabber& screenGrabber() override { return m_screenGrabber; }
+    [[nodiscard]] ScreenGrabber& screenGrabber() override { return x11ScreenGrabber(); }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
 private:
+    [[nodiscard]] X11ScreenGrabber& x11ScreenGrabber();
+
     std::unique_ptr<XcbConnection> m_connection;
-    X11ScreenGrabber m_screenGrabber;
     X11PickingInput m_pickingInput;
+    // Made when first asked for, because they need the application object.
+    std::optional<X11ScreenGrabber> m_screenGrabber;
+    std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
+    std::optional<X11KeyboardLayout> m_keyboardLayout;
 };
 
 } // namespace tintwick

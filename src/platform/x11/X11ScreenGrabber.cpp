@@ -71,14 +71,15 @@ xcb_render_pictformat_t formatOfDepth(xcb_connection_t* c, std::uint8_t depth)
 
 X11ScreenGrabber::X11ScreenGrabber(XcbConnection& connection)
     : m_connection(connection)
+    , m_closedWindows(connection)
 {
     xcb_connection_t* c = m_connection.get();
-    for (xcb_extension_t* extension : {&xcb_composite_id, &xcb_damage_id, &xcb_randr_id, &xcb_xfixes_id,
-                                       &xcb_shape_id, &xcb_render_id}) {
+    for (xcb_extension_t* extension :
+         {&xcb_composite_id, &xcb_damage_id, &xcb_randr_id, &xcb_xfixes_id, &xcb_shape_id, &xcb_render_id}) {
         xcb_prefetch_extension_data(c, extension);
     }
-    m_hasComposite = isPresent(c, xcb_composite_id) && isPresent(c, xcb_damage_id)
-        && isPresent(c, xcb_shape_id) && isPresent(c, xcb_xfixes_id);
+    m_hasComposite = isPresent(c, xcb_composite_id) && isPresent(c, xcb_damage_id) &&
+                     isPresent(c, xcb_shape_id) && isPresent(c, xcb_xfixes_id);
     m_randrEvent = firstEvent(c, xcb_randr_id);
     m_xfixesEvent = firstEvent(c, xcb_xfixes_id);
     // Each of these extensions answers only those who asked for its version.
@@ -108,6 +109,9 @@ std::vector<Screen> X11ScreenGrabber::screens() const
     return m_session ? m_session->screens : queryScreens(m_connection);
 }
 
+// Not left to the compiler: clang uses the defaults of a nested class only after the outer one is complete.
+X11ScreenGrabber::Session::Session() = default;
+
 void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
 {
     endSession();
@@ -126,15 +130,15 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
     xcb_change_window_attributes(c, m_connection.root(), XCB_CW_EVENT_MASK, &rootEvents);
     if (m_randrEvent != 0) {
         xcb_randr_select_input(c, m_connection.root(),
-                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE
-                                   | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
+                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
+                                   XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
     }
     if (m_hasComposite) {
         xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection,
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
-                                              | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
-                                              | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-        // Watched before the copy is made: what is drawn in between counts as changed and is composed.
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+        // Watched before the copy is made, so that nothing drawn after it is missed.
         session.windows.emplace(m_connection);
         session.bareRegion = session.screenRegion - session.windows->coveredRegion();
     }
@@ -153,19 +157,22 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
                       static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));
     const auto gc = XcbGraphicsContext::withNewId(c);
     const std::uint32_t gcValues[] = {XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS, 0};
-    xcb_create_gc(c, gc.id(), m_connection.root(), XCB_GC_SUBWINDOW_MODE | XCB_GC_GRAPHICS_EXPOSURES, gcValues);
-    xcb_copy_area(c, m_connection.root(), session.frozenPixmap.id(), gc.id(), 0, 0, 0, 0,
-                  static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));
-    const xcb_render_pictvisual_t* visual =
-        xcb_render_util_find_visual_format(xcb_render_util_query_formats(c), m_connection.screen().root_visual);
+    xcb_create_gc(c, gc.id(), m_connection.root(), XCB_GC_SUBWINDOW_MODE | XCB_GC_GRAPHICS_EXPOSURES,
+                  gcValues);
+    const xcb_void_cookie_t copied =
+        xcb_copy_area(c, m_connection.root(), session.frozenPixmap.id(), gc.id(), 0, 0, 0, 0,
+                      static_cast<std::uint16_t>(size.width()), static_cast<std::uint16_t>(size.height()));
+    if (session.windows) {
+        session.windows->forgetDamageBefore(copied.sequence);
+    }
+    const xcb_render_pictvisual_t* visual = xcb_render_util_find_visual_format(
+        xcb_render_util_query_formats(c), m_connection.screen().root_visual);
     session.frozenScreen = XcbPicture::withNewId(c);
-    xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), visual->format, 0, nullptr);
+    xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), visual->format, 0,
+                              nullptr);
 
-    // A compositor may show a closed menu of ours for another frame or fade it out, so the copy may hold it.
-    if (session.isComposited && session.windows) {
-        if (xcb_connection_t* toolkitConnection = toolkit::connection()) {
-            session.changed = session.windows->unmappedRegionOf(*xcb_get_setup(toolkitConnection));
-        }
+    if (session.isComposited) {
+        session.changed = m_closedWindows.region();
     }
 }
 
@@ -234,9 +241,9 @@ std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, Surfa
         fillCanvas(createRootPicture().id(), pixels, origin);
     }
 
-    const auto cookie =
-        xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_canvasPixmap.id(), 0, 0,
-                      static_cast<std::uint16_t>(pixels.width()), static_cast<std::uint16_t>(pixels.height()), ~0U);
+    const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_canvasPixmap.id(), 0, 0,
+                                      static_cast<std::uint16_t>(pixels.width()),
+                                      static_cast<std::uint16_t>(pixels.height()), ~0U);
     const XcbReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(c, cookie, nullptr));
     if (!reply) {
         return std::nullopt;
@@ -262,10 +269,11 @@ std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, Surfa
 void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
 {
     const int type = event.response_type & 0x7f;
-    const bool isRandr = m_randrEvent != 0
-        && (type == m_randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == m_randrEvent + XCB_RANDR_NOTIFY);
-    const bool isRootConfigure = type == XCB_CONFIGURE_NOTIFY
-        && reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == m_connection.root();
+    const bool isRandr = m_randrEvent != 0 && (type == m_randrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
+                                               type == m_randrEvent + XCB_RANDR_NOTIFY);
+    const bool isRootConfigure =
+        type == XCB_CONFIGURE_NOTIFY &&
+        reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == m_connection.root();
     if (isRandr || isRootConfigure) {
         const std::vector<Screen> before = m_session->screens;
         readScreens();
@@ -282,8 +290,8 @@ void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
         markChanged(m_session->screenRegion);
         return;
     }
-    if (type == XCB_PROPERTY_NOTIFY
-        && reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_wallpaperProperty) {
+    if (type == XCB_PROPERTY_NOTIFY &&
+        reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_wallpaperProperty) {
         m_session->background = {};
         markChanged(m_session->screenRegion);
         return;
@@ -327,6 +335,9 @@ void X11ScreenGrabber::drawLive(const QRegion& region, const QPoint& origin)
     }
     fillCanvas(m_session->background.id(), area, origin);
     for (const StackedWindow* window : m_session->windows->contentsIn(area)) {
+        if (window->isShaped) {
+            clipCanvas(region & window->shape.translated(window->frame.topLeft()), origin);
+        }
         const QRect part = area & window->frame;
         const bool blends = window->hasAlpha && m_session->isComposited;
         xcb_render_composite(m_connection.get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC,
@@ -337,6 +348,9 @@ void X11ScreenGrabber::drawLive(const QRegion& region, const QPoint& origin)
                              static_cast<std::int16_t>(part.y() - origin.y()),
                              static_cast<std::uint16_t>(part.width()),
                              static_cast<std::uint16_t>(part.height()));
+        if (window->isShaped) {
+            clipCanvas(region, origin);
+        }
     }
 }
 
@@ -366,15 +380,14 @@ void X11ScreenGrabber::makeBackground()
     xcb_create_pixmap(c, 32, session.backgroundPixmap.id(), m_connection.root(), 1, 1);
     xcb_render_create_picture(c, session.background.id(), session.backgroundPixmap.id(), formatOfDepth(c, 32),
                               XCB_RENDER_CP_REPEAT, &repeat);
-    const auto largest =
-        std::max_element(session.bareRegion.begin(), session.bareRegion.end(), [](const QRect& a, const QRect& b) {
-            return a.width() * a.height() < b.width() * b.height();
-        });
+    const auto* const largest = std::max_element(
+        session.bareRegion.begin(), session.bareRegion.end(),
+        [](const QRect& a, const QRect& b) { return a.width() * a.height() < b.width() * b.height(); });
     if (largest != session.bareRegion.end() && session.frozenScreen) {
         const QPoint spot = largest->center();
-        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, session.frozenScreen.id(), XCB_NONE, session.background.id(),
-                             static_cast<std::int16_t>(spot.x()), static_cast<std::int16_t>(spot.y()), 0, 0, 0, 0,
-                             1, 1);
+        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, session.frozenScreen.id(), XCB_NONE,
+                             session.background.id(), static_cast<std::int16_t>(spot.x()),
+                             static_cast<std::int16_t>(spot.y()), 0, 0, 0, 0, 1, 1);
     } else {
         const xcb_rectangle_t pixel{0, 0, 1, 1};
         xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, session.background.id(), black, 1, &pixel);
@@ -384,12 +397,12 @@ void X11ScreenGrabber::makeBackground()
 XcbPicture X11ScreenGrabber::createRootPicture() const
 {
     xcb_connection_t* c = m_connection.get();
-    const xcb_render_pictvisual_t* visual =
-        xcb_render_util_find_visual_format(xcb_render_util_query_formats(c), m_connection.screen().root_visual);
+    const xcb_render_pictvisual_t* visual = xcb_render_util_find_visual_format(
+        xcb_render_util_query_formats(c), m_connection.screen().root_visual);
     XcbPicture picture = XcbPicture::withNewId(c);
     const std::uint32_t includeInferiors = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
-    xcb_render_create_picture(c, picture.id(), m_connection.root(), visual->format, XCB_RENDER_CP_SUBWINDOW_MODE,
-                              &includeInferiors);
+    xcb_render_create_picture(c, picture.id(), m_connection.root(), visual->format,
+                              XCB_RENDER_CP_SUBWINDOW_MODE, &includeInferiors);
     return picture;
 }
 
@@ -408,7 +421,8 @@ bool X11ScreenGrabber::ensureCanvas(int width, int height)
     m_canvasSize = wanted;
     m_canvas = {};
     m_canvasPixmap = XcbPixmap::withNewId(c);
-    xcb_create_pixmap(c, 32, m_canvasPixmap.id(), m_connection.root(), static_cast<std::uint16_t>(wanted.width()),
+    xcb_create_pixmap(c, 32, m_canvasPixmap.id(), m_connection.root(),
+                      static_cast<std::uint16_t>(wanted.width()),
                       static_cast<std::uint16_t>(wanted.height()));
     m_canvas = XcbPicture::withNewId(c);
     xcb_render_create_picture(c, m_canvas.id(), m_canvasPixmap.id(), formatOfDepth(c, 32), 0, nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ScreenGrabber.h"
+#include "platform/x11/ClosedWindows.h"
 #include "platform/x11/WindowStack.h"
 #include "platform/x11/XcbConnection.h"
 #include "platform/x11/XcbHandle.h"
@@ -21,6 +22,7 @@ namespace tintwick {
 class X11ScreenGrabber final : public ScreenGrabber, private XcbConnection::Sink
 {
 public:
+    /// The application object must exist; the connection must outlive this object.
     explicit X11ScreenGrabber(XcbConnection& connection);
     ~X11ScreenGrabber();
 
@@ -38,6 +40,8 @@ private:
     /// What a session keeps on the server.
     struct Session
     {
+        Session();
+
         ContentChanged contentChanged;
         std::vector<Screen> screens;
         QRegion screenRegion;
@@ -66,6 +70,7 @@ private:
     void clipCanvas(const QRegion& region, const QPoint& origin);
 
     XcbConnection& m_connection;
+    ClosedWindows m_closedWindows;
     bool m_hasComposite = false;
     std::uint8_t m_randrEvent = 0;
     std::uint8_t m_xfixesEvent = 0;

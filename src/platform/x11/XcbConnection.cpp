@@ -70,7 +70,8 @@ void XcbConnection::listen()
     if (m_notifier) {
         return;
     }
-    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::drain);
     // Waiting for a reply can read events into the queue, and then the socket stays silent about them.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,

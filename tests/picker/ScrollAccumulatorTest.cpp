@@ -6,7 +6,7 @@
 
 using namespace tintwick;
 
-class TestScrollAccumulator final : public QObject
+class ScrollAccumulatorTest final : public QObject
 {
     Q_OBJECT
 
@@ -64,5 +64,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestScrollAccumulator)
-#include "TestScrollAccumulator.moc"
+QTEST_GUILESS_MAIN(ScrollAccumulatorTest)
+#include "ScrollAccumulatorTest.moc"

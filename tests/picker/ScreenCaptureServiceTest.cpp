@@ -33,7 +33,7 @@ bool isNear(const SampledColor& left, const SampledColor& right)
 
 } // namespace
 
-class TestScreenCaptureService final : public QObject
+class ScreenCaptureServiceTest final : public QObject
 {
     Q_OBJECT
 
@@ -339,5 +339,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestScreenCaptureService)
-#include "TestScreenCaptureService.moc"
+QTEST_GUILESS_MAIN(ScreenCaptureServiceTest)
+#include "ScreenCaptureServiceTest.moc"

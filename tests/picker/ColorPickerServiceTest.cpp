@@ -52,7 +52,7 @@ struct Desk
 
 } // namespace
 
-class TestColorPickerService final : public QObject
+class ColorPickerServiceTest final : public QObject
 {
     Q_OBJECT
 
@@ -666,5 +666,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestColorPickerService)
-#include "TestColorPickerService.moc"
+QTEST_MAIN(ColorPickerServiceTest)
+#include "ColorPickerServiceTest.moc"

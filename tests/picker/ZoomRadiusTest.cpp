@@ -4,7 +4,7 @@
 
 using namespace tintwick;
 
-class TestZoomRadius final : public QObject
+class ZoomRadiusTest final : public QObject
 {
     Q_OBJECT
 
@@ -55,5 +55,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestZoomRadius)
-#include "TestZoomRadius.moc"
+QTEST_GUILESS_MAIN(ZoomRadiusTest)
+#include "ZoomRadiusTest.moc"

@@ -1,0 +1,383 @@
+// What only a whole desktop shows: how soon the user sees something, and what the program costs while it waits. Each
+// figure stands beside a floor or a peer measured in the same minute on the same machine.
+//
+// usage: tintwick_bench_desktop [--idle-seconds N]
+
+#include "desktop/TintwickProcess.h"
+#include "support/Pattern.h"
+#include "support/PrivateDesktop.h"
+#include "support/TestWindow.h"
+#include "support/WaitUntil.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QSysInfo>
+
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <numeric>
+#include <stdexcept>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+using namespace tintwick;
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+void require(bool condition, const char* whatWentWrong)
+{
+    if (!condition) {
+        throw std::runtime_error(whatWentWrong);
+    }
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+void print(const char* what, double figure, const char* unit, const char* besideWhat, double beside)
+{
+    std::printf("%-58s %9.3f %-3s  %s %.3f %s, ratio %.2f\n", what, figure, unit, besideWhat, beside, unit,
+                figure / beside);
+    std::fflush(stdout);
+}
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What stands behind `key:` in the file; empty when nothing does.
+QByteArray valueOf(const QString& path, const QByteArray& key)
+{
+    for (const QByteArray& line : contents(path).split('\n')) {
+        const qsizetype colon = line.indexOf(':');
+        if (colon > 0 && line.first(colon).trimmed() == key) {
+            return line.mid(colon + 1).trimmed();
+        }
+    }
+    return {};
+}
+
+double numberOf(const QString& path, const QByteArray& key)
+{
+    return valueOf(path, key).split(' ').first().toDouble();
+}
+
+/// The number that `figure` reads from the folder of each of the process's threads.
+using ThreadFigures = QHash<QString, double>;
+
+ThreadFigures ofThreads(qint64 process, const std::function<double(const QString& folder)>& figure)
+{
+    const QDir tasks(QStringLiteral("/proc/%1/task").arg(process));
+    ThreadFigures figures;
+    for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        figures.insert(task, figure(tasks.filePath(task)));
+    }
+    return figures;
+}
+
+/// Processor time in ms, at the scheduler's own precision: the ticks of `stat` are far too coarse.
+double processorTime(qint64 process)
+{
+    const ThreadFigures times = ofThreads(process, [](const QString& folder) {
+        constexpr double nanosecondsPerMillisecond = 1e6;
+        return contents(folder + QStringLiteral("/schedstat")).split(' ').value(0).toDouble() /
+               nanosecondsPerMillisecond;
+    });
+    return std::accumulate(times.begin(), times.end(), 0.0);
+}
+
+/// How often each thread was woken: every wake-up ends with waiting of its own accord once more.
+ThreadFigures wakeUps(qint64 process)
+{
+    return ofThreads(process, [](const QString& folder) {
+        return numberOf(folder + QStringLiteral("/status"), "voluntary_ctxt_switches");
+    });
+}
+
+double wakeUpsBetween(const ThreadFigures& before, const ThreadFigures& after)
+{
+    double sum = 0;
+    for (auto thread = after.begin(); thread != after.end(); ++thread) {
+        sum += thread.value() - before.value(thread.key());
+    }
+    // A thread that has ended was woken to do so.
+    for (auto thread = before.begin(); thread != before.end(); ++thread) {
+        sum += after.contains(thread.key()) ? 0 : 1;
+    }
+    return sum;
+}
+
+/// Returns when the program has finished what it does after its start.
+void waitForRest(qint64 process)
+{
+    constexpr int enough = 2000;
+    ThreadFigures last = wakeUps(process);
+    int alike = 0;
+    require(waitUntil(
+                [&] {
+                    const ThreadFigures now = wakeUps(process);
+                    alike = now == last ? alike + 1 : 0;
+                    last = now;
+                    return alike == enough;
+                },
+                std::chrono::seconds(60)),
+            "the program does not come to rest");
+}
+
+bool ownsViewableWindow(PrivateDesktop& desktop, qint64 process, const QByteArray& windowClass)
+{
+    DesktopConnection& connection = desktop.connection();
+    const auto windows = connection.tree(connection.root());
+    return std::any_of(windows.begin(), windows.end(), [&](xcb_window_t window) {
+        const QByteArray owner = connection.property(window, "_NET_WM_PID");
+        quint32 number = 0;
+        std::copy_n(owner.constData(),
+                    std::min<std::size_t>(sizeof number, static_cast<std::size_t>(owner.size())),
+                    reinterpret_cast<char*>(&number));
+        const bool isTheirs =
+            number == process || connection.property(window, "WM_CLASS").toLower().contains(windowClass);
+        return isTheirs && connection.geometry(window).width() > 1 && connection.isViewable(window);
+    });
+}
+
+/// From starting the program to its first window on the screen.
+double startTime(PrivateDesktop& desktop, const QString& program, const QStringList& arguments)
+{
+    std::vector<double> times;
+    for (int i = 0; i < 5; ++i) {
+        const auto start = Clock::now();
+        const auto process = desktop.start(program, arguments);
+        const QByteArray windowClass = program.toUtf8();
+        require(waitUntil([&] { return ownsViewableWindow(desktop, process->processId(), windowClass); },
+                          std::chrono::seconds(20)),
+                "a peer shows no window");
+        times.push_back(Milliseconds(Clock::now() - start).count());
+    }
+    return median(times);
+}
+
+double ownStartTime(PrivateDesktop& desktop)
+{
+    std::vector<double> times;
+    for (int i = 0; i < 5; ++i) {
+        const auto start = Clock::now();
+        TintwickProcess program(desktop);
+        require(waitUntil([&] { return program.trayIcon().width() > 4; }), "no tray icon");
+        times.push_back(Milliseconds(Clock::now() - start).count());
+    }
+    return median(times);
+}
+
+std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connection, int count)
+{
+    std::vector<std::unique_ptr<TestWindow>> windows;
+    for (int i = 0; i < count; ++i) {
+        const QRect place(60 + 70 * i, 80 + 30 * (i % 10), 400, 300);
+        windows.push_back(std::make_unique<TestWindow>(
+            connection,
+            TestWindow::Options{.geometry = place, .management = TestWindow::Management::Managed}));
+        windows.back()->setPicture(patternImage(place));
+        windows.back()->show();
+    }
+    return windows;
+}
+
+/// From the click on "Pick Color" to the loupe's first frame on the screen.
+double pickTime(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    std::vector<double> times;
+    for (int i = 0; i < 9; ++i) {
+        require(program.openMenu(), "no menu");
+        program.pointAtPick();
+        const QPoint pointer = desktop.pointer();
+        const QRect place = loupePlace(pointer, desktop.screen());
+        // The ring is drawn with the first frame; below it was something else.
+        const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
+        const QRgb before = desktop.pixel(onRing);
+        desktop.press(PrivateDesktop::Button::Left);
+        const auto start = Clock::now();
+        desktop.release(PrivateDesktop::Button::Left);
+        while (!program.loupe() || desktop.pixel(onRing) == before) {
+            require(Clock::now() - start < std::chrono::seconds(5), "no loupe");
+        }
+        times.push_back(Milliseconds(Clock::now() - start).count());
+        desktop.typeKey(XK_Escape);
+        require(program.waitForPickToEnd(), "the pick does not end");
+    }
+    return median(times);
+}
+
+/// One plain GetImage of as many pixels as the largest loupe samples.
+double floorOfGrab(PrivateDesktop& desktop)
+{
+    constexpr int count = 500;
+    const auto start = Clock::now();
+    for (int i = 0; i < count; ++i) {
+        static_cast<void>(desktop.connection().screenshot({200 + i, 200, 31, 31}));
+    }
+    return Milliseconds(Clock::now() - start).count() / count;
+}
+
+QPoint onPath(int step)
+{
+    return {400 + step % 600, 300 + step % 400};
+}
+
+double processorTimePerMove(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    constexpr int count = 500;
+    const qint64 process = program.process().processId();
+    const double before = processorTime(process);
+    for (int step = 0; step < count; ++step) {
+        const QPoint position = onPath(step);
+        desktop.movePointer(position);
+        // Each move is waited for, so that none is merged with the next.
+        const QRect place = loupePlace(position, desktop.screen());
+        require(waitUntil([&] { return program.loupe() == place; }), "the loupe does not follow");
+    }
+    return (processorTime(process) - before) / count;
+}
+
+/// A thousand moves a second for ten seconds, then the time until the loupe shows where they ended.
+double backlogTime(PrivateDesktop& desktop, TintwickProcess& program, QPoint last, QRgb colorThere)
+{
+    constexpr int count = 10000;
+    const auto start = Clock::now();
+    for (int step = 0; step < count; ++step) {
+        desktop.movePointer(onPath(step));
+        static_cast<void>(waitUntil([&] { return Clock::now() >= start + std::chrono::milliseconds(step); }));
+    }
+    desktop.movePointer(last);
+    const auto stopped = Clock::now();
+    const QRect place = loupePlace(last, desktop.screen());
+    while (program.loupe() != place || program.centerCell() != colorThere) {
+        require(Clock::now() - stopped < std::chrono::seconds(20), "the loupe does not arrive");
+    }
+    return Milliseconds(Clock::now() - stopped).count();
+}
+
+struct Memory
+{
+    double resident = 0;
+    double proportional = 0;
+};
+
+/// In MB.
+Memory memoryOf(qint64 process)
+{
+    constexpr double kilobytesPerMegabyte = 1024;
+    const QString folder = QStringLiteral("/proc/%1/").arg(process);
+    return {numberOf(folder + QStringLiteral("status"), "VmRSS") / kilobytesPerMegabyte,
+            numberOf(folder + QStringLiteral("smaps_rollup"), "Pss") / kilobytesPerMegabyte};
+}
+
+Memory memoryOfPeer(PrivateDesktop& desktop, const QString& program)
+{
+    const auto process = desktop.start(program);
+    require(waitUntil([&] { return ownsViewableWindow(desktop, process->processId(), program.toUtf8()); },
+                      std::chrono::seconds(20)),
+            "a peer shows no window");
+    static_cast<void>(desktop.settledScreenshot());
+    return memoryOf(process->processId());
+}
+
+void measureStart()
+{
+    PrivateDesktop desktop({.size = {1920, 1080}});
+    const double own = ownStartTime(desktop);
+    print("start to tray icon (aim 60)", own, "ms", "gpick to window",
+          startTime(desktop, QStringLiteral("gpick"), {}));
+    print("", own, "ms", "kcolorchooser to window", startTime(desktop, QStringLiteral("kcolorchooser"), {}));
+}
+
+void measurePicking(PrivateDesktop::Compositor compositor)
+{
+    PrivateDesktop desktop({.size = {1920, 1080}, .compositor = compositor});
+    DesktopConnection other(desktop.display());
+    const auto picture = desktop.showPicture();
+    const auto windows = openWindows(other, 20);
+    TintwickProcess program(desktop);
+    require(program.waitForTrayIcon(), "no tray icon");
+    const QImage screen = desktop.settledScreenshot();
+
+    const double pick = pickTime(desktop, program);
+    print("\"Pick Color\" to the loupe's first frame (aim 16)", pick, "ms", "gpick -p to its window",
+          startTime(desktop, QStringLiteral("gpick"), {QStringLiteral("-p")}));
+
+    const double floor = floorOfGrab(desktop);
+    require(program.startPicking(), "no loupe");
+    print("one move, processor time, radius 7 (aim 0.5)", processorTimePerMove(desktop, program), "ms",
+          "GetImage of 31 x 31", floor);
+    const QPoint last(777, 555);
+    print("1000 moves/s for 10 s, then to the last place (aim 16)",
+          backlogTime(desktop, program, last, screen.pixel(last)), "ms", "one frame", 1000.0 / 60);
+    desktop.scroll(-40);
+    print("one move, processor time, radius 15 (aim 0.8)", processorTimePerMove(desktop, program), "ms",
+          "GetImage of 31 x 31", floor);
+}
+
+void measureIdle(std::chrono::seconds idle)
+{
+    PrivateDesktop desktop({.size = {1920, 1080}});
+    TintwickProcess program(desktop);
+    require(program.waitForTrayIcon(), "no tray icon");
+    const qint64 process = program.process().processId();
+    waitForRest(process);
+    const Memory own = memoryOf(process);
+    const ThreadFigures before = wakeUps(process);
+    static_cast<void>(waitUntil([] { return false; }, idle));
+    std::printf("%-58s %9.0f      in %lld s\n", "wake-ups when idle (aim 0)",
+                wakeUpsBetween(before, wakeUps(process)), static_cast<long long>(idle.count()));
+    for (const char* peer : {"gpick", "kcolorchooser"}) {
+        const Memory beside = memoryOfPeer(desktop, QString::fromLatin1(peer));
+        print("resident memory when idle (aim 40)", own.resident, "MB", peer, beside.resident);
+        print("proportional share of it (aim 25)", own.proportional, "MB", peer, beside.proportional);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption idleSeconds(QStringLiteral("idle-seconds"),
+                                         QStringLiteral("How long to watch the idle program."),
+                                         QStringLiteral("N"), QStringLiteral("60"));
+    parser.addOption(idleSeconds);
+    parser.addHelpOption();
+    parser.process(application);
+
+    std::printf("%s, %ld processors, %s\n",
+                valueOf(QStringLiteral("/proc/cpuinfo"), "model name").constData(),
+                ::sysconf(_SC_NPROCESSORS_ONLN), qUtf8Printable(QSysInfo::prettyProductName()));
+    try {
+        measureStart();
+        std::puts("without a compositor");
+        measurePicking(PrivateDesktop::Compositor::None);
+        std::puts("with a compositor");
+        measurePicking(PrivateDesktop::Compositor::Plain);
+        measureIdle(std::chrono::seconds(parser.value(idleSeconds).toInt()));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,56 @@
+#include "platform/x11/ClosedWindows.h"
+
+#include "platform/x11/WindowStack.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+constexpr std::chrono::seconds memory{1};
+
+} // namespace
+
+ClosedWindows::ClosedWindows(const XcbConnection& connection)
+    : m_connection(connection)
+{
+    qGuiApp->installEventFilter(this);
+}
+
+QRegion ClosedWindows::region() const
+{
+    const auto oldest = std::chrono::steady_clock::now() - memory;
+    QRegion region;
+    for (const ClosedWindow& window : m_windows) {
+        if (window.when >= oldest) {
+            region += window.area;
+        }
+    }
+    return region;
+}
+
+// A popup's window is gone from the server a moment after this, and the toolkit knows its place only in its own scale.
+bool ClosedWindows::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* window = event->type() == QEvent::Hide ? qobject_cast<const QWindow*>(watched) : nullptr;
+    if (!window || !window->handle()) {
+        return false;
+    }
+    xcb_connection_t* c = m_connection.get();
+    const auto cookie = xcb_get_geometry(c, static_cast<xcb_window_t>(window->winId()));
+    const XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, cookie, nullptr));
+    if (geometry) {
+        const auto now = std::chrono::steady_clock::now();
+        std::erase_if(m_windows, [&](const ClosedWindow& closed) { return closed.when < now - memory; });
+        const QRect frame(geometry->x, geometry->y, geometry->width, geometry->height);
+        m_windows.push_back({withShadow(frame), now});
+    }
+    return false;
+}
+
+} // namespace tintwick

@@ -1,0 +1,265 @@
+#include "desktop/TintwickProcess.h"
+#include "support/Pattern.h"
+#include "support/TestWindow.h"
+#include "support/WaitUntil.h"
+
+#include <QTest>
+
+#include <X11/keysym.h>
+
+using namespace tintwick;
+
+using Compositor = PrivateDesktop::Compositor;
+
+/// While picking the input is ours alone, and afterwards everything is as it was.
+class OursAloneTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingReachesAnotherProgram_data();
+    void nothingReachesAnotherProgram();
+    void theReleaseOfTheEndingClickOrKeyIsSwallowed_data();
+    void theReleaseOfTheEndingClickOrKeyIsSwallowed();
+    void thePointerIsHiddenWhilePickingOnly_data();
+    void thePointerIsHiddenWhilePickingOnly();
+    void killingTheProgramGivesEverythingBack();
+    void aRefusedGrabEndsThePickCleanly_data();
+    void aRefusedGrabEndsThePickCleanly();
+    void noWindowOfOursIsAsLargeAsTheScreen();
+};
+
+namespace {
+
+/// A program in the foreground that sees all input that gets past us.
+std::unique_ptr<TestWindow> recorder(DesktopConnection& connection, const QRect& screen)
+{
+    auto window = std::make_unique<TestWindow>(
+        connection, TestWindow::Options{.geometry = screen, .input = TestWindow::Input::Recorded});
+    window->setPicture(patternImage(screen));
+    window->lower();
+    window->show();
+    window->focus();
+    return window;
+}
+
+QByteArray described(const std::vector<TestWindow::InputEvent>& events)
+{
+    QByteArray text;
+    for (const auto& event : events) {
+        text += QByteArray::number(event.type) + '/' + QByteArray::number(event.detail) + ' ';
+    }
+    return text;
+}
+
+// Keys and buttons only: to notice that the pointer is over it again is a window's right.
+std::vector<TestWindow::InputEvent> keysAndButtons(TestWindow& window)
+{
+    auto events = window.events();
+    std::erase_if(events, [](const auto& event) { return event.type == XCB_MOTION_NOTIFY; });
+    return events;
+}
+
+} // namespace
+
+void OursAloneTest::nothingReachesAnotherProgram_data()
+{
+    QTest::addColumn<bool>("windowManager");
+    QTest::addColumn<Compositor>("compositor");
+    QTest::newRow("bare server") << false << Compositor::None;
+    QTest::newRow("window manager") << true << Compositor::None;
+    QTest::newRow("compositor") << true << Compositor::Plain;
+}
+
+void OursAloneTest::nothingReachesAnotherProgram()
+{
+    QFETCH(const bool, windowManager);
+    QFETCH(const Compositor, compositor);
+    PrivateDesktop desktop({.windowManager = windowManager, .compositor = compositor});
+    DesktopConnection other(desktop.display());
+    const auto window = recorder(other, desktop.screen());
+    TintwickProcess program(desktop);
+    QVERIFY(program.startPicking());
+    window->focus();
+    window->forgetEvents();
+
+    desktop.movePointer({500, 500});
+    desktop.click(PrivateDesktop::Button::Right);
+    desktop.click(PrivateDesktop::Button::Middle);
+    desktop.scroll(3);
+    desktop.scroll(-3);
+    desktop.typeKey(XK_a);
+    desktop.typeKey(XK_Tab);
+    desktop.typeKey(XK_equal, {XK_Super_L});
+    desktop.typeKey(XK_minus, {XK_Control_L});
+    desktop.typeKey(XK_Left);
+    desktop.typeKey(XK_Right, {XK_Shift_L});
+    // The server has handed out all of this before the loupe is where the last key moved it.
+    QVERIFY(program.waitForCenterCell(patternPixel(509, 500)));
+    QVERIFY2(window->events().empty(), described(window->events()).constData());
+
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
+
+    window->focus();
+    window->forgetEvents();
+    desktop.click();
+    desktop.typeKey(XK_a);
+    QVERIFY(waitUntil([&] { return keysAndButtons(*window).size() == 4; }));
+}
+
+void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed_data()
+{
+    QTest::addColumn<xcb_keysym_t>("key");
+    QTest::newRow("click") << xcb_keysym_t{XCB_NO_SYMBOL};
+    QTest::newRow("Escape") << xcb_keysym_t{XK_Escape};
+    QTest::newRow("Return") << xcb_keysym_t{XK_Return};
+    QTest::newRow("Space") << xcb_keysym_t{XK_space};
+}
+
+void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed()
+{
+    QFETCH(const xcb_keysym_t, key);
+    PrivateDesktop desktop({});
+    DesktopConnection other(desktop.display());
+    const auto window = recorder(other, desktop.screen());
+    TintwickProcess program(desktop);
+    QVERIFY(program.startPicking());
+    desktop.movePointer({500, 500});
+    QVERIFY(program.waitForCenterCell(patternPixel(500, 500)));
+    window->focus();
+    window->forgetEvents();
+    if (key == XCB_NO_SYMBOL) {
+        desktop.press(PrivateDesktop::Button::Left);
+    } else {
+        desktop.pressKey(key);
+    }
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(waitUntil([&] { return desktop.pointerIsVisible(); }));
+    if (key == XCB_NO_SYMBOL) {
+        desktop.release(PrivateDesktop::Button::Left);
+    } else {
+        desktop.releaseKey(key);
+    }
+    QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
+    // The grab goes with the release, and nobody else has to wait for it.
+    QVERIFY(waitUntil([&] { return other.grabPointer() && other.grabKeyboard(); }));
+    other.ungrabAll();
+    QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
+}
+
+void OursAloneTest::thePointerIsHiddenWhilePickingOnly_data()
+{
+    QTest::addColumn<bool>("takesColor");
+    QTest::newRow("click") << true;
+    QTest::newRow("Escape") << false;
+}
+
+void OursAloneTest::thePointerIsHiddenWhilePickingOnly()
+{
+    QFETCH(const bool, takesColor);
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    QVERIFY(desktop.pointerIsVisible());
+    QVERIFY(program.startPicking());
+    for (const QPoint position : {QPoint(640, 400), QPoint(0, 0), program.trayIcon().center()}) {
+        desktop.movePointer(position);
+        QVERIFY(!desktop.pointerIsVisible());
+    }
+    if (takesColor) {
+        desktop.click();
+    } else {
+        desktop.typeKey(XK_Escape);
+    }
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(waitUntil([&] { return desktop.pointerIsVisible(); }));
+}
+
+void OursAloneTest::killingTheProgramGivesEverythingBack()
+{
+    PrivateDesktop desktop({});
+    DesktopConnection other(desktop.display());
+    const auto window = recorder(other, desktop.screen());
+    TintwickProcess program(desktop);
+    QVERIFY(program.startPicking());
+    desktop.movePointer({600, 600});
+    QVERIFY(program.waitForCenterCell(patternPixel(600, 600)));
+    QVERIFY(!desktop.pointerIsVisible());
+
+    program.process().kill();
+    QVERIFY(waitUntil([&] { return desktop.pointerIsVisible(); }));
+    QVERIFY(waitUntil([&] {
+        return desktop.connection().screenshot({400, 400, 400, 400}) == patternImage({400, 400, 400, 400});
+    }));
+    window->focus();
+    window->forgetEvents();
+    desktop.click();
+    desktop.typeKey(XK_a);
+    QVERIFY(waitUntil([&] { return keysAndButtons(*window).size() == 4; }));
+    QVERIFY(other.grabPointer());
+    QVERIFY(other.grabKeyboard());
+}
+
+void OursAloneTest::aRefusedGrabEndsThePickCleanly_data()
+{
+    QTest::addColumn<bool>("holdsPointer");
+    QTest::addColumn<bool>("holdsKeyboard");
+    QTest::newRow("the pointer is held") << true << false;
+    QTest::newRow("the keyboard is held") << false << true;
+    QTest::newRow("both are held") << true << true;
+}
+
+void OursAloneTest::aRefusedGrabEndsThePickCleanly()
+{
+    QFETCH(const bool, holdsPointer);
+    QFETCH(const bool, holdsKeyboard);
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    DesktopConnection other(desktop.display());
+    QVERIFY(!holdsPointer || other.grabPointer());
+    QVERIFY(!holdsKeyboard || other.grabKeyboard());
+
+    QVERIFY(program.openMenuWithoutPointer());
+    program.choosePickWithoutPointer();
+    QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
+    // Neither half of the grab is kept.
+    QVERIFY(holdsPointer || waitUntil([&] { return other.grabPointer(); }));
+    QVERIFY(holdsKeyboard || waitUntil([&] { return other.grabKeyboard(); }));
+    // The program answers a second click, so it has given up on the first.
+    QVERIFY(program.openMenuWithoutPointer());
+    QVERIFY(!program.loupe());
+    QVERIFY(desktop.pointerIsVisible());
+
+    other.ungrabAll();
+    program.choosePickWithoutPointer();
+    QVERIFY(program.waitForLoupe());
+    desktop.movePointer({640, 500});
+    QVERIFY(program.waitForCenterCell(patternPixel(640, 500)));
+    desktop.click();
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(program.waitForClipboard(hexText(patternPixel(640, 500))));
+    QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
+}
+
+void OursAloneTest::noWindowOfOursIsAsLargeAsTheScreen()
+{
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.startPicking());
+    DesktopConnection& connection = desktop.connection();
+    for (const xcb_window_t window : connection.children(connection.root())) {
+        const bool isTheLoupe = connection.property(window, "_NET_WM_NAME") == "Tintwick Loupe";
+        const QRect place = connection.geometry(window);
+        QVERIFY(window == picture->id() || isTheLoupe || !connection.isViewable(window) ||
+                place.height() < desktop.screen().height() / 2);
+    }
+}
+
+QTEST_GUILESS_MAIN(OursAloneTest)
+#include "OursAloneTest.moc"

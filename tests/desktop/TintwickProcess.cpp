@@ -1,0 +1,263 @@
+#include "desktop/TintwickProcess.h"
+
+#include "support/WaitUntil.h"
+
+#include <QFile>
+#include <QJsonDocument>
+
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+namespace tintwick {
+
+TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment)
+    : m_desktop(desktop)
+    , m_process(desktop.start(QStringLiteral(TINTWICK_PROGRAM), {}, environment))
+{
+}
+
+bool TintwickProcess::belongsToProgram(xcb_window_t window)
+{
+    return m_desktop.connection().property(window, "WM_CLASS").toLower().contains("tintwick");
+}
+
+xcb_window_t TintwickProcess::trayIconWindow()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    const auto topLevel = connection.children(connection.root());
+    for (const xcb_window_t window : connection.tree(connection.root())) {
+        const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end();
+        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window)) {
+            return window;
+        }
+    }
+    return XCB_NONE;
+}
+
+QRect TintwickProcess::trayIcon()
+{
+    return m_desktop.connection().geometry(trayIconWindow());
+}
+
+bool TintwickProcess::waitForTrayIcon()
+{
+    // The icon is embedded first and gets its place and size a little later.
+    return waitUntil([this] {
+        const QRect icon = trayIcon();
+        return icon.width() > 4 && m_desktop.screen().contains(icon) && icon == trayIcon();
+    });
+}
+
+bool TintwickProcess::isLoupe(xcb_window_t window)
+{
+    return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Loupe";
+}
+
+xcb_window_t TintwickProcess::menu()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    for (const xcb_window_t window : connection.children(connection.root())) {
+        if (belongsToProgram(window) && connection.isViewable(window) && !isLoupe(window)) {
+            return window;
+        }
+    }
+    return XCB_NONE;
+}
+
+QRect TintwickProcess::menuPlace()
+{
+    return m_desktop.connection().geometry(menu());
+}
+
+bool TintwickProcess::openMenu()
+{
+    // The end of a pick before is not over until the last button is up and the input is given back.
+    DesktopConnection& connection = m_desktop.connection();
+    if (!waitForTrayIcon() || !waitUntil([&] { return connection.inputIsFree(); })) {
+        return false;
+    }
+    m_desktop.movePointer(trayIcon().center());
+    m_desktop.click(PrivateDesktop::Button::Right);
+    // A menu that is seen does not listen until it holds the input.
+    return waitUntil([&] { return menu() != XCB_NONE && !connection.inputIsFree(); });
+}
+
+bool TintwickProcess::openMenuWithoutPointer()
+{
+    if (!waitForTrayIcon()) {
+        return false;
+    }
+    sendClick(trayIconWindow(), PrivateDesktop::Button::Right, {4, 4});
+    return waitUntil([this] { return menu() != XCB_NONE; });
+}
+
+void TintwickProcess::choosePickWithoutPointer()
+{
+    const QRect place = menuPlace();
+    sendClick(menu(), PrivateDesktop::Button::Left, {place.width() / 2, place.height() / 7});
+}
+
+void TintwickProcess::sendClick(xcb_window_t window, PrivateDesktop::Button button, QPoint position)
+{
+    DesktopConnection& connection = m_desktop.connection();
+    const QPoint onScreen = connection.geometry(window).topLeft() + position;
+    xcb_button_press_event_t event{};
+    event.detail = static_cast<xcb_button_t>(button);
+    event.root = connection.root();
+    event.event = window;
+    event.root_x = static_cast<std::int16_t>(onScreen.x());
+    event.root_y = static_cast<std::int16_t>(onScreen.y());
+    event.event_x = static_cast<std::int16_t>(position.x());
+    event.event_y = static_cast<std::int16_t>(position.y());
+    event.same_screen = 1;
+    for (const std::uint8_t type : {std::uint8_t{XCB_BUTTON_PRESS}, std::uint8_t{XCB_BUTTON_RELEASE}}) {
+        event.response_type = type;
+        event.state = static_cast<std::uint16_t>(type == XCB_BUTTON_PRESS ? 0U : 1U << (7U + event.detail));
+        // An empty mask sends it to the window's own program.
+        xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+    }
+    connection.sync();
+}
+
+void TintwickProcess::pointAtPick()
+{
+    // A few items share the menu's height: a seventh of it is inside the first.
+    const QRect place = menuPlace();
+    m_desktop.movePointer({place.center().x(), place.top() + place.height() / 7});
+}
+
+void TintwickProcess::choosePick(ChosenBy chosenBy)
+{
+    if (chosenBy == ChosenBy::Keys) {
+        m_desktop.typeKey(XK_Down);
+        m_desktop.typeKey(XK_Return);
+        return;
+    }
+    pointAtPick();
+    m_desktop.click();
+}
+
+void TintwickProcess::chooseQuit()
+{
+    m_desktop.typeKey(XK_Up);
+    m_desktop.typeKey(XK_Return);
+}
+
+std::optional<QRect> TintwickProcess::loupe()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    if (m_loupe == XCB_NONE || !connection.isViewable(m_loupe)) {
+        const auto windows = connection.children(connection.root());
+        const auto found = std::find_if(windows.rbegin(), windows.rend(), [&](xcb_window_t window) {
+            return belongsToProgram(window) && connection.isViewable(window) && isLoupe(window);
+        });
+        if (found == windows.rend()) {
+            return std::nullopt;
+        }
+        m_loupe = *found;
+    }
+    const QRect place = connection.geometry(m_loupe);
+    return place.isEmpty() ? std::nullopt : std::optional(place);
+}
+
+bool TintwickProcess::waitForLoupe()
+{
+    return waitUntil([this] { return loupe().has_value(); });
+}
+
+bool TintwickProcess::startPicking(ChosenBy chosenBy)
+{
+    if (!openMenu()) {
+        return false;
+    }
+    choosePick(chosenBy);
+    return waitForLoupe();
+}
+
+bool TintwickProcess::waitForPickToEnd()
+{
+    return waitUntil([this] { return !loupe().has_value(); });
+}
+
+QRgb TintwickProcess::centerCell()
+{
+    return cell(0, 0, 0);
+}
+
+QRgb TintwickProcess::cell(int column, int row, int radius, double scale)
+{
+    const auto place = loupe();
+    if (!place) {
+        return 0;
+    }
+    // The scope is the square at the top of the loupe; its ring takes 3.5 points on either side.
+    constexpr double ringWidth = 3.5;
+    const double middle = place->width() / 2.0;
+    const double cellSide = (place->width() - 2 * ringWidth * scale) / (2 * radius + 1);
+    const QPoint position = place->topLeft() + QPoint(static_cast<int>(middle + column * cellSide),
+                                                      static_cast<int>(middle + row * cellSide));
+    return m_desktop.screen().contains(position) ? m_desktop.pixel(position) : 0;
+}
+
+bool TintwickProcess::waitForCenterCell(QRgb color)
+{
+    return waitUntil([&] { return centerCell() == color; });
+}
+
+bool TintwickProcess::waitForLoupeAt(const QRect& place)
+{
+    return waitUntil([&] {
+        const auto now = loupe();
+        return now && std::abs(now->x() - place.x()) <= 1 && std::abs(now->y() - place.y()) <= 1 &&
+               now->size() == place.size();
+    });
+}
+
+QString TintwickProcess::dataFolder() const
+{
+    return m_desktop.dataHome() + QStringLiteral("/Tintwick");
+}
+
+QString TintwickProcess::dataFile() const
+{
+    return dataFolder() + QStringLiteral("/data.json");
+}
+
+QJsonObject TintwickProcess::data() const
+{
+    QFile file(dataFile());
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+bool TintwickProcess::waitForClipboard(const QByteArray& text)
+{
+    return waitUntil([&] { return m_desktop.clipboard() == text; });
+}
+
+QRect loupePlace(QPoint pointer, const QRect& monitor, double scale, int side)
+{
+    constexpr int pillAndGap = 56;
+    constexpr int margin = 4;
+    const auto pixels = [scale](double points) { return static_cast<int>(std::lround(points * scale)); };
+    const QSize size(pixels(side), pixels(side + pillAndGap));
+    const auto place = [&](int middle, int first, int last, int length) {
+        return std::max(first + pixels(margin), std::min(last - length - pixels(margin), middle));
+    };
+    const int x =
+        place(pointer.x() - size.width() / 2, monitor.left(), monitor.left() + monitor.width(), size.width());
+    const int y =
+        place(pointer.y() - size.width() / 2, monitor.top(), monitor.top() + monitor.height(), size.height());
+    return {QPoint(x, y), size};
+}
+
+QByteArray hexText(QRgb color)
+{
+    return '#' + QByteArray::number(color & 0xffffffU, 16).rightJustified(6, '0').toUpper();
+}
+
+} // namespace tintwick

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QTemporaryFile>
+
+#include <cstdio>
+#include <functional>
+
+#include <unistd.h>
+
+namespace tintwick::test {
+
+/// What the process writes to standard output meanwhile, as far as it was flushed. Compare the result outside: the
+/// report of a failure is output too.
+inline QByteArray outputOf(const std::function<void()>& action)
+{
+    QTemporaryFile file;
+    if (!file.open()) {
+        return "no file to write to";
+    }
+    std::fflush(stdout);
+    const int original = dup(STDOUT_FILENO);
+    dup2(file.handle(), STDOUT_FILENO);
+    action();
+    file.seek(0);
+    const auto text = file.readAll();
+    std::fflush(stdout);
+    dup2(original, STDOUT_FILENO);
+    close(original);
+    return text;
+}
+
+} // namespace tintwick::test
