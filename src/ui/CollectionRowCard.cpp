@@ -37,7 +37,7 @@ constexpr double previewSide = 30;
 constexpr double previewRadius = 7;
 constexpr double previewGap = 4;
 
-constexpr Shadow iconShadow{DS::black.opacity(0.25), 2, QPointF(0, 1)};
+constexpr DS::Color iconShadow = DS::black.opacity(0.25);
 
 QColor mixed(const QColor& from, const QColor& to, double fraction)
 {
@@ -192,6 +192,7 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
 
     const QRectF tile(card.left() + horizontalPadding, card.top() + verticalPadding, tileSide, tileSide);
     fillRounded(painter, tile, tileRadius, gradientBrush(tile, m_accent, scheme));
+    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme), tile);
     drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), tile);
 
     const QList<CapturedColor> preview = previewColors();

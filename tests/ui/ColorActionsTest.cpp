@@ -71,6 +71,8 @@ void ColorActionsTest::paintKeepsToWhatCanBeShown()
     wild.green = -1;
     wild.alpha = 0.5;
     QCOMPARE(paintColor(wild).rgba(), qRgba(255, 0, 246, 128));
+    wild.alpha = 3;
+    QCOMPARE(paintColor(wild).rgba(), qRgba(255, 0, 246, 255));
 }
 
 void ColorActionsTest::aCopyIsOnTheClipboardAndSaid()

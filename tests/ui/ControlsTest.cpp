@@ -159,6 +159,8 @@ void ControlsTest::theRingIsOfTheKeyboardAlone()
     stack->show();
     stack->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(stack.get()));
+    second->setFocus(Qt::OtherFocusReason);
+    QVERIFY(!second->showsFocusRing());
     first->setFocus(Qt::OtherFocusReason);
     QVERIFY(!first->showsFocusRing());
     QTest::keyClick(first, Qt::Key_Tab);

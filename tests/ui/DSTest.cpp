@@ -55,7 +55,7 @@ void DSTest::textsAreReadableOnTheirGrounds_data()
     QTest::addColumn<double>("least");
     struct Named
     {
-        const char* name;
+        const char* name = "";
         DS::Color color;
     };
     const Named grounds[] = {{"bg", DS::bg}, {"surface", DS::surface}, {"surfaceHigh", DS::surfaceHigh}};

@@ -206,6 +206,7 @@ void PaintTest::aShadowHasNoSeams()
     const Shadow shadow{.color = DS::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
     QImage image = blank(360, 120, scale);
     QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
     drawShadow(painter, QRectF(17, 23, 321, 64), 14, shadow, Scheme::Light);
     painter.end();
     const int y = qRound(55 * scale);

@@ -143,6 +143,11 @@ void SheetTest::tabStaysInside()
         order.append(m_host->focusWidget());
     }
     QCOMPARE(order, (QList<QWidget*>{m_cancel, m_create, m_field, m_cancel}));
+    QTest::keyClick(m_host->focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(m_host->focusWidget(), m_field);
+    QTest::keyClick(m_host->focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(m_host->focusWidget(), m_create);
+    m_cancel->setFocus(Qt::TabFocusReason);
     m_create->setEnabled(false);
     QTest::keyClick(m_host->focusWidget(), Qt::Key_Tab);
     QCOMPARE(m_host->focusWidget(), m_field);

@@ -18,7 +18,7 @@ constexpr double focusRingWidth = 2;
 constexpr double checkerCell = 4;
 constexpr QColor darkCheck(191, 191, 191);
 
-void stroke(QPainter& painter, const QRectF& rect, double radius, QPen pen)
+void stroke(QPainter& painter, const QRectF& rect, double radius, const QPen& pen)
 {
     const double half = pen.widthF() / 2;
     painter.save();

@@ -150,20 +150,14 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
     // A shape smaller than its blur has no middle: its corners are drawn as far as they go.
     const double partX = std::min(part, target.width() / 2);
     const double partY = std::min(part, target.height() / 2);
-    // Where two pieces meet between two pixels, both would cover the pixel in part and a seam would show.
-    const QTransform toDevice = painter.deviceTransform();
-    const QTransform fromDevice = toDevice.inverted();
-    const auto snapped = [&](double x, double y) {
-        return fromDevice.map(QPointF(toDevice.map(QPointF(x, y)).toPoint()));
-    };
-    const QPointF first = snapped(target.left() + partX, target.top() + partY);
-    const QPointF last = snapped(target.right() - partX, target.bottom() - partY);
-    const double targetX[] = {target.left(), first.x(), last.x(), target.right()};
-    const double targetY[] = {target.top(), first.y(), last.y(), target.bottom()};
+    const double targetX[] = {target.left(), target.left() + partX, target.right() - partX, target.right()};
+    const double targetY[] = {target.top(), target.top() + partY, target.bottom() - partY, target.bottom()};
     const double fromX[] = {0, partX, side - partX, side};
     const double fromY[] = {0, partY, side - partY, side};
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // Where two pieces meet inside a pixel, both would cover it in part and a seam would show.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             const QRectF to(QPointF(targetX[column], targetY[row]),

@@ -8,7 +8,9 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <array>
 #include <cmath>
+#include <utility>
 
 namespace tintwick {
 
@@ -66,8 +68,8 @@ QPixmap rendered(QStringView name, int pixels, SymbolWeight weight, const QColor
 class SymbolIconEngine final : public QIconEngine
 {
 public:
-    explicit SymbolIconEngine(const QString& name)
-        : m_name(name)
+    explicit SymbolIconEngine(QString name)
+        : m_name(std::move(name))
     {
     }
 
@@ -129,6 +131,41 @@ void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight w
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(topLeft, pixmap);
     painter.restore();
+}
+
+void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight, const QColor& color,
+                      const QRectF& rect)
+{
+    // The binomial weights of five steps have a variance of one step.
+    constexpr std::array weights{1, 4, 6, 4, 1};
+    constexpr int reach = 2;
+    constexpr double sum = 16;
+    const double ratio = devicePixelRatioOf(painter);
+    const double side = symbolSide(size) + 2 * reach;
+    const QString key = u"symbol shadow %1 %2 %3 %4 %5"_s.arg(name)
+                            .arg(size)
+                            .arg(static_cast<int>(weight))
+                            .arg(color.rgba(), 0, 16)
+                            .arg(ratio);
+    QPixmap shadow;
+    if (!QPixmapCache::find(key, &shadow)) {
+        shadow = QPixmap(QSize(1, 1) * qRound(side * ratio));
+        shadow.setDevicePixelRatio(ratio);
+        shadow.fill(Qt::transparent);
+        QPainter blur(&shadow);
+        blur.setCompositionMode(QPainter::CompositionMode_Plus);
+        for (int y = -reach; y <= reach; ++y) {
+            for (int x = -reach; x <= reach; ++x) {
+                blur.setOpacity(weights.at(static_cast<std::size_t>(x + reach)) / sum *
+                                weights.at(static_cast<std::size_t>(y + reach)) / sum);
+                drawSymbol(blur, name, size, weight, color, QRectF(x, y, side, side));
+            }
+        }
+        blur.end();
+        QPixmapCache::insert(key, shadow);
+    }
+    const QPointF middle = rect.center() - QPointF(side / 2, side / 2 - 1);
+    painter.drawPixmap(QPointF(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio), shadow);
 }
 
 QPixmap symbolPixmapOfSide(QStringView name, int pixels, const QColor& color)

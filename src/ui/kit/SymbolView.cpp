@@ -4,10 +4,12 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace tintwick {
 
-SymbolView::SymbolView(const QString& name, int size, SymbolWeight weight, const DS::Color& color)
-    : m_name(name)
+SymbolView::SymbolView(QString name, int size, SymbolWeight weight, const DS::Color& color)
+    : m_name(std::move(name))
     , m_size(size)
     , m_weight(weight)
     , m_color(color)

@@ -15,7 +15,7 @@ class SymbolView final : public QWidget
     Q_OBJECT
 
 public:
-    SymbolView(const QString& name, int size, SymbolWeight weight, const DS::Color& color);
+    SymbolView(QString name, int size, SymbolWeight weight, const DS::Color& color);
 
     void setName(const QString& name);
     [[nodiscard]] QSize sizeHint() const override;
