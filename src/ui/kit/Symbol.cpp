@@ -133,8 +133,8 @@ void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight w
     painter.restore();
 }
 
-void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight, const QColor& color,
-                      const QRectF& rect)
+void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight,
+                      const QColor& color, const QRectF& rect)
 {
     // The binomial weights of five steps have a variance of one step.
     constexpr std::array weights{1, 4, 6, 4, 1};
@@ -165,7 +165,8 @@ void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWe
         QPixmapCache::insert(key, shadow);
     }
     const QPointF middle = rect.center() - QPointF(side / 2, side / 2 - 1);
-    painter.drawPixmap(QPointF(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio), shadow);
+    painter.drawPixmap(
+        QPointF(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio), shadow);
 }
 
 QPixmap symbolPixmapOfSide(QStringView name, int pixels, const QColor& color)
