@@ -83,6 +83,7 @@ private Q_SLOTS:
     void aColorIsDraggedOntoACollection();
     void aPickFromThePanelHidesItFirst();
     void aTrayThatComesBackGetsTheIconBack();
+    void withoutATrayTheShortcutOpensIt();
 };
 
 void PanelTest::theTrayIconTogglesThePanelUnderIt_data()
@@ -325,6 +326,38 @@ void PanelTest::aTrayThatComesBackGetsTheIconBack()
         QVERIFY(waitUntil([&] { return program.trayIcon().isEmpty(); }));
     }
     QVERIFY(program.process().isRunning());
+}
+
+void PanelTest::withoutATrayTheShortcutOpensIt()
+{
+    PrivateDesktop desktop({.tray = false});
+    QVERIFY(QDir().mkpath(desktop.configHome() + u"/Tintwick"_s));
+    QFile settings(desktop.configHome() + u"/Tintwick/Tintwick.conf"_s);
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    // Alt+Shift+O.
+    settings.write("[General]\n"
+                   R"(KeyboardShortcuts_openMainWindow="{\"carbonKeyCode\":31,\"carbonModifiers\":2560}")"
+                   "\n");
+    settings.close();
+    TestWindow other(desktop.connection(),
+                     {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    other.show();
+    other.focus();
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+
+    TintwickProcess program(desktop);
+    const auto pressShortcut = [&] { desktop.typeKey(XK_o, {XK_Alt_L, XK_Shift_L}); };
+    QVERIFY(waitUntil([&] {
+        pressShortcut();
+        return !program.panel().isEmpty();
+    }));
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(program.panel(), QRect(1280 - 8 - 380, 0, 380, 580));
+
+    pressShortcut();
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
 }
 
 QTEST_GUILESS_MAIN(PanelTest)
