@@ -333,6 +333,42 @@ void measurePicking(PrivateDesktop::Compositor compositor)
           "GetImage of 31 x 31", floor);
 }
 
+void measurePanel(PrivateDesktop::Compositor compositor)
+{
+    PrivateDesktop desktop({.size = {1920, 1080}, .compositor = compositor});
+    TintwickProcess program(desktop);
+    require(program.waitForTrayIcon(), "no tray icon");
+    const qint64 process = program.process().processId();
+    waitForRest(process);
+    const QRect icon = program.trayIcon();
+    desktop.movePointer(icon.center());
+    // The button that picks, in the upper part of the panel.
+    const QPoint inside(icon.center().x() - 100, icon.bottom() + 90);
+    const QRgb without = desktop.pixel(inside);
+    std::vector<double> times;
+    for (int i = 0; i < 5; ++i) {
+        const auto start = Clock::now();
+        desktop.click();
+        require(waitUntil([&] { return desktop.pixel(inside) != without; }), "no panel");
+        times.push_back(Milliseconds(Clock::now() - start).count());
+        desktop.click();
+        require(waitUntil([&] { return desktop.pixel(inside) == without; }), "the panel stays");
+    }
+    print("click on the icon to the panel's first frame (aim 16)", median(times), "ms", "one frame",
+          1000.0 / 60);
+
+    desktop.click();
+    require(program.waitForPanel(), "no panel");
+    waitForRest(process);
+    constexpr std::chrono::seconds watched{10};
+    const ThreadFigures before = wakeUps(process);
+    static_cast<void>(waitUntil([] { return false; }, watched));
+    std::printf("%-58s %9.0f      in %lld s\n", "wake-ups with the panel open (aim 0)",
+                wakeUpsBetween(before, wakeUps(process)), static_cast<long long>(watched.count()));
+    std::printf("%-58s %9.1f MB\n", "resident memory with the panel open (aim 50)",
+                memoryOf(process).resident);
+}
+
 void measureIdle(std::chrono::seconds idle)
 {
     PrivateDesktop desktop({.size = {1920, 1080}});
@@ -374,6 +410,9 @@ int main(int argc, char** argv)
         measurePicking(PrivateDesktop::Compositor::None);
         std::puts("with a compositor");
         measurePicking(PrivateDesktop::Compositor::Plain);
+        std::puts("the panel, without and with a compositor");
+        measurePanel(PrivateDesktop::Compositor::None);
+        measurePanel(PrivateDesktop::Compositor::Plain);
         measureIdle(std::chrono::seconds(parser.value(idleSeconds).toInt()));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
