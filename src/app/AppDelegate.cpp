@@ -42,6 +42,7 @@ void AppDelegate::setupMenuBar()
 void AppDelegate::setupColorPickerService()
 {
     m_colorPickerService.setOnColorCaptured([this](const SampledColor& color) {
+        m_platform->prepareClipboard();
         m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
     });
     // Once the icon is in the tray, so that it does not come later for it.
@@ -56,7 +57,7 @@ void AppDelegate::setupGlobalShortcut()
         while (QWidget* popup = QApplication::activePopupWidget()) {
             popup->close();
         }
-        m_colorPickerService.showPicker();
+        activatePicker();
     });
 }
 

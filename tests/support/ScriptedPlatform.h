@@ -26,6 +26,7 @@ public:
     [[nodiscard]] PickingInput& pickingInput() override { return input; }
     /// The first loupe has the id 1, the next one 2, ...
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/x11/ToolkitConnection.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PickingInput.h"
@@ -23,6 +24,7 @@ public:
     [[nodiscard]] ScreenGrabber& screenGrabber() override { return x11ScreenGrabber(); }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    void prepareClipboard() override { m_toolkitClock.bringUpToDate(); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
@@ -31,6 +33,7 @@ private:
 
     std::unique_ptr<XcbConnection> m_connection;
     X11PickingInput m_pickingInput;
+    toolkit::Clock m_toolkitClock;
     // Made when first asked for, because they need the application object.
     std::optional<X11ScreenGrabber> m_screenGrabber;
     std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
