@@ -25,7 +25,6 @@ private Q_SLOTS:
     void theLoupeNeverSamplesItself();
     void aMenuThatHasClosedIsNotSampled_data();
     void aMenuThatHasClosedIsNotSampled();
-    void theLastOfManyMovesCounts();
 };
 
 namespace {
@@ -207,24 +206,6 @@ void LiveTest::aMenuThatHasClosedIsNotSampled()
             desktop.movePointer({x, y});
             QVERIFY(program.waitForCenterCell(patternPixel(x, y)));
         }
-    }
-}
-
-// In a corner the loupe stays where it is, so the server has no other news to follow the last move.
-void LiveTest::theLastOfManyMovesCounts()
-{
-    PrivateDesktop desktop({});
-    const auto picture = desktop.showPicture();
-    TintwickProcess program(desktop);
-    QVERIFY(program.startPicking());
-    const QRect screen = desktop.screen();
-    for (int round = 0; round < 60; ++round) {
-        QPoint position;
-        for (int move = 0; move < 12; ++move) {
-            position = screen.bottomRight() - QPoint((round + 5 * move) % 29, (3 * round + move) % 23);
-            desktop.movePointer(position);
-        }
-        QVERIFY(program.waitForCenterCell(patternPixel(position.x(), position.y())));
     }
 }
 
