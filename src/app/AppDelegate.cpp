@@ -90,6 +90,7 @@ void AppDelegate::setupMainPanel()
 void AppDelegate::setupColorPickerService()
 {
     m_colorPickerService.setOnColorCaptured([this](const SampledColor& color) {
+        m_platform->prepareClipboard();
         m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
     });
     m_appState.setStartPicking([this] { activateColorPicker(); });
@@ -176,7 +177,7 @@ void AppDelegate::setupGlobalShortcut()
         while (QWidget* popup = QApplication::activePopupWidget()) {
             popup->close();
         }
-        m_colorPickerService.showPicker();
+        activatePicker();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
     m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });

@@ -4,6 +4,7 @@
 #include "picker/PickerViewController.h"
 #include "picker/PickerWindow.h"
 #include "platform/Platform.h"
+#include "platform/ScreenGrabber.h"
 
 #include <QPointer>
 
@@ -23,7 +24,8 @@ ColorPickerService::~ColorPickerService()
 
 void ColorPickerService::prepare()
 {
-    static_cast<void>(MagnifierView().render(1));
+    const std::vector<Screen> screens = m_platform.screenGrabber().screens();
+    static_cast<void>(MagnifierView().render(screens.empty() ? 1 : screens.front().scale));
 }
 
 void ColorPickerService::showPicker()

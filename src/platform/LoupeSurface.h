@@ -17,7 +17,7 @@ public:
     [[nodiscard]] virtual SurfaceId id() const = 0;
 
     /// Shows one frame; picture and place change together. The picture is premultiplied ARGB in physical pixels, its top
-    /// left corner in desktop space. An empty picture shows nothing.
+    /// left corner in desktop space; what falls between pixels is rounded.
     virtual void present(const QImage& picture, DesktopPoint topLeft) = 0;
 };
 

@@ -31,6 +31,9 @@ public:
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
     [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
+    /// To be called before something is put on the clipboard that no event of our own windows asked for; a desktop may
+    /// refuse it otherwise. Runs a nested event loop without input.
+    virtual void prepareClipboard() = 0;
     [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
 };

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void aRefusedGrabEndsThePickCleanly_data();
     void aRefusedGrabEndsThePickCleanly();
     void noWindowOfOursIsAsLargeAsTheScreen();
+    void aClickThatEscapeFollowsAtOnceStillTakesItsColor();
+    void aPickBegunWithTheButtonStillDownObeys();
 };
 
 namespace {
@@ -259,6 +261,43 @@ void OursAloneTest::noWindowOfOursIsAsLargeAsTheScreen()
         QVERIFY(window == picture->id() || isTheLoupe || !connection.isViewable(window) ||
                 place.height() < desktop.screen().height() / 2);
     }
+}
+
+void OursAloneTest::aClickThatEscapeFollowsAtOnceStillTakesItsColor()
+{
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    // Whether both arrive together is up to the scheduler, so it gets several chances.
+    for (int x = 600; x < 620; ++x) {
+        QVERIFY(program.startPicking());
+        desktop.movePointer({x, 500});
+        desktop.click();
+        desktop.typeKey(XK_Escape);
+        QVERIFY(program.waitForPickToEnd());
+        QVERIFY(program.waitForClipboard(hexText(patternPixel(x, 500))));
+    }
+}
+
+void OursAloneTest::aPickBegunWithTheButtonStillDownObeys()
+{
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.startPicking());
+    desktop.movePointer({600, 500});
+    desktop.press(PrivateDesktop::Button::Left);
+    QVERIFY(program.waitForPickToEnd());
+
+    desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
+    QVERIFY(program.waitForLoupe());
+    desktop.movePointer({640, 420});
+    QVERIFY(program.waitForCenterCell(patternPixel(640, 420)));
+    desktop.release(PrivateDesktop::Button::Left);
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPickToEnd());
+    DesktopConnection other(desktop.display());
+    QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
 }
 
 QTEST_GUILESS_MAIN(OursAloneTest)

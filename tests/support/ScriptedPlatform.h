@@ -32,6 +32,7 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override { return clicks; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
+    void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
 

@@ -42,12 +42,16 @@ bool ClosedWindows::eventFilter(QObject* watched, QEvent* event)
         return false;
     }
     xcb_connection_t* c = m_connection.get();
-    const auto cookie = xcb_get_geometry(c, static_cast<xcb_window_t>(window->winId()));
-    const XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, cookie, nullptr));
-    if (geometry) {
+    const auto id = static_cast<xcb_window_t>(window->winId());
+    const auto geometryCookie = xcb_get_geometry(c, id);
+    const auto originCookie = xcb_translate_coordinates(c, id, m_connection.root(), 0, 0);
+    const XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, geometryCookie, nullptr));
+    const XcbReply<xcb_translate_coordinates_reply_t> origin(
+        xcb_translate_coordinates_reply(c, originCookie, nullptr));
+    if (geometry && origin) {
         const auto now = std::chrono::steady_clock::now();
         std::erase_if(m_windows, [&](const ClosedWindow& closed) { return closed.when < now - memory; });
-        const QRect frame(geometry->x, geometry->y, geometry->width, geometry->height);
+        const QRect frame(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
         m_windows.push_back({withShadow(frame), now});
     }
     return false;

@@ -6,6 +6,7 @@
 #include <xcb/xcb_renderutil.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace tintwick {
 
@@ -51,6 +52,18 @@ void dropContent(StackedWindow& window)
     window.picture = {};
     window.pixmap = {};
     window.contentIsMissing = false;
+}
+
+// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window of this
+// name.
+bool isGuardWindow(xcb_connection_t* c, xcb_window_t id)
+{
+    constexpr std::uint32_t longestName = 16; // in units of four bytes
+    const auto cookie = xcb_get_property(c, 0, id, XCB_ATOM_WM_NAME, XCB_ATOM_ANY, 0, longestName);
+    const XcbReply<xcb_get_property_reply_t> name(xcb_get_property_reply(c, cookie, nullptr));
+    return name && std::string_view(static_cast<const char*>(xcb_get_property_value(name.get())),
+                                    static_cast<std::size_t>(xcb_get_property_value_length(name.get())))
+                       .ends_with("guard window");
 }
 
 // None when the visual has no Render format.
@@ -105,6 +118,9 @@ WindowStack::WindowStack(XcbConnection& connection)
 WindowStack::~WindowStack()
 {
     for (const StackedWindow& window : m_windows) {
+        if (window.damage) {
+            xcb_shape_select_input(m_connection.get(), window.id, 0);
+        }
         if (window.isRedirected) {
             xcb_composite_unredirect_window(m_connection.get(), window.id, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
         }
@@ -280,6 +296,7 @@ void WindowStack::describe(std::vector<StackedWindow*> windows)
         window.showsNothing = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !format ||
                               isFromClient(window.id, setup) || isFromServer(window.id, setup);
         window.format = format ? format->id : XCB_NONE;
+        window.isGuard = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY && isGuardWindow(c, window.id);
         window.hasAlpha = format && format->direct.alpha_mask != 0;
         window.isShaped = shape->bounding_shaped != 0;
     }
@@ -327,6 +344,9 @@ std::vector<StackedWindow*> WindowStack::windowsSeenIn(const QRect& rect)
     std::vector<StackedWindow*> seen;
     QRegion open(rect);
     for (auto window = m_windows.rbegin(); window != m_windows.rend() && !open.isEmpty(); ++window) {
+        if (window->isMapped && window->isGuard) {
+            break;
+        }
         if (!window->isVisible() || !open.intersects(window->frame)) {
             continue;
         }

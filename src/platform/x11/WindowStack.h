@@ -23,6 +23,8 @@ struct StackedWindow
     /// True for our own windows, the server's own and those that only take input: they have a place in the order and
     /// no picture.
     bool showsNothing = false;
+    /// What lies below this one is not shown although it is mapped.
+    bool isGuard = false;
     xcb_render_pictformat_t format = XCB_NONE;
     bool hasAlpha = false;
     bool isShaped = false;

@@ -16,13 +16,12 @@ namespace tintwick {
 
 namespace {
 
-constexpr int keycodeOffset = 8;
 // What a grab's modifiers are compared with; above are pointer buttons and the keyboard's group.
 constexpr std::uint16_t allModifiers = 0xFF;
 
 bool isAltKey(xcb_keycode_t keycode)
 {
-    const int keyCode = keyCodeForEvdev(keycode - keycodeOffset).value_or(-1);
+    const int keyCode = keyCodeForEvdev(keycode - xKeycodeOffset).value_or(-1);
     return keyCode == keycode::option || keyCode == keycode::rightOption;
 }
 
@@ -212,7 +211,7 @@ bool X11HotKeyRegistrar::rawKeyPressed(const xcb_key_press_event_t& press)
     if (isAltKey(press.detail)) {
         return true;
     }
-    const auto keyCode = keyCodeForEvdev(press.detail - keycodeOffset);
+    const auto keyCode = keyCodeForEvdev(press.detail - xKeycodeOffset);
     const auto modifiers = modifiersOf(press.state);
     if (!keyCode || !modifiers) {
         return false;
@@ -327,7 +326,8 @@ std::optional<X11HotKeyRegistrar::KeyGrab> X11HotKeyRegistrar::grabFor(int keyCo
 {
     const auto evdev = evdevForKeyCode(keyCode);
     const auto& setup = *xcb_get_setup(m_connection.get());
-    if (!evdev || *evdev + keycodeOffset < setup.min_keycode || *evdev + keycodeOffset > setup.max_keycode) {
+    if (!evdev || *evdev + xKeycodeOffset < setup.min_keycode ||
+        *evdev + xKeycodeOffset > setup.max_keycode) {
         return std::nullopt;
     }
     unsigned bits = 0;
@@ -344,7 +344,7 @@ std::optional<X11HotKeyRegistrar::KeyGrab> X11HotKeyRegistrar::grabFor(int keyCo
             bits |= bit;
         }
     }
-    return KeyGrab{static_cast<xcb_keycode_t>(*evdev + keycodeOffset), static_cast<std::uint16_t>(bits)};
+    return KeyGrab{static_cast<xcb_keycode_t>(*evdev + xKeycodeOffset), static_cast<std::uint16_t>(bits)};
 }
 
 std::optional<int> X11HotKeyRegistrar::modifiersOf(std::uint16_t state) const

@@ -73,9 +73,8 @@ std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
     if (!evdev || !group) {
         return std::nullopt;
     }
-    constexpr int keycodeOffset = 8;
     const char32_t character =
-        characterOf(keymap(), static_cast<xkb_keycode_t>(*evdev + keycodeOffset), *group);
+        characterOf(keymap(), static_cast<xkb_keycode_t>(*evdev + xKeycodeOffset), *group);
     // Return, Tab and the like have a character too, but none that could be shown.
     if (character == 0 || !QChar::isPrint(character)) {
         return std::nullopt;

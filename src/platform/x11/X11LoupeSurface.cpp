@@ -1,6 +1,5 @@
 #include "platform/x11/X11LoupeSurface.h"
 
-#include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11ScreenGrabber.h"
 
 #include <xcb/shape.h>
@@ -39,7 +38,7 @@ xcb_visualid_t translucentVisual(const xcb_screen_t& screen)
 X11LoupeSurface::X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber)
     : m_connection(connection)
     , m_grabber(grabber)
-    , m_isComposited(hasCompositor(connection))
+    , m_isComposited(grabber.isComposited())
 {
     createWindow();
     m_subscription = m_connection.subscribe(*this);
@@ -48,23 +47,16 @@ X11LoupeSurface::X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& gr
 void X11LoupeSurface::present(const QImage& picture, DesktopPoint topLeft)
 {
     xcb_connection_t* c = m_connection.get();
-    if (picture.isNull()) {
-        if (std::exchange(m_isMapped, false)) {
-            xcb_unmap_window(c, m_window.id());
-            m_connection.flush();
-        }
-        return;
-    }
-    if (picture.size() != m_size) {
+    const bool isComposited = m_grabber.isComposited();
+    if (picture.size() != m_size || isComposited != m_isComposited) {
+        m_isComposited = isComposited;
         setSize(picture.size());
-        if (!m_isComposited) {
-            cutToOutline(picture);
-        }
+        cutToOutline(picture);
     }
-    const QPoint corner(static_cast<int>(std::lround(topLeft.x)), static_cast<int>(std::lround(topLeft.y)));
-    m_grabber.loupeWillCover(QRect(corner, m_size));
-    const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(corner.x()),
-                                             static_cast<std::uint32_t>(corner.y())};
+    m_place = QPoint(static_cast<int>(std::lround(topLeft.x)), static_cast<int>(std::lround(topLeft.y)));
+    m_grabber.loupeWillCover(QRect(m_place, m_size));
+    const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(m_place.x()),
+                                             static_cast<std::uint32_t>(m_place.y())};
     if (m_isMapped) {
         upload(picture);
         xcb_configure_window(c, m_window.id(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place.data());
@@ -92,6 +84,7 @@ void X11LoupeSurface::handleEvent(const xcb_generic_event_t& event)
 void X11LoupeSurface::eventsDrained()
 {
     if (std::exchange(m_isOvertaken, false)) {
+        m_grabber.loupeWillCover(QRect(m_place, m_size));
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.get(), m_window.id(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
     }
@@ -108,10 +101,10 @@ void X11LoupeSurface::createWindow()
     const std::array<std::uint32_t, 4> values{0 /* border pixel */, 1 /* override redirect */,
                                               XCB_EVENT_MASK_NO_EVENT, m_colormap.id()};
     m_size = {1, 1};
-    xcb_create_window(c, isTranslucent ? 32 : m_connection.screen().root_depth, m_window.id(),
-                      m_connection.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
-                      XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
-                      values.data());
+    m_depth = isTranslucent ? 32 : m_connection.screen().root_depth;
+    xcb_create_window(
+        c, m_depth, m_window.id(), m_connection.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
+        XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP, values.data());
     m_gc = XcbGraphicsContext::withNewId(c);
     xcb_create_gc(c, m_gc.id(), m_window.id(), 0, nullptr);
 
@@ -141,6 +134,11 @@ void X11LoupeSurface::setSize(const QSize& size)
 
 void X11LoupeSurface::cutToOutline(const QImage& picture)
 {
+    if (m_isComposited) {
+        xcb_shape_mask(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window.id(), 0, 0,
+                       XCB_NONE);
+        return;
+    }
     m_edgePixels.clear();
     m_hardEdged = QImage(picture.size(), QImage::Format_ARGB32_Premultiplied);
     std::vector<xcb_rectangle_t> runs;
@@ -180,7 +178,7 @@ void X11LoupeSurface::upload(const QImage& picture)
         const int rows = std::min(rowsPerRequest, source.height() - y);
         xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_window.id(), m_gc.id(),
                       static_cast<std::uint16_t>(source.width()), static_cast<std::uint16_t>(rows), 0,
-                      static_cast<std::int16_t>(y), 0, 32, rowBytes * static_cast<std::uint32_t>(rows),
+                      static_cast<std::int16_t>(y), 0, m_depth, rowBytes * static_cast<std::uint32_t>(rows),
                       source.constScanLine(y));
     }
 }

@@ -21,6 +21,7 @@ public:
     X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber);
     ~X11LoupeSurface() = default;
 
+    /// What covers it is seen only while the grabber has a session.
     [[nodiscard]] SurfaceId id() const override { return m_window.id(); }
     void present(const QImage& picture, DesktopPoint topLeft) override;
 
@@ -40,9 +41,11 @@ private:
     XcbWindow m_window;
     XcbGraphicsContext m_gc;
     QSize m_size;
+    QPoint m_place;
+    std::uint8_t m_depth = 0;
     bool m_isMapped = false;
     bool m_isOvertaken = false;
-    /// Bytes of the pixels on the outline, which without a compositor must become opaque.
+    /// Indices of the pixels on the outline, which without a compositor must become opaque.
     std::vector<qsizetype> m_edgePixels;
     QImage m_hardEdged;
     XcbConnection::Subscription m_subscription;

@@ -2,6 +2,7 @@
 
 #include "platform/EvdevKeys.h"
 #include "platform/KeyCode.h"
+#include "platform/x11/ToolkitConnection.h"
 
 #include <algorithm>
 #include <array>
@@ -22,7 +23,6 @@ constexpr std::uint32_t pointerEvents =
 constexpr std::uint32_t keyboardEvents =
     XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
 
-constexpr int evdevOffset = 8;
 constexpr std::uint32_t wheelUp = 4;
 constexpr std::uint32_t wheelDown = 5;
 constexpr std::uint32_t firstPlainButtonAfterWheel = 8;
@@ -110,6 +110,9 @@ PickingInput::Outcome X11PickingInput::begin(Listener& listener)
     for (int attempt = 1; !grabBoth(); ++attempt) {
         if (attempt == grabAttempts) {
             m_holdsPointer = m_holdsKeyboard = false;
+            m_buttonsDown.clear();
+            m_keysDown.clear();
+            m_subscription = {};
             m_connection.flush();
             return Outcome::Refused;
         }
@@ -118,6 +121,8 @@ PickingInput::Outcome X11PickingInput::begin(Listener& listener)
     m_holdsPointer = m_holdsKeyboard = true;
     m_listener = &listener;
     m_pendingMove.reset();
+    // Numbers of devices are given anew when devices come and go.
+    m_scrollsInPoints.clear();
     m_subscription = m_connection.subscribe(*this);
     return Outcome::Started;
 }
@@ -207,7 +212,6 @@ void X11PickingInput::handleButton(const xcb_input_button_press_event_t& event, 
     }
     m_buttonsDown.insert(event.detail);
     if (m_listener) {
-        m_toolkitClock.bringUpToDate();
         m_listener->buttonPressed(toButton(event.detail), {toDouble(event.root_x), toDouble(event.root_y)});
     }
 }
@@ -224,9 +228,8 @@ void X11PickingInput::handleKey(const xcb_input_key_press_event_t& event, bool i
     }
     m_keysDown.insert(event.detail);
     if (m_listener) {
-        m_toolkitClock.bringUpToDate();
         const bool isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
-        const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - evdevOffset);
+        const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
         m_listener->keyPressed({position.value_or(-1), toModifiers(event.mods.effective), isRepeat});
     }
 }

@@ -2,7 +2,6 @@
 
 #include "platform/PickingInput.h"
 #include "platform/x11/ScrollValuators.h"
-#include "platform/x11/ToolkitConnection.h"
 #include "platform/x11/XcbConnection.h"
 #include "platform/x11/XcbHandle.h"
 
@@ -61,7 +60,6 @@ private:
     std::optional<DesktopPoint> m_pendingMove;
     ScrollValuators m_scrollAxes;
     std::map<xcb_input_device_id_t, bool> m_scrollsInPoints;
-    toolkit::Clock m_toolkitClock;
     XcbConnection::Subscription m_subscription;
 };
 

@@ -79,6 +79,11 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
         whyNot = waylandIsNotSupported;
         return nullptr;
     }
+    const xcb_query_extension_reply_t* render = xcb_get_extension_data(connection->get(), &xcb_render_id);
+    if (!render || render->present == 0) {
+        whyNot = u"Tintwick needs the RENDER extension, which this X server does not have."_s;
+        return nullptr;
+    }
     return std::make_unique<X11Platform>(std::move(connection));
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "platform/x11/X11ClickMonitor.h"
+#include "platform/x11/ToolkitConnection.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PanelHost.h"
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
+    void prepareClipboard() override { m_toolkitClock.bringUpToDate(); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
 
@@ -37,6 +39,7 @@ private:
     X11PickingInput m_pickingInput;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
+    toolkit::Clock m_toolkitClock;
     // Made when first asked for, because they need the application object.
     std::optional<X11ScreenGrabber> m_screenGrabber;
     std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;

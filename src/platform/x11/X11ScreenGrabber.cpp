@@ -21,6 +21,9 @@ namespace {
 // Beyond this many rectangles the region is kept as its bounding box; to compose too much is correct, only slower.
 constexpr int maximumRegionComplexity = 64;
 
+// The longest that a compositor takes to show where the loupe went.
+constexpr std::chrono::milliseconds compositorDelay{300};
+
 constexpr xcb_render_color_t darkGrayPixel{0x5555, 0x5555, 0x5555, 0xffff};
 constexpr xcb_render_color_t black{0, 0, 0, 0xffff};
 
@@ -82,6 +85,7 @@ X11ScreenGrabber::X11ScreenGrabber(XcbConnection& connection)
                      isPresent(c, xcb_shape_id) && isPresent(c, xcb_xfixes_id);
     m_randrEvent = firstEvent(c, xcb_randr_id);
     m_xfixesEvent = firstEvent(c, xcb_xfixes_id);
+    m_damageEvent = firstEvent(c, xcb_damage_id);
     // Each of these extensions answers only those who asked for its version.
     if (m_hasComposite) {
         const auto composite = xcb_composite_query_version(c, 0, 4);
@@ -172,6 +176,11 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
                               nullptr);
 
     if (session.isComposited) {
+        if (m_hasComposite) {
+            session.screenDamage = XcbDamage::withNewId(c);
+            xcb_damage_create(c, session.screenDamage.id(), m_connection.root(),
+                              XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
+        }
         session.changed = m_closedWindows.region();
     }
 }
@@ -198,8 +207,21 @@ void X11ScreenGrabber::endSession()
     m_connection.flush();
 }
 
+bool X11ScreenGrabber::isComposited() const
+{
+    return m_session ? m_session->isComposited : hasCompositor(m_connection);
+}
+
 void X11ScreenGrabber::loupeWillCover(const QRect& area)
 {
+    if (m_session) {
+        const auto now = std::chrono::steady_clock::now();
+        std::deque<LoupePlace>& trail = m_session->loupeTrail;
+        trail.push_back({withShadow(area), now});
+        while (trail.front().when < now - compositorDelay) {
+            trail.pop_front();
+        }
+    }
     if (m_session && m_session->windows) {
         m_session->windows->keepContents(area);
     }
@@ -254,12 +276,7 @@ std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, Surfa
     image.bytesPerRow = pixels.width() * 4;
     const std::uint8_t* data = xcb_get_image_data(reply.get());
     image.bytes.assign(data, data + xcb_get_image_data_length(reply.get()));
-    const bool isBigEndian = xcb_get_setup(c)->image_byte_order == XCB_IMAGE_ORDER_MSB_FIRST;
     for (std::size_t i = 0; i + 3 < image.bytes.size(); i += 4) {
-        if (isBigEndian) {
-            std::swap(image.bytes[i], image.bytes[i + 3]);
-            std::swap(image.bytes[i + 1], image.bytes[i + 2]);
-        }
         // Without a compositor a translucent window shows its colours as they are; what is on a screen is opaque.
         image.bytes[i + 3] = 0xff;
     }
@@ -296,8 +313,30 @@ void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
         markChanged(m_session->screenRegion);
         return;
     }
+    if (m_session->screenDamage && type == m_damageEvent + XCB_DAMAGE_NOTIFY) {
+        const auto& notify = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
+        if (notify.damage == m_session->screenDamage.id()) {
+            handleScreenDamage({notify.area.x, notify.area.y, notify.area.width, notify.area.height});
+            return;
+        }
+    }
     if (m_session->windows) {
         markChanged(m_session->windows->handleEvent(event));
+    }
+}
+
+// A compositor shows what happened before the copy was made a moment after it, and lets windows fade that are gone. What
+// it paints for the loupe's own sake says nothing, nor does it when it paints all anew for any reason.
+void X11ScreenGrabber::handleScreenDamage(const QRect& area)
+{
+    QRect loupe;
+    for (const LoupePlace& place : m_session->loupeTrail) {
+        loupe |= place.area;
+    }
+    const QRect screen = m_session->screenRegion.boundingRect();
+    const bool isWholeScreen = area.contains(screen);
+    if (!isWholeScreen && !loupe.contains(area & screen)) {
+        markChanged(area);
     }
 }
 

@@ -8,6 +8,8 @@
 
 #include <QRegion>
 
+#include <chrono>
+#include <deque>
 #include <optional>
 
 namespace tintwick {
@@ -32,11 +34,20 @@ public:
     void endSession() override;
     [[nodiscard]] std::optional<ScreenImage> grab(const DesktopRect& rect, SurfaceId below) override;
 
+    /// Whether translucent pixels blend now.
+    [[nodiscard]] bool isComposited() const;
+
     /// To be called before the loupe comes to lie on the area (root coordinates): without a compositor the server would
     /// no longer draw there what windows below the loupe draw.
     void loupeWillCover(const QRect& area);
 
 private:
+    struct LoupePlace
+    {
+        QRect area;
+        std::chrono::steady_clock::time_point when;
+    };
+
     /// What a session keeps on the server.
     struct Session
     {
@@ -52,6 +63,10 @@ private:
         std::optional<WindowStack> windows;
         /// Where no window was when the copy was made.
         QRegion bareRegion;
+        /// Tells what a compositor paints on the screen.
+        XcbDamage screenDamage;
+        /// Where the loupe has lately been, the newest last.
+        std::deque<LoupePlace> loupeTrail;
         /// Where the copy is no longer what the user sees.
         QRegion changed;
         /// Stands where no window is; made when first needed.
@@ -60,6 +75,7 @@ private:
     };
 
     void handleEvent(const xcb_generic_event_t& event) override;
+    void handleScreenDamage(const QRect& area);
     void markChanged(const QRegion& region);
     void readScreens();
     void drawLive(const QRegion& region, const QPoint& origin);
@@ -74,6 +90,7 @@ private:
     bool m_hasComposite = false;
     std::uint8_t m_randrEvent = 0;
     std::uint8_t m_xfixesEvent = 0;
+    std::uint8_t m_damageEvent = 0;
     xcb_atom_t m_compositorSelection = XCB_ATOM_NONE;
     xcb_atom_t m_wallpaperProperty = XCB_ATOM_NONE;
     XcbPixmap m_canvasPixmap;

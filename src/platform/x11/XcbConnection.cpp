@@ -61,7 +61,11 @@ XcbConnection::Subscription XcbConnection::subscribe(Sink& sink)
 
 void XcbConnection::unsubscribe(Sink& sink)
 {
-    std::erase(m_sinks, &sink);
+    // A sink that subscribes anew is listed twice for a moment.
+    const auto oldest = std::find(m_sinks.begin(), m_sinks.end(), &sink);
+    if (oldest != m_sinks.end()) {
+        m_sinks.erase(oldest);
+    }
 }
 
 // Starts with the first sink, because the connection is opened before the application object exists.
@@ -80,23 +84,28 @@ void XcbConnection::listen()
 
 void XcbConnection::drain()
 {
-    bool handledAny = false;
-    while (XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
-        handledAny = true;
-        // A sink may subscribe or unsubscribe others while it handles the event.
+    if (std::exchange(m_isDraining, true)) {
+        return;
+    }
+    // A sink may subscribe or unsubscribe others while it handles the event.
+    const auto forEachSink = [this](const auto& tell) {
         for (Sink* sink : std::vector<Sink*>(m_sinks)) {
             if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end()) {
-                sink->handleEvent(*event);
+                tell(*sink);
             }
         }
+    };
+    bool handledAny = false;
+    while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
+        handledAny = true;
+        forEachSink([&](Sink& sink) { sink.handleEvent(*event); });
     }
     if (handledAny) {
-        for (Sink* sink : std::vector<Sink*>(m_sinks)) {
-            if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end()) {
-                sink->eventsDrained();
-            }
-        }
+        forEachSink([](Sink& sink) { sink.eventsDrained(); });
+        // What the sinks waited for may have brought more events along.
+        QMetaObject::invokeMethod(this, &XcbConnection::drain, Qt::QueuedConnection);
     }
+    m_isDraining = false;
     if (xcb_connection_has_error(m_connection) != 0 && m_notifier) {
         m_notifier->setEnabled(false);
         QCoreApplication::exit(EXIT_FAILURE);
@@ -115,12 +124,6 @@ xcb_atom_t XcbConnection::atom(const std::string& name) const
         xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection, cookie, nullptr));
     return m_atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
-void XcbConnection::sync() const
-{
-    const XcbReply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
 } // namespace tintwick

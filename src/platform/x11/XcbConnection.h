@@ -25,7 +25,8 @@ template <typename Reply>
 using XcbReply = std::unique_ptr<Reply, XcbFree>;
 
 /// A private connection to the X server, beside the toolkit's: what we grab and redirect goes with it when it closes,
-/// however the process ends. Its events are read on the event loop and handed to the sinks.
+/// however the process ends. Its events are read on the event loop and handed to the sinks one after the other, also
+/// when a sink runs a nested event loop.
 class XcbConnection final : public QObject
 {
     Q_OBJECT
@@ -89,8 +90,6 @@ public:
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
     [[nodiscard]] std::uint32_t newId() const { return xcb_generate_id(m_connection); }
     void flush() const { xcb_flush(m_connection); }
-    /// Returns once the server has carried out everything sent so far.
-    void sync() const;
 
 private:
     XcbConnection(xcb_connection_t* connection, int screenNumber);
@@ -104,6 +103,7 @@ private:
     xcb_screen_t* m_screen;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::vector<Sink*> m_sinks;
+    bool m_isDraining = false;
     mutable std::map<std::string, xcb_atom_t> m_atoms;
 };
 
