@@ -4,7 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QMap>
 #include <QStringList>
 
@@ -33,8 +33,8 @@ SystemAppearance::SystemAppearance(QObject* parent)
     if (!bus.isConnected()) {
         return;
     }
-    bus.connect(service, path, interface, u"SettingChanged"_s, this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    // The whole message: Qt 6.4 does not call a slot that asks for a QDBusVariant among its arguments here.
+    bus.connect(service, path, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
     QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
     question << QStringList{appearanceSpace, gnomeSpace, kdeSpace};
     auto* call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
@@ -68,9 +68,13 @@ void SystemAppearance::take(const QString& space, const QString& key, const QVar
     }
 }
 
-void SystemAppearance::settingChanged(const QString& space, const QString& key, const QDBusVariant& value)
+void SystemAppearance::settingChanged(const QDBusMessage& message)
 {
-    take(space, key, value.variant());
+    const QVariantList arguments = message.arguments();
+    if (message.signature() == "ssv"_L1) {
+        take(arguments.at(0).toString(), arguments.at(1).toString(),
+             arguments.at(2).value<QDBusVariant>().variant());
+    }
 }
 
 void SystemAppearance::takeAll(QDBusPendingCallWatcher* call)

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QDBusVariant>
 #include <QObject>
 #include <QString>
 #include <QVariant>
 
 #include <optional>
 
+class QDBusMessage;
 class QDBusPendingCallWatcher;
 
 namespace tintwick {
@@ -32,7 +32,7 @@ Q_SIGNALS:
     void changed();
 
 private Q_SLOTS:
-    void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& message);
 
 private:
     void takeAll(QDBusPendingCallWatcher* call);
