@@ -25,8 +25,9 @@ const auto storedOptionShiftC = QStringLiteral(R"({"carbonKeyCode":8,"carbonModi
 const auto storedCommandC = QStringLiteral(R"({"carbonKeyCode":8,"carbonModifiers":256})");
 
 // Settings files put texts with commas in quotes.
-const QByteArray lineOfOptionShiftC(
-    R"(KeyboardShortcuts_activatePicker="{\"carbonKeyCode\":8,\"carbonModifiers\":2560}")");
+const QByteArray lineOfOptionShiftC =
+    QByteArray(R"(KeyboardShortcuts_activatePicker="{'carbonKeyCode':8,'carbonModifiers':2560}")")
+        .replace("'", R"(\")");
 
 /// One start of the program; the folder keeps the settings from one start to the next.
 struct Session
