@@ -104,6 +104,7 @@ void OursAloneTest::nothingReachesAnotherProgram()
     QVERIFY(program.waitForPickToEnd());
     QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
 
+    QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
     window->focus();
     window->forgetEvents();
     desktop.click();
@@ -268,9 +269,13 @@ void OursAloneTest::aClickThatEscapeFollowsAtOnceStillTakesItsColor()
     PrivateDesktop desktop({});
     const auto picture = desktop.showPicture();
     TintwickProcess program(desktop);
+    DesktopConnection other(desktop.display());
+    QVERIFY(program.waitForTrayIcon());
     // Whether both arrive together is up to the scheduler, so it gets several chances.
     for (int x = 600; x < 620; ++x) {
-        QVERIFY(program.startPicking());
+        QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
+        desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
+        QVERIFY(program.waitForLoupe());
         desktop.movePointer({x, 500});
         desktop.click();
         desktop.typeKey(XK_Escape);

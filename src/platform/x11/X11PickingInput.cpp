@@ -131,11 +131,11 @@ void X11PickingInput::end()
 {
     m_listener = nullptr;
     m_pendingMove.reset();
-    if (m_holdsPointer && !m_buttonsDown.empty()) {
-        // The release is still ours, but the pointer shows again.
+    releaseWhatIsUp();
+    if (m_holdsPointer) {
+        // The release of the button is still ours, but the pointer shows again.
         static_cast<void>(grabPointer(XCB_CURSOR_NONE));
     }
-    releaseWhatIsUp();
 }
 
 DesktopPoint X11PickingInput::pointerPosition() const
@@ -210,7 +210,10 @@ void X11PickingInput::handleButton(const xcb_input_button_press_event_t& event, 
         }
         return;
     }
-    m_buttonsDown.insert(event.detail);
+    // A press that was under way when its device was given back is not ours to wait for.
+    if (m_holdsPointer) {
+        m_buttonsDown.insert(event.detail);
+    }
     if (m_listener) {
         m_listener->buttonPressed(toButton(event.detail), {toDouble(event.root_x), toDouble(event.root_y)});
     }
@@ -226,7 +229,9 @@ void X11PickingInput::handleKey(const xcb_input_key_press_event_t& event, bool i
         }
         return;
     }
-    m_keysDown.insert(event.detail);
+    if (m_holdsKeyboard) {
+        m_keysDown.insert(event.detail);
+    }
     if (m_listener) {
         const bool isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
         const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
