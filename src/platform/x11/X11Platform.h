@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "platform/x11/X11ClickMonitor.h"
 #include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/X11ClickMonitor.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PanelHost.h"

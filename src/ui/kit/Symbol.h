@@ -22,8 +22,8 @@ void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight w
 
 /// Draws the blurred shadow of a symbol that is to be drawn in `rect`: the blur has a standard deviation of one point and
 /// falls one point lower.
-void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight, const QColor& color,
-                      const QRectF& rect);
+void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight,
+                      const QColor& color, const QRectF& rect);
 
 /// A symbol as a picture of `symbolSide(size)` points; a null pixmap for an unknown name.
 [[nodiscard]] QPixmap symbolPixmap(QStringView name, double size, SymbolWeight weight, const QColor& color,
