@@ -61,8 +61,17 @@ void AppDelegate::applicationDidFinishLaunching()
     setupMenuBar();
     setupColorPickerService();
     setupGlobalShortcut();
-    // What the user cannot ask for before the icon is in the tray comes after it.
+    prepareLater();
+}
+
+// What the user cannot ask for before the icon is in the tray comes after it; and a menu that is open would close for it.
+void AppDelegate::prepareLater()
+{
     QTimer::singleShot(preparationDelay, &m_statusItem, [this] {
+        if (QApplication::activePopupWidget()) {
+            prepareLater();
+            return;
+        }
         setupMainPanel();
         m_colorPickerService.prepare();
     });
@@ -98,22 +107,23 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
-                     [this](bool isVisible) {
-                         ClickMonitor& monitor = m_platform->clickMonitor();
-                         if (!isVisible) {
-                             monitor.stop();
-                             return;
-                         }
-                         monitor.start([this] {
-                             // A click that picks is the picker's, wherever it falls.
-                             if (!m_colorPickerService.isPicking()) {
-                                 m_sinceClickElsewhere.start();
-                                 m_clickElsewhere = QCursor::pos();
-                                 hideMainPanel();
-                             }
-                         });
-                     });
+    QObject::connect(
+        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
+            ClickMonitor& monitor = m_platform->clickMonitor();
+            if (!isVisible) {
+                monitor.stop();
+                return;
+            }
+            monitor.start([this] {
+                // A click that picks is the picker's, wherever it falls; and while a button is down
+                // on the panel, the pointer may have been dragged off it since.
+                if (!m_colorPickerService.isPicking() && QGuiApplication::mouseButtons() == Qt::NoButton) {
+                    m_sinceClickElsewhere.start();
+                    m_clickElsewhere = QCursor::pos();
+                    hideMainPanel();
+                }
+            });
+        });
 }
 
 void AppDelegate::handleStatusBarClick()

@@ -34,6 +34,7 @@ public:
     void applicationDidFinishLaunching();
 
 private:
+    void prepareLater();
     void setupMenuBar();
     void setupMainPanel();
     void setupColorPickerService();

@@ -3,6 +3,7 @@
 #include "platform/PanelHost.h"
 #include "ui/DS.h"
 #include "ui/kit/Corners.h"
+#include "ui/kit/PopupWindow.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -36,6 +37,7 @@ void FloatingPanel::showAt(QPoint topLeft)
 void FloatingPanel::showEvent(QShowEvent* event)
 {
     m_host.prepareToShow(*windowHandle());
+    setDesktopBlends(m_host.blendsWindows());
     if (m_host.blendsWindows()) {
         clearMask();
     } else {

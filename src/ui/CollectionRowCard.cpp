@@ -150,10 +150,17 @@ void CollectionRowCard::keyPressEvent(QKeyEvent* event)
     Clickable::keyPressEvent(event);
 }
 
+// Never as a move, which many editors propose: they would delete the text that was dropped.
+void CollectionRowCard::acceptAsCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 void CollectionRowCard::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (carriesText(*event->mimeData())) {
-        event->acceptProposedAction();
+    if (carriesText(*event->mimeData()) && event->possibleActions().testFlag(Qt::CopyAction)) {
+        acceptAsCopy(*event);
         setDropTarget(true);
     }
 }
@@ -166,7 +173,7 @@ void CollectionRowCard::dragLeaveEvent(QDragLeaveEvent*)
 void CollectionRowCard::dropEvent(QDropEvent* event)
 {
     setDropTarget(false);
-    event->acceptProposedAction();
+    acceptAsCopy(*event);
     for (const QUuid& id : droppedColorIds(*event->mimeData())) {
         m_appState.addColor(id, m_collection.id);
     }

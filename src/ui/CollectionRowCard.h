@@ -51,6 +51,7 @@ protected:
 
 private:
     void openContextMenu(QPoint globalPosition);
+    static void acceptAsCopy(QDropEvent& event);
     void setDropTarget(bool isDropTarget);
     void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
     [[nodiscard]] QRectF cardRect() const;

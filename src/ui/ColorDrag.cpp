@@ -21,7 +21,7 @@ void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& pictu
 
 bool carriesText(const QMimeData& data)
 {
-    return data.hasText();
+    return data.hasText() && !data.hasUrls();
 }
 
 QList<QUuid> droppedColorIds(const QMimeData& data)

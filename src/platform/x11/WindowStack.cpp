@@ -1,9 +1,10 @@
 #include "platform/x11/WindowStack.h"
 
+#include "platform/x11/RenderFormats.h"
+
 #include <xcb/composite.h>
 #include <xcb/damage.h>
 #include <xcb/shape.h>
-#include <xcb/xcb_renderutil.h>
 
 #include <algorithm>
 #include <string_view>
@@ -64,22 +65,6 @@ bool isGuardWindow(xcb_connection_t* c, xcb_window_t id)
     return name && std::string_view(static_cast<const char*>(xcb_get_property_value(name.get())),
                                     static_cast<std::size_t>(xcb_get_property_value_length(name.get())))
                        .ends_with("guard window");
-}
-
-// None when the visual has no Render format.
-const xcb_render_pictforminfo_t* formatOfVisual(xcb_connection_t* c, xcb_visualid_t visual)
-{
-    const xcb_render_query_pict_formats_reply_t* formats = xcb_render_util_query_formats(c);
-    const xcb_render_pictvisual_t* found = xcb_render_util_find_visual_format(formats, visual);
-    if (!found) {
-        return nullptr;
-    }
-    const auto* begin = xcb_render_query_pict_formats_formats(formats);
-    const auto* end = begin + xcb_render_query_pict_formats_formats_length(formats);
-    const auto* info = std::find_if(begin, end, [&](const xcb_render_pictforminfo_t& candidate) {
-        return candidate.id == found->format;
-    });
-    return info == end ? nullptr : info;
 }
 
 } // namespace

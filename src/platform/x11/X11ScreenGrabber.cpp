@@ -1,5 +1,6 @@
 #include "platform/x11/X11ScreenGrabber.h"
 
+#include "platform/x11/RenderFormats.h"
 #include "platform/x11/ToolkitConnection.h"
 #include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11Screens.h"
@@ -24,7 +25,6 @@ constexpr int maximumRegionComplexity = 64;
 // The longest that a compositor takes to show where the loupe went.
 constexpr std::chrono::milliseconds compositorDelay{300};
 
-constexpr xcb_render_color_t darkGrayPixel{0x5555, 0x5555, 0x5555, 0xffff};
 constexpr xcb_render_color_t black{0, 0, 0, 0xffff};
 
 bool isPresent(xcb_connection_t* c, xcb_extension_t& extension)
@@ -39,22 +39,6 @@ std::uint8_t firstEvent(xcb_connection_t* c, xcb_extension_t& extension)
     return data && data->present != 0 ? data->first_event : 0;
 }
 
-xcb_rectangle_t toXcb(const QRect& rect)
-{
-    return {static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
-            static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
-}
-
-std::vector<xcb_rectangle_t> toXcb(const QRegion& region)
-{
-    std::vector<xcb_rectangle_t> rectangles;
-    rectangles.reserve(static_cast<std::size_t>(region.rectCount()));
-    for (const QRect& rect : region) {
-        rectangles.push_back(toXcb(rect));
-    }
-    return rectangles;
-}
-
 // The pixels that the rectangle touches: a fractional position lies in the pixel to its upper left.
 QRect toPixels(const DesktopRect& rect)
 {
@@ -62,12 +46,13 @@ QRect toPixels(const DesktopRect& rect)
             static_cast<int>(std::ceil(rect.width)), static_cast<int>(std::ceil(rect.height))};
 }
 
-xcb_render_pictformat_t formatOfDepth(xcb_connection_t* c, std::uint8_t depth)
+QRegion regionOf(const std::vector<Screen>& screens)
 {
-    const xcb_render_query_pict_formats_reply_t* formats = xcb_render_util_query_formats(c);
-    const auto standard = depth == 32 ? XCB_PICT_STANDARD_ARGB_32 : XCB_PICT_STANDARD_RGB_24;
-    const xcb_render_pictforminfo_t* info = xcb_render_util_find_standard_format(formats, standard);
-    return info ? info->id : XCB_NONE;
+    QRegion region;
+    for (const Screen& screen : screens) {
+        region += toPixels(screen.frame);
+    }
+    return region;
 }
 
 } // namespace
@@ -75,6 +60,7 @@ xcb_render_pictformat_t formatOfDepth(xcb_connection_t* c, std::uint8_t depth)
 X11ScreenGrabber::X11ScreenGrabber(XcbConnection& connection)
     : m_connection(connection)
     , m_closedWindows(connection)
+    , m_canvas(connection)
 {
     xcb_connection_t* c = m_connection.get();
     for (xcb_extension_t* extension :
@@ -169,10 +155,8 @@ void X11ScreenGrabber::beginSession(ContentChanged contentChanged)
     if (session.windows) {
         session.windows->forgetDamageBefore(copied.sequence);
     }
-    const xcb_render_pictvisual_t* visual = xcb_render_util_find_visual_format(
-        xcb_render_util_query_formats(c), m_connection.screen().root_visual);
     session.frozenScreen = XcbPicture::withNewId(c);
-    xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), visual->format, 0,
+    xcb_render_create_picture(c, session.frozenScreen.id(), session.frozenPixmap.id(), rootFormat(), 0,
                               nullptr);
 
     if (session.isComposited) {
@@ -201,9 +185,7 @@ void X11ScreenGrabber::endSession()
     if (m_hasComposite) {
         xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection, 0);
     }
-    m_canvas = {};
-    m_canvasPixmap = {};
-    m_canvasSize = {};
+    m_canvas.release();
     m_connection.flush();
 }
 
@@ -229,58 +211,28 @@ void X11ScreenGrabber::loupeWillCover(const QRect& area)
 
 std::optional<ScreenImage> X11ScreenGrabber::grab(const DesktopRect& rect, SurfaceId below)
 {
-    xcb_connection_t* c = m_connection.get();
     const QRect pixels = toPixels(rect);
-    if (pixels.isEmpty() || !ensureCanvas(pixels.width(), pixels.height())) {
+    if (!m_canvas.begin(pixels)) {
         return std::nullopt;
     }
-    const QPoint origin = pixels.topLeft();
-    QRegion screenRegion;
-    if (m_session) {
-        screenRegion = m_session->screenRegion;
-    } else {
-        for (const Screen& screen : screens()) {
-            screenRegion += toPixels(screen.frame);
-        }
-    }
-
-    const QRegion visible = screenRegion & pixels;
+    const QRegion visible = screenRegion() & pixels;
     if (visible != pixels) {
-        clipCanvas(pixels, origin);
-        const xcb_rectangle_t all = toXcb(QRect(QPoint(0, 0), pixels.size()));
-        xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, m_canvas.id(), darkGrayPixel, 1, &all);
+        m_canvas.clip(pixels);
+        m_canvas.fillDarkGray();
     }
-    clipCanvas(visible, origin);
+    m_canvas.clip(visible);
     if (m_session && m_session->frozenScreen && below != 0) {
         const QRegion live = m_session->windows ? visible & m_session->changed : QRegion();
         if (live != visible) {
-            fillCanvas(m_session->frozenScreen.id(), pixels, origin);
+            m_canvas.drawRootPicture(m_session->frozenScreen.id(), pixels);
         }
         if (!live.isEmpty()) {
-            drawLive(live, origin);
+            drawLive(live);
         }
     } else {
-        fillCanvas(createRootPicture().id(), pixels, origin);
+        m_canvas.drawRootPicture(createRootPicture().id(), pixels);
     }
-
-    const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_canvasPixmap.id(), 0, 0,
-                                      static_cast<std::uint16_t>(pixels.width()),
-                                      static_cast<std::uint16_t>(pixels.height()), ~0U);
-    const XcbReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(c, cookie, nullptr));
-    if (!reply) {
-        return std::nullopt;
-    }
-    ScreenImage image;
-    image.width = pixels.width();
-    image.height = pixels.height();
-    image.bytesPerRow = pixels.width() * 4;
-    const std::uint8_t* data = xcb_get_image_data(reply.get());
-    image.bytes.assign(data, data + xcb_get_image_data_length(reply.get()));
-    for (std::size_t i = 0; i + 3 < image.bytes.size(); i += 4) {
-        // Without a compositor a translucent window shows its colours as they are; what is on a screen is opaque.
-        image.bytes[i + 3] = 0xff;
-    }
-    return image;
+    return m_canvas.read();
 }
 
 void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
@@ -296,7 +248,8 @@ void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
         readScreens();
         if (m_session->screens != before) {
             // New parts of the desktop are not in the copy.
-            markChanged(m_session->screenRegion);
+            m_session->changed = m_session->screenRegion;
+            // A copy, because what is told may end the session.
             const ContentChanged tell = m_session->contentChanged;
             tell(DesktopRect{});
         }
@@ -359,36 +312,33 @@ void X11ScreenGrabber::markChanged(const QRegion& region)
 void X11ScreenGrabber::readScreens()
 {
     m_session->screens = queryScreens(m_connection);
-    m_session->screenRegion = {};
-    for (const Screen& screen : m_session->screens) {
-        m_session->screenRegion += toPixels(screen.frame);
-    }
+    m_session->screenRegion = regionOf(m_session->screens);
 }
 
-void X11ScreenGrabber::drawLive(const QRegion& region, const QPoint& origin)
+QRegion X11ScreenGrabber::screenRegion() const
+{
+    if (m_session) {
+        return m_session->screenRegion;
+    }
+    return regionOf(queryScreens(m_connection));
+}
+
+void X11ScreenGrabber::drawLive(const QRegion& region)
 {
     const QRect area = region.boundingRect();
-    clipCanvas(region, origin);
+    m_canvas.clip(region);
     if (!m_session->background) {
         makeBackground();
     }
-    fillCanvas(m_session->background.id(), area, origin);
+    m_canvas.drawRootPicture(m_session->background.id(), area);
     for (const StackedWindow* window : m_session->windows->contentsIn(area)) {
+        // The server heeds a clip on what is drawn on, not one on what is drawn.
         if (window->isShaped) {
-            clipCanvas(region & window->shape.translated(window->frame.topLeft()), origin);
+            m_canvas.clip(region & window->shape.translated(window->frame.topLeft()));
         }
-        const QRect part = area & window->frame;
-        const bool blends = window->hasAlpha && m_session->isComposited;
-        xcb_render_composite(m_connection.get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC,
-                             window->picture.id(), XCB_NONE, m_canvas.id(),
-                             static_cast<std::int16_t>(part.x() - window->frame.x()),
-                             static_cast<std::int16_t>(part.y() - window->frame.y()), 0, 0,
-                             static_cast<std::int16_t>(part.x() - origin.x()),
-                             static_cast<std::int16_t>(part.y() - origin.y()),
-                             static_cast<std::uint16_t>(part.width()),
-                             static_cast<std::uint16_t>(part.height()));
+        m_canvas.drawWindow(*window, area, window->hasAlpha && m_session->isComposited);
         if (window->isShaped) {
-            clipCanvas(region, origin);
+            m_canvas.clip(region);
         }
     }
 }
@@ -408,17 +358,20 @@ void X11ScreenGrabber::makeBackground()
         const auto pixmap = *static_cast<const xcb_pixmap_t*>(xcb_get_property_value(property.get()));
         const XcbReply<xcb_get_geometry_reply_t> geometry(
             xcb_get_geometry_reply(c, xcb_get_geometry(c, pixmap), nullptr));
-        if (geometry && (geometry->depth == 24 || geometry->depth == 32)) {
-            xcb_render_create_picture(c, session.background.id(), pixmap, formatOfDepth(c, geometry->depth),
-                                      XCB_RENDER_CP_REPEAT, &repeat);
+        const bool isLikeTheRoot = geometry && geometry->depth == m_connection.screen().root_depth;
+        if (isLikeTheRoot || (geometry && geometry->depth == translucentDepth)) {
+            const xcb_render_pictformat_t format =
+                isLikeTheRoot ? rootFormat() : formatOfDepth(c, translucentDepth);
+            xcb_render_create_picture(c, session.background.id(), pixmap, format, XCB_RENDER_CP_REPEAT,
+                                      &repeat);
             return;
         }
     }
 
     session.backgroundPixmap = XcbPixmap::withNewId(c);
-    xcb_create_pixmap(c, 32, session.backgroundPixmap.id(), m_connection.root(), 1, 1);
-    xcb_render_create_picture(c, session.background.id(), session.backgroundPixmap.id(), formatOfDepth(c, 32),
-                              XCB_RENDER_CP_REPEAT, &repeat);
+    xcb_create_pixmap(c, translucentDepth, session.backgroundPixmap.id(), m_connection.root(), 1, 1);
+    xcb_render_create_picture(c, session.background.id(), session.backgroundPixmap.id(),
+                              formatOfDepth(c, translucentDepth), XCB_RENDER_CP_REPEAT, &repeat);
     const auto* const largest = std::max_element(
         session.bareRegion.begin(), session.bareRegion.end(),
         [](const QRect& a, const QRect& b) { return a.width() * a.height() < b.width() * b.height(); });
@@ -433,56 +386,21 @@ void X11ScreenGrabber::makeBackground()
     }
 }
 
+xcb_render_pictformat_t X11ScreenGrabber::rootFormat() const
+{
+    const xcb_render_pictforminfo_t* format =
+        formatOfVisual(m_connection.get(), m_connection.screen().root_visual);
+    return format ? format->id : xcb_render_pictformat_t{XCB_NONE};
+}
+
 XcbPicture X11ScreenGrabber::createRootPicture() const
 {
     xcb_connection_t* c = m_connection.get();
-    const xcb_render_pictvisual_t* visual = xcb_render_util_find_visual_format(
-        xcb_render_util_query_formats(c), m_connection.screen().root_visual);
     XcbPicture picture = XcbPicture::withNewId(c);
     const std::uint32_t includeInferiors = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
-    xcb_render_create_picture(c, picture.id(), m_connection.root(), visual->format,
+    xcb_render_create_picture(c, picture.id(), m_connection.root(), rootFormat(),
                               XCB_RENDER_CP_SUBWINDOW_MODE, &includeInferiors);
     return picture;
-}
-
-// The canvas is where a grab is put together; it grows to the largest size asked for in a session.
-bool X11ScreenGrabber::ensureCanvas(int width, int height)
-{
-    const QSize wanted = m_canvasSize.expandedTo({width, height});
-    if (m_canvas && wanted == m_canvasSize) {
-        return true;
-    }
-    constexpr int maximumSide = 0x7fff;
-    if (wanted.width() > maximumSide || wanted.height() > maximumSide) {
-        return false;
-    }
-    xcb_connection_t* c = m_connection.get();
-    m_canvasSize = wanted;
-    m_canvas = {};
-    m_canvasPixmap = XcbPixmap::withNewId(c);
-    xcb_create_pixmap(c, 32, m_canvasPixmap.id(), m_connection.root(),
-                      static_cast<std::uint16_t>(wanted.width()),
-                      static_cast<std::uint16_t>(wanted.height()));
-    m_canvas = XcbPicture::withNewId(c);
-    xcb_render_create_picture(c, m_canvas.id(), m_canvasPixmap.id(), formatOfDepth(c, 32), 0, nullptr);
-    return true;
-}
-
-// `area` is in root coordinates, `origin` the canvas's place in them; the picture shows the root's coordinates.
-void X11ScreenGrabber::fillCanvas(std::uint32_t picture, const QRect& area, const QPoint& origin)
-{
-    xcb_render_composite(m_connection.get(), XCB_RENDER_PICT_OP_SRC, picture, XCB_NONE, m_canvas.id(),
-                         static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()), 0, 0,
-                         static_cast<std::int16_t>(area.x() - origin.x()),
-                         static_cast<std::int16_t>(area.y() - origin.y()),
-                         static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height()));
-}
-
-void X11ScreenGrabber::clipCanvas(const QRegion& region, const QPoint& origin)
-{
-    const std::vector<xcb_rectangle_t> rectangles = toXcb(region.translated(-origin));
-    xcb_render_set_picture_clip_rectangles(m_connection.get(), m_canvas.id(), 0, 0,
-                                           static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 } // namespace tintwick

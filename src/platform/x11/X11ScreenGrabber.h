@@ -2,6 +2,7 @@
 
 #include "platform/ScreenGrabber.h"
 #include "platform/x11/ClosedWindows.h"
+#include "platform/x11/GrabCanvas.h"
 #include "platform/x11/WindowStack.h"
 #include "platform/x11/XcbConnection.h"
 #include "platform/x11/XcbHandle.h"
@@ -78,12 +79,11 @@ private:
     void handleScreenDamage(const QRect& area);
     void markChanged(const QRegion& region);
     void readScreens();
-    void drawLive(const QRegion& region, const QPoint& origin);
+    [[nodiscard]] QRegion screenRegion() const;
+    void drawLive(const QRegion& region);
     void makeBackground();
+    [[nodiscard]] xcb_render_pictformat_t rootFormat() const;
     [[nodiscard]] XcbPicture createRootPicture() const;
-    bool ensureCanvas(int width, int height);
-    void fillCanvas(std::uint32_t picture, const QRect& area, const QPoint& origin);
-    void clipCanvas(const QRegion& region, const QPoint& origin);
 
     XcbConnection& m_connection;
     ClosedWindows m_closedWindows;
@@ -93,9 +93,7 @@ private:
     std::uint8_t m_damageEvent = 0;
     xcb_atom_t m_compositorSelection = XCB_ATOM_NONE;
     xcb_atom_t m_wallpaperProperty = XCB_ATOM_NONE;
-    XcbPixmap m_canvasPixmap;
-    XcbPicture m_canvas;
-    QSize m_canvasSize;
+    GrabCanvas m_canvas;
     std::optional<Session> m_session;
     XcbConnection::Subscription m_subscription;
 };
