@@ -4,6 +4,7 @@
 // usage: tintwick_bench_desktop [--idle-seconds N]
 
 #include "desktop/TintwickProcess.h"
+#include "support/HandOnKeyboard.h"
 #include "support/Pattern.h"
 #include "support/PrivateDesktop.h"
 #include "support/TestWindow.h"
@@ -199,6 +200,24 @@ std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connecti
     return windows;
 }
 
+/// From what `begin` does to the loupe's first frame on the screen; ends the pick.
+double timeToLoupe(PrivateDesktop& desktop, TintwickProcess& program, const std::function<void()>& begin)
+{
+    const QRect place = loupePlace(desktop.pointer(), desktop.screen());
+    // The ring is drawn with the first frame; below it was something else.
+    const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
+    const QRgb before = desktop.pixel(onRing);
+    const auto start = Clock::now();
+    begin();
+    while (!program.loupe() || desktop.pixel(onRing) == before) {
+        require(Clock::now() - start < std::chrono::seconds(5), "no loupe");
+    }
+    const double time = Milliseconds(Clock::now() - start).count();
+    desktop.typeKey(XK_Escape);
+    require(program.waitForPickToEnd(), "the pick does not end");
+    return time;
+}
+
 /// From the click on "Pick Color" to the loupe's first frame on the screen.
 double pickTime(PrivateDesktop& desktop, TintwickProcess& program)
 {
@@ -206,20 +225,27 @@ double pickTime(PrivateDesktop& desktop, TintwickProcess& program)
     for (int i = 0; i < 9; ++i) {
         require(program.openMenu(), "no menu");
         program.pointAtPick();
-        const QPoint pointer = desktop.pointer();
-        const QRect place = loupePlace(pointer, desktop.screen());
-        // The ring is drawn with the first frame; below it was something else.
-        const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
-        const QRgb before = desktop.pixel(onRing);
         desktop.press(PrivateDesktop::Button::Left);
-        const auto start = Clock::now();
-        desktop.release(PrivateDesktop::Button::Left);
-        while (!program.loupe() || desktop.pixel(onRing) == before) {
-            require(Clock::now() - start < std::chrono::seconds(5), "no loupe");
-        }
-        times.push_back(Milliseconds(Clock::now() - start).count());
-        desktop.typeKey(XK_Escape);
-        require(program.waitForPickToEnd(), "the pick does not end");
+        times.push_back(
+            timeToLoupe(desktop, program, [&] { desktop.release(PrivateDesktop::Button::Left); }));
+    }
+    return median(times);
+}
+
+/// From the release of the shortcut's key to the loupe's first frame on the screen.
+double shortcutTime(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    HandOnKeyboard hand(desktop.display());
+    std::vector<double> times;
+    for (int i = 0; i < 25; ++i) {
+        require(waitUntil([&] { return desktop.connection().inputIsFree(); }), "the pick keeps the input");
+        desktop.movePointer({300 + 50 * i, 540});
+        hand.press(KEY_LEFTALT);
+        hand.press(KEY_LEFTSHIFT);
+        hand.press(KEY_C);
+        times.push_back(timeToLoupe(desktop, program, [&] { hand.release(KEY_C); }));
+        hand.release(KEY_LEFTSHIFT);
+        hand.release(KEY_LEFTALT);
     }
     return median(times);
 }
@@ -320,6 +346,8 @@ void measurePicking(PrivateDesktop::Compositor compositor)
     const double pick = pickTime(desktop, program);
     print("\"Pick Color\" to the loupe's first frame (aim 16)", pick, "ms", "gpick -p to its window",
           startTime(desktop, QStringLiteral("gpick"), {QStringLiteral("-p")}));
+    print("shortcut's release to the loupe's first frame (aim 16)", shortcutTime(desktop, program), "ms",
+          "one frame", 1000.0 / 60);
 
     const double floor = floorOfGrab(desktop);
     require(program.startPicking(), "no loupe");

@@ -41,15 +41,17 @@ Payload fullPayload()
 {
     Payload payload;
     for (CapturedColor& color : randomColors()) {
-        if (payload.history.size() == 100)
+        if (payload.history.size() == 100) {
             break;
+        }
         color.customName = ColorNameService::shared().nearest(color);
         payload.history.append(color);
     }
     for (int i = 0; i < 20; ++i) {
         ColorCollection collection = ColorCollection::create(QStringLiteral("Collection %1").arg(i));
-        for (int member = 0; member < 10; ++member)
+        for (int member = 0; member < 10; ++member) {
             collection.colorIds.append(payload.history[i * 5 % 90 + member].id);
+        }
         payload.collections.append(collection);
     }
     return payload;
@@ -154,8 +156,9 @@ void bareSave(benchmark::State& state)
         const int directory = ::open(folder.path().constData(), O_RDONLY | O_DIRECTORY);
         const bool synced = ::fsync(directory) == 0;
         ::close(directory);
-        if (!written || !replaced || !synced)
+        if (!written || !replaced || !synced) {
             state.SkipWithError("The file cannot be saved");
+        }
     }
 }
 BENCHMARK(bareSave)->Unit(benchmark::kMicrosecond)->UseRealTime();

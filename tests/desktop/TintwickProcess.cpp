@@ -45,11 +45,27 @@ QRect TintwickProcess::trayIcon()
 
 bool TintwickProcess::waitForTrayIcon()
 {
-    // The icon is embedded first and gets its place and size a little later.
+    // The tray embeds the icon first, then makes room for it, and comes back to its place at the edge only after that.
     return waitUntil([this] {
         const QRect icon = trayIcon();
-        return icon.width() > 4 && m_desktop.screen().contains(icon) && icon == trayIcon();
+        return icon.width() > 4 && trayInItsPlace().contains(icon);
     });
+}
+
+QRect TintwickProcess::trayInItsPlace()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    const QRect screen = m_desktop.screen();
+    for (const xcb_window_t window : connection.tree(connection.root())) {
+        const QRect place = connection.geometry(window);
+        const bool isInItsPlace = std::abs(place.center().x() - screen.center().x()) <= 1 ||
+                                  place.left() == screen.left() || place.right() == screen.right();
+        if (isInItsPlace && connection.property(window, "WM_CLASS").contains("trayer") &&
+            connection.isViewable(window)) {
+            return place;
+        }
+    }
+    return {};
 }
 
 bool TintwickProcess::isLoupe(xcb_window_t window)

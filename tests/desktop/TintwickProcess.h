@@ -76,6 +76,8 @@ public:
 private:
     void sendClick(xcb_window_t window, PrivateDesktop::Button button, QPoint position);
     [[nodiscard]] xcb_window_t trayIconWindow();
+    /// The tray in the middle or at an end of its edge of the screen; empty while it is elsewhere.
+    [[nodiscard]] QRect trayInItsPlace();
     [[nodiscard]] bool belongsToProgram(xcb_window_t window);
     [[nodiscard]] bool isLoupe(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);

@@ -14,6 +14,8 @@
 #include <QHoverEvent>
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace tintwick {
 
 namespace {
@@ -39,10 +41,10 @@ public:
         while (!m_appState.collections().isEmpty()) {
             m_appState.deleteCollection(m_appState.collections().first().id);
         }
-        for (auto color = colors.rbegin(); color != colors.rend(); ++color) {
+        std::for_each(colors.rbegin(), colors.rend(), [this](const QColor& color) {
             m_appState.colorCaptured(
-                CapturedColor::capture(color->redF(), color->greenF(), color->blueF(), color->alphaF()));
-        }
+                CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
+        });
         if (m_later) {
             m_later();
         }

@@ -17,6 +17,8 @@ xcb_window_t windowOf(const xcb_generic_event_t& event)
     case XCB_BUTTON_RELEASE:
     case XCB_MOTION_NOTIFY:
         return reinterpret_cast<const xcb_button_press_event_t&>(event).event;
+    case XCB_MAP_NOTIFY:
+        return reinterpret_cast<const xcb_map_notify_event_t&>(event).event;
     default:
         return XCB_NONE;
     }

@@ -18,8 +18,8 @@ constexpr std::uint8_t allModifiers = 0xFF;
 
 } // namespace
 
-HandOnKeyboard::HandOnKeyboard()
-    : m_connection(qgetenv("DISPLAY"))
+HandOnKeyboard::HandOnKeyboard(const QByteArray& display)
+    : m_connection(display)
 {
     auto* const c = m_connection.get();
     const ServerReply<xcb_xkb_use_extension_reply_t> xkb(

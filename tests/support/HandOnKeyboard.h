@@ -10,12 +10,12 @@
 
 namespace tintwick {
 
-/// A user's hand on the keyboard of the desktop in $DISPLAY. Keys are positions (KEY_C is the key right of X, whatever
+/// A user's hand on the keyboard of a desktop. Keys are positions (KEY_C is the key right of X, whatever
 /// the layout prints on it). At its end no key is down and no lock is on.
 class HandOnKeyboard final
 {
 public:
-    HandOnKeyboard();
+    explicit HandOnKeyboard(const QByteArray& display = qgetenv("DISPLAY"));
     ~HandOnKeyboard();
     HandOnKeyboard(const HandOnKeyboard&) = delete;
     HandOnKeyboard& operator=(const HandOnKeyboard&) = delete;
