@@ -4,6 +4,9 @@
 #include "ui/DS.h"
 
 #include <QPainter>
+#include <QTransform>
+
+#include <cmath>
 
 namespace tintwick {
 
@@ -23,7 +26,11 @@ void Rule::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(QRectF(0, 0, width(), thickness), DS::border.in(Appearance::of(this)));
+    const QTransform toDevice = painter.deviceTransform();
+    QRectF line = toDevice.mapRect(QRectF(0, 0, width(), thickness));
+    // Straddling two pixels at a fractional scale, so thin a line all but vanishes.
+    line.moveTop(std::round(line.top()));
+    painter.fillRect(toDevice.inverted().mapRect(line), DS::border.in(Appearance::of(this)));
 }
 
 Rule* rule()
