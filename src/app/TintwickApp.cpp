@@ -1,5 +1,7 @@
 #include "app/TintwickApp.h"
 
+#include "state/Preferences.h"
+
 #include <QThreadPool>
 
 namespace tintwick {
@@ -19,6 +21,7 @@ TintwickApp::TintwickApp(int& argc, char** argv, std::unique_ptr<Platform> platf
     QApplication::setApplicationName(u"Tintwick"_s);
     QApplication::setApplicationVersion(QStringLiteral(TINTWICK_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+    preferences::removeAbandonedLock();
     // The toolkit paints with these threads; waiting half a minute for more work they would wake an idle program.
     QThreadPool::globalInstance()->setExpiryTimeout(threadExpiry);
     m_appDelegate = std::make_unique<AppDelegate>(std::move(platform));

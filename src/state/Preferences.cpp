@@ -1,6 +1,9 @@
 #include "state/Preferences.h"
 
 #include <QAnyStringView>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QVariant>
 
@@ -61,6 +64,19 @@ int storedInteger(QAnyStringView key)
 }
 
 } // namespace
+
+void removeAbandonedLock()
+{
+    const QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Tintwick"),
+                             QStringLiteral("Tintwick"));
+    const QFileInfo lock(settings.fileName() + QStringLiteral(".lock"));
+    constexpr qint64 second = 1000;
+    const bool isAbandoned = lock.exists() && lock.size() == 0 &&
+                             lock.lastModified().msecsTo(QDateTime::currentDateTime()) > second;
+    if (isAbandoned) {
+        QFile::remove(lock.filePath());
+    }
+}
 
 ColorSchemePref colorScheme()
 {

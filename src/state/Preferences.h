@@ -10,6 +10,10 @@ enum class ColorSchemePref { Auto, Light, Dark };
 /// once; a missing, mistyped or unknown value reads as the default.
 namespace preferences {
 
+/// To be called once at start. A process that was killed while it wrote leaves an empty lock behind, for which the next
+/// write would wait half a minute; one that is older than a second is nobody's.
+void removeAbandonedLock();
+
 [[nodiscard]] ColorSchemePref colorScheme();
 void setColorScheme(ColorSchemePref scheme);
 

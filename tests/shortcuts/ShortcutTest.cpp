@@ -135,5 +135,5 @@ private Q_SLOTS:
 
 } // namespace tintwick::test
 
-QTEST_APPLESS_MAIN(tintwick::test::ShortcutTest)
+QTEST_MAIN(tintwick::test::ShortcutTest)
 #include "ShortcutTest.moc"

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void whatIsWrittenIsReadBack();
     void appearancesCycle();
     void anUnknownAppearanceCyclesToLight();
+    void anOldEmptyLockIsRemovedAndNoOther_data();
+    void anOldEmptyLockIsRemovedAndNoOther();
 
 private:
     void store(const QByteArray& lines);
@@ -210,6 +212,35 @@ void PreferencesTest::anUnknownAppearanceCyclesToLight()
     store("colorSchemePref=sepia");
     preferences::setColorScheme(preferences::nextColorScheme(preferences::colorScheme()));
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=light\n"));
+}
+
+void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("ageInSeconds");
+    QTest::addColumn<bool>("stays");
+    QTest::newRow("empty and old") << QByteArray() << 60 << false;
+    QTest::newRow("empty and just made") << QByteArray() << 0 << true;
+    QTest::newRow("somebody's") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
+}
+
+void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const int, ageInSeconds);
+    QFETCH(const bool, stays);
+    QDir(m_configHome.path()).mkpath(QStringLiteral("Tintwick"));
+    QFile lock(m_path + QStringLiteral(".lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write(content);
+    lock.flush();
+    QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addSecs(-ageInSeconds),
+                             QFileDevice::FileModificationTime));
+    lock.close();
+
+    preferences::removeAbandonedLock();
+    QCOMPARE(lock.exists(), stays);
+    lock.remove();
 }
 
 } // namespace tintwick
