@@ -512,7 +512,7 @@ void PayloadCodingTest::deepAndWideFilesAreHarmless()
     for (int i = 0; i < 100'000; ++i) {
         manyKeys += "\"k" + QByteArray::number(i) + "\":0,";
     }
-    manyKeys += "\"history\":[],\"collections\":[],\"defaultFormat\":\"Name\"}";
+    manyKeys += R"("history":[],"collections":[],"defaultFormat":"Name"})";
     QVERIFY(decodePayload(manyKeys).has_value());
 }
 
