@@ -1,5 +1,6 @@
 #include "platform/x11/WindowStack.h"
 
+#include "platform/x11/ClientResources.h"
 #include "platform/x11/RenderFormats.h"
 
 #include <xcb/composite.h>
@@ -24,11 +25,6 @@ QRegion visibleArea(const StackedWindow& window)
 QRect outerFrame(int x, int y, int width, int height, int border)
 {
     return {x, y, width + 2 * border, height + 2 * border};
-}
-
-bool isFromClient(xcb_window_t id, const xcb_setup_t& client)
-{
-    return (id & ~client.resource_id_mask) == client.resource_id_base;
 }
 
 // The server's own windows are the stage on which a compositor shows what it made of the others, and the screen saver.

@@ -1,6 +1,8 @@
 #include "platform/x11/X11ClickMonitor.h"
 
+#include "platform/x11/ClientResources.h"
 #include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/XInput.h"
 
 #include <xcb/xinput.h>
 
@@ -11,25 +13,12 @@ namespace {
 constexpr std::uint32_t primaryButton = 1;
 constexpr std::uint32_t secondaryButton = 3;
 
-/// The server gives each client its own range of ids.
-bool belongsTo(xcb_connection_t* client, xcb_window_t window)
-{
-    const xcb_setup_t* setup = xcb_get_setup(client);
-    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
-}
-
 } // namespace
 
 X11ClickMonitor::X11ClickMonitor(XcbConnection& connection)
     : m_connection(connection)
+    , m_extension(openInputExtension(connection))
 {
-    xcb_connection_t* c = m_connection.get();
-    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(c, &xcb_input_id);
-    if (extension && extension->present != 0) {
-        m_extension = extension->major_opcode;
-        // From version 2.1 on raw events come during grabs too.
-        xcb_discard_reply(c, xcb_input_xi_query_version(c, 2, 2).sequence);
-    }
 }
 
 X11ClickMonitor::~X11ClickMonitor()
@@ -94,7 +83,8 @@ bool X11ClickMonitor::pointerIsOverOwnWindow() const
     xcb_connection_t* toolkitConnection = toolkit::connection();
     // Window managers and trays put our windows into windows of theirs.
     for (xcb_window_t window = m_connection.root(); window != XCB_NONE;) {
-        if (belongsTo(c, window) || (toolkitConnection && belongsTo(toolkitConnection, window))) {
+        if (isFromClient(window, *xcb_get_setup(c)) ||
+            (toolkitConnection && isFromClient(window, *xcb_get_setup(toolkitConnection)))) {
             return true;
         }
         const XcbReply<xcb_query_pointer_reply_t> pointer(

@@ -3,6 +3,7 @@
 #include "platform/EvdevKeys.h"
 #include "platform/KeyCode.h"
 #include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/XInput.h"
 
 #include <algorithm>
 #include <array>
@@ -80,14 +81,9 @@ XcbCursor createBlankCursor(XcbConnection& connection)
 
 X11PickingInput::X11PickingInput(XcbConnection& connection)
     : m_connection(connection)
+    , m_extension(openInputExtension(connection))
+    , m_tappingProperty(connection.atom("libinput Tapping Enabled"))
 {
-    xcb_connection_t* c = m_connection.get();
-    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(c, &xcb_input_id);
-    if (extension && extension->present != 0) {
-        m_extension = extension->major_opcode;
-        xcb_discard_reply(c, xcb_input_xi_query_version(c, 2, 2).sequence);
-        m_tappingProperty = m_connection.atom("libinput Tapping Enabled");
-    }
 }
 
 X11PickingInput::~X11PickingInput()
