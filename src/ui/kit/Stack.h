@@ -83,15 +83,15 @@ struct Outline
 {
     return {};
 }
-[[nodiscard]] constexpr FixedSize size(int width, int height)
+[[nodiscard]] constexpr FixedSize fixedSize(int width, int height)
 {
     return {width, height};
 }
-[[nodiscard]] constexpr FixedSize width(int points)
+[[nodiscard]] constexpr FixedSize fixedWidth(int points)
 {
     return {points, -1};
 }
-[[nodiscard]] constexpr FixedSize height(int points)
+[[nodiscard]] constexpr FixedSize fixedHeight(int points)
 {
     return {-1, points};
 }
