@@ -50,7 +50,7 @@ MainPanelView::MainPanelView(AppState& appState)
     : m_appState(appState)
     , m_appearance(*this)
 {
-    setFixedSize(size);
+    setFixedSize(DS::panelSize);
     setContent(column(panelHeader(), rule(), m_dashboard = new DashboardView(m_appState, *this)));
     applyColorScheme();
 }

@@ -174,8 +174,8 @@ void StackTest::whatIsShownWhenNeverBecomesAWindow()
 
 void StackTest::shadowsFallOnTheGroundBelow()
 {
-    auto* tile =
-        row(fixedSize(40, 40), ground(DS::white, 0), Shadow{.color = DS::black, .radius = 0, .offset = {0, 6}});
+    auto* tile = row(fixedSize(40, 40), ground(DS::white, 0),
+                     Shadow{.color = DS::black, .radius = 0, .offset = {0, 6}});
     const std::unique_ptr<Stack> stack(column(padding(20), ground(DS::bg), column(row(tile))));
     const Appearance appearance(*stack, Scheme::Light);
     layOut(*stack, stack->sizeHint());

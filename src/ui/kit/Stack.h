@@ -140,8 +140,6 @@ public:
 
     /// Whether this stack draws a ground, on which shadows fall.
     [[nodiscard]] bool hasGround() const { return m_ground.has_value(); }
-    /// Takes all children out and deletes them; what they were made of stays.
-    void clearChildren();
 
     void paintShadow(QPainter& painter) const override;
     /// What its children's overhangs have not found room for in its padding.
