@@ -25,6 +25,7 @@ constexpr double squareRadius = 14;
 constexpr double hoverScale = 1.05;
 // Room for the hovered square around the one at rest.
 constexpr int growth = 2;
+constexpr int symbolSize = 14;
 constexpr int labelGap = 6;
 constexpr double borderWidth = 0.5;
 constexpr DS::Color border = DS::black.opacity(0.06);
@@ -99,6 +100,16 @@ void DashboardSwatchView::hoverChanged()
     m_animator.start();
 }
 
+QRectF DashboardSwatchView::answerRect() const
+{
+    return squareAtRest();
+}
+
+double DashboardSwatchView::cornerRadius() const
+{
+    return squareRadius;
+}
+
 bool DashboardSwatchView::hitButton(const QPoint& position) const
 {
     return rect().adjusted(growth, growth, -growth, -growth).contains(position);
@@ -161,7 +172,8 @@ void DashboardSwatchView::mouseMoveEvent(QMouseEvent* event)
 
 void DashboardSwatchView::paintShadow(QPainter& painter) const
 {
-    drawShadow(painter, scaledSquare(), squareRadius * scale(), shadowOf(m_color), Appearance::of(this));
+    scaleAboutMiddle(painter, squareAtRest(), scale());
+    drawShadow(painter, squareAtRest(), squareRadius, shadowOf(m_color), Appearance::of(this));
 }
 
 void DashboardSwatchView::paintEvent(QPaintEvent*)
@@ -172,37 +184,31 @@ void DashboardSwatchView::paintEvent(QPaintEvent*)
     painter.setPen(DS::textSecond.in(scheme));
     painter.drawText(labelRect(), Qt::AlignCenter, swatchLabel(m_color));
 
-    const QRectF square = scaledSquare();
+    const QRectF square = squareAtRest();
+    scaleAboutMiddle(painter, square, scale());
     paintSquare(painter, square);
     if (const double hover = qBound(0.0, m_hover.position(), 1.0); hover > 0) {
+        painter.save();
         painter.setOpacity(hover);
-        fillRounded(painter, square, squareRadius * scale(), hoverVeil.in(scheme));
-        drawSymbol(painter, u"doc.on.doc.fill", 14 * scale(), SymbolWeight::Semibold, DS::white.in(scheme),
-                   square);
-        painter.setOpacity(1);
+        fillRounded(painter, square, squareRadius, hoverVeil.in(scheme));
+        // One picture for all the way, crisp where it ends.
+        scaleAboutMiddle(painter, square, 1 / hoverScale);
+        drawSymbol(painter, u"doc.on.doc.fill", symbolSize * hoverScale, SymbolWeight::Semibold,
+                   DS::white.in(scheme), square);
+        painter.restore();
     }
-    if (showsFocusRing()) {
-        drawFocusRing(painter, square, squareRadius * scale(), scheme);
-    }
+    paintAnswer(painter);
 }
 
 void DashboardSwatchView::paintSquare(QPainter& painter, const QRectF& square) const
 {
-    const double radius = squareRadius * square.width() / side;
-    fillRounded(painter, square, radius, paintColor(m_color));
-    strokeInside(painter, square, radius, border.in(Appearance::of(this)), borderWidth);
+    fillRounded(painter, square, squareRadius, paintColor(m_color));
+    strokeInside(painter, square, squareRadius, border.in(Appearance::of(this)), borderWidth);
 }
 
 double DashboardSwatchView::scale() const
 {
     return 1 + (hoverScale - 1) * m_hover.position();
-}
-
-QRectF DashboardSwatchView::scaledSquare() const
-{
-    QRectF square(0, 0, side * scale(), side * scale());
-    square.moveCenter(squareAtRest().center());
-    return square;
 }
 
 } // namespace tintwick

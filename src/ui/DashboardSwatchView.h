@@ -37,6 +37,9 @@ Q_SIGNALS:
 
 protected:
     void hoverChanged() override;
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override;
+    [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -47,8 +50,7 @@ protected:
 private:
     void openContextMenu(QPoint globalPosition);
     void paintSquare(QPainter& painter, const QRectF& square) const;
-    /// The square as it is now, grown under the pointer or not.
-    [[nodiscard]] QRectF scaledSquare() const;
+    /// Of the square, which grows under the pointer.
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;

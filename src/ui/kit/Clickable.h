@@ -3,6 +3,7 @@
 #include "ui/DS.h"
 
 #include <QAbstractButton>
+#include <QRectF>
 
 #include <functional>
 
@@ -31,10 +32,13 @@ protected:
     /// Makes `content` the whole of the control. Clicks go through it to the control.
     void setContent(QWidget* content);
     /// Tints what is hovered or pressed, and draws the ring of keyboard focus.
-    virtual void paintAnswer(QPainter& painter) const;
+    void paintAnswer(QPainter& painter) const;
     virtual void hoverChanged();
-    /// Corner radius of tint and ring.
+    /// The shape of tint and ring.
+    [[nodiscard]] virtual QRectF answerRect() const { return rect(); }
     [[nodiscard]] virtual double cornerRadius() const;
+    /// No for a view that shows in its own way that the pointer is over it.
+    [[nodiscard]] virtual bool tintsHover() const { return true; }
 
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

@@ -44,6 +44,14 @@ QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme sc
     return linear;
 }
 
+void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale)
+{
+    const QPointF middle = rect.center();
+    painter.translate(middle);
+    painter.scale(scale, scale);
+    painter.translate(-middle);
+}
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
 {
     painter.save();

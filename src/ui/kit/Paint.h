@@ -9,13 +9,16 @@ class QPainter;
 
 namespace tintwick {
 
-// All lengths are in points. Each helper leaves the painter as it was, with antialiasing as it needs it.
+// All lengths are in points. Each helper that draws leaves the painter as it was, with antialiasing as it needs it.
 
 /// Physical pixels per point of what is really painted on, which need not be the widget itself.
 [[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
 
 /// A brush from the top-left to the bottom-right corner of `rect`.
 [[nodiscard]] QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme);
+
+/// From here on the painter draws larger or smaller, while the middle of `rect` stays where it is.
+void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale);
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
 /// A line that lies wholly inside the shape.
