@@ -59,7 +59,7 @@ void MenuButtonTest::init()
             }
             return entries;
         },
-        row(size(80, 30), centered(), label(u"Export"_s, DS::font(12))), 8);
+        row(fixedSize(80, 30), centered(), label(u"Export"_s, DS::font(12))), 8);
     m_other = borderedButton(u"Other"_s, [this] { ++m_pressedOther; });
     m_window.reset(row(gap(100), padding(20), m_button, m_other));
     m_window->move(100, 100);
