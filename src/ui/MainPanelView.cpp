@@ -50,7 +50,7 @@ MainPanelView::MainPanelView(AppState& appState)
     : m_appState(appState)
     , m_appearance(*this)
 {
-    setFixedSize(DS::panelSize);
+    resize(DS::panelSize);
     setContent(column(panelHeader(), rule(), m_dashboard = new DashboardView(m_appState, *this)));
     applyColorScheme();
 }
@@ -107,10 +107,19 @@ void MainPanelView::setSystemScheme(std::optional<Scheme> scheme)
 
 void MainPanelView::changeEvent(QEvent* event)
 {
+    if (event->type() == QEvent::ParentChange) {
+        window()->installEventFilter(this);
+    }
+    View::changeEvent(event);
+}
+
+// Windows alone are told of the application's palette.
+bool MainPanelView::eventFilter(QObject* watched, QEvent* event)
+{
     if (event->type() == QEvent::ApplicationPaletteChange) {
         applyColorScheme();
     }
-    View::changeEvent(event);
+    return View::eventFilter(watched, event);
 }
 
 void MainPanelView::paintEvent(QPaintEvent*)
