@@ -5,6 +5,7 @@
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
 #include "shortcuts/ShortcutNames.h"
+#include "ui/Appearance.h"
 #include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
@@ -82,6 +83,11 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::menuAboutToShow, &m_statusItem, [this] {
+        if (m_mainPanelView) {
+            m_statusItem.setMenuScheme(Appearance::of(m_mainPanelView));
+        }
+    });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
@@ -173,6 +179,7 @@ void AppDelegate::followSystemAppearance()
     m_systemAppearance = std::make_unique<SystemAppearance>();
     const auto apply = [this] {
         m_mainPanelView->setSystemScheme(preferredScheme(*m_systemAppearance));
+        m_statusItem.setDesktopPrefersDark(m_systemAppearance->prefersDark().value_or(false));
         Ticker::shared().setMotionReduced(m_systemAppearance->prefersReducedMotion());
     };
     apply();

@@ -3,9 +3,11 @@
 #include "platform/PanelHost.h"
 #include "ui/DS.h"
 #include "ui/kit/PopupWindow.h"
+#include "ui/kit/Ticker.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWindow>
 
 namespace tintwick {
@@ -46,6 +48,7 @@ void FloatingPanel::showEvent(QShowEvent* event)
     m_host.prepareToShow(*windowHandle());
     setDesktopBlends(m_host.blendsWindows());
     roundWindowCorners(*this, DS::panelRadius);
+    Ticker::shared().setRefreshRate(screen()->refreshRate());
     QWidget::showEvent(event);
     Q_EMIT visibleChanged(true);
 }

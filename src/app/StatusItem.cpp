@@ -1,5 +1,7 @@
 #include "app/StatusItem.h"
 
+#include "ui/Appearance.h"
+#include "ui/kit/ContextMenu.h"
 #include "ui/kit/Symbol.h"
 
 #include <QAction>
@@ -14,12 +16,13 @@ using namespace Qt::StringLiterals;
 
 // A tray does not tell its colour. This grey stands out from white and from black alike, by 4.5 to 1.
 constexpr QColor tint(0x76, 0x76, 0x76);
+constexpr QColor tintOnDark(0xE4, 0xE4, 0xE6);
 
-QIcon statusIcon()
+QIcon statusIcon(const QColor& color)
 {
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48}) {
-        icon.addPixmap(symbolPixmapOfSide(u"eyedropper.halffull", side, tint));
+        icon.addPixmap(symbolPixmapOfSide(u"eyedropper.halffull", side, color));
     }
     return icon;
 }
@@ -28,7 +31,7 @@ QIcon statusIcon()
 
 StatusItem::StatusItem(QObject* parent)
     : QObject(parent)
-    , m_icon(statusIcon())
+    , m_icon(statusIcon(tint))
 {
     QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
     connect(pick, &QAction::triggered, this, &StatusItem::pickRequested);
@@ -36,6 +39,10 @@ StatusItem::StatusItem(QObject* parent)
     QAction* quit = m_menu.addAction(tr("Quit Tintwick"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &StatusItem::quitRequested);
+
+    dressMenu(m_menu);
+    setMenuScheme(Scheme::Light);
+    connect(&m_menu, &QMenu::aboutToShow, this, &StatusItem::menuAboutToShow);
 
     m_icon.setToolTip(u"Tintwick"_s);
     m_icon.setContextMenu(&m_menu);
@@ -45,6 +52,19 @@ StatusItem::StatusItem(QObject* parent)
             Q_EMIT clicked();
         }
     });
+}
+
+void StatusItem::setDesktopPrefersDark(bool prefersDark)
+{
+    if (m_desktopPrefersDark != prefersDark) {
+        m_desktopPrefersDark = prefersDark;
+        m_icon.setIcon(statusIcon(prefersDark ? tintOnDark : tint));
+    }
+}
+
+void StatusItem::setMenuScheme(Scheme scheme)
+{
+    m_menu.setPalette(Appearance::palette(scheme));
 }
 
 std::optional<QRect> StatusItem::frame() const

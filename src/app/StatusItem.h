@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ui/Scheme.h"
+
+#include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QRect>
@@ -19,17 +22,25 @@ public:
 
     void show() { m_icon.show(); }
 
+    [[nodiscard]] QIcon icon() const { return m_icon.icon(); }
+    /// Where the desktop prefers dark its bars are dark, and the icon is light.
+    void setDesktopPrefersDark(bool prefersDark);
+    /// Of the menu, where the tray has none of its own and shows ours.
+    void setMenuScheme(Scheme scheme);
+
     /// In points, from the top left of the desktop; none where there is no tray, or one that keeps the place to itself.
     [[nodiscard]] std::optional<QRect> frame() const;
 
 Q_SIGNALS:
     void clicked();
+    void menuAboutToShow();
     void pickRequested();
     void quitRequested();
 
 private:
     QMenu m_menu;
     QSystemTrayIcon m_icon;
+    bool m_desktopPrefersDark = false;
 };
 
 } // namespace tintwick

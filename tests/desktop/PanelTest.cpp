@@ -77,6 +77,8 @@ private Q_SLOTS:
     void aClickElsewhereHidesIt();
     void aClickInsideActsAtOnceAndLeavesIt();
     void theMenuOfTheIconLeavesTheToggleAlone();
+    void theMenuOfTheIconIsDressedLikeThePanel_data();
+    void theMenuOfTheIconIsDressedLikeThePanel();
     void withoutACompositorItsCornersAreCutOff();
     void appearingTakesNoFocusAndTypingWorks();
     void escapeHidesIt();
@@ -197,6 +199,34 @@ void PanelTest::theMenuOfTheIconLeavesTheToggleAlone()
     QVERIFY(!program.panel().isEmpty());
     clickAt(desktop, program.trayIcon().center());
     QVERIFY(program.waitForPanelToHide());
+}
+
+void PanelTest::theMenuOfTheIconIsDressedLikeThePanel_data()
+{
+    QTest::addColumn<QByteArray>("preference");
+    QTest::addColumn<QRgb>("ground");
+    QTest::newRow("light") << QByteArray("light") << qRgb(0xFF, 0xFF, 0xFF);
+    QTest::newRow("dark") << QByteArray("dark") << qRgb(0x2A, 0x2A, 0x2F);
+}
+
+void PanelTest::theMenuOfTheIconIsDressedLikeThePanel()
+{
+    QFETCH(const QByteArray, preference);
+    QFETCH(const QRgb, ground);
+    PrivateDesktop desktop({});
+    QVERIFY(QDir().mkpath(desktop.configHome() + u"/Tintwick"_s));
+    QFile settings(desktop.configHome() + u"/Tintwick/Tintwick.conf"_s);
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write("[General]\ncolorSchemePref=" + preference + '\n');
+    settings.close();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    // The panel is there, so what it looks like is known.
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.openMenu());
+    const QRect menu = program.menuPlace();
+    QVERIFY(waitUntil([&] { return desktop.pixel({menu.center().x(), menu.top() + 3}) == ground; }));
 }
 
 void PanelTest::withoutACompositorItsCornersAreCutOff()

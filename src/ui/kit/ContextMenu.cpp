@@ -38,15 +38,6 @@ QString literal(QString title)
     return title.replace(u'&', QStringLiteral("&&"));
 }
 
-void style(QMenu& menu)
-{
-    menu.setStyle(KitStyle::shared());
-    menu.setFont(DS::font(13));
-    menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    menu.setAttribute(Qt::WA_TranslucentBackground);
-    menu.installEventFilter(new CornerFitter(&menu));
-}
-
 QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
 {
     auto* menu = new QMenu(&owner);
@@ -58,9 +49,18 @@ QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
 
 } // namespace
 
+void dressMenu(QMenu& menu)
+{
+    menu.setStyle(KitStyle::shared());
+    menu.setFont(DS::font(13));
+    menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    menu.setAttribute(Qt::WA_TranslucentBackground);
+    menu.installEventFilter(new CornerFitter(&menu));
+}
+
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
 {
-    style(menu);
+    dressMenu(menu);
     for (const MenuEntry& entry : entries) {
         switch (entry.kind) {
         case MenuEntry::Kind::Separator:

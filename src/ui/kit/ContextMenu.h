@@ -35,7 +35,9 @@ struct MenuEntry
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries);
 /// The same below `owner`, or above it where the screen has no room below.
 QMenu* dropDownMenu(QWidget& owner, const QList<MenuEntry>& entries);
-/// Fills an empty menu, in the look of all menus of ours and in the appearance around it.
+/// Gives a menu the look of all menus of ours, in the appearance that its palette says.
+void dressMenu(QMenu& menu);
+/// Dresses an empty menu and fills it.
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries);
 
 } // namespace tintwick

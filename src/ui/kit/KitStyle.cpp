@@ -164,6 +164,10 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     painter.setFont(item.font);
     painter.setPen(ink);
     painter.drawText(inside.adjusted(column, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine, titleOf(item));
+    if (const QString shortcut = item.text.section(u'\t', 1); !shortcut.isEmpty()) {
+        painter.setPen((isSelected ? DS::white : DS::textSecond).in(scheme));
+        painter.drawText(inside, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, shortcut);
+    }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
         const double side = symbolSide(10);
         drawSymbol(painter, u"chevron.right", 10, SymbolWeight::Semibold, ink,

@@ -2,8 +2,6 @@
 
 #include "ui/kit/Animator.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -15,10 +13,8 @@ namespace {
 /// Longer than anything here takes to come to rest.
 constexpr double allMotion = 3600;
 
-int frameInterval()
+int frameInterval(double rate)
 {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const double rate = screen != nullptr ? screen->refreshRate() : 0;
     return static_cast<int>(1000 / std::clamp(rate > 0 ? rate : 60, 30.0, 144.0));
 }
 
@@ -34,6 +30,11 @@ void Ticker::setMode(Mode mode)
 {
     m_mode = mode;
     runOrRest();
+}
+
+void Ticker::setRefreshRate(double rate)
+{
+    m_refreshRate = rate;
 }
 
 void Ticker::setMotionReduced(bool reduced)
@@ -87,7 +88,7 @@ void Ticker::runOrRest()
     const bool run = m_mode == Mode::Clock && !m_moving.empty();
     if (run && !m_timer.isActive()) {
         m_sinceFrame.start();
-        m_timer.start(frameInterval(), Qt::PreciseTimer, this);
+        m_timer.start(frameInterval(m_refreshRate), Qt::PreciseTimer, this);
     } else if (!run) {
         m_timer.stop();
     }

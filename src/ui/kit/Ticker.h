@@ -22,6 +22,8 @@ public:
     [[nodiscard]] static Ticker& shared();
 
     void setMode(Mode mode);
+    /// Frames a second of the screen that shows what moves; 0 where nobody knows it.
+    void setRefreshRate(double rate);
     /// Without motion everything is at once where it would go.
     void setMotionReduced(bool reduced);
 
@@ -45,6 +47,7 @@ private:
     QBasicTimer m_timer;
     QElapsedTimer m_sinceFrame;
     Mode m_mode = Mode::Clock;
+    double m_refreshRate = 0;
     bool m_motionReduced = false;
 };
 
