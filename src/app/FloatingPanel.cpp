@@ -2,15 +2,25 @@
 
 #include "platform/PanelHost.h"
 #include "ui/DS.h"
+#include "ui/kit/Paint.h"
 #include "ui/kit/PopupWindow.h"
+#include "ui/kit/Shadow.h"
 #include "ui/kit/Ticker.h"
 
 #include <QCloseEvent>
+#include <QImage>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 
 namespace tintwick {
+
+namespace {
+
+constexpr Shadow shadow{DS::black.opacity(0.25), 24, QPointF(0, 8)};
+
+} // namespace
 
 FloatingPanel::FloatingPanel(PanelHost& host, QWidget* content)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
@@ -56,6 +66,8 @@ void FloatingPanel::showEvent(QShowEvent* event)
 void FloatingPanel::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
+    m_host.hideShadow();
+    m_hasShadow = false;
     Q_EMIT visibleChanged(false);
 }
 
@@ -74,9 +86,37 @@ void FloatingPanel::keyPressEvent(QKeyEvent* event)
     QWidget::keyPressEvent(event);
 }
 
+void FloatingPanel::showShadow()
+{
+    if (!isVisible() || !m_host.blendsWindows()) {
+        return;
+    }
+    const double scale = devicePixelRatioF();
+    const QMargins extents = shadow.extents();
+    const auto pixels = [scale](int points) { return qRound(points * scale); };
+    const QMargins margins(pixels(extents.left()), pixels(extents.top()), pixels(extents.right()),
+                           pixels(extents.bottom()));
+    QImage picture((QSizeF(size()) * scale).toSize().grownBy(margins), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    const QRectF panel(QPointF(margins.left(), margins.top()) / scale, QSizeF(size()));
+    drawShadow(painter, panel, DS::panelRadius, shadow, Scheme::Light);
+    // It lies on nothing but what is around the panel; the panel's own soft edge lies on it.
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    fillRounded(painter, panel.adjusted(1, 1, -1, -1), DS::panelRadius - 1, Qt::black);
+    painter.end();
+    m_host.showShadow(*windowHandle(), picture, margins);
+}
+
 // Some window managers give a utility window no keys for a click alone.
 bool FloatingPanel::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Expose && windowHandle()->isExposed() && !m_hasShadow) {
+        m_hasShadow = true;
+        // Once the panel itself is painted.
+        QMetaObject::invokeMethod(this, &FloatingPanel::showShadow, Qt::QueuedConnection);
+    }
     if (event->type() == QEvent::MouseButtonPress && !isActiveWindow()) {
         activateWindow();
     }

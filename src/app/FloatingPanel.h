@@ -36,8 +36,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showShadow();
+
     PanelHost& m_host;
     QWidget* m_content;
+    bool m_hasShadow = false;
 };
 
 } // namespace tintwick

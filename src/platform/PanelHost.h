@@ -1,5 +1,7 @@
 #pragma once
 
+class QImage;
+class QMargins;
 class QWindow;
 
 namespace tintwick {
@@ -16,6 +18,12 @@ public:
 
     /// Whether translucent pixels of a window let what is behind it through; otherwise they are black.
     [[nodiscard]] virtual bool blendsWindows() const = 0;
+
+    /// Lays a picture below the window, over which it reaches by `margins`, all in physical pixels. It is open to every
+    /// click and no window of its own to anybody. To be called while the window is shown; nothing where windows are not
+    /// blended.
+    virtual void showShadow(const QWindow& window, const QImage& picture, const QMargins& margins) = 0;
+    virtual void hideShadow() = 0;
 };
 
 } // namespace tintwick

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void theMenuOfTheIconIsDressedLikeThePanel_data();
     void theMenuOfTheIconIsDressedLikeThePanel();
     void withoutACompositorItsCornersAreCutOff();
+    void withACompositorItCastsOneShadow_data();
+    void withACompositorItCastsOneShadow();
     void appearingTakesNoFocusAndTypingWorks();
     void escapeHidesIt();
     void aColorIsDraggedOntoACollection();
@@ -252,6 +254,46 @@ void PanelTest::withoutACompositorItsCornersAreCutOff()
         for (int x = 0; x < picture.width(); ++x) {
             QVERIFY(qGreen(picture.pixel(x, y)) >= 200);
         }
+    }
+}
+
+void PanelTest::withACompositorItCastsOneShadow_data()
+{
+    QTest::addColumn<Compositor>("compositor");
+    QTest::newRow("with a compositor") << Compositor::Plain;
+    QTest::newRow("with one that draws shadows itself") << Compositor::WithShadows;
+}
+
+// Black at 0.25, blurred by a deviation of 12, 8 points lower than the panel.
+void PanelTest::withACompositorItCastsOneShadow()
+{
+    QFETCH(const Compositor, compositor);
+    PrivateDesktop desktop({.compositor = compositor});
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(200, 200, 200));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    for (int round = 0; round < 2; ++round) {
+        clickAt(desktop, program.trayIcon().center());
+        QVERIFY(program.waitForPanel());
+        const QRect panel = program.panel();
+        const auto grayAt = [&](int x, int y) { return qGray(desktop.pixel({x, y})); };
+        const int x = panel.center().x();
+        const int below = panel.bottom() + 1;
+        const auto isNear = [](int value, int expected) { return std::abs(value - expected) <= 3; };
+        // The edge of the shadow is where it has half of its darkness, and 12 points further it has a sixth.
+        QVERIFY(waitUntil([&] { return isNear(grayAt(x, below + 8), 175); }));
+        QVERIFY(isNear(grayAt(x, below + 20), 192));
+        QVERIFY(isNear(grayAt(x, below + 50), 200));
+        // On both sides alike, and half as dark as beside its middle.
+        QVERIFY(isNear(grayAt(panel.left() - 1, panel.center().y()), 176));
+        QVERIFY(isNear(grayAt(panel.right() + 1, panel.center().y()), 176));
+        // What lies under the shadow is clicked.
+        clickAt(desktop, {x, below + 10});
+        QVERIFY(program.waitForPanelToHide());
+        QVERIFY(waitUntil([&] { return grayAt(x, below + 8) == 200; }));
     }
 }
 

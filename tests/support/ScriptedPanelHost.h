@@ -12,6 +12,8 @@ public:
     int timesPrepared = 0;
 
     void prepareToShow(QWindow&) override { ++timesPrepared; }
+    void showShadow(const QWindow&, const QImage&, const QMargins&) override {}
+    void hideShadow() override {}
     [[nodiscard]] bool blendsWindows() const override { return blends; }
 };
 

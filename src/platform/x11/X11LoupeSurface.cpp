@@ -1,5 +1,6 @@
 #include "platform/x11/X11LoupeSurface.h"
 
+#include "platform/x11/TranslucentVisual.h"
 #include "platform/x11/X11ScreenGrabber.h"
 
 #include <xcb/shape.h>
@@ -16,22 +17,6 @@ namespace {
 constexpr int opaqueFrom = 128;
 constexpr std::string_view title = "Tintwick Loupe";
 constexpr std::string_view windowClass{"tintwick\0tintwick\0", 18};
-
-xcb_visualid_t translucentVisual(const xcb_screen_t& screen)
-{
-    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); depth.rem > 0; xcb_depth_next(&depth)) {
-        if (depth.data->depth != 32) {
-            continue;
-        }
-        for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem > 0;
-             xcb_visualtype_next(&visual)) {
-            if (visual.data->_class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.data->red_mask == 0xff0000) {
-                return visual.data->visual_id;
-            }
-        }
-    }
-    return screen.root_visual;
-}
 
 } // namespace
 

@@ -1,7 +1,10 @@
 #include "platform/x11/X11PanelHost.h"
 
 #include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/TranslucentVisual.h"
 
+#include <QImage>
+#include <QMargins>
 #include <QWindow>
 
 #include <array>
@@ -13,6 +16,22 @@ namespace {
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
 constexpr std::uint32_t neverUsed = 0; // as the time of the user's last action in the window
+
+/// The window itself, or the frame that a window manager has put it in.
+xcb_window_t childOfRoot(xcb_connection_t* c, xcb_window_t window, xcb_window_t root)
+{
+    while (true) {
+        const XcbReply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(c, xcb_query_tree(c, window), nullptr));
+        if (!tree || tree->parent == XCB_NONE) {
+            return XCB_NONE;
+        }
+        if (tree->parent == root) {
+            return window;
+        }
+        window = tree->parent;
+    }
+}
 
 } // namespace
 
@@ -39,6 +58,35 @@ void X11PanelHost::prepareToShow(QWindow& window)
                         32, 1, &allDesktops);
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_USER_TIME"),
                         XCB_ATOM_CARDINAL, 32, 1, &neverUsed);
+}
+
+void X11PanelHost::showShadow(const QWindow& window, const QImage& picture, const QMargins& margins)
+{
+    xcb_connection_t* c = m_connection.get();
+    const xcb_visualid_t visual = translucentVisual(m_connection.screen());
+    if (!blendsWindows() || visual == m_connection.screen().root_visual) {
+        return;
+    }
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const XcbReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
+        c, xcb_translate_coordinates(c, id, m_connection.root(), 0, 0), nullptr));
+    const xcb_window_t frame = childOfRoot(c, id, m_connection.root());
+    if (!place || frame == XCB_NONE) {
+        return;
+    }
+    if (!m_shadow) {
+        m_shadow.emplace(m_connection, visual);
+    }
+    // Two would lie upon each other. Compositors look at the window that they paint: the frame, where there is one.
+    declineShadow(m_connection, frame);
+    m_shadow->showBelow(frame, picture, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
+}
+
+void X11PanelHost::hideShadow()
+{
+    if (m_shadow) {
+        m_shadow->hide();
+    }
 }
 
 bool X11PanelHost::blendsWindows() const

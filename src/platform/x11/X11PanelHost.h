@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/PanelHost.h"
+#include "platform/x11/X11PanelShadow.h"
 #include "platform/x11/XcbConnection.h"
+
+#include <optional>
 
 namespace tintwick {
 
@@ -12,9 +15,12 @@ public:
 
     void prepareToShow(QWindow& window) override;
     [[nodiscard]] bool blendsWindows() const override;
+    void showShadow(const QWindow& window, const QImage& picture, const QMargins& margins) override;
+    void hideShadow() override;
 
 private:
     XcbConnection& m_connection;
+    std::optional<X11PanelShadow> m_shadow;
 };
 
 } // namespace tintwick

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+namespace tintwick {
+
+/// The visual of windows with premultiplied BGRA pixels; the root's own where the screen has none.
+[[nodiscard]] xcb_visualid_t translucentVisual(const xcb_screen_t& screen);
+
+} // namespace tintwick
