@@ -35,6 +35,11 @@ public:
     /// A name that was typed and not used is there again.
     void openNewPaletteSheet();
 
+Q_SIGNALS:
+    /// "See all" was clicked.
+    void historySelected();
+    void collectionSelected(const QUuid& id);
+
 private:
     [[nodiscard]] QWidget* eyedropperButton();
     [[nodiscard]] QWidget* recentHeader();
@@ -60,6 +65,7 @@ private:
     QPointer<Sheet> m_newPaletteSheet;
 
     QWidget* m_pick = nullptr;
+    QWidget* m_seeAll = nullptr;
     QWidget* m_createFirst = nullptr;
     QWidget* m_add = nullptr;
     ScrollArea* m_recentScroll = nullptr;
