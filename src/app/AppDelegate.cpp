@@ -5,6 +5,7 @@
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
 #include "shortcuts/ShortcutNames.h"
+#include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
 
@@ -90,7 +91,7 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState);
+    m_mainPanelView = new MainPanelView(m_appState, [] { return new QWidget; });
     m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
@@ -157,8 +158,7 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(
-        placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize));
 }
 
 void AppDelegate::hideMainPanel()

@@ -58,7 +58,7 @@ MainPanelView::MainPanelView(AppState& appState, std::function<QWidget*()> makeS
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
 {
-    setFixedSize(size);
+    setFixedSize(DS::panelSize);
     m_header = panelHeader();
     m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
     setContent(column(m_header, rule(), m_screens));

@@ -25,8 +25,6 @@ class MainPanelView final : public View
     Q_OBJECT
 
 public:
-    static constexpr QSize size{380, 580};
-
     /// Selects the whole history; no collection has this id.
     static constexpr QUuid historySelectionId{};
 
