@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/PanelPlacement.h"
+#include "export/ExportService.h"
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
@@ -108,23 +109,25 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(
-        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
-            ClickMonitor& monitor = m_platform->clickMonitor();
-            if (!isVisible) {
-                monitor.stop();
-                return;
-            }
-            monitor.start([this] {
-                // A click that picks is the picker's, wherever it falls; and while a button is down
-                // on the panel, the pointer may have been dragged off it since.
-                if (!m_colorPickerService.isPicking() && QGuiApplication::mouseButtons() == Qt::NoButton) {
-                    m_sinceClickElsewhere.start();
-                    m_clickElsewhere = QCursor::pos();
-                    hideMainPanel();
-                }
-            });
-        });
+    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
+                     [this](bool isVisible) {
+                         ClickMonitor& monitor = m_platform->clickMonitor();
+                         if (!isVisible) {
+                             monitor.stop();
+                             return;
+                         }
+                         monitor.start([this] {
+                             // A click that picks is the picker's, wherever it falls; one in a save panel is ours even
+                             // where another program shows that; and while a button is down on the panel, the
+                             // pointer may have been dragged off it since.
+                             if (!m_colorPickerService.isPicking() && !ExportService::isSavePanelOpen() &&
+                                 QGuiApplication::mouseButtons() == Qt::NoButton) {
+                                 m_sinceClickElsewhere.start();
+                                 m_clickElsewhere = QCursor::pos();
+                                 hideMainPanel();
+                             }
+                         });
+                     });
 }
 
 void AppDelegate::handleStatusBarClick()

@@ -1,5 +1,6 @@
 #include "ui/CollectionRowCard.h"
 
+#include "export/ExportService.h"
 #include "state/AppState.h"
 #include "ui/Appearance.h"
 #include "ui/ColorActions.h"
@@ -19,6 +20,8 @@
 namespace tintwick {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr double cardRadius = 14;
 constexpr double hoverScale = 1.01;
@@ -98,6 +101,11 @@ QList<CapturedColor> CollectionRowCard::previewColors() const
     return head.colors(m_appState.history());
 }
 
+QList<CapturedColor> CollectionRowCard::exportColors() const
+{
+    return m_collection.colors(m_appState.history());
+}
+
 QSize CollectionRowCard::sizeHint() const
 {
     return {2 * (growth + horizontalPadding) + tileSide, tileSide + 2 * (growth + verticalPadding)};
@@ -130,8 +138,15 @@ void CollectionRowCard::contextMenuEvent(QContextMenuEvent* event)
 void CollectionRowCard::openContextMenu(QPoint globalPosition)
 {
     popUpMenu(*this, globalPosition,
-              {menuDestructive(tr("Delete"),
-                               [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })});
+              {menuAction(tr("Export CSS Variables"), u"doc.text"_s,
+                          [this] { ExportService().exportCSS(exportColors(), m_collection.name); }),
+               menuAction(tr("Export JSON"), u"curlybraces"_s,
+                          [this] { ExportService().exportJSON(exportColors()); }),
+               menuAction(tr("Export PNG Swatch"), u"photo"_s,
+                          [this] { ExportService().exportPNG(exportColors()); }),
+               menuSeparator(), menuDestructive(tr("Delete"), [&state = m_appState, id = m_collection.id] {
+                   state.deleteCollection(id);
+               })});
 }
 
 void CollectionRowCard::keyPressEvent(QKeyEvent* event)

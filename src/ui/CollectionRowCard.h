@@ -34,6 +34,8 @@ public:
     [[nodiscard]] QString countText() const;
     /// Those of the first four members that the history still holds.
     [[nodiscard]] QList<CapturedColor> previewColors() const;
+    /// The members that the history still holds, in the collection's order.
+    [[nodiscard]] QList<CapturedColor> exportColors() const;
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
     [[nodiscard]] QSize sizeHint() const override;
