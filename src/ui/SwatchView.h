@@ -74,6 +74,10 @@ protected:
     [[nodiscard]] AppState& appState() const { return m_appState; }
 
     void hoverChanged() override;
+    /// The square at its size at rest.
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
+    [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -85,10 +89,8 @@ private:
     /// The square at its size at rest; `hovered` is 1 under the pointer.
     void paintSquare(QPainter& painter, double hovered) const;
     [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
-    [[nodiscard]] QRectF squareAtRest() const;
-    /// The square as it is now, grown under the pointer or not.
-    [[nodiscard]] QRectF scaledSquare() const;
     [[nodiscard]] QRectF labelRect() const;
+    /// Of the square, which grows under the pointer.
     [[nodiscard]] double scale() const;
     /// Where colours and opacities are on their way to the hovered look, 0 to 1: they do not overshoot.
     [[nodiscard]] double hoverFraction() const;
