@@ -72,6 +72,7 @@ void DSTest::textsAreReadableOnTheirGrounds_data()
         }
         row({"textPrimary", DS::textPrimary}, {"field", DS::field}, 4.5);
         row({"textThird", DS::textThird}, {"field", DS::field}, 3);
+        row({"textPrimary", DS::textPrimary}, {"thumb", DS::thumb}, 4.5);
         row({"white", DS::white}, {"accent", DS::accent}, 4.5);
         row({"white", DS::white}, {"destructiveGround", DS::destructiveGround}, 4.5);
         row({"red", DS::red}, {"surface", DS::surface}, 4.5);
