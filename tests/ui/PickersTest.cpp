@@ -27,7 +27,7 @@ struct Segments
 {
     explicit Segments(Position selected)
         : picker(new SegmentedPicker(u"Scope Size"_s, sizes, selected))
-        , window(column(size(200, 60), picker))
+        , window(column(fixedSize(200, 60), picker))
     {
         picker->onSelect([this](qsizetype position) { told.append(position); });
         window->show();
@@ -72,7 +72,7 @@ struct PopUp
 {
     explicit PopUp(qsizetype selected)
         : picker(new PopUpPicker(u"Default Format"_s, formats, selected))
-        , window(column(size(300, 300), padding(60), picker))
+        , window(column(fixedSize(300, 300), padding(60), picker))
     {
         picker->onSelect([this](qsizetype position) { told.append(position); });
         window->show();
@@ -191,7 +191,7 @@ void PickersTest::tabGoesToTheSelectedSegmentAlone()
 {
     auto* one = new SegmentedPicker(u"Shape"_s, sizes, 1);
     auto* other = new SegmentedPicker(u"Scope Size"_s, sizes, 2);
-    const std::unique_ptr<Stack> window(column(size(200, 100), one, other));
+    const std::unique_ptr<Stack> window(column(fixedSize(200, 100), one, other));
     window->show();
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window.get()));

@@ -25,6 +25,7 @@ constexpr double trackRadius = 8;
 constexpr double inset = 2;
 constexpr double thumbRadius = trackRadius - inset;
 constexpr int titlePadding = 8;
+constexpr double linePadding = 5;
 constexpr double hoverTint = 0.05;
 constexpr double pressTint = 0.10;
 constexpr double thumbResponse = 0.28;
@@ -208,6 +209,15 @@ void SegmentedPicker::paintEvent(QPaintEvent*)
     const Scheme scheme = Appearance::of(this);
     fillRounded(painter, rect(), trackRadius, DS::surfaceHigh.in(scheme));
     strokeInside(painter, rect(), trackRadius, DS::border.in(scheme), 1);
+    for (qsizetype i = 1; i < m_segments.size(); ++i) {
+        // A line fades as the thumb comes upon it.
+        const double boundary = static_cast<double>(i) - 0.5;
+        const double distance = m_selected ? std::abs(m_thumb.position() - boundary) - 0.5 : 1;
+        const QRectF segment = place(static_cast<double>(i)).toRect();
+        painter.fillRect(
+            QRectF(segment.left(), segment.top() + linePadding, 1, segment.height() - 2 * linePadding),
+            DS::border.opacity(std::clamp(distance, 0.0, 1.0)).in(scheme));
+    }
     if (m_selected) {
         const QRectF thumb = place(m_thumb.position());
         drawShadow(painter, thumb, thumbRadius, thumbShadow, scheme);
