@@ -2,6 +2,7 @@
 
 #include "ui/kit/PopUpPicker.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QWidget>
@@ -12,11 +13,49 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class PopUpPickerInterface final : public QAccessibleWidget
+/// A button that drops a menu, which a screen reader can open too.
+class AccessibleMenuButton : public QAccessibleWidget
 {
 public:
-    explicit PopUpPickerInterface(PopUpPicker& picker)
-        : QAccessibleWidget(&picker, QAccessible::ComboBox)
+    explicit AccessibleMenuButton(QAbstractButton& button, QAccessible::Role role = QAccessible::ButtonMenu)
+        : QAccessibleWidget(&button, role)
+        , m_button(button)
+    {
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = m_button.isDown();
+        state.collapsed = !m_button.isDown();
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == showMenuAction()) {
+            m_button.click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    QAbstractButton& m_button;
+};
+
+class AccessiblePopUpPicker final : public AccessibleMenuButton
+{
+public:
+    explicit AccessiblePopUpPicker(PopUpPicker& picker)
+        : AccessibleMenuButton(picker, QAccessible::ComboBox)
         , m_picker(picker)
     {
     }
@@ -24,25 +63,6 @@ public:
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
         return kind == QAccessible::Value ? m_picker.selectedTitle() : QAccessibleWidget::text(kind);
-    }
-    [[nodiscard]] QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.hasPopup = true;
-        state.expandable = true;
-        return state;
-    }
-    [[nodiscard]] QStringList actionNames() const override
-    {
-        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& name) override
-    {
-        if (name == showMenuAction() || name == pressAction()) {
-            m_picker.openMenu();
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
     }
 
 private:
@@ -62,7 +82,7 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
         return new QAccessibleWidget(widget, QAccessible::Grouping);
     }
     if (className == "tintwick::PopUpPicker"_L1) {
-        return new PopUpPickerInterface(*static_cast<PopUpPicker*>(widget));
+        return new AccessiblePopUpPicker(*static_cast<PopUpPicker*>(widget));
     }
     if (className == "tintwick::Sheet"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Dialog);
@@ -72,6 +92,9 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     }
     if (className == "tintwick::Rule"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Separator);
+    }
+    if (className == "tintwick::MenuButton"_L1) {
+        return new AccessibleMenuButton(*static_cast<QAbstractButton*>(widget));
     }
     return nullptr;
 }
