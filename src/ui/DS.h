@@ -81,6 +81,9 @@ inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
 inline constexpr Color textThird /*  */ {0x82828C, 0x8C8C97};
 
+/// Of text that can be clicked.
+inline constexpr Color link /*       */ {0x4B50DC, 0x9A9EFF};
+
 inline constexpr Color accent{0.38, 0.40, 0.88};
 inline constexpr Color white{1, 1, 1};
 inline constexpr Color black{0, 0, 0};
