@@ -5,6 +5,7 @@
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
 #include "shortcuts/ShortcutNames.h"
+#include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
 
@@ -157,8 +158,7 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(
-        placePanel({m_statusItem.frame(), click}, panelScreens(), FloatingPanel::contentSize));
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize));
 }
 
 void AppDelegate::hideMainPanel()

@@ -19,10 +19,9 @@ FloatingPanel::FloatingPanel(PanelHost& host, QWidget* content)
     setWindowTitle(QStringLiteral("Tintwick"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setFixedSize(contentSize);
+    setFixedSize(DS::panelSize);
     content->setParent(this);
     content->setGeometry(rect());
-    setFocusProxy(content);
     winId();
     windowHandle()->installEventFilter(this);
 }

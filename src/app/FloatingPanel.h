@@ -14,8 +14,6 @@ class FloatingPanel final : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr QSize contentSize{380, 580};
-
     /// Shows `content`, which becomes its own and draws the rounded ground. Where the desktop does not blend windows the
     /// window is cut to that shape instead. The host must outlive the panel.
     FloatingPanel(PanelHost& host, QWidget* content);

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QSize>
 
 #include <array>
 #include <cstdint>
@@ -100,7 +101,8 @@ inline constexpr std::array cardAccents{
 /// Around what the keyboard acts on.
 inline constexpr Color focusRing{0x4B50DC, 0x8F93FF};
 
-/// Corner radius of the main panel in points.
+/// Of the main panel, in points.
+inline constexpr QSize panelSize{380, 580};
 inline constexpr double panelRadius = 16;
 
 /// The desktop's interface font; Inter where the desktop names none. Sizes in points of the interface.

@@ -65,7 +65,7 @@ QWidget* DashboardView::eyedropperButton()
     const QString title = tr("Pick a Color");
     m_pick = plainButton(
         title, [this] { m_appState.startPicking(); },
-        row(tintwick::height(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
+        row(fixedHeight(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
             symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
             label(title, DS::font(16, QFont::DemiBold), DS::white), spacer()),
         14);
@@ -104,7 +104,7 @@ QWidget* DashboardView::createFirstPaletteButton()
     const QString title = tr("Create your first palette");
     return plainButton(
         title, [this] { openNewPaletteSheet(); },
-        row(tintwick::height(50), gap(6), ground(DS::accent.opacity(0.08), 12), spacer(),
+        row(fixedHeight(50), gap(6), ground(DS::accent.opacity(0.08), 12), spacer(),
             symbol(u"plus.circle.fill"_s, 14, SymbolWeight::Regular, DS::accent),
             label(title, DS::font(13, QFont::Medium), DS::accent), spacer()),
         12);
@@ -116,7 +116,7 @@ QWidget* DashboardView::addPaletteRow()
     return plainButton(
         title, [this] { openNewPaletteSheet(); },
         row(gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
-            row(tintwick::size(44, 44), centered(), ground(DS::surfaceHigh, 10),
+            row(fixedSize(44, 44), centered(), ground(DS::surfaceHigh, 10),
                 symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
             label(title, DS::font(14, QFont::Medium), DS::textThird), spacer()),
         14);
@@ -134,7 +134,7 @@ void DashboardView::openNewPaletteSheet()
     nameChanged(m_newCollectionName);
 
     auto* form = column(
-        gap(16), padding(20), tintwick::width(280), Across::Leading, label(tr("New Palette"), DS::headline()),
+        gap(16), padding(20), fixedWidth(280), Across::Leading, label(tr("New Palette"), DS::headline()),
         name, row(borderedButton(tr("Cancel"), [this] { m_newPaletteSheet->dismiss(); }), spacer(), create));
     m_newPaletteSheet = new Sheet(m_panel, tr("New Palette"), form, [this] { createCollection(); });
 }

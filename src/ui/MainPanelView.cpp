@@ -50,7 +50,7 @@ MainPanelView::MainPanelView(AppState& appState)
     : m_appState(appState)
     , m_appearance(*this)
 {
-    setFixedSize(size);
+    setFixedSize(DS::panelSize);
     setContent(column(panelHeader(), rule(), m_dashboard = new DashboardView(m_appState, *this)));
     applyColorScheme();
 }
@@ -66,7 +66,7 @@ QWidget* MainPanelView::colorSchemeToggle()
     m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, DS::textSecond);
     m_schemeToggle = plainButton(
         {}, [this] { cycleColorScheme(); },
-        row(tintwick::size(30, 30), centered(), ground(DS::surfaceHigh, 8), m_schemeSymbol), 8);
+        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8), m_schemeSymbol), 8);
     return m_schemeToggle;
 }
 

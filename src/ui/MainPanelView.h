@@ -18,8 +18,6 @@ class MainPanelView final : public View
     Q_OBJECT
 
 public:
-    static constexpr QSize size{380, 580};
-
     explicit MainPanelView(AppState& appState);
 
     /// What the desktop prefers, where it says so; without it the palette of the toolkit decides. The user's choice

@@ -34,13 +34,13 @@ QStringList symbolNames()
 
 Stack* tile(const QString& name, const DS::Gradient& gradient)
 {
-    return row(size(44, 44), centered(), ground(gradient, 10),
+    return row(fixedSize(44, 44), centered(), ground(gradient, 10),
                symbol(name, 20, SymbolWeight::Semibold, DS::white));
 }
 
 Stack* square(const DS::Color& color)
 {
-    return row(size(62, 62), ground(color, 14), outline(DS::black.opacity(0.06), 0.5),
+    return row(fixedSize(62, 62), ground(color, 14), outline(DS::black.opacity(0.06), 0.5),
                Shadow{.color = color.opacity(0.4), .radius = 6, .offset = {0, 3}});
 }
 
@@ -69,23 +69,23 @@ std::unique_ptr<QWidget> blocks()
     auto* disabled = prominentButton(u"Create"_s, nothing);
     disabled->setEnabled(false);
     return std::unique_ptr<QWidget>(page(column(
-        gap(16), padding(16), width(380), Across::Leading,
+        gap(16), padding(16), fixedWidth(380), Across::Leading,
         row(gap(10), fillWidth(), label(u"Tintwick"_s, DS::font(18, QFont::Bold)), spacer(),
             row(gap(4), padding(8, 4), ground(DS::surface, 11),
                 symbol(u"checkmark.circle.fill"_s, 10, SymbolWeight::Regular, DS::green),
                 label(u"Copied!"_s, DS::font(11, QFont::Medium), DS::textSecond)),
             plainButton(u"Appearance"_s, nothing,
-                        row(size(30, 30), centered(), ground(DS::surfaceHigh, 8),
+                        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
                             symbol(u"circle.lefthalf.filled"_s, 14, SymbolWeight::Medium, DS::textSecond)),
                         8),
             plainButton(u"Settings"_s, nothing,
-                        row(size(30, 30), centered(), ground(DS::surfaceHigh, 8),
+                        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
                             symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
                         8)),
         rule(),
         plainButton(
             u"Pick a Color"_s, nothing,
-            row(fillWidth(), height(50), gap(8), centered(),
+            row(fillWidth(), fixedHeight(50), gap(8), centered(),
                 ground(DS::Gradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}}, 14),
                 Shadow{.color = DS::Color{0.24, 0.26, 0.68}.opacity(0.35), .radius = 10, .offset = {0, 4}},
                 symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
@@ -106,7 +106,7 @@ std::unique_ptr<QWidget> blocks()
                    label(u"7 Colors"_s, DS::font(11), DS::textSecond)),
             spacer(), symbol(u"chevron.right"_s, 11, SymbolWeight::Medium, DS::textThird)),
         row(fillWidth(), gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
-            row(size(44, 44), centered(), ground(DS::surfaceHigh, 10),
+            row(fixedSize(44, 44), centered(), ground(DS::surfaceHigh, 10),
                 symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
             label(u"New Palette"_s, DS::font(14, QFont::Medium), DS::textThird), spacer()),
         new TextField(u"Palette name"_s), new TextField(u"Palette name"_s, u"Sunset & sea"_s),
@@ -154,7 +154,7 @@ void shootKitGallery(const QDir& folder)
     shoot(folder, u"kit-symbols"_s, symbols);
     shoot(folder, u"kit-sheet"_s, blocks, [](QWidget& view) {
         new Sheet(view, u"New Palette"_s,
-                  column(gap(16), padding(20), width(280), Across::Leading,
+                  column(gap(16), padding(20), fixedWidth(280), Across::Leading,
                          label(u"New Palette"_s, DS::headline()), new TextField(u"Palette name"_s),
                          row(fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(),
                              prominentButton(u"Create"_s, nothing))),

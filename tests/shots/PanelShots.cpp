@@ -56,7 +56,7 @@ public:
         }
         m_view = new MainPanelView(m_appState);
         m_view->setParent(this);
-        setFixedSize(MainPanelView::size);
+        setFixedSize(DS::panelSize);
     }
 
     [[nodiscard]] AppState& state() { return m_appState; }

@@ -64,9 +64,9 @@ void SheetTest::init()
     m_field = new TextField(u"Palette name"_s);
     m_cancel = borderedButton(u"Cancel"_s, [this] { m_sheet->dismiss(); });
     m_create = prominentButton(u"Create"_s, [this] { ++m_accepted; });
-    m_form =
-        column(gap(16), padding(20), width(280), Across::Leading, label(u"New Palette"_s, DS::headline()),
-               m_field, row(fillWidth(), m_cancel, spacer(), m_create));
+    m_form = column(gap(16), padding(20), fixedWidth(280), Across::Leading,
+                    label(u"New Palette"_s, DS::headline()), m_field,
+                    row(fillWidth(), m_cancel, spacer(), m_create));
     m_sheet = new Sheet(*m_host, u"New Palette"_s, m_form, [this] { ++m_accepted; });
     Ticker::shared().advance(10);
 }

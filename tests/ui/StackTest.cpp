@@ -174,8 +174,8 @@ void StackTest::whatIsShownWhenNeverBecomesAWindow()
 
 void StackTest::shadowsFallOnTheGroundBelow()
 {
-    auto* tile =
-        row(size(40, 40), ground(DS::white, 0), Shadow{.color = DS::black, .radius = 0, .offset = {0, 6}});
+    auto* tile = row(fixedSize(40, 40), ground(DS::white, 0),
+                     Shadow{.color = DS::black, .radius = 0, .offset = {0, 6}});
     const std::unique_ptr<Stack> stack(column(padding(20), ground(DS::bg), column(row(tile))));
     const Appearance appearance(*stack, Scheme::Light);
     layOut(*stack, stack->sizeHint());
@@ -215,7 +215,7 @@ void StackTest::anOverhangGoesThroughStacksWithoutPadding()
 
 void StackTest::aGroundEndsWhereTheOverhangBegins()
 {
-    auto* tile = row(size(40, 40), ground(DS::black, 0), new Growing(40, 40, 5));
+    auto* tile = row(fixedSize(40, 40), ground(DS::black, 0), new Growing(40, 40, 5));
     QCOMPARE(tile->overhang(), QMargins(5, 5, 5, 5));
     const std::unique_ptr<Stack> stack(column(padding(10), ground(DS::white), tile));
     layOut(*stack, stack->sizeHint());

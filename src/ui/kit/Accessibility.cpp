@@ -1,5 +1,6 @@
 #include "ui/kit/Accessibility.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QWidget>
@@ -9,6 +10,44 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// A button that drops a menu, which a screen reader can open too.
+class AccessibleMenuButton final : public QAccessibleWidget
+{
+public:
+    explicit AccessibleMenuButton(QAbstractButton& button)
+        : QAccessibleWidget(&button, QAccessible::ButtonMenu)
+        , m_button(button)
+    {
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = m_button.isDown();
+        state.collapsed = !m_button.isDown();
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == showMenuAction()) {
+            m_button.click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    QAbstractButton& m_button;
+};
 
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 {
@@ -30,6 +69,9 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     }
     if (className == "tintwick::Rule"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Separator);
+    }
+    if (className == "tintwick::MenuButton"_L1) {
+        return new AccessibleMenuButton(*static_cast<QAbstractButton*>(widget));
     }
     return nullptr;
 }

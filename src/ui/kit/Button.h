@@ -47,12 +47,4 @@ private:
 /// The button that Return stands for.
 [[nodiscard]] TextButton* prominentButton(const QString& title, std::function<void()> action);
 
-/// Adds the help that appears when the pointer rests on a widget. Returns the widget.
-template <typename Widget>
-[[nodiscard]] Widget* withHelp(const QString& help, Widget* widget)
-{
-    widget->setToolTip(help);
-    return widget;
-}
-
 } // namespace tintwick

@@ -8,10 +8,14 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <QScreen>
 
 namespace tintwick {
 
 namespace {
+
+/// Between a button and the menu that it drops.
+constexpr int dropDownGap = 4;
 
 /// Fits the corners of a menu to the size it has when it opens.
 class CornerFitter final : public QObject
@@ -41,6 +45,15 @@ void style(QMenu& menu)
     menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     menu.setAttribute(Qt::WA_TranslucentBackground);
     menu.installEventFilter(new CornerFitter(&menu));
+}
+
+QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
+{
+    auto* menu = new QMenu(&owner);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(Appearance::palette(Appearance::of(&owner)));
+    fillMenu(*menu, entries);
+    return menu;
 }
 
 } // namespace
@@ -102,11 +115,21 @@ MenuEntry menuSeparator()
 
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries)
 {
-    auto* menu = new QMenu(&owner);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(Appearance::palette(Appearance::of(&owner)));
-    fillMenu(*menu, entries);
+    QMenu* menu = makeMenu(owner, entries);
     menu->popup(globalPosition);
+    return menu;
+}
+
+QMenu* dropDownMenu(QWidget& owner, const QList<MenuEntry>& entries)
+{
+    QMenu* menu = makeMenu(owner, entries);
+    const QRect button(owner.mapToGlobal(QPoint(0, 0)), owner.size());
+    const int height = menu->sizeHint().height();
+    const int below = button.bottom() + 1 + dropDownGap;
+    const int above = button.top() - dropDownGap - height;
+    const QRect room = owner.screen()->availableGeometry();
+    const bool fitsBelow = below + height <= room.bottom() + 1;
+    menu->popup({button.left(), fitsBelow || above < room.top() ? below : above});
     return menu;
 }
 

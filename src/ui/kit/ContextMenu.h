@@ -33,6 +33,8 @@ struct MenuEntry
 
 /// Opens a menu in the appearance of `owner` at a global position. It returns at once; the menu deletes itself.
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries);
+/// The same below `owner`, or above it where the screen has no room below.
+QMenu* dropDownMenu(QWidget& owner, const QList<MenuEntry>& entries);
 /// Fills an empty menu, in the look of all menus of ours and in the appearance around it.
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries);
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/DS.h"
-#include "ui/kit/Bound.h"
 
 #include <QWidget>
 
@@ -32,8 +31,5 @@ private:
 };
 
 [[nodiscard]] Label* label(const QString& text, const QFont& font, const DS::Color& color = DS::textPrimary);
-/// A text that follows state.
-[[nodiscard]] Label* label(const Bound<QString>& text, const QFont& font,
-                           const DS::Color& color = DS::textPrimary);
 
 } // namespace tintwick

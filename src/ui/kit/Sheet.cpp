@@ -103,7 +103,6 @@ bool Sheet::event(QEvent* event)
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::ContextMenu:
-    case QEvent::DragEnter:
         // Nothing passes through to the host.
         event->accept();
         return true;

@@ -128,14 +128,6 @@ void Stack::add(const Shadow& shadow)
     m_shadow = shadow;
 }
 
-void Stack::clearChildren()
-{
-    while (QLayoutItem* item = m_layout->takeAt(0)) {
-        delete item->widget();
-        delete item;
-    }
-}
-
 void Stack::growTo(Qt::Orientation direction)
 {
     QSizePolicy policy = sizePolicy();

@@ -83,15 +83,15 @@ struct Outline
 {
     return {};
 }
-[[nodiscard]] constexpr FixedSize size(int width, int height)
+[[nodiscard]] constexpr FixedSize fixedSize(int width, int height)
 {
     return {width, height};
 }
-[[nodiscard]] constexpr FixedSize width(int points)
+[[nodiscard]] constexpr FixedSize fixedWidth(int points)
 {
     return {points, -1};
 }
-[[nodiscard]] constexpr FixedSize height(int points)
+[[nodiscard]] constexpr FixedSize fixedHeight(int points)
 {
     return {-1, points};
 }
@@ -140,8 +140,6 @@ public:
 
     /// Whether this stack draws a ground, on which shadows fall.
     [[nodiscard]] bool hasGround() const { return m_ground.has_value(); }
-    /// Takes all children out and deletes them; what they were made of stays.
-    void clearChildren();
 
     void paintShadow(QPainter& painter) const override;
     /// What its children's overhangs have not found room for in its padding.

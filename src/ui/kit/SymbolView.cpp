@@ -42,11 +42,4 @@ SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const DS:
     return new SymbolView(name, size, weight, color);
 }
 
-SymbolView* symbol(const Bound<QString>& name, int size, SymbolWeight weight, const DS::Color& color)
-{
-    auto* view = new SymbolView({}, size, weight, color);
-    name.follow(*view, [view](const QString& now) { view->setName(now); });
-    return view;
-}
-
 } // namespace tintwick

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/DS.h"
-#include "ui/kit/Bound.h"
 #include "ui/kit/Symbol.h"
 
 #include <QString>
@@ -31,8 +30,5 @@ private:
 };
 
 [[nodiscard]] SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const DS::Color& color);
-/// A symbol that follows state.
-[[nodiscard]] SymbolView* symbol(const Bound<QString>& name, int size, SymbolWeight weight,
-                                 const DS::Color& color);
 
 } // namespace tintwick

@@ -24,7 +24,6 @@ public:
     void setMode(Mode mode);
     /// Without motion everything is at once where it would go.
     void setMotionReduced(bool reduced);
-    [[nodiscard]] bool isMotionReduced() const { return m_motionReduced; }
 
     /// Whether the timer wakes the process.
     [[nodiscard]] bool isRunning() const { return m_timer.isActive(); }

@@ -1,0 +1,57 @@
+#include "export/SaveDialog.h"
+
+#include "export/ContentType.h"
+
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QScreen>
+
+namespace tintwick {
+
+SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName)
+{
+    // The toolkit's own question whether to replace a file would hold up every window of the program.
+    setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    setAcceptMode(QFileDialog::AcceptSave);
+    setFileMode(QFileDialog::AnyFile);
+    setNameFilter(QStringLiteral("%1 (*.%2)").arg(contentType.name, contentType.suffix));
+    setDefaultSuffix(contentType.suffix);
+    setDirectory(folder);
+    selectFile(suggestedName);
+    // The panel stays on top, and would stay on top of this.
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+}
+
+void SaveDialog::showOn(const QScreen& screen)
+{
+    QRect place(QPoint(), size().expandedTo(sizeHint()).boundedTo(screen.availableSize()));
+    place.moveCenter(screen.availableGeometry().center());
+    setGeometry(place);
+    show();
+    raise();
+    activateWindow();
+}
+
+void SaveDialog::accept()
+{
+    const QFileInfo file(selectedFiles().value(0));
+    if (!file.exists() || file.isDir()) {
+        QFileDialog::accept();
+        return;
+    }
+    auto* question =
+        new QMessageBox(QMessageBox::Warning, windowTitle(),
+                        tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+                        QMessageBox::Yes | QMessageBox::No, this);
+    question->setTextFormat(Qt::PlainText);
+    question->setDefaultButton(QMessageBox::No);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    connect(question, &QMessageBox::finished, this, [this](int answer) {
+        if (answer == QMessageBox::Yes) {
+            QFileDialog::accept();
+        }
+    });
+    question->open();
+}
+
+} // namespace tintwick

@@ -1,0 +1,90 @@
+#include "export/SavePanel.h"
+
+#include "export/AtomicWrite.h"
+#include "export/SaveDialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScreen>
+#include <QStandardPaths>
+
+namespace tintwick {
+
+namespace {
+
+int openPanels = 0;
+QString lastFolder;
+
+/// Where the user begins to look.
+QString firstFolder()
+{
+    if (QFileInfo(lastFolder).isDir()) {
+        return lastFolder;
+    }
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+/// The view the user asked from, if it is ours.
+const QWidget* asker()
+{
+    const QWidget* focused = QApplication::focusWidget();
+    return focused ? focused : QApplication::activeWindow();
+}
+
+} // namespace
+
+SavePanel::SavePanel(const QByteArray& data, const QString& suggestedName, const ContentType& contentType)
+    : m_data(data)
+    , m_suggestedName(suggestedName)
+    , m_contentType(contentType)
+{
+    ++openPanels;
+    // A window must not outlive the application.
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &SavePanel::end);
+}
+
+SavePanel::~SavePanel()
+{
+    --openPanels;
+}
+
+bool SavePanel::isAnyOpen()
+{
+    return openPanels > 0;
+}
+
+void SavePanel::begin()
+{
+    askToolkit();
+}
+
+void SavePanel::askToolkit()
+{
+    const QWidget* view = asker();
+    m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName);
+    if (view) {
+        m_dialog->setPalette(view->palette());
+    }
+    connect(m_dialog.get(), &SaveDialog::finished, this, [this](int result) {
+        if (result == QDialog::Accepted) {
+            write(m_dialog->selectedFiles().value(0));
+        }
+        end();
+    });
+    m_dialog->showOn(view ? *view->screen() : *QGuiApplication::primaryScreen());
+}
+
+void SavePanel::write(const QString& path)
+{
+    lastFolder = QFileInfo(path).path();
+    writeAtomically(path, m_data);
+}
+
+void SavePanel::end()
+{
+    deleteLater();
+}
+
+} // namespace tintwick

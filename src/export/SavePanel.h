@@ -1,0 +1,40 @@
+#pragma once
+
+#include "export/ContentType.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace tintwick {
+
+class SaveDialog;
+
+/// Asks the user for a file, writes to it once, and deletes itself. Several may be open at the same time, and none holds
+/// up the rest of the program. The folder chosen last is where the next one begins.
+class SavePanel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    SavePanel(const QByteArray& data, const QString& suggestedName, const ContentType& contentType);
+    ~SavePanel() override;
+
+    void begin();
+
+    [[nodiscard]] static bool isAnyOpen();
+
+private:
+    void askToolkit();
+    void write(const QString& path);
+    void end();
+
+    QByteArray m_data;
+    QString m_suggestedName;
+    ContentType m_contentType;
+    std::unique_ptr<SaveDialog> m_dialog;
+};
+
+} // namespace tintwick

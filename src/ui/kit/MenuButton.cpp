@@ -1,0 +1,82 @@
+#include "ui/kit/MenuButton.h"
+
+#include "ui/kit/Accessibility.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace tintwick {
+
+MenuButton::MenuButton(const QString& name, std::function<QList<MenuEntry>()> entries, QWidget* content,
+                       double cornerRadius)
+    : Clickable(name)
+    , m_entries(std::move(entries))
+    , m_cornerRadius(cornerRadius)
+{
+    describeToScreenReaders();
+    setContent(content);
+    onClick([this] { open(); });
+}
+
+QMenu* MenuButton::menu() const
+{
+    return m_menu != nullptr && m_menu->isVisible() ? m_menu.data() : nullptr;
+}
+
+void MenuButton::open()
+{
+    if (menu() != nullptr) {
+        return;
+    }
+    setDown(true);
+    m_menu = dropDownMenu(*this, m_entries());
+    connect(m_menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+}
+
+void MenuButton::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Select:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+        if (!event->isAutoRepeat()) {
+            open();
+            m_menu->setActiveAction(m_menu->actions().value(0));
+        }
+        break;
+    default:
+        Clickable::keyPressEvent(event);
+    }
+}
+
+// A plain button acts on the release of what was pressed, which the menu may have taken by then.
+void MenuButton::keyReleaseEvent(QKeyEvent* event)
+{
+    event->ignore();
+}
+
+void MenuButton::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        open();
+    } else {
+        event->ignore();
+    }
+}
+
+void MenuButton::mouseMoveEvent(QMouseEvent* event)
+{
+    event->ignore();
+}
+
+void MenuButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->ignore();
+}
+
+} // namespace tintwick
