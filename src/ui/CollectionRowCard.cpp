@@ -4,17 +4,14 @@
 #include "state/AppState.h"
 #include "ui/Appearance.h"
 #include "ui/ColorActions.h"
-#include "ui/ColorDrag.h"
 #include "ui/kit/ContextMenu.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Symbol.h"
 
 #include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 
 namespace tintwick {
@@ -67,8 +64,10 @@ CollectionRowCard::CollectionRowCard(AppState& appState)
         updateShadow(*this, shadowExtents);
         return isMoving;
     })
+    , m_dropTarget(
+          *this, [this](bool hovered) { setDropTarget(hovered); },
+          [this](const QUuid& id) { m_appState.addColor(id, m_collection.id); })
 {
-    setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // The squares are those of the history.
     connect(&m_appState, &AppState::historyChanged, this, [this] { update(); });
@@ -168,35 +167,6 @@ void CollectionRowCard::keyPressEvent(QKeyEvent* event)
         return;
     }
     Clickable::keyPressEvent(event);
-}
-
-// Never as a move, which many editors propose: they would delete the text that was dropped.
-void CollectionRowCard::acceptAsCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
-void CollectionRowCard::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (carriesText(*event->mimeData()) && event->possibleActions().testFlag(Qt::CopyAction)) {
-        acceptAsCopy(*event);
-        setDropTarget(true);
-    }
-}
-
-void CollectionRowCard::dragLeaveEvent(QDragLeaveEvent*)
-{
-    setDropTarget(false);
-}
-
-void CollectionRowCard::dropEvent(QDropEvent* event)
-{
-    setDropTarget(false);
-    acceptAsCopy(*event);
-    for (const QUuid& id : droppedColorIds(*event->mimeData())) {
-        m_appState.addColor(id, m_collection.id);
-    }
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const

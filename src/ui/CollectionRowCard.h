@@ -2,6 +2,7 @@
 
 #include "model/CapturedColor.h"
 #include "model/ColorCollection.h"
+#include "ui/ColorDropTarget.h"
 #include "ui/DS.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Clickable.h"
@@ -49,15 +50,11 @@ protected:
     [[nodiscard]] double cornerRadius() const override;
     [[nodiscard]] bool tintsHover() const override { return false; }
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void openContextMenu(QPoint globalPosition);
-    static void acceptAsCopy(QDropEvent& event);
     void setDropTarget(bool isDropTarget);
     void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
     [[nodiscard]] double scale() const;
@@ -70,6 +67,7 @@ private:
     Spring m_hover;
     Spring m_drop;
     Animator m_animator;
+    ColorDropTarget m_dropTarget;
 };
 
 } // namespace tintwick
