@@ -5,10 +5,12 @@
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
+#include "shortcuts/MenuItemsOf.h"
 #include "shortcuts/ShortcutNames.h"
 #include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
+#include "ui/settings/InlineSettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -92,10 +94,19 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState, [] { return new QWidget; });
+    m_mainPanelView = new MainPanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
     m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
+}
+
+QWidget* AppDelegate::makeSettings(QWidget& panel)
+{
+    return new InlineSettingsView(m_appState,
+                                  {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                                   [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
+                                  m_platform->screenGrabber(), panel,
+                                  [this] { m_mainPanelView->setShowingSettings(false); });
 }
 
 void AppDelegate::setupColorPickerService()

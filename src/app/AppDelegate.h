@@ -16,6 +16,8 @@
 #include <memory>
 #include <optional>
 
+class QWidget;
+
 namespace tintwick {
 
 class MainPanelView;
@@ -37,6 +39,7 @@ private:
     void prepareLater();
     void setupMenuBar();
     void setupMainPanel();
+    [[nodiscard]] QWidget* makeSettings(QWidget& panel);
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 

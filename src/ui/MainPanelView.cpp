@@ -53,7 +53,7 @@ Scheme schemeOfPalette()
 
 } // namespace
 
-MainPanelView::MainPanelView(AppState& appState, std::function<QWidget*()> makeSettings)
+MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     : m_appState(appState)
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
@@ -182,7 +182,7 @@ QWidget* MainPanelView::makeScreen(const ScreenChoice& choice)
 {
     switch (choice.kind) {
     case ScreenKind::Settings:
-        return m_makeSettings();
+        return m_makeSettings(*this);
     case ScreenKind::History:
         return new HistoryDetailView(m_appState, *this);
     case ScreenKind::Collection:

@@ -25,11 +25,13 @@ class MainPanelView final : public View
     Q_OBJECT
 
 public:
+    using MakeSettings = std::function<QWidget*(QWidget& panel)>;
+
     /// Selects the whole history; no collection has this id.
     static constexpr QUuid historySelectionId{};
 
     /// `makeSettings` makes the settings screen anew each time it is shown.
-    MainPanelView(AppState& appState, std::function<QWidget*()> makeSettings);
+    MainPanelView(AppState& appState, MakeSettings makeSettings);
 
     /// What the desktop prefers, where it says so; without it the palette of the toolkit decides. The user's choice
     /// in the panel comes before both.
@@ -76,7 +78,7 @@ private:
     AppState& m_appState;
     Appearance m_appearance;
     std::optional<Scheme> m_systemScheme;
-    std::function<QWidget*()> m_makeSettings;
+    MakeSettings m_makeSettings;
 
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;
