@@ -8,7 +8,7 @@
 namespace tintwick {
 
 /// One line of text, or several centred ones where the text has line breaks. A line too long for its room ends in an
-/// ellipsis.
+/// ellipsis, and the whole text appears when the pointer rests on it.
 class Label final : public QWidget
 {
     Q_OBJECT
@@ -24,9 +24,14 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] bool isCut() const;
+    void updateHelp();
+
     QString m_text;
     DS::Color m_color;
 };
