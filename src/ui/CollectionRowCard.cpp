@@ -53,9 +53,10 @@ double fractionOf(const Spring& spring)
 
 } // namespace
 
-CollectionRowCard::CollectionRowCard(AppState& appState)
+CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap)
     : Clickable({})
     , m_appState(appState)
+    , m_onTap(std::move(onTap))
     , m_hover(0.18, 0.8)
     , m_drop(0.18, 0.8)
     , m_animator([this](double seconds) {
@@ -69,6 +70,7 @@ CollectionRowCard::CollectionRowCard(AppState& appState)
           [this](const QUuid& id) { m_appState.addColor(id, m_collection.id); })
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    onClick([this] { m_onTap(m_collection.id); });
     // The squares are those of the history.
     connect(&m_appState, &AppState::historyChanged, this, [this] { update(); });
 }
@@ -140,33 +142,20 @@ void CollectionRowCard::setDropTarget(bool isDropTarget)
     m_animator.start();
 }
 
-void CollectionRowCard::contextMenuEvent(QContextMenuEvent* event)
+QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
-    openContextMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
-                                                                : mapToGlobal(rect().center()));
-}
-
-void CollectionRowCard::openContextMenu(QPoint globalPosition)
-{
-    popUpMenu(*this, globalPosition,
-              {menuAction(tr("Export CSS Variables"), u"doc.text"_s,
-                          [this] { ExportService().exportCSS(exportColors(), m_collection.name); }),
-               menuAction(tr("Export JSON"), u"curlybraces"_s,
-                          [this] { ExportService().exportJSON(exportColors()); }),
-               menuAction(tr("Export PNG Swatch"), u"photo"_s,
-                          [this] { ExportService().exportPNG(exportColors()); }),
-               menuSeparator(), menuDestructive(tr("Delete"), [&state = m_appState, id = m_collection.id] {
-                   state.deleteCollection(id);
-               })});
-}
-
-void CollectionRowCard::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        openContextMenu(mapToGlobal(rect().center()));
-        return;
-    }
-    Clickable::keyPressEvent(event);
+    // The menu may outlive the card.
+    const QList<CapturedColor> colors = exportColors();
+    return {menuAction(tr("Open Palette"), u"arrow.right.circle"_s,
+                       [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
+            menuSeparator(),
+            menuAction(tr("Export CSS Variables"), u"doc.text"_s,
+                       [colors, name = m_collection.name] { ExportService().exportCSS(colors, name); }),
+            menuAction(tr("Export JSON"), u"curlybraces"_s, [colors] { ExportService().exportJSON(colors); }),
+            menuAction(tr("Export PNG Swatch"), u"photo"_s, [colors] { ExportService().exportPNG(colors); }),
+            menuSeparator(),
+            menuDestructive(tr("Delete"),
+                            [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const

@@ -43,9 +43,8 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
     , m_cards(
           *m_cardList,
           [this] {
-              auto* card = new CollectionRowCard(m_appState);
-              card->onClick([this, card] { Q_EMIT collectionSelected(card->collection().id); });
-              return card;
+              return new CollectionRowCard(m_appState,
+                                           [this](const QUuid& id) { Q_EMIT collectionSelected(id); });
           },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
               card.setCollection(collection);
