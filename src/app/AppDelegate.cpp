@@ -148,7 +148,7 @@ void AppDelegate::handleStatusBarClick()
         return;
     }
     if (!isTheClickThatHidThePanel()) {
-        showMainPanel(QCursor::pos());
+        showMainPanel(FloatingPanel::Typing::Leave, QCursor::pos());
     }
 }
 
@@ -164,7 +164,7 @@ bool AppDelegate::isTheClickThatHidThePanel()
     return isRecent && !m_statusItem.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
 }
 
-void AppDelegate::showMainPanel(std::optional<QPoint> click)
+void AppDelegate::showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click)
 {
     setupMainPanel();
     if (m_mainPanel->isVisible()) {
@@ -172,7 +172,7 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize));
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize), typing);
 }
 
 void AppDelegate::hideMainPanel()
@@ -204,7 +204,8 @@ void AppDelegate::setupGlobalShortcut()
         activatePicker();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
+                        [this] { showMainPanel(FloatingPanel::Typing::Take); });
 }
 
 void AppDelegate::activatePicker()

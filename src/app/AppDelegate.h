@@ -46,7 +46,7 @@ private:
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
-    void showMainPanel(std::optional<QPoint> click = {});
+    void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
     void followSystemAppearance();
 

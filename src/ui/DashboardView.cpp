@@ -18,9 +18,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int columnPadding = 16;
-/// The recent row goes on to the edges of the panel: nearer, it would cut off the shadows of the outermost squares.
-constexpr int beyondColumn = columnPadding;
 constexpr DS::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
 constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
 
@@ -29,7 +26,7 @@ constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPoin
 DashboardView::DashboardView(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_panel(panel)
-    , m_recentRow(row(gap(12), padding(beyondColumn, 4)))
+    , m_recentRow(row(gap(12), padding(2, 4)))
     , m_cardList(column(gap(10)))
     , m_swatches(
           *m_recentRow,
@@ -52,7 +49,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           })
 {
     // clang-format off
-    setContent(verticalScroll(column(gap(20), padding(columnPadding),
+    setContent(verticalScroll(column(gap(20), padding(16),
         eyedropperButton(),
         shownWhen(historyIsNotEmpty(), recentHeader()),
         shownWhen(historyIsNotEmpty(), recentRow()),
@@ -92,7 +89,7 @@ QWidget* DashboardView::recentHeader()
 
 QWidget* DashboardView::recentRow()
 {
-    return horizontalScroll(m_recentRow, beyondColumn);
+    return horizontalScroll(m_recentRow, 2);
 }
 
 QWidget* DashboardView::sectionLabel(const QString& title)

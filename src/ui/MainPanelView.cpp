@@ -58,7 +58,7 @@ MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
 {
-    setFixedSize(DS::panelSize);
+    resize(DS::panelSize);
     m_header = panelHeader();
     m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
     setContent(column(m_header, rule(), m_screens));
@@ -260,10 +260,19 @@ void MainPanelView::setSystemScheme(std::optional<Scheme> scheme)
 
 void MainPanelView::changeEvent(QEvent* event)
 {
+    if (event->type() == QEvent::ParentChange) {
+        window()->installEventFilter(this);
+    }
+    View::changeEvent(event);
+}
+
+// Windows alone are told of the application's palette.
+bool MainPanelView::eventFilter(QObject* watched, QEvent* event)
+{
     if (event->type() == QEvent::ApplicationPaletteChange) {
         applyColorScheme();
     }
-    View::changeEvent(event);
+    return View::eventFilter(watched, event);
 }
 
 void MainPanelView::paintEvent(QPaintEvent*)

@@ -7,7 +7,9 @@
 #include "ui/HistoryDetailView.h"
 #include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/ScrollArea.h"
 
+#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -23,7 +25,9 @@ private Q_SLOTS:
     void theAppearanceButtonTellsAndCycles_data();
     void theAppearanceButtonTellsAndCycles();
     void autoFollowsTheDesktop();
+    void autoFollowsThePaletteWhereTheDesktopSaysNothing();
     void aChosenAppearanceDoesNot();
+    void onALowScreenThePageEndsWithThePanel();
     void thePillComesWithACopyAndFadesAway();
     void thePillLeavesTheAppearanceButtonWhereItIs();
     void seeAllOpensTheHistoryAndTheTitleLeadsBack();
@@ -117,6 +121,43 @@ void MainPanelViewTest::autoFollowsTheDesktop()
     QCOMPARE(ground(panel), dark);
     panel.view->setSystemScheme(Scheme::Light);
     QCOMPARE(ground(panel), light);
+}
+
+void MainPanelViewTest::autoFollowsThePaletteWhereTheDesktopSaysNothing()
+{
+    const QPalette before = QApplication::palette();
+    const PanelFixture panel;
+    // As in the program, where the window is another widget.
+    QWidget window;
+    panel.view->setParent(&window);
+    window.show();
+    panel.view->show();
+    panel.view->setSystemScheme(std::nullopt);
+    QPalette night = before;
+    night.setColor(QPalette::Window, QColor(30, 30, 30));
+    night.setColor(QPalette::WindowText, QColor(220, 220, 220));
+    QApplication::setPalette(night);
+    const QRgb atNight = ground(panel);
+    QApplication::setPalette(before);
+    const QRgb byDay = ground(panel);
+    panel.view->setParent(nullptr);
+    QCOMPARE(atNight, dark);
+    QCOMPARE(byDay, light);
+}
+
+void MainPanelViewTest::onALowScreenThePageEndsWithThePanel()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 3; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    const auto* page = panel.dashboard().findChild<ScrollArea*>();
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 580));
+    panel.view->resize(380, 300);
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 300));
+    QVERIFY(page->verticalScrollBar()->maximum() > 0);
 }
 
 void MainPanelViewTest::aChosenAppearanceDoesNot()

@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tintwick {
@@ -13,6 +15,10 @@ namespace {
 
 /// Of the eighths of a degree in which wheels are told: one notch, 120 of them, is 60 points.
 constexpr double pointsPerEighth = 0.5;
+
+/// Beside a row, for shadows; one that begins to be cut off fades over as many points as shadows mostly reach.
+constexpr QMargins shadowRoom(16, 0, 16, 0);
+constexpr double shadowFade = 8;
 
 /// So much of what is beside the focus comes into view with it.
 constexpr int seenBesideFocus = 32;
@@ -35,6 +41,8 @@ ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargi
     fitContent();
     setSizePolicy(QSizePolicy::Expanding,
                   direction == Qt::Vertical ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { updateShadow(*this, shadowRoom); });
     connect(qApp, &QApplication::focusChanged, this, &ScrollArea::follow);
 }
 
@@ -78,6 +86,32 @@ void ScrollArea::wheelEvent(QWheelEvent* event)
     const int before = bar->value();
     bar->setValue(before + points);
     event->setAccepted(bar->value() != before || points == 0);
+}
+
+void ScrollArea::paintShadow(QPainter& painter) const
+{
+    if (m_direction == Qt::Vertical) {
+        return;
+    }
+    const double opacity = painter.opacity();
+    painter.setClipRegion(QRegion(rect().marginsAdded(shadowRoom)) - rect());
+    for (const QObject* object : widget()->children()) {
+        const auto* child = qobject_cast<const QWidget*>(object);
+        const auto* caster = dynamic_cast<const ShadowCaster*>(object);
+        if (child == nullptr || caster == nullptr || child->isHidden()) {
+            continue;
+        }
+        const QRect widest = child->rect().marginsRemoved(overhangOf(*child));
+        const QRect place(child->mapTo(this, widest.topLeft()), widest.size());
+        const int cutOff = std::max({0, -place.left(), place.right() - rect().right()});
+        if (cutOff < shadowFade) {
+            painter.save();
+            painter.setOpacity(opacity * (1 - cutOff / shadowFade));
+            painter.translate(child->mapTo(this, QPoint(0, 0)));
+            caster->paintShadow(painter);
+            painter.restore();
+        }
+    }
 }
 
 void ScrollArea::fitContent()

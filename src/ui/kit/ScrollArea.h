@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/kit/Overhang.h"
+#include "ui/kit/ShadowCaster.h"
 
 #include <QScrollArea>
 
@@ -8,7 +9,7 @@ namespace tintwick {
 
 /// A view onto content that is longer than its room in one direction. It has no indicators. What gets the focus in it
 /// comes into view.
-class ScrollArea final : public QScrollArea, public Overhanging
+class ScrollArea final : public QScrollArea, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
@@ -18,6 +19,8 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QMargins overhang() const override { return m_overhang; }
+    /// What a row cuts off beside it: the shadows of what is wholly in view.
+    void paintShadow(QPainter& painter) const override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
