@@ -37,6 +37,8 @@ constexpr double previewSide = 30;
 constexpr double previewRadius = 7;
 constexpr double previewGap = 4;
 
+constexpr Shadow shadowAtRest{DS::black.opacity(0.03), 3, QPointF(0, 2)};
+constexpr Shadow hoverShadow{DS::black.opacity(0.07), 8, QPointF(0, 2)};
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
 
 double mixed(double from, double to, double fraction)
@@ -114,6 +116,16 @@ void CollectionRowCard::hoverChanged()
     m_animator.start();
 }
 
+QRectF CollectionRowCard::answerRect() const
+{
+    return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
+}
+
+double CollectionRowCard::cornerRadius() const
+{
+    return cardRadius;
+}
+
 void CollectionRowCard::setDropTarget(bool isDropTarget)
 {
     m_isDropTarget = isDropTarget;
@@ -174,19 +186,17 @@ void CollectionRowCard::dropEvent(QDropEvent* event)
 
 void CollectionRowCard::paintShadow(QPainter& painter) const
 {
-    const double hover = fractionOf(m_hover);
-    const Shadow shadow{DS::black.opacity(mixed(0.03, 0.07, hover)), mixed(3, 8, hover), QPointF(0, 2)};
-    drawShadow(painter, scaledCardRect(), cardRadius * scale(), shadow, Appearance::of(this));
+    scaleAboutMiddle(painter, answerRect(), scale());
+    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, fractionOf(m_hover),
+                      Appearance::of(this));
 }
 
 void CollectionRowCard::paintEvent(QPaintEvent*)
 {
     const Scheme scheme = Appearance::of(this);
-    const QRectF card = cardRect();
+    const QRectF card = answerRect();
     QPainter painter(this);
-    painter.translate(card.center());
-    painter.scale(scale(), scale());
-    painter.translate(-card.center());
+    scaleAboutMiddle(painter, card, scale());
 
     fillRounded(painter, card, cardRadius, DS::surface.in(scheme));
 
@@ -226,16 +236,14 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     strokeInside(painter, card, cardRadius,
                  mixed(hovered, DS::accent.opacity(0.6).in(scheme), fractionOf(m_drop)),
                  mixed(1, 1.5, fractionOf(m_drop)));
-    if (showsFocusRing()) {
-        drawFocusRing(painter, card, cardRadius, scheme);
-    }
+    paintAnswer(painter);
 }
 
 void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors,
                                      double right) const
 {
     const Scheme scheme = Appearance::of(this);
-    QRectF square(right - previewSide, cardRect().center().y() - previewSide / 2, previewSide, previewSide);
+    QRectF square(right - previewSide, answerRect().center().y() - previewSide / 2, previewSide, previewSide);
     square.translate(-static_cast<double>(colors.size() - 1) * (previewSide + previewGap), 0);
     for (const CapturedColor& color : colors) {
         const QColor fill = paintColor(color);
@@ -248,20 +256,6 @@ void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColo
 double CollectionRowCard::scale() const
 {
     return 1 + (hoverScale - 1) * m_hover.position();
-}
-
-QRectF CollectionRowCard::cardRect() const
-{
-    return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
-}
-
-QRectF CollectionRowCard::scaledCardRect() const
-{
-    QRectF card = cardRect();
-    const QPointF center = card.center();
-    card.setSize(card.size() * scale());
-    card.moveCenter(center);
-    return card;
 }
 
 } // namespace tintwick

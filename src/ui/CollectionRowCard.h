@@ -42,6 +42,10 @@ public:
 
 protected:
     void hoverChanged() override;
+    /// The card at rest.
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override;
+    [[nodiscard]] bool tintsHover() const override { return false; }
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -54,8 +58,6 @@ private:
     static void acceptAsCopy(QDropEvent& event);
     void setDropTarget(bool isDropTarget);
     void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
-    [[nodiscard]] QRectF cardRect() const;
-    [[nodiscard]] QRectF scaledCardRect() const;
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;

@@ -18,6 +18,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int columnPadding = 16;
+/// The recent row goes on to the edges of the panel: nearer, it would cut off the shadows of the outermost squares.
+constexpr int beyondColumn = columnPadding;
 constexpr DS::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
 constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
 
@@ -26,7 +29,7 @@ constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPoin
 DashboardView::DashboardView(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_panel(panel)
-    , m_recentRow(row(gap(12), padding(2, 4)))
+    , m_recentRow(row(gap(12), padding(beyondColumn, 4)))
     , m_cardList(column(gap(10)))
     , m_swatches(
           *m_recentRow,
@@ -45,13 +48,12 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           })
 {
     // clang-format off
-    setContent(verticalScroll(column(gap(20), padding(16),
+    setContent(verticalScroll(column(gap(20), padding(columnPadding),
         eyedropperButton(),
         shownWhen(historyIsNotEmpty(), recentHeader()),
         shownWhen(historyIsNotEmpty(), recentRow()),
         sectionLabel(tr("Collections")),
-        collectionsSection(),
-        spacer())));
+        collectionsSection())));
     // clang-format on
 
     connect(&m_appState, &AppState::historyChanged, this, &DashboardView::showHistory);
@@ -79,8 +81,7 @@ QWidget* DashboardView::recentHeader()
 
 QWidget* DashboardView::recentRow()
 {
-    m_recentScroll = horizontalScroll(m_recentRow, 2);
-    return m_recentScroll;
+    return horizontalScroll(m_recentRow, beyondColumn);
 }
 
 QWidget* DashboardView::sectionLabel(const QString& title)
@@ -200,7 +201,6 @@ void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
     const qsizetype target = position + step;
     if (target >= 0 && target < swatches().size()) {
         swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-        m_recentScroll->ensureWidgetVisible(swatches()[target], swatches()[target]->width() / 2, 0);
     }
 }
 

@@ -15,7 +15,6 @@ namespace tintwick {
 class AppState;
 class CollectionRowCard;
 class DashboardSwatchView;
-class ScrollArea;
 class Sheet;
 
 /// The home screen: the button that picks, the recent colours, and the collections.
@@ -63,7 +62,6 @@ private:
     QWidget* m_pick = nullptr;
     QWidget* m_createFirst = nullptr;
     QWidget* m_add = nullptr;
-    ScrollArea* m_recentScroll = nullptr;
     Stack* m_recentRow;
     Stack* m_cardList;
     RecordViews<DashboardSwatchView, CapturedColor, Stack> m_swatches;

@@ -1,5 +1,6 @@
 #include "ui/kit/ScrollArea.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -12,6 +13,9 @@ namespace {
 
 /// Of the eighths of a degree in which wheels are told: one notch, 120 of them, is 60 points.
 constexpr double pointsPerEighth = 0.5;
+
+/// So much of what is beside the focus comes into view with it.
+constexpr int seenBesideFocus = 32;
 
 } // namespace
 
@@ -31,6 +35,7 @@ ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargi
     fitContent();
     setSizePolicy(QSizePolicy::Expanding,
                   direction == Qt::Vertical ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    connect(qApp, &QApplication::focusChanged, this, &ScrollArea::follow);
 }
 
 QSize ScrollArea::sizeHint() const
@@ -53,12 +58,20 @@ bool ScrollArea::eventFilter(QObject* watched, QEvent* event)
 
 void ScrollArea::wheelEvent(QWheelEvent* event)
 {
-    const QPoint turned = event->angleDelta();
+    QPoint turned = event->angleDelta();
+    if (turned.x() == 0 && event->modifiers().testFlag(Qt::ShiftModifier)) {
+        turned = turned.transposed();
+    }
     const bool vertical = m_direction == Qt::Vertical;
     QScrollBar* bar = vertical ? verticalScrollBar() : horizontalScrollBar();
-    const int along = vertical ? turned.y() : turned.x();
-    // A wheel turns up and down only; a row takes it too, until it is at its end and the turn is its parent's.
-    const int eighths = along != 0 || vertical ? along : turned.y();
+    int eighths = vertical ? turned.y() : turned.x();
+    if (!vertical && eighths == 0 && !isInScrollingPage()) {
+        eighths = turned.y();
+    }
+    if (eighths == 0) {
+        event->ignore();
+        return;
+    }
     m_owed -= eighths * pointsPerEighth;
     const int points = static_cast<int>(std::trunc(m_owed));
     m_owed -= points;
@@ -76,6 +89,33 @@ void ScrollArea::fitContent()
         widget()->setMinimumWidth(widget()->sizeHint().width());
     }
     updateGeometry();
+}
+
+void ScrollArea::follow(const QWidget* before, QWidget* focused)
+{
+    // A window that is left and come back to stays as it was scrolled.
+    const bool isMoved = before != nullptr && before->isVisible();
+    if (!isMoved || focused == nullptr || !widget()->isAncestorOf(focused)) {
+        return;
+    }
+    const QRect place(focused->mapTo(widget(), QPoint(0, 0)), focused->size());
+    const QRect seen(-widget()->pos(), viewport()->size());
+    if (!seen.contains(place)) {
+        const QPoint middle = place.center();
+        ensureVisible(middle.x(), middle.y(), place.width() / 2 + seenBesideFocus,
+                      place.height() / 2 + seenBesideFocus);
+    }
+}
+
+bool ScrollArea::isInScrollingPage() const
+{
+    for (const QWidget* around = parentWidget(); around != nullptr; around = around->parentWidget()) {
+        const auto* area = qobject_cast<const ScrollArea*>(around);
+        if (area != nullptr && area->m_direction == Qt::Vertical) {
+            return area->verticalScrollBar()->maximum() > 0;
+        }
+    }
+    return false;
 }
 
 ScrollArea* verticalScroll(QWidget* content)

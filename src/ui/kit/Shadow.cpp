@@ -109,12 +109,15 @@ QImage blurredShape(const Key& key)
     return tinted;
 }
 
+int blurs = 0;
+
 const QImage& cachedShape(const Key& key)
 {
     static QCache<Key, QImage> cache(cacheLimit);
     if (const QImage* known = cache.object(key)) {
         return *known;
     }
+    ++blurs;
     auto* made = new QImage(blurredShape(key));
     cache.insert(key, made, std::min<qsizetype>(made->sizeInBytes() / 1024, cacheLimit));
     return *made;
@@ -175,6 +178,26 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
         }
     }
     painter.restore();
+}
+
+void drawShadowBetween(QPainter& painter, const QRectF& rect, double cornerRadius, const Shadow& from,
+                       const Shadow& to, double fraction, Scheme scheme)
+{
+    const double opacity = painter.opacity();
+    const auto draw = [&](const Shadow& shadow, double part) {
+        if (part > 0) {
+            painter.setOpacity(opacity * part);
+            drawShadow(painter, rect, cornerRadius, shadow, scheme);
+        }
+    };
+    draw(from, 1 - fraction);
+    draw(to, fraction);
+    painter.setOpacity(opacity);
+}
+
+int blurCount()
+{
+    return blurs;
 }
 
 } // namespace tintwick
