@@ -23,7 +23,7 @@ namespace {
 
 // Room for the hovered square around the one at rest.
 constexpr int growth = 2;
-constexpr QStringView symbolName = u"doc.on.doc.fill";
+constexpr QStringView copySymbol = u"doc.on.doc.fill";
 
 QFont labelFont()
 {
@@ -112,7 +112,7 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     setDown(false);
-    const QRectF square = answerRect();
+    const QRectF square = squareAtRest();
     QPixmap picture(square.size().toSize() * devicePixelRatioF());
     picture.setDevicePixelRatio(devicePixelRatioF());
     picture.fill(Qt::transparent);
@@ -125,21 +125,22 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
 
 void SwatchView::paintShadow(QPainter& painter) const
 {
-    scaleAboutMiddle(painter, answerRect(), scale());
-    drawShadowBetween(painter, answerRect(), m_look.cornerRadius, shadowIn(m_look.atRest),
-                      shadowIn(m_look.hovered), hoverFraction(), Appearance::of(this));
+    const bool changes = m_look.atRest.shadow != m_look.hovered.shadow;
+    scaleAboutMiddle(painter, squareAtRest(), scale());
+    drawShadowBetween(painter, squareAtRest(), m_look.cornerRadius, shadowIn(m_look.atRest),
+                      shadowIn(m_look.hovered), changes ? hoverFraction() : 0, Appearance::of(this));
 }
 
 void SwatchView::paintEvent(QPaintEvent*)
 {
+    const Scheme scheme = Appearance::of(this);
     const double hovered = hoverFraction();
     QPainter painter(this);
     painter.setFont(labelFont());
-    const Scheme scheme = Appearance::of(this);
     painter.setPen(mixed(m_look.atRest.label.in(scheme), m_look.hovered.label.in(scheme), hovered));
     painter.drawText(labelRect(), Qt::AlignCenter, swatchLabel(m_color));
 
-    scaleAboutMiddle(painter, answerRect(), scale());
+    scaleAboutMiddle(painter, squareAtRest(), scale());
     paintSquare(painter, hovered);
     paintAnswer(painter);
 }
@@ -147,7 +148,7 @@ void SwatchView::paintEvent(QPaintEvent*)
 void SwatchView::paintSquare(QPainter& painter, double hovered) const
 {
     const Scheme scheme = Appearance::of(this);
-    const QRectF square = answerRect();
+    const QRectF square = squareAtRest();
     if (m_look.showsChecks && m_color.alpha < 1) {
         drawCheckerboard(painter, square, m_look.cornerRadius);
     }
@@ -159,9 +160,9 @@ void SwatchView::paintSquare(QPainter& painter, double hovered) const
         // One picture for all the way, crisp where it ends.
         scaleAboutMiddle(painter, square, 1 / m_look.hoverScale);
         const double size = m_look.symbolSize * m_look.hoverScale;
-        drawSymbolShadow(painter, symbolName, size, SymbolWeight::Semibold, m_look.symbolShadow.in(scheme),
+        drawSymbolShadow(painter, copySymbol, size, SymbolWeight::Semibold, m_look.symbolShadow.in(scheme),
                          square);
-        drawSymbol(painter, symbolName, size, SymbolWeight::Semibold, DS::white.in(scheme), square);
+        drawSymbol(painter, copySymbol, size, SymbolWeight::Semibold, DS::white.in(scheme), square);
         painter.restore();
     }
     strokeInside(painter, square, m_look.cornerRadius,
@@ -183,14 +184,14 @@ Shadow SwatchView::shadowIn(const SwatchLook::State& state) const
             QPointF(0, state.shadow.drop)};
 }
 
-QRectF SwatchView::answerRect() const
+QRectF SwatchView::squareAtRest() const
 {
     return QRectF(growth + m_look.sideRoom, growth, m_look.side, m_look.side);
 }
 
 QRectF SwatchView::labelRect() const
 {
-    const QRectF square = answerRect();
+    const QRectF square = squareAtRest();
     return {square.left() - m_look.sideRoom, square.bottom() + m_look.labelGap,
             square.width() + 2 * m_look.sideRoom, QFontMetricsF(labelFont()).height()};
 }

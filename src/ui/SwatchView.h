@@ -24,6 +24,8 @@ struct SwatchLook
         double opacity;
         double radius;
         double drop;
+
+        friend bool operator==(const Shadow&, const Shadow&) = default;
     };
     /// What changes under the pointer.
     struct State
@@ -74,8 +76,7 @@ protected:
     [[nodiscard]] AppState& appState() const { return m_appState; }
 
     void hoverChanged() override;
-    /// The square at its size at rest.
-    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] QRectF answerRect() const override { return squareAtRest(); }
     [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
     [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
@@ -89,6 +90,7 @@ private:
     /// The square at its size at rest; `hovered` is 1 under the pointer.
     void paintSquare(QPainter& painter, double hovered) const;
     [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
+    [[nodiscard]] QRectF squareAtRest() const;
     [[nodiscard]] QRectF labelRect() const;
     /// Of the square, which grows under the pointer.
     [[nodiscard]] double scale() const;
