@@ -36,13 +36,6 @@ constexpr double previewGap = 4;
 
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
 
-QColor mixed(const QColor& from, const QColor& to, double fraction)
-{
-    const auto part = [fraction](float a, float b) { return a + (b - a) * static_cast<float>(fraction); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
-}
-
 double mixed(double from, double to, double fraction)
 {
     return from + (to - from) * fraction;
@@ -169,7 +162,8 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
 
     const QRectF tile(card.left() + horizontalPadding, card.top() + verticalPadding, tileSide, tileSide);
     fillRounded(painter, tile, tileRadius, gradientBrush(tile, m_accent, scheme));
-    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme), tile);
+    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
+                     tile.translated(0, 1));
     drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), tile);
 
     const QList<CapturedColor> preview = previewColors();

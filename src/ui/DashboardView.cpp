@@ -33,7 +33,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           [this] {
               auto* swatch = new DashboardSwatchView(m_appState);
               connect(swatch, &DashboardSwatchView::stepRequested, this,
-                      [this, swatch](int step) { moveFocus(*swatch, step); });
+                      [this, swatch](int columns) { moveFocus(*swatch, columns); });
               return swatch;
           },
           [](DashboardSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })

@@ -4,6 +4,7 @@
 #include "model/ColorCollection.h"
 #include "ui/RecordViews.h"
 #include "ui/kit/Bound.h"
+#include "ui/kit/Stack.h"
 #include "ui/kit/View.h"
 
 #include <QPointer>
@@ -65,8 +66,8 @@ private:
     ScrollArea* m_recentScroll = nullptr;
     Stack* m_recentRow;
     Stack* m_cardList;
-    RecordViews<DashboardSwatchView, CapturedColor> m_swatches;
-    RecordViews<CollectionRowCard, ColorCollection> m_cards;
+    RecordViews<DashboardSwatchView, CapturedColor, Stack> m_swatches;
+    RecordViews<CollectionRowCard, ColorCollection, Stack> m_cards;
 };
 
 } // namespace tintwick

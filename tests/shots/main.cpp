@@ -1,3 +1,4 @@
+#include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/PanelShots.h"
 #include "ui/kit/Ticker.h"
@@ -24,5 +25,6 @@ int main(int argc, char** argv)
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
+    tintwick::shootHistory(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }

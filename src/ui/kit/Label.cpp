@@ -109,4 +109,11 @@ Label* label(const QString& text, const QFont& font, const DS::Color& color)
     return new Label(text, font, color);
 }
 
+Label* label(const Bound<QString>& text, const QFont& font, const DS::Color& color)
+{
+    auto* view = new Label({}, font, color);
+    text.follow(*view, [view](const QString& now) { view->setText(now); });
+    return view;
+}
+
 } // namespace tintwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/DS.h"
+#include "ui/kit/Bound.h"
 
 #include <QWidget>
 
@@ -36,5 +37,8 @@ private:
 };
 
 [[nodiscard]] Label* label(const QString& text, const QFont& font, const DS::Color& color = DS::textPrimary);
+/// A text that follows state.
+[[nodiscard]] Label* label(const Bound<QString>& text, const QFont& font,
+                           const DS::Color& color = DS::textPrimary);
 
 } // namespace tintwick

@@ -46,6 +46,13 @@ QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme sc
     return linear;
 }
 
+QColor mixed(const QColor& from, const QColor& to, double fraction)
+{
+    const auto part = [fraction](float a, float b) { return std::lerp(a, b, static_cast<float>(fraction)); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
 {
     painter.save();

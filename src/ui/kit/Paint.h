@@ -18,6 +18,9 @@ namespace tintwick {
 /// A brush from the top-left to the bottom-right corner of `rect`.
 [[nodiscard]] QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme);
 
+/// On the straight way from one colour to the other; at 0 it is `from`, at 1 `to`.
+[[nodiscard]] QColor mixed(const QColor& from, const QColor& to, double fraction);
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
 /// A line that lies wholly inside the shape.
 void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width);
