@@ -4,6 +4,7 @@
 #include "ui/Appearance.h"
 #include "ui/ColorDetailRow.h"
 #include "ui/DS.h"
+#include "ui/ExportMenu.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
@@ -104,11 +105,13 @@ QWidget* CollectionDetailView::toolbar()
     m_icon = symbol({}, 15, SymbolWeight::Semibold, DS::white);
     m_name = label({}, DS::font(14, QFont::Bold));
     m_count = label({}, DS::font(11), DS::textSecond);
+    m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
     // clang-format off
     return row(gap(10), padding(16, 10),
         row(fixedSize(32, 32), centered(), ground(DS::accent, 8), m_icon),
         column(Across::Leading, m_name, m_count),
-        spacer());
+        spacer(),
+        m_export);
     // clang-format on
 }
 
@@ -143,6 +146,7 @@ void CollectionDetailView::showCollection()
     m_icon->setName(m_collection.icon);
     m_name->setText(m_collection.name);
     m_count->setText(shown.size() == 1 ? tr("1 color") : tr("%1 colors").arg(shown.size()));
+    m_export->setHasColors(!shown.isEmpty());
     m_rows.show(shown);
     m_empty->setVisible(shown.isEmpty());
     m_scroll->setVisible(!shown.isEmpty());

@@ -14,6 +14,7 @@ namespace tintwick {
 
 class AppState;
 class ColorDetailRow;
+class ExportMenu;
 class Label;
 class SymbolView;
 
@@ -53,6 +54,7 @@ private:
     SymbolView* m_icon = nullptr;
     Label* m_name = nullptr;
     Label* m_count = nullptr;
+    ExportMenu* m_export = nullptr;
     QWidget* m_empty = nullptr;
     ReorderList* m_list;
     QWidget* m_scroll = nullptr;

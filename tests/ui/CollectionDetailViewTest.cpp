@@ -4,6 +4,7 @@
 #include "state/StorageService.h"
 #include "ui/Appearance.h"
 #include "ui/ColorDetailRow.h"
+#include "ui/ExportMenu.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
@@ -85,17 +86,19 @@ public:
         }
         return codes(colors);
     }
+    /// But for the title of the export menu.
     [[nodiscard]] QStringList texts() const
     {
         QStringList result;
         for (const auto* label : view->findChildren<Label*>()) {
-            if (label->isVisible()) {
+            if (label->isVisible() && !exportMenu().isAncestorOf(label)) {
                 result.append(label->text());
             }
         }
         return result;
     }
 
+    [[nodiscard]] ExportMenu& exportMenu() const { return *view->findChild<ExportMenu*>(); }
     [[nodiscard]] QScrollArea& scrollArea() const { return *view->findChild<QScrollArea*>(); }
     [[nodiscard]] ReorderList& list() const { return *view->findChild<ReorderList*>(); }
 
@@ -242,6 +245,7 @@ private Q_SLOTS:
     void longNamesAreCutAndToldWhole();
     void withoutColorsTheScreenSaysHowTheyCome();
     void colorsMissingInTheHistoryAreLeftOut();
+    void whatIsShownCanBeExported();
     void theScreenFollowsTheState();
     void aPaletteThatIsGoneShowsNothing();
     void aClickCopiesInTheDefaultFormat();
@@ -399,6 +403,27 @@ void CollectionDetailViewTest::colorsMissingInTheHistoryAreLeftOut()
     }
     screen.settle();
     QCOMPARE(screen.collection().colorIds.size(), 3);
+    QCOMPARE(screen.texts(), (QStringList{QStringLiteral("Brand"), QStringLiteral("0 colors"), emptyText}));
+}
+
+void CollectionDetailViewTest::whatIsShownCanBeExported()
+{
+    PaletteFixture screen({0x111111, 0x222222});
+    QVERIFY(screen.exportMenu().isEnabled());
+    const QPoint edge = screen.inWindow(screen.exportMenu(), QPoint(4, screen.exportMenu().height() / 2));
+    QVERIFY(screen.picture().pixel(edge) != DS::surfaceHigh.in(Scheme::Light).rgb());
+    // At the end of the toolbar, 16 from the edge.
+    QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 364);
+
+    screen.state.clearHistory();
+    screen.settle();
+    QVERIFY(!screen.exportMenu().isEnabled());
+    QCOMPARE(screen.picture().pixel(edge), DS::surfaceHigh.in(Scheme::Light).rgb());
+
+    // Ids that lead nowhere are nothing to export.
+    screen.state.addColor(QUuid::createUuid(), screen.palette);
+    screen.settle();
+    QVERIFY(!screen.exportMenu().isEnabled());
     QCOMPARE(screen.texts(), (QStringList{QStringLiteral("Brand"), QStringLiteral("0 colors"), emptyText}));
 }
 
