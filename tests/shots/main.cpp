@@ -1,5 +1,6 @@
 #include "shots/KitGallery.h"
 #include "shots/PanelShots.h"
+#include "shots/RecorderShots.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
@@ -24,5 +25,6 @@ int main(int argc, char** argv)
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
+    tintwick::shootRecorder(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }
