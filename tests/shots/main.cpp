@@ -1,6 +1,7 @@
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/PanelShots.h"
+#include "shots/RecorderShots.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
@@ -26,5 +27,6 @@ int main(int argc, char** argv)
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootRecorder(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }
