@@ -24,6 +24,7 @@ public:
     /// in the panel comes before both.
     void setSystemScheme(std::optional<Scheme> scheme);
 
+    [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
 
 protected:
