@@ -11,6 +11,7 @@
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
 #include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -85,6 +86,8 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
+                     [this] { openSettings(); });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
@@ -180,6 +183,15 @@ void AppDelegate::hideMainPanel()
     if (m_mainPanel) {
         m_mainPanel->hide();
     }
+}
+
+void AppDelegate::openSettings()
+{
+    setupMainPanel();
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+    }
+    m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()
