@@ -126,22 +126,25 @@ void AppDelegate::setupGlobalClickDismiss()
     QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
                      [this](bool isVisible) {
                          ClickMonitor& monitor = m_platform->clickMonitor();
-                         if (!isVisible) {
+                         if (isVisible) {
+                             monitor.start([this] { handleClickElsewhere(); });
+                         } else {
                              monitor.stop();
-                             return;
                          }
-                         monitor.start([this] {
-                             // A click that picks is the picker's, wherever it falls; one in a save panel is ours even
-                             // where another program shows that; and while a button is down on the panel, the
-                             // pointer may have been dragged off it since.
-                             if (!m_colorPickerService.isPicking() && !ExportService::isSavePanelOpen() &&
-                                 QGuiApplication::mouseButtons() == Qt::NoButton) {
-                                 m_sinceClickElsewhere.start();
-                                 m_clickElsewhere = QCursor::pos();
-                                 hideMainPanel();
-                             }
-                         });
                      });
+}
+
+void AppDelegate::handleClickElsewhere()
+{
+    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
+    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
+    if (m_colorPickerService.isPicking() || ExportService::isSavePanelOpen() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    m_sinceClickElsewhere.start();
+    m_clickElsewhere = QCursor::pos();
+    hideMainPanel();
 }
 
 void AppDelegate::handleStatusBarClick()

@@ -44,6 +44,7 @@ private:
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
+    void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
