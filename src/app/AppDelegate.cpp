@@ -1,14 +1,18 @@
 #include "app/AppDelegate.h"
 
 #include "app/PanelPlacement.h"
+#include "export/ExportService.h"
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
+#include "shortcuts/MenuItemsOf.h"
 #include "shortcuts/ShortcutNames.h"
 #include "ui/Appearance.h"
 #include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
+#include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -88,6 +92,8 @@ void AppDelegate::setupMenuBar()
             m_statusItem.setMenuScheme(Appearance::of(m_mainPanelView));
         }
     });
+    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
+                     [this] { openSettings(); });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
@@ -97,10 +103,19 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState);
+    m_mainPanelView = new MainPanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
     m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
+}
+
+QWidget* AppDelegate::makeSettings(QWidget& panel)
+{
+    return new InlineSettingsView(m_appState,
+                                  {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                                   [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
+                                  m_platform->screenGrabber(), panel,
+                                  [this] { m_mainPanelView->setShowingSettings(false); });
 }
 
 void AppDelegate::setupColorPickerService()
@@ -114,23 +129,28 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(
-        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
-            ClickMonitor& monitor = m_platform->clickMonitor();
-            if (!isVisible) {
-                monitor.stop();
-                return;
-            }
-            monitor.start([this] {
-                // A click that picks is the picker's, wherever it falls; and while a button is down
-                // on the panel, the pointer may have been dragged off it since.
-                if (!m_colorPickerService.isPicking() && QGuiApplication::mouseButtons() == Qt::NoButton) {
-                    m_sinceClickElsewhere.start();
-                    m_clickElsewhere = QCursor::pos();
-                    hideMainPanel();
-                }
-            });
-        });
+    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
+                     [this](bool isVisible) {
+                         ClickMonitor& monitor = m_platform->clickMonitor();
+                         if (isVisible) {
+                             monitor.start([this] { handleClickElsewhere(); });
+                         } else {
+                             monitor.stop();
+                         }
+                     });
+}
+
+void AppDelegate::handleClickElsewhere()
+{
+    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
+    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
+    if (m_colorPickerService.isPicking() || ExportService::isSavePanelOpen() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    m_sinceClickElsewhere.start();
+    m_clickElsewhere = QCursor::pos();
+    hideMainPanel();
 }
 
 void AppDelegate::handleStatusBarClick()
@@ -172,6 +192,15 @@ void AppDelegate::hideMainPanel()
     if (m_mainPanel) {
         m_mainPanel->hide();
     }
+}
+
+void AppDelegate::openSettings()
+{
+    setupMainPanel();
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+    }
+    m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()

@@ -528,8 +528,11 @@ void DashboardViewTest::theCardMenuDeletesTheCollection()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().cards().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu), QStringList{QStringLiteral("Delete")});
-    menu->actions().first()->trigger();
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Open Palette"), QStringLiteral("-"),
+                                         QStringLiteral("Export CSS Variables"),
+                                         QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
+                                         QStringLiteral("-"), QStringLiteral("Delete")}));
+    menu->actions().last()->trigger();
     menu->close();
     panel.settle();
     QVERIFY(panel.state.collections().isEmpty());
@@ -602,6 +605,7 @@ void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
     panel.capture(0x222222);
     panel.settle();
     QList<QWidget*> expected{button(panel.dashboard(), QStringLiteral("Pick a Color"))};
+    expected.append(button(panel.dashboard(), QStringLiteral("Recent History, See all")));
     for (QWidget* swatch : panel.dashboard().swatches()) {
         expected.append(swatch);
     }

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void aGrowingShadowHasNoSeamsEither();
     void aShadowOnItsWayIsBothInPart();
     void aMovingShadowIsNotBlurredAnew();
+    void shadowsOfOneShapeAreBlurredOnce();
     void everySymbolDraws_data();
     void everySymbolDraws();
     void anUnknownSymbolDrawsNothing();
@@ -265,9 +266,24 @@ void PaintTest::aMovingShadowIsNotBlurredAnew()
         QImage image = blank(100, 100);
         QPainter painter(&image);
         scaleAboutMiddle(painter, rect, 1 + frame * 0.001);
-        drawShadowBetween(painter, rect, 7, from, to, frame / 60.0, Scheme::Light);
+        drawShadowBetween(painter, rect, 9, from, to, frame / 60.0, Scheme::Light);
     }
     QCOMPARE(blurCount() - before, 2);
+}
+
+void PaintTest::shadowsOfOneShapeAreBlurredOnce()
+{
+    const int before = blurCount();
+    QImage image = blank(100, 100);
+    QPainter painter(&image);
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int i = 0; i < 100; ++i) {
+            const DS::Color color(i / 100.0, 1 - i / 100.0, 0.5);
+            drawShadow(painter, QRectF(20, 20, 60, 60), 11, {color.opacity(0.2), 3, QPointF(0, 1)},
+                       Scheme::Light);
+        }
+    }
+    QCOMPARE(blurCount() - before, 1);
 }
 
 void PaintTest::everySymbolDraws_data()
