@@ -125,6 +125,7 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
 
 void SwatchView::paintShadow(QPainter& painter) const
 {
+    // Half of a shadow over the other half of the same one is fainter than the whole.
     const bool changes = m_look.atRest.shadow != m_look.hovered.shadow;
     scaleAboutMiddle(painter, squareAtRest(), scale());
     drawShadowBetween(painter, squareAtRest(), m_look.cornerRadius, shadowIn(m_look.atRest),

@@ -3,6 +3,7 @@
 #include "ui/CollectionRowCard.h"
 #include "ui/DashboardSwatchView.h"
 #include "ui/PanelFixture.h"
+#include "ui/Probes.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/ScrollArea.h"
@@ -20,49 +21,9 @@
 #include <QTemporaryDir>
 
 using namespace tintwick;
-using tintwick::test::PanelFixture;
+using namespace tintwick::test;
 
 namespace {
-
-QAbstractButton* button(const QWidget& root, const QString& name)
-{
-    for (auto* candidate : root.findChildren<QAbstractButton*>()) {
-        if (candidate->accessibleName() == name && candidate->isVisible()) {
-            return candidate;
-        }
-    }
-    return nullptr;
-}
-
-QStringList visibleTexts(const QWidget& root)
-{
-    QStringList texts;
-    for (const auto* label : root.findChildren<Label*>()) {
-        if (label->isVisible()) {
-            texts.append(label->text());
-        }
-    }
-    return texts;
-}
-
-QRect placeIn(const QWidget& panel, const QWidget& widget)
-{
-    return {widget.mapTo(&panel, QPoint(0, 0)), widget.size()};
-}
-
-bool isNear(QRgb one, QRgb other, int tolerance = 2)
-{
-    return std::abs(qRed(one) - qRed(other)) <= tolerance &&
-           std::abs(qGreen(one) - qGreen(other)) <= tolerance &&
-           std::abs(qBlue(one) - qBlue(other)) <= tolerance;
-}
-
-void hover(QWidget& widget, QEvent::Type type)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent event(type, middle, widget.mapToGlobal(middle), middle);
-    QApplication::sendEvent(&widget, &event);
-}
 
 /// Whether the drop was taken.
 bool drop(QWidget& target, const QString& text)
@@ -79,23 +40,6 @@ bool drop(QWidget& target, const QString& text)
     dropped.ignore();
     QApplication::sendEvent(&target, &dropped);
     return dropped.isAccepted();
-}
-
-QStringList titles(const QMenu& menu)
-{
-    QStringList result;
-    for (const QAction* action : menu.actions()) {
-        result.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-    }
-    return result;
-}
-
-/// Opens the context menu of a view as Shift+F10 does.
-QMenu* contextMenu(QWidget& widget)
-{
-    widget.setFocus();
-    QTest::keyClick(&widget, Qt::Key_F10, Qt::ShiftModifier);
-    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
 } // namespace

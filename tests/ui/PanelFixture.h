@@ -14,7 +14,7 @@
 namespace tintwick::test {
 
 /// The main panel over an empty state, without a window manager, a clock or a desktop that prefers dark.
-class PanelFixture final
+class PanelFixture
 {
 public:
     PanelFixture()

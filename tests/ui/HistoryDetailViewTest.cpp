@@ -1,0 +1,718 @@
+#include "ui/HistoryDetailView.h"
+
+#include "ui/DS.h"
+#include "ui/PanelFixture.h"
+#include "ui/Probes.h"
+#include "ui/RenameColorSheet.h"
+#include "ui/kit/Grid.h"
+#include "ui/kit/MenuButton.h"
+#include "ui/kit/Sheet.h"
+#include "ui/kit/Symbol.h"
+#include "ui/kit/TextField.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace tintwick;
+using namespace tintwick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QRgb panelGround = qRgb(0xF5, 0xF5, 0xF7);
+constexpr QRgb surfaceHigh = qRgb(0xE9, 0xE9, 0xEE);
+/// Header 50, rule 1, toolbar 50, rule 1, padding 14.
+constexpr int firstRow = 116;
+
+/// The panel at the history screen.
+class HistoryFixture final : public PanelFixture
+{
+public:
+    explicit HistoryFixture(unsigned count = 0)
+    {
+        for (unsigned i = 0; i < count; ++i) {
+            capture(0x123456 + 0x050301 * i);
+        }
+        view->setSelectedCollectionId(MainPanelView::historySelectionId);
+        settle();
+    }
+
+    [[nodiscard]] HistoryDetailView& screen() const { return *view->findChild<HistoryDetailView*>(); }
+    [[nodiscard]] ColorSwatchView& swatch(qsizetype position) const
+    {
+        return *screen().swatches().at(position);
+    }
+    [[nodiscard]] MenuButton& exportButton() const { return *screen().findChild<MenuButton*>(); }
+    [[nodiscard]] TextField* field() const { return view->findChild<TextField*>(); }
+};
+
+/// The square of the swatch at a position of the grid. A column is 64 wide; a swatch of 48 with 3 on both sides stands in
+/// its middle.
+QRect squareAt(const HistoryFixture& panel, qsizetype position)
+{
+    return {placeIn(*panel.view, panel.swatch(position)).topLeft() + QPoint(5, 2), QSize(48, 48)};
+}
+
+} // namespace
+
+class HistoryDetailViewTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theToolbarCounts_data();
+    void theToolbarCounts();
+    void oneColorStandsInTheFirstOfFiveColumns();
+    void colorsFillRowsOfFiveInOrder();
+    void withoutColorsTheScreenSaysHowToGetSome();
+    void theExportMenuIsGreyWithoutColors();
+    void theExportMenuOffersThreeFormats();
+    void anExportIsOfTheWholeHistory();
+    void theClearButtonClearsAtOnce_data();
+    void theClearButtonClearsAtOnce();
+    void captureAndDeletionShowAtOnce();
+    void deletingFromItsOwnMenuTakesTheHoveredSwatchAway();
+    void aHundredColorsCanBeScrolledThrough();
+    void tabGoesFromTheToolbarThroughTheGrid();
+    void arrowKeysMoveThroughTheGrid_data();
+    void arrowKeysMoveThroughTheGrid();
+    void theFocusComesIntoView();
+
+    void checksShowThroughTranslucentColors_data();
+    void checksShowThroughTranslucentColors();
+    void theLabelIsTheCodeAlone();
+    void hoveringChangesAllAtOnceAndLeavesNoTrace();
+    void onTheWayTheHoveredLookIsHalfThere();
+    void clicksAndKeysCopyInTheDefaultFormat();
+    void theMenuOffersCollectionsOnceThereAreSome();
+    void theMenuCopiesInAnyFormat_data();
+    void theMenuCopiesInAnyFormat();
+    void theMenuAddsToACollection();
+    void screenReadersAndHelpNameTheColor();
+
+    void renamingByKeysAlone();
+    void theSheetIsLaidOutToThePoint();
+    void theSheetBeginsWithTheNameSelected_data();
+    void theSheetBeginsWithTheNameSelected();
+    void anEmptyNameIsSavedToo();
+    void aNameIsSavedAsTyped();
+    void cancellingChangesNothing_data();
+    void cancellingChangesNothing();
+};
+
+void HistoryDetailViewTest::theToolbarCounts_data()
+{
+    QTest::addColumn<unsigned>("colors");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << 0U << u"0 colors"_s;
+    QTest::newRow("one") << 1U << u"1 color"_s;
+    QTest::newRow("twelve") << 12U << u"12 colors"_s;
+    QTest::newRow("all there can be") << 101U << u"100 colors"_s;
+}
+
+void HistoryDetailViewTest::theToolbarCounts()
+{
+    QFETCH(const unsigned, colors);
+    QFETCH(const QString, text);
+    const HistoryFixture panel(colors);
+    QCOMPARE(visibleTexts(panel.screen()).first(), text);
+}
+
+void HistoryDetailViewTest::oneColorStandsInTheFirstOfFiveColumns()
+{
+    HistoryFixture panel;
+    panel.capture(0xF54D4D);
+    const QImage picture = panel.picture();
+    QCOMPARE(squareAt(panel, 0), QRect(22, firstRow, 48, 48));
+    const QRgb red = qRgb(0xF5, 0x4D, 0x4D);
+    const int middle = firstRow + 24;
+    QVERIFY(!isNear(picture.pixel(21, middle), red, 30));
+    QVERIFY(isNear(picture.pixel(22, middle), red, 30));
+    QCOMPARE(picture.pixel(24, middle), red);
+    QCOMPARE(picture.pixel(67, middle), red);
+    QVERIFY(isNear(picture.pixel(69, middle), red, 30));
+    QVERIFY(!isNear(picture.pixel(70, middle), red, 30));
+    QVERIFY(!isNear(picture.pixel(46, firstRow - 1), red, 30));
+    QVERIFY(isNear(picture.pixel(46, firstRow), red, 30));
+    QVERIFY(isNear(picture.pixel(46, firstRow + 47), red, 30));
+    QVERIFY(!isNear(picture.pixel(46, firstRow + 48), red, 30));
+    // The corners are round.
+    QVERIFY(!isNear(picture.pixel(22, firstRow), red, 60));
+}
+
+void HistoryDetailViewTest::colorsFillRowsOfFiveInOrder()
+{
+    const HistoryFixture panel(7);
+    const int rowHeight = panel.swatch(0).height() - 4 + 10;
+    for (int i = 0; i < 7; ++i) {
+        QCOMPARE(panel.swatch(i).color(), panel.state.history().at(i));
+        QCOMPARE(squareAt(panel, i).topLeft(), QPoint(22 + 72 * (i % 5), firstRow + rowHeight * (i / 5)));
+        QCOMPARE(panel.swatch(i).width() - 4, 54);
+    }
+}
+
+void HistoryDetailViewTest::withoutColorsTheScreenSaysHowToGetSome()
+{
+    HistoryFixture panel;
+    QVERIFY(visibleTexts(panel.screen()).contains(u"No colors yet\nPress ⌥⇧C to snip a color"_s));
+    QVERIFY(!panel.screen().findChild<Grid*>()->isVisible());
+    const Label* text = panel.screen().findChildren<Label*>().last();
+    const QRect place = placeIn(*panel.view, *text);
+    QVERIFY(std::abs(place.center().x() - 190) <= 1);
+    // Symbol, gap of 8 and text stand in the middle between the rule and the edge.
+    QVERIFY(std::abs((place.top() - 8 - symbolSide(28) + place.bottom()) / 2 - (102 + 580) / 2.0) <= 1);
+
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QVERIFY(!text->isVisible());
+    QVERIFY(panel.swatch(0).isVisible());
+}
+
+void HistoryDetailViewTest::theExportMenuIsGreyWithoutColors()
+{
+    HistoryFixture panel;
+    const QRect place = placeIn(*panel.view, panel.exportButton());
+    QVERIFY(!panel.exportButton().isEnabled());
+    QCOMPARE(panel.picture().pixel(place.left() + 4, place.center().y()), surfaceHigh);
+    QTest::mouseClick(&panel.exportButton(), Qt::LeftButton);
+    QVERIFY(!panel.exportButton().menu());
+
+    panel.capture(0x3B82F6);
+    QVERIFY(panel.exportButton().isEnabled());
+    // A tenth of the accent, 97, 102, 224, on the ground.
+    QVERIFY(isNear(panel.picture().pixel(place.left() + 4, place.center().y()), qRgb(230, 231, 245)));
+}
+
+void HistoryDetailViewTest::theExportMenuOffersThreeFormats()
+{
+    const HistoryFixture panel(1);
+    QTest::keyClick(&panel.exportButton(), Qt::Key_Down);
+    QVERIFY(panel.exportButton().menu());
+    QCOMPARE(titles(*panel.exportButton().menu()),
+             (QStringList{u"CSS Variables"_s, u"JSON"_s, u"PNG Swatch"_s}));
+    QStringList symbols;
+    for (const QAction* action : panel.exportButton().menu()->actions()) {
+        symbols.append(action->icon().name());
+    }
+    QCOMPARE(symbols, (QStringList{u"doc.text"_s, u"curlybraces"_s, u"photo"_s}));
+    QTest::keyClick(panel.exportButton().menu(), Qt::Key_Escape);
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel.exportButton());
+    QCOMPARE(interface->role(), QAccessible::ButtonMenu);
+    QCOMPARE(interface->text(QAccessible::Name), u"Export"_s);
+}
+
+void HistoryDetailViewTest::anExportIsOfTheWholeHistory()
+{
+    HistoryFixture panel;
+    panel.capture(0x111111);
+    panel.capture(0x1E90FF);
+    QTest::keyClick(&panel.exportButton(), Qt::Key_Down);
+    choose(*panel.exportButton().menu(), u"CSS Variables"_s);
+    const auto dialog = [] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<QFileDialog*>(window); found && found->isVisible()) {
+                return found;
+            }
+        }
+        return static_cast<QFileDialog*>(nullptr);
+    };
+    QTRY_VERIFY(dialog());
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"history.css"_s);
+    dialog()->setDirectory(folder.path());
+    dialog()->findChild<QLineEdit*>()->setText(path);
+    static_cast<QDialog*>(dialog())->accept();
+    QTRY_VERIFY(QFile::exists(path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    QVERIFY(text.contains("History"));
+    QVERIFY(text.contains("#1E90FF"));
+    QVERIFY(text.contains("#111111"));
+}
+
+void HistoryDetailViewTest::theClearButtonClearsAtOnce_data()
+{
+    QTest::addColumn<unsigned>("colors");
+    QTest::newRow("a history") << 3U;
+    QTest::newRow("an empty one") << 0U;
+}
+
+void HistoryDetailViewTest::theClearButtonClearsAtOnce()
+{
+    QFETCH(const unsigned, colors);
+    HistoryFixture panel(colors);
+    const QUuid collection = panel.state.createCollection(u"Brand"_s).id;
+    panel.state.addColor(QUuid::createUuid(), collection);
+    QAbstractButton* clear = button(panel.screen(), u"Clear all history"_s);
+    QVERIFY(clear);
+    QCOMPARE(clear->toolTip(), u"Clear all history"_s);
+    QCOMPARE(placeIn(*panel.view, *clear), QRect(380 - 16 - 30, 51 + 10, 30, 30));
+    QTest::mouseClick(clear, Qt::LeftButton);
+    QVERIFY(panel.state.history().isEmpty());
+    QVERIFY(panel.state.collections().first().colorIds.isEmpty());
+    panel.settle();
+    QVERIFY(panel.screen().swatches().isEmpty());
+    QCOMPARE(visibleTexts(panel.screen()).first(), u"0 colors"_s);
+}
+
+void HistoryDetailViewTest::captureAndDeletionShowAtOnce()
+{
+    HistoryFixture panel(2);
+    ColorSwatchView* before = &panel.swatch(0);
+    const CapturedColor added = panel.capture(0xABCDEF);
+    panel.settle();
+    QCOMPARE(visibleTexts(panel.screen()).first(), u"3 colors"_s);
+    QCOMPARE(panel.swatch(0).color(), added);
+    QCOMPARE(&panel.swatch(1), before);
+    panel.state.deleteColor(added.id);
+    panel.settle();
+    QCOMPARE(visibleTexts(panel.screen()).first(), u"2 colors"_s);
+    QCOMPARE(&panel.swatch(0), before);
+    QCOMPARE(squareAt(panel, 0).topLeft(), QPoint(22, firstRow));
+}
+
+void HistoryDetailViewTest::deletingFromItsOwnMenuTakesTheHoveredSwatchAway()
+{
+    HistoryFixture panel(3);
+    const QPointer<ColorSwatchView> swatch = &panel.swatch(1);
+    const QUuid id = swatch->color().id;
+    hover(*swatch, QEvent::HoverEnter);
+    QMenu* menu = contextMenu(*swatch);
+    // While it is on its way to the hovered look.
+    Ticker::shared().advance(0.05);
+    choose(*menu, u"Delete"_s);
+    panel.settle();
+    QVERIFY(!swatch);
+    QCOMPARE(panel.screen().swatches().size(), 2);
+    for (const CapturedColor& color : panel.state.history()) {
+        QVERIFY(color.id != id);
+    }
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void HistoryDetailViewTest::aHundredColorsCanBeScrolledThrough()
+{
+    const HistoryFixture panel(100);
+    QCOMPARE(panel.screen().swatches().size(), 100);
+    auto* scroll = panel.screen().findChild<QScrollArea*>();
+    const int rowHeight = panel.swatch(0).height() - 4 + 10;
+    QCOMPARE(scroll->widget()->height(), 20 * rowHeight - 10 + 28);
+    scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+    panel.settle();
+    QCOMPARE(placeIn(*panel.view, panel.swatch(99)).bottom() - 2, 580 - 1 - 14);
+}
+
+void HistoryDetailViewTest::tabGoesFromTheToolbarThroughTheGrid()
+{
+    HistoryFixture panel(2);
+    panel.capture(0xABCDEF);
+    panel.settle();
+    const QList<QWidget*> expected{&panel.exportButton(), button(panel.screen(), u"Clear all history"_s),
+                                   &panel.swatch(0), &panel.swatch(1), &panel.swatch(2)};
+    expected.first()->setFocus(Qt::TabFocusReason);
+    for (qsizetype i = 1; i < expected.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), expected[i]);
+    }
+}
+
+void HistoryDetailViewTest::arrowKeysMoveThroughTheGrid_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("to");
+    QTest::newRow("right") << 0 << Qt::Key_Right << 1;
+    QTest::newRow("right to the next row") << 4 << Qt::Key_Right << 5;
+    QTest::newRow("left to the row before") << 5 << Qt::Key_Left << 4;
+    QTest::newRow("down") << 1 << Qt::Key_Down << 6;
+    QTest::newRow("up") << 6 << Qt::Key_Up << 1;
+    QTest::newRow("left of the first") << 0 << Qt::Key_Left << 0;
+    QTest::newRow("above the first row") << 3 << Qt::Key_Up << 3;
+    QTest::newRow("right of the last") << 6 << Qt::Key_Right << 6;
+    QTest::newRow("below what there is") << 4 << Qt::Key_Down << 4;
+}
+
+void HistoryDetailViewTest::arrowKeysMoveThroughTheGrid()
+{
+    QFETCH(const int, from);
+    QFETCH(const Qt::Key, key);
+    QFETCH(const int, to);
+    const HistoryFixture panel(7);
+    panel.swatch(from).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&panel.swatch(from), key);
+    QCOMPARE(QApplication::focusWidget(), &panel.swatch(to));
+    QVERIFY(panel.swatch(to).showsFocusRing());
+}
+
+void HistoryDetailViewTest::theFocusComesIntoView()
+{
+    const HistoryFixture panel(100);
+    panel.swatch(2).setFocus(Qt::TabFocusReason);
+    const QRect seen(0, 102, 380, 478);
+    for (int row = 1; row < 20; ++row) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        QCOMPARE(QApplication::focusWidget(), &panel.swatch(2 + 5 * row));
+        QVERIFY(seen.contains(placeIn(*panel.view, panel.swatch(2 + 5 * row))));
+    }
+    for (int row = 18; row >= 0; --row) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+        QVERIFY(seen.contains(placeIn(*panel.view, panel.swatch(2 + 5 * row))));
+    }
+}
+
+void HistoryDetailViewTest::checksShowThroughTranslucentColors_data()
+{
+    QTest::addColumn<unsigned>("rgb");
+    QTest::addColumn<double>("alpha");
+    QTest::addColumn<QRgb>("onWhite");
+    QTest::addColumn<QRgb>("onGrey");
+    QTest::newRow("opaque") << 0x336699U << 1.0 << qRgb(0x33, 0x66, 0x99) << qRgb(0x33, 0x66, 0x99);
+    // 3 of 255 steps of the checks are left, of which the grey ones have three quarters.
+    QTest::newRow("almost opaque") << 0x000000U << 0.99 << qRgb(3, 3, 3) << qRgb(2, 2, 2);
+    QTest::newRow("half") << 0x000000U << 0.5 << qRgb(127, 127, 127) << qRgb(95, 95, 95);
+    QTest::newRow("not there") << 0x000000U << 0.0 << qRgb(255, 255, 255) << qRgb(191, 191, 191);
+}
+
+void HistoryDetailViewTest::checksShowThroughTranslucentColors()
+{
+    QFETCH(const unsigned, rgb);
+    QFETCH(const double, alpha);
+    QFETCH(const QRgb, onWhite);
+    QFETCH(const QRgb, onGrey);
+    HistoryFixture panel;
+    panel.capture(rgb, alpha);
+    const QImage picture = panel.picture();
+    const QPoint corner = squareAt(panel, 0).topLeft();
+    // Each cell is looked at where it begins and where it ends; the sum of row and column tells its tone.
+    for (int row = 2; row < 10; ++row) {
+        for (int column = 2; column < 10; ++column) {
+            const QRgb expected = (row + column) % 2 == 0 ? onWhite : onGrey;
+            for (const QPoint& inCell : {QPoint(0, 0), QPoint(3, 3)}) {
+                const QRgb seen = picture.pixel(corner + QPoint(4 * column, 4 * row) + inCell);
+                QVERIFY2(isNear(seen, expected, alpha > 0 && alpha < 0.9 ? 1 : 0),
+                         qPrintable(u"%1 at %2, %3"_s.arg(seen, 0, 16).arg(column).arg(row)));
+            }
+        }
+    }
+}
+
+void HistoryDetailViewTest::theLabelIsTheCodeAlone()
+{
+    HistoryFixture panel;
+    panel.capture(0x3B82F6);
+    const QImage picture = panel.picture();
+    const QRect square = squareAt(panel, 0);
+    // The label is as wide as the place of the swatch, in the colour of secondary text.
+    const QFontMetrics metrics(DS::monospacedFont(9, QFont::Medium));
+    const int width = metrics.horizontalAdvance(u"3B82F6"_s);
+    int left = 380;
+    int right = 0;
+    for (int y = square.bottom() + 8; y < square.bottom() + 4 + metrics.height(); ++y) {
+        for (int x = 0; x < 100; ++x) {
+            if (qGray(picture.pixel(x, y)) < 150) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        }
+    }
+    QVERIFY(right > left);
+    QVERIFY(right - left <= width);
+    QVERIFY(right - left >= width - 4);
+    QVERIFY(std::abs(left + right - (square.left() + square.right())) <= 2);
+}
+
+void HistoryDetailViewTest::hoveringChangesAllAtOnceAndLeavesNoTrace()
+{
+    HistoryFixture panel(7);
+    panel.capture(0x1ABF80);
+    const QImage before = panel.picture();
+    const QRect square = squareAt(panel, 0);
+    const int middle = square.center().x();
+    const auto labelInk = [&](const QImage& picture) {
+        int darkest = 255;
+        for (int y = square.bottom() + 6; y < square.bottom() + 16; ++y) {
+            for (int x = square.left(); x < square.right(); ++x) {
+                darkest = std::min(darkest, qGray(picture.pixel(x, y)));
+            }
+        }
+        return darkest;
+    };
+    hover(panel.swatch(0), QEvent::HoverEnter);
+    const QImage hovered = panel.picture();
+
+    QCOMPARE(before.pixel(middle, square.top() + 10), qRgb(0x1A, 0xBF, 0x80));
+    // The veil takes a quarter away.
+    QVERIFY(isNear(hovered.pixel(middle, square.top() + 10), qRgb(0x14, 0x8F, 0x60)));
+    // At 1.06 the square of 48 reaches 1.44 further, and white at 0.7, 1.5 wide, is its border.
+    QVERIFY(isNear(before.pixel(middle, square.top() - 1), panelGround, 30));
+    QVERIFY(isNear(hovered.pixel(middle, square.top() - 1), qRgb(0xB8, 0xDD, 0xCF), 6));
+    QVERIFY(isNear(hovered.pixel(middle, square.top() + 2), qRgb(0x14, 0x8F, 0x60)));
+    // The shadow of the square's colour reaches further and is stronger.
+    QVERIFY(qRed(hovered.pixel(middle, square.bottom() + 5)) <
+            qRed(before.pixel(middle, square.bottom() + 5)) - 30);
+    QVERIFY(before.pixel(square.left() - 6, square.center().y()) == panelGround);
+    QVERIFY(hovered.pixel(square.left() - 6, square.center().y()) != panelGround);
+    // The symbol is white; the label goes from secondary to primary text.
+    const QRect around(square.center() - QPoint(8, 8), QSize(16, 16));
+    bool hasWhite = false;
+    for (int y = around.top(); y <= around.bottom(); ++y) {
+        for (int x = around.left(); x <= around.right(); ++x) {
+            hasWhite |= isNear(hovered.pixel(x, y), qRgb(255, 255, 255));
+        }
+    }
+    QVERIFY(hasWhite);
+    QVERIFY(labelInk(hovered) < labelInk(before) - 20);
+
+    hover(panel.swatch(0), QEvent::HoverLeave);
+    QCOMPARE(panel.picture(), before);
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void HistoryDetailViewTest::onTheWayTheHoveredLookIsHalfThere()
+{
+    HistoryFixture panel;
+    panel.capture(0x808080);
+    panel.settle();
+    const QPoint place = squareAt(panel, 0).topLeft() + QPoint(10, 10);
+    hover(panel.swatch(0), QEvent::HoverEnter);
+    QCOMPARE(qRed(panel.view->grab().toImage().pixel(place)), 0x80);
+    Ticker::shared().advance(0.03);
+    const int onTheWay = qRed(panel.view->grab().toImage().pixel(place));
+    QVERIFY(onTheWay < 0x80);
+    QVERIFY(onTheWay > 0x60);
+    Ticker::shared().advance(1);
+    QCOMPARE(qRed(panel.view->grab().toImage().pixel(place)), 0x60);
+}
+
+void HistoryDetailViewTest::clicksAndKeysCopyInTheDefaultFormat()
+{
+    HistoryFixture panel;
+    panel.capture(0x3B82F6);
+    panel.capture(0x111111);
+    panel.state.setDefaultFormat(ColorFormat::Rgb);
+    panel.letFeedbackEnd();
+    panel.settle();
+    QTest::mouseClick(&panel.swatch(1), Qt::LeftButton);
+    QCOMPARE(QApplication::clipboard()->text(), u"rgb(59, 130, 246)"_s);
+    QVERIFY(panel.state.showCopiedFeedback());
+    QTest::keyClick(&panel.swatch(0), Qt::Key_Return);
+    QCOMPARE(QApplication::clipboard()->text(), u"rgb(17, 17, 17)"_s);
+    QTest::keyClick(&panel.swatch(1), Qt::Key_Space);
+    QCOMPARE(QApplication::clipboard()->text(), u"rgb(59, 130, 246)"_s);
+}
+
+void HistoryDetailViewTest::theMenuOffersCollectionsOnceThereAreSome()
+{
+    HistoryFixture panel(1);
+    QMenu* menu = contextMenu(panel.swatch(0));
+    QVERIFY(menu);
+    QCOMPARE(titles(*menu), (QStringList{u"Copy as…"_s, u"-"_s, u"Rename…"_s, u"-"_s, u"Delete"_s}));
+    QCOMPARE(titles(*menu->actions().first()->menu()),
+             (QStringList{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"RGBA"_s, u"HSL"_s, u"HSLA"_s, u"CSS Var"_s,
+                          u"Tailwind"_s, u"Name"_s}));
+    menu->close();
+
+    panel.state.createCollection(u"Brand"_s);
+    menu = contextMenu(panel.swatch(0));
+    QCOMPARE(titles(*menu),
+             (QStringList{u"Copy as…"_s, u"-"_s, u"Add to Collection"_s, u"Rename…"_s, u"-"_s, u"Delete"_s}));
+    QCOMPARE(titles(*menu->actions().at(2)->menu()), QStringList{u"Brand"_s});
+    menu->close();
+}
+
+void HistoryDetailViewTest::theMenuCopiesInAnyFormat_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("hex") << u"HEX"_s << u"#1E90FF"_s;
+    QTest::newRow("opaque hex") << u"HEX+A"_s << u"#1E90FF"_s;
+    QTest::newRow("rgba") << u"RGBA"_s << u"rgba(30, 144, 255, 1.00)"_s;
+    QTest::newRow("variable") << u"CSS Var"_s << u"--dodger-blue: #1E90FF;"_s;
+    QTest::newRow("name") << u"Name"_s << u"Dodger Blue"_s;
+}
+
+void HistoryDetailViewTest::theMenuCopiesInAnyFormat()
+{
+    QFETCH(const QString, format);
+    QFETCH(const QString, text);
+    HistoryFixture panel;
+    panel.capture(0x1E90FF);
+    panel.letFeedbackEnd();
+    panel.settle();
+    choose(*contextMenu(panel.swatch(0)), format);
+    QCOMPARE(QApplication::clipboard()->text(), text);
+    QCOMPARE(panel.state.lastCopiedString(), text);
+    QVERIFY(panel.state.showCopiedFeedback());
+}
+
+void HistoryDetailViewTest::theMenuAddsToACollection()
+{
+    HistoryFixture panel(2);
+    panel.state.createCollection(u"Brand"_s);
+    panel.state.createCollection(u"Website"_s);
+    choose(*contextMenu(panel.swatch(1)), u"Website"_s);
+    QVERIFY(panel.state.collections().at(0).colorIds.isEmpty());
+    QCOMPARE(panel.state.collections().at(1).colorIds, QList<QUuid>{panel.swatch(1).color().id});
+}
+
+void HistoryDetailViewTest::screenReadersAndHelpNameTheColor()
+{
+    HistoryFixture panel;
+    const QUuid id = panel.capture(0x1E90FF).id;
+    panel.settle();
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel.swatch(0));
+    QCOMPARE(interface->role(), QAccessible::Button);
+    QCOMPARE(interface->text(QAccessible::Name), u"Dodger Blue, #1E90FF"_s);
+    QCOMPARE(panel.swatch(0).toolTip(), u"Dodger Blue, #1E90FF"_s);
+    panel.state.renameColor(id, u"Harbour"_s);
+    QCOMPARE(interface->text(QAccessible::Name), u"Harbour, #1E90FF"_s);
+    panel.state.renameColor(id, {});
+    QCOMPARE(panel.swatch(0).toolTip(), u"#1E90FF"_s);
+}
+
+void HistoryDetailViewTest::renamingByKeysAlone()
+{
+    HistoryFixture panel;
+    panel.capture(0x1E90FF);
+    panel.settle();
+    panel.swatch(0).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&panel.swatch(0), Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QCOMPARE(menu->activeAction()->text(), u"Rename…"_s);
+    QTest::keyClick(menu, Qt::Key_Return);
+    panel.settle();
+    QVERIFY(Sheet::of(*panel.view));
+    // A desktop never took the activation away for a menu, as this platform does.
+    panel.view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(panel.view.get()));
+    QCOMPARE(QApplication::focusWidget(), panel.field());
+    QTest::keyClicks(panel.field(), u"Harbour"_s);
+    QTest::keyClick(panel.field(), Qt::Key_Return);
+    QVERIFY(!Sheet::of(*panel.view));
+    QCOMPARE(panel.state.history().first().customName, u"Harbour"_s);
+    QCOMPARE(QApplication::focusWidget(), &panel.swatch(0));
+}
+
+void HistoryDetailViewTest::theSheetIsLaidOutToThePoint()
+{
+    HistoryFixture panel;
+    openRenameColorSheet(*panel.view, panel.state, panel.capture(0xF54D4D));
+    const QImage picture = panel.picture();
+    // 300 wide in the middle of 380; the padding is 20.
+    const QRect field = placeIn(*panel.view, *panel.field());
+    QCOMPARE(field.left(), 60);
+    QCOMPARE(field.width(), 260);
+    const int top = field.top() - 16 - 40;
+    const QRgb red = qRgb(0xF5, 0x4D, 0x4D);
+    QCOMPARE(picture.pixel(62, top + 20), red);
+    QCOMPARE(picture.pixel(97, top + 20), red);
+    QVERIFY(isNear(picture.pixel(80, top), red, 30));
+    QVERIFY(isNear(picture.pixel(80, top + 39), red, 30));
+    QVERIFY(!isNear(picture.pixel(102, top + 20), red, 30));
+    QVERIFY(!isNear(picture.pixel(80, top - 2), red, 30));
+    QStringList texts = visibleTexts(*Sheet::of(*panel.view));
+    QCOMPARE(texts, (QStringList{u"Rename Color"_s, u"#F54D4D"_s}));
+    QCOMPARE(panel.field()->placeholderText(), u"Color name"_s);
+    QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Cancel"_s)).left(), 60);
+    QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Save"_s)).right(), 319);
+    QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Save"_s)).top(), field.bottom() + 1 + 16);
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(Sheet::of(*panel.view));
+    QCOMPARE(interface->text(QAccessible::Name), u"Rename Color"_s);
+}
+
+void HistoryDetailViewTest::theSheetBeginsWithTheNameSelected_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a name") << u"Harbour at dusk"_s;
+    QTest::newRow("a long one") << QString(200, u'x');
+    QTest::newRow("none") << QString();
+}
+
+void HistoryDetailViewTest::theSheetBeginsWithTheNameSelected()
+{
+    QFETCH(const QString, name);
+    HistoryFixture panel(1);
+    panel.state.renameColor(panel.swatch(0).color().id, name);
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    QCOMPARE(panel.field()->text(), name);
+    QCOMPARE(panel.field()->selectedText(), name);
+    QVERIFY(panel.field()->hasFocus());
+    QVERIFY(button(*panel.view, u"Save"_s)->isEnabled());
+    QCOMPARE(panel.field()->width(), 260);
+}
+
+void HistoryDetailViewTest::anEmptyNameIsSavedToo()
+{
+    HistoryFixture panel;
+    const QUuid id = panel.capture(0x1E90FF).id;
+    panel.state.renameColor(id, {});
+    panel.settle();
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    const QSignalSpy renamed(&panel.state, &AppState::historyChanged);
+    QTest::mouseClick(button(*panel.view, u"Save"_s), Qt::LeftButton);
+    QCOMPARE(renamed.size(), 1);
+    QVERIFY(!panel.state.history().first().customName);
+    QVERIFY(!Sheet::of(*panel.view));
+}
+
+void HistoryDetailViewTest::aNameIsSavedAsTyped()
+{
+    HistoryFixture panel(1);
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    QTest::keyClicks(panel.field(), u"  two  blanks "_s);
+    QTest::keyClick(panel.field(), Qt::Key_Return);
+    QCOMPARE(panel.state.history().first().customName, u"  two  blanks "_s);
+    panel.settle();
+
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    QTest::keyClick(panel.field(), Qt::Key_Delete);
+    QTest::keyClick(panel.field(), Qt::Key_Return);
+    QVERIFY(!panel.state.history().first().customName);
+}
+
+void HistoryDetailViewTest::cancellingChangesNothing_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Escape") << true;
+    QTest::newRow("the button") << false;
+}
+
+void HistoryDetailViewTest::cancellingChangesNothing()
+{
+    QFETCH(const bool, byKey);
+    HistoryFixture panel;
+    panel.capture(0x1E90FF);
+    panel.settle();
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    QTest::keyClicks(panel.field(), u"Harbour"_s);
+    const QSignalSpy renamed(&panel.state, &AppState::historyChanged);
+    if (byKey) {
+        QTest::keyClick(panel.field(), Qt::Key_Escape);
+    } else {
+        QTest::mouseClick(button(*panel.view, u"Cancel"_s), Qt::LeftButton);
+    }
+    QVERIFY(!Sheet::of(*panel.view));
+    QCOMPARE(renamed.size(), 0);
+    QCOMPARE(panel.state.history().first().customName, u"Dodger Blue"_s);
+}
+
+int main(int argc, char** argv)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QApplication application(argc, argv);
+    HistoryDetailViewTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "HistoryDetailViewTest.moc"
