@@ -1,5 +1,6 @@
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
+#include "shots/PaletteShots.h"
 #include "shots/PanelShots.h"
 #include "ui/kit/Ticker.h"
 
@@ -26,5 +27,6 @@ int main(int argc, char** argv)
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootPalette(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }
