@@ -16,6 +16,8 @@
 #include <memory>
 #include <optional>
 
+class QWidget;
+
 namespace tintwick {
 
 class MainPanelView;
@@ -37,13 +39,14 @@ private:
     void prepareLater();
     void setupMenuBar();
     void setupMainPanel();
+    [[nodiscard]] QWidget* makeSettings(QWidget& panel);
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
-    void showMainPanel(std::optional<QPoint> click = {});
+    void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
     void followSystemAppearance();
 

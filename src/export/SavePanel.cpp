@@ -1,6 +1,7 @@
 #include "export/SavePanel.h"
 
 #include "export/AtomicWrite.h"
+#include "export/PortalSaveDialog.h"
 #include "export/SaveDialog.h"
 
 #include <QApplication>
@@ -8,10 +9,13 @@
 #include <QFileInfo>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QWidget>
 
 namespace tintwick {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 int openPanels = 0;
 QString lastFolder;
@@ -31,6 +35,13 @@ const QWidget* asker()
 {
     const QWidget* focused = QApplication::focusWidget();
     return focused ? focused : QApplication::activeWindow();
+}
+
+/// The window of a view as a portal names it, so that it puts its dialog above it; empty where it has no such name.
+QString portalName(const QWidget* view)
+{
+    const bool isOnX11 = QGuiApplication::platformName() == "xcb"_L1;
+    return view && isOnX11 ? u"x11:"_s + QString::number(view->window()->winId(), 16) : QString();
 }
 
 } // namespace
@@ -57,7 +68,14 @@ bool SavePanel::isAnyOpen()
 
 void SavePanel::begin()
 {
-    askToolkit();
+    auto* portal = new PortalSaveDialog(this);
+    connect(portal, &PortalSaveDialog::chosen, this, [this](const QString& path) {
+        write(path);
+        end();
+    });
+    connect(portal, &PortalSaveDialog::cancelled, this, &SavePanel::end);
+    connect(portal, &PortalSaveDialog::unavailable, this, &SavePanel::askToolkit);
+    portal->ask({portalName(asker()), tr("Save As"), m_suggestedName, lastFolder}, m_contentType);
 }
 
 void SavePanel::askToolkit()

@@ -15,7 +15,6 @@ namespace tintwick {
 class AppState;
 class CollectionRowCard;
 class DashboardSwatchView;
-class ScrollArea;
 class Sheet;
 
 /// The home screen: the button that picks, the recent colours, and the collections.
@@ -35,6 +34,11 @@ public:
 
     /// A name that was typed and not used is there again.
     void openNewPaletteSheet();
+
+Q_SIGNALS:
+    /// "See all" was clicked.
+    void historySelected();
+    void collectionSelected(const QUuid& id);
 
 private:
     [[nodiscard]] QWidget* eyedropperButton();
@@ -61,9 +65,9 @@ private:
     QPointer<Sheet> m_newPaletteSheet;
 
     QWidget* m_pick = nullptr;
+    QWidget* m_seeAll = nullptr;
     QWidget* m_createFirst = nullptr;
     QWidget* m_add = nullptr;
-    ScrollArea* m_recentScroll = nullptr;
     Stack* m_recentRow;
     Stack* m_cardList;
     RecordViews<DashboardSwatchView, CapturedColor, Stack> m_swatches;

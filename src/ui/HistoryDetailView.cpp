@@ -76,8 +76,7 @@ QWidget* HistoryDetailView::emptyState()
 
 QWidget* HistoryDetailView::swatchGrid()
 {
-    m_scroll = verticalScroll(column(m_grid));
-    return m_scroll;
+    return verticalScroll(column(m_grid));
 }
 
 Bound<bool> HistoryDetailView::historyIsEmpty() const
@@ -126,7 +125,6 @@ void HistoryDetailView::moveFocus(const ColorSwatchView& from, int step) const
     const qsizetype target = position + step;
     if (target >= 0 && target < swatches().size()) {
         swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-        m_scroll->ensureWidgetVisible(swatches()[target], 0, gridShape.padding);
     }
 }
 

@@ -11,8 +11,6 @@ namespace tintwick {
 
 class AppState;
 class ExportMenu;
-class PlainButton;
-class ScrollArea;
 
 /// The whole history as a grid.
 class HistoryDetailView final : public View
@@ -43,7 +41,6 @@ private:
     AppState& m_appState;
     ExportMenu* m_export = nullptr;
     QWidget* m_clear = nullptr;
-    ScrollArea* m_scroll = nullptr;
     Grid* m_grid;
     RecordViews<ColorSwatchView, CapturedColor, Grid> m_swatches;
 };

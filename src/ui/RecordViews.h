@@ -9,8 +9,8 @@
 
 namespace tintwick {
 
-/// The children at the head of a stack, grid or list that stand for the records of a list, in its order. A view lives as long as its
-/// record is in the list, so that it keeps the pointer, the focus and what is moving in it.
+/// The children at the head of a stack, grid or list that stand for the records of a list, in its order. A view lives as
+/// long as its record is in the list, so that it keeps the pointer, the focus and what is moving in it.
 template <typename View, typename Record, typename Container>
 class RecordViews final
 {

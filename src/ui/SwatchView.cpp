@@ -23,6 +23,7 @@ namespace {
 
 // Room for the hovered square around the one at rest.
 constexpr int growth = 2;
+constexpr QStringView copySymbol = u"doc.on.doc.fill";
 
 QFont labelFont()
 {
@@ -124,59 +125,45 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
 
 void SwatchView::paintShadow(QPainter& painter) const
 {
-    const QRectF square = scaledSquare();
-    const double radius = m_look.cornerRadius * scale();
-    const Scheme scheme = Appearance::of(this);
-    const double hovered = hoverFraction();
-    painter.setOpacity(1 - hovered);
-    drawShadow(painter, square, radius, shadowIn(m_look.atRest), scheme);
-    painter.setOpacity(hovered);
-    drawShadow(painter, square, radius, shadowIn(m_look.hovered), scheme);
+    const bool changes = m_look.atRest.shadow != m_look.hovered.shadow;
+    scaleAboutMiddle(painter, squareAtRest(), scale());
+    drawShadowBetween(painter, squareAtRest(), m_look.cornerRadius, shadowIn(m_look.atRest),
+                      shadowIn(m_look.hovered), changes ? hoverFraction() : 0, Appearance::of(this));
 }
 
 void SwatchView::paintEvent(QPaintEvent*)
 {
     const Scheme scheme = Appearance::of(this);
     const double hovered = hoverFraction();
-    const QRectF atRest = squareAtRest();
     QPainter painter(this);
     painter.setFont(labelFont());
     painter.setPen(mixed(m_look.atRest.label.in(scheme), m_look.hovered.label.in(scheme), hovered));
     painter.drawText(labelRect(), Qt::AlignCenter, swatchLabel(m_color));
 
-    painter.translate(atRest.center());
-    painter.scale(scale(), scale());
-    painter.translate(-atRest.center());
+    scaleAboutMiddle(painter, squareAtRest(), scale());
     paintSquare(painter, hovered);
-    painter.resetTransform();
-
-    const QRectF square = scaledSquare();
-    if (hovered > 0) {
-        painter.setOpacity(hovered);
-        drawSymbol(painter, u"doc.on.doc.fill", m_look.symbolSize * scale(), SymbolWeight::Semibold,
-                   DS::white.in(scheme), square);
-        painter.setOpacity(1);
-    }
-    if (showsFocusRing()) {
-        drawFocusRing(painter, square, m_look.cornerRadius * scale(), scheme);
-    }
+    paintAnswer(painter);
 }
 
 void SwatchView::paintSquare(QPainter& painter, double hovered) const
 {
     const Scheme scheme = Appearance::of(this);
     const QRectF square = squareAtRest();
-    const QColor fill = paintColor(m_color);
     if (m_look.showsChecks && m_color.alpha < 1) {
         drawCheckerboard(painter, square, m_look.cornerRadius);
     }
-    fillRounded(painter, square, m_look.cornerRadius, fill);
+    fillRounded(painter, square, m_look.cornerRadius, paintColor(m_color));
     if (hovered > 0) {
+        painter.save();
         painter.setOpacity(hovered);
         fillRounded(painter, square, m_look.cornerRadius, m_look.hoverVeil.in(scheme));
-        drawSymbolShadow(painter, u"doc.on.doc.fill", m_look.symbolSize, SymbolWeight::Semibold,
-                         m_look.symbolShadow.in(scheme), square);
-        painter.setOpacity(1);
+        // One picture for all the way, crisp where it ends.
+        scaleAboutMiddle(painter, square, 1 / m_look.hoverScale);
+        const double size = m_look.symbolSize * m_look.hoverScale;
+        drawSymbolShadow(painter, copySymbol, size, SymbolWeight::Semibold, m_look.symbolShadow.in(scheme),
+                         square);
+        drawSymbol(painter, copySymbol, size, SymbolWeight::Semibold, DS::white.in(scheme), square);
+        painter.restore();
     }
     strokeInside(painter, square, m_look.cornerRadius,
                  mixed(m_look.atRest.border.in(scheme), m_look.hovered.border.in(scheme), hovered),
@@ -200,13 +187,6 @@ Shadow SwatchView::shadowIn(const SwatchLook::State& state) const
 QRectF SwatchView::squareAtRest() const
 {
     return QRectF(growth + m_look.sideRoom, growth, m_look.side, m_look.side);
-}
-
-QRectF SwatchView::scaledSquare() const
-{
-    QRectF square(0, 0, m_look.side * scale(), m_look.side * scale());
-    square.moveCenter(squareAtRest().center());
-    return square;
 }
 
 QRectF SwatchView::labelRect() const

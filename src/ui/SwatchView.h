@@ -24,6 +24,8 @@ struct SwatchLook
         double opacity;
         double radius;
         double drop;
+
+        friend bool operator==(const Shadow&, const Shadow&) = default;
     };
     /// What changes under the pointer.
     struct State
@@ -74,6 +76,9 @@ protected:
     [[nodiscard]] AppState& appState() const { return m_appState; }
 
     void hoverChanged() override;
+    [[nodiscard]] QRectF answerRect() const override { return squareAtRest(); }
+    [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
+    [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -86,9 +91,8 @@ private:
     void paintSquare(QPainter& painter, double hovered) const;
     [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
     [[nodiscard]] QRectF squareAtRest() const;
-    /// The square as it is now, grown under the pointer or not.
-    [[nodiscard]] QRectF scaledSquare() const;
     [[nodiscard]] QRectF labelRect() const;
+    /// Of the square, which grows under the pointer.
     [[nodiscard]] double scale() const;
     /// Where colours and opacities are on their way to the hovered look, 0 to 1: they do not overshoot.
     [[nodiscard]] double hoverFraction() const;

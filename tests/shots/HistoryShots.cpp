@@ -81,7 +81,12 @@ private:
         void paintEvent(QPaintEvent*) override
         {
             QPainter painter(this);
-qWarning("menu %d %dx%d", m_menu->isVisible(), width(), height());            m_menu->render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+            const double scale = devicePixelRatioOf(painter);
+            QImage picture(size() * scale, QImage::Format_ARGB32_Premultiplied);
+            picture.setDevicePixelRatio(scale);
+            picture.fill(Qt::transparent);
+            m_menu->render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+            painter.drawImage(0, 0, picture);
         }
 
     private:

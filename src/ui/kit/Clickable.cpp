@@ -80,12 +80,12 @@ void Clickable::setContent(QWidget* content)
 void Clickable::paintAnswer(QPainter& painter) const
 {
     const Scheme scheme = Appearance::of(this);
-    if (isEnabled() && (isDown() || isHovered())) {
-        fillRounded(painter, rect(), cornerRadius(),
+    if (isEnabled() && (isDown() || (isHovered() && tintsHover()))) {
+        fillRounded(painter, answerRect(), cornerRadius(),
                     DS::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
     }
     if (showsFocusRing()) {
-        drawFocusRing(painter, rect(), cornerRadius(), scheme);
+        drawFocusRing(painter, answerRect(), cornerRadius(), scheme);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "ui/kit/ContextMenu.h"
 
 #include <QAbstractButton>
+#include <QRectF>
 
 #include <functional>
 
@@ -32,12 +33,15 @@ protected:
     /// Makes `content` the whole of the control. Clicks go through it to the control.
     void setContent(QWidget* content);
     /// Tints what is hovered or pressed, and draws the ring of keyboard focus.
-    virtual void paintAnswer(QPainter& painter) const;
+    void paintAnswer(QPainter& painter) const;
     virtual void hoverChanged();
     /// What the secondary button, the menu key and Shift+F10 open; nothing while it is empty.
     [[nodiscard]] virtual QList<MenuEntry> contextMenu() const;
-    /// Corner radius of tint and ring.
+    /// The shape of tint and ring.
+    [[nodiscard]] virtual QRectF answerRect() const { return rect(); }
     [[nodiscard]] virtual double cornerRadius() const;
+    /// No for a view that shows in its own way that the pointer is over it.
+    [[nodiscard]] virtual bool tintsHover() const { return true; }
 
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool event(QEvent* event) override;

@@ -53,6 +53,14 @@ QColor mixed(const QColor& from, const QColor& to, double fraction)
                             part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
 }
 
+void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale)
+{
+    const QPointF middle = rect.center();
+    painter.translate(middle);
+    painter.scale(scale, scale);
+    painter.translate(-middle);
+}
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
 {
     painter.save();

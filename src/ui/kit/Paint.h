@@ -10,7 +10,7 @@ class QPainter;
 
 namespace tintwick {
 
-// All lengths are in points. Each helper leaves the painter as it was, with antialiasing as it needs it.
+// All lengths are in points. Each helper that draws leaves the painter as it was, with antialiasing as it needs it.
 
 /// Physical pixels per point of what is really painted on, which need not be the widget itself.
 [[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
@@ -20,6 +20,9 @@ namespace tintwick {
 
 /// On the straight way from one colour to the other; at 0 it is `from`, at 1 `to`.
 [[nodiscard]] QColor mixed(const QColor& from, const QColor& to, double fraction);
+
+/// From here on the painter draws larger or smaller, while the middle of `rect` stays where it is.
+void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale);
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
 /// A line that lies wholly inside the shape.
