@@ -11,6 +11,7 @@
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
 #include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -85,6 +86,8 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
+                     [this] { openSettings(); });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
@@ -123,22 +126,25 @@ void AppDelegate::setupGlobalClickDismiss()
     QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
                      [this](bool isVisible) {
                          ClickMonitor& monitor = m_platform->clickMonitor();
-                         if (!isVisible) {
+                         if (isVisible) {
+                             monitor.start([this] { handleClickElsewhere(); });
+                         } else {
                              monitor.stop();
-                             return;
                          }
-                         monitor.start([this] {
-                             // A click that picks is the picker's, wherever it falls; one in a save panel is ours even
-                             // where another program shows that; and while a button is down on the panel, the
-                             // pointer may have been dragged off it since.
-                             if (!m_colorPickerService.isPicking() && !ExportService::isSavePanelOpen() &&
-                                 QGuiApplication::mouseButtons() == Qt::NoButton) {
-                                 m_sinceClickElsewhere.start();
-                                 m_clickElsewhere = QCursor::pos();
-                                 hideMainPanel();
-                             }
-                         });
                      });
+}
+
+void AppDelegate::handleClickElsewhere()
+{
+    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
+    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
+    if (m_colorPickerService.isPicking() || ExportService::isSavePanelOpen() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    m_sinceClickElsewhere.start();
+    m_clickElsewhere = QCursor::pos();
+    hideMainPanel();
 }
 
 void AppDelegate::handleStatusBarClick()
@@ -180,6 +186,15 @@ void AppDelegate::hideMainPanel()
     if (m_mainPanel) {
         m_mainPanel->hide();
     }
+}
+
+void AppDelegate::openSettings()
+{
+    setupMainPanel();
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+    }
+    m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()

@@ -21,6 +21,7 @@ class QWidget;
 namespace tintwick {
 
 class MainPanelView;
+class SettingsView;
 class SystemAppearance;
 
 /// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
@@ -43,11 +44,14 @@ private:
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
+    void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
     void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
+    /// The separate window; the settings themselves are in the panel.
+    void openSettings();
     void followSystemAppearance();
 
     void setupGlobalShortcut();
@@ -64,6 +68,7 @@ private:
     // Belongs to the panel.
     MainPanelView* m_mainPanelView = nullptr;
     std::unique_ptr<FloatingPanel> m_mainPanel;
+    std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<SystemAppearance> m_systemAppearance;
     QElapsedTimer m_sinceClickElsewhere;
     QPoint m_clickElsewhere;

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPalette>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QWidget>
@@ -42,6 +43,19 @@ QString portalName(const QWidget* view)
 {
     const bool isOnX11 = QGuiApplication::platformName() == "xcb"_L1;
     return view && isOnX11 ? u"x11:"_s + QString::number(view->window()->winId(), 16) : QString();
+}
+
+/// What a view inherits counts for nothing in the palette of another widget.
+QPalette ownPalette(const QPalette& inherited)
+{
+    QPalette palette;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role) {
+            const auto colorRole = static_cast<QPalette::ColorRole>(role);
+            palette.setBrush(group, colorRole, inherited.brush(group, colorRole));
+        }
+    }
+    return palette;
 }
 
 } // namespace
@@ -83,7 +97,7 @@ void SavePanel::askToolkit()
     const QWidget* view = asker();
     m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName);
     if (view) {
-        m_dialog->setPalette(view->palette());
+        m_dialog->setPalette(ownPalette(view->palette()));
     }
     connect(m_dialog.get(), &SaveDialog::finished, this, [this](int result) {
         if (result == QDialog::Accepted) {

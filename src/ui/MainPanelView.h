@@ -42,6 +42,7 @@ public:
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
 
+    [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
     /// What is below the header now; another widget, or a new one, for each screen.
     [[nodiscard]] QWidget& screen() const;

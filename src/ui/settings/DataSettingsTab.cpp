@@ -36,7 +36,7 @@ QWidget* exportButton(const QString& name, const QString& title, const QString& 
 DataSettingsTab::DataSettingsTab(AppState& appState, const std::optional<QUrl>& projectPage)
     : m_appState(appState)
 {
-    setContent(column(gap(14), historySection(), exportSection(), aboutSection(projectPage)));
+    setContent(column(gap(16), historySection(), exportSection(), aboutSection(projectPage)));
 }
 
 QWidget* DataSettingsTab::historySection()
@@ -74,7 +74,7 @@ QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
         const QString title = tr("Read Me");
         credit->add(plainButton(
             title, [page = *projectPage] { QDesktopServices::openUrl(page); },
-            row(padding(6, 4), label(title, DS::font(13, QFont::Medium), DS::link))));
+            row(padding(4), label(title, DS::font(13, QFont::Medium), DS::link))));
     }
     return settingsSection(
         tr("About"), settingsRows({settingsRow(tr("Version"), label(QCoreApplication::applicationVersion(),

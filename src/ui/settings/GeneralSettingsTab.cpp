@@ -49,7 +49,7 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState,
     : m_appState(appState)
     , m_grabber(grabber)
 {
-    setContent(column(gap(14), shortcutsSection(recording, panel), scopeSection(), copyFormatSection(),
+    setContent(column(gap(16), shortcutsSection(recording, panel), scopeSection(), copyFormatSection(),
                       screenRecordingSection()));
 }
 
@@ -57,7 +57,9 @@ QWidget* GeneralSettingsTab::shortcutsSection(const KeyboardShortcuts::RecorderS
                                               QWidget& panel)
 {
     const auto recorderRow = [&](const QString& title, const KeyboardShortcuts::Name& name) {
-        return settingsRow(title, new KeyboardShortcuts::RecorderCocoa(recording, name, title, panel));
+        auto* recorder = new KeyboardShortcuts::RecorderCocoa(recording, name, title, panel);
+        recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        return settingsRow(title, recorder);
     };
     return settingsSection(
         tr("Keyboard Shortcuts"),
@@ -112,7 +114,8 @@ QWidget* GeneralSettingsTab::screenRecordingSection()
 {
     return settingsSection(
         tr("Screen Recording"),
-        column(fillWidth(), Across::Leading, settingsRow(tr("Permission"), new PermissionStatus(m_grabber)),
+        column(gap(3), fillWidth(), Across::Leading,
+               settingsRow(tr("Permission"), new PermissionStatus(m_grabber)),
                label(tr("Required to sample screen colors"), DS::caption(), DS::textSecond)));
 }
 

@@ -8,9 +8,23 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace tintwick {
+
+namespace {
+
+QStringList titles()
+{
+    QStringList result;
+    for (const SettingsTab tab : allSettingsTabs) {
+        result.append(title(tab));
+    }
+    return result;
+}
+
+} // namespace
 
 /// Holds the tab that is shown.
 class InlineSettingsView::Screen final : public View
@@ -27,24 +41,15 @@ InlineSettingsView::InlineSettingsView(AppState& appState, KeyboardShortcuts::Re
     , m_grabber(grabber)
     , m_panel(panel)
     , m_onDone(std::move(onDone))
+    , m_tabPicker(new SegmentedPicker(tr("Tab"), titles(), 0))
     , m_screen(new Screen)
 {
     setAccessibleName(tr("Settings"));
     setFocusPolicy(Qt::ClickFocus);
     showTab();
-    setContent(column(tabPicker(), m_screen));
-}
-
-QWidget* InlineSettingsView::tabPicker()
-{
-    QStringList titles;
-    for (const SettingsTab each : allSettingsTabs) {
-        titles.append(title(each));
-    }
-    auto* picker = new SegmentedPicker(tr("Tab"), titles, 0);
-    picker->onSelect(
+    setContent(column(row(Padding{{16, 12, 16, 0}}, m_tabPicker), m_screen));
+    m_tabPicker->onSelect(
         [this](qsizetype position) { setTab(allSettingsTabs.at(static_cast<std::size_t>(position))); });
-    return row(Padding{{16, 12, 16, 0}}, picker);
 }
 
 void InlineSettingsView::setTab(SettingsTab tab)
@@ -53,6 +58,7 @@ void InlineSettingsView::setTab(SettingsTab tab)
         return;
     }
     m_tab = tab;
+    m_tabPicker->setSelected(std::ranges::find(allSettingsTabs, tab) - allSettingsTabs.begin());
     showTab();
 }
 

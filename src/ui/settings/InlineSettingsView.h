@@ -10,6 +10,7 @@ namespace tintwick {
 
 class AppState;
 class ScreenGrabber;
+class SegmentedPicker;
 
 /// The settings as a screen of the panel: two tabs, of which the first is shown when it is made.
 class InlineSettingsView final : public View
@@ -32,7 +33,6 @@ protected:
 private:
     class Screen;
 
-    [[nodiscard]] QWidget* tabPicker();
     void showTab();
 
     AppState& m_appState;
@@ -41,6 +41,7 @@ private:
     QWidget& m_panel;
     std::function<void()> m_onDone;
     SettingsTab m_tab = SettingsTab::General;
+    SegmentedPicker* m_tabPicker;
     Screen* m_screen;
 };
 

@@ -35,7 +35,7 @@ using namespace Qt::StringLiterals;
 constexpr int fieldHeight = 24;
 constexpr double cornerRadius = 7;
 constexpr double borderOpacity = 0.6;
-constexpr double recordingTint = 0.1;
+constexpr double recordingTint = 0.2;
 constexpr double recordingRing = 2;
 constexpr int clearButtonSide = 14;
 constexpr int clearButtonMargin = (fieldHeight - clearButtonSide) / 2;
@@ -68,7 +68,7 @@ RecorderCocoa::RecorderCocoa(RecorderServices services, Name name, const QString
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_clearButton = plainButton(
-        localizedString("clear_shortcut"_L1), [this] { clear(); },
+        localizedString("clear_shortcut"_L1), [this] { clearButtonPressed(); },
         row(fixedSize(clearButtonSide, clearButtonSide), centered(),
             ground(DS::textThird, clearButtonSide / 2.0),
             symbol(u"xmark"_s, 7, SymbolWeight::Semibold, DS::field)),
@@ -238,6 +238,19 @@ void RecorderCocoa::clear()
     }
 }
 
+void RecorderCocoa::clearButtonPressed()
+{
+    // The button is about to disappear; who reached it by keys finds himself in the field that it belongs to.
+    if (m_clearButton->hasFocus()) {
+        setFocus(Qt::TabFocusReason);
+    } else {
+        m_keepsFocus = false;
+        clearFocus();
+    }
+    clear();
+    endRecording();
+}
+
 void RecorderCocoa::refreshText()
 {
     const auto shortcut = m_services.registry.getShortcut(m_name);
@@ -295,7 +308,6 @@ void RecorderCocoa::focusInEvent(QFocusEvent* event)
 void RecorderCocoa::focusOutEvent(QFocusEvent* event)
 {
     if (m_state == State::Recording) {
-        m_keepsFocus = true;
         endRecording();
     }
     QWidget::focusOutEvent(event);
@@ -355,7 +367,9 @@ void RecorderCocoa::paintEvent(QPaintEvent*)
         }
     }
     painter.setFont(fieldFont());
-    painter.setPen((m_text.isEmpty() ? DS::textSecond : DS::textPrimary).in(scheme));
+    // While a new one is awaited, the shortcut steps back.
+    const bool isCurrent = !m_text.isEmpty() && !isRecording();
+    painter.setPen((isCurrent ? DS::textPrimary : DS::textSecond).in(scheme));
     painter.drawText(rect(), Qt::AlignCenter, m_text.isEmpty() ? placeholder() : m_text);
 }
 

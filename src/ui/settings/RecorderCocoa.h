@@ -77,6 +77,7 @@ private:
     void goOnRecording();
     void accept(const Shortcut& shortcut);
     void clear();
+    void clearButtonPressed();
     void refreshText();
 
     RecorderServices m_services;
