@@ -3,8 +3,11 @@
 #include "state/AppState.h"
 #include "state/StorageService.h"
 #include "ui/Appearance.h"
+#include "ui/CollectionRowCard.h"
 #include "ui/ColorDetailRow.h"
+#include "ui/CopiedPill.h"
 #include "ui/ExportMenu.h"
+#include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
@@ -249,6 +252,7 @@ private Q_SLOTS:
     void theScreenFollowsTheState();
     void aPaletteThatIsGoneShowsNothing();
     void aClickCopiesInTheDefaultFormat();
+    void theHeaderShowsACopyAndTheScreenGoesWithItsPalette();
     void theMenuOffersAllFormatsInTheirOrder();
     void removingARowKeepsTheColor();
     void theButtonsOfARowLightUpUnderThePointer();
@@ -474,6 +478,36 @@ void CollectionDetailViewTest::aClickCopiesInTheDefaultFormat()
         QVERIFY(screen.state.showCopiedFeedback());
         QCOMPARE(screen.state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
     }
+}
+
+void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette()
+{
+    test::PanelFixture panel;
+    const QUuid palette = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.addColor(panel.capture(0x3B82F6).id, palette);
+    panel.letFeedbackEnd();
+    panel.settle();
+    QTest::mouseClick(panel.dashboard().cards().first(), Qt::LeftButton);
+    auto* screen = qobject_cast<CollectionDetailView*>(&panel.view->screen());
+    QVERIFY(screen);
+    panel.settle();
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QVERIFY(!pill->isVisible());
+    QTest::mouseClick(screen->rows().first(), Qt::LeftButton, {}, QPoint(100, 27));
+    panel.settle();
+    QVERIFY(pill->isVisible());
+    QCOMPARE(clipboardText(), QStringLiteral("#3B82F6"));
+
+    // The screen and what is dragged on it go with the palette.
+    QTest::mousePress(screen->rows().first(), Qt::LeftButton, {}, QPoint(100, 27));
+    QTest::mouseMove(screen->rows().first(), QPoint(100, 67));
+    panel.state.deleteCollection(palette);
+    panel.settle();
+    QVERIFY(!qobject_cast<CollectionDetailView*>(&panel.view->screen()));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    escape.ignore();
+    QApplication::sendEvent(panel.view.get(), &escape);
+    QVERIFY(!escape.isAccepted());
 }
 
 void CollectionDetailViewTest::theMenuOffersAllFormatsInTheirOrder()
