@@ -80,7 +80,9 @@ private:
 CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
     : m_appState(appState)
     , m_collectionId(collectionId)
+    , m_empty(emptyState())
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
+    , m_scroll(verticalScroll(m_list))
     , m_rows(
           *m_list, [this] { return new ColorDetailRow(m_appState, m_collectionId); },
           [](ColorDetailRow& row, const CapturedColor& color, qsizetype) { row.setColor(color); })
@@ -89,8 +91,6 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
           *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
           [this](const QUuid& id) { addDropped(id); })
 {
-    m_empty = emptyState();
-    m_scroll = verticalScroll(m_list);
     setContent(column(toolbar(), rule(), m_empty, m_scroll));
 
     connect(m_list, &ReorderList::moveRequested, this,

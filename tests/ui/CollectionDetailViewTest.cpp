@@ -47,11 +47,11 @@ public:
     explicit PaletteFixture(const QList<unsigned>& colors)
         : palette(store(colors))
         , state([](std::chrono::milliseconds, const std::function<void()>&) {})
+        , view(new CollectionDetailView(state, palette))
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         QApplication::clipboard()->setText(QStringLiteral("untouched"));
 
-        view = new CollectionDetailView(state, palette);
         m_window.setFixedSize(screenSize);
         auto* layout = new QVBoxLayout(&m_window);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -153,7 +153,8 @@ public:
 
     const QUuid palette;
     AppState state;
-    CollectionDetailView* view = nullptr;
+    /// Belongs to the window.
+    CollectionDetailView* view;
 
 private:
     static CapturedColor colorOf(unsigned rgb)
