@@ -33,7 +33,7 @@ constexpr DS::Color dropFrameTint = DS::accent.opacity(0.06);
 
 } // namespace
 
-/// Says, above the screen, that it takes what is dragged over it.
+/// Says that the screen takes what is dragged over it. It lies below the screen's content, so that colours stay as they are.
 class CollectionDetailView::DropFrame final : public QWidget
 {
 public:
@@ -48,6 +48,7 @@ public:
         })
     {
         setAttribute(Qt::WA_TransparentForMouseEvents);
+        lower();
         hide();
     }
 
@@ -57,7 +58,6 @@ public:
     {
         m_isShown = shown;
         m_hover.setTarget(shown ? 1 : 0);
-        raise();
         m_animator.start();
     }
 
@@ -80,7 +80,9 @@ private:
 CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
     : m_appState(appState)
     , m_collectionId(collectionId)
+    , m_empty(emptyState())
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
+    , m_scroll(verticalScroll(m_list))
     , m_rows(
           *m_list, [this] { return new ColorDetailRow(m_appState, m_collectionId); },
           [](ColorDetailRow& row, const CapturedColor& color, qsizetype) { row.setColor(color); })
@@ -89,8 +91,6 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
           *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
           [this](const QUuid& id) { addDropped(id); })
 {
-    m_empty = emptyState();
-    m_scroll = verticalScroll(m_list);
     setContent(column(toolbar(), rule(), m_empty, m_scroll));
 
     connect(m_list, &ReorderList::moveRequested, this,
@@ -106,6 +106,8 @@ QWidget* CollectionDetailView::toolbar()
     m_name = label({}, DS::font(14, QFont::Bold));
     m_count = label({}, DS::font(11), DS::textSecond);
     m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
+    // Where room is short, the name gives way.
+    m_export->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // clang-format off
     return row(gap(10), padding(16, 10),
         row(fixedSize(32, 32), centered(), ground(DS::accent, 8), m_icon),

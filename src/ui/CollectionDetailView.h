@@ -55,9 +55,9 @@ private:
     Label* m_name = nullptr;
     Label* m_count = nullptr;
     ExportMenu* m_export = nullptr;
-    QWidget* m_empty = nullptr;
+    QWidget* m_empty;
     ReorderList* m_list;
-    QWidget* m_scroll = nullptr;
+    QWidget* m_scroll;
     RecordViews<ColorDetailRow, CapturedColor, ReorderList> m_rows;
     DropFrame* m_dropFrame;
     ColorDropTarget m_dropTarget;

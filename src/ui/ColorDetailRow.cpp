@@ -41,7 +41,6 @@ constexpr QPointF shadowOffset(0, 2);
 constexpr double buttonRadius = 7;
 constexpr QMargins answerMargins(6, 1, 6, 1);
 constexpr double answerRadius = 12;
-constexpr DS::Color pressedTint = DS::textPrimary.opacity(0.06);
 
 } // namespace
 
@@ -208,17 +207,20 @@ void ColorDetailRow::hoverChanged()
     m_animator.start();
 }
 
+double ColorDetailRow::cornerRadius() const
+{
+    return answerRadius;
+}
+
+QRectF ColorDetailRow::answerRect() const
+{
+    return rect().marginsRemoved(answerMargins);
+}
+
 void ColorDetailRow::paintEvent(QPaintEvent*)
 {
-    const QRect place = rect().marginsRemoved(answerMargins);
-    const Scheme scheme = Appearance::of(this);
     QPainter painter(this);
-    if (isDown()) {
-        fillRounded(painter, place, answerRadius, pressedTint.in(scheme));
-    }
-    if (showsFocusRing()) {
-        drawFocusRing(painter, place, answerRadius, scheme);
-    }
+    paintAnswer(painter);
 }
 
 } // namespace tintwick

@@ -35,7 +35,11 @@ public:
     [[nodiscard]] PlainButton& removeButton() const { return *m_remove; }
 
 protected:
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override;
     void hoverChanged() override;
+    // Its buttons tell that the pointer is over it.
+    [[nodiscard]] bool tintsHover() const override { return false; }
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
+#include "shots/PaletteShots.h"
 #include "shots/PanelShots.h"
 #include "shots/RecorderShots.h"
 #include "shots/SettingsShots.h"
@@ -31,6 +32,7 @@ int main(int argc, char** argv)
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootPalette(QDir(arguments.at(1)));
     tintwick::shootRecorder(QDir(arguments.at(1)));
     tintwick::shootSettings(QDir(arguments.at(1)));
     return EXIT_SUCCESS;

@@ -125,6 +125,7 @@ private Q_SLOTS:
     void creatingAndDeletingCollections();
     void addingAColorTwiceDoesNothingTheSecondTime();
     void removingAColorFromACollection();
+    void movingColors_data();
     void movingColors();
     void unknownIdsChangeNothing();
     void onlyTheDeletionsSaveForAnUnknownId();
@@ -491,20 +492,51 @@ void AppStateTest::removingAColorFromACollection()
     QVERIFY(wasSaved());
 }
 
+void AppStateTest::movingColors_data()
+{
+    QTest::addColumn<QSet<qsizetype>>("from");
+    QTest::addColumn<qsizetype>("to");
+    QTest::addColumn<QList<qsizetype>>("after");
+    // Which of five members stands where afterwards.
+    const auto row = [](const char* name, const QSet<qsizetype>& from, qsizetype to,
+                        const QList<qsizetype>& after) { QTest::newRow(name) << from << to << after; };
+    row("one downwards", {0}, 2, {1, 0, 2, 3, 4});
+    row("one to the end", {1}, 5, {0, 2, 3, 4, 1});
+    row("one upwards", {3}, 1, {0, 3, 1, 2, 4});
+    row("one to the start", {4}, 0, {4, 0, 1, 2, 3});
+    row("one before itself", {2}, 2, {0, 1, 2, 3, 4});
+    row("one before the next", {2}, 3, {0, 1, 2, 3, 4});
+    row("two apart, downwards", {0, 2}, 4, {1, 3, 0, 2, 4});
+    row("two apart, upwards", {2, 4}, 1, {0, 2, 4, 1, 3});
+    row("two from both sides", {0, 4}, 3, {1, 2, 0, 4, 3});
+    row("three to the end", {0, 1, 3}, 5, {2, 4, 0, 1, 3});
+    row("before one of those that move", {1, 3}, 3, {0, 2, 1, 3, 4});
+    row("all", {0, 1, 2, 3, 4}, 2, {0, 1, 2, 3, 4});
+    row("none", {}, 3, {0, 1, 2, 3, 4});
+    row("positions that there are not", {-1, 1, 5}, 0, {1, 0, 2, 3, 4});
+}
+
 void AppStateTest::movingColors()
 {
+    QFETCH(const QSet<qsizetype>, from);
+    QFETCH(const qsizetype, to);
+    QFETCH(const QList<qsizetype>, after);
     AppState state;
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
     QList<QUuid> ids;
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < 5; ++i) {
         ids += QUuid::createUuid();
         state.addColor(ids.last(), collection);
     }
     wasSaved();
     Announcements announced(state);
 
-    state.moveColors(collection, {0, 2}, 4);
-    QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{ids[1], ids[3], ids[0], ids[2]}));
+    state.moveColors(collection, from, to);
+    QList<qsizetype> order;
+    for (const QUuid& id : state.collections().first().colorIds) {
+        order.append(ids.indexOf(id));
+    }
+    QCOMPARE(order, after);
     QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0, 0}));
     QVERIFY(wasSaved());
 }

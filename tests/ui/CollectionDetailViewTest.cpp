@@ -3,8 +3,11 @@
 #include "state/AppState.h"
 #include "state/StorageService.h"
 #include "ui/Appearance.h"
+#include "ui/CollectionRowCard.h"
 #include "ui/ColorDetailRow.h"
+#include "ui/CopiedPill.h"
 #include "ui/ExportMenu.h"
+#include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
@@ -44,11 +47,11 @@ public:
     explicit PaletteFixture(const QList<unsigned>& colors)
         : palette(store(colors))
         , state([](std::chrono::milliseconds, const std::function<void()>&) {})
+        , view(new CollectionDetailView(state, palette))
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         QApplication::clipboard()->setText(QStringLiteral("untouched"));
 
-        view = new CollectionDetailView(state, palette);
         m_window.setFixedSize(screenSize);
         auto* layout = new QVBoxLayout(&m_window);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -150,7 +153,8 @@ public:
 
     const QUuid palette;
     AppState state;
-    CollectionDetailView* view = nullptr;
+    /// Belongs to the window.
+    CollectionDetailView* view;
 
 private:
     static CapturedColor colorOf(unsigned rgb)
@@ -249,6 +253,7 @@ private Q_SLOTS:
     void theScreenFollowsTheState();
     void aPaletteThatIsGoneShowsNothing();
     void aClickCopiesInTheDefaultFormat();
+    void theHeaderShowsACopyAndTheScreenGoesWithItsPalette();
     void theMenuOffersAllFormatsInTheirOrder();
     void removingARowKeepsTheColor();
     void theButtonsOfARowLightUpUnderThePointer();
@@ -372,7 +377,8 @@ void CollectionDetailViewTest::longNamesAreCutAndToldWhole()
     screen.state.renameColor(screen.row(0).color().id, longName);
     screen.settle();
     QCOMPARE(nameLabel()->toolTip(), longName);
-    QVERIFY(nameLabel()->mapTo(&screen.row(0), QPoint(nameLabel()->width(), 0)).x() <= 302 - 12);
+    // All the room up to the buttons is used.
+    QCOMPARE(nameLabel()->mapTo(&screen.row(0), QPoint(nameLabel()->width(), 0)).x(), 302 - 12 - 12);
     QCOMPARE(screen.row(0).size(), QSize(380, 54));
     QCOMPARE(screen.view->size(), screenSize);
 }
@@ -473,6 +479,36 @@ void CollectionDetailViewTest::aClickCopiesInTheDefaultFormat()
         QVERIFY(screen.state.showCopiedFeedback());
         QCOMPARE(screen.state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
     }
+}
+
+void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette()
+{
+    test::PanelFixture panel;
+    const QUuid palette = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.addColor(panel.capture(0x3B82F6).id, palette);
+    panel.letFeedbackEnd();
+    panel.settle();
+    QTest::mouseClick(panel.dashboard().cards().first(), Qt::LeftButton);
+    auto* screen = qobject_cast<CollectionDetailView*>(&panel.view->screen());
+    QVERIFY(screen);
+    panel.settle();
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QVERIFY(!pill->isVisible());
+    QTest::mouseClick(screen->rows().first(), Qt::LeftButton, {}, QPoint(100, 27));
+    panel.settle();
+    QVERIFY(pill->isVisible());
+    QCOMPARE(clipboardText(), QStringLiteral("#3B82F6"));
+
+    // The screen and what is dragged on it go with the palette.
+    QTest::mousePress(screen->rows().first(), Qt::LeftButton, {}, QPoint(100, 27));
+    QTest::mouseMove(screen->rows().first(), QPoint(100, 67));
+    panel.state.deleteCollection(palette);
+    panel.settle();
+    QVERIFY(!qobject_cast<CollectionDetailView*>(&panel.view->screen()));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    escape.ignore();
+    QApplication::sendEvent(panel.view.get(), &escape);
+    QVERIFY(!escape.isAccepted());
 }
 
 void CollectionDetailViewTest::theMenuOffersAllFormatsInTheirOrder()

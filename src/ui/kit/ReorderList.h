@@ -58,7 +58,7 @@ private:
     class Plate;
     struct Row
     {
-        Clickable* view;
+        Clickable* view = nullptr;
         /// Its upper edge in points.
         Spring top;
     };

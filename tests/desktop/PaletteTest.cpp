@@ -1,0 +1,164 @@
+#include "desktop/TintwickProcess.h"
+#include "support/WaitUntil.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTest>
+
+#include <X11/keysym.h>
+
+using namespace tintwick;
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using Button = PrivateDesktop::Button;
+using Compositor = PrivateDesktop::Compositor;
+
+const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89-41D3-9A0C-0305E82C3302"_s,
+                      u"3F2504E0-4F89-41D3-9A0C-0305E82C3303"_s};
+
+// Inside the panel, from its top left corner: the only card of the dashboard below one row of colours, and what is left
+// of the first row's square on the screen of a palette.
+constexpr QPoint card(190, 355);
+constexpr QPoint firstRow(30, 132);
+constexpr int rowHeight = 54;
+
+/// A red, a green and a blue colour in one palette.
+void keepAPalette(const PrivateDesktop& desktop)
+{
+    const QString folder = desktop.dataHome() + u"/Tintwick"_s;
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(folder + u"/data.json"_s);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const auto color = [](const QString& id, const char* components) {
+        return R"({"id": ")" + id.toUtf8() + R"(", )" + components +
+               R"(, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"})";
+    };
+    file.write(
+        R"({"history": [)" + color(ids[0], R"("red": 1, "green": 0, "blue": 0)") + ", " +
+        color(ids[1], R"("red": 0, "green": 1, "blue": 0)") + ", " +
+        color(ids[2], R"("red": 0, "green": 0, "blue": 1)") +
+        R"(], "collections": [{"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [")" +
+        ids.join(uR"(", ")"_s).toUtf8() +
+        R"("], "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"}], "defaultFormat": "HEX"})");
+}
+
+QStringList storedIds(const TintwickProcess& program)
+{
+    const QJsonArray collections = program.data().value("collections"_L1).toArray();
+    QStringList result;
+    for (const QJsonValue id : collections.first().toObject().value("colorIds"_L1).toArray()) {
+        result.append(id.toString());
+    }
+    return result;
+}
+
+} // namespace
+
+/// The screen of a palette with a real pointer and real keys.
+class PaletteTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aRowIsDraggedToAnotherPlace_data();
+    void aRowIsDraggedToAnotherPlace();
+    void escapeEndsTheDragAndLeavesThePanel();
+
+private:
+    /// Clicks through to the palette and waits for its rows.
+    static bool openPalette(PrivateDesktop& desktop, TintwickProcess& program);
+    static QRgb rowColor(PrivateDesktop& desktop, TintwickProcess& program, int position);
+    static void dragFirstRowToTheEnd(PrivateDesktop& desktop, TintwickProcess& program);
+};
+
+bool PaletteTest::openPalette(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    if (!program.waitForTrayIcon()) {
+        return false;
+    }
+    desktop.movePointer(program.trayIcon().center());
+    desktop.click();
+    if (!program.waitForPanel()) {
+        return false;
+    }
+    desktop.movePointer(program.panel().topLeft() + card);
+    desktop.click();
+    return waitUntil([&] { return rowColor(desktop, program, 2) == qRgb(0, 0, 255); });
+}
+
+QRgb PaletteTest::rowColor(PrivateDesktop& desktop, TintwickProcess& program, int position)
+{
+    return desktop.pixel(program.panel().topLeft() + firstRow + QPoint(0, position * rowHeight));
+}
+
+void PaletteTest::dragFirstRowToTheEnd(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    const QPoint from = program.panel().topLeft() + firstRow;
+    desktop.movePointer(from);
+    desktop.press(Button::Left);
+    for (int step = 1; step <= 12; ++step) {
+        desktop.movePointer(from + QPoint(0, 2 * rowHeight * step / 12));
+    }
+}
+
+void PaletteTest::aRowIsDraggedToAnotherPlace_data()
+{
+    QTest::addColumn<Compositor>("compositor");
+    QTest::newRow("without a compositor") << Compositor::None;
+    QTest::newRow("with a compositor") << Compositor::Plain;
+}
+
+void PaletteTest::aRowIsDraggedToAnotherPlace()
+{
+    QFETCH(const Compositor, compositor);
+    PrivateDesktop desktop({.compositor = compositor});
+    keepAPalette(desktop);
+    TintwickProcess program(desktop);
+    QVERIFY(openPalette(desktop, program));
+
+    dragFirstRowToTheEnd(desktop, program);
+    // The others make room before the row is let go.
+    QVERIFY(waitUntil([&] {
+        return rowColor(desktop, program, 0) == qRgb(0, 255, 0) &&
+               rowColor(desktop, program, 1) == qRgb(0, 0, 255) &&
+               rowColor(desktop, program, 2) == qRgb(255, 0, 0);
+    }));
+    QCOMPARE(storedIds(program), ids);
+    desktop.release(Button::Left);
+    QVERIFY(waitUntil([&] { return storedIds(program) == QStringList({ids[1], ids[2], ids[0]}); }));
+    QCOMPARE(rowColor(desktop, program, 2), qRgb(255, 0, 0));
+
+    // A click still copies.
+    desktop.click();
+    QVERIFY(program.waitForClipboard("#FF0000"));
+    QVERIFY(!program.panel().isEmpty());
+}
+
+void PaletteTest::escapeEndsTheDragAndLeavesThePanel()
+{
+    PrivateDesktop desktop({});
+    keepAPalette(desktop);
+    TintwickProcess program(desktop);
+    QVERIFY(openPalette(desktop, program));
+
+    dragFirstRowToTheEnd(desktop, program);
+    QVERIFY(waitUntil([&] { return rowColor(desktop, program, 0) == qRgb(0, 255, 0); }));
+    desktop.typeKey(XK_Escape);
+    QVERIFY(waitUntil([&] { return rowColor(desktop, program, 0) == qRgb(255, 0, 0); }));
+    desktop.release(Button::Left);
+    QVERIFY(!program.panel().isEmpty());
+    QCOMPARE(storedIds(program), ids);
+
+    // Without a drag it hides the panel.
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
+    QCOMPARE(storedIds(program), ids);
+}
+
+QTEST_GUILESS_MAIN(PaletteTest)
+#include "PaletteTest.moc"

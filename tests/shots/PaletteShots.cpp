@@ -1,0 +1,215 @@
+#include "shots/PaletteShots.h"
+
+#include "shots/Shooting.h"
+#include "state/AppState.h"
+#include "ui/Appearance.h"
+#include "ui/CollectionDetailView.h"
+#include "ui/ColorDetailRow.h"
+#include "ui/DS.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/MenuButton.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QDragEnterEvent>
+#include <QHoverEvent>
+#include <QImage>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What the panel leaves to a screen below its header and the rule.
+constexpr QSize screenSize(380, 529);
+
+/// The screen over the panel's ground.
+class DemoPalette final : public QWidget
+{
+public:
+    DemoPalette(const QString& name, const QList<QColor>& colors)
+        : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
+    {
+        m_appState.clearHistory();
+        while (!m_appState.collections().isEmpty()) {
+            m_appState.deleteCollection(m_appState.collections().first().id);
+        }
+        const QUuid palette = m_appState.createCollection(name).id;
+        for (const QColor& color : colors) {
+            m_appState.colorCaptured(
+                CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
+            m_appState.addColor(m_appState.history().first().id, palette);
+        }
+        m_view = new CollectionDetailView(m_appState, palette);
+        m_view->setParent(this);
+        m_view->setFixedSize(screenSize);
+        setFixedSize(screenSize);
+    }
+
+    [[nodiscard]] AppState& state() { return m_appState; }
+    [[nodiscard]] CollectionDetailView& view() { return *m_view; }
+    [[nodiscard]] ColorDetailRow& row(qsizetype position) { return *m_view->rows().at(position); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), DS::bg.in(Appearance::of(this)));
+    }
+
+private:
+    AppState m_appState;
+    CollectionDetailView* m_view;
+};
+
+/// An open menu, in the picture of the screen below it.
+class MenuPicture final : public QWidget
+{
+public:
+    MenuPicture(QWidget& screen, QMenu& menu, const QPoint& place)
+        : QWidget(&screen)
+        , m_image(menu.size() * finest, QImage::Format_ARGB32_Premultiplied)
+    {
+        m_image.setDevicePixelRatio(finest);
+        m_image.fill(Qt::transparent);
+        menu.render(&m_image, QPoint(), QRegion(), QWidget::DrawChildren);
+        setGeometry(QRect(place, menu.size()));
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QPoint(), m_image);
+    }
+
+private:
+    /// The largest scale of the shots.
+    static constexpr int finest = 2;
+
+    QImage m_image;
+};
+
+QList<QColor> manyColors(int count)
+{
+    QList<QColor> colors;
+    for (int i = 0; i < count; ++i) {
+        // Steps of the golden angle keep neighbours apart.
+        colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
+    }
+    return colors;
+}
+
+QList<QColor> translucentColors()
+{
+    QList<QColor> colors = manyColors(6);
+    for (int i = 0; i < colors.size(); ++i) {
+        colors[i].setAlphaF(0.15F + 0.15F * static_cast<float>(i));
+    }
+    return colors;
+}
+
+void hover(QWidget& widget)
+{
+    const QPointF middle = widget.rect().center();
+    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
+    QApplication::sendEvent(&widget, &enter);
+}
+
+void press(QWidget& widget, QEvent::Type type, const QPointF& place)
+{
+    QMouseEvent event(type, place, widget.mapToGlobal(place),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// Lifts a row and holds it so far from its place.
+void carry(ColorDetailRow& row, double by)
+{
+    hover(row);
+    const QPointF start(120, 27);
+    const QPointF there = start + QPointF(0, by);
+    press(row, QEvent::MouseButtonPress, start);
+    press(row, QEvent::MouseMove, there);
+}
+
+void dragOver(QWidget& screen)
+{
+    QMimeData text;
+    text.setText(u"a colour"_s);
+    QDragEnterEvent enter(screen.rect().center(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&screen, &enter);
+}
+
+} // namespace
+
+void shootPalette(const QDir& folder)
+{
+    const auto shootState = [&](const QString& state, const QString& name, const QList<QColor>& colors,
+                                const std::function<void(DemoPalette&)>& arrange = {}) {
+        shoot(
+            folder, u"palette-"_s + state, [&] { return std::make_unique<DemoPalette>(name, colors); },
+            [&](QWidget& widget) {
+                if (arrange) {
+                    arrange(static_cast<DemoPalette&>(widget));
+                }
+            });
+    };
+    const auto focus = [](DemoPalette& palette, QWidget& widget) {
+        palette.activateWindow();
+        widget.setFocus(Qt::TabFocusReason);
+    };
+
+    shootState(u"empty"_s, u"Brand"_s, {});
+    shootState(u"one"_s, u"Brand"_s, manyColors(1));
+    shootState(u"few"_s, u"Brand"_s, manyColors(4));
+    shootState(u"thirty"_s, u"Website"_s, manyColors(30), [](DemoPalette& palette) {
+        palette.findChild<QScrollArea*>()->verticalScrollBar()->setValue(20);
+    });
+    shootState(u"translucent"_s, u"Glass"_s, translucentColors());
+    shootState(u"long-names"_s, u"Everything that was ever on the landing page of the shop"_s, manyColors(4),
+               [](DemoPalette& palette) {
+                   AppState& state = palette.state();
+                   state.renameColor(
+                       palette.row(0).color().id,
+                       u"The green of the ferns behind the greenhouse after two days of rain"_s);
+                   state.renameColor(palette.row(1).color().id, u"Wörterbuchverlagsgestaltungsrichtlinien"_s);
+                   state.renameColor(palette.row(2).color().id, {});
+                   QApplication::processEvents();
+               });
+    shootState(u"hover"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) { hover(palette.row(1)); });
+    shootState(u"pressed"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
+        hover(palette.row(1));
+        press(palette.row(1), QEvent::MouseButtonPress, QPointF(120, 27));
+    });
+    shootState(u"focus"_s, u"Brand"_s, manyColors(4),
+               [&](DemoPalette& palette) { focus(palette, palette.row(1)); });
+    shootState(u"focus-remove"_s, u"Brand"_s, manyColors(4),
+               [&](DemoPalette& palette) { focus(palette, palette.row(1).removeButton()); });
+    shootState(u"drag"_s, u"Brand"_s, manyColors(6), [](DemoPalette& palette) { carry(palette.row(1), 70); });
+    shootState(u"drag-first"_s, u"Brand"_s, manyColors(6),
+               [](DemoPalette& palette) { carry(palette.row(2), -95); });
+    shootState(u"drop-target"_s, u"Brand"_s, manyColors(4),
+               [](DemoPalette& palette) { dragOver(palette.view()); });
+    shootState(u"drop-target-empty"_s, u"Brand"_s, {},
+               [](DemoPalette& palette) { dragOver(palette.view()); });
+    shootState(u"menu"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
+        MenuButton& button = palette.row(0).copyButton();
+        hover(palette.row(0));
+        button.click();
+        button.menu()->setActiveAction(button.menu()->actions().at(2));
+        new MenuPicture(palette, *button.menu(), button.mapTo(&palette, QPoint(-60, button.height() + 2)));
+    });
+}
+
+} // namespace tintwick

@@ -1,0 +1,10 @@
+#pragma once
+
+class QDir;
+
+namespace tintwick {
+
+/// The screen of a palette in each of its states, with made-up colours.
+void shootPalette(const QDir& folder);
+
+} // namespace tintwick
