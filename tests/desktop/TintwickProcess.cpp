@@ -193,6 +193,25 @@ void TintwickProcess::choosePick(ChosenBy chosenBy)
     m_desktop.click();
 }
 
+void TintwickProcess::chooseSettings()
+{
+    m_desktop.typeKey(XK_Down);
+    m_desktop.typeKey(XK_Down);
+    m_desktop.typeKey(XK_Return);
+}
+
+xcb_window_t TintwickProcess::settingsWindow()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    for (const xcb_window_t window : connection.tree(connection.root())) {
+        if (belongsToProgram(window) && connection.isViewable(window) &&
+            connection.property(window, "_NET_WM_NAME") == "Tintwick Settings") {
+            return window;
+        }
+    }
+    return XCB_NONE;
+}
+
 void TintwickProcess::chooseQuit()
 {
     m_desktop.typeKey(XK_Up);

@@ -45,6 +45,10 @@ public:
     void pointAtPick();
     /// Chooses "Pick Color (⌥⇧C)" in the open menu.
     void choosePick(ChosenBy chosenBy = ChosenBy::Pointer);
+    /// Chooses "Settings…" in the open menu.
+    void chooseSettings();
+    /// The settings window; none while it is closed.
+    [[nodiscard]] xcb_window_t settingsWindow();
     /// Chooses "Quit Tintwick" in the open menu.
     void chooseQuit();
     /// The main panel on the screen; empty while it is hidden.
