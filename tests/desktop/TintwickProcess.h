@@ -84,6 +84,7 @@ private:
     [[nodiscard]] QRect trayInItsPlace();
     [[nodiscard]] bool belongsToProgram(xcb_window_t window);
     [[nodiscard]] bool isLoupe(xcb_window_t window);
+    [[nodiscard]] bool isSettingsWindow(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();
 
