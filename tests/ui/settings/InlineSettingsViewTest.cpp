@@ -18,6 +18,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void tabGoesFromTopToBottom();
+    void itTakesTheKeysWhenItComes();
     void escapeIsDone();
 
     void theTabShowsWhatIsStored_data();
@@ -233,6 +235,24 @@ void InlineSettingsViewTest::tabGoesFromTopToBottom()
     QCOMPARE(order, (QStringList{u"General"_s, u"Activate Picker shortcut"_s, u"Clear Shortcut"_s,
                                  u"Open Main Window shortcut"_s, u"Square"_s, u"M"_s, u"Mid"_s,
                                  u"Default Format"_s}));
+}
+
+void InlineSettingsViewTest::itTakesTheKeysWhenItComes()
+{
+    SettingsFixture fixture;
+    QLineEdit before(&fixture.panel);
+    before.show();
+    before.setFocus();
+    QVERIFY(before.hasFocus());
+    fixture.open();
+    QVERIFY(fixture.view->hasFocus());
+
+    // What is reached in it stays so while the panel is away.
+    QAbstractButton* reached = fixture.segment(u"Scope Size"_s, u"M"_s);
+    reached->setFocus(Qt::TabFocusReason);
+    fixture.panel.hide();
+    fixture.panel.show();
+    QCOMPARE(fixture.panel.focusWidget(), reached);
 }
 
 void InlineSettingsViewTest::escapeIsDone()
