@@ -31,7 +31,8 @@ xcb_window_t TintwickProcess::trayIconWindow()
     const auto topLevel = connection.children(connection.root());
     for (const xcb_window_t window : connection.tree(connection.root())) {
         const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end();
-        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window)) {
+        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window) &&
+            !isSettingsWindow(window)) {
             return window;
         }
     }
@@ -71,6 +72,11 @@ QRect TintwickProcess::trayInItsPlace()
 bool TintwickProcess::isLoupe(xcb_window_t window)
 {
     return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Loupe";
+}
+
+bool TintwickProcess::isSettingsWindow(xcb_window_t window)
+{
+    return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Settings";
 }
 
 bool TintwickProcess::isPanel(xcb_window_t window)
@@ -191,6 +197,24 @@ void TintwickProcess::choosePick(ChosenBy chosenBy)
     }
     pointAtPick();
     m_desktop.click();
+}
+
+void TintwickProcess::chooseSettings()
+{
+    // The middle of three.
+    m_desktop.movePointer(menuPlace().center());
+    m_desktop.click();
+}
+
+xcb_window_t TintwickProcess::settingsWindow()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    for (const xcb_window_t window : connection.tree(connection.root())) {
+        if (belongsToProgram(window) && connection.isViewable(window) && isSettingsWindow(window)) {
+            return window;
+        }
+    }
+    return XCB_NONE;
 }
 
 void TintwickProcess::chooseQuit()

@@ -45,6 +45,10 @@ public:
     void pointAtPick();
     /// Chooses "Pick Color (⌥⇧C)" in the open menu.
     void choosePick(ChosenBy chosenBy = ChosenBy::Pointer);
+    /// Chooses "Settings…" in the open menu.
+    void chooseSettings();
+    /// The settings window; none while it is closed.
+    [[nodiscard]] xcb_window_t settingsWindow();
     /// Chooses "Quit Tintwick" in the open menu.
     void chooseQuit();
     /// The main panel on the screen; empty while it is hidden.
@@ -80,6 +84,7 @@ private:
     [[nodiscard]] QRect trayInItsPlace();
     [[nodiscard]] bool belongsToProgram(xcb_window_t window);
     [[nodiscard]] bool isLoupe(xcb_window_t window);
+    [[nodiscard]] bool isSettingsWindow(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();
 

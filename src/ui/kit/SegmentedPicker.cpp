@@ -101,7 +101,7 @@ void SegmentedPicker::setSelected(std::optional<qsizetype> position)
     const bool slides = m_selected && position;
     m_selected = position;
     if (slides) {
-        m_thumb.setTarget(static_cast<double>(*position));
+        m_thumb.jumpTo(static_cast<double>(*position));
         m_animator.start();
     } else if (position) {
         m_thumb.jumpTo(static_cast<double>(*position));
