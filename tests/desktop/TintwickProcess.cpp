@@ -30,7 +30,9 @@ xcb_window_t TintwickProcess::trayIconWindow()
     DesktopConnection& connection = m_desktop.connection();
     const auto topLevel = connection.children(connection.root());
     for (const xcb_window_t window : connection.tree(connection.root())) {
-        const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end();
+        // Window managers put our windows into frames of theirs, but mark them.
+        const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end() &&
+                                !connection.hasProperty(window, "WM_STATE");
         if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window)) {
             return window;
         }
