@@ -83,7 +83,8 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
+    // Not by quit(), which gives up when a window refuses to be closed, as the panel does.
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, [] { QApplication::exit(); });
     m_statusItem.show();
 }
 
