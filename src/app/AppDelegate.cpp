@@ -5,10 +5,13 @@
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
+#include "shortcuts/MenuItemsOf.h"
 #include "shortcuts/ShortcutNames.h"
 #include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
+#include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -83,6 +86,8 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
+                     [this] { openSettings(); });
     // Not by quit(), which gives up when a window refuses to be closed, as the panel does.
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, [] { QApplication::exit(); });
     m_statusItem.show();
@@ -93,10 +98,19 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState);
+    m_mainPanelView = new MainPanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
     m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
+}
+
+QWidget* AppDelegate::makeSettings(QWidget& panel)
+{
+    return new InlineSettingsView(m_appState,
+                                  {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                                   [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
+                                  m_platform->screenGrabber(), panel,
+                                  [this] { m_mainPanelView->setShowingSettings(false); });
 }
 
 void AppDelegate::setupColorPickerService()
@@ -141,7 +155,7 @@ void AppDelegate::handleStatusBarClick()
         return;
     }
     if (!isTheClickThatHidThePanel()) {
-        showMainPanel(QCursor::pos());
+        showMainPanel(FloatingPanel::Typing::Leave, QCursor::pos());
     }
 }
 
@@ -157,7 +171,7 @@ bool AppDelegate::isTheClickThatHidThePanel()
     return isRecent && !m_statusItem.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
 }
 
-void AppDelegate::showMainPanel(std::optional<QPoint> click)
+void AppDelegate::showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click)
 {
     setupMainPanel();
     if (m_mainPanel->isVisible()) {
@@ -165,7 +179,7 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize));
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize), typing);
 }
 
 void AppDelegate::hideMainPanel()
@@ -173,6 +187,15 @@ void AppDelegate::hideMainPanel()
     if (m_mainPanel) {
         m_mainPanel->hide();
     }
+}
+
+void AppDelegate::openSettings()
+{
+    setupMainPanel();
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+    }
+    m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()
@@ -197,7 +220,8 @@ void AppDelegate::setupGlobalShortcut()
         activatePicker();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
+                        [this] { showMainPanel(FloatingPanel::Typing::Take); });
 }
 
 void AppDelegate::activatePicker()

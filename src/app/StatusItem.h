@@ -22,9 +22,12 @@ public:
     /// In points, from the top left of the desktop; none where there is no tray, or one that keeps the place to itself.
     [[nodiscard]] std::optional<QRect> frame() const;
 
+    [[nodiscard]] const QMenu& menu() const { return m_menu; }
+
 Q_SIGNALS:
     void clicked();
     void pickRequested();
+    void settingsRequested();
     void quitRequested();
 
 private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Coordinates.h"
+#include "platform/KeyPress.h"
 
 #include <cstdint>
 
@@ -16,17 +17,6 @@ struct ScrollDelta
     bool isPrecise = false;
 
     friend constexpr bool operator==(const ScrollDelta&, const ScrollDelta&) = default;
-};
-
-struct KeyPress
-{
-    /// The key's position, see KeyCode.h; -1 for a key that has no number there.
-    int keyCode = -1;
-    /// See `modifier` in KeyCode.h.
-    int modifiers = 0;
-    bool isRepeat = false;
-
-    friend constexpr bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 
 /// While it is on, every pointer move, click, scroll and key of the whole desktop comes to the listener and to nobody

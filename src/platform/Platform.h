@@ -9,6 +9,7 @@ namespace tintwick {
 class ClickMonitor;
 class HotKeyRegistrar;
 class KeyboardLayout;
+class KeyRecording;
 class LoupeSurface;
 class PanelHost;
 class PickingInput;
@@ -36,6 +37,7 @@ public:
     virtual void prepareClipboard() = 0;
     [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
+    [[nodiscard]] virtual KeyRecording& keyRecording() = 0;
 };
 
 } // namespace tintwick

@@ -1,8 +1,7 @@
 #include "shortcuts/SpecialKey.h"
 
 #include "platform/KeyCode.h"
-
-#include <QCoreApplication>
+#include "shortcuts/LocalizedString.h"
 
 #include <algorithm>
 #include <iterator>
@@ -92,7 +91,7 @@ std::optional<SpecialKey> specialKeyForKeyCode(int keyCode)
 QString displayText(SpecialKey key)
 {
     if (key == SpecialKey::Space) {
-        return QCoreApplication::translate("KeyboardShortcuts", "Space");
+        return localizedString(QLatin1StringView("space_key"));
     }
     return QString::fromUtf16(entryOf(key).display);
 }

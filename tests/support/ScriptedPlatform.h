@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "support/ScriptedClickMonitor.h"
 #include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
 #include "support/ScriptedLoupeSurface.h"
 #include "support/ScriptedPanelHost.h"
@@ -23,6 +24,7 @@ public:
     ScriptedPanelHost panels;
     ScriptedHotKeyRegistrar hotKeys;
     ScriptedKeyboardLayout layout;
+    ScriptedKeyRecording recording;
     /// Every frame of every loupe.
     std::vector<ScriptedLoupeSurface::Frame> frames;
 
@@ -35,6 +37,7 @@ public:
     void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
+    [[nodiscard]] KeyRecording& keyRecording() override { return recording; }
 
 private:
     SurfaceId m_loupes = 0;

@@ -7,17 +7,12 @@
 #include <QCoreApplication>
 
 #include <xcb/xinput.h>
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 #include <algorithm>
-#include <span>
 
 namespace tintwick {
 
 namespace {
-
-// What a grab's modifiers are compared with; above are pointer buttons and the keyboard's group.
-constexpr std::uint16_t allModifiers = 0xFF;
 
 bool isAltKey(xcb_keycode_t keycode)
 {
@@ -40,7 +35,7 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(XcbConnection& connection)
     }
     const auto* const input = xcb_get_extension_data(connection.get(), &xcb_input_id);
     m_hasInputExtension = input && input->present != 0;
-    m_bits = readModifierBits().value_or(ModifierBits{});
+    m_bits = readModifierBits(connection).value_or(ModifierBits{});
 }
 
 X11HotKeyRegistrar::~X11HotKeyRegistrar()
@@ -146,7 +141,8 @@ void X11HotKeyRegistrar::eventsDrained()
 
 void X11HotKeyRegistrar::keyPressed(const xcb_key_press_event_t& press)
 {
-    const KeyGrab pressed{press.detail, static_cast<std::uint16_t>(press.state & allModifiers & ~lockBits())};
+    const KeyGrab pressed{press.detail,
+                          static_cast<std::uint16_t>(press.state & allModifierBits & ~m_bits.locks())};
     std::vector<std::uint32_t> ids;
     for (auto& [handle, hotKey] : m_hotKeys) {
         if (hotKey.grab == pressed && !hotKey.pressed) {
@@ -212,7 +208,7 @@ bool X11HotKeyRegistrar::rawKeyPressed(const xcb_key_press_event_t& press)
         return true;
     }
     const auto keyCode = keyCodeForEvdev(press.detail - xKeycodeOffset);
-    const auto modifiers = modifiersOf(press.state);
+    const auto modifiers = m_bits.carbonModifiers(press.state);
     if (!keyCode || !modifiers) {
         return false;
     }
@@ -253,55 +249,9 @@ bool X11HotKeyRegistrar::isDown(xcb_keycode_t keycode) const
     return keys && (keys->keys[keycode / 8] >> (keycode % 8) & 1) != 0;
 }
 
-std::optional<X11HotKeyRegistrar::ModifierBits> X11HotKeyRegistrar::readModifierBits() const
-{
-    auto* const c = m_connection.get();
-    const auto first = xcb_get_setup(c)->min_keycode;
-    const auto count = static_cast<std::uint8_t>(xcb_get_setup(c)->max_keycode - first + 1);
-    const auto modifierCookie = xcb_get_modifier_mapping(c);
-    const auto keyboardCookie = xcb_get_keyboard_mapping(c, first, count);
-    const XcbReply<xcb_get_modifier_mapping_reply_t> modifierMap(
-        xcb_get_modifier_mapping_reply(c, modifierCookie, nullptr));
-    const XcbReply<xcb_get_keyboard_mapping_reply_t> keyboardMap(
-        xcb_get_keyboard_mapping_reply(c, keyboardCookie, nullptr));
-    if (!modifierMap || !keyboardMap) {
-        return std::nullopt;
-    }
-
-    const std::span keycodes(
-        xcb_get_modifier_mapping_keycodes(modifierMap.get()),
-        static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(modifierMap.get())));
-    const std::span symbols(
-        xcb_get_keyboard_mapping_keysyms(keyboardMap.get()),
-        static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(keyboardMap.get())));
-    const std::size_t keysPerModifier = modifierMap->keycodes_per_modifier;
-    const std::size_t symbolsPerKey = keyboardMap->keysyms_per_keycode;
-
-    // The first bit whose keys carry one of the two symbols.
-    const auto bitOf = [&](xcb_keysym_t left, xcb_keysym_t right) -> std::uint16_t {
-        for (std::size_t i = 0; i < keycodes.size(); ++i) {
-            if (keycodes[i] < first) {
-                continue;
-            }
-            const auto ofKey =
-                symbols.subspan((keycodes[i] - std::size_t{first}) * symbolsPerKey, symbolsPerKey);
-            if (std::ranges::any_of(ofKey, [&](auto symbol) { return symbol == left || symbol == right; })) {
-                return static_cast<std::uint16_t>(1U << (i / keysPerModifier));
-            }
-        }
-        return 0;
-    };
-    return ModifierBits{
-        .option = bitOf(XKB_KEY_Alt_L, XKB_KEY_Alt_R),
-        .command = bitOf(XKB_KEY_Super_L, XKB_KEY_Super_R),
-        .numLock = bitOf(XKB_KEY_Num_Lock, XKB_KEY_Num_Lock),
-        .scrollLock = bitOf(XKB_KEY_Scroll_Lock, XKB_KEY_Scroll_Lock),
-    };
-}
-
 void X11HotKeyRegistrar::followKeymap()
 {
-    const auto bits = readModifierBits();
+    const auto bits = readModifierBits(m_connection);
     const bool allAreHeld =
         std::ranges::all_of(m_hotKeys, [](const auto& entry) { return entry.second.grab.has_value(); });
     if (!bits || (*bits == m_bits && allAreHeld)) {
@@ -347,30 +297,9 @@ std::optional<X11HotKeyRegistrar::KeyGrab> X11HotKeyRegistrar::grabFor(int keyCo
     return KeyGrab{static_cast<xcb_keycode_t>(*evdev + xKeycodeOffset), static_cast<std::uint16_t>(bits)};
 }
 
-std::optional<int> X11HotKeyRegistrar::modifiersOf(std::uint16_t state) const
-{
-    auto rest = static_cast<unsigned>(state & allModifiers & ~lockBits());
-    int modifiers = 0;
-    for (const auto& [bit, mask] : {std::pair<unsigned, int>{XCB_MOD_MASK_SHIFT, modifier::shift},
-                                    {XCB_MOD_MASK_CONTROL, modifier::control},
-                                    {m_bits.option, modifier::option},
-                                    {m_bits.command, modifier::command}}) {
-        if ((rest & bit) != 0) {
-            modifiers |= mask;
-            rest &= ~bit;
-        }
-    }
-    return rest == 0 ? std::optional(modifiers) : std::nullopt;
-}
-
-std::uint16_t X11HotKeyRegistrar::lockBits() const
-{
-    return static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | m_bits.numLock | m_bits.scrollLock);
-}
-
 std::vector<std::uint16_t> X11HotKeyRegistrar::lockCombinations() const
 {
-    const unsigned locks = lockBits();
+    const unsigned locks = m_bits.locks();
     std::vector<std::uint16_t> combinations;
     for (unsigned combination = 0; combination <= locks; ++combination) {
         if ((combination & ~locks) == 0) {

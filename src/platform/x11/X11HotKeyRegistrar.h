@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/HotKeyRegistrar.h"
+#include "platform/x11/ModifierBits.h"
 #include "platform/x11/XcbConnection.h"
 
 #include <QAbstractNativeEventFilter>
@@ -51,17 +52,6 @@ private:
         std::optional<xcb_keycode_t> pressed;
     };
 
-    /// The bits that the current keymap gives to the modifiers and locks that have no bit of their own in the protocol.
-    struct ModifierBits
-    {
-        std::uint16_t option = 0;
-        std::uint16_t command = 0;
-        std::uint16_t numLock = 0;
-        std::uint16_t scrollLock = 0;
-
-        friend bool operator==(const ModifierBits&, const ModifierBits&) = default;
-    };
-
     struct RawPress
     {
         int keyCode = 0;
@@ -79,16 +69,12 @@ private:
     [[nodiscard]] bool rawKeyReleased(const xcb_key_release_event_t& release);
     [[nodiscard]] bool isDown(xcb_keycode_t keycode) const;
 
-    [[nodiscard]] std::optional<ModifierBits> readModifierBits() const;
     /// Takes the grabs anew where the keymap moved a modifier, and those that someone else had got hold of. What still
     /// cannot be taken waits for the next keymap.
     void followKeymap();
 
     /// None when the keymap has no such key or no bit for one of the modifiers.
     [[nodiscard]] std::optional<KeyGrab> grabFor(int keyCode, int modifiers) const;
-    /// None when a modifier is down that no shortcut can have.
-    [[nodiscard]] std::optional<int> modifiersOf(std::uint16_t state) const;
-    [[nodiscard]] std::uint16_t lockBits() const;
     /// Every combination of locks that may be on while the key is pressed, none included.
     [[nodiscard]] std::vector<std::uint16_t> lockCombinations() const;
     [[nodiscard]] bool isHeld(const KeyGrab& grab) const;

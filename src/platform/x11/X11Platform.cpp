@@ -115,4 +115,9 @@ KeyboardLayout& X11Platform::keyboardLayout()
     return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection);
 }
 
+KeyRecording& X11Platform::keyRecording()
+{
+    return m_keyRecording ? *m_keyRecording : m_keyRecording.emplace(*m_connection);
+}
+
 } // namespace tintwick

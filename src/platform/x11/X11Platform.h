@@ -4,6 +4,7 @@
 #include "platform/x11/ToolkitConnection.h"
 #include "platform/x11/X11ClickMonitor.h"
 #include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyRecording.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11PanelHost.h"
 #include "platform/x11/X11PickingInput.h"
@@ -31,6 +32,7 @@ public:
     void prepareClipboard() override { m_toolkitClock.bringUpToDate(); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
+    [[nodiscard]] KeyRecording& keyRecording() override;
 
 private:
     [[nodiscard]] X11ScreenGrabber& x11ScreenGrabber();
@@ -44,6 +46,7 @@ private:
     std::optional<X11ScreenGrabber> m_screenGrabber;
     std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
     std::optional<X11KeyboardLayout> m_keyboardLayout;
+    std::optional<X11KeyRecording> m_keyRecording;
 };
 
 } // namespace tintwick

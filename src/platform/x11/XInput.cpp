@@ -17,4 +17,20 @@ std::uint8_t openInputExtension(const XcbConnection& connection)
     return extension->major_opcode;
 }
 
+std::optional<std::uint16_t> masterKeyboard(const XcbConnection& connection)
+{
+    xcb_connection_t* c = connection.get();
+    const XcbReply<xcb_input_xi_get_client_pointer_reply_t> client(
+        xcb_input_xi_get_client_pointer_reply(c, xcb_input_xi_get_client_pointer(c, XCB_NONE), nullptr));
+    if (!client || client->set == 0) {
+        return std::nullopt;
+    }
+    const XcbReply<xcb_input_xi_query_device_reply_t> devices(
+        xcb_input_xi_query_device_reply(c, xcb_input_xi_query_device(c, client->deviceid), nullptr));
+    if (!devices || devices->num_infos == 0) {
+        return std::nullopt;
+    }
+    return xcb_input_xi_query_device_infos_iterator(devices.get()).data->attachment;
+}
+
 } // namespace tintwick

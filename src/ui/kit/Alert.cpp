@@ -1,0 +1,75 @@
+#include "ui/kit/Alert.h"
+
+#include "ui/DS.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Sheet.h"
+#include "ui/kit/Stack.h"
+
+#include <QPointer>
+#include <QTextLayout>
+
+#include <memory>
+
+namespace tintwick {
+
+namespace {
+
+constexpr int sheetWidth = 280;
+constexpr int sheetPadding = 20;
+constexpr int textWidth = sheetWidth - 2 * sheetPadding;
+
+/// The text with line breaks where a line is full.
+QString wrapped(const QString& text, const QFont& font)
+{
+    QTextLayout layout(text, font);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(textWidth);
+        lines.append(text.sliced(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+    return lines.join(u'\n');
+}
+
+} // namespace
+
+Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered)
+{
+    const QFont messageFont = DS::font(14, QFont::DemiBold);
+    auto* texts = column(gap(8), label(wrapped(alert.message, messageFont), messageFont));
+    if (!alert.informativeText.isEmpty()) {
+        const QFont font = DS::font(12);
+        texts->add(label(wrapped(alert.informativeText, font), font, DS::textSecond));
+    }
+
+    struct Answer
+    {
+        QPointer<Sheet> sheet;
+        int button = 0;
+    };
+    const auto answer = std::make_shared<Answer>();
+    auto* buttons = row(gap(10), fillWidth());
+    TextButton* first = nullptr;
+    for (qsizetype i = alert.buttons.size() - 1; i >= 0; --i) {
+        const auto press = [answer, button = static_cast<int>(i)] {
+            answer->button = button;
+            answer->sheet->dismiss();
+        };
+        first = i == 0 ? prominentButton(alert.buttons[i], press) : borderedButton(alert.buttons[i], press);
+        if (i == 0) {
+            buttons->add(spacer());
+        }
+        buttons->add(first);
+    }
+    auto* form = column(gap(20), padding(sheetPadding), fixedWidth(sheetWidth), texts, buttons);
+    auto* sheet = new Sheet(host, alert.message, form, [answer] { answer->sheet->dismiss(); });
+    answer->sheet = sheet;
+    first->setFocus(Qt::OtherFocusReason);
+    QObject::connect(sheet, &Sheet::dismissed, sheet,
+                     [answer, answered = std::move(answered)] { answered(answer->button); });
+    return sheet;
+}
+
+} // namespace tintwick

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/KeyRecording.h"
+
+#include <utility>
+
+namespace tintwick::test {
+
+/// A keyboard of a desktop that exists only in the test. A key reaches the listener at once, and nobody while nothing is
+/// recorded.
+class ScriptedKeyRecording final : public KeyRecording
+{
+public:
+    Outcome outcome = Outcome::Started;
+
+    [[nodiscard]] bool isOn() const { return m_listener != nullptr; }
+    void press(int keyCode, int modifiers = 0) { send({keyCode, modifiers, false}); }
+    void repeat(int keyCode, int modifiers = 0) { send({keyCode, modifiers, true}); }
+
+    [[nodiscard]] Outcome begin(Listener& listener) override
+    {
+        if (m_listener && m_listener != &listener) {
+            std::exchange(m_listener, nullptr)->recordingLost();
+        }
+        if (outcome == Outcome::Started) {
+            m_listener = &listener;
+        }
+        return outcome;
+    }
+    void end(Listener& listener) override
+    {
+        if (m_listener == &listener) {
+            m_listener = nullptr;
+        }
+    }
+
+private:
+    void send(const KeyPress& press)
+    {
+        if (m_listener) {
+            m_listener->keyPressed(press);
+        }
+    }
+
+    Listener* m_listener = nullptr;
+};
+
+} // namespace tintwick::test
