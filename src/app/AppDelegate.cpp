@@ -94,7 +94,8 @@ void AppDelegate::setupMenuBar()
     });
     QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
                      [this] { openSettings(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
+    // Not by quit(), which gives up when a window refuses to be closed, as the panel does.
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, [] { QApplication::exit(); });
     m_statusItem.show();
 }
 

@@ -58,10 +58,8 @@ void ExportService::exportJSON(const QList<CapturedColor>& colors) const
 
 void ExportService::exportPNG(const QList<CapturedColor>& colors) const
 {
-    QByteArray png;
-    QBuffer buffer(&png);
-    if (buildSwatchImage(colors).save(&buffer, "PNG")) {
-        savePanel(png, u"palette.png"_s, {u"PNG"_s, u"png"_s});
+    if (const auto png = buildPNG(colors)) {
+        savePanel(*png, u"palette.png"_s, {u"PNG"_s, u"png"_s});
     }
 }
 
@@ -122,6 +120,13 @@ QImage ExportService::buildSwatchImage(const QList<CapturedColor>& colors)
         painter.drawRoundedRect(swatch, swatchRadius, swatchRadius);
     }
     return image;
+}
+
+std::optional<QByteArray> ExportService::buildPNG(const QList<CapturedColor>& colors)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    return buildSwatchImage(colors).save(&buffer, "PNG") ? std::optional(png) : std::nullopt;
 }
 
 bool ExportService::isSavePanelOpen()

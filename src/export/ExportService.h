@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace tintwick {
 
 struct ContentType;
@@ -36,6 +38,8 @@ public:
     /// Swatches of 60 pixels in rows of ten on a dark ground, through which translucent ones let see. The picture is
     /// opaque and tagged as sRGB; a null one for an empty list.
     [[nodiscard]] static QImage buildSwatchImage(const QList<CapturedColor>& colors);
+    /// That picture as a file, or nothing where there is none.
+    [[nodiscard]] static std::optional<QByteArray> buildPNG(const QList<CapturedColor>& colors);
 
 private:
     static void savePanel(const QByteArray& data, const QString& suggestedName,

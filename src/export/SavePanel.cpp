@@ -12,6 +12,8 @@
 #include <QStandardPaths>
 #include <QWidget>
 
+#include <utility>
+
 namespace tintwick {
 
 namespace {
@@ -60,10 +62,10 @@ QPalette ownPalette(const QPalette& inherited)
 
 } // namespace
 
-SavePanel::SavePanel(const QByteArray& data, const QString& suggestedName, const ContentType& contentType)
-    : m_data(data)
-    , m_suggestedName(suggestedName)
-    , m_contentType(contentType)
+SavePanel::SavePanel(QByteArray data, QString suggestedName, ContentType contentType)
+    : m_data(std::move(data))
+    , m_suggestedName(std::move(suggestedName))
+    , m_contentType(std::move(contentType))
 {
     ++openPanels;
     // A window must not outlive the application.

@@ -19,7 +19,7 @@ class SavePanel final : public QObject
     Q_OBJECT
 
 public:
-    SavePanel(const QByteArray& data, const QString& suggestedName, const ContentType& contentType);
+    SavePanel(QByteArray data, QString suggestedName, ContentType contentType);
     ~SavePanel() override;
 
     void begin();

@@ -30,9 +30,10 @@ xcb_window_t TintwickProcess::trayIconWindow()
     DesktopConnection& connection = m_desktop.connection();
     const auto topLevel = connection.children(connection.root());
     for (const xcb_window_t window : connection.tree(connection.root())) {
-        const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end();
-        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window) &&
-            !isSettingsWindow(window)) {
+        // Window managers put our windows into frames of theirs, but mark them.
+        const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end() &&
+                                !connection.hasProperty(window, "WM_STATE");
+        if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window)) {
             return window;
         }
     }

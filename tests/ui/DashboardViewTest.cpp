@@ -72,6 +72,7 @@ private Q_SLOTS:
     void theSwatchMenuOffersPalettesOnceThereAreSome();
     void deletingFromTheMenuTakesTheColorAway();
     void theCardMenuDeletesTheCollection();
+    void aCardExportsTheMembersThatTheHistoryHolds();
     void blankNamesMakeNoPalette_data();
     void blankNamesMakeNoPalette();
     void aNewPaletteHasTheTrimmedName();
@@ -482,6 +483,29 @@ void DashboardViewTest::theCardMenuDeletesTheCollection()
     QVERIFY(panel.state.collections().isEmpty());
     QVERIFY(panel.dashboard().cards().isEmpty());
     QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
+}
+
+void DashboardViewTest::aCardExportsTheMembersThatTheHistoryHolds()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    const QUuid brand = panel.state.collections().first().id;
+    QList<CapturedColor> members;
+    for (const unsigned color : {0x111111U, 0x222222U, 0x333333U, 0x444444U, 0x555555U, 0x666666U}) {
+        members.append(panel.capture(color));
+        panel.state.addColor(members.last().id, brand);
+    }
+    panel.settle();
+    const CollectionRowCard& card = *panel.dashboard().cards().first();
+    QCOMPARE(card.exportColors(), members);
+
+    // One more than the history holds drops its oldest.
+    for (int i = 0; i < 95; ++i) {
+        panel.capture(0x777777);
+    }
+    panel.settle();
+    QCOMPARE(card.collection().colorIds.size(), 6);
+    QCOMPARE(card.exportColors(), members.sliced(1));
 }
 
 void DashboardViewTest::blankNamesMakeNoPalette_data()
