@@ -250,6 +250,7 @@ void ReorderList::lift()
     m_plate->raise();
     m_held->raise();
     m_lift.setTarget(1);
+    update();
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -258,7 +259,11 @@ void ReorderList::carry()
     const double top = carriedTop(mapFromGlobal(m_pointer).y() - m_grip, m_rowHeight, count());
     const qsizetype carried = positionOf(m_held);
     m_rows[static_cast<std::size_t>(carried)].top.jumpTo(top);
-    m_gap = gapUnder(top, m_rowHeight, count());
+    const qsizetype gap = gapUnder(top, m_rowHeight, count());
+    if (m_gap != gap) {
+        m_gap = gap;
+        update();
+    }
     sendRowsToTheirSlots();
 }
 
@@ -285,6 +290,7 @@ void ReorderList::putDown(Stage next)
     m_stage = next;
     m_held->unsetCursor();
     m_lift.setTarget(0);
+    update();
     sendRowsToTheirSlots();
 }
 
@@ -352,13 +358,15 @@ void ReorderList::placeRows()
     }
     if (m_lifted) {
         m_plate->follow(m_lifted->geometry());
-        m_plate->update();
+        if (m_lift.isMoving()) {
+            m_plate->update();
+        }
         if (!isCarrying() && !m_lift.isMoving()) {
             m_plate->hide();
             m_lifted = nullptr;
+            update();
         }
     }
-    update();
 }
 
 void ReorderList::keyPressEvent(QKeyEvent* event)
@@ -434,9 +442,9 @@ void ReorderList::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     for (const Row& row : m_rows) {
-        // A line lies above each row and goes with it, but for a lifted one, which leaves it where it will come down. There
-        // is none above the first place.
-        double top = row.top.position();
+        // A line goes with the upper edge of its row, but for a lifted one, which leaves it where it will come down. There is
+        // none above the first place.
+        double top = row.view->y();
         if (row.view == m_lifted) {
             top = isCarrying() ? static_cast<double>(m_gap) * m_rowHeight : row.top.target();
         }
