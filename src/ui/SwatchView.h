@@ -21,9 +21,9 @@ struct SwatchLook
 {
     struct Shadow
     {
-        double opacity;
-        double radius;
-        double drop;
+        double opacity = 0;
+        double radius = 0;
+        double drop = 0;
 
         friend bool operator==(const Shadow&, const Shadow&) = default;
     };
@@ -31,23 +31,23 @@ struct SwatchLook
     struct State
     {
         DS::Color border;
-        double borderWidth;
+        double borderWidth = 0;
         Shadow shadow;
         DS::Color label;
     };
 
-    int side;
+    int side = 0;
     /// On both sides of the square, for the label to reach into.
-    int sideRoom;
-    double cornerRadius;
-    int labelGap;
+    int sideRoom = 0;
+    double cornerRadius = 0;
+    int labelGap = 0;
     /// Whether a translucent colour lies on a checkerboard.
-    bool showsChecks;
+    bool showsChecks = false;
     State atRest;
     State hovered;
-    double hoverScale;
+    double hoverScale = 0;
     DS::Color hoverVeil;
-    int symbolSize;
+    int symbolSize = 0;
     DS::Color symbolShadow;
     /// Moves from 0 at rest to 1 under the pointer.
     Spring hover;

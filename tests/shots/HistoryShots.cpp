@@ -26,8 +26,8 @@ using namespace Qt::StringLiterals;
 /// What the panel leaves to a screen below its header and the rule.
 constexpr QSize screenSize(380, 529);
 
-/// The screen over the panel's ground. A menu that is open is drawn where it stands, as a window of its own does not
-/// come into the picture.
+/// The screen over the panel's ground. An open menu, which is a window of its own, is drawn into the picture, pulled inside
+/// it.
 class DemoHistory final : public QWidget
 {
 public:
@@ -54,9 +54,9 @@ public:
     /// Opens a menu and keeps a picture of it.
     void showOpen(QMenu* menu, QPoint at)
     {
-        m_picture = new Picture(this, menu);
-        m_picture->move(at);
-        m_picture->show();
+        auto* picture = new Picture(this, menu);
+        picture->move(std::min(at.x(), width() - picture->width()), at.y());
+        picture->show();
     }
 
 protected:
@@ -95,7 +95,6 @@ private:
 
     AppState m_appState;
     HistoryDetailView* m_view;
-    Picture* m_picture = nullptr;
 };
 
 QList<QColor> manyColors(int count)
