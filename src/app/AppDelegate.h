@@ -16,6 +16,8 @@
 #include <memory>
 #include <optional>
 
+class QWidget;
+
 namespace tintwick {
 
 class MainPanelView;
@@ -38,13 +40,15 @@ private:
     void prepareLater();
     void setupMenuBar();
     void setupMainPanel();
+    [[nodiscard]] QWidget* makeSettings(QWidget& panel);
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
+    void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
-    void showMainPanel(std::optional<QPoint> click = {});
+    void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
     /// The separate window; the settings themselves are in the panel.
     void openSettings();

@@ -1,5 +1,7 @@
+#include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/PanelShots.h"
+#include "shots/RecorderShots.h"
 #include "shots/SettingsShots.h"
 #include "ui/kit/Ticker.h"
 
@@ -28,6 +30,8 @@ int main(int argc, char** argv)
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
+    tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootRecorder(QDir(arguments.at(1)));
     tintwick::shootSettings(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }

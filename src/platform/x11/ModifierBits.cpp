@@ -11,6 +11,57 @@
 
 namespace tintwick {
 
+namespace {
+
+/// What the server's keymap says, in the words of the core protocol.
+struct Keymap
+{
+    explicit Keymap(const XcbConnection& connection)
+        : firstKey(xcb_get_setup(connection.get())->min_keycode)
+    {
+        auto* const c = connection.get();
+        const auto count = static_cast<std::uint8_t>(xcb_get_setup(c)->max_keycode - firstKey + 1);
+        const auto modifierCookie = xcb_get_modifier_mapping(c);
+        const auto keyboardCookie = xcb_get_keyboard_mapping(c, firstKey, count);
+        modifierMap.reset(xcb_get_modifier_mapping_reply(c, modifierCookie, nullptr));
+        keyboardMap.reset(xcb_get_keyboard_mapping_reply(c, keyboardCookie, nullptr));
+    }
+
+    [[nodiscard]] bool isComplete() const { return modifierMap && keyboardMap; }
+
+    /// As many for each of the eight modifiers; 0 fills the places that have no key.
+    [[nodiscard]] std::span<const xcb_keycode_t> modifierKeys() const
+    {
+        return {xcb_get_modifier_mapping_keycodes(modifierMap.get()),
+                static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(modifierMap.get()))};
+    }
+    [[nodiscard]] std::size_t keysPerModifier() const { return modifierMap->keycodes_per_modifier; }
+
+    [[nodiscard]] std::size_t keyCount() const
+    {
+        return static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(keyboardMap.get())) /
+               keyboardMap->keysyms_per_keycode;
+    }
+    [[nodiscard]] std::span<const xcb_keysym_t> symbolsOf(std::size_t keycode) const
+    {
+        const std::size_t perKey = keyboardMap->keysyms_per_keycode;
+        return {xcb_get_keyboard_mapping_keysyms(keyboardMap.get()) + (keycode - firstKey) * perKey, perKey};
+    }
+
+    xcb_keycode_t firstKey;
+    XcbReply<xcb_get_modifier_mapping_reply_t> modifierMap;
+    XcbReply<xcb_get_keyboard_mapping_reply_t> keyboardMap;
+};
+
+bool isModifierSymbol(xcb_keysym_t symbol)
+{
+    return (symbol >= XKB_KEY_Shift_L && symbol <= XKB_KEY_Hyper_R) ||
+           (symbol >= XKB_KEY_ISO_Lock && symbol <= XKB_KEY_ISO_Level5_Lock) ||
+           symbol == XKB_KEY_Mode_switch || symbol == XKB_KEY_Num_Lock || symbol == XKB_KEY_Scroll_Lock;
+}
+
+} // namespace
+
 std::uint16_t ModifierBits::locks() const
 {
     return static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | numLock | scrollLock);
@@ -34,38 +85,18 @@ std::optional<int> ModifierBits::carbonModifiers(std::uint32_t state) const
 
 std::optional<ModifierBits> readModifierBits(const XcbConnection& connection)
 {
-    auto* const c = connection.get();
-    const auto first = xcb_get_setup(c)->min_keycode;
-    const auto count = static_cast<std::uint8_t>(xcb_get_setup(c)->max_keycode - first + 1);
-    const auto modifierCookie = xcb_get_modifier_mapping(c);
-    const auto keyboardCookie = xcb_get_keyboard_mapping(c, first, count);
-    const XcbReply<xcb_get_modifier_mapping_reply_t> modifierMap(
-        xcb_get_modifier_mapping_reply(c, modifierCookie, nullptr));
-    const XcbReply<xcb_get_keyboard_mapping_reply_t> keyboardMap(
-        xcb_get_keyboard_mapping_reply(c, keyboardCookie, nullptr));
-    if (!modifierMap || !keyboardMap) {
+    const Keymap keymap(connection);
+    if (!keymap.isComplete()) {
         return std::nullopt;
     }
-
-    const std::span keycodes(
-        xcb_get_modifier_mapping_keycodes(modifierMap.get()),
-        static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(modifierMap.get())));
-    const std::span symbols(
-        xcb_get_keyboard_mapping_keysyms(keyboardMap.get()),
-        static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(keyboardMap.get())));
-    const std::size_t keysPerModifier = modifierMap->keycodes_per_modifier;
-    const std::size_t symbolsPerKey = keyboardMap->keysyms_per_keycode;
-
     // The first bit whose keys carry one of the two symbols.
-    const auto bitOf = [&](xcb_keysym_t left, xcb_keysym_t right) -> std::uint16_t {
-        for (std::size_t i = 0; i < keycodes.size(); ++i) {
-            if (keycodes[i] < first) {
-                continue;
-            }
-            const auto ofKey =
-                symbols.subspan((keycodes[i] - std::size_t{first}) * symbolsPerKey, symbolsPerKey);
-            if (std::ranges::any_of(ofKey, [&](auto symbol) { return symbol == left || symbol == right; })) {
-                return static_cast<std::uint16_t>(1U << (i / keysPerModifier));
+    const auto bitOf = [&keymap](xcb_keysym_t left, xcb_keysym_t right) -> std::uint16_t {
+        const auto keys = keymap.modifierKeys();
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            if (keys[i] >= keymap.firstKey &&
+                std::ranges::any_of(keymap.symbolsOf(keys[i]),
+                                    [&](auto symbol) { return symbol == left || symbol == right; })) {
+                return static_cast<std::uint16_t>(1U << (i / keymap.keysPerModifier()));
             }
         }
         return 0;
@@ -80,16 +111,20 @@ std::optional<ModifierBits> readModifierBits(const XcbConnection& connection)
 
 std::bitset<256> readModifierKeys(const XcbConnection& connection)
 {
-    auto* const c = connection.get();
-    const XcbReply<xcb_get_modifier_mapping_reply_t> mapping(
-        xcb_get_modifier_mapping_reply(c, xcb_get_modifier_mapping(c), nullptr));
     std::bitset<256> keys;
-    if (mapping) {
-        const auto* const first = xcb_get_modifier_mapping_keycodes(mapping.get());
-        std::for_each(first, first + xcb_get_modifier_mapping_keycodes_length(mapping.get()),
-                      [&keys](xcb_keycode_t keycode) { keys.set(keycode); });
-        // Fills the places that have no key.
-        keys.reset(0);
+    const Keymap keymap(connection);
+    if (!keymap.isComplete()) {
+        return keys;
+    }
+    for (const auto keycode : keymap.modifierKeys()) {
+        keys.set(keycode);
+    }
+    keys.reset(0);
+    // What shifts to the third level and beyond has no place among the eight modifiers.
+    for (std::size_t keycode = keymap.firstKey; keycode < keymap.firstKey + keymap.keyCount(); ++keycode) {
+        if (isModifierSymbol(keymap.symbolsOf(keycode).front())) {
+            keys.set(keycode);
+        }
     }
     return keys;
 }

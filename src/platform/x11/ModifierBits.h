@@ -32,7 +32,8 @@ struct ModifierBits
 /// Those of the current keymap; none when the server does not answer.
 [[nodiscard]] std::optional<ModifierBits> readModifierBits(const XcbConnection& connection);
 
-/// The keys that are a modifier or a lock in the current keymap, by X keycode.
+/// The keys that are a modifier or a lock in the current keymap, those included that choose a level or a group of it, by
+/// X keycode.
 [[nodiscard]] std::bitset<256> readModifierKeys(const XcbConnection& connection);
 
 } // namespace tintwick

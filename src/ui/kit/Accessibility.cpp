@@ -90,6 +90,9 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     if (className == "tintwick::SymbolView"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Graphic);
     }
+    if (className == "tintwick::ReorderList"_L1) {
+        return new QAccessibleWidget(widget, QAccessible::List);
+    }
     if (className == "tintwick::Rule"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Separator);
     }

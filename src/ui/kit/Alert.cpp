@@ -37,12 +37,11 @@ QString wrapped(const QString& text, const QFont& font)
 
 Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered)
 {
-    auto* form = column(gap(8), padding(sheetPadding), fixedWidth(sheetWidth));
     const QFont messageFont = DS::font(14, QFont::DemiBold);
-    form->add(label(wrapped(alert.message, messageFont), messageFont));
+    auto* texts = column(gap(8), label(wrapped(alert.message, messageFont), messageFont));
     if (!alert.informativeText.isEmpty()) {
         const QFont font = DS::font(12);
-        form->add(label(wrapped(alert.informativeText, font), font, DS::textSecond));
+        texts->add(label(wrapped(alert.informativeText, font), font, DS::textSecond));
     }
 
     struct Answer
@@ -64,9 +63,7 @@ Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int butto
         }
         buttons->add(first);
     }
-    form->add(gap(16));
-    form->add(buttons);
-
+    auto* form = column(gap(20), padding(sheetPadding), fixedWidth(sheetWidth), texts, buttons);
     auto* sheet = new Sheet(host, alert.message, form, [answer] { answer->sheet->dismiss(); });
     answer->sheet = sheet;
     first->setFocus(Qt::OtherFocusReason);

@@ -115,7 +115,7 @@ MenuEntry menuSeparator()
     return {MenuEntry::Kind::Separator, {}, {}, {}, {}, false};
 }
 
-QMenu* contextMenu(QWidget& owner, const QList<MenuEntry>& entries)
+QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
 {
     auto* menu = new QMenu(&owner);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -126,14 +126,14 @@ QMenu* contextMenu(QWidget& owner, const QList<MenuEntry>& entries)
 
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries)
 {
-    QMenu* menu = contextMenu(owner, entries);
+    QMenu* menu = makeMenu(owner, entries);
     menu->popup(globalPosition);
     return menu;
 }
 
 QMenu* dropDownMenu(QWidget& owner, const QList<MenuEntry>& entries)
 {
-    QMenu* menu = contextMenu(owner, entries);
+    QMenu* menu = makeMenu(owner, entries);
     const QRect button(owner.mapToGlobal(QPoint(0, 0)), owner.size());
     const int height = menu->sizeHint().height();
     const int below = button.bottom() + 1 + dropDownGap;

@@ -36,7 +36,7 @@ struct MenuEntry
 [[nodiscard]] MenuEntry menuSeparator();
 
 /// A menu in the appearance of `owner`, which is yet to be opened and deletes itself when it closes.
-[[nodiscard]] QMenu* contextMenu(QWidget& owner, const QList<MenuEntry>& entries);
+[[nodiscard]] QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries);
 /// Opens a menu in the appearance of `owner` at a global position. It returns at once; the menu deletes itself.
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries);
 /// The same below `owner`, or above it where the screen has no room below.

@@ -80,7 +80,7 @@ QList<MenuEntry> PopUpPicker::choices()
 
 QMenu* PopUpPicker::openMenu(const QList<MenuEntry>& entries)
 {
-    QMenu* menu = contextMenu(*this, entries);
+    QMenu* menu = makeMenu(*this, entries);
     // The chosen title lies over itself, and the menu ends where the control does or beyond.
     const int left = titlePadding - KitStyle::checkedTitleInset;
     menu->setMinimumWidth(width() - left);

@@ -26,8 +26,6 @@ constexpr double inset = 2;
 constexpr double thumbRadius = trackRadius - inset;
 constexpr int titlePadding = 8;
 constexpr double linePadding = 5;
-constexpr double hoverTint = 0.05;
-constexpr double pressTint = 0.10;
 constexpr double thumbResponse = 0.28;
 constexpr double thumbDamping = 0.9;
 constexpr Shadow thumbShadow{DS::black.opacity(0.16), 3, QPointF(0, 1)};
@@ -54,6 +52,7 @@ public:
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return thumbRadius; }
+    [[nodiscard]] bool tintsHover() const override { return !isChecked(); }
 
     void paintEvent(QPaintEvent*) override
     {
@@ -63,19 +62,6 @@ protected:
         painter.setPen((isChecked() ? DS::textPrimary : DS::textSecond).in(scheme));
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_title);
         paintAnswer(painter);
-    }
-
-    void paintAnswer(QPainter& painter) const override
-    {
-        const Scheme scheme = Appearance::of(this);
-        // What is selected already does not answer.
-        if (!isChecked() && (isDown() || isHovered())) {
-            fillRounded(painter, rect(), thumbRadius,
-                        DS::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
-        }
-        if (showsFocusRing()) {
-            drawFocusRing(painter, rect(), thumbRadius, scheme);
-        }
     }
 
 private:
@@ -115,7 +101,7 @@ void SegmentedPicker::setSelected(std::optional<qsizetype> position)
     const bool slides = m_selected && position;
     m_selected = position;
     if (slides) {
-        m_thumb.jumpTo(static_cast<double>(*position));
+        m_thumb.setTarget(static_cast<double>(*position));
         m_animator.start();
     } else if (position) {
         m_thumb.jumpTo(static_cast<double>(*position));

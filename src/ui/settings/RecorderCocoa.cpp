@@ -35,7 +35,7 @@ using namespace Qt::StringLiterals;
 constexpr int fieldHeight = 24;
 constexpr double cornerRadius = 7;
 constexpr double borderOpacity = 0.6;
-constexpr double recordingTint = 0.1;
+constexpr double recordingTint = 0.2;
 constexpr double recordingRing = 2;
 constexpr int clearButtonSide = 14;
 constexpr int clearButtonMargin = (fieldHeight - clearButtonSide) / 2;
@@ -367,7 +367,9 @@ void RecorderCocoa::paintEvent(QPaintEvent*)
         }
     }
     painter.setFont(fieldFont());
-    painter.setPen((m_text.isEmpty() ? DS::textSecond : DS::textPrimary).in(scheme));
+    // While a new one is awaited, the shortcut steps back.
+    const bool isCurrent = !m_text.isEmpty() && !isRecording();
+    painter.setPen((isCurrent ? DS::textPrimary : DS::textSecond).in(scheme));
     painter.drawText(rect(), Qt::AlignCenter, m_text.isEmpty() ? placeholder() : m_text);
 }
 

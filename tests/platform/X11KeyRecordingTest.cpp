@@ -1,0 +1,474 @@
+#include "platform/x11/X11KeyRecording.h"
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "support/HandOnKeyboard.h"
+#include "support/PrivateDesktopMain.h"
+#include "support/TestWindow.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QProcess>
+#include <QTest>
+#include <QWidget>
+
+#include <xcb/xinput.h>
+
+#include <cstdio>
+
+namespace tintwick::test {
+
+namespace {
+
+constexpr int command = 0x100, shift = 0x200, option = 0x800, control = 0x1000;
+constexpr int keyC = 8;
+constexpr std::uint16_t mod1 = 0x08, shiftBit = 0x01;
+constexpr auto holdArgument = "hold-the-keyboard";
+
+/// Remembers the keys that come, each as "<key code>+<modifiers>", with "again" for a repetition.
+struct Recorder final : KeyRecording::Listener
+{
+    QStringList keys;
+    bool isLost = false;
+    std::function<void()> onKey;
+
+    void keyPressed(const KeyPress& press) override
+    {
+        keys << QStringLiteral("%1+%2").arg(press.keyCode).arg(press.modifiers) +
+                    QLatin1StringView(press.isRepeat ? " again" : "");
+        if (onKey) {
+            onKey();
+        }
+    }
+    void recordingLost() override { isLost = true; }
+};
+
+/// One program that records and has hot keys, as the server sees it.
+struct Program
+{
+    std::unique_ptr<XcbConnection> connection = XcbConnection::open();
+    X11HotKeyRegistrar registrar{*connection};
+    X11KeyRecording recording{*connection};
+    Recorder recorder;
+    QStringList hotKeys;
+
+    Program()
+    {
+        registrar.setHotKeyHandler([this](std::uint32_t /*id*/, KeyDirection direction) {
+            hotKeys << QString::fromLatin1(direction == KeyDirection::Press ? "down" : "up");
+        });
+    }
+    [[nodiscard]] bool begin() { return recording.begin(recorder) == KeyRecording::Outcome::Started; }
+    void end() { recording.end(recorder); }
+};
+
+enum class GrabKind { Core, InputExtension };
+
+/// Another program that holds Alt + Shift + C.
+class Holder final
+{
+public:
+    explicit Holder(GrabKind kind)
+    {
+        auto* const c = m_connection.get();
+        if (kind == GrabKind::Core) {
+            xcb_grab_key(c, 0, m_connection.root(), mod1 | shiftBit, KEY_C + 8, XCB_GRAB_MODE_ASYNC,
+                         XCB_GRAB_MODE_ASYNC);
+        } else {
+            const std::uint32_t events = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS;
+            const std::uint32_t modifiers = mod1 | shiftBit;
+            xcb_discard_reply(c, xcb_input_xi_query_version(c, 2, 2).sequence);
+            const auto request = xcb_input_xi_passive_grab_device(
+                c, XCB_CURRENT_TIME, m_connection.root(), XCB_CURSOR_NONE, KEY_C + 8,
+                XCB_INPUT_DEVICE_ALL_MASTER, 1, 1, XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC,
+                XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER, &events, &modifiers);
+            xcb_discard_reply(c, request.sequence);
+        }
+        m_connection.sync();
+    }
+
+    /// How often it got the key until now.
+    [[nodiscard]] int presses()
+    {
+        m_connection.sync();
+        while (const ServerReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+            const auto type = event->response_type;
+            m_presses += type == XCB_KEY_PRESS || type == XCB_GE_GENERIC ? 1 : 0;
+        }
+        return m_presses;
+    }
+
+private:
+    DesktopConnection m_connection{qgetenv("DISPLAY")};
+    int m_presses = 0;
+};
+
+/// Counts the focus events that the server sends to the toolkit, whether it gets them or not.
+class FocusEvents final : public QAbstractNativeEventFilter
+{
+public:
+    FocusEvents() { QCoreApplication::instance()->installNativeEventFilter(this); }
+
+    int out = 0;
+    int in = 0;
+
+private:
+    bool nativeEventFilter(const QByteArray& /*eventType*/, void* message, qintptr* /*result*/) override
+    {
+        const auto type = static_cast<const xcb_generic_event_t*>(message)->response_type;
+        out += type == XCB_FOCUS_OUT ? 1 : 0;
+        in += type == XCB_FOCUS_IN ? 1 : 0;
+        return false;
+    }
+};
+
+void run(const char* program, const QStringList& arguments)
+{
+    QCOMPARE(QProcess::execute(QString::fromLatin1(program), arguments), 0);
+}
+
+const QList<int> altShiftC{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
+
+void press(HandOnKeyboard& hand, const QList<int>& keys)
+{
+    for (const int key : keys) {
+        hand.press(key);
+    }
+}
+void release(HandOnKeyboard& hand, const QList<int>& keys)
+{
+    for (const int key : keys) {
+        hand.release(key);
+    }
+}
+
+} // namespace
+
+class X11KeyRecordingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        // A held key repeats soon and often, so that no test has to wait for it.
+        run("xset",
+            {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("100")});
+    }
+    void cleanup() { run("setxkbmap", {QStringLiteral("us"), QStringLiteral("-option"), QString()}); }
+
+    void aKeyComesByItsPositionWithWhatIsHeld_data()
+    {
+        QTest::addColumn<QStringList>("keymap");
+        QTest::addColumn<QList<int>>("keys");
+        QTest::addColumn<QString>("reported");
+
+        const QStringList us{QStringLiteral("us")};
+        QTest::newRow("C") << us << QList<int>{KEY_C} << "8+0";
+        QTest::newRow("Shift C") << us << QList<int>{KEY_RIGHTSHIFT, KEY_C} << "8+512";
+        QTest::newRow("Control C") << us << QList<int>{KEY_RIGHTCTRL, KEY_C} << "8+4096";
+        QTest::newRow("Alt C") << us << QList<int>{KEY_LEFTALT, KEY_C} << "8+2048";
+        QTest::newRow("Super C") << us << QList<int>{KEY_LEFTMETA, KEY_C} << "8+256";
+        QTest::newRow("right Super C") << us << QList<int>{KEY_RIGHTMETA, KEY_C} << "8+256";
+        QTest::newRow("all of them and F5")
+            << us << QList<int>{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTCTRL, KEY_F5} << "96+6912";
+        QTest::newRow("5 on the keypad") << us << QList<int>{KEY_LEFTALT, KEY_KP5} << "87+2048";
+        QTest::newRow("a key without a number") << us << QList<int>{KEY_LEFTALT, KEY_102ND} << "-1+2048";
+        QTest::newRow("a modifier that no shortcut can have")
+            << QStringList{QStringLiteral("de")} << QList<int>{KEY_RIGHTALT, KEY_LEFTSHIFT, KEY_C} << "-1+0";
+        QTest::newRow("another layout")
+            << QStringList{QStringLiteral("fr")} << QList<int>{KEY_LEFTALT, KEY_Q} << "12+2048";
+        const QStringList swapped{QStringLiteral("us"), QStringLiteral("-option"),
+                                  QStringLiteral("altwin:swap_alt_win")};
+        QTest::newRow("Alt where Super was") << swapped << QList<int>{KEY_LEFTMETA, KEY_C} << "8+2048";
+        QTest::newRow("Super where Alt was") << swapped << QList<int>{KEY_LEFTALT, KEY_C} << "8+256";
+        QTest::newRow("Control where Caps Lock was")
+            << QStringList{QStringLiteral("us"), QStringLiteral("-option"), QStringLiteral("ctrl:nocaps")}
+            << QList<int>{KEY_CAPSLOCK, KEY_C} << "8+4096";
+    }
+    void aKeyComesByItsPositionWithWhatIsHeld()
+    {
+        QFETCH(const QStringList, keymap);
+        QFETCH(const QList<int>, keys);
+        QFETCH(const QString, reported);
+        run("setxkbmap", keymap);
+        Program program;
+        HandOnKeyboard hand;
+        QVERIFY(program.begin());
+        press(hand, keys);
+        release(hand, keys);
+        hand.tap(KEY_F12);
+        QTRY_VERIFY(program.recorder.keys.contains(QStringLiteral("111+0")));
+        QCOMPARE(program.recorder.keys, (QStringList{reported, QStringLiteral("111+0")}));
+    }
+
+    void locksDoNotCount()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        hand.tap(KEY_CAPSLOCK);
+        hand.tap(KEY_NUMLOCK);
+        QVERIFY(program.begin());
+        hand.chord({KEY_LEFTALT, KEY_C});
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2048")});
+        hand.tap(KEY_CAPSLOCK);
+        hand.tap(KEY_NUMLOCK);
+        hand.chord({KEY_LEFTALT, KEY_C});
+        QTRY_COMPARE(program.recorder.keys,
+                     (QStringList{QStringLiteral("8+2048"), QStringLiteral("8+2048")}));
+    }
+
+    void whatAnotherProgramHoldsIsHeardAndIsItsOwnAgainAfterwards_data()
+    {
+        QTest::addColumn<GrabKind>("kind");
+        QTest::newRow("core") << GrabKind::Core;
+        QTest::newRow("input extension") << GrabKind::InputExtension;
+    }
+    void whatAnotherProgramHoldsIsHeardAndIsItsOwnAgainAfterwards()
+    {
+        QFETCH(const GrabKind, kind);
+        Holder holder(kind);
+        Program program;
+        HandOnKeyboard hand;
+        QVERIFY(program.begin());
+        press(hand, altShiftC);
+        release(hand, altShiftC);
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2560")});
+        QCOMPARE(holder.presses(), 0);
+
+        program.end();
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        press(hand, altShiftC);
+        release(hand, altShiftC);
+        QTRY_COMPARE(holder.presses(), 1);
+        QCOMPARE(program.recorder.keys.size(), 1);
+    }
+
+    void aShortcutOfTheWindowManagerDoesNothingUntilAfterwards()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        auto& server = hand.connection();
+        const auto showsDesktop = [&server] {
+            return server.property(server.root(), "_NET_SHOWING_DESKTOP").startsWith('\1');
+        };
+        // Openbox: Super + D shows the desktop. It takes its keys anew after each change of the keymap.
+        QTRY_VERIFY(program.registrar.isTaken(2, command));
+        QVERIFY(program.begin());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("2+256")});
+        QVERIFY(!showsDesktop());
+        program.end();
+        QTRY_VERIFY(server.inputIsFree());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(showsDesktop());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(!showsDesktop());
+    }
+
+    void theWindowInFrontGetsNothingUntilAfterwards()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        terminal.show();
+        terminal.focus();
+        QVERIFY(program.begin());
+        hand.tap(KEY_A);
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("0+0")});
+        QVERIFY(terminal.events().empty());
+        program.end();
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        hand.tap(KEY_B);
+        QTRY_COMPARE(terminal.events().size(), std::size_t{2});
+        QCOMPARE(int(terminal.events().front().detail), KEY_B + 8);
+    }
+
+    void ourOwnHotKeysAreSilentMeanwhile()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QVERIFY(program.registrar.registerHotKey(keyC, option | shift, 1).handle);
+        QVERIFY(program.begin());
+        press(hand, altShiftC);
+        release(hand, altShiftC);
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2560")});
+        QCOMPARE(program.hotKeys, QStringList());
+        program.end();
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        press(hand, altShiftC);
+        release(hand, altShiftC);
+        QTRY_COMPARE(program.hotKeys, (QStringList{QStringLiteral("down"), QStringLiteral("up")}));
+    }
+
+    void theKeyThatEndsItIsSwallowedToItsEnd_data()
+    {
+        QTest::addColumn<QList<int>>("releases");
+        QTest::newRow("key first") << QList<int>{KEY_C, KEY_LEFTSHIFT, KEY_LEFTALT};
+        QTest::newRow("modifiers first") << QList<int>{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
+    }
+    void theKeyThatEndsItIsSwallowedToItsEnd()
+    {
+        QFETCH(const QList<int>, releases);
+        Program program;
+        HandOnKeyboard hand;
+        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        terminal.show();
+        terminal.focus();
+        QVERIFY(program.begin());
+        // As a recorder does that accepts the combination.
+        program.recorder.onKey = [&program] {
+            QVERIFY(program.registrar.registerHotKey(keyC, option | shift, 1).handle);
+            program.end();
+        };
+        press(hand, altShiftC);
+        QTRY_COMPARE(program.recorder.keys.size(), 1);
+        QVERIFY(!hand.connection().inputIsFree());
+        release(hand, releases);
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        QVERIFY(terminal.events().empty());
+        QCOMPARE(program.hotKeys, QStringList());
+    }
+
+    void aHeldKeyRepeatsItselfAndNobodyGetsItsRepetitions()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        terminal.show();
+        terminal.focus();
+        QVERIFY(program.begin());
+        hand.press(KEY_F5);
+        QTRY_VERIFY(program.recorder.keys.size() > 5);
+        QCOMPARE(program.recorder.keys.first(), QStringLiteral("96+0"));
+        QCOMPARE(program.recorder.keys.count(QStringLiteral("96+0")), 1);
+        QCOMPARE(program.recorder.keys.count(QStringLiteral("96+0 again")), program.recorder.keys.size() - 1);
+        program.end();
+        const auto heard = program.recorder.keys.size();
+        QVERIFY(!hand.connection().inputIsFree());
+        hand.release(KEY_F5);
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        QVERIFY(terminal.events().empty());
+        QCOMPARE(program.recorder.keys.size(), heard);
+    }
+
+    void itCanBeginAgainWhileAKeyOfTheLastOneIsDown()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QVERIFY(program.begin());
+        hand.press(KEY_A);
+        QTRY_COMPARE(program.recorder.keys.size(), 1);
+        program.end();
+        QVERIFY(program.begin());
+        hand.release(KEY_A);
+        hand.tap(KEY_F6);
+        QTRY_VERIFY(program.recorder.keys.contains(QStringLiteral("97+0")));
+        program.end();
+        QTRY_VERIFY(hand.connection().inputIsFree());
+    }
+
+    void onlyOneListenerIsHeard()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        Recorder second;
+        QVERIFY(program.begin());
+        QCOMPARE(program.recording.begin(second), KeyRecording::Outcome::Started);
+        QVERIFY(program.recorder.isLost);
+        program.end();
+        hand.tap(KEY_C);
+        QTRY_COMPARE(second.keys, QStringList{QStringLiteral("8+0")});
+        QCOMPARE(program.recorder.keys, QStringList());
+        program.recording.end(second);
+        QTRY_VERIFY(hand.connection().inputIsFree());
+        QVERIFY(!second.isLost);
+    }
+
+    void itIsRefusedWhileAnotherProgramHoldsTheKeyboard()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QVERIFY(hand.connection().grabKeyboard());
+        QCOMPARE(program.recording.begin(program.recorder), KeyRecording::Outcome::Refused);
+        program.end();
+        hand.connection().ungrabAll();
+        QVERIFY(hand.connection().inputIsFree());
+        QVERIFY(program.begin());
+        QVERIFY(!hand.connection().inputIsFree());
+    }
+
+    void theKeyboardIsGivenBackWithTheProgram()
+    {
+        HandOnKeyboard hand;
+        {
+            Program program;
+            QVERIFY(program.begin());
+            QVERIFY(!hand.connection().inputIsFree());
+        }
+        QTRY_VERIFY(hand.connection().inputIsFree());
+    }
+
+    void theKeyboardIsGivenBackWhenTheProcessIsKilled()
+    {
+        HandOnKeyboard hand;
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(holdArgument)});
+        QVERIFY(process.waitForReadyRead());
+        QCOMPARE(process.readLine(), QByteArray("holding\n"));
+        QVERIFY(!hand.connection().inputIsFree());
+        hand.press(KEY_A);
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QTRY_VERIFY(hand.connection().inputIsFree());
+    }
+
+    void ourWindowStaysTheActiveOne()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QWidget window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(program.begin());
+        const FocusEvents focus;
+        QTRY_VERIFY(focus.out > 0);
+        // The toolkit would wait a moment for another window of its own to get the focus; a held key outlasts that.
+        constexpr int repeats = 50;
+        hand.press(KEY_A);
+        QTRY_VERIFY(program.recorder.keys.size() > repeats);
+        QCOMPARE(QApplication::activeWindow(), &window);
+        hand.release(KEY_A);
+        program.end();
+        QTRY_VERIFY(focus.in > 0);
+        QCOMPARE(QApplication::activeWindow(), &window);
+    }
+
+    void anotherWindowMayStillTakeTheFocus()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QWidget window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        TestWindow terminal(hand.connection(), {});
+        terminal.show();
+        QVERIFY(program.begin());
+        terminal.focus();
+        QTRY_COMPARE(QApplication::activeWindow(), nullptr);
+    }
+};
+
+} // namespace tintwick::test
+
+int main(int argc, char** argv)
+{
+    using namespace tintwick;
+    if (argc > 1 && qstrcmp(argv[1], test::holdArgument) == 0) {
+        const QApplication application(argc, argv);
+        test::Program program;
+        std::puts(program.begin() ? "holding" : "refused");
+        std::fflush(stdout);
+        return QApplication::exec();
+    }
+    return runOnPrivateDesktop<test::X11KeyRecordingTest>(argc, argv, {.tray = false});
+}
+
+#include "X11KeyRecordingTest.moc"

@@ -1,0 +1,100 @@
+#include "shots/RecorderShots.h"
+
+#include "shortcuts/Registry.h"
+#include "shortcuts/ShortcutNames.h"
+#include "shots/Shooting.h"
+#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedKeyRecording.h"
+#include "support/ScriptedKeyboardLayout.h"
+#include "ui/DS.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/View.h"
+#include "ui/settings/RecorderCocoa.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace tintwick {
+
+namespace {
+
+using namespace KeyboardShortcuts;
+using namespace Qt::StringLiterals;
+
+constexpr int keyC = 8, keyD = 2, keyQ = 12;
+
+/// A panel with the two rows of the settings that have a recorder, on a desktop that holds ⌘D.
+class DemoRecorders final : public View
+{
+public:
+    DemoRecorders()
+    {
+        m_layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
+        m_registrar.refused = {{{keyD, modifier::command}, HotKeyRegistrar::statusTaken}};
+        m_registry.declare(shortcutnames::activatePicker());
+        const auto recorderFor = [this](const Name& name, const QString& title) {
+            return new RecorderCocoa(
+                {m_registry, m_keys, m_layout,
+                 [] {
+                     return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, eventflag::control}};
+                 }},
+                name, title, *this);
+        };
+        m_recorder = recorderFor(shortcutnames::activatePicker(), u"Activate Picker"_s);
+        m_empty = recorderFor(shortcutnames::openMainWindow(), u"Open Main Window"_s);
+        setContent(column(gap(12), padding(16), fixedSize(380, 260), Across::Leading,
+                          ground(DS::bg, DS::panelRadius), label(u"Keyboard Shortcuts"_s, DS::headline()),
+                          settingsRow(u"Activate Picker"_s, m_recorder),
+                          settingsRow(u"Open Main Window"_s, m_empty), spacer()));
+    }
+
+    [[nodiscard]] RecorderCocoa& recorder() const { return *m_recorder; }
+    [[nodiscard]] RecorderCocoa& empty() const { return *m_empty; }
+    void press(int keyCode, int modifiers) { m_keys.press(keyCode, modifiers); }
+
+private:
+    [[nodiscard]] static Stack* settingsRow(const QString& title, QWidget* control)
+    {
+        return row(fillWidth(), row(fixedWidth(150), Across::Leading, label(title, DS::font(13)), spacer()),
+                   control, spacer());
+    }
+
+    QTemporaryDir m_folder;
+    QSettings m_settings{m_folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    test::ScriptedHotKeyRegistrar m_registrar;
+    test::ScriptedKeyboardLayout m_layout;
+    test::ScriptedKeyRecording m_keys;
+    Registry m_registry{m_registrar, m_layout, m_settings};
+    RecorderCocoa* m_recorder = nullptr;
+    RecorderCocoa* m_empty = nullptr;
+};
+
+} // namespace
+
+void shootRecorder(const QDir& folder)
+{
+    const auto shootState = [&](const QString& name, const std::function<void(DemoRecorders&)>& arrange) {
+        shoot(
+            folder, u"recorder-"_s + name, [] { return std::make_unique<DemoRecorders>(); },
+            [&](QWidget& widget) {
+                widget.activateWindow();
+                widget.setFocus();
+                arrange(static_cast<DemoRecorders&>(widget));
+            });
+    };
+    shootState(u"idle"_s, [](DemoRecorders&) {});
+    shootState(u"focus"_s, [](DemoRecorders& demo) { demo.recorder().setFocus(Qt::TabFocusReason); });
+    shootState(u"recording"_s, [](DemoRecorders& demo) { demo.recorder().startRecording(); });
+    shootState(u"recording-empty"_s, [](DemoRecorders& demo) { demo.empty().startRecording(); });
+    shootState(u"alert-menu"_s, [](DemoRecorders& demo) {
+        demo.recorder().startRecording();
+        demo.press(keyQ, modifier::control);
+    });
+    shootState(u"alert-system"_s, [](DemoRecorders& demo) {
+        demo.recorder().startRecording();
+        demo.press(keyD, modifier::command);
+    });
+}
+
+} // namespace tintwick

@@ -1,0 +1,332 @@
+#include "platform/x11/X11HotKeyRegistrar.h"
+#include "platform/x11/X11KeyRecording.h"
+#include "platform/x11/X11KeyboardLayout.h"
+#include "shortcuts/Registry.h"
+#include "shortcuts/ShortcutNames.h"
+#include "support/HandOnKeyboard.h"
+#include "support/PrivateDesktopMain.h"
+#include "support/TestWindow.h"
+#include "ui/kit/Sheet.h"
+#include "ui/settings/RecorderCocoa.h"
+
+#include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <xcb/xtest.h>
+
+// The header names a member "explicit".
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace tintwick::test {
+
+using namespace KeyboardShortcuts;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int command = 0x100, shift = 0x200, option = 0x800;
+constexpr int keyB = 11, keyC = 8, keyD = 2;
+constexpr std::uint8_t keycodeOffset = 8;
+
+/// Hears the bell of the desktop.
+class Bell final
+{
+public:
+    Bell()
+    {
+        auto* const c = m_connection.get();
+        const auto* const extension = xcb_get_extension_data(c, &xcb_xkb_id);
+        m_xkbEvent = extension->first_event;
+        const ServerReply<xcb_xkb_use_extension_reply_t> xkb(
+            xcb_xkb_use_extension_reply(c, xcb_xkb_use_extension(c, 1, 0), nullptr));
+        constexpr std::uint16_t bell = XCB_XKB_EVENT_TYPE_BELL_NOTIFY;
+        xcb_xkb_select_events_aux(c, XCB_XKB_ID_USE_CORE_KBD, bell, 0, bell, 0, 0, nullptr);
+        m_connection.sync();
+    }
+    /// How often it rang until now.
+    [[nodiscard]] int count()
+    {
+        m_connection.sync();
+        while (const ServerReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+            m_count += event->response_type == m_xkbEvent && event->pad0 == XCB_XKB_BELL_NOTIFY ? 1 : 0;
+        }
+        return m_count;
+    }
+
+private:
+    DesktopConnection m_connection{qgetenv("DISPLAY")};
+    std::uint8_t m_xkbEvent = 0;
+    int m_count = 0;
+};
+
+/// A recorder in a window as the main panel is one, in a program with one shortcut, under the user's hands.
+struct Scene
+{
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    std::unique_ptr<XcbConnection> connection = XcbConnection::open();
+    X11HotKeyRegistrar registrar{*connection};
+    X11KeyboardLayout layout{*connection};
+    X11KeyRecording keys{*connection};
+    Registry registry{registrar, layout, settings};
+    HandOnKeyboard hand;
+    Bell bell;
+    int picks = 0;
+
+    QWidget panel{nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint};
+    RecorderCocoa* recorder = nullptr;
+
+    Scene()
+    {
+        registry.declare(shortcutnames::activatePicker());
+        registry.onKeyUp(shortcutnames::activatePicker(), [this] { ++picks; });
+        panel.setFixedSize(380, 580);
+        recorder = new RecorderCocoa({registry, keys, layout,
+                                      [] {
+                                          return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, 0x40000}};
+                                      }},
+                                     shortcutnames::activatePicker(), u"Activate Picker"_s, panel);
+        recorder->setParent(&panel);
+        recorder->move(100, 40);
+        panel.setFocus();
+        panel.move(200, 100);
+        panel.show();
+        panel.activateWindow();
+        [&] { QVERIFY(QTest::qWaitForWindowActive(&panel)); }();
+    }
+
+    void click(QPoint place)
+    {
+        auto* const c = hand.connection().get();
+        const auto fake = [&](std::uint8_t type, std::uint8_t detail) {
+            xcb_test_fake_input(c, type, detail, XCB_CURRENT_TIME, hand.connection().root(),
+                                static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
+                                0);
+        };
+        fake(XCB_MOTION_NOTIFY, 0);
+        fake(XCB_BUTTON_PRESS, 1);
+        fake(XCB_BUTTON_RELEASE, 1);
+        hand.connection().sync();
+    }
+    [[nodiscard]] bool startByClick()
+    {
+        click(recorder->mapToGlobal(QPoint(20, 12)));
+        return QTest::qWaitFor([this] { return recorder->isRecording(); });
+    }
+
+    [[nodiscard]] std::optional<Shortcut> stored() const
+    {
+        return registry.getShortcut(shortcutnames::activatePicker());
+    }
+    [[nodiscard]] bool keyboardIsFree() { return hand.connection().inputIsFree(); }
+    [[nodiscard]] Sheet* alert() const { return Sheet::of(panel); }
+};
+
+const Shortcut optionShiftC{keyC, option | shift};
+
+} // namespace
+
+/// The recorder under real keys and a window manager.
+class RecorderOnDesktopTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"us"_s}), 0); }
+
+    void aSuperCombinationIsRecordedAndWorksAtOnce()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        QVERIFY(!scene.keyboardIsFree());
+        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        QTRY_COMPARE(scene.stored(), (Shortcut{keyB, command}));
+        QCOMPARE(scene.recorder->text(), u"⌘B"_s);
+        QVERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        QCOMPARE(scene.picks, 0);
+
+        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        QTRY_COMPARE(scene.picks, 1);
+        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        QTRY_COMPARE(scene.picks, 2);
+    }
+
+    void theCurrentShortcutIsRecordedAndDoesNotPick()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.picks, 0);
+        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(scene.picks, 1);
+    }
+
+    void aRefusedKeyRingsTheBell()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        QCOMPARE(scene.bell.count(), 0);
+        scene.hand.tap(KEY_C);
+        QTRY_COMPARE(scene.bell.count(), 1);
+        scene.hand.chord({KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(scene.bell.count(), 2);
+        QVERIFY(scene.recorder->isRecording());
+        QCOMPARE(scene.stored(), optionShiftC);
+        scene.hand.tap(KEY_ESC);
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QCOMPARE(scene.bell.count(), 2);
+        QVERIFY(scene.panel.isVisible());
+        QTRY_VERIFY(scene.keyboardIsFree());
+    }
+
+    void aKeyboardThatCannotBeHadRingsTheBell()
+    {
+        Scene scene;
+        QVERIFY(scene.hand.connection().grabKeyboard());
+        scene.click(scene.recorder->mapToGlobal(QPoint(20, 12)));
+        QTRY_COMPARE(scene.bell.count(), 1);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.registry.isPaused());
+        scene.hand.connection().ungrabAll();
+    }
+
+    void deleteRemovesTheShortcutAndFreesItsKeys()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.hand.tap(KEY_BACKSPACE);
+        QTRY_COMPARE(scene.stored(), std::nullopt);
+        QTRY_VERIFY(scene.keyboardIsFree());
+        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QVERIFY(scene.startByClick());
+        QCOMPARE(scene.picks, 0);
+    }
+
+    void tabMovesTheFocus()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.hand.tap(KEY_TAB);
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+        QVERIFY(scene.recorder->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(scene.stored(), optionShiftC);
+    }
+
+    void returnStartsItForWhoComesByTab()
+    {
+        Scene scene;
+        scene.hand.tap(KEY_TAB);
+        QTRY_VERIFY(scene.recorder->hasFocus());
+        QVERIFY(!scene.recorder->isRecording());
+        scene.hand.tap(KEY_ENTER);
+        QTRY_VERIFY(scene.recorder->isRecording());
+        scene.hand.chord({KEY_LEFTCTRL, KEY_F5});
+        QTRY_COMPARE(scene.recorder->text(), u"⌃F5"_s);
+        QVERIFY(scene.recorder->hasFocus());
+        QCOMPARE(scene.bell.count(), 0);
+    }
+
+    void aShortcutOfTheWindowManagerIsAskedAndForced()
+    {
+        Scene scene;
+        QTRY_VERIFY(scene.registry.isTakenBySystem({keyD, command}));
+        QVERIFY(scene.startByClick());
+        scene.hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(scene.alert());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        QVERIFY(scene.panel.isActiveWindow());
+        // The first button refuses, and recording goes on.
+        scene.hand.tap(KEY_ENTER);
+        QTRY_VERIFY(!scene.alert());
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(!scene.keyboardIsFree());
+        QCOMPARE(scene.stored(), optionShiftC);
+
+        scene.hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(scene.alert());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        scene.hand.tap(KEY_TAB);
+        scene.hand.tap(KEY_SPACE);
+        QTRY_COMPARE(scene.stored(), (Shortcut{keyD, command}));
+        QVERIFY(!scene.recorder->isRecording());
+        QCOMPARE(scene.recorder->text(), u"⌘D"_s);
+        QTRY_VERIFY(scene.keyboardIsFree());
+    }
+
+    void aShortcutOfOurMenuIsRefused()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.hand.chord({KEY_LEFTCTRL, KEY_Q});
+        QTRY_VERIFY(scene.alert());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        scene.hand.tap(KEY_ESC);
+        QTRY_VERIFY(!scene.alert());
+        QVERIFY(scene.recorder->isRecording());
+        QCOMPARE(scene.stored(), optionShiftC);
+        QVERIFY(scene.panel.isVisible());
+    }
+
+    void anotherWindowThatGetsTheFocusEndsIt()
+    {
+        Scene scene;
+        TestWindow terminal(scene.hand.connection(), {.input = TestWindow::Input::Recorded});
+        terminal.show();
+        QVERIFY(scene.startByClick());
+        terminal.focus();
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.keyboardIsFree());
+        QVERIFY(!scene.registry.isPaused());
+        scene.hand.tap(KEY_A);
+        QTRY_VERIFY(!terminal.events().empty());
+    }
+
+    void hidingThePanelEndsIt()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.panel.hide();
+        QVERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.keyboardIsFree());
+    }
+
+    void aClickBesideTheFieldEndsIt()
+    {
+        Scene scene;
+        QVERIFY(scene.startByClick());
+        scene.click(scene.panel.mapToGlobal(QPoint(190, 400)));
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.keyboardIsFree());
+    }
+
+    void theTextFollowsTheLayout()
+    {
+        Scene scene;
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+        QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"us"_s, u"dvorak"_s}), 0);
+        QTRY_COMPARE(scene.recorder->text(), u"⌥⇧J"_s);
+        QVERIFY(scene.startByClick());
+        scene.hand.chord({KEY_LEFTCTRL, KEY_Q});
+        // What Dvorak types there is no letter of our menu.
+        QTRY_COMPARE(scene.recorder->text(), u"⌃'"_s);
+    }
+};
+
+} // namespace tintwick::test
+
+int main(int argc, char** argv)
+{
+    return tintwick::runOnPrivateDesktop<tintwick::test::RecorderOnDesktopTest>(argc, argv, {.tray = false});
+}
+
+#include "RecorderOnDesktopTest.moc"
