@@ -42,10 +42,8 @@ struct Segments
     [[nodiscard]] QList<bool> checked() const
     {
         QList<bool> states;
-        for (const auto* segment : picker->findChildren<QAbstractButton*>()) {
-            states.append(QAccessible::queryAccessibleInterface(const_cast<QAbstractButton*>(segment))
-                              ->state()
-                              .checked != 0);
+        for (auto* segment : picker->findChildren<QAbstractButton*>()) {
+            states.append(QAccessible::queryAccessibleInterface(segment)->state().checked != 0);
         }
         return states;
     }

@@ -29,14 +29,14 @@ PopUpPicker::PopUpPicker(const QString& name, const QStringList& titles, qsizety
 {
 }
 
-PopUpPicker::PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected, Label* title)
+PopUpPicker::PopUpPicker(const QString& name, QStringList titles, qsizetype selected, Label* title)
     : MenuButton(
           name, [this] { return choices(); },
           row(gap(8), Padding{{titlePadding, 0, chevronPadding, 0}}, fixedHeight(pickerHeight), fillWidth(),
               ground(DS::surfaceHigh, radius), outline(DS::border, 1), title, spacer(),
               symbol(u"chevron.up.chevron.down"_s, 10, SymbolWeight::Semibold, DS::textSecond)),
           radius)
-    , m_titles(titles)
+    , m_titles(std::move(titles))
     , m_selected(selected)
     , m_title(title)
 {

@@ -32,7 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected, Label* title);
+    PopUpPicker(const QString& name, QStringList titles, qsizetype selected, Label* title);
 
     [[nodiscard]] QList<MenuEntry> choices();
     void choose(qsizetype position);

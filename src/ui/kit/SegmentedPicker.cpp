@@ -101,7 +101,7 @@ void SegmentedPicker::setSelected(std::optional<qsizetype> position)
     const bool slides = m_selected && position;
     m_selected = position;
     if (slides) {
-        m_thumb.jumpTo(static_cast<double>(*position));
+        m_thumb.setTarget(static_cast<double>(*position));
         m_animator.start();
     } else if (position) {
         m_thumb.jumpTo(static_cast<double>(*position));
@@ -157,7 +157,7 @@ bool SegmentedPicker::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const qsizetype last = m_segments.size() - 1;
         const qsizetype from = m_segments.indexOf(static_cast<Segment*>(watched));
-        qsizetype to = from;
+        qsizetype to = 0;
         switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Left:
             to = std::max<qsizetype>(from - 1, 0);
@@ -166,7 +166,6 @@ bool SegmentedPicker::eventFilter(QObject* watched, QEvent* event)
             to = std::min(from + 1, last);
             break;
         case Qt::Key_Home:
-            to = 0;
             break;
         case Qt::Key_End:
             to = last;

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace tintwick {
 
@@ -37,8 +38,8 @@ auto at(const Values& values, qsizetype position)
 template <typename Values, typename Value>
 std::optional<qsizetype> positionOf(const Value& value, const Values& values)
 {
-    const auto found = std::ranges::find(values, value);
-    return found == values.end() ? std::nullopt : std::optional<qsizetype>(found - values.begin());
+    const auto position = std::ranges::find(values, value) - values.begin();
+    return position == std::ssize(values) ? std::nullopt : std::optional<qsizetype>(position);
 }
 
 } // namespace

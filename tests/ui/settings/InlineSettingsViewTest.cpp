@@ -136,13 +136,13 @@ void InlineSettingsViewTest::theTabsAreSwitchedByPointerAndKeys()
 {
     const SettingsFixture fixture;
     click(fixture.segment(u"Tab"_s, u"Data"_s));
-    fixture.settle();
+    SettingsFixture::settle();
     QVERIFY(fixture.texts().contains(u"Export All History"_s));
     QVERIFY(!fixture.texts().contains(u"Copy Format"_s));
 
     fixture.segment(u"Tab"_s, u"Data"_s)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Left);
-    fixture.settle();
+    SettingsFixture::settle();
     QVERIFY(fixture.texts().contains(u"Copy Format"_s));
     QVERIFY(!fixture.texts().contains(u"Export All History"_s));
     QVERIFY(fixture.segment(u"Tab"_s, u"General"_s)->hasFocus());
@@ -446,7 +446,7 @@ void InlineSettingsViewTest::thePermissionIsTold()
     fixture.platform.grabber.isPermitted = isPermitted;
     fixture.platform.grabber.settings = settings;
     fixture.open();
-    fixture.settle();
+    SettingsFixture::settle();
     QStringList answers;
     for (const QString& each : fixture.texts()) {
         if (each.contains(u"ranted"_s)) {
@@ -558,7 +558,7 @@ void InlineSettingsViewTest::anEmptyHistoryHasNoPicture()
     auto* button = fixture.control<PlainButton>(u"Export PNG"_s);
     QVERIFY(button->isEnabled());
     click(button);
-    fixture.settle();
+    SettingsFixture::settle();
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         QVERIFY(qobject_cast<const QFileDialog*>(window) == nullptr || !window->isVisible());
     }
