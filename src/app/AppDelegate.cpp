@@ -1,13 +1,17 @@
 #include "app/AppDelegate.h"
 
 #include "app/PanelPlacement.h"
+#include "export/ExportService.h"
 #include "model/CapturedColor.h"
 #include "platform/ClickMonitor.h"
 #include "platform/SystemAppearance.h"
+#include "shortcuts/MenuItemsOf.h"
 #include "shortcuts/ShortcutNames.h"
 #include "ui/DS.h"
 #include "ui/MainPanelView.h"
 #include "ui/kit/Ticker.h"
+#include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -82,6 +86,8 @@ void AppDelegate::setupMenuBar()
 {
     QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
+                     [this] { openSettings(); });
     QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
     m_statusItem.show();
 }
@@ -91,10 +97,19 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState);
+    m_mainPanelView = new MainPanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
     m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
+}
+
+QWidget* AppDelegate::makeSettings(QWidget& panel)
+{
+    return new InlineSettingsView(m_appState,
+                                  {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                                   [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
+                                  m_platform->screenGrabber(), panel,
+                                  [this] { m_mainPanelView->setShowingSettings(false); });
 }
 
 void AppDelegate::setupColorPickerService()
@@ -108,23 +123,28 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(
-        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
-            ClickMonitor& monitor = m_platform->clickMonitor();
-            if (!isVisible) {
-                monitor.stop();
-                return;
-            }
-            monitor.start([this] {
-                // A click that picks is the picker's, wherever it falls; and while a button is down
-                // on the panel, the pointer may have been dragged off it since.
-                if (!m_colorPickerService.isPicking() && QGuiApplication::mouseButtons() == Qt::NoButton) {
-                    m_sinceClickElsewhere.start();
-                    m_clickElsewhere = QCursor::pos();
-                    hideMainPanel();
-                }
-            });
-        });
+    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
+                     [this](bool isVisible) {
+                         ClickMonitor& monitor = m_platform->clickMonitor();
+                         if (isVisible) {
+                             monitor.start([this] { handleClickElsewhere(); });
+                         } else {
+                             monitor.stop();
+                         }
+                     });
+}
+
+void AppDelegate::handleClickElsewhere()
+{
+    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
+    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
+    if (m_colorPickerService.isPicking() || ExportService::isSavePanelOpen() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    m_sinceClickElsewhere.start();
+    m_clickElsewhere = QCursor::pos();
+    hideMainPanel();
 }
 
 void AppDelegate::handleStatusBarClick()
@@ -134,7 +154,7 @@ void AppDelegate::handleStatusBarClick()
         return;
     }
     if (!isTheClickThatHidThePanel()) {
-        showMainPanel(QCursor::pos());
+        showMainPanel(FloatingPanel::Typing::Leave, QCursor::pos());
     }
 }
 
@@ -150,7 +170,7 @@ bool AppDelegate::isTheClickThatHidThePanel()
     return isRecent && !m_statusItem.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
 }
 
-void AppDelegate::showMainPanel(std::optional<QPoint> click)
+void AppDelegate::showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click)
 {
     setupMainPanel();
     if (m_mainPanel->isVisible()) {
@@ -158,7 +178,7 @@ void AppDelegate::showMainPanel(std::optional<QPoint> click)
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize));
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize), typing);
 }
 
 void AppDelegate::hideMainPanel()
@@ -166,6 +186,15 @@ void AppDelegate::hideMainPanel()
     if (m_mainPanel) {
         m_mainPanel->hide();
     }
+}
+
+void AppDelegate::openSettings()
+{
+    setupMainPanel();
+    if (!m_settingsView) {
+        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+    }
+    m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()
@@ -190,7 +219,8 @@ void AppDelegate::setupGlobalShortcut()
         activatePicker();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(); });
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
+                        [this] { showMainPanel(FloatingPanel::Typing::Take); });
 }
 
 void AppDelegate::activatePicker()

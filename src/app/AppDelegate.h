@@ -16,9 +16,12 @@
 #include <memory>
 #include <optional>
 
+class QWidget;
+
 namespace tintwick {
 
 class MainPanelView;
+class SettingsView;
 class SystemAppearance;
 
 /// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
@@ -37,14 +40,18 @@ private:
     void prepareLater();
     void setupMenuBar();
     void setupMainPanel();
+    [[nodiscard]] QWidget* makeSettings(QWidget& panel);
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
+    void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
-    void showMainPanel(std::optional<QPoint> click = {});
+    void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
+    /// The separate window; the settings themselves are in the panel.
+    void openSettings();
     void followSystemAppearance();
 
     void setupGlobalShortcut();
@@ -61,6 +68,7 @@ private:
     // Belongs to the panel.
     MainPanelView* m_mainPanelView = nullptr;
     std::unique_ptr<FloatingPanel> m_mainPanel;
+    std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<SystemAppearance> m_systemAppearance;
     QElapsedTimer m_sinceClickElsewhere;
     QPoint m_clickElsewhere;

@@ -2,12 +2,10 @@
 
 #include "platform/PanelHost.h"
 #include "ui/DS.h"
-#include "ui/kit/Corners.h"
 #include "ui/kit/PopupWindow.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QRegion>
 #include <QWindow>
 
 namespace tintwick {
@@ -15,33 +13,39 @@ namespace tintwick {
 FloatingPanel::FloatingPanel(PanelHost& host, QWidget* content)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_host(host)
+    , m_content(content)
 {
     setWindowTitle(QStringLiteral("Tintwick"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setFixedSize(DS::panelSize);
     content->setParent(this);
-    content->setGeometry(rect());
+    setFixedSize(DS::panelSize);
     winId();
     windowHandle()->installEventFilter(this);
 }
 
-void FloatingPanel::showAt(QPoint topLeft)
+void FloatingPanel::showAt(const QRect& place, Typing typing)
 {
-    move(topLeft);
+    setFixedSize(place.size());
+    move(place.topLeft());
     show();
     raise();
+    if (typing == Typing::Take) {
+        activateWindow();
+    }
+}
+
+void FloatingPanel::resizeEvent(QResizeEvent* event)
+{
+    m_content->setGeometry(rect());
+    QWidget::resizeEvent(event);
 }
 
 void FloatingPanel::showEvent(QShowEvent* event)
 {
     m_host.prepareToShow(*windowHandle());
     setDesktopBlends(m_host.blendsWindows());
-    if (m_host.blendsWindows()) {
-        clearMask();
-    } else {
-        setMask(QRegion(roundedPath(rect(), DS::panelRadius).toFillPolygon().toPolygon()));
-    }
+    roundWindowCorners(*this, DS::panelRadius);
     QWidget::showEvent(event);
     Q_EMIT visibleChanged(true);
 }

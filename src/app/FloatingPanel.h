@@ -18,13 +18,17 @@ public:
     /// window is cut to that shape instead. The host must outlive the panel.
     FloatingPanel(PanelHost& host, QWidget* content);
 
-    /// `topLeft` in points, from the top left of the desktop.
-    void showAt(QPoint topLeft);
+    /// Whether it also takes the keys from the window the user is in.
+    enum class Typing { Leave, Take };
+
+    /// `place` in points, from the top left of the desktop.
+    void showAt(const QRect& place, Typing typing);
 
 Q_SIGNALS:
     void visibleChanged(bool isVisible);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -33,6 +37,7 @@ protected:
 
 private:
     PanelHost& m_host;
+    QWidget* m_content;
 };
 
 } // namespace tintwick

@@ -62,19 +62,23 @@ QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
 
 } // namespace
 
-QPoint placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, QSize panel)
+QRect placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, QSize panel)
 {
     if (screens.isEmpty()) {
-        return {0, 0};
+        return {QPoint(0, 0), panel};
     }
-    if (anchor.statusItem) {
-        return besideAnchor(*anchor.statusItem, nearestScreen(screens, anchor.statusItem->center()), panel);
+    const auto fitted = [panel](const PanelScreen& screen) {
+        return QSize(panel.width(), std::min(panel.height(), screen.available.height()));
+    };
+    if (anchor.statusItem || anchor.click) {
+        const QRect place = anchor.statusItem.value_or(QRect(anchor.click.value_or(QPoint()), QSize(1, 1)));
+        const PanelScreen& screen = nearestScreen(screens, place.center());
+        return {besideAnchor(place, screen, fitted(screen)), fitted(screen)};
     }
-    if (anchor.click) {
-        return besideAnchor(QRect(*anchor.click, QSize(1, 1)), nearestScreen(screens, *anchor.click), panel);
-    }
-    const QRect& room = screens.first().available;
-    return {std::max(room.x() + panelMargin, rightEdge(room) - panel.width() - panelMargin), room.y()};
+    const PanelScreen& screen = screens.first();
+    const QRect& room = screen.available;
+    const int x = std::max(room.x() + panelMargin, rightEdge(room) - panel.width() - panelMargin);
+    return {QPoint(x, room.y()), fitted(screen)};
 }
 
 } // namespace tintwick

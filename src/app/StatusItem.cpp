@@ -33,6 +33,10 @@ StatusItem::StatusItem(QObject* parent)
     QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
     connect(pick, &QAction::triggered, this, &StatusItem::pickRequested);
     m_menu.addSeparator();
+    QAction* settings = m_menu.addAction(tr("Settings…"));
+    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    connect(settings, &QAction::triggered, this, &StatusItem::settingsRequested);
+    m_menu.addSeparator();
     QAction* quit = m_menu.addAction(tr("Quit Tintwick"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &StatusItem::quitRequested);

@@ -27,6 +27,7 @@ public:
 Q_SIGNALS:
     void clicked();
     void pickRequested();
+    void settingsRequested();
     void quitRequested();
 
 private:

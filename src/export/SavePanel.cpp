@@ -1,17 +1,22 @@
 #include "export/SavePanel.h"
 
 #include "export/AtomicWrite.h"
+#include "export/PortalSaveDialog.h"
 #include "export/SaveDialog.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPalette>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QWidget>
 
 namespace tintwick {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 int openPanels = 0;
 QString lastFolder;
@@ -31,6 +36,26 @@ const QWidget* asker()
 {
     const QWidget* focused = QApplication::focusWidget();
     return focused ? focused : QApplication::activeWindow();
+}
+
+/// The window of a view as a portal names it, so that it puts its dialog above it; empty where it has no such name.
+QString portalName(const QWidget* view)
+{
+    const bool isOnX11 = QGuiApplication::platformName() == "xcb"_L1;
+    return view && isOnX11 ? u"x11:"_s + QString::number(view->window()->winId(), 16) : QString();
+}
+
+/// What a view inherits counts for nothing in the palette of another widget.
+QPalette ownPalette(const QPalette& inherited)
+{
+    QPalette palette;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role) {
+            const auto colorRole = static_cast<QPalette::ColorRole>(role);
+            palette.setBrush(group, colorRole, inherited.brush(group, colorRole));
+        }
+    }
+    return palette;
 }
 
 } // namespace
@@ -57,7 +82,14 @@ bool SavePanel::isAnyOpen()
 
 void SavePanel::begin()
 {
-    askToolkit();
+    auto* portal = new PortalSaveDialog(this);
+    connect(portal, &PortalSaveDialog::chosen, this, [this](const QString& path) {
+        write(path);
+        end();
+    });
+    connect(portal, &PortalSaveDialog::cancelled, this, &SavePanel::end);
+    connect(portal, &PortalSaveDialog::unavailable, this, &SavePanel::askToolkit);
+    portal->ask({portalName(asker()), tr("Save As"), m_suggestedName, lastFolder}, m_contentType);
 }
 
 void SavePanel::askToolkit()
@@ -65,7 +97,7 @@ void SavePanel::askToolkit()
     const QWidget* view = asker();
     m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName);
     if (view) {
-        m_dialog->setPalette(view->palette());
+        m_dialog->setPalette(ownPalette(view->palette()));
     }
     connect(m_dialog.get(), &SaveDialog::finished, this, [this](int result) {
         if (result == QDialog::Accepted) {

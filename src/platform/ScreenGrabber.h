@@ -2,6 +2,8 @@
 
 #include "platform/Coordinates.h"
 
+#include <QUrl>
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -44,6 +46,9 @@ public:
 
     /// Whether the system lets this process read the screen; asking never shows anything to the user.
     [[nodiscard]] virtual bool captureIsPermitted() const = 0;
+
+    /// Where the user changes that, for whoever opens addresses; empty where the system has no such place.
+    [[nodiscard]] virtual QUrl permissionSettings() const = 0;
 
     /// All monitors, the primary one first; empty where there is none.
     [[nodiscard]] virtual std::vector<Screen> screens() const = 0;

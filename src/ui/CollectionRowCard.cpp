@@ -1,24 +1,24 @@
 #include "ui/CollectionRowCard.h"
 
+#include "export/ExportService.h"
 #include "state/AppState.h"
 #include "ui/Appearance.h"
 #include "ui/ColorActions.h"
-#include "ui/ColorDrag.h"
 #include "ui/kit/ContextMenu.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Symbol.h"
 
 #include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 
 namespace tintwick {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr double cardRadius = 14;
 constexpr double hoverScale = 1.01;
@@ -37,14 +37,9 @@ constexpr double previewSide = 30;
 constexpr double previewRadius = 7;
 constexpr double previewGap = 4;
 
+constexpr Shadow shadowAtRest{DS::black.opacity(0.03), 3, QPointF(0, 2)};
+constexpr Shadow hoverShadow{DS::black.opacity(0.07), 8, QPointF(0, 2)};
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
-
-QColor mixed(const QColor& from, const QColor& to, double fraction)
-{
-    const auto part = [fraction](float a, float b) { return a + (b - a) * static_cast<float>(fraction); };
-    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
-                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
-}
 
 double mixed(double from, double to, double fraction)
 {
@@ -58,9 +53,10 @@ double fractionOf(const Spring& spring)
 
 } // namespace
 
-CollectionRowCard::CollectionRowCard(AppState& appState)
+CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap)
     : Clickable({})
     , m_appState(appState)
+    , m_onTap(std::move(onTap))
     , m_hover(0.18, 0.8)
     , m_drop(0.18, 0.8)
     , m_animator([this](double seconds) {
@@ -69,9 +65,12 @@ CollectionRowCard::CollectionRowCard(AppState& appState)
         updateShadow(*this, shadowExtents);
         return isMoving;
     })
+    , m_dropTarget(
+          *this, [this](bool hovered) { setDropTarget(hovered); },
+          [this](const QUuid& id) { m_appState.addColor(id, m_collection.id); })
 {
-    setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    onClick([this] { m_onTap(m_collection.id); });
     // The squares are those of the history.
     connect(&m_appState, &AppState::historyChanged, this, [this] { update(); });
 }
@@ -105,6 +104,11 @@ QList<CapturedColor> CollectionRowCard::previewColors() const
     return head.colors(m_appState.history());
 }
 
+QList<CapturedColor> CollectionRowCard::exportColors() const
+{
+    return m_collection.colors(m_appState.history());
+}
+
 QSize CollectionRowCard::sizeHint() const
 {
     return {2 * (growth + horizontalPadding) + tileSide, tileSide + 2 * (growth + verticalPadding)};
@@ -121,6 +125,16 @@ void CollectionRowCard::hoverChanged()
     m_animator.start();
 }
 
+QRectF CollectionRowCard::answerRect() const
+{
+    return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
+}
+
+double CollectionRowCard::cornerRadius() const
+{
+    return cardRadius;
+}
+
 void CollectionRowCard::setDropTarget(bool isDropTarget)
 {
     m_isDropTarget = isDropTarget;
@@ -128,78 +142,42 @@ void CollectionRowCard::setDropTarget(bool isDropTarget)
     m_animator.start();
 }
 
-void CollectionRowCard::contextMenuEvent(QContextMenuEvent* event)
+QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
-    openContextMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
-                                                                : mapToGlobal(rect().center()));
-}
-
-void CollectionRowCard::openContextMenu(QPoint globalPosition)
-{
-    popUpMenu(*this, globalPosition,
-              {menuDestructive(tr("Delete"),
-                               [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })});
-}
-
-void CollectionRowCard::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        openContextMenu(mapToGlobal(rect().center()));
-        return;
-    }
-    Clickable::keyPressEvent(event);
-}
-
-// Never as a move, which many editors propose: they would delete the text that was dropped.
-void CollectionRowCard::acceptAsCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
-void CollectionRowCard::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (carriesText(*event->mimeData()) && event->possibleActions().testFlag(Qt::CopyAction)) {
-        acceptAsCopy(*event);
-        setDropTarget(true);
-    }
-}
-
-void CollectionRowCard::dragLeaveEvent(QDragLeaveEvent*)
-{
-    setDropTarget(false);
-}
-
-void CollectionRowCard::dropEvent(QDropEvent* event)
-{
-    setDropTarget(false);
-    acceptAsCopy(*event);
-    for (const QUuid& id : droppedColorIds(*event->mimeData())) {
-        m_appState.addColor(id, m_collection.id);
-    }
+    // The menu may outlive the card.
+    const QList<CapturedColor> colors = exportColors();
+    return {menuAction(tr("Open Palette"), u"arrow.right.circle"_s,
+                       [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
+            menuSeparator(),
+            menuAction(tr("Export CSS Variables"), u"doc.text"_s,
+                       [colors, name = m_collection.name] { ExportService().exportCSS(colors, name); }),
+            menuAction(tr("Export JSON"), u"curlybraces"_s, [colors] { ExportService().exportJSON(colors); }),
+            menuAction(tr("Export PNG Swatch"), u"photo"_s, [colors] { ExportService().exportPNG(colors); }),
+            menuSeparator(),
+            menuDestructive(tr("Delete"),
+                            [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const
 {
-    const double hover = fractionOf(m_hover);
-    const Shadow shadow{DS::black.opacity(mixed(0.03, 0.07, hover)), mixed(3, 8, hover), QPointF(0, 2)};
-    drawShadow(painter, scaledCardRect(), cardRadius * scale(), shadow, Appearance::of(this));
+    scaleAboutMiddle(painter, answerRect(), scale());
+    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, fractionOf(m_hover),
+                      Appearance::of(this));
 }
 
 void CollectionRowCard::paintEvent(QPaintEvent*)
 {
     const Scheme scheme = Appearance::of(this);
-    const QRectF card = cardRect();
+    const QRectF card = answerRect();
     QPainter painter(this);
-    painter.translate(card.center());
-    painter.scale(scale(), scale());
-    painter.translate(-card.center());
+    scaleAboutMiddle(painter, card, scale());
 
     fillRounded(painter, card, cardRadius, DS::surface.in(scheme));
 
     const QRectF tile(card.left() + horizontalPadding, card.top() + verticalPadding, tileSide, tileSide);
     fillRounded(painter, tile, tileRadius, gradientBrush(tile, m_accent, scheme));
-    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme), tile);
+    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
+                     tile.translated(0, 1));
     drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), tile);
 
     const QList<CapturedColor> preview = previewColors();
@@ -232,16 +210,14 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     strokeInside(painter, card, cardRadius,
                  mixed(hovered, DS::accent.opacity(0.6).in(scheme), fractionOf(m_drop)),
                  mixed(1, 1.5, fractionOf(m_drop)));
-    if (showsFocusRing()) {
-        drawFocusRing(painter, card, cardRadius, scheme);
-    }
+    paintAnswer(painter);
 }
 
 void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors,
                                      double right) const
 {
     const Scheme scheme = Appearance::of(this);
-    QRectF square(right - previewSide, cardRect().center().y() - previewSide / 2, previewSide, previewSide);
+    QRectF square(right - previewSide, answerRect().center().y() - previewSide / 2, previewSide, previewSide);
     square.translate(-static_cast<double>(colors.size() - 1) * (previewSide + previewGap), 0);
     for (const CapturedColor& color : colors) {
         const QColor fill = paintColor(color);
@@ -254,20 +230,6 @@ void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColo
 double CollectionRowCard::scale() const
 {
     return 1 + (hoverScale - 1) * m_hover.position();
-}
-
-QRectF CollectionRowCard::cardRect() const
-{
-    return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
-}
-
-QRectF CollectionRowCard::scaledCardRect() const
-{
-    QRectF card = cardRect();
-    const QPointF center = card.center();
-    card.setSize(card.size() * scale());
-    card.moveCenter(center);
-    return card;
 }
 
 } // namespace tintwick

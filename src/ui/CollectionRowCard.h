@@ -2,6 +2,7 @@
 
 #include "model/CapturedColor.h"
 #include "model/ColorCollection.h"
+#include "ui/ColorDropTarget.h"
 #include "ui/DS.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Clickable.h"
@@ -12,6 +13,9 @@
 #include <QList>
 #include <QRectF>
 #include <QString>
+#include <QUuid>
+
+#include <functional>
 
 namespace tintwick {
 
@@ -24,7 +28,8 @@ class CollectionRowCard final : public Clickable, public ShadowCaster, public Ov
     Q_OBJECT
 
 public:
-    explicit CollectionRowCard(AppState& appState);
+    /// `onTap` opens the collection of this id.
+    CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap);
 
     void setCollection(const ColorCollection& collection);
     void setAccent(const DS::Gradient& accent);
@@ -34,6 +39,8 @@ public:
     [[nodiscard]] QString countText() const;
     /// Those of the first four members that the history still holds.
     [[nodiscard]] QList<CapturedColor> previewColors() const;
+    /// The members that the history still holds, in the collection's order.
+    [[nodiscard]] QList<CapturedColor> exportColors() const;
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -42,23 +49,20 @@ public:
 
 protected:
     void hoverChanged() override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    /// The card at rest.
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override;
+    [[nodiscard]] bool tintsHover() const override { return false; }
+    [[nodiscard]] QList<MenuEntry> contextMenu() const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void openContextMenu(QPoint globalPosition);
-    static void acceptAsCopy(QDropEvent& event);
     void setDropTarget(bool isDropTarget);
     void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
-    [[nodiscard]] QRectF cardRect() const;
-    [[nodiscard]] QRectF scaledCardRect() const;
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;
+    std::function<void(const QUuid& id)> m_onTap;
     ColorCollection m_collection;
     DS::Gradient m_accent = DS::cardAccents[0];
     bool m_isDropTarget = false;
@@ -66,6 +70,7 @@ private:
     Spring m_hover;
     Spring m_drop;
     Animator m_animator;
+    ColorDropTarget m_dropTarget;
 };
 
 } // namespace tintwick

@@ -55,4 +55,10 @@ MenuEntry addToCollectionMenu(AppState& state, const CapturedColor& color, const
     return submenu(title, entries);
 }
 
+MenuEntry deleteColorEntry(AppState& state, const CapturedColor& color)
+{
+    return menuDestructive(QCoreApplication::translate("ColorActions", "Delete"),
+                           [&state, id = color.id] { state.deleteColor(id); });
+}
+
 } // namespace tintwick

@@ -28,5 +28,7 @@ void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& 
 /// A submenu with one line per collection, which adds the colour to it.
 [[nodiscard]] MenuEntry addToCollectionMenu(AppState& state, const CapturedColor& color,
                                             const QString& title);
+/// The line "Delete", which takes the colour out of the history and out of every collection.
+[[nodiscard]] MenuEntry deleteColorEntry(AppState& state, const CapturedColor& color);
 
 } // namespace tintwick

@@ -74,9 +74,7 @@ void CopiedPill::paintEvent(QPaintEvent*)
     const double scale = scaleWhenGone + (1 - scaleWhenGone) * presence;
     QPainter painter(this);
     painter.setOpacity(presence);
-    painter.translate(pill.center());
-    painter.scale(scale, scale);
-    painter.translate(-pill.center());
+    scaleAboutMiddle(painter, pill, scale);
 
     fillRounded(painter, pill, pill.height() / 2, DS::surface.in(scheme));
     const QRectF mark(horizontalPadding, 0, symbolSide(symbolSize), pill.height());

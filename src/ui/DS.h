@@ -74,10 +74,15 @@ inline constexpr Color surface /*    */ {0xFFFFFF, 0x2A2A2F};
 inline constexpr Color surfaceHigh /**/ {0xE9E9EE, 0x37373E};
 /// What can be typed into.
 inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
+/// What slides or lies on `surfaceHigh`.
+inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
 inline constexpr Color textThird /*  */ {0x82828C, 0x8C8C97};
+
+/// Of text that can be clicked.
+inline constexpr Color link /*       */ {0x4B50DC, 0x9A9EFF};
 
 inline constexpr Color accent{0.38, 0.40, 0.88};
 inline constexpr Color white{1, 1, 1};

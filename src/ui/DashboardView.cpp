@@ -33,12 +33,16 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           [this] {
               auto* swatch = new DashboardSwatchView(m_appState);
               connect(swatch, &DashboardSwatchView::stepRequested, this,
-                      [this, swatch](int step) { moveFocus(*swatch, step); });
+                      [this, swatch](int columns) { moveFocus(*swatch, columns); });
               return swatch;
           },
           [](DashboardSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
     , m_cards(
-          *m_cardList, [this] { return new CollectionRowCard(m_appState); },
+          *m_cardList,
+          [this] {
+              return new CollectionRowCard(m_appState,
+                                           [this](const QUuid& id) { Q_EMIT collectionSelected(id); });
+          },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
               card.setCollection(collection);
               card.setAccent(DS::cardAccents[static_cast<std::size_t>(position) % DS::cardAccents.size()]);
@@ -50,8 +54,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
         shownWhen(historyIsNotEmpty(), recentHeader()),
         shownWhen(historyIsNotEmpty(), recentRow()),
         sectionLabel(tr("Collections")),
-        collectionsSection(),
-        spacer())));
+        collectionsSection())));
     // clang-format on
 
     connect(&m_appState, &AppState::historyChanged, this, &DashboardView::showHistory);
@@ -74,13 +77,19 @@ QWidget* DashboardView::eyedropperButton()
 
 QWidget* DashboardView::recentHeader()
 {
-    return sectionLabel(tr("Recent History"));
+    const QString title = tr("Recent History");
+    const QString seeAll = tr("See all");
+    m_seeAll = plainButton(
+        QStringLiteral("%1, %2").arg(title, seeAll), [this] { Q_EMIT historySelected(); },
+        row(gap(4), label(title, DS::font(15, QFont::DemiBold), DS::textSecond), spacer(),
+            label(seeAll, DS::font(12), DS::accent),
+            symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, DS::accent)));
+    return m_seeAll;
 }
 
 QWidget* DashboardView::recentRow()
 {
-    m_recentScroll = horizontalScroll(m_recentRow, 2);
-    return m_recentScroll;
+    return horizontalScroll(m_recentRow, 2);
 }
 
 QWidget* DashboardView::sectionLabel(const QString& title)
@@ -181,6 +190,7 @@ void DashboardView::orderFocus() const
         setTabOrder(before, widget);
         before = widget;
     };
+    next(m_seeAll);
     for (QWidget* swatch : swatches()) {
         next(swatch);
     }
@@ -200,7 +210,6 @@ void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
     const qsizetype target = position + step;
     if (target >= 0 && target < swatches().size()) {
         swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-        m_recentScroll->ensureWidgetVisible(swatches()[target], swatches()[target]->width() / 2, 0);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "model/ColorCollection.h"
 #include "ui/RecordViews.h"
 #include "ui/kit/Bound.h"
+#include "ui/kit/Stack.h"
 #include "ui/kit/View.h"
 
 #include <QPointer>
@@ -14,7 +15,6 @@ namespace tintwick {
 class AppState;
 class CollectionRowCard;
 class DashboardSwatchView;
-class ScrollArea;
 class Sheet;
 
 /// The home screen: the button that picks, the recent colours, and the collections.
@@ -34,6 +34,11 @@ public:
 
     /// A name that was typed and not used is there again.
     void openNewPaletteSheet();
+
+Q_SIGNALS:
+    /// "See all" was clicked.
+    void historySelected();
+    void collectionSelected(const QUuid& id);
 
 private:
     [[nodiscard]] QWidget* eyedropperButton();
@@ -60,13 +65,13 @@ private:
     QPointer<Sheet> m_newPaletteSheet;
 
     QWidget* m_pick = nullptr;
+    QWidget* m_seeAll = nullptr;
     QWidget* m_createFirst = nullptr;
     QWidget* m_add = nullptr;
-    ScrollArea* m_recentScroll = nullptr;
     Stack* m_recentRow;
     Stack* m_cardList;
-    RecordViews<DashboardSwatchView, CapturedColor> m_swatches;
-    RecordViews<CollectionRowCard, ColorCollection> m_cards;
+    RecordViews<DashboardSwatchView, CapturedColor, Stack> m_swatches;
+    RecordViews<CollectionRowCard, ColorCollection, Stack> m_cards;
 };
 
 } // namespace tintwick

@@ -2,10 +2,13 @@
 
 #include "state/AppState.h"
 #include "state/Preferences.h"
+#include "ui/CollectionDetailView.h"
 #include "ui/CopiedPill.h"
 #include "ui/DS.h"
 #include "ui/DashboardView.h"
+#include "ui/HistoryDetailView.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/CrossFade.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Rule.h"
@@ -14,8 +17,12 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+
+#include <algorithm>
+#include <utility>
 
 namespace tintwick {
 
@@ -46,19 +53,52 @@ Scheme schemeOfPalette()
 
 } // namespace
 
-MainPanelView::MainPanelView(AppState& appState)
+MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     : m_appState(appState)
     , m_appearance(*this)
+    , m_makeSettings(std::move(makeSettings))
 {
-    setFixedSize(DS::panelSize);
-    setContent(column(panelHeader(), rule(), m_dashboard = new DashboardView(m_appState, *this)));
+    resize(DS::panelSize);
+    m_header = panelHeader();
+    m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
+    setContent(column(m_header, rule(), m_screens));
     applyColorScheme();
+    showHeader();
+
+    connect(m_dashboard, &DashboardView::collectionSelected, this, &MainPanelView::setSelectedCollectionId);
+    connect(m_dashboard, &DashboardView::historySelected, this,
+            [this] { setSelectedCollectionId(historySelectionId); });
+    connect(&m_appState, &AppState::collectionsChanged, this, &MainPanelView::showScreen);
 }
 
-QWidget* MainPanelView::panelHeader()
+Stack* MainPanelView::panelHeader()
 {
-    return row(gap(10), padding(14, 10), label(u"Tintwick"_s, DS::font(18, QFont::Bold)), spacer(),
-               new CopiedPill(m_appState), colorSchemeToggle());
+    m_title = label({}, DS::font(18, QFont::Bold));
+    m_done = prominentButton(tr("Done"), [this] { setShowingSettings(false); });
+    m_outsideSettings = row(gap(10), new CopiedPill(m_appState), colorSchemeToggle(), settingsButton());
+    // As high with the settings' button as with the others: the screen below stays where it is.
+    return row(fixedHeight(50), gap(10), padding(14, 10), m_title, backButton(), spacer(), m_outsideSettings,
+               m_done);
+}
+
+QWidget* MainPanelView::backButton()
+{
+    m_backTitle = label({}, DS::font(14, QFont::DemiBold));
+    m_back = plainButton(
+        {}, [this] { setSelectedCollectionId({}); },
+        row(gap(4), symbol(u"chevron.left"_s, 13, SymbolWeight::Semibold, DS::textPrimary), m_backTitle));
+    return m_back;
+}
+
+QWidget* MainPanelView::settingsButton()
+{
+    auto* button = plainButton(
+        tr("Settings"), [this] { setShowingSettings(true); },
+        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
+            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
+        8);
+    button->setToolTip(tr("Settings"));
+    return button;
 }
 
 QWidget* MainPanelView::colorSchemeToggle()
@@ -99,6 +139,119 @@ void MainPanelView::applyColorScheme()
     update();
 }
 
+void MainPanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
+{
+    if (m_selectedCollectionId == id) {
+        return;
+    }
+    m_selectedCollectionId = id;
+    showHeader();
+    showScreen();
+}
+
+void MainPanelView::setShowingSettings(bool shows)
+{
+    if (m_showingSettings == shows) {
+        return;
+    }
+    m_showingSettings = shows;
+    crossFade(*m_header, [this] { showHeader(); });
+    showScreen();
+}
+
+QWidget& MainPanelView::screen() const
+{
+    return m_detail != nullptr ? *m_detail : *m_dashboard;
+}
+
+MainPanelView::ScreenChoice MainPanelView::chosenScreen() const
+{
+    if (m_showingSettings) {
+        return {ScreenKind::Settings, {}};
+    }
+    if (m_selectedCollectionId == historySelectionId) {
+        return {ScreenKind::History, {}};
+    }
+    const auto& collections = m_appState.collections();
+    const bool exists = std::any_of(collections.begin(), collections.end(),
+                                    [this](const auto& each) { return each.id == m_selectedCollectionId; });
+    return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
+}
+
+QWidget* MainPanelView::makeScreen(const ScreenChoice& choice)
+{
+    switch (choice.kind) {
+    case ScreenKind::Settings:
+        return m_makeSettings(*this);
+    case ScreenKind::History:
+        return new HistoryDetailView(m_appState, *this);
+    case ScreenKind::Collection:
+        return new CollectionDetailView(m_appState, choice.collectionId);
+    case ScreenKind::Dashboard:
+        break;
+    }
+    return nullptr;
+}
+
+void MainPanelView::showHeader()
+{
+    const bool hasSelection = m_selectedCollectionId.has_value();
+    m_title->setText(m_showingSettings ? tr("Settings") : u"Tintwick"_s);
+    m_title->setVisible(m_showingSettings || !hasSelection);
+    m_back->setVisible(!m_showingSettings && hasSelection);
+    m_backTitle->setText(selectionTitle());
+    m_back->setToolTip(selectionTitle());
+    m_back->setAccessibleName(tr("Back from %1").arg(selectionTitle()));
+    m_outsideSettings->setVisible(!m_showingSettings);
+    m_done->setVisible(m_showingSettings);
+}
+
+QString MainPanelView::selectionTitle() const
+{
+    if (m_selectedCollectionId == historySelectionId) {
+        return tr("All History");
+    }
+    for (const ColorCollection& collection : m_appState.collections()) {
+        if (collection.id == m_selectedCollectionId) {
+            return collection.name;
+        }
+    }
+    return tr("Palette");
+}
+
+void MainPanelView::showScreen()
+{
+    const ScreenChoice choice = chosenScreen();
+    if (choice == m_shownScreen) {
+        return;
+    }
+    m_shownScreen = choice;
+    QWidget* left = std::exchange(m_detail, makeScreen(choice));
+    m_dashboard->setVisible(m_detail == nullptr);
+    if (m_detail != nullptr) {
+        m_screens->add(m_detail);
+        m_detail->show();
+    }
+    if (left != nullptr) {
+        m_screens->remove(left);
+        // What it is doing may have led here.
+        left->deleteLater();
+    }
+}
+
+void MainPanelView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Left && event->modifiers() == Qt::AltModifier) {
+        if (m_showingSettings) {
+            setShowingSettings(false);
+        } else {
+            setSelectedCollectionId({});
+        }
+        return;
+    }
+    View::keyPressEvent(event);
+}
+
 void MainPanelView::setSystemScheme(std::optional<Scheme> scheme)
 {
     m_systemScheme = scheme;
@@ -107,10 +260,19 @@ void MainPanelView::setSystemScheme(std::optional<Scheme> scheme)
 
 void MainPanelView::changeEvent(QEvent* event)
 {
+    if (event->type() == QEvent::ParentChange) {
+        window()->installEventFilter(this);
+    }
+    View::changeEvent(event);
+}
+
+// Windows alone are told of the application's palette.
+bool MainPanelView::eventFilter(QObject* watched, QEvent* event)
+{
     if (event->type() == QEvent::ApplicationPaletteChange) {
         applyColorScheme();
     }
-    View::changeEvent(event);
+    return View::eventFilter(watched, event);
 }
 
 void MainPanelView::paintEvent(QPaintEvent*)

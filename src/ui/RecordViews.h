@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ui/kit/Stack.h"
-
 #include <QHash>
 #include <QList>
 #include <QUuid>
@@ -11,9 +9,9 @@
 
 namespace tintwick {
 
-/// The children at the head of a stack that stand for the records of a list, in its order. A view lives as long as its
-/// record is in the list, so that it keeps the pointer, the focus and what is moving in it.
-template <typename View, typename Record>
+/// The children at the head of a stack, grid or list that stand for the records of a list, in its order. A view lives as
+/// long as its record is in the list, so that it keeps the pointer, the focus and what is moving in it.
+template <typename View, typename Record, typename Container>
 class RecordViews final
 {
 public:
@@ -21,8 +19,8 @@ public:
     using Make = std::function<View*()>;
     using Set = std::function<void(View& view, const Record& record, qsizetype position)>;
 
-    RecordViews(Stack& stack, Make make, Set set)
-        : m_stack(stack)
+    RecordViews(Container& container, Make make, Set set)
+        : m_container(container)
         , m_make(std::move(make))
         , m_set(std::move(set))
     {
@@ -41,20 +39,20 @@ public:
             }
             const qsizetype position = m_views.size();
             m_set(*view, record, position);
-            m_stack.insert(static_cast<int>(position), view);
+            m_container.insert(static_cast<int>(position), view);
             view->show();
             m_views.append(view);
             m_byId.insert(record.id, view);
         }
         for (View* view : std::as_const(old)) {
-            m_stack.remove(view);
+            m_container.remove(view);
             // It may be the one whose own menu or drop changed the list.
             view->deleteLater();
         }
     }
 
 private:
-    Stack& m_stack;
+    Container& m_container;
     Make m_make;
     Set m_set;
     QList<View*> m_views;

@@ -84,6 +84,7 @@ private Q_SLOTS:
     void aPickFromThePanelHidesItFirst();
     void aTrayThatComesBackGetsTheIconBack();
     void withoutATrayTheShortcutOpensIt();
+    void onALowScreenAllOfItIsOnTheScreen();
 };
 
 void PanelTest::theTrayIconTogglesThePanelUnderIt_data()
@@ -354,10 +355,31 @@ void PanelTest::withoutATrayTheShortcutOpensIt()
     QVERIFY(program.waitForPanel());
     QCOMPARE(program.panel(), QRect(1280 - 8 - 380, 0, 380, 580));
 
-    pressShortcut();
     QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
+
+    // One press shows it and lets it be typed into.
+    other.focus();
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    pressShortcut();
+    QVERIFY(program.waitForPanel());
+    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
+}
+
+void PanelTest::onALowScreenAllOfItIsOnTheScreen()
+{
+    PrivateDesktop desktop({.size = {1024, 560}});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QRect icon = program.trayIcon();
+    clickAt(desktop, icon.center());
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(program.panel().width(), 380);
+    QVERIFY(program.panel().height() > 500);
+    QVERIFY(desktop.screen().contains(program.panel()));
 }
 
 QTEST_GUILESS_MAIN(PanelTest)

@@ -6,8 +6,10 @@
 #include "ui/kit/ContextMenu.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Paint.h"
+#include "ui/kit/PopUpPicker.h"
 #include "ui/kit/Rule.h"
 #include "ui/kit/ScrollArea.h"
+#include "ui/kit/SegmentedPicker.h"
 #include "ui/kit/Sheet.h"
 #include "ui/kit/Stack.h"
 #include "ui/kit/SymbolView.h"
@@ -109,6 +111,10 @@ std::unique_ptr<QWidget> blocks()
             row(fixedSize(44, 44), centered(), ground(DS::surfaceHigh, 10),
                 symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
             label(u"New Palette"_s, DS::font(14, QFont::Medium), DS::textThird), spacer()),
+        new SegmentedPicker(u"Tab"_s, {u"General"_s, u"Data"_s}, 0),
+        row(gap(10), fillWidth(),
+            new SegmentedPicker(u"Default Zoom"_s, {u"Close"_s, u"Mid"_s, u"Far"_s}, {}),
+            new PopUpPicker(u"Default Format"_s, {u"HEX"_s, u"CSS Var"_s, u"Tailwind"_s}, 1)),
         new TextField(u"Palette name"_s), new TextField(u"Palette name"_s, u"Sunset & sea"_s),
         row(gap(10), fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(), disabled,
             prominentButton(u"Create"_s, nothing)))));
@@ -130,6 +136,12 @@ std::unique_ptr<QWidget> symbols()
         sheet->add(line);
     }
     return std::unique_ptr<QWidget>(page(sheet));
+}
+
+QList<MenuEntry> choices()
+{
+    return {menuChoice(u"HEX"_s, false, nothing), menuChoice(u"CSS Var"_s, true, nothing),
+            menuChoice(u"Tailwind"_s, false, nothing)};
 }
 
 QList<MenuEntry> cardMenu()
@@ -164,6 +176,12 @@ void shootKitGallery(const QDir& folder)
         auto menu = std::make_unique<QMenu>();
         fillMenu(*menu, cardMenu());
         menu->setActiveAction(menu->actions().at(3));
+        return menu;
+    });
+    shoot(folder, u"kit-choices"_s, [] {
+        auto menu = std::make_unique<QMenu>();
+        fillMenu(*menu, choices());
+        menu->setActiveAction(menu->actions().at(1));
         return menu;
     });
 }

@@ -54,7 +54,7 @@ public:
                 m_appState.addColor(color.id, collection.id);
             }
         }
-        m_view = new MainPanelView(m_appState);
+        m_view = new MainPanelView(m_appState, [](QWidget&) { return new QWidget; });
         m_view->setParent(this);
         setFixedSize(DS::panelSize);
     }

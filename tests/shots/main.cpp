@@ -1,6 +1,8 @@
+#include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/PanelShots.h"
 #include "shots/RecorderShots.h"
+#include "shots/SettingsShots.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
@@ -17,6 +19,9 @@ int main(int argc, char** argv)
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Tintwick"));
+    QApplication::setApplicationName(QStringLiteral("Tintwick"));
+    QApplication::setApplicationVersion(QStringLiteral(TINTWICK_VERSION));
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
         std::fputs("usage: tintwick_shots FOLDER\n", stderr);
@@ -25,6 +30,8 @@ int main(int argc, char** argv)
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
+    tintwick::shootHistory(QDir(arguments.at(1)));
     tintwick::shootRecorder(QDir(arguments.at(1)));
+    tintwick::shootSettings(QDir(arguments.at(1)));
     return EXIT_SUCCESS;
 }

@@ -28,6 +28,8 @@ public:
     {
     }
 
+    bool isPermitted = true;
+    QUrl settings;
     std::vector<Screen> monitors{{{0, 0, 1920, 1080}, 1}};
     Answer answer;
     std::vector<Grab> grabs;
@@ -35,7 +37,8 @@ public:
     /// Tells the session that pixels have changed; nobody hears it outside a session.
     void reportChange(const DesktopRect& rect) const;
 
-    [[nodiscard]] bool captureIsPermitted() const override { return true; }
+    [[nodiscard]] bool captureIsPermitted() const override { return isPermitted; }
+    [[nodiscard]] QUrl permissionSettings() const override { return settings; }
     [[nodiscard]] std::vector<Screen> screens() const override { return monitors; }
     void beginSession(ContentChanged contentChanged) override;
     void endSession() override;

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void aFieldIsTypedInto();
     void aMenuIsWhatWasWrittenDown();
     void aMenuRunsWhatIsChosen();
+    void aRuleIsAHairlineAtEveryScale_data();
+    void aRuleIsAHairlineAtEveryScale();
 };
 
 void ControlsTest::everyKindIsKnownToScreenReaders_data()
@@ -231,6 +233,42 @@ void ControlsTest::aMenuRunsWhatIsChosen()
     QTest::keyClick(menu, Qt::Key_Return);
     QTRY_COMPARE(chosen, u"RGB"_s);
     QTRY_VERIFY(!menu);
+}
+
+void ControlsTest::aRuleIsAHairlineAtEveryScale_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<QRgb>("color");
+    // Half a point of black at 0.1 on F5F5F7: it covers so much of the first row of pixels.
+    QTest::newRow("1") << 1.0 << qRgb(0xE9, 0xE9, 0xEA);
+    QTest::newRow("1.25") << 1.25 << qRgb(0xE6, 0xE6, 0xE7);
+    QTest::newRow("1.5") << 1.5 << qRgb(0xE3, 0xE3, 0xE5);
+    QTest::newRow("2") << 2.0 << qRgb(0xDC, 0xDC, 0xDE);
+}
+
+void ControlsTest::aRuleIsAHairlineAtEveryScale()
+{
+    QFETCH(const double, scale);
+    QFETCH(const QRgb, color);
+    // Below a header of 49 points, which end inside a pixel at a fractional scale.
+    constexpr int above = 49;
+    auto* header = new QWidget;
+    header->setFixedSize(40, above);
+    Stack& stack = *column(header, rule(), spacer());
+    const std::unique_ptr<Stack> owned(&stack);
+    stack.resize(40, 60);
+    stack.show();
+    QImage image(stack.size() * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    const QRgb ground = qRgb(0xF5, 0xF5, 0xF7);
+    image.fill(ground);
+    stack.render(&image, {}, {}, QWidget::DrawChildren);
+    const int line = qRound(above * scale);
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb found = image.pixel(20, y);
+        QVERIFY2(found == (y == line ? color : ground),
+                 qPrintable(u"%1 in row %2"_s.arg(found & 0xFFFFFFU, 6, 16).arg(y)));
+    }
 }
 
 QTEST_MAIN(ControlsTest)

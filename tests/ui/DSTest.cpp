@@ -72,8 +72,10 @@ void DSTest::textsAreReadableOnTheirGrounds_data()
         }
         row({"textPrimary", DS::textPrimary}, {"field", DS::field}, 4.5);
         row({"textThird", DS::textThird}, {"field", DS::field}, 3);
+        row({"textPrimary", DS::textPrimary}, {"thumb", DS::thumb}, 4.5);
         row({"white", DS::white}, {"accent", DS::accent}, 4.5);
         row({"white", DS::white}, {"destructiveGround", DS::destructiveGround}, 4.5);
+        row({"link", DS::link}, {"surface", DS::surface}, 4.5);
         row({"red", DS::red}, {"surface", DS::surface}, 4.5);
         // Of symbols, and of the accent, whose value is the same in both schemes.
         row({"green", DS::green}, {"surface", DS::surface}, 3);

@@ -3,7 +3,10 @@
 #include "ui/CollectionRowCard.h"
 #include "ui/DashboardSwatchView.h"
 #include "ui/PanelFixture.h"
+#include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/Shadow.h"
 #include "ui/kit/Sheet.h"
 
 #include <QAccessible>
@@ -13,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 using namespace tintwick;
@@ -104,7 +108,12 @@ private Q_SLOTS:
     void withoutAHistoryThereIsNoRecentRow();
     void theRecentRowShowsTheFirstFifteenInOrder();
     void theScreenIsLaidOutToThePoint();
+    void thePageEndsAsFarFromItsLastRowAsItBegins();
+    void theShadowsOfTheRecentRowAreWhole();
     void aSwatchGrowsUnderThePointer();
+    void hoveringBlursNoShadowAnew();
+    void whatIsPressedAnswers();
+    void aFocusOutOfSightIsBroughtIntoView();
     void theButtonPicks();
     void aClickOnASwatchCopiesItInTheDefaultFormat();
     void cardsCountTheirIds_data();
@@ -115,6 +124,7 @@ private Q_SLOTS:
     void droppedTexts_data();
     void droppedTexts();
     void aCardIsADropTargetWhileADragIsOverIt();
+    void aProposedMoveEndsAsACopy();
     void theSwatchMenuOffersPalettesOnceThereAreSome();
     void deletingFromTheMenuTakesTheColorAway();
     void theCardMenuDeletesTheCollection();
@@ -204,6 +214,99 @@ void DashboardViewTest::aSwatchGrowsUnderThePointer()
     hover(swatch, QEvent::HoverLeave);
     QCOMPARE(panel.picture().pixel(15, middle), before);
     QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void DashboardViewTest::thePageEndsAsFarFromItsLastRowAsItBegins()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 9; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    panel.settle();
+    const auto* page = panel.dashboard().findChild<ScrollArea*>();
+    const QWidget* add = button(panel.dashboard(), QStringLiteral("New Palette"));
+    QVERIFY(page->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(placeIn(*page->widget(), *add).bottom(), page->widget()->height() - 1 - 16);
+}
+
+// The square casts .4 of its colour at 3 deviations of 3 points; it is seen as far as it reaches beside a white square.
+void DashboardViewTest::theShadowsOfTheRecentRowAreWhole()
+{
+    PanelFixture panel;
+    panel.capture(0x000000);
+    const QImage picture = panel.picture();
+    const int middle = placeIn(*panel.view, *panel.dashboard().swatches().first()).top() + 2 + 31;
+    int before = qGray(picture.pixel(15, middle));
+    QVERIFY(before < 215);
+    // Ever lighter toward the edge of the panel, without a step where something is cut off.
+    for (int x = 14; x >= 4; --x) {
+        const int now = qGray(picture.pixel(x, middle));
+        QVERIFY2(now >= before && now - before <= 14, qPrintable(QStringLiteral("%1 at %2").arg(now).arg(x)));
+        before = now;
+    }
+    QCOMPARE(picture.pixel(4, middle), qRgb(0xF5, 0xF5, 0xF7));
+}
+
+void DashboardViewTest::hoveringBlursNoShadowAnew()
+{
+    PanelFixture panel;
+    panel.capture(0x1ABF81);
+    panel.state.createCollection(QStringLiteral("Brand"));
+    QWidget* swatch = panel.dashboard().swatches().first();
+    QWidget* card = panel.dashboard().cards().first();
+    const auto runThrough = [&](QEvent::Type type) {
+        hover(*swatch, type);
+        hover(*card, type);
+        while (Ticker::shared().hasMotion()) {
+            Ticker::shared().advance(1 / 60.0);
+            panel.view->grab();
+        }
+    };
+    // Each of the two shadows of the card is blurred once.
+    panel.settle();
+    runThrough(QEvent::HoverEnter);
+    const int before = blurCount();
+    for (int round = 0; round < 3; ++round) {
+        runThrough(QEvent::HoverLeave);
+        runThrough(QEvent::HoverEnter);
+    }
+    QCOMPARE(blurCount(), before);
+}
+
+void DashboardViewTest::whatIsPressedAnswers()
+{
+    PanelFixture panel;
+    panel.capture(0x1ABF80);
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    for (QWidget* control : {static_cast<QWidget*>(panel.dashboard().swatches().first()),
+                             static_cast<QWidget*>(panel.dashboard().cards().first())}) {
+        const QPoint inside = placeIn(*panel.view, *control).topLeft() + QPoint(32, 8);
+        const QRgb before = panel.picture().pixel(inside);
+        QTest::mousePress(control, Qt::LeftButton, Qt::NoModifier, QPoint(32, 8));
+        QVERIFY(qGray(panel.picture().pixel(inside)) < qGray(before) - 10);
+        // Let go elsewhere, it has not been clicked.
+        QTest::mouseMove(control, QPoint(-20, -20));
+        QTest::mouseRelease(control, Qt::LeftButton, Qt::NoModifier, QPoint(-20, -20));
+        QCOMPARE(panel.picture().pixel(inside), before);
+    }
+}
+
+void DashboardViewTest::aFocusOutOfSightIsBroughtIntoView()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 9; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    panel.settle();
+    QWidget* add = button(panel.dashboard(), QStringLiteral("New Palette"));
+    QVERIFY(!panel.view->rect().contains(placeIn(*panel.view, *add)));
+    // Backwards from the first control of the panel to the last.
+    auto* first = panel.view->findChild<PlainButton*>();
+    first->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(first, Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget(), add);
+    QVERIFY(panel.view->rect().contains(placeIn(*panel.view, *add)));
 }
 
 void DashboardViewTest::theButtonPicks()
@@ -344,6 +447,38 @@ void DashboardViewTest::aCardIsADropTargetWhileADragIsOverIt()
     QVERIFY(!card.isDropTarget());
 }
 
+// An editor that proposes a move would delete its text.
+void DashboardViewTest::aProposedMoveEndsAsACopy()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    CollectionRowCard& card = *panel.dashboard().cards().first();
+    QMimeData text;
+    text.setText(QStringLiteral("3F2504E0-4F89-41D3-9A0C-0305E82C3301"));
+    const QPoint inside(20, 20);
+    const auto proposeMove = [](QDropEvent& event) {
+        event.setDropAction(Qt::MoveAction);
+        event.ignore();
+    };
+    QDragEnterEvent enter(inside, Qt::CopyAction | Qt::MoveAction, &text, Qt::LeftButton, Qt::NoModifier);
+    proposeMove(enter);
+    QApplication::sendEvent(&card, &enter);
+    QVERIFY(enter.isAccepted());
+    QCOMPARE(enter.dropAction(), Qt::CopyAction);
+    QDropEvent dropped(inside, Qt::CopyAction | Qt::MoveAction, &text, Qt::LeftButton, Qt::NoModifier);
+    proposeMove(dropped);
+    QApplication::sendEvent(&card, &dropped);
+    QVERIFY(dropped.isAccepted());
+    QCOMPARE(dropped.dropAction(), Qt::CopyAction);
+    QCOMPARE(panel.state.collections().first().colorIds.size(), 1);
+
+    // Who offers a move alone is refused.
+    QDragEnterEvent moveOnly(inside, Qt::MoveAction, &text, Qt::LeftButton, Qt::NoModifier);
+    moveOnly.ignore();
+    QApplication::sendEvent(&card, &moveOnly);
+    QVERIFY(!moveOnly.isAccepted());
+}
+
 void DashboardViewTest::theSwatchMenuOffersPalettesOnceThereAreSome()
 {
     PanelFixture panel;
@@ -393,8 +528,11 @@ void DashboardViewTest::theCardMenuDeletesTheCollection()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().cards().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu), QStringList{QStringLiteral("Delete")});
-    menu->actions().first()->trigger();
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Open Palette"), QStringLiteral("-"),
+                                         QStringLiteral("Export CSS Variables"),
+                                         QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
+                                         QStringLiteral("-"), QStringLiteral("Delete")}));
+    menu->actions().last()->trigger();
     menu->close();
     panel.settle();
     QVERIFY(panel.state.collections().isEmpty());
@@ -467,6 +605,7 @@ void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
     panel.capture(0x222222);
     panel.settle();
     QList<QWidget*> expected{button(panel.dashboard(), QStringLiteral("Pick a Color"))};
+    expected.append(button(panel.dashboard(), QStringLiteral("Recent History, See all")));
     for (QWidget* swatch : panel.dashboard().swatches()) {
         expected.append(swatch);
     }

@@ -1,10 +1,15 @@
 #include "ui/MainPanelView.h"
 
 #include "ui/Appearance.h"
+#include "ui/CollectionDetailView.h"
+#include "ui/CollectionRowCard.h"
 #include "ui/CopiedPill.h"
+#include "ui/HistoryDetailView.h"
 #include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/ScrollArea.h"
 
+#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -20,11 +25,24 @@ private Q_SLOTS:
     void theAppearanceButtonTellsAndCycles_data();
     void theAppearanceButtonTellsAndCycles();
     void autoFollowsTheDesktop();
+    void autoFollowsThePaletteWhereTheDesktopSaysNothing();
     void aChosenAppearanceDoesNot();
+    void onALowScreenThePageEndsWithThePanel();
     void thePillComesWithACopyAndFadesAway();
     void thePillLeavesTheAppearanceButtonWhereItIs();
+    void seeAllOpensTheHistoryAndTheTitleLeadsBack();
+    void aCardOpensItsCollection();
+    void aSelectionOfNothingShowsTheDashboard();
+    void aCollectionThatIsDeletedGivesWayToTheDashboard();
+    void theGearOpensTheSettingsAndDoneClosesThem();
+    void theSettingsComeBackToWhereTheyWereOpened();
+    void thePillIsNotInTheSettings();
+    void aLongNameLeavesTheButtonsTheirPlace();
+    void altLeftLeadsBack();
+    void theHeaderFadesFromOneScreenToTheOther();
 
 private:
+    static QAbstractButton* button(const PanelFixture& panel, const QString& name);
     static QAbstractButton* toggle(const PanelFixture& panel);
 };
 
@@ -41,6 +59,17 @@ constexpr QRgb light = qRgb(0xF5, 0xF5, 0xF7);
 constexpr QRgb dark = qRgb(0x1F, 0x1F, 0x23);
 
 } // namespace
+
+QAbstractButton* MainPanelViewTest::button(const PanelFixture& panel, const QString& name)
+{
+    panel.settle();
+    for (auto* candidate : panel.view->findChildren<QAbstractButton*>()) {
+        if (candidate->accessibleName() == name && candidate->isVisible()) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
 
 QAbstractButton* MainPanelViewTest::toggle(const PanelFixture& panel)
 {
@@ -94,6 +123,43 @@ void MainPanelViewTest::autoFollowsTheDesktop()
     QCOMPARE(ground(panel), light);
 }
 
+void MainPanelViewTest::autoFollowsThePaletteWhereTheDesktopSaysNothing()
+{
+    const QPalette before = QApplication::palette();
+    const PanelFixture panel;
+    // As in the program, where the window is another widget.
+    QWidget window;
+    panel.view->setParent(&window);
+    window.show();
+    panel.view->show();
+    panel.view->setSystemScheme(std::nullopt);
+    QPalette night = before;
+    night.setColor(QPalette::Window, QColor(30, 30, 30));
+    night.setColor(QPalette::WindowText, QColor(220, 220, 220));
+    QApplication::setPalette(night);
+    const QRgb atNight = ground(panel);
+    QApplication::setPalette(before);
+    const QRgb byDay = ground(panel);
+    panel.view->setParent(nullptr);
+    QCOMPARE(atNight, dark);
+    QCOMPARE(byDay, light);
+}
+
+void MainPanelViewTest::onALowScreenThePageEndsWithThePanel()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 3; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    const auto* page = panel.dashboard().findChild<ScrollArea*>();
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 580));
+    panel.view->resize(380, 300);
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 300));
+    QVERIFY(page->verticalScrollBar()->maximum() > 0);
+}
+
 void MainPanelViewTest::aChosenAppearanceDoesNot()
 {
     QSettings().setValue(key, QStringLiteral("dark"));
@@ -131,12 +197,144 @@ void MainPanelViewTest::thePillLeavesTheAppearanceButtonWhereItIs()
     PanelFixture panel;
     panel.settle();
     const QRect before(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size());
-    QCOMPARE(before, QRect(336, 10, 30, 30));
+    QCOMPARE(before, QRect(296, 10, 30, 30));
     panel.capture(0x3B82F6);
     panel.settle();
     QCOMPARE(QRect(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size()), before);
     const auto* pill = panel.view->findChild<CopiedPill*>();
-    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 336 - 10);
+    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 296 - 10);
+}
+
+void MainPanelViewTest::seeAllOpensTheHistoryAndTheTitleLeadsBack()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    QVERIFY(panel.dashboard().isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
+    QVERIFY(panel.view->screen().isVisible());
+    QVERIFY(!panel.dashboard().isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
+    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QVERIFY(panel.dashboard().isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Back from All History")));
+}
+
+void MainPanelViewTest::aCardOpensItsCollection()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Sea"));
+    panel.state.createCollection(QStringLiteral("Sand"));
+    panel.settle();
+    QTest::mouseClick(panel.dashboard().cards()[1], Qt::LeftButton);
+    QVERIFY(qobject_cast<CollectionDetailView*>(&panel.view->screen()));
+    QVERIFY(button(panel, QStringLiteral("Back from Sand")));
+}
+
+void MainPanelViewTest::aSelectionOfNothingShowsTheDashboard()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(QUuid::createUuid());
+    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QVERIFY(button(panel, QStringLiteral("Back from Palette")));
+}
+
+void MainPanelViewTest::aCollectionThatIsDeletedGivesWayToTheDashboard()
+{
+    PanelFixture panel;
+    const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
+    panel.view->setSelectedCollectionId(sea.id);
+    panel.settle();
+    panel.state.deleteCollection(sea.id);
+    panel.settle();
+    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void MainPanelViewTest::theGearOpensTheSettingsAndDoneClosesThem()
+{
+    const PanelFixture panel;
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(&panel.view->screen() != &panel.dashboard());
+    QVERIFY(!panel.dashboard().isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Settings")));
+    QVERIFY(!toggle(panel)->isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.dashboard().isVisible());
+    QVERIFY(toggle(panel)->isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Done")));
+}
+
+void MainPanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(MainPanelView::historySelectionId);
+    panel.view->setShowingSettings(true);
+    QVERIFY(!button(panel, QStringLiteral("Back from All History")));
+    panel.view->setShowingSettings(false);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
+    QVERIFY(button(panel, QStringLiteral("Back from All History")));
+}
+
+void MainPanelViewTest::thePillIsNotInTheSettings()
+{
+    PanelFixture panel;
+    panel.view->setShowingSettings(true);
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QVERIFY(!panel.view->findChild<CopiedPill*>()->isVisible());
+    panel.view->setShowingSettings(false);
+    panel.settle();
+    QVERIFY(panel.view->findChild<CopiedPill*>()->isVisible());
+}
+
+void MainPanelViewTest::aLongNameLeavesTheButtonsTheirPlace()
+{
+    PanelFixture panel;
+    const QString name = QStringLiteral("Everything that was ever picked in the long summer by the sea");
+    const ColorCollection collection = panel.state.createCollection(name);
+    panel.view->setSelectedCollectionId(collection.id);
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QCOMPARE(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), QPoint(296, 10));
+    QCOMPARE(button(panel, QStringLiteral("Settings"))->mapTo(panel.view.get(), QPoint(0, 0)),
+             QPoint(336, 10));
+    const QAbstractButton* back = button(panel, QStringLiteral("Back from ") + name);
+    QCOMPARE(back->mapTo(panel.view.get(), QPoint(0, 0)).x(), 14);
+    QCOMPARE(back->toolTip(), name);
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QVERIFY(back->mapTo(panel.view.get(), QPoint(back->width(), 0)).x() <=
+            pill->mapTo(panel.view.get(), QPoint(0, 0)).x() - 10);
+}
+
+void MainPanelViewTest::altLeftLeadsBack()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(MainPanelView::historySelectionId);
+    panel.view->setShowingSettings(true);
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void MainPanelViewTest::theHeaderFadesFromOneScreenToTheOther()
+{
+    const PanelFixture panel;
+    const auto header = [&panel] { return panel.view->grab(QRect(0, 0, 380, 50)).toImage(); };
+    panel.settle();
+    const QImage before = header();
+    panel.view->setShowingSettings(true);
+    QApplication::processEvents();
+    QCOMPARE(header(), before);
+    Ticker::shared().advance(0.09);
+    const QImage between = header();
+    panel.settle();
+    const QImage after = header();
+    QVERIFY(between != before);
+    QVERIFY(between != after);
+    QVERIFY(after != before);
+    QVERIFY(!Ticker::shared().hasMotion());
 }
 
 int main(int argc, char** argv)

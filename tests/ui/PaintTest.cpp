@@ -54,6 +54,10 @@ private Q_SLOTS:
     void aShadowStaysWithinItsExtents();
     void aShadowHasNoSeams_data();
     void aShadowHasNoSeams();
+    void aGrowingShadowHasNoSeamsEither();
+    void aShadowOnItsWayIsBothInPart();
+    void aMovingShadowIsNotBlurredAnew();
+    void shadowsOfOneShapeAreBlurredOnce();
     void everySymbolDraws_data();
     void everySymbolDraws();
     void anUnknownSymbolDrawsNothing();
@@ -215,6 +219,71 @@ void PaintTest::aShadowHasNoSeams()
         const int alpha = qAlpha(image.pixel(x, y));
         QVERIFY2(alpha == 127 || alpha == 128, qPrintable(u"%1 at %2"_s.arg(alpha).arg(x)));
     }
+}
+
+void PaintTest::aGrowingShadowHasNoSeamsEither()
+{
+    const Shadow shadow{.color = DS::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
+    const QRectF rect(17, 23, 321, 64);
+    for (const double scale : {1.0021, 1.0073, 1.0312, 1.05}) {
+        QImage image = blank(380, 120);
+        QPainter painter(&image);
+        scaleAboutMiddle(painter, rect, scale);
+        drawShadow(painter, rect, 14, shadow, Scheme::Light);
+        painter.end();
+        for (int x = 40; x < 310; ++x) {
+            const int alpha = qAlpha(image.pixel(x, 55));
+            QVERIFY2(alpha == 127 || alpha == 128, qPrintable(u"%1 at %2"_s.arg(alpha).arg(x)));
+        }
+    }
+}
+
+void PaintTest::aShadowOnItsWayIsBothInPart()
+{
+    const Shadow from{.color = DS::black.opacity(0.2), .radius = 3, .offset = {0, 1}};
+    const Shadow to{.color = DS::black.opacity(0.6), .radius = 8, .offset = {0, 3}};
+    const auto alphaAt = [&](double fraction, double opacity) {
+        QImage image = blank(100, 100);
+        QPainter painter(&image);
+        painter.setOpacity(opacity);
+        drawShadowBetween(painter, QRectF(20, 20, 60, 60), 7, from, to, fraction, Scheme::Light);
+        return qAlpha(image.pixel(50, 50));
+    };
+    QCOMPARE(alphaAt(0, 1), 51);
+    QCOMPARE(alphaAt(1, 1), 153);
+    // A half of each, the one over the other: 0.1 + 0.3 - 0.1 * 0.3.
+    QVERIFY(std::abs(alphaAt(0.5, 1) - 94) <= 1);
+    QVERIFY(std::abs(alphaAt(1, 0.5) - 77) <= 1);
+}
+
+void PaintTest::aMovingShadowIsNotBlurredAnew()
+{
+    const Shadow from{.color = DS::black.opacity(0.21), .radius = 3, .offset = {0, 1}};
+    const Shadow to{.color = DS::black.opacity(0.51), .radius = 8, .offset = {0, 3}};
+    const QRectF rect(20, 20, 60, 60);
+    const int before = blurCount();
+    for (int frame = 0; frame <= 60; ++frame) {
+        QImage image = blank(100, 100);
+        QPainter painter(&image);
+        scaleAboutMiddle(painter, rect, 1 + frame * 0.001);
+        drawShadowBetween(painter, rect, 9, from, to, frame / 60.0, Scheme::Light);
+    }
+    QCOMPARE(blurCount() - before, 2);
+}
+
+void PaintTest::shadowsOfOneShapeAreBlurredOnce()
+{
+    const int before = blurCount();
+    QImage image = blank(100, 100);
+    QPainter painter(&image);
+    for (int pass = 0; pass < 2; ++pass) {
+        for (int i = 0; i < 100; ++i) {
+            const DS::Color color(i / 100.0, 1 - i / 100.0, 0.5);
+            drawShadow(painter, QRectF(20, 20, 60, 60), 11, {color.opacity(0.2), 3, QPointF(0, 1)},
+                       Scheme::Light);
+        }
+    }
+    QCOMPARE(blurCount() - before, 1);
 }
 
 void PaintTest::everySymbolDraws_data()

@@ -27,7 +27,7 @@ public:
         while (!state.collections().isEmpty()) {
             state.deleteCollection(state.collections().first().id);
         }
-        view = std::make_unique<MainPanelView>(state);
+        view = std::make_unique<MainPanelView>(state, [](QWidget&) { return new QWidget; });
         view->setSystemScheme(Scheme::Light);
         view->show();
         view->activateWindow();

@@ -1,6 +1,9 @@
 #include "ui/kit/ScrollArea.h"
+#include "ui/kit/Button.h"
 #include "ui/kit/Stack.h"
+#include "ui/kit/TextField.h"
 
+#include <QApplication>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -9,14 +12,28 @@ using namespace tintwick;
 
 namespace {
 
+QWheelEvent wheel(const QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held = {})
+{
+    return {
+        QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, eighths, Qt::NoButton, held, Qt::NoScrollPhase,
+        false};
+}
+
 /// Turns a wheel over a widget; returns whether the widget took it.
 bool turn(QWidget& widget, const QPoint& eighths)
 {
-    QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, eighths, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event = wheel(widget, eighths);
     event.ignore();
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
+}
+
+/// Turns it as a hand does: what the widget does not take is its parent's.
+void turnByHand(QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held)
+{
+    QWheelEvent event = wheel(widget, eighths, held);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
 }
 
 QWidget* box(int width, int height)
@@ -39,6 +56,11 @@ private Q_SLOTS:
     void aColumnScrollsDownOnly();
     void fineTurnsAddUp();
     void contentThatGrowsCanBeReached();
+    void aPageTakesTheWheelBeforeARowInIt_data();
+    void aPageTakesTheWheelBeforeARowInIt();
+    void whatGetsTheFocusComesIntoView_data();
+    void whatGetsTheFocusComesIntoView();
+    void aWindowThatIsCameBackToStaysAsItWasScrolled();
 };
 
 void ScrollAreaTest::aRowTakesTheWheelUntilItsEnd()
@@ -86,7 +108,7 @@ void ScrollAreaTest::aColumnScrollsDownOnly()
     QVERIFY(!area->verticalScrollBar()->isVisible());
     QVERIFY(turn(*area->viewport(), {0, -120}));
     QCOMPARE(area->verticalScrollBar()->value(), 60);
-    QVERIFY(turn(*area->viewport(), {-120, 0}));
+    QVERIFY(!turn(*area->viewport(), {-120, 0}));
     QCOMPARE(area->verticalScrollBar()->value(), 60);
 }
 
@@ -112,6 +134,85 @@ void ScrollAreaTest::contentThatGrowsCanBeReached()
     content->add(more);
     more->show();
     QTRY_COMPARE(area->verticalScrollBar()->maximum(), 80);
+}
+
+void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt_data()
+{
+    QTest::addColumn<int>("pageHeight");
+    QTest::addColumn<QPoint>("eighths");
+    QTest::addColumn<Qt::KeyboardModifiers>("held");
+    QTest::addColumn<int>("page");
+    QTest::addColumn<int>("row");
+    const Qt::KeyboardModifiers nothing;
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    QTest::newRow("down, over a long page") << 500 << QPoint(0, -60) << nothing << 30 << 0;
+    QTest::newRow("down with Shift") << 500 << QPoint(0, -60) << shift << 0 << 30;
+    QTest::newRow("to the side") << 500 << QPoint(-60, 0) << nothing << 0 << 30;
+    QTest::newRow("to the side with Shift") << 500 << QPoint(-60, 0) << shift << 0 << 30;
+    QTest::newRow("down, over a page with nothing to scroll") << 10 << QPoint(0, -60) << nothing << 0 << 30;
+}
+
+void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt()
+{
+    QFETCH(const int, pageHeight);
+    QFETCH(const QPoint, eighths);
+    QFETCH(const Qt::KeyboardModifiers, held);
+    auto* inner = horizontalScroll(row(box(900, 40)));
+    const std::unique_ptr<ScrollArea> page(verticalScroll(column(inner, box(50, pageHeight))));
+    page->resize(200, 200);
+    page->show();
+    turnByHand(*inner->viewport(), eighths, held);
+    QTEST(page->verticalScrollBar()->value(), "page");
+    QTEST(inner->horizontalScrollBar()->value(), "row");
+}
+
+void ScrollAreaTest::whatGetsTheFocusComesIntoView_data()
+{
+    QTest::addColumn<QWidget*>("target");
+    const auto nothing = [] {};
+    QTest::newRow("a button") << static_cast<QWidget*>(borderedButton(QStringLiteral("Done"), nothing));
+    QTest::newRow("a field") << static_cast<QWidget*>(new TextField(QStringLiteral("Name")));
+}
+
+// From a control outside of the page to one that is out of sight in both directions.
+void ScrollAreaTest::whatGetsTheFocusComesIntoView()
+{
+    QFETCH(QWidget*, target);
+    target->setFixedWidth(80);
+    auto* inner = horizontalScroll(row(box(900, 30), target, box(100, 30)));
+    auto* page = verticalScroll(column(box(50, 500), inner, box(50, 100)));
+    auto* outside = borderedButton(QStringLiteral("Back"), [] {});
+    const std::unique_ptr<Stack> window(column(outside, page));
+    window->resize(200, 200);
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    outside->setFocus(Qt::TabFocusReason);
+    QCOMPARE(page->verticalScrollBar()->value(), 0);
+    QTest::keyClick(outside, Qt::Key_Tab);
+    QVERIFY(target->hasFocus());
+    const QRect place(target->mapTo(window.get(), QPoint(0, 0)), target->size());
+    QVERIFY(page->geometry().contains(place));
+}
+
+void ScrollAreaTest::aWindowThatIsCameBackToStaysAsItWasScrolled()
+{
+    auto* button = borderedButton(QStringLiteral("Done"), [] {});
+    const std::unique_ptr<ScrollArea> page(verticalScroll(column(button, box(50, 500))));
+    page->resize(200, 200);
+    page->show();
+    page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(page.get()));
+    button->setFocus(Qt::TabFocusReason);
+    page->verticalScrollBar()->setValue(200);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(page.get()));
+    QVERIFY(button->hasFocus());
+    QCOMPARE(page->verticalScrollBar()->value(), 200);
 }
 
 QTEST_MAIN(ScrollAreaTest)

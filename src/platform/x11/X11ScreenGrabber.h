@@ -30,6 +30,7 @@ public:
     ~X11ScreenGrabber();
 
     [[nodiscard]] bool captureIsPermitted() const override { return true; }
+    [[nodiscard]] QUrl permissionSettings() const override { return {}; }
     [[nodiscard]] std::vector<Screen> screens() const override;
     void beginSession(ContentChanged contentChanged) override;
     void endSession() override;

@@ -1,5 +1,7 @@
 #include "ui/kit/Accessibility.h"
 
+#include "ui/kit/PopUpPicker.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -12,11 +14,11 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A button that drops a menu, which a screen reader can open too.
-class AccessibleMenuButton final : public QAccessibleWidget
+class AccessibleMenuButton : public QAccessibleWidget
 {
 public:
-    explicit AccessibleMenuButton(QAbstractButton& button)
-        : QAccessibleWidget(&button, QAccessible::ButtonMenu)
+    explicit AccessibleMenuButton(QAbstractButton& button, QAccessible::Role role = QAccessible::ButtonMenu)
+        : QAccessibleWidget(&button, role)
         , m_button(button)
     {
     }
@@ -49,6 +51,24 @@ private:
     QAbstractButton& m_button;
 };
 
+class AccessiblePopUpPicker final : public AccessibleMenuButton
+{
+public:
+    explicit AccessiblePopUpPicker(PopUpPicker& picker)
+        : AccessibleMenuButton(picker, QAccessible::ComboBox)
+        , m_picker(picker)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? m_picker.selectedTitle() : QAccessibleWidget::text(kind);
+    }
+
+private:
+    PopUpPicker& m_picker;
+};
+
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 {
     auto* widget = qobject_cast<QWidget*>(object);
@@ -58,11 +78,20 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     if (className == "tintwick::Label"_L1) {
         return new QAccessibleWidget(widget, QAccessible::StaticText);
     }
+    if (className == "tintwick::SegmentedPicker"_L1) {
+        return new QAccessibleWidget(widget, QAccessible::Grouping);
+    }
+    if (className == "tintwick::PopUpPicker"_L1) {
+        return new AccessiblePopUpPicker(*static_cast<PopUpPicker*>(widget));
+    }
     if (className == "tintwick::Sheet"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Dialog);
     }
     if (className == "tintwick::SymbolView"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Graphic);
+    }
+    if (className == "tintwick::ReorderList"_L1) {
+        return new QAccessibleWidget(widget, QAccessible::List);
     }
     if (className == "tintwick::Rule"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Separator);

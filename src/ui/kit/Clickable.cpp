@@ -5,6 +5,7 @@
 #include "ui/kit/Paint.h"
 #include "ui/kit/StackLayout.h"
 
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -79,12 +80,12 @@ void Clickable::setContent(QWidget* content)
 void Clickable::paintAnswer(QPainter& painter) const
 {
     const Scheme scheme = Appearance::of(this);
-    if (isEnabled() && (isDown() || isHovered())) {
-        fillRounded(painter, rect(), cornerRadius(),
+    if (isEnabled() && (isDown() || (isHovered() && tintsHover()))) {
+        fillRounded(painter, answerRect(), cornerRadius(),
                     DS::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
     }
     if (showsFocusRing()) {
-        drawFocusRing(painter, rect(), cornerRadius(), scheme);
+        drawFocusRing(painter, answerRect(), cornerRadius(), scheme);
     }
 }
 
@@ -93,9 +94,25 @@ void Clickable::hoverChanged()
     updateAnswer();
 }
 
+QList<MenuEntry> Clickable::contextMenu() const
+{
+    return {};
+}
+
 double Clickable::cornerRadius() const
 {
     return plainRadius;
+}
+
+void Clickable::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QList<MenuEntry> entries = contextMenu();
+    if (entries.isEmpty()) {
+        event->ignore();
+        return;
+    }
+    const bool atPointer = event->reason() == QContextMenuEvent::Mouse;
+    popUpMenu(*this, atPointer ? event->globalPos() : mapToGlobal(rect().center()), entries);
 }
 
 bool Clickable::event(QEvent* event)
@@ -159,6 +176,12 @@ void Clickable::keyPressEvent(QKeyEvent* event)
         if (!event->isAutoRepeat()) {
             click();
         }
+        return;
+    }
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        const QPoint middle = rect().center();
+        QContextMenuEvent request(QContextMenuEvent::Keyboard, middle, mapToGlobal(middle));
+        contextMenuEvent(&request);
         return;
     }
     // The arrow keys of a plain button would wander through its siblings in no order.

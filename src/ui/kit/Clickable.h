@@ -1,14 +1,16 @@
 #pragma once
 
 #include "ui/DS.h"
+#include "ui/kit/ContextMenu.h"
 
 #include <QAbstractButton>
+#include <QRectF>
 
 #include <functional>
 
 namespace tintwick {
 
-/// What can be clicked: hover, keyboard focus and its ring, Space and Return, and a name for screen readers. A subclass
+/// What can be clicked: hover, keyboard focus and its ring, Space and Return, a context menu, and a name for screen readers. A subclass
 /// either composes its content or paints itself; then it calls `paintAnswer()` last.
 class Clickable : public QAbstractButton
 {
@@ -31,11 +33,17 @@ protected:
     /// Makes `content` the whole of the control. Clicks go through it to the control.
     void setContent(QWidget* content);
     /// Tints what is hovered or pressed, and draws the ring of keyboard focus.
-    virtual void paintAnswer(QPainter& painter) const;
+    void paintAnswer(QPainter& painter) const;
     virtual void hoverChanged();
-    /// Corner radius of tint and ring.
+    /// What the secondary button, the menu key and Shift+F10 open; nothing while it is empty.
+    [[nodiscard]] virtual QList<MenuEntry> contextMenu() const;
+    /// The shape of tint and ring.
+    [[nodiscard]] virtual QRectF answerRect() const { return rect(); }
     [[nodiscard]] virtual double cornerRadius() const;
+    /// No for a view that shows in its own way that the pointer is over it.
+    [[nodiscard]] virtual bool tintsHover() const { return true; }
 
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

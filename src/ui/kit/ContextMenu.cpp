@@ -47,15 +47,6 @@ void style(QMenu& menu)
     menu.installEventFilter(new CornerFitter(&menu));
 }
 
-QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
-{
-    auto* menu = new QMenu(&owner);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(Appearance::palette(Appearance::of(&owner)));
-    fillMenu(*menu, entries);
-    return menu;
-}
-
 } // namespace
 
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
@@ -74,11 +65,16 @@ void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
             break;
         }
         case MenuEntry::Kind::Action:
+        case MenuEntry::Kind::Choice:
         case MenuEntry::Kind::Destructive: {
             QAction* action = menu.addAction(literal(entry.title));
             if (!entry.symbol.isEmpty()) {
                 action->setIcon(symbolIcon(entry.symbol));
                 action->setIconVisibleInMenu(true);
+            }
+            if (entry.kind == MenuEntry::Kind::Choice) {
+                action->setCheckable(true);
+                action->setChecked(entry.isChosen);
             }
             action->setProperty(KitStyle::destructiveProperty, entry.kind == MenuEntry::Kind::Destructive);
             QObject::connect(action, &QAction::triggered, &menu, entry.action);
@@ -95,22 +91,37 @@ MenuEntry menuAction(const QString& title, std::function<void()> action)
 
 MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action)
 {
-    return {MenuEntry::Kind::Action, title, symbol, std::move(action), {}};
+    return {MenuEntry::Kind::Action, title, symbol, std::move(action), {}, false};
 }
 
 MenuEntry menuDestructive(const QString& title, std::function<void()> action)
 {
-    return {MenuEntry::Kind::Destructive, title, {}, std::move(action), {}};
+    return {MenuEntry::Kind::Destructive, title, {}, std::move(action), {}, false};
+}
+
+MenuEntry menuChoice(const QString& title, bool isChosen, std::function<void()> action)
+{
+    return {MenuEntry::Kind::Choice, title, isChosen ? QStringLiteral("checkmark") : QString(),
+            std::move(action),       {},    isChosen};
 }
 
 MenuEntry submenu(const QString& title, const QList<MenuEntry>& entries)
 {
-    return {MenuEntry::Kind::Submenu, title, {}, {}, entries};
+    return {MenuEntry::Kind::Submenu, title, {}, {}, entries, false};
 }
 
 MenuEntry menuSeparator()
 {
-    return {MenuEntry::Kind::Separator, {}, {}, {}, {}};
+    return {MenuEntry::Kind::Separator, {}, {}, {}, {}, false};
+}
+
+QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
+{
+    auto* menu = new QMenu(&owner);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(Appearance::palette(Appearance::of(&owner)));
+    fillMenu(*menu, entries);
+    return menu;
 }
 
 QMenu* popUpMenu(QWidget& owner, const QPoint& globalPosition, const QList<MenuEntry>& entries)

@@ -23,6 +23,7 @@ constexpr int itemHeight = 26;
 constexpr int itemPadding = 10;
 constexpr double itemRadius = 6;
 constexpr int symbolColumn = 24;
+static_assert(KitStyle::checkedTitleInset == menuPadding + itemPadding + symbolColumn);
 constexpr int symbolSize = 12;
 constexpr int separatorHeight = 9;
 constexpr int submenuColumn = 20;

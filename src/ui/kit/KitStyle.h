@@ -17,6 +17,8 @@ public:
     /// Set on an action whose result cannot be undone.
     static constexpr const char* destructiveProperty = "tintwickDestructive";
     static constexpr double menuRadius = 10;
+    /// How far from the left edge of a menu with check marks or symbols its titles begin.
+    static constexpr int checkedTitleInset = 39;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;

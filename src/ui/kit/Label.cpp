@@ -2,8 +2,10 @@
 
 #include "ui/Appearance.h"
 #include "ui/kit/Accessibility.h"
+#include "ui/kit/HelpBubble.h"
 
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -16,7 +18,6 @@ Label::Label(const QString& text, const QFont& font, const DS::Color& color)
     , m_color(color)
 {
     describeToScreenReaders();
-    setAttribute(Qt::WA_TransparentForMouseEvents);
     setFont(font);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setAccessibleName(text);
@@ -31,6 +32,7 @@ void Label::setText(const QString& text)
     setAccessibleName(text);
     updateGeometry();
     update();
+    updateHelp();
 }
 
 void Label::setColor(const DS::Color& color)
@@ -58,13 +60,38 @@ QSize Label::minimumSizeHint() const
     return {std::min(whole.width(), QFontMetrics(font()).horizontalAdvance(QChar(0x2026))), whole.height()};
 }
 
+bool Label::isCut() const
+{
+    return width() < sizeHint().width();
+}
+
+void Label::updateHelp()
+{
+    setToolTip(isCut() ? m_text : QString());
+}
+
+bool Label::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
+        HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void Label::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    updateHelp();
+}
+
 void Label::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(m_color.in(Appearance::of(this)));
     const QFontMetrics metrics(font());
     const bool isOneLine = !m_text.contains(u'\n');
-    const bool isWhole = width() >= sizeHint().width();
+    const bool isWhole = !isCut();
     int y = 0;
     for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
         // Text that has its room is drawn whole, whatever the roundings at this scale.
@@ -80,6 +107,13 @@ void Label::paintEvent(QPaintEvent*)
 Label* label(const QString& text, const QFont& font, const DS::Color& color)
 {
     return new Label(text, font, color);
+}
+
+Label* label(const Bound<QString>& text, const QFont& font, const DS::Color& color)
+{
+    auto* view = new Label({}, font, color);
+    text.follow(*view, [view](const QString& now) { view->setText(now); });
+    return view;
 }
 
 } // namespace tintwick

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "ui/DS.h"
+#include "ui/kit/Bound.h"
 
 #include <QWidget>
 
 namespace tintwick {
 
 /// One line of text, or several centred ones where the text has line breaks. A line too long for its room ends in an
-/// ellipsis.
+/// ellipsis, and the whole text appears when the pointer rests on it.
 class Label final : public QWidget
 {
     Q_OBJECT
@@ -23,13 +24,21 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] bool isCut() const;
+    void updateHelp();
+
     QString m_text;
     DS::Color m_color;
 };
 
 [[nodiscard]] Label* label(const QString& text, const QFont& font, const DS::Color& color = DS::textPrimary);
+/// A text that follows state.
+[[nodiscard]] Label* label(const Bound<QString>& text, const QFont& font,
+                           const DS::Color& color = DS::textPrimary);
 
 } // namespace tintwick

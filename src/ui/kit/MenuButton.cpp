@@ -32,8 +32,13 @@ void MenuButton::open()
         return;
     }
     setDown(true);
-    m_menu = dropDownMenu(*this, m_entries());
+    m_menu = openMenu(m_entries());
     connect(m_menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+}
+
+QMenu* MenuButton::openMenu(const QList<MenuEntry>& entries)
+{
+    return dropDownMenu(*this, entries);
 }
 
 void MenuButton::keyPressEvent(QKeyEvent* event)
@@ -46,7 +51,9 @@ void MenuButton::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         if (!event->isAutoRepeat()) {
             open();
-            m_menu->setActiveAction(m_menu->actions().value(0));
+            if (m_menu->activeAction() == nullptr) {
+                m_menu->setActiveAction(m_menu->actions().value(0));
+            }
         }
         break;
     default:

@@ -12,7 +12,7 @@ namespace tintwick {
 /// A button that looks like its content and drops a menu below itself. Pressing it opens the menu, as Space, Return and
 /// Down do; it looks pressed until the menu closes, and a click on it then closes the menu. How it looks while it is
 /// disabled is left to the content.
-class MenuButton final : public Clickable
+class MenuButton : public Clickable
 {
     Q_OBJECT
 
@@ -27,6 +27,8 @@ public:
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return m_cornerRadius; }
+    /// Opens the menu where it belongs.
+    virtual QMenu* openMenu(const QList<MenuEntry>& entries);
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

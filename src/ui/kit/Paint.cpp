@@ -6,6 +6,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +15,7 @@ namespace tintwick {
 
 namespace {
 
+constexpr double hairlineThickness = 0.5;
 constexpr double focusRingWidth = 2;
 constexpr double checkerCell = 4;
 constexpr QColor darkCheck(191, 191, 191);
@@ -44,6 +46,21 @@ QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme sc
     return linear;
 }
 
+QColor mixed(const QColor& from, const QColor& to, double fraction)
+{
+    const auto part = [fraction](float a, float b) { return std::lerp(a, b, static_cast<float>(fraction)); };
+    return QColor::fromRgbF(part(from.redF(), to.redF()), part(from.greenF(), to.greenF()),
+                            part(from.blueF(), to.blueF()), part(from.alphaF(), to.alphaF()));
+}
+
+void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale)
+{
+    const QPointF middle = rect.center();
+    painter.translate(middle);
+    painter.scale(scale, scale);
+    painter.translate(-middle);
+}
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
 {
     painter.save();
@@ -63,6 +80,18 @@ void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, co
     QPen pen(color, width, Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({on / width, off / width});
     stroke(painter, rect, radius, pen);
+}
+
+void drawHairline(QPainter& painter, const QPointF& start, double length, const QColor& color)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    QRectF line = toDevice.mapRect(QRectF(start, QSizeF(length, hairlineThickness)));
+    // Straddling two pixels at a fractional scale, so thin a line all but vanishes.
+    line.moveTop(std::round(line.top()));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(toDevice.inverted().mapRect(line), color);
+    painter.restore();
 }
 
 void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme scheme)

@@ -17,21 +17,32 @@ namespace {
 
 /// Beyond this many standard deviations a shadow is fainter than one step of a byte.
 constexpr double visibleDeviations = 3;
-/// Kilobytes of blurred corners that are kept; a panel full of swatches needs some hundreds.
-constexpr qsizetype cacheLimit = 2048;
+/// Kilobytes of tinted shapes that are kept; a panel full of swatches needs some hundreds, four times as much at scale 2.
+constexpr qsizetype tintedLimit = 3072;
+/// The same of the blurred shapes, of which there are a few for each scale.
+constexpr qsizetype blurredLimit = 1024;
 
-struct Key
+/// All that a blur depends on.
+struct Shape
 {
     double cornerRadius;
     double shadowRadius;
-    QRgb color;
     double devicePixelRatio;
 
-    friend bool operator==(const Key&, const Key&) = default;
-    friend size_t qHash(const Key& key, size_t seed = 0)
+    friend bool operator==(const Shape&, const Shape&) = default;
+    friend size_t qHash(const Shape& shape, size_t seed = 0)
     {
-        return qHashMulti(seed, key.cornerRadius, key.shadowRadius, key.color, key.devicePixelRatio);
+        return qHashMulti(seed, shape.cornerRadius, shape.shadowRadius, shape.devicePixelRatio);
     }
+};
+
+struct Key
+{
+    Shape shape;
+    QRgb color;
+
+    friend bool operator==(const Key&, const Key&) = default;
+    friend size_t qHash(const Key& key, size_t seed = 0) { return qHashMulti(seed, key.shape, key.color); }
 };
 
 int reachOf(double shadowRadius)
@@ -82,8 +93,8 @@ int cornerPart(double cornerRadius, double shadowRadius)
     return static_cast<int>(std::ceil(1.3 * cornerRadius)) + 2 * reachOf(shadowRadius);
 }
 
-/// The shadow of the smallest shape with such corners, in its colour.
-QImage blurredShape(const Key& key)
+/// The shadow of the smallest shape with such corners, without a colour.
+QImage blurred(const Shape& key)
 {
     const double scale = key.devicePixelRatio;
     const int reach = reachOf(key.shadowRadius);
@@ -101,23 +112,43 @@ QImage blurredShape(const Key& key)
         const std::vector<float> weights = gaussian(key.shadowRadius / 2 * scale);
         shape = blurredAndTurned(blurredAndTurned(shape, weights), weights);
     }
-    QImage tinted(shape.size(), QImage::Format_ARGB32_Premultiplied);
-    tinted.fill(QColor::fromRgba(key.color));
-    QPainter tint(&tinted);
-    tint.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    tint.drawImage(0, 0, shape);
-    return tinted;
+    return shape;
 }
 
-const QImage& cachedShape(const Key& key)
+QImage tinted(const QImage& shape, QRgb color)
 {
-    static QCache<Key, QImage> cache(cacheLimit);
+    QImage result(shape.size(), QImage::Format_ARGB32_Premultiplied);
+    result.fill(QColor::fromRgba(color));
+    QPainter tint(&result);
+    tint.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    tint.drawImage(0, 0, shape);
+    return result;
+}
+
+template <typename Key, typename Make>
+QImage cached(QCache<Key, QImage>& cache, const Key& key, const Make& make)
+{
     if (const QImage* known = cache.object(key)) {
         return *known;
     }
-    auto* made = new QImage(blurredShape(key));
-    cache.insert(key, made, std::min<qsizetype>(made->sizeInBytes() / 1024, cacheLimit));
-    return *made;
+    const QImage made = make();
+    cache.insert(key, new QImage(made), std::max<qsizetype>(made.sizeInBytes() / 1024, 1));
+    return made;
+}
+
+int blurs = 0;
+
+QImage shadowOf(const Key& key)
+{
+    static QCache<Key, QImage> tintedShapes(tintedLimit);
+    static QCache<Shape, QImage> blurredShapes(blurredLimit);
+    return cached(tintedShapes, key, [&] {
+        const QImage shape = cached(blurredShapes, key.shape, [&] {
+            ++blurs;
+            return blurred(key.shape);
+        });
+        return tinted(shape, key.color);
+    });
 }
 
 } // namespace
@@ -139,8 +170,7 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
         return;
     }
     const double fitting = std::min({cornerRadius, rect.width() / 2, rect.height() / 2});
-    const Key key{fitting, shadow.radius, color.rgba(), devicePixelRatioOf(painter)};
-    const QImage& image = cachedShape(key);
+    const QImage image = shadowOf({{fitting, shadow.radius, devicePixelRatioOf(painter)}, color.rgba()});
 
     const int reach = reachOf(shadow.radius);
     const QRectF target = rect.translated(shadow.offset).adjusted(-reach, -reach, reach, reach);
@@ -175,6 +205,26 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
         }
     }
     painter.restore();
+}
+
+void drawShadowBetween(QPainter& painter, const QRectF& rect, double cornerRadius, const Shadow& from,
+                       const Shadow& to, double fraction, Scheme scheme)
+{
+    const double opacity = painter.opacity();
+    const auto draw = [&](const Shadow& shadow, double part) {
+        if (part > 0) {
+            painter.setOpacity(opacity * part);
+            drawShadow(painter, rect, cornerRadius, shadow, scheme);
+        }
+    };
+    draw(from, 1 - fraction);
+    draw(to, fraction);
+    painter.setOpacity(opacity);
+}
+
+int blurCount()
+{
+    return blurs;
 }
 
 } // namespace tintwick

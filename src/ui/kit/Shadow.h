@@ -27,4 +27,12 @@ struct Shadow
 void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, const Shadow& shadow,
                 Scheme scheme);
 
+/// Paints what a shadow is on its way from one to another, `fraction` 0 to 1 of it. It blurs the two and nothing in between,
+/// so that every frame of the way costs the same.
+void drawShadowBetween(QPainter& painter, const QRectF& rect, double cornerRadius, const Shadow& from,
+                       const Shadow& to, double fraction, Scheme scheme);
+
+/// The shadows blurred so far in this process. One that moves must not add to them with each frame.
+[[nodiscard]] int blurCount();
+
 } // namespace tintwick

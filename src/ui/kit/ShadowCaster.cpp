@@ -71,6 +71,11 @@ void updateShadow(QWidget& caster, const QMargins& extents)
     if (auto* ground =
             const_cast<QWidget*>(groundAbove(caster))) { // NOLINT(cppcoreguidelines-pro-type-const-cast)
         ground->update(caster.rect().marginsAdded(extents).translated(caster.mapTo(ground, QPoint(0, 0))));
+        // A row lets shadows of what it shows fall beside itself.
+        QWidget* viewport = ground->parentWidget();
+        if (viewport != nullptr && dynamic_cast<ShadowCaster*>(viewport->parentWidget()) != nullptr) {
+            updateShadow(*viewport->parentWidget(), extents);
+        }
     }
 }
 

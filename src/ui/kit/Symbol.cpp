@@ -164,7 +164,7 @@ void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWe
         blur.end();
         QPixmapCache::insert(key, shadow);
     }
-    const QPointF middle = rect.center() - QPointF(side / 2, side / 2 - 1);
+    const QPointF middle = rect.center() - QPointF(side / 2, side / 2);
     painter.drawPixmap(
         QPointF(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio), shadow);
 }

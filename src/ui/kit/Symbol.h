@@ -20,8 +20,7 @@ enum class SymbolWeight { Regular, Medium, Semibold };
 void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight weight, const QColor& color,
                 const QRectF& rect);
 
-/// Draws the blurred shadow of a symbol that is to be drawn in `rect`: the blur has a standard deviation of one point and
-/// falls one point lower.
+/// Draws the blurred shadow of a symbol that is to be drawn in `rect`: the blur has a standard deviation of one point.
 void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWeight weight,
                       const QColor& color, const QRectF& rect);
 

@@ -25,6 +25,12 @@ void SymbolView::setName(const QString& name)
     }
 }
 
+void SymbolView::setColor(const DS::Color& color)
+{
+    m_color = color;
+    update();
+}
+
 QSize SymbolView::sizeHint() const
 {
     const int side = qRound(symbolSide(m_size));

@@ -17,6 +17,7 @@ public:
     SymbolView(QString name, int size, SymbolWeight weight, const DS::Color& color);
 
     void setName(const QString& name);
+    void setColor(const DS::Color& color);
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:

@@ -1,0 +1,186 @@
+#include "ui/CollectionDetailView.h"
+
+#include "state/AppState.h"
+#include "ui/Appearance.h"
+#include "ui/ColorDetailRow.h"
+#include "ui/DS.h"
+#include "ui/ExportMenu.h"
+#include "ui/kit/Animator.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/MenuButton.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/Rule.h"
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/Spring.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int dropFrameInset = 6;
+constexpr double dropFrameRadius = DS::panelRadius - dropFrameInset;
+constexpr DS::Color dropFrameLine = DS::accent.opacity(0.6);
+constexpr DS::Color dropFrameTint = DS::accent.opacity(0.06);
+
+} // namespace
+
+/// Says, above the screen, that it takes what is dragged over it.
+class CollectionDetailView::DropFrame final : public QWidget
+{
+public:
+    explicit DropFrame(QWidget& screen)
+        : QWidget(&screen)
+        , m_hover(0.18, 0.8)
+        , m_animator([this](double seconds) {
+            const bool isMoving = m_hover.advance(seconds);
+            update();
+            setVisible(isMoving || m_isShown);
+            return isMoving;
+        })
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+    [[nodiscard]] bool isShown() const { return m_isShown; }
+
+    void setShown(bool shown)
+    {
+        m_isShown = shown;
+        m_hover.setTarget(shown ? 1 : 0);
+        raise();
+        m_animator.start();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const Scheme scheme = Appearance::of(this);
+        QPainter painter(this);
+        painter.setOpacity(qBound(0.0, m_hover.position(), 1.0));
+        fillRounded(painter, rect(), dropFrameRadius, dropFrameTint.in(scheme));
+        strokeInside(painter, rect(), dropFrameRadius, dropFrameLine.in(scheme), 1.5);
+    }
+
+private:
+    bool m_isShown = false;
+    Spring m_hover;
+    Animator m_animator;
+};
+
+CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
+    : m_appState(appState)
+    , m_collectionId(collectionId)
+    , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
+    , m_rows(
+          *m_list, [this] { return new ColorDetailRow(m_appState, m_collectionId); },
+          [](ColorDetailRow& row, const CapturedColor& color, qsizetype) { row.setColor(color); })
+    , m_dropFrame(new DropFrame(*this))
+    , m_dropTarget(
+          *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
+          [this](const QUuid& id) { addDropped(id); })
+{
+    m_empty = emptyState();
+    m_scroll = verticalScroll(m_list);
+    setContent(column(toolbar(), rule(), m_empty, m_scroll));
+
+    connect(m_list, &ReorderList::moveRequested, this,
+            [this](qsizetype from, qsizetype to) { m_appState.moveColors(m_collectionId, {from}, to); });
+    connect(&m_appState, &AppState::historyChanged, this, &CollectionDetailView::showCollection);
+    connect(&m_appState, &AppState::collectionsChanged, this, &CollectionDetailView::showCollection);
+    showCollection();
+}
+
+QWidget* CollectionDetailView::toolbar()
+{
+    m_icon = symbol({}, 15, SymbolWeight::Semibold, DS::white);
+    m_name = label({}, DS::font(14, QFont::Bold));
+    m_count = label({}, DS::font(11), DS::textSecond);
+    m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
+    // clang-format off
+    return row(gap(10), padding(16, 10),
+        row(fixedSize(32, 32), centered(), ground(DS::accent, 8), m_icon),
+        column(Across::Leading, m_name, m_count),
+        spacer(),
+        m_export);
+    // clang-format on
+}
+
+QWidget* CollectionDetailView::emptyState()
+{
+    return column(
+        gap(8), fillWidth(), spacer(), symbol(u"paintpalette"_s, 28, SymbolWeight::Regular, DS::textThird),
+        label(tr("No colors yet\nDrag swatches here from Recent History"), DS::font(12), DS::textThird),
+        spacer());
+}
+
+bool CollectionDetailView::isDropTarget() const
+{
+    return m_dropFrame->isShown();
+}
+
+QList<CapturedColor> CollectionDetailView::colors() const
+{
+    return m_collection.colors(m_appState.history());
+}
+
+void CollectionDetailView::showCollection()
+{
+    const auto& collections = m_appState.collections();
+    const auto found = std::ranges::find(collections, m_collectionId, &ColorCollection::id);
+    if (found != collections.end()) {
+        m_collection = *found;
+    } else {
+        m_collection.colorIds.clear();
+    }
+    const QList<CapturedColor> shown = colors();
+    m_icon->setName(m_collection.icon);
+    m_name->setText(m_collection.name);
+    m_count->setText(shown.size() == 1 ? tr("1 color") : tr("%1 colors").arg(shown.size()));
+    m_export->setHasColors(!shown.isEmpty());
+    m_rows.show(shown);
+    m_empty->setVisible(shown.isEmpty());
+    m_scroll->setVisible(!shown.isEmpty());
+    orderFocus();
+}
+
+void CollectionDetailView::addDropped(const QUuid& colorId)
+{
+    const qsizetype before = rows().size();
+    m_appState.addColor(colorId, m_collectionId);
+    if (rows().size() > before) {
+        m_list->reveal(*rows().last());
+    }
+}
+
+void CollectionDetailView::orderFocus() const
+{
+    QWidget* before = nullptr;
+    for (ColorDetailRow* row : rows()) {
+        for (QWidget* widget : {static_cast<QWidget*>(row), static_cast<QWidget*>(&row->copyButton()),
+                                static_cast<QWidget*>(&row->removeButton())}) {
+            if (before != nullptr) {
+                setTabOrder(before, widget);
+            }
+            before = widget;
+        }
+    }
+}
+
+void CollectionDetailView::resizeEvent(QResizeEvent* event)
+{
+    View::resizeEvent(event);
+    m_dropFrame->setGeometry(
+        rect().adjusted(dropFrameInset, dropFrameInset, -dropFrameInset, -dropFrameInset));
+}
+
+} // namespace tintwick

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "model/CapturedColor.h"
+#include "model/ColorCollection.h"
+#include "ui/ColorDropTarget.h"
+#include "ui/RecordViews.h"
+#include "ui/kit/ReorderList.h"
+#include "ui/kit/View.h"
+
+#include <QList>
+#include <QUuid>
+
+namespace tintwick {
+
+class AppState;
+class ColorDetailRow;
+class ExportMenu;
+class Label;
+class SymbolView;
+
+/// The screen of one collection: its colours as a list that can be put into another order. Colours dropped anywhere on the
+/// screen are added. A collection that is gone shows no colours.
+class CollectionDetailView final : public View
+{
+    Q_OBJECT
+
+public:
+    CollectionDetailView(AppState& appState, const QUuid& collectionId);
+
+    /// One per colour that the history still holds.
+    [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
+    [[nodiscard]] bool isDropTarget() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    class DropFrame;
+
+    [[nodiscard]] QWidget* toolbar();
+    [[nodiscard]] QWidget* emptyState();
+    [[nodiscard]] QList<CapturedColor> colors() const;
+
+    void showCollection();
+    void addDropped(const QUuid& colorId);
+    /// Tab goes through the rows in their order, and through the buttons of each.
+    void orderFocus() const;
+
+    AppState& m_appState;
+    QUuid m_collectionId;
+    /// As it was last, when it is gone.
+    ColorCollection m_collection;
+
+    SymbolView* m_icon = nullptr;
+    Label* m_name = nullptr;
+    Label* m_count = nullptr;
+    ExportMenu* m_export = nullptr;
+    QWidget* m_empty = nullptr;
+    ReorderList* m_list;
+    QWidget* m_scroll = nullptr;
+    RecordViews<ColorDetailRow, CapturedColor, ReorderList> m_rows;
+    DropFrame* m_dropFrame;
+    ColorDropTarget m_dropTarget;
+};
+
+} // namespace tintwick

@@ -1,0 +1,131 @@
+#include "ui/HistoryDetailView.h"
+
+#include "state/AppState.h"
+#include "ui/DS.h"
+#include "ui/ExportMenu.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Rule.h"
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/ShownWhen.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int swatchSize = 48;
+constexpr GridShape gridShape{.columns = 5, .columnGap = 8, .rowGap = 10, .padding = 14};
+
+} // namespace
+
+HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
+    : m_appState(appState)
+    , m_grid(new Grid(gridShape))
+    , m_swatches(
+          *m_grid,
+          [this, &panel] {
+              auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
+              connect(swatch, &ColorSwatchView::stepRequested, this, [this, swatch](int columns, int rows) {
+                  moveFocus(*swatch, columns + rows * gridShape.columns);
+              });
+              return swatch;
+          },
+          [](ColorSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
+{
+    // clang-format off
+    setContent(column(
+        toolbar(),
+        rule(),
+        shownWhen(historyIsEmpty(), emptyState()),
+        shownWhen(historyIsNotEmpty(), swatchGrid())));
+    // clang-format on
+
+    connect(&m_appState, &AppState::historyChanged, this, &HistoryDetailView::showHistory);
+    showHistory();
+}
+
+QWidget* HistoryDetailView::toolbar()
+{
+    m_export = new ExportMenu([this] { return m_appState.history(); }, [] { return u"History"_s; });
+    return row(gap(10), padding(16, 10), label(countText(), DS::font(13), DS::textSecond), spacer(), m_export,
+               clearButton());
+}
+
+QWidget* HistoryDetailView::clearButton()
+{
+    const QString help = tr("Clear all history");
+    m_clear = plainButton(
+        help, [this] { m_appState.clearHistory(); },
+        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
+            symbol(u"trash"_s, 13, SymbolWeight::Regular, DS::red.opacity(0.7))),
+        8);
+    m_clear->setToolTip(help);
+    return m_clear;
+}
+
+QWidget* HistoryDetailView::emptyState()
+{
+    return column(
+        gap(8), fillWidth(), spacer(), symbol(u"eyedropper"_s, 28, SymbolWeight::Regular, DS::textThird),
+        label(tr("No colors yet\nPress ⌥⇧C to snip a color"), DS::font(12), DS::textThird), spacer());
+}
+
+QWidget* HistoryDetailView::swatchGrid()
+{
+    return verticalScroll(column(m_grid));
+}
+
+Bound<bool> HistoryDetailView::historyIsEmpty() const
+{
+    return bound([this] { return m_appState.history().isEmpty(); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+Bound<bool> HistoryDetailView::historyIsNotEmpty() const
+{
+    return bound([this] { return !m_appState.history().isEmpty(); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+Bound<QString> HistoryDetailView::countText() const
+{
+    return bound([this] {
+               const qsizetype count = m_appState.history().size();
+               return count == 1 ? tr("1 color") : tr("%1 colors").arg(count);
+           })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+void HistoryDetailView::showHistory()
+{
+    m_swatches.show(m_appState.history());
+    m_export->setHasColors(!m_appState.history().isEmpty());
+    orderFocus();
+}
+
+void HistoryDetailView::orderFocus() const
+{
+    QWidget* before = m_clear;
+    for (QWidget* swatch : swatches()) {
+        setTabOrder(before, swatch);
+        before = swatch;
+    }
+}
+
+void HistoryDetailView::moveFocus(const ColorSwatchView& from, int step) const
+{
+    qsizetype position = 0;
+    while (position < swatches().size() && swatches()[position] != &from) {
+        ++position;
+    }
+    const qsizetype target = position + step;
+    if (target >= 0 && target < swatches().size()) {
+        swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    }
+}
+
+} // namespace tintwick

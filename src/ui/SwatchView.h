@@ -1,0 +1,107 @@
+#pragma once
+
+#include "model/CapturedColor.h"
+#include "ui/DS.h"
+#include "ui/kit/Animator.h"
+#include "ui/kit/Clickable.h"
+#include "ui/kit/Overhang.h"
+#include "ui/kit/Shadow.h"
+#include "ui/kit/ShadowCaster.h"
+#include "ui/kit/Spring.h"
+
+#include <QPoint>
+#include <QRectF>
+
+namespace tintwick {
+
+class AppState;
+
+/// How a kind of swatch looks. Lengths in points.
+struct SwatchLook
+{
+    struct Shadow
+    {
+        double opacity;
+        double radius;
+        double drop;
+
+        friend bool operator==(const Shadow&, const Shadow&) = default;
+    };
+    /// What changes under the pointer.
+    struct State
+    {
+        DS::Color border;
+        double borderWidth;
+        Shadow shadow;
+        DS::Color label;
+    };
+
+    int side;
+    /// On both sides of the square, for the label to reach into.
+    int sideRoom;
+    double cornerRadius;
+    int labelGap;
+    /// Whether a translucent colour lies on a checkerboard.
+    bool showsChecks;
+    State atRest;
+    State hovered;
+    double hoverScale;
+    DS::Color hoverVeil;
+    int symbolSize;
+    DS::Color symbolShadow;
+    /// Moves from 0 at rest to 1 under the pointer.
+    Spring hover;
+};
+
+/// A square of a colour with its code below. A click copies it, and it can be dragged onto a collection.
+class SwatchView : public Clickable, public ShadowCaster, public Overhanging
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] const CapturedColor& color() const { return m_color; }
+    void setColor(const CapturedColor& color);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    void paintShadow(QPainter& painter) const override;
+    [[nodiscard]] QMargins overhang() const override;
+
+Q_SIGNALS:
+    /// The focus is to go on by so many swatches; negative is to the left and up.
+    void stepRequested(int columns, int rows);
+
+protected:
+    SwatchView(AppState& appState, const SwatchLook& look);
+
+    [[nodiscard]] AppState& appState() const { return m_appState; }
+
+    void hoverChanged() override;
+    [[nodiscard]] QRectF answerRect() const override { return squareAtRest(); }
+    [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
+    [[nodiscard]] bool tintsHover() const override { return false; }
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void updateAll();
+    /// The square at its size at rest; `hovered` is 1 under the pointer.
+    void paintSquare(QPainter& painter, double hovered) const;
+    [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
+    [[nodiscard]] QRectF squareAtRest() const;
+    [[nodiscard]] QRectF labelRect() const;
+    /// Of the square, which grows under the pointer.
+    [[nodiscard]] double scale() const;
+    /// Where colours and opacities are on their way to the hovered look, 0 to 1: they do not overshoot.
+    [[nodiscard]] double hoverFraction() const;
+
+    AppState& m_appState;
+    SwatchLook m_look;
+    CapturedColor m_color;
+    QPoint m_pressedAt;
+    Animator m_animator;
+};
+
+} // namespace tintwick

@@ -1,0 +1,103 @@
+#include "ui/kit/PopUpPicker.h"
+
+#include "ui/kit/KitStyle.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QMenu>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int pickerHeight = 28;
+constexpr double radius = 8;
+constexpr int titlePadding = 12;
+constexpr int chevronPadding = 8;
+
+} // namespace
+
+PopUpPicker::PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected)
+    : PopUpPicker(name, titles, selected, label(titles.at(selected), DS::font(12, QFont::Medium)))
+{
+}
+
+PopUpPicker::PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected, Label* title)
+    : MenuButton(
+          name, [this] { return choices(); },
+          row(gap(8), Padding{{titlePadding, 0, chevronPadding, 0}}, fixedHeight(pickerHeight), fillWidth(),
+              ground(DS::surfaceHigh, radius), outline(DS::border, 1), title, spacer(),
+              symbol(u"chevron.up.chevron.down"_s, 10, SymbolWeight::Semibold, DS::textSecond)),
+          radius)
+    , m_titles(titles)
+    , m_selected(selected)
+    , m_title(title)
+{
+}
+
+void PopUpPicker::setSelected(qsizetype position)
+{
+    if (m_selected == position) {
+        return;
+    }
+    m_selected = position;
+    m_title->setText(selectedTitle());
+    QAccessibleValueChangeEvent changed(this, selectedTitle());
+    QAccessible::updateAccessibility(&changed);
+}
+
+void PopUpPicker::onSelect(std::function<void(qsizetype)> action)
+{
+    m_onSelect = std::move(action);
+}
+
+void PopUpPicker::choose(qsizetype position)
+{
+    if (m_selected == position) {
+        return;
+    }
+    setSelected(position);
+    if (m_onSelect) {
+        m_onSelect(position);
+    }
+}
+
+QList<MenuEntry> PopUpPicker::choices()
+{
+    QList<MenuEntry> entries;
+    for (qsizetype i = 0; i < m_titles.size(); ++i) {
+        entries.append(menuChoice(m_titles[i], i == m_selected, [this, i] { choose(i); }));
+    }
+    return entries;
+}
+
+QMenu* PopUpPicker::openMenu(const QList<MenuEntry>& entries)
+{
+    QMenu* menu = makeMenu(*this, entries);
+    // The chosen title lies over itself, and the menu ends where the control does or beyond.
+    const int left = titlePadding - KitStyle::checkedTitleInset;
+    menu->setMinimumWidth(width() - left);
+    QAction* chosen = menu->actions().at(m_selected);
+    const int middle = menu->actionGeometry(chosen).center().y();
+    menu->popup(mapToGlobal(QPoint(left, rect().center().y() - middle)));
+    menu->setActiveAction(chosen);
+    return menu;
+}
+
+void PopUpPicker::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Up && !event->isAutoRepeat()) {
+        click();
+        return;
+    }
+    MenuButton::keyPressEvent(event);
+}
+
+} // namespace tintwick

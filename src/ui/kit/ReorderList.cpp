@@ -1,0 +1,449 @@
+#include "ui/kit/ReorderList.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/Accessibility.h"
+#include "ui/kit/Clickable.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/Reordering.h"
+#include "ui/kit/Shadow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+constexpr double moveResponse = 0.28;
+constexpr double moveDamping = 0.82;
+constexpr double liftResponse = 0.22;
+/// A frame that comes late does not make the list leap.
+constexpr double longestScrollFrame = 0.05;
+
+constexpr double plateRadius = 12;
+constexpr QMargins plateMargins(6, 1, 6, 1);
+constexpr Shadow plateShadow{DS::black.opacity(0.22), 10, QPointF(0, 3)};
+
+} // namespace
+
+/// What a lifted row lies on, above the others.
+class ReorderList::Plate final : public QWidget
+{
+public:
+    explicit Plate(ReorderList& list)
+        : QWidget(&list)
+        , m_list(list)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+    void follow(const QRect& row) { setGeometry(row.marginsAdded(plateShadow.extents())); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const Scheme scheme = Appearance::of(this);
+        const QRectF plate = QRectF(rect().marginsRemoved(plateShadow.extents() + plateMargins));
+        QPainter painter(this);
+        painter.setOpacity(qBound(0.0, m_list.m_lift.position(), 1.0));
+        drawShadow(painter, plate, plateRadius, plateShadow, scheme);
+        fillRounded(painter, plate, plateRadius, DS::surface.in(scheme));
+        strokeInside(painter, plate, plateRadius, DS::border.in(scheme), 1);
+    }
+
+private:
+    ReorderList& m_list;
+};
+
+ReorderList::ReorderList(const QString& name, int rowHeight, int separatorInset)
+    : m_rowHeight(rowHeight)
+    , m_separatorInset(separatorInset)
+    , m_plate(new Plate(*this))
+    , m_lift(liftResponse, 1)
+    , m_animator([this](double seconds) { return advance(seconds); })
+{
+    describeToScreenReaders();
+    setAccessibleName(name);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+ReorderList::~ReorderList() = default;
+
+QSize ReorderList::sizeHint() const
+{
+    return {0, static_cast<int>(count()) * m_rowHeight};
+}
+
+void ReorderList::insert(int position, Clickable* row)
+{
+    const qsizetype now = positionOf(row);
+    if (now == position) {
+        return;
+    }
+    cancel();
+    if (now < 0) {
+        row->setParent(this);
+        row->installEventFilter(this);
+        m_rows.insert(m_rows.begin() + position,
+                      {row, Spring(moveResponse, moveDamping, static_cast<double>(position) * m_rowHeight)});
+        countChanged();
+    } else {
+        const Row moving = m_rows[static_cast<std::size_t>(now)];
+        m_rows.erase(m_rows.begin() + now);
+        m_rows.insert(m_rows.begin() + position, moving);
+    }
+    sendRowsToTheirSlots();
+}
+
+void ReorderList::remove(Clickable* row)
+{
+    cancel();
+    row->removeEventFilter(this);
+    row->hide();
+    std::erase_if(m_rows, [row](const Row& candidate) { return candidate.view == row; });
+    if (m_lifted == row) {
+        m_plate->hide();
+        m_lifted = nullptr;
+    }
+    if (m_held == row) {
+        m_held = nullptr;
+        m_stage = Stage::Idle;
+    }
+    countChanged();
+    sendRowsToTheirSlots();
+}
+
+void ReorderList::countChanged()
+{
+    setFixedHeight(sizeHint().height());
+    updateGeometry();
+}
+
+qsizetype ReorderList::positionOf(const QObject* row) const
+{
+    const auto found =
+        std::ranges::find(m_rows, row, [](const Row& candidate) -> const QObject* { return candidate.view; });
+    return found == m_rows.end() ? -1 : found - m_rows.begin();
+}
+
+QScrollArea* ReorderList::scrollArea() const
+{
+    const QWidget* viewport = parentWidget();
+    return viewport != nullptr ? qobject_cast<QScrollArea*>(viewport->parentWidget()) : nullptr;
+}
+
+void ReorderList::reveal(const Clickable& row) const
+{
+    const qsizetype position = positionOf(&row);
+    QScrollArea* area = scrollArea();
+    if (position >= 0 && area != nullptr) {
+        // It may be on its way still.
+        area->ensureVisible(0, static_cast<int>(position) * m_rowHeight + m_rowHeight / 2, 0,
+                            m_rowHeight / 2);
+    }
+}
+
+bool ReorderList::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide) {
+        cancel();
+    }
+    return QWidget::event(event);
+}
+
+// Rows pass what the pointer does to them through here first. While one is carried, this sees all events of the process, so
+// that Escape is meant for the drag wherever the focus is.
+bool ReorderList::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress || type == QEvent::ShortcutOverride) {
+        if (m_stage != Stage::Carrying || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
+            return false;
+        }
+        if (type == QEvent::KeyPress) {
+            cancel();
+        }
+        event->accept();
+        return true;
+    }
+    const qsizetype position = positionOf(watched);
+    if (position < 0) {
+        return false;
+    }
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        const auto& mouse = static_cast<QMouseEvent&>(*event);
+        if (mouse.button() == Qt::LeftButton) {
+            press(*m_rows[static_cast<std::size_t>(position)].view, mouse.globalPosition());
+        }
+        return false;
+    }
+    case QEvent::MouseMove: {
+        const auto& mouse = static_cast<QMouseEvent&>(*event);
+        if (watched != m_held || m_stage == Stage::Idle) {
+            return false;
+        }
+        if (!mouse.buttons().testFlag(Qt::LeftButton)) {
+            // The release went elsewhere.
+            cancel();
+            m_stage = Stage::Idle;
+            return false;
+        }
+        m_pointer = mouse.globalPosition();
+        if (m_stage == Stage::Pressed &&
+            (m_pointer - m_pressedAt).manhattanLength() >= QApplication::startDragDistance()) {
+            lift();
+        }
+        if (m_stage == Stage::Carrying) {
+            carry();
+        }
+        // What has become a drag is no click any more, also when it comes back to the row.
+        return m_stage != Stage::Pressed;
+    }
+    case QEvent::MouseButtonRelease:
+        if (watched == m_held && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            if (m_stage == Stage::Carrying) {
+                drop();
+            }
+            m_stage = Stage::Idle;
+        }
+        return false;
+    case QEvent::UngrabMouse:
+        if (watched == m_held) {
+            cancel();
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+void ReorderList::press(Clickable& row, QPointF globalPosition)
+{
+    cancel();
+    m_stage = Stage::Pressed;
+    m_held = &row;
+    m_pressedAt = globalPosition;
+    m_pointer = globalPosition;
+    m_grip = row.mapFromGlobal(globalPosition).y();
+}
+
+void ReorderList::lift()
+{
+    m_stage = Stage::Carrying;
+    m_gap = positionOf(m_held);
+    m_lifted = m_held;
+    m_held->setDown(false);
+    m_held->setCursor(Qt::ClosedHandCursor);
+    m_plate->show();
+    m_plate->raise();
+    m_held->raise();
+    m_lift.setTarget(1);
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void ReorderList::carry()
+{
+    const double top = carriedTop(mapFromGlobal(m_pointer).y() - m_grip, m_rowHeight, count());
+    const qsizetype carried = positionOf(m_held);
+    m_rows[static_cast<std::size_t>(carried)].top.jumpTo(top);
+    m_gap = gapUnder(top, m_rowHeight, count());
+    sendRowsToTheirSlots();
+}
+
+void ReorderList::drop()
+{
+    const qsizetype from = positionOf(m_held);
+    const qsizetype gap = m_gap;
+    putDown(Stage::Idle);
+    if (gap != from) {
+        Q_EMIT moveRequested(from, destination(from, gap));
+    }
+}
+
+void ReorderList::cancel()
+{
+    if (m_stage == Stage::Carrying) {
+        putDown(Stage::Cancelled);
+    }
+}
+
+void ReorderList::putDown(Stage next)
+{
+    QCoreApplication::instance()->removeEventFilter(this);
+    m_stage = next;
+    m_held->unsetCursor();
+    m_lift.setTarget(0);
+    sendRowsToTheirSlots();
+}
+
+void ReorderList::sendRowsToTheirSlots()
+{
+    const qsizetype carried = isCarrying() ? positionOf(m_held) : -1;
+    for (qsizetype position = 0; position < count(); ++position) {
+        if (position == carried) {
+            continue;
+        }
+        Spring& top = m_rows[static_cast<std::size_t>(position)].top;
+        const qsizetype slot = carried >= 0 ? slotBeside(position, carried, m_gap) : position;
+        const double target = static_cast<double>(slot) * m_rowHeight;
+        if (isVisible()) {
+            top.setTarget(target);
+        } else {
+            top.jumpTo(target);
+        }
+    }
+    placeRows();
+    // What moves the list is to go on after this.
+    if (!m_isScrolling) {
+        m_animator.start();
+    }
+}
+
+bool ReorderList::advance(double seconds)
+{
+    bool isMoving = m_lift.advance(seconds);
+    if (isCarrying()) {
+        isMoving |= scrollAtEdge(std::min(seconds, longestScrollFrame));
+    }
+    for (Row& row : m_rows) {
+        isMoving |= row.top.advance(seconds);
+    }
+    placeRows();
+    return isMoving;
+}
+
+bool ReorderList::scrollAtEdge(double seconds)
+{
+    QScrollArea* area = scrollArea();
+    if (area == nullptr) {
+        return false;
+    }
+    const QWidget& viewport = *area->viewport();
+    const double speed = edgeScrollSpeed(viewport.mapFromGlobal(m_pointer).y(), 0, viewport.height());
+    QScrollBar& bar = *area->verticalScrollBar();
+    if (speed == 0 || bar.value() == (speed < 0 ? bar.minimum() : bar.maximum())) {
+        m_scrollOwed = 0;
+        return false;
+    }
+    m_scrollOwed += speed * seconds;
+    const double whole = std::trunc(m_scrollOwed);
+    m_scrollOwed -= whole;
+    const QScopedValueRollback scrolling(m_isScrolling, true);
+    bar.setValue(bar.value() + static_cast<int>(whole));
+    return true;
+}
+
+void ReorderList::placeRows()
+{
+    for (const Row& row : m_rows) {
+        row.view->setGeometry(0, qRound(row.top.position()), width(), m_rowHeight);
+    }
+    if (m_lifted) {
+        m_plate->follow(m_lifted->geometry());
+        m_plate->update();
+        if (!isCarrying() && !m_lift.isMoving()) {
+            m_plate->hide();
+            m_lifted = nullptr;
+        }
+    }
+    update();
+}
+
+void ReorderList::keyPressEvent(QKeyEvent* event)
+{
+    const QWidget* focused = QApplication::focusWidget();
+    const auto hasFocus = [focused](const Row& row) {
+        return row.view == focused || row.view->isAncestorOf(focused);
+    };
+    const auto found = std::ranges::find_if(m_rows, hasFocus);
+    const qsizetype position = found == m_rows.end() ? -1 : found - m_rows.begin();
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (position < 0 || isCarrying() || (modifiers != Qt::NoModifier && modifiers != Qt::AltModifier)) {
+        event->ignore();
+        return;
+    }
+    if (modifiers == Qt::AltModifier) {
+        const QPointer<Clickable> row = found->view;
+        if (event->key() == Qt::Key_Up && position > 0) {
+            Q_EMIT moveRequested(position, position - 1);
+        } else if (event->key() == Qt::Key_Down && position < count() - 1) {
+            Q_EMIT moveRequested(position, position + 2);
+        } else {
+            event->ignore();
+        }
+        if (row) {
+            reveal(*row);
+        }
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Up:
+        moveFocus(position, position - 1);
+        break;
+    case Qt::Key_Down:
+        moveFocus(position, position + 1);
+        break;
+    case Qt::Key_Home:
+        moveFocus(position, 0);
+        break;
+    case Qt::Key_End:
+        moveFocus(position, count() - 1);
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+void ReorderList::moveFocus(qsizetype from, qsizetype to) const
+{
+    if (to < 0 || to >= count()) {
+        return;
+    }
+    Clickable& row = *m_rows[static_cast<std::size_t>(to)].view;
+    row.setFocus(to < from ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    reveal(row);
+}
+
+void ReorderList::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    if (isCarrying()) {
+        carry();
+    }
+}
+
+void ReorderList::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placeRows();
+}
+
+void ReorderList::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    for (const Row& row : m_rows) {
+        // A line lies above each row and goes with it, but for a lifted one, which leaves it where it will come down. There
+        // is none above the first place.
+        double top = row.top.position();
+        if (row.view == m_lifted) {
+            top = isCarrying() ? static_cast<double>(m_gap) * m_rowHeight : row.top.target();
+        }
+        painter.setOpacity(qBound(0.0, top / m_rowHeight, 1.0));
+        drawHairline(painter, QPointF(m_separatorInset, top), width() - 2.0 * m_separatorInset,
+                     DS::border.in(Appearance::of(this)));
+    }
+}
+
+} // namespace tintwick

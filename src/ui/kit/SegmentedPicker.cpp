@@ -1,0 +1,221 @@
+#include "ui/kit/SegmentedPicker.h"
+
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/Accessibility.h"
+#include "ui/kit/Clickable.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/Shadow.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+constexpr int pickerHeight = 28;
+constexpr double trackRadius = 8;
+/// Between the track's edge and the thumb.
+constexpr double inset = 2;
+constexpr double thumbRadius = trackRadius - inset;
+constexpr int titlePadding = 8;
+constexpr double linePadding = 5;
+constexpr double thumbResponse = 0.28;
+constexpr double thumbDamping = 0.9;
+constexpr Shadow thumbShadow{DS::black.opacity(0.16), 3, QPointF(0, 1)};
+
+// Titles keep their width when they are selected, so that nothing moves but the thumb.
+QFont titleFont()
+{
+    return DS::font(12, QFont::Medium);
+}
+
+} // namespace
+
+class SegmentedPicker::Segment final : public Clickable
+{
+public:
+    explicit Segment(const QString& title)
+        : Clickable(title)
+        , m_title(title)
+    {
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+protected:
+    [[nodiscard]] double cornerRadius() const override { return thumbRadius; }
+    [[nodiscard]] bool tintsHover() const override { return !isChecked(); }
+
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        const Scheme scheme = Appearance::of(this);
+        painter.setFont(titleFont());
+        painter.setPen((isChecked() ? DS::textPrimary : DS::textSecond).in(scheme));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_title);
+        paintAnswer(painter);
+    }
+
+private:
+    QString m_title;
+};
+
+SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& titles,
+                                 std::optional<qsizetype> selected)
+    : m_selected(selected)
+    , m_thumb(thumbResponse, thumbDamping, static_cast<double>(selected.value_or(0)))
+    , m_animator([this](double seconds) {
+        const bool isMoving = m_thumb.advance(seconds);
+        update();
+        return isMoving;
+    })
+{
+    describeToScreenReaders();
+    setAccessibleName(name);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    for (const QString& title : titles) {
+        auto* segment = new Segment(title);
+        segment->setParent(this);
+        segment->installEventFilter(this);
+        segment->onClick([this, position = m_segments.size()] { choose(position); });
+        m_segments.append(segment);
+    }
+    showSelection();
+}
+
+SegmentedPicker::~SegmentedPicker() = default;
+
+void SegmentedPicker::setSelected(std::optional<qsizetype> position)
+{
+    if (m_selected == position) {
+        return;
+    }
+    const bool slides = m_selected && position;
+    m_selected = position;
+    if (slides) {
+        m_thumb.setTarget(static_cast<double>(*position));
+        m_animator.start();
+    } else if (position) {
+        m_thumb.jumpTo(static_cast<double>(*position));
+    }
+    showSelection();
+}
+
+void SegmentedPicker::onSelect(std::function<void(qsizetype)> action)
+{
+    m_onSelect = std::move(action);
+}
+
+void SegmentedPicker::choose(qsizetype position)
+{
+    if (m_selected == position) {
+        return;
+    }
+    setSelected(position);
+    if (m_onSelect) {
+        m_onSelect(position);
+    }
+}
+
+void SegmentedPicker::showSelection()
+{
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        Segment* segment = m_segments[i];
+        // The checked one of an exclusive group cannot be unchecked.
+        segment->setAutoExclusive(false);
+        segment->setChecked(m_selected == i);
+        segment->setAutoExclusive(true);
+        segment->update();
+    }
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        m_segments[i]->setFocusPolicy(m_selected.value_or(0) == i ? Qt::TabFocus : Qt::NoFocus);
+    }
+    update();
+}
+
+QSize SegmentedPicker::sizeHint() const
+{
+    const QFontMetricsF metrics(titleFont());
+    double widest = 0;
+    for (const Segment* segment : m_segments) {
+        widest = std::max(widest, metrics.horizontalAdvance(segment->accessibleName()));
+    }
+    const int segmentWidth = static_cast<int>(std::ceil(widest)) + 2 * titlePadding;
+    return {static_cast<int>(m_segments.size()) * segmentWidth + static_cast<int>(2 * inset), pickerHeight};
+}
+
+bool SegmentedPicker::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const qsizetype last = m_segments.size() - 1;
+        const qsizetype from = m_segments.indexOf(static_cast<Segment*>(watched));
+        qsizetype to = from;
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Left:
+            to = std::max<qsizetype>(from - 1, 0);
+            break;
+        case Qt::Key_Right:
+            to = std::min(from + 1, last);
+            break;
+        case Qt::Key_Home:
+            to = 0;
+            break;
+        case Qt::Key_End:
+            to = last;
+            break;
+        default:
+            return QWidget::eventFilter(watched, event);
+        }
+        choose(to);
+        m_segments[to]->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void SegmentedPicker::resizeEvent(QResizeEvent* event)
+{
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        m_segments[i]->setGeometry(place(static_cast<double>(i)).toRect());
+    }
+    QWidget::resizeEvent(event);
+}
+
+void SegmentedPicker::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const Scheme scheme = Appearance::of(this);
+    fillRounded(painter, rect(), trackRadius, DS::surfaceHigh.in(scheme));
+    strokeInside(painter, rect(), trackRadius, DS::border.in(scheme), 1);
+    for (qsizetype i = 1; i < m_segments.size(); ++i) {
+        // A line fades as the thumb comes upon it.
+        const double boundary = static_cast<double>(i) - 0.5;
+        const double distance = m_selected ? std::abs(m_thumb.position() - boundary) - 0.5 : 1;
+        const QRectF segment = place(static_cast<double>(i)).toRect();
+        painter.fillRect(
+            QRectF(segment.left(), segment.top() + linePadding, 1, segment.height() - 2 * linePadding),
+            DS::border.opacity(std::clamp(distance, 0.0, 1.0)).in(scheme));
+    }
+    if (m_selected) {
+        const QRectF thumb = place(m_thumb.position());
+        drawShadow(painter, thumb, thumbRadius, thumbShadow, scheme);
+        fillRounded(painter, thumb, thumbRadius, DS::thumb.in(scheme));
+    }
+}
+
+QRectF SegmentedPicker::place(double position) const
+{
+    const QRectF inside = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+    const double each = inside.width() / static_cast<double>(m_segments.size());
+    return {inside.left() + position * each, inside.top(), each, inside.height()};
+}
+
+} // namespace tintwick

@@ -1,0 +1,85 @@
+#include "ui/settings/DataSettingsTab.h"
+
+#include "export/ExportService.h"
+#include "state/AppState.h"
+#include "ui/DS.h"
+#include "ui/kit/Bound.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/SymbolView.h"
+#include "ui/settings/SettingsLayout.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr double exportRadius = 10;
+
+QWidget* exportButton(const QString& name, const QString& title, const QString& symbolName,
+                      std::function<void()> action)
+{
+    return plainButton(name, std::move(action),
+                       column(gap(5), fillWidth(), fixedHeight(58), centered(),
+                              ground(DS::surfaceHigh, exportRadius), outline(DS::border, 1),
+                              symbol(symbolName, 16, SymbolWeight::Medium, DS::link),
+                              label(title, DS::font(12, QFont::Medium))),
+                       exportRadius);
+}
+
+} // namespace
+
+DataSettingsTab::DataSettingsTab(AppState& appState, const std::optional<QUrl>& projectPage)
+    : m_appState(appState)
+{
+    setContent(column(gap(16), historySection(), exportSection(), aboutSection(projectPage)));
+}
+
+QWidget* DataSettingsTab::historySection()
+{
+    Label* count = label({}, DS::font(13), DS::textSecond);
+    bound([this] { return m_appState.history().size(); })
+        .changedBy(m_appState, &AppState::historyChanged)
+        .follow(*count, [count](qsizetype colors) {
+            count->setText(u"%1 / %2"_s.arg(colors).arg(AppState::historyLimit));
+        });
+    TextButton* clear = borderedButton(tr("Clear"), [this] { m_appState.clearHistory(); });
+    clear->setAccessibleName(tr("Clear all history"));
+    return settingsSection(tr("History"), settingsRows({settingsRow(tr("Colors saved"), count),
+                                                        settingsRow(tr("Clear all history"), clear)}));
+}
+
+QWidget* DataSettingsTab::exportSection()
+{
+    return settingsSection(
+        tr("Export All History"),
+        row(gap(10), padding(0, 6), fillWidth(),
+            exportButton(tr("Export CSS"), tr("CSS"), u"doc.text"_s,
+                         [this] { ExportService().exportCSS(m_appState.history(), u"History"_s); }),
+            exportButton(tr("Export JSON"), tr("JSON"), u"curlybraces"_s,
+                         [this] { ExportService().exportJSON(m_appState.history()); }),
+            exportButton(tr("Export PNG"), tr("PNG"), u"photo"_s,
+                         [this] { ExportService().exportPNG(m_appState.history()); })));
+}
+
+QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
+{
+    Stack* credit = row(fillWidth(), fixedHeight(28),
+                        label(tr("Made by the Tintwick developers"), DS::font(13), DS::textSecond), spacer());
+    if (projectPage) {
+        const QString title = tr("Read Me");
+        credit->add(plainButton(
+            title, [page = *projectPage] { QDesktopServices::openUrl(page); },
+            row(padding(4), label(title, DS::font(13, QFont::Medium), DS::link))));
+    }
+    return settingsSection(
+        tr("About"), settingsRows({settingsRow(tr("Version"), label(QCoreApplication::applicationVersion(),
+                                                                    DS::font(13), DS::textSecond)),
+                                   credit}));
+}
+
+} // namespace tintwick

@@ -1,0 +1,122 @@
+#include "ui/settings/GeneralSettingsTab.h"
+
+#include "model/ColorFormat.h"
+#include "shortcuts/ShortcutNames.h"
+#include "state/AppState.h"
+#include "state/Preferences.h"
+#include "ui/DS.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/PopUpPicker.h"
+#include "ui/kit/SegmentedPicker.h"
+#include "ui/settings/PermissionStatus.h"
+#include "ui/settings/RecorderCocoa.h"
+#include "ui/settings/SettingsLayout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr std::array shapes{"square"_L1, "circle"_L1};
+constexpr std::array sizes{"small"_L1, "medium"_L1, "large"_L1};
+/// In points, as the preferences tell them.
+constexpr std::array sides{100.0, 130.0, 160.0};
+constexpr std::array radii{4, 7, 11};
+
+template <typename Values>
+auto at(const Values& values, qsizetype position)
+{
+    return values.at(static_cast<std::size_t>(position));
+}
+
+/// None where the user has stored a value that is not offered.
+template <typename Values, typename Value>
+std::optional<qsizetype> positionOf(const Value& value, const Values& values)
+{
+    const auto found = std::ranges::find(values, value);
+    return found == values.end() ? std::nullopt : std::optional<qsizetype>(found - values.begin());
+}
+
+} // namespace
+
+GeneralSettingsTab::GeneralSettingsTab(AppState& appState,
+                                       const KeyboardShortcuts::RecorderServices& recording,
+                                       const ScreenGrabber& grabber, QWidget& panel)
+    : m_appState(appState)
+    , m_grabber(grabber)
+{
+    setContent(column(gap(16), shortcutsSection(recording, panel), scopeSection(), copyFormatSection(),
+                      screenRecordingSection()));
+}
+
+QWidget* GeneralSettingsTab::shortcutsSection(const KeyboardShortcuts::RecorderServices& recording,
+                                              QWidget& panel)
+{
+    const auto recorderRow = [&](const QString& title, const KeyboardShortcuts::Name& name) {
+        auto* recorder = new KeyboardShortcuts::RecorderCocoa(recording, name, title, panel);
+        recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        return settingsRow(title, recorder);
+    };
+    return settingsSection(
+        tr("Keyboard Shortcuts"),
+        settingsRows({recorderRow(tr("Activate Picker"), shortcutnames::activatePicker()),
+                      recorderRow(tr("Open Main Window"), shortcutnames::openMainWindow())}));
+}
+
+QWidget* GeneralSettingsTab::scopeSection()
+{
+    auto* shape =
+        new SegmentedPicker(tr("Shape"), {tr("Square"), tr("Circle")}, preferences::scopeIsCircle() ? 1 : 0);
+    shape->onSelect([](qsizetype position) { preferences::setScopeShape(at(shapes, position)); });
+
+    auto* size = new SegmentedPicker(tr("Scope Size"), {tr("S"), tr("M"), tr("L")},
+                                     positionOf(preferences::scopeSide(), sides));
+    size->onSelect([](qsizetype position) { preferences::setScopePhysicalSize(at(sizes, position)); });
+
+    auto* zoom = new SegmentedPicker(tr("Default Zoom"), {tr("Close"), tr("Mid"), tr("Far")},
+                                     positionOf(preferences::scopeDefaultRadius(), radii));
+    zoom->onSelect([](qsizetype position) { preferences::setScopeDefaultRadius(at(radii, position)); });
+
+    return settingsSection(tr("Scope / Magnifier"),
+                           settingsRows({settingsRow(tr("Shape"), shape), settingsRow(tr("Scope Size"), size),
+                                         settingsRow(tr("Default Zoom"), zoom)}));
+}
+
+QWidget* GeneralSettingsTab::copyFormatSection()
+{
+    return settingsSection(tr("Copy Format"), settingsRow(tr("Default Format"), formatPicker()));
+}
+
+PopUpPicker* GeneralSettingsTab::formatPicker()
+{
+    QStringList titles;
+    for (const ColorFormat format : allColorFormats) {
+        titles.append(rawValue(format));
+    }
+    const auto current = [this] {
+        return positionOf(m_appState.defaultFormat(), allColorFormats).value_or(0);
+    };
+    auto* picker = new PopUpPicker(tr("Default Format"), titles, current());
+    picker->onSelect([this](qsizetype position) {
+        m_appState.setDefaultFormat(at(allColorFormats, position));
+        m_appState.save();
+    });
+    connect(&m_appState, &AppState::defaultFormatChanged, picker,
+            [picker, current] { picker->setSelected(current()); });
+    return picker;
+}
+
+QWidget* GeneralSettingsTab::screenRecordingSection()
+{
+    return settingsSection(
+        tr("Screen Recording"),
+        column(gap(3), fillWidth(), Across::Leading,
+               settingsRow(tr("Permission"), new PermissionStatus(m_grabber)),
+               label(tr("Required to sample screen colors"), DS::caption(), DS::textSecond)));
+}
+
+} // namespace tintwick

@@ -1,0 +1,97 @@
+#include "ui/settings/InlineSettingsView.h"
+
+#include "ui/kit/ScrollArea.h"
+#include "ui/kit/SegmentedPicker.h"
+#include "ui/kit/Stack.h"
+#include "ui/settings/DataSettingsTab.h"
+#include "ui/settings/GeneralSettingsTab.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+QStringList titles()
+{
+    QStringList result;
+    for (const SettingsTab tab : allSettingsTabs) {
+        result.append(title(tab));
+    }
+    return result;
+}
+
+} // namespace
+
+/// Holds the tab that is shown.
+class InlineSettingsView::Screen final : public View
+{
+public:
+    using View::setContent;
+};
+
+InlineSettingsView::InlineSettingsView(AppState& appState, KeyboardShortcuts::RecorderServices recording,
+                                       const ScreenGrabber& grabber, QWidget& panel,
+                                       std::function<void()> onDone)
+    : m_appState(appState)
+    , m_recording(std::move(recording))
+    , m_grabber(grabber)
+    , m_panel(panel)
+    , m_onDone(std::move(onDone))
+    , m_tabPicker(new SegmentedPicker(tr("Tab"), titles(), 0))
+    , m_screen(new Screen)
+{
+    setAccessibleName(tr("Settings"));
+    setFocusPolicy(Qt::ClickFocus);
+    showTab();
+    setContent(column(row(Padding{{16, 12, 16, 0}}, m_tabPicker), m_screen));
+    m_tabPicker->onSelect(
+        [this](qsizetype position) { setTab(allSettingsTabs.at(static_cast<std::size_t>(position))); });
+}
+
+void InlineSettingsView::setTab(SettingsTab tab)
+{
+    if (m_tab == tab) {
+        return;
+    }
+    m_tab = tab;
+    m_tabPicker->setSelected(std::ranges::find(allSettingsTabs, tab) - allSettingsTabs.begin());
+    showTab();
+}
+
+void InlineSettingsView::showTab()
+{
+    QWidget* tab = nullptr;
+    switch (m_tab) {
+    case SettingsTab::General:
+        tab = new GeneralSettingsTab(m_appState, m_recording, m_grabber, m_panel);
+        break;
+    case SettingsTab::Data:
+        tab = new DataSettingsTab(m_appState);
+        break;
+    }
+    m_screen->setContent(verticalScroll(column(Padding{{16, 12, 16, 16}}, tab, spacer())));
+}
+
+// The keys of what was there before are no longer wanted.
+void InlineSettingsView::showEvent(QShowEvent* event)
+{
+    View::showEvent(event);
+    if (!isAncestorOf(window()->focusWidget())) {
+        setFocus();
+    }
+}
+
+void InlineSettingsView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        m_onDone();
+        return;
+    }
+    View::keyPressEvent(event);
+}
+
+} // namespace tintwick

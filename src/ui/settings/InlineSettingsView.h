@@ -1,0 +1,48 @@
+#pragma once
+
+#include "shortcuts/RecorderServices.h"
+#include "ui/kit/View.h"
+#include "ui/settings/SettingsTab.h"
+
+#include <functional>
+
+namespace tintwick {
+
+class AppState;
+class ScreenGrabber;
+class SegmentedPicker;
+
+/// The settings as a screen of the panel: two tabs, of which the first is shown when it is made.
+class InlineSettingsView final : public View
+{
+    Q_OBJECT
+
+public:
+    /// Alerts come up over `panel`, which contains the view. `onDone` is called when the user leaves the screen by Escape.
+    /// All else must outlive the view.
+    InlineSettingsView(AppState& appState, KeyboardShortcuts::RecorderServices recording,
+                       const ScreenGrabber& grabber, QWidget& panel, std::function<void()> onDone);
+
+    [[nodiscard]] SettingsTab tab() const { return m_tab; }
+    void setTab(SettingsTab tab);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    class Screen;
+
+    void showTab();
+
+    AppState& m_appState;
+    KeyboardShortcuts::RecorderServices m_recording;
+    const ScreenGrabber& m_grabber;
+    QWidget& m_panel;
+    std::function<void()> m_onDone;
+    SettingsTab m_tab = SettingsTab::General;
+    SegmentedPicker* m_tabPicker;
+    Screen* m_screen;
+};
+
+} // namespace tintwick

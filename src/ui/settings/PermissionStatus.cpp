@@ -1,0 +1,55 @@
+#include "ui/settings/PermissionStatus.h"
+
+#include "platform/ScreenGrabber.h"
+#include "ui/DS.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace tintwick {
+
+using namespace Qt::StringLiterals;
+
+PermissionStatus::PermissionStatus(const ScreenGrabber& grabber)
+    : m_grabber(grabber)
+{
+    ask();
+}
+
+void PermissionStatus::ask()
+{
+    const bool isPermitted = m_grabber.captureIsPermitted();
+    if (m_isPermitted != isPermitted) {
+        m_isPermitted = isPermitted;
+        setContent(isPermitted ? granted() : denied());
+    }
+}
+
+QWidget* PermissionStatus::granted()
+{
+    return row(gap(6), symbol(u"checkmark.circle.fill"_s, 13, SymbolWeight::Regular, DS::green),
+               label(tr("Granted"), DS::font(13)));
+}
+
+QWidget* PermissionStatus::denied()
+{
+    const QUrl settings = m_grabber.permissionSettings();
+    if (settings.isEmpty()) {
+        return label(tr("Not granted"), DS::font(13), DS::red);
+    }
+    return prominentButton(tr("Open System Settings"), [settings] { QDesktopServices::openUrl(settings); });
+}
+
+void PermissionStatus::paintEvent(QPaintEvent*)
+{
+    if (m_isPermitted != m_grabber.captureIsPermitted()) {
+        // Views do not change while they are drawn.
+        QMetaObject::invokeMethod(this, &PermissionStatus::ask, Qt::QueuedConnection);
+    }
+}
+
+} // namespace tintwick

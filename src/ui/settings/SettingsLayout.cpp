@@ -1,0 +1,48 @@
+#include "ui/settings/SettingsLayout.h"
+
+#include "ui/DS.h"
+#include "ui/kit/Label.h"
+#include "ui/kit/Rule.h"
+#include "ui/kit/StackLayout.h"
+
+namespace tintwick {
+
+namespace {
+
+constexpr double cardRadius = 14;
+constexpr int labelColumn = 150;
+constexpr int rowHeight = 28;
+constexpr int ruleGap = 6;
+
+} // namespace
+
+Stack* settingsSection(const QString& title, QWidget* content)
+{
+    return column(gap(6), fillWidth(), Across::Leading, label(title, DS::headline()),
+                  column(padding(14, 8), fillWidth(), ground(DS::surface, cardRadius), outline(DS::border, 1),
+                         content));
+}
+
+Stack* settingsRows(const QList<QWidget*>& rows)
+{
+    Stack* content = column(gap(ruleGap), fillWidth());
+    for (QWidget* row : rows) {
+        if (row != rows.first()) {
+            content->add(rule());
+        }
+        content->add(row);
+    }
+    return content;
+}
+
+Stack* settingsRow(const QString& text, QWidget* control)
+{
+    Stack* line = row(fillWidth(), fixedHeight(rowHeight),
+                      row(fixedWidth(labelColumn), label(text, DS::font(13)), spacer()), control);
+    if (!canGrow(control->sizePolicy().horizontalPolicy())) {
+        line->add(spacer());
+    }
+    return line;
+}
+
+} // namespace tintwick

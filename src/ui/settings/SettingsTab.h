@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <array>
+
+namespace tintwick {
+
+enum class SettingsTab { General, Data };
+
+/// In the order in which they stand.
+inline constexpr std::array allSettingsTabs{SettingsTab::General, SettingsTab::Data};
+
+[[nodiscard]] inline QString title(SettingsTab tab)
+{
+    return tab == SettingsTab::General ? QCoreApplication::translate("SettingsTab", "General")
+                                       : QCoreApplication::translate("SettingsTab", "Data");
+}
+
+} // namespace tintwick

@@ -1,0 +1,179 @@
+#include "shots/SettingsShots.h"
+
+#include "shortcuts/Registry.h"
+#include "shortcuts/ShortcutNames.h"
+#include "shots/Shooting.h"
+#include "state/AppState.h"
+#include "state/Preferences.h"
+#include "support/ScriptedPlatform.h"
+#include "ui/Appearance.h"
+#include "ui/DS.h"
+#include "ui/kit/Button.h"
+#include "ui/kit/Paint.h"
+#include "ui/kit/PopUpPicker.h"
+#include "ui/kit/SegmentedPicker.h"
+#include "ui/settings/InlineSettingsView.h"
+#include "ui/settings/RecorderCocoa.h"
+#include "ui/settings/SettingsView.h"
+
+#include <QApplication>
+#include <QHoverEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QSettings>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The settings below the room that the panel's header takes, over some colours.
+class DemoSettings final : public QWidget
+{
+public:
+    explicit DemoSettings(SettingsTab tab)
+        : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
+        , m_shortcuts(m_platform.hotKeys, m_platform.layout, m_settings)
+    {
+        m_platform.layout.characters[keycode::c] = u"c"_s;
+        m_shortcuts.declare(shortcutnames::activatePicker());
+        m_shortcuts.declare(shortcutnames::openMainWindow());
+        m_appState.clearHistory();
+        for (int i = 0; i < 12; ++i) {
+            m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
+        }
+        m_view = new InlineSettingsView(m_appState,
+                                        {m_shortcuts, m_platform.recording, m_platform.layout,
+                                         [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
+                                        m_platform.grabber, *this, [] {});
+        m_view->setParent(this);
+        m_view->setTab(tab);
+        setFixedSize(380, 580);
+        m_view->setGeometry(0, headerHeight, 380, 580 - headerHeight);
+    }
+
+    [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
+    [[nodiscard]] AppState& state() { return m_appState; }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        fillRounded(painter, rect(), DS::panelRadius, DS::bg.in(Appearance::of(this)));
+    }
+
+private:
+    static constexpr int headerHeight = 51;
+
+    test::ScriptedPlatform m_platform;
+    AppState m_appState;
+    QSettings m_settings;
+    KeyboardShortcuts::Registry m_shortcuts;
+    InlineSettingsView* m_view;
+};
+
+void hover(QWidget& widget)
+{
+    const QPointF middle = widget.rect().center();
+    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
+    QApplication::sendEvent(&widget, &enter);
+}
+
+QAbstractButton& button(const QWidget& view, const QString& name)
+{
+    for (auto* each : view.findChildren<QAbstractButton*>()) {
+        if (each->accessibleName() == name) {
+            return *each;
+        }
+    }
+    qFatal("no button %s", qUtf8Printable(name));
+}
+
+/// The menu is a window of its own, seen here where it lies over the tab.
+void shootFormatMenu(const QDir& folder, Scheme scheme)
+{
+    DemoSettings view(SettingsTab::General);
+    const Appearance appearance(view, scheme);
+    view.state().setDefaultFormat(ColorFormat::Hsl);
+    view.move(100, 100);
+    view.show();
+    QApplication::processEvents();
+    auto* picker = view.findChild<PopUpPicker*>();
+    picker->click();
+    const QMenu* menu = picker->menu();
+    QPixmap picture = view.grab();
+    QPainter painter(&picture);
+    painter.drawPixmap(view.mapFromGlobal(menu->pos()), picker->menu()->grab());
+    painter.end();
+    picture.save(folder.filePath(
+        u"settings-format-menu-%1.png"_s.arg(scheme == Scheme::Light ? u"light"_s : u"dark"_s)));
+}
+
+} // namespace
+
+void shootSettings(const QDir& folder)
+{
+    const auto shootTab = [&](const QString& name, SettingsTab tab,
+                              const std::function<void(DemoSettings&)>& arrange = {}) {
+        shoot(
+            folder, u"settings-"_s + name, [&] { return std::make_unique<DemoSettings>(tab); },
+            [&](QWidget& widget) {
+                if (arrange) {
+                    arrange(static_cast<DemoSettings&>(widget));
+                }
+            });
+    };
+
+    shootTab(u"general"_s, SettingsTab::General);
+    shootTab(u"general-hover"_s, SettingsTab::General, [](DemoSettings& view) {
+        hover(button(view, u"L"_s));
+        hover(button(view, u"Default Format"_s));
+    });
+    shootTab(u"general-focus"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.activateWindow();
+        button(view, u"Mid"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootTab(u"general-focus-format"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.activateWindow();
+        button(view, u"Default Format"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.activateWindow();
+        view.findChildren<KeyboardShortcuts::RecorderCocoa*>().first()->startRecording();
+    });
+    shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.platform().grabber.settings = QUrl(u"settings:privacy"_s);
+        view.platform().grabber.isPermitted = false;
+        view.grab();
+        QApplication::processEvents();
+    });
+    shootTab(u"general-denied-for-good"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.platform().grabber.isPermitted = false;
+        view.grab();
+        QApplication::processEvents();
+    });
+    preferences::setScopeDefaultRadius(9);
+    preferences::setScopeShape(u"circle"_s);
+    shootTab(u"general-radius-9"_s, SettingsTab::General);
+    QSettings().clear();
+
+    shootTab(u"data"_s, SettingsTab::Data);
+    shootTab(u"data-empty"_s, SettingsTab::Data, [](DemoSettings& view) { view.state().clearHistory(); });
+    shootTab(u"data-hover"_s, SettingsTab::Data,
+             [](DemoSettings& view) { hover(button(view, u"Export JSON"_s)); });
+    shootTab(u"data-focus"_s, SettingsTab::Data, [](DemoSettings& view) {
+        view.activateWindow();
+        button(view, u"Export CSS"_s).setFocus(Qt::TabFocusReason);
+    });
+
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        shootFormatMenu(folder, scheme);
+        QWidget panel;
+        const Appearance appearance(panel, scheme);
+        const QString word = scheme == Scheme::Light ? u"light"_s : u"dark"_s;
+        SettingsView(appearance).grab().save(folder.filePath(u"settings-window-%1.png"_s.arg(word)));
+    }
+}
+
+} // namespace tintwick
