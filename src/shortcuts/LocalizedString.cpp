@@ -12,7 +12,7 @@ namespace {
 struct Text
 {
     QLatin1StringView key;
-    const char* english;
+    const char* english = nullptr;
 };
 
 constexpr Text texts[] = {

@@ -581,7 +581,7 @@ private Q_SLOTS:
         });
         QCOMPARE(output, accepted ? QByteArray("Error registering hotkey ⌘D: -9878\n") : QByteArray());
         QCOMPARE(scene.alert(), nullptr);
-        QCOMPARE(scene.stored(), accepted ? Shortcut(keyD, command) : optionShiftC);
+        QCOMPARE(scene.stored(), (accepted ? Shortcut{keyD, command} : optionShiftC));
         QCOMPARE(scene.recorder->text(), accepted ? u"⌘D"_s : u"⌥⇧C"_s);
         QCOMPARE(scene.recorder->isRecording(), !accepted);
         QCOMPARE(scene.keys.isOn(), !accepted);
