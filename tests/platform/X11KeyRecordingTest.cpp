@@ -6,6 +6,7 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTest>
 #include <QWidget>
 
@@ -152,7 +153,28 @@ private Q_SLOTS:
         run("xset",
             {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("100")});
     }
-    void cleanup() { run("setxkbmap", {QStringLiteral("us"), QStringLiteral("-option"), QString()}); }
+    // First, because a change of the keymap makes the window manager take its keys anew.
+    void aShortcutOfTheWindowManagerDoesNothingUntilAfterwards()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        auto& server = hand.connection();
+        const auto showsDesktop = [&server] {
+            return server.property(server.root(), "_NET_SHOWING_DESKTOP").startsWith('\1');
+        };
+        // Openbox: Super + D shows the desktop.
+        QTRY_VERIFY(program.registrar.isTaken(2, command));
+        QVERIFY(program.begin());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("2+256")});
+        QVERIFY(!showsDesktop());
+        program.end();
+        QTRY_VERIFY(server.inputIsFree());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(showsDesktop());
+        hand.chord({KEY_LEFTMETA, KEY_D});
+        QTRY_VERIFY(!showsDesktop());
+    }
 
     void aKeyComesByItsPositionWithWhatIsHeld_data()
     {
@@ -188,6 +210,9 @@ private Q_SLOTS:
         QFETCH(const QStringList, keymap);
         QFETCH(const QList<int>, keys);
         QFETCH(const QString, reported);
+        const auto usAgain = qScopeGuard([] {
+            run("setxkbmap", {QStringLiteral("us"), QStringLiteral("-option"), QString()});
+        });
         run("setxkbmap", keymap);
         Program program;
         HandOnKeyboard hand;
@@ -239,28 +264,6 @@ private Q_SLOTS:
         release(hand, altShiftC);
         QTRY_COMPARE(holder.presses(), 1);
         QCOMPARE(program.recorder.keys.size(), 1);
-    }
-
-    void aShortcutOfTheWindowManagerDoesNothingUntilAfterwards()
-    {
-        Program program;
-        HandOnKeyboard hand;
-        auto& server = hand.connection();
-        const auto showsDesktop = [&server] {
-            return server.property(server.root(), "_NET_SHOWING_DESKTOP").startsWith('\1');
-        };
-        // Openbox: Super + D shows the desktop. It takes its keys anew after each change of the keymap.
-        QTRY_VERIFY(program.registrar.isTaken(2, command));
-        QVERIFY(program.begin());
-        hand.chord({KEY_LEFTMETA, KEY_D});
-        QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("2+256")});
-        QVERIFY(!showsDesktop());
-        program.end();
-        QTRY_VERIFY(server.inputIsFree());
-        hand.chord({KEY_LEFTMETA, KEY_D});
-        QTRY_VERIFY(showsDesktop());
-        hand.chord({KEY_LEFTMETA, KEY_D});
-        QTRY_VERIFY(!showsDesktop());
     }
 
     void theWindowInFrontGetsNothingUntilAfterwards()
@@ -451,8 +454,8 @@ private Q_SLOTS:
         TestWindow terminal(hand.connection(), {});
         terminal.show();
         QVERIFY(program.begin());
-        terminal.focus();
-        QTRY_COMPARE(QApplication::activeWindow(), nullptr);
+        // The window manager may still be busy giving it to our window.
+        QTRY_VERIFY((terminal.focus(), QApplication::activeWindow() == nullptr));
     }
 };
 

@@ -101,12 +101,15 @@ bool X11HotKeyRegistrar::isTaken(int keyCode, int modifiers) const
     if (!grab || isHeld(*grab)) {
         return false;
     }
-    if (!take(*grab)) {
-        return true;
+    // Whoever is about to take the combination must not be refused because we ask.
+    xcb_grab_server(m_connection.get());
+    const bool isFree = take(*grab);
+    if (isFree) {
+        giveBack(*grab);
     }
-    giveBack(*grab);
+    xcb_ungrab_server(m_connection.get());
     m_connection.flush();
-    return false;
+    return !isFree;
 }
 
 void X11HotKeyRegistrar::handleEvent(const xcb_generic_event_t& event)

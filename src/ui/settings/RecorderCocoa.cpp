@@ -41,6 +41,7 @@ constexpr int clearButtonSide = 14;
 constexpr int clearButtonMargin = (fieldHeight - clearButtonSide) / 2;
 /// On both sides of the text, so that it stays in the middle beside the clear button.
 constexpr int textMargin = clearButtonSide + 2 * clearButtonMargin;
+constexpr int placeholderMargin = 10;
 /// How far outside of the field a click is still one on the field.
 constexpr int clickTolerance = 3;
 
@@ -49,9 +50,9 @@ QFont fieldFont()
     return DS::font(13);
 }
 
-double widthOf(const QString& text)
+int widthOf(const QString& text)
 {
-    return QFontMetricsF(fieldFont()).horizontalAdvance(text);
+    return static_cast<int>(std::ceil(QFontMetricsF(fieldFont()).horizontalAdvance(text)));
 }
 
 } // namespace
@@ -97,9 +98,11 @@ QString RecorderCocoa::placeholder() const
 
 QSize RecorderCocoa::sizeHint() const
 {
-    const double widest = std::max({widthOf(m_text), widthOf(localizedString("record_shortcut"_L1)),
-                                    widthOf(localizedString("press_shortcut"_L1))});
-    return {std::max(minimumWidth, static_cast<int>(std::ceil(widest)) + 2 * textMargin), fieldHeight};
+    const int width = m_text.isEmpty() ? std::max(widthOf(localizedString("record_shortcut"_L1)),
+                                                  widthOf(localizedString("press_shortcut"_L1))) +
+                                             2 * placeholderMargin
+                                       : widthOf(m_text) + 2 * textMargin;
+    return {std::max(minimumWidth, width), fieldHeight};
 }
 
 void RecorderCocoa::startRecording()
@@ -276,15 +279,22 @@ bool RecorderCocoa::event(QEvent* event)
 
 bool RecorderCocoa::eventFilter(QObject* watched, QEvent* event)
 {
-    if (m_state == State::Recording && event->type() == QEvent::MouseButtonRelease) {
+    if (m_state == State::Recording && event->type() == QEvent::MouseButtonRelease &&
+        watched->isWidgetType()) {
         const auto& release = static_cast<const QMouseEvent&>(*event);
-        const QRect field = rect().adjusted(-clickTolerance, -clickTolerance, clickTolerance, clickTolerance);
         const bool isClick = release.button() == Qt::LeftButton || release.button() == Qt::RightButton;
-        if (isClick && !field.contains(mapFromGlobal(release.globalPosition().toPoint()))) {
+        if (isClick && !isOnField(*static_cast<QWidget*>(watched), release)) {
             endRecording();
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool RecorderCocoa::isOnField(const QWidget& clicked, const QMouseEvent& event) const
+{
+    const QRect field = rect().adjusted(-clickTolerance, -clickTolerance, clickTolerance, clickTolerance);
+    // By the place in the window: where the window is on the screen the toolkit may not have heard yet.
+    return clicked.window() == window() && field.contains(mapFrom(window(), event.scenePosition().toPoint()));
 }
 
 void RecorderCocoa::focusInEvent(QFocusEvent* event)

@@ -79,6 +79,7 @@ private:
     void clear();
     void clearButtonPressed();
     void refreshText();
+    [[nodiscard]] bool isOnField(const QWidget& clicked, const QMouseEvent& event) const;
 
     RecorderServices m_services;
     Name m_name;

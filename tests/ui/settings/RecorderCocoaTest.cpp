@@ -137,17 +137,17 @@ private Q_SLOTS:
         QVERIFY(!scene.recorder->isRecording());
     }
 
-    void itIsNeverNarrowerThanAWholeField()
+    void itIsAsWideAsItsTextNeedsButNeverNarrowerThanAWholeField()
     {
         Scene scene;
-        QCOMPARE(scene.other->sizeHint(), scene.recorder->sizeHint());
-        QCOMPARE(scene.recorder->height(), 24);
-        QVERIFY(scene.recorder->width() >= 130);
-        const QString longText(100, u'm');
-        scene.layout.characters[keyC] = longText.left(1);
-        scene.registry.setShortcut(Shortcut{90, command | shift | option | control},
+        QCOMPARE(scene.recorder->size(), QSize(130, 24));
+        QCOMPARE(scene.recorder->sizeHint(), QSize(130, 24));
+        constexpr int space = 49;
+        scene.registry.setShortcut(Shortcut{space, control | option | shift | command},
                                    shortcutnames::activatePicker());
-        QVERIFY(scene.recorder->sizeHint().width() >= 130);
+        QCOMPARE(scene.recorder->text(), u"⌃⌥⇧⌘Space"_s);
+        QVERIFY(scene.recorder->sizeHint().width() > 130);
+        QCOMPARE(scene.recorder->sizeHint().height(), 24);
     }
 
     void theClearButtonIsThereWhileThereIsAShortcut()
@@ -382,15 +382,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QPoint>("place");
         QTest::addColumn<bool>("ends");
-        // The field is at 100, 40 and as wide as its hint.
-        const int width = Scene().recorder->width();
+        // The field is at 100, 40 and measures 130 by 24.
         QTest::newRow("on it") << QPoint(110, 50) << false;
         QTest::newRow("three to the left") << QPoint(97, 50) << false;
         QTest::newRow("four to the left") << QPoint(96, 50) << true;
         QTest::newRow("three above") << QPoint(110, 37) << false;
         QTest::newRow("four above") << QPoint(110, 36) << true;
-        QTest::newRow("three to the right") << QPoint(100 + width + 2, 50) << false;
-        QTest::newRow("four to the right") << QPoint(100 + width + 3, 50) << true;
+        QTest::newRow("three to the right") << QPoint(232, 50) << false;
+        QTest::newRow("four to the right") << QPoint(233, 50) << true;
         QTest::newRow("three below") << QPoint(110, 66) << false;
         QTest::newRow("four below") << QPoint(110, 67) << true;
     }
@@ -443,6 +442,48 @@ private Q_SLOTS:
         QVERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.keys.isOn());
         QVERIFY(!scene.registry.isPaused());
+    }
+
+    void itEndsWhenAnotherControlGetsTheFocus()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.button->setFocus(Qt::OtherFocusReason);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(scene.button->hasFocus());
+    }
+
+    void itRecordsInAWindowThatIsNotTheActiveOneYet()
+    {
+        Scene scene;
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        scene.recorder->startRecording();
+        QVERIFY(scene.recorder->isRecording());
+        scene.panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&scene.panel));
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.recorder->hasFocus());
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+        QVERIFY(!scene.recorder->hasFocus());
+    }
+
+    void theClearButtonEndsItInAWindowThatIsNotTheActiveOne()
+    {
+        Scene scene;
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        scene.recorder->startRecording();
+        scene.clearButton().click();
+        QCOMPARE(scene.stored(), std::nullopt);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
     }
 
     void itEndsWhenItIsHidden_data()
@@ -556,6 +597,22 @@ private Q_SLOTS:
         const QPointer<Sheet> alert = scene.alert();
         scene.recorder->hide();
         QVERIFY(!alert->isVisible());
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void anAlertGoesWithTheWindowsActivity()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, command);
+        const QPointer<Sheet> alert = scene.alert();
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(!alert || !alert->isVisible());
         QVERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.keys.isOn());
         QVERIFY(!scene.registry.isPaused());

@@ -66,6 +66,8 @@ private:
 /// A recorder in a window as the main panel is one, in a program with one shortcut, under the user's hands.
 struct Scene
 {
+    static constexpr QPoint onField{120, 52};
+
     QTemporaryDir folder;
     QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
@@ -99,8 +101,11 @@ struct Scene
         [&] { QVERIFY(QTest::qWaitForWindowActive(&panel)); }();
     }
 
-    void click(QPoint place)
+    /// Where that is on the screen the server tells; the toolkit may not know it yet.
+    void click(QPoint inPanel)
     {
+        const auto window = static_cast<xcb_window_t>(panel.winId());
+        const QPoint place = hand.connection().geometry(window).topLeft() + inPanel;
         auto* const c = hand.connection().get();
         const auto fake = [&](std::uint8_t type, std::uint8_t detail) {
             xcb_test_fake_input(c, type, detail, XCB_CURRENT_TIME, hand.connection().root(),
@@ -114,8 +119,17 @@ struct Scene
     }
     [[nodiscard]] bool startByClick()
     {
-        click(recorder->mapToGlobal(QPoint(20, 12)));
+        click(onField);
         return QTest::qWaitFor([this] { return recorder->isRecording(); });
+    }
+
+    /// To be asked again: the window manager may still be busy giving it to the panel.
+    [[nodiscard]] bool givesTheFocusTo(TestWindow& other) const
+    {
+        if (panel.isActiveWindow()) {
+            other.focus();
+        }
+        return !panel.isActiveWindow();
     }
 
     [[nodiscard]] std::optional<Shortcut> stored() const
@@ -136,8 +150,6 @@ class RecorderOnDesktopTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"us"_s}), 0); }
-
     void aSuperCombinationIsRecordedAndWorksAtOnce()
     {
         Scene scene;
@@ -192,7 +204,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.hand.connection().grabKeyboard());
-        scene.click(scene.recorder->mapToGlobal(QPoint(20, 12)));
+        scene.click(Scene::onField);
         QTRY_COMPARE(scene.bell.count(), 1);
         QVERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.registry.isPaused());
@@ -283,12 +295,26 @@ private Q_SLOTS:
         TestWindow terminal(scene.hand.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         QVERIFY(scene.startByClick());
-        terminal.focus();
-        QTRY_VERIFY(!scene.recorder->isRecording());
+        QTRY_VERIFY(scene.givesTheFocusTo(terminal));
+        QVERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
         QVERIFY(!scene.registry.isPaused());
         scene.hand.tap(KEY_A);
         QTRY_VERIFY(!terminal.events().empty());
+    }
+
+    void itRecordsInAWindowThatIsNotTheActiveOneYet()
+    {
+        Scene scene;
+        TestWindow terminal(scene.hand.connection(), {.geometry = QRect(0, 0, 50, 50)});
+        terminal.show();
+        QTRY_VERIFY(scene.givesTheFocusTo(terminal));
+        QVERIFY(scene.startByClick());
+        scene.panel.activateWindow();
+        QTRY_VERIFY(scene.panel.isActiveWindow());
+        scene.hand.chord({KEY_LEFTCTRL, KEY_F5});
+        QTRY_COMPARE(scene.recorder->text(), u"⌃F5"_s);
+        QTRY_VERIFY(scene.keyboardIsFree());
     }
 
     void hidingThePanelEndsIt()
@@ -304,11 +330,12 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.startByClick());
-        scene.click(scene.panel.mapToGlobal(QPoint(190, 400)));
+        scene.click(QPoint(190, 400));
         QTRY_VERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
+    // Last, because a change of the keymap makes the window manager take its keys anew.
     void theTextFollowsTheLayout()
     {
         Scene scene;
