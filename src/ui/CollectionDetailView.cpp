@@ -66,7 +66,7 @@ protected:
     {
         const Scheme scheme = Appearance::of(this);
         QPainter painter(this);
-        painter.setOpacity(qBound(0.0, m_hover.position(), 1.0));
+        painter.setOpacity(m_hover.fraction());
         fillRounded(painter, rect(), dropFrameRadius, dropFrameTint.in(scheme));
         strokeInside(painter, rect(), dropFrameRadius, dropFrameLine.in(scheme), 1.5);
     }

@@ -30,7 +30,7 @@ HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
           [this, &panel] {
               auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
               connect(swatch, &ColorSwatchView::stepRequested, this, [this, swatch](int columns, int rows) {
-                  moveFocus(*swatch, columns + rows * gridShape.columns);
+                  m_swatches.moveFocus(*swatch, columns + rows * gridShape.columns);
               });
               return swatch;
           },
@@ -113,18 +113,6 @@ void HistoryDetailView::orderFocus() const
     for (QWidget* swatch : swatches()) {
         setTabOrder(before, swatch);
         before = swatch;
-    }
-}
-
-void HistoryDetailView::moveFocus(const ColorSwatchView& from, int step) const
-{
-    qsizetype position = 0;
-    while (position < swatches().size() && swatches()[position] != &from) {
-        ++position;
-    }
-    const qsizetype target = position + step;
-    if (target >= 0 && target < swatches().size()) {
-        swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
     }
 }
 

@@ -36,7 +36,6 @@ private:
     void showHistory();
     /// Tab goes from the toolbar through the grid, whatever came into it last.
     void orderFocus() const;
-    void moveFocus(const ColorSwatchView& from, int step) const;
 
     AppState& m_appState;
     ExportMenu* m_export = nullptr;
