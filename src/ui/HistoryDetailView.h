@@ -26,7 +26,6 @@ public:
 private:
     [[nodiscard]] QWidget* toolbar();
     [[nodiscard]] QWidget* clearButton();
-    [[nodiscard]] QWidget* emptyState();
     [[nodiscard]] QWidget* swatchGrid();
 
     [[nodiscard]] Bound<bool> historyIsEmpty() const;

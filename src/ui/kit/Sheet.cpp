@@ -11,7 +11,6 @@
 #include <QLayoutItem>
 #include <QPainter>
 
-
 namespace tintwick {
 
 namespace {
