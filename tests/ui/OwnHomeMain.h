@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/QuickTemporaryDir.h"
+
 #include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace tintwick::test {
@@ -10,9 +11,9 @@ namespace tintwick::test {
 template <typename Test>
 int runWithOwnHome(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Tintwick"));
     QApplication::setApplicationName(QStringLiteral("Tintwick"));

@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QWindow>
 
 using namespace tintwick;
 using namespace tintwick::test;
@@ -62,7 +63,10 @@ QJsonObject storedData()
 void click(QWidget* widget)
 {
     QVERIFY(widget != nullptr);
-    QTest::mouseClick(widget, Qt::LeftButton);
+    // On the window, as the desktop delivers it: the place in the window is right too.
+    QWidget* window = widget->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      widget->mapTo(window, widget->rect().center()));
 }
 
 } // namespace
