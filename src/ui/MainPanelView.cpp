@@ -21,7 +21,6 @@
 #include <QPainter>
 #include <QPalette>
 
-#include <algorithm>
 #include <utility>
 
 namespace tintwick {
@@ -92,21 +91,16 @@ QWidget* MainPanelView::backButton()
 
 QWidget* MainPanelView::settingsButton()
 {
-    auto* button = plainButton(
+    return squareButton(
         tr("Settings"), [this] { setShowingSettings(true); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
-        8);
-    button->setToolTip(tr("Settings"));
-    return button;
+        symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond));
 }
 
 QWidget* MainPanelView::colorSchemeToggle()
 {
     m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, DS::textSecond);
-    m_schemeToggle = plainButton(
-        {}, [this] { cycleColorScheme(); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8), m_schemeSymbol), 8);
+    m_schemeToggle = squareButton(
+        {}, [this] { cycleColorScheme(); }, m_schemeSymbol);
     return m_schemeToggle;
 }
 
@@ -172,9 +166,7 @@ MainPanelView::ScreenChoice MainPanelView::chosenScreen() const
     if (m_selectedCollectionId == historySelectionId) {
         return {ScreenKind::History, {}};
     }
-    const auto& collections = m_appState.collections();
-    const bool exists = std::any_of(collections.begin(), collections.end(),
-                                    [this](const auto& each) { return each.id == m_selectedCollectionId; });
+    const bool exists = m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr;
     return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
 }
 
@@ -211,12 +203,9 @@ QString MainPanelView::selectionTitle() const
     if (m_selectedCollectionId == historySelectionId) {
         return tr("All History");
     }
-    for (const ColorCollection& collection : m_appState.collections()) {
-        if (collection.id == m_selectedCollectionId) {
-            return collection.name;
-        }
-    }
-    return tr("Palette");
+    const ColorCollection* collection =
+        m_selectedCollectionId ? m_appState.collection(*m_selectedCollectionId) : nullptr;
+    return collection != nullptr ? collection->name : tr("Palette");
 }
 
 void MainPanelView::showScreen()

@@ -1,18 +1,17 @@
 #include "ui/MainPanelView.h"
 
-#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionDetailView.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/CopiedPill.h"
 #include "ui/HistoryDetailView.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/ScrollArea.h"
 
 #include <QScrollBar>
 #include <QSettings>
-#include <QTemporaryDir>
 
 using namespace tintwick;
 using tintwick::test::PanelFixture;
@@ -340,13 +339,6 @@ void MainPanelViewTest::theHeaderFadesFromOneScreenToTheOther()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Tintwick"));
-    QApplication::setApplicationName(QStringLiteral("Tintwick"));
-    MainPanelViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<MainPanelViewTest>(argc, argv);
 }
 #include "MainPanelViewTest.moc"
