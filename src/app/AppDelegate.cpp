@@ -88,7 +88,8 @@ void AppDelegate::setupMenuBar()
     QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
     QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
                      [this] { openSettings(); });
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QApplication::quit);
+    // To quit asks every window whether it may be closed, and the panel is one that never is.
+    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, [] { QApplication::exit(); });
     m_statusItem.show();
 }
 
