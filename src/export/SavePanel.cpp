@@ -97,11 +97,16 @@ void SavePanel::askToolkit()
     const QWidget* view = asker();
     m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName);
     if (view) {
+        m_askedFrom = view->window();
         m_dialog->setPalette(ownPalette(view->palette()));
     }
     connect(m_dialog.get(), &SaveDialog::finished, this, [this](int result) {
         if (result == QDialog::Accepted) {
             write(m_dialog->selectedFiles().value(0));
+        }
+        // A window manager would not give the keys back to the panel of its own accord.
+        if (m_askedFrom && m_askedFrom->isVisible()) {
+            m_askedFrom->activateWindow();
         }
         end();
     });

@@ -4,7 +4,9 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QPointer>
 #include <QString>
+#include <QWidget>
 
 #include <memory>
 
@@ -35,6 +37,8 @@ private:
     QString m_suggestedName;
     ContentType m_contentType;
     std::unique_ptr<SaveDialog> m_dialog;
+    /// The window the user asked from, and goes on in.
+    QPointer<QWidget> m_askedFrom;
 };
 
 } // namespace tintwick
