@@ -1,5 +1,6 @@
 #include "desktop/TintwickProcess.h"
 #include "support/HandOnKeyboard.h"
+#include "support/KeyCombination.h"
 #include "support/Pattern.h"
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
@@ -52,14 +53,7 @@ using Keys = QList<int>;
 
 constexpr std::uint16_t shift = 0x01, lock = 0x02, control = 0x04, alt = 0x08, numLock = 0x10, mod4 = 0x40;
 
-/// A combination as the server knows it.
-struct Combination
-{
-    int key;
-    std::uint16_t modifiers;
-};
-
-constexpr Combination altShiftC{KEY_C, alt | shift};
+constexpr KeyCombination altShiftC{KEY_C, alt | shift};
 
 const Keys altShiftCKeys{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
 const QByteArray altShiftCStored = R"({\"carbonKeyCode\":8,\"carbonModifiers\":2560})";
@@ -161,21 +155,13 @@ public:
         release({keys.rbegin(), keys.rend()});
     }
 
-    /// Whether somebody holds the combination, whatever is locked; to ask disturbs nobody who is about to take it.
-    [[nodiscard]] bool isHeld(const Combination& combination) { return refusals(combination) == 4; }
-    [[nodiscard]] bool isFree(const Combination& combination) { return refusals(combination) == 0; }
-    [[nodiscard]] bool waitUntilHeld(const Combination& combination)
+    [[nodiscard]] bool waitUntilHeld(const KeyCombination& combination)
     {
-        return waitUntil([&] { return isHeld(combination); });
+        return waitUntil([&] { return combination.isHeld(other); });
     }
-    [[nodiscard]] bool waitUntilFree(const Combination& combination)
+    [[nodiscard]] bool waitUntilFree(const KeyCombination& combination)
     {
-        return waitUntil([&] { return isFree(combination); });
-    }
-    /// Another program takes the combination; false when it is refused.
-    [[nodiscard]] bool takeForOther(const Combination& combination)
-    {
-        return grab(combination.key, combination.modifiers);
+        return waitUntil([&] { return combination.isFree(other); });
     }
 
     /// Waits for the loupe of the pick that is the first, the second, ... of this scene.
@@ -209,33 +195,6 @@ public:
         return std::any_of(events.begin(), events.end(), [key](const auto& event) {
             return event.type != XCB_MOTION_NOTIFY && event.detail == keycode(key);
         });
-    }
-
-private:
-    [[nodiscard]] bool grab(int key, unsigned modifiers)
-    {
-        const ServerReply<xcb_generic_error_t> error(xcb_request_check(
-            other.get(),
-            xcb_grab_key_checked(other.get(), 0, other.root(), static_cast<std::uint16_t>(modifiers),
-                                 keycode(key), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
-        return !error;
-    }
-
-    [[nodiscard]] int refusals(const Combination& combination)
-    {
-        int refused = 0;
-        xcb_grab_server(other.get());
-        for (const unsigned locks : {0U, unsigned{lock}, unsigned{numLock}, unsigned{lock | numLock}}) {
-            const auto modifiers = static_cast<std::uint16_t>(combination.modifiers | locks);
-            if (grab(combination.key, modifiers)) {
-                xcb_ungrab_key(other.get(), keycode(combination.key), other.root(), modifiers);
-            } else {
-                ++refused;
-            }
-        }
-        xcb_ungrab_server(other.get());
-        other.sync();
-        return refused;
     }
 };
 
@@ -509,7 +468,7 @@ void GlobalShortcutTest::aStoredShortcutIsTakenAtTheNextStart()
     QVERIFY(scene.store(preferences));
     TintwickProcess program(scene.desktop);
     QVERIFY(scene.waitUntilHeld({keys.last(), static_cast<std::uint16_t>(modifiers)}));
-    QVERIFY(scene.isFree(altShiftC));
+    QVERIFY(altShiftC.isFree(scene.other));
 
     scene.pressAndRelease(keys);
     QVERIFY(scene.waitForLoupe(program));
@@ -534,7 +493,7 @@ void GlobalShortcutTest::whereNoShortcutIsStoredNoneIsTaken()
     // The menu is there once the start is over, and what was given back for it is taken again when it closes.
     QVERIFY(program.startPicking());
     QVERIFY(scene.cancel(program));
-    QVERIFY(scene.isFree(altShiftC));
+    QVERIFY(altShiftC.isFree(scene.other));
     scene.terminal.focus();
     scene.terminal.forgetEvents();
     scene.pressAndRelease(altShiftCKeys);
@@ -573,7 +532,8 @@ void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine()
     QVERIFY(scene.setLayout(keymap));
     const QByteArray preferences = Scene::preferencesWith('"' + stored + '"');
     QVERIFY(scene.store(preferences));
-    QVERIFY(scene.takeForOther({key, alt | shift}));
+    const KeyCombination combination{key, alt | shift};
+    QVERIFY(combination.take(scene.other));
     TintwickProcess program(scene.desktop);
     QVERIFY(waitUntil([&] { return !program.process().standardOutput().isEmpty(); }));
 
@@ -602,7 +562,7 @@ void GlobalShortcutTest::aShortcutTakenWhileTheMenuIsOpenIsToldInTheLayoutOfThat
     QVERIFY(scene.setLayout(layout("us", "dvorak")));
     QVERIFY(program.openMenu());
     QVERIFY(scene.waitUntilFree(altShiftC));
-    QVERIFY(scene.takeForOther(altShiftC));
+    QVERIFY(altShiftC.take(scene.other));
     program.choosePick();
     QVERIFY(scene.waitForLoupe(program));
     QCOMPARE(program.process().standardOutput(), QByteArray("Error registering hotkey ⌥⇧J: -9878\n"));
@@ -669,7 +629,7 @@ void GlobalShortcutTest::theShortcutFollowsAltToAnotherModifier()
     }
     QCOMPARE(scene.desktop.start(QStringLiteral("xmodmap"), exchange)->waitForEnd(), 0);
     QVERIFY(scene.waitUntilHeld({KEY_C, mod4 | shift}));
-    QVERIFY(scene.isFree(altShiftC));
+    QVERIFY(altShiftC.isFree(scene.other));
     scene.pressAndRelease(altShiftCKeys);
     QVERIFY(scene.waitForLoupe(program));
 }
