@@ -172,14 +172,18 @@ public:
     {
         return waitUntil([&] { return !isAccent(seen(place::pickButton)); });
     }
+    [[nodiscard]] xcb_window_t focusedWindow()
+    {
+        xcb_connection_t* c = desktop.connection().get();
+        const ServerReply<xcb_get_input_focus_reply_t> reply(
+            xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+        return reply ? reply->focus : XCB_NONE;
+    }
     [[nodiscard]] bool canTypeInto(const QByteArray& title)
     {
         return waitUntil([&] {
-            xcb_connection_t* c = desktop.connection().get();
-            const ServerReply<xcb_get_input_focus_reply_t> reply(
-                xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-            return reply && desktop.connection().inputIsFree() &&
-                   desktop.connection().property(reply->focus, "_NET_WM_NAME") == title;
+            return desktop.connection().inputIsFree() &&
+                   desktop.connection().property(focusedWindow(), "_NET_WM_NAME") == title;
         });
     }
     /// Waits until all keys go to one receiver alone, such as a menu.
@@ -299,8 +303,10 @@ public:
         if (!canTypeInto("Save As")) {
             return false;
         }
-        // It looks at the folder first, and may go on with the name it suggests until it has.
-        static_cast<void>(desktop.settledScreenshot());
+        // It looks at the folder first, and may go on with the name it suggests until it has. Below its middle is the
+        // caret, which never rests.
+        const QRect dialog = desktop.connection().geometry(focusedWindow());
+        static_cast<void>(desktop.settledScreenshot(QRect(dialog.topLeft(), dialog.size() / 2)));
         type(path);
         desktop.typeKey(XK_Return);
         if (!waitUntil([&] { return !contents(path).isEmpty(); })) {
