@@ -2,11 +2,26 @@
 
 #include "export/ContentType.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QScreen>
 
 namespace tintwick {
+
+namespace {
+
+bool belongsTo(const QObject& object, const QObject& ancestor)
+{
+    const QObject* each = &object;
+    while (each && each != &ancestor) {
+        each = each->parent();
+    }
+    return each == &ancestor;
+}
+
+} // namespace
 
 SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName)
 {
@@ -20,6 +35,7 @@ SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, co
     selectFile(suggestedName);
     // The panel stays on top, and would stay on top of this.
     setWindowFlag(Qt::WindowStaysOnTopHint);
+    qApp->installEventFilter(this);
 }
 
 void SaveDialog::showOn(const QScreen& screen)
@@ -30,6 +46,18 @@ void SaveDialog::showOn(const QScreen& screen)
     show();
     raise();
     activateWindow();
+}
+
+// A window does not inherit the palette of the one it belongs to: menus and questions would be light above a dark dialog.
+bool SaveDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Polish && watched->isWidgetType()) {
+        auto* window = static_cast<QWidget*>(watched);
+        if (window != this && window->isWindow() && belongsTo(*window, *this)) {
+            window->setAttribute(Qt::WA_WindowPropagation);
+        }
+    }
+    return QFileDialog::eventFilter(watched, event);
 }
 
 void SaveDialog::accept()
