@@ -12,13 +12,14 @@ namespace tintwick {
 
 namespace {
 
-bool belongsTo(const QObject& object, const QObject& ancestor)
+bool belongsTo(const QWidget& window, const QWidget& dialog)
 {
-    const QObject* each = &object;
-    while (each && each != &ancestor) {
-        each = each->parent();
+    // What completes a text belongs to nobody, but leaves the keys to the field.
+    const QWidget* each = window.parentWidget() ? window.parentWidget() : window.focusProxy();
+    while (each && each != &dialog) {
+        each = each->parentWidget();
     }
-    return each == &ancestor;
+    return each == &dialog;
 }
 
 } // namespace
@@ -48,13 +49,14 @@ void SaveDialog::showOn(const QScreen& screen)
     activateWindow();
 }
 
-// A window does not inherit the palette of the one it belongs to: menus and questions would be light above a dark dialog.
+// A window does not inherit the palette of the one it belongs to: menus, questions and the list of names to choose from
+// would be light above a dark dialog.
 bool SaveDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Polish && watched->isWidgetType()) {
         auto* window = static_cast<QWidget*>(watched);
         if (window != this && window->isWindow() && belongsTo(*window, *this)) {
-            window->setAttribute(Qt::WA_WindowPropagation);
+            window->setPalette(palette());
         }
     }
     return QFileDialog::eventFilter(watched, event);
