@@ -134,19 +134,18 @@ void AppDelegate::setupGlobalClickDismiss()
         m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
             ClickMonitor& monitor = m_platform->clickMonitor();
             if (isVisible) {
-                monitor.start([this] { return isMeantElsewhere(); }, [this] { handleClickElsewhere(); });
+                monitor.start([] { return isMeantElsewhere(); }, [this] { handleClickElsewhere(); });
             } else {
                 monitor.stop();
             }
         });
 }
 
-bool AppDelegate::isMeantElsewhere() const
+bool AppDelegate::isMeantElsewhere()
 {
-    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
-    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
-    return !m_colorPickerService.isPicking() && !ExportService::isSavePanelOpen() &&
-           QGuiApplication::mouseButtons() == Qt::NoButton;
+    // A click in a save panel is ours, although the desktop may show that from another program. And while a button is down
+    // on the panel, the pointer may have been dragged off it since.
+    return !ExportService::isSavePanelOpen() && QGuiApplication::mouseButtons() == Qt::NoButton;
 }
 
 void AppDelegate::handleClickElsewhere()

@@ -45,7 +45,7 @@ private:
     void setupGlobalClickDismiss();
 
     /// Whether what is pressed elsewhere right now is no business of ours.
-    [[nodiscard]] bool isMeantElsewhere() const;
+    [[nodiscard]] static bool isMeantElsewhere();
     void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();

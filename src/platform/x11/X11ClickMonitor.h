@@ -8,8 +8,9 @@
 
 namespace tintwick {
 
-/// Listens to raw button events, which come to the root window whatever window or grab gets the click itself. A program
-/// that begins a drag takes the selection of drags while the button is down.
+/// Listens to raw button events, which come to the root window whatever window or other program's grab gets the click
+/// itself; only those of a pick do not come, because its grab is held by this very connection. A program that begins a
+/// drag takes the selection of drags while the button is down.
 class X11ClickMonitor final : public ClickMonitor, private XcbConnection::Sink
 {
 public:
