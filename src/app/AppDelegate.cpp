@@ -129,25 +129,26 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(),
-                     [this](bool isVisible) {
-                         ClickMonitor& monitor = m_platform->clickMonitor();
-                         if (isVisible) {
-                             monitor.start([this] { handleClickElsewhere(); });
-                         } else {
-                             monitor.stop();
-                         }
-                     });
+    QObject::connect(
+        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
+            ClickMonitor& monitor = m_platform->clickMonitor();
+            if (isVisible) {
+                monitor.start([] { return isMeantElsewhere(); }, [this] { handleClickElsewhere(); });
+            } else {
+                monitor.stop();
+            }
+        });
+}
+
+bool AppDelegate::isMeantElsewhere()
+{
+    // A click in a save panel is ours, although the desktop may show that from another program. And while a button is down
+    // on the panel, the pointer may have been dragged off it since.
+    return !ExportService::isSavePanelOpen() && QGuiApplication::mouseButtons() == Qt::NoButton;
 }
 
 void AppDelegate::handleClickElsewhere()
 {
-    // A click that picks is the picker's, wherever it falls. One in a save panel is ours, although the desktop may show
-    // that from another program. And while a button is down on the panel, the pointer may have been dragged off it since.
-    if (m_colorPickerService.isPicking() || ExportService::isSavePanelOpen() ||
-        QGuiApplication::mouseButtons() != Qt::NoButton) {
-        return;
-    }
     m_sinceClickElsewhere.start();
     m_clickElsewhere = QCursor::pos();
     hideMainPanel();
@@ -164,8 +165,8 @@ void AppDelegate::handleStatusBarClick()
     }
 }
 
-// A tray that draws the icon in a window of its own, and keeps its place to itself, tells of the click when the press on
-// that window has already hidden the panel as a click elsewhere.
+// A tray that draws the icon in a window of its own, and keeps its place to itself, may tell of the click when that has
+// already hidden the panel as a click elsewhere.
 bool AppDelegate::isTheClickThatHidThePanel()
 {
     const bool isRecent =

@@ -44,6 +44,8 @@ private:
     void setupColorPickerService();
     void setupGlobalClickDismiss();
 
+    /// Whether what is pressed elsewhere right now is no business of ours.
+    [[nodiscard]] static bool isMeantElsewhere();
     void handleClickElsewhere();
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();

@@ -74,6 +74,7 @@ class NotifierHostTest final : public QObject
 private Q_SLOTS:
     void thePanelComesToThePointer();
     void theClickThatHidesThePanelDoesNotShowItAgain();
+    void aHostThatTellsAtThePressTogglesThePanelToo();
     void aClickElsewhereIsNotTakenForOneOnTheIcon();
 
 private:
@@ -113,6 +114,28 @@ void NotifierHostTest::theClickThatHidesThePanelDoesNotShowItAgain()
 
     QVERIFY(desk.host.activate(onIcon));
     QVERIFY(desk.program.waitForPanel());
+}
+
+void NotifierHostTest::aHostThatTellsAtThePressTogglesThePanelToo()
+{
+    using Button = PrivateDesktop::Button;
+    Desk desk;
+    QVERIFY(desk.host.waitForItem());
+    const QPoint onIcon(900, 5);
+    desk.desktop.movePointer(onIcon);
+    for (int round = 0; round < 2; ++round) {
+        desk.desktop.press(Button::Left);
+        QVERIFY(desk.host.activate(onIcon));
+        QVERIFY(desk.program.waitForPanel());
+        desk.desktop.release(Button::Left);
+        static_cast<void>(desk.desktop.settledScreenshot());
+        QVERIFY(!desk.program.panel().isEmpty());
+
+        desk.desktop.press(Button::Left);
+        QVERIFY(desk.host.activate(onIcon));
+        QVERIFY(desk.program.waitForPanelToHide());
+        desk.desktop.release(Button::Left);
+    }
 }
 
 void NotifierHostTest::aClickElsewhereIsNotTakenForOneOnTheIcon()

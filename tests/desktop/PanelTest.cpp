@@ -86,6 +86,7 @@ private Q_SLOTS:
     void escapeHidesIt();
     void aColorIsDraggedOntoACollection();
     void aPickFromThePanelHidesItFirst();
+    void aPickByTheShortcutLeavesIt();
     void aTrayThatComesBackGetsTheIconBack();
     void withoutATrayTheShortcutOpensIt();
     void onALowScreenAllOfItIsOnTheScreen();
@@ -380,6 +381,28 @@ void PanelTest::aPickFromThePanelHidesItFirst()
     QVERIFY(program.waitForClipboard("#1E90FF"));
     QVERIFY(program.waitForPickToEnd());
     QVERIFY(program.panel().isEmpty());
+}
+
+void PanelTest::aPickByTheShortcutLeavesIt()
+{
+    PrivateDesktop desktop({});
+    TestWindow other(desktop.connection(), {.geometry = {40, 300, 200, 200}});
+    other.setColor(QColor(30, 144, 255));
+    other.show();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    clickAt(desktop, program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    desktop.movePointer({140, 400});
+    desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
+    QVERIFY(program.waitForLoupe());
+    desktop.click();
+    QVERIFY(program.waitForClipboard("#1E90FF"));
+    QVERIFY(program.waitForPickToEnd());
+    static_cast<void>(desktop.settledScreenshot());
+    QVERIFY(!program.panel().isEmpty());
+    clickAt(desktop, {140, 400});
+    QVERIFY(program.waitForPanelToHide());
 }
 
 void PanelTest::aTrayThatComesBackGetsTheIconBack()

@@ -153,6 +153,11 @@ bool TintwickProcess::openMenuWithoutPointer()
     return waitUntil([this] { return menu() != XCB_NONE; });
 }
 
+void TintwickProcess::clickIconWithoutPointer()
+{
+    sendClick(trayIconWindow(), PrivateDesktop::Button::Left, {4, 4});
+}
+
 void TintwickProcess::choosePickWithoutPointer()
 {
     const QRect place = menuPlace();

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] bool openMenu();
     /// As openMenu() and choosePick(), while another program holds the real pointer: the clicks are sent to our windows.
     [[nodiscard]] bool openMenuWithoutPointer();
+    void clickIconWithoutPointer();
     void choosePickWithoutPointer();
     /// The open menu on the screen; empty while none is open.
     [[nodiscard]] QRect menuPlace();

@@ -2,25 +2,38 @@
 
 #include "platform/ClickMonitor.h"
 
+#include <utility>
+
 namespace tintwick::test {
 
 /// The test clicks elsewhere; nobody hears it while the monitor is off.
 class ScriptedClickMonitor final : public ClickMonitor
 {
 public:
-    [[nodiscard]] bool isOn() const { return m_handler != nullptr; }
+    [[nodiscard]] bool isOn() const { return m_clicked != nullptr; }
     void clickElsewhere() const
     {
-        if (const PressedElsewhere handler = m_handler) {
-            handler();
+        const PressedElsewhere pressed = m_pressed;
+        if (pressed && pressed() && isOn()) {
+            const ClickedElsewhere clicked = m_clicked;
+            clicked();
         }
     }
 
-    void start(PressedElsewhere handler) override { m_handler = std::move(handler); }
-    void stop() override { m_handler = nullptr; }
+    void start(PressedElsewhere pressed, ClickedElsewhere clicked) override
+    {
+        m_pressed = std::move(pressed);
+        m_clicked = std::move(clicked);
+    }
+    void stop() override
+    {
+        m_pressed = nullptr;
+        m_clicked = nullptr;
+    }
 
 private:
-    PressedElsewhere m_handler;
+    PressedElsewhere m_pressed;
+    ClickedElsewhere m_clicked;
 };
 
 } // namespace tintwick::test

@@ -255,7 +255,9 @@ void X11ScreenGrabber::handleEvent(const xcb_generic_event_t& event)
         }
         return;
     }
-    if (m_xfixesEvent != 0 && type == m_xfixesEvent + XCB_XFIXES_SELECTION_NOTIFY) {
+    if (m_xfixesEvent != 0 && type == m_xfixesEvent + XCB_XFIXES_SELECTION_NOTIFY &&
+        reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event).selection ==
+            m_compositorSelection) {
         m_session->isComposited = hasCompositor(m_connection);
         markChanged(m_session->screenRegion);
         return;
