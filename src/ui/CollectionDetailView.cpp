@@ -7,6 +7,7 @@
 #include "ui/ExportMenu.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/Paint.h"
@@ -146,7 +147,7 @@ void CollectionDetailView::showCollection()
     }
     const QList<CapturedColor> shown = colors();
     m_icon->setName(m_collection.icon);
-    m_name->setText(m_collection.name);
+    m_name->setText(inOneLine(m_collection.name));
     m_count->setText(shown.size() == 1 ? tr("1 color") : tr("%1 colors").arg(shown.size()));
     m_export->setHasColors(!shown.isEmpty());
     m_rows.show(shown);
