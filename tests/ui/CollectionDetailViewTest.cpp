@@ -2,6 +2,7 @@
 
 #include "state/AppState.h"
 #include "state/StorageService.h"
+#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/ColorDetailRow.h"
@@ -1106,9 +1107,9 @@ void CollectionDetailViewTest::screenReadersAreToldWhatThereIs()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = tintwick::testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     CollectionDetailViewTest test;
     return QTest::qExec(&test, argc, argv);

@@ -1,5 +1,6 @@
 #include "ui/DashboardView.h"
 
+#include "support/QuickTemporaryDir.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/DashboardSwatchView.h"
 #include "ui/PanelFixture.h"
@@ -730,9 +731,9 @@ void DashboardViewTest::swatchesAndCardsTellScreenReadersWhatTheyAre()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = tintwick::testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     DashboardViewTest test;
     return QTest::qExec(&test, argc, argv);

@@ -1,5 +1,6 @@
 #include "ui/HistoryDetailView.h"
 
+#include "support/QuickTemporaryDir.h"
 #include "ui/DS.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
@@ -735,9 +736,9 @@ void HistoryDetailViewTest::cancellingChangesNothing()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = tintwick::testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     HistoryDetailViewTest test;
     return QTest::qExec(&test, argc, argv);

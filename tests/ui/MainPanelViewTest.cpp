@@ -1,5 +1,6 @@
 #include "ui/MainPanelView.h"
 
+#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionDetailView.h"
 #include "ui/CollectionRowCard.h"
@@ -499,9 +500,9 @@ void MainPanelViewTest::nothingHasTheFocusUntilTabIsPressed()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = tintwick::testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Tintwick"));
     QApplication::setApplicationName(QStringLiteral("Tintwick"));

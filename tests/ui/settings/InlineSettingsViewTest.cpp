@@ -2,6 +2,7 @@
 
 #include "picker/ColorPickerService.h"
 #include "picker/ScreenCaptureService.h"
+#include "support/QuickTemporaryDir.h"
 #include "support/TestPictures.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/PopUpPicker.h"
@@ -22,6 +23,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QWindow>
 
 using namespace tintwick;
 using namespace tintwick::test;
@@ -61,7 +63,10 @@ QJsonObject storedData()
 void click(QWidget* widget)
 {
     QVERIFY(widget != nullptr);
-    QTest::mouseClick(widget, Qt::LeftButton);
+    // On the window, as the desktop delivers it: the place in the window is right too.
+    QWidget* window = widget->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      widget->mapTo(window, widget->rect().center()));
 }
 
 } // namespace
@@ -667,9 +672,9 @@ void InlineSettingsViewTest::theWindowWearsWhatThePanelWears()
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const auto home = tintwick::testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", home->path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
     QApplication::setOrganizationName(u"Tintwick"_s);
     QApplication::setApplicationName(u"Tintwick"_s);
