@@ -8,6 +8,7 @@
 #include "ui/ExportMenu.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/Paint.h"
@@ -135,7 +136,7 @@ void CollectionDetailView::showCollection()
     }
     const QList<CapturedColor> shown = colors();
     m_icon->setName(m_collection.icon);
-    m_name->setText(m_collection.name);
+    m_name->setText(inOneLine(m_collection.name));
     m_count->setText(colorCountText(shown.size()));
     m_export->setHasColors(!shown.isEmpty());
     m_rows.show(shown);

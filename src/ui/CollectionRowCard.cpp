@@ -5,6 +5,7 @@
 #include "ui/Appearance.h"
 #include "ui/ColorActions.h"
 #include "ui/kit/ContextMenu.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Symbol.h"
@@ -38,10 +39,16 @@ constexpr int previewCount = 4;
 constexpr double previewSide = 30;
 constexpr double previewRadius = 7;
 constexpr double previewGap = 4;
+constexpr int chevronSize = 11;
 
 constexpr Shadow shadowAtRest{DS::black.opacity(0.03), 3, QPointF(0, 2)};
 constexpr Shadow hoverShadow{DS::black.opacity(0.07), 8, QPointF(0, 2)};
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
+
+QFont nameFont()
+{
+    return DS::font(14, QFont::Bold);
+}
 
 } // namespace
 
@@ -64,7 +71,10 @@ CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(cons
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     onClick([this] { m_onTap(m_collection.id); });
     // The squares are those of the history.
-    connect(&m_appState, &AppState::historyChanged, this, [this] { update(); });
+    connect(&m_appState, &AppState::historyChanged, this, [this] {
+        updateHelp();
+        update();
+    });
 }
 
 void CollectionRowCard::setCollection(const ColorCollection& collection)
@@ -74,6 +84,7 @@ void CollectionRowCard::setCollection(const ColorCollection& collection)
     }
     m_collection = collection;
     setAccessibleName(tr("%1, %2").arg(m_collection.name, countText()));
+    updateHelp();
     update();
 }
 
@@ -166,36 +177,32 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
 
     fillRounded(painter, card, cardRadius, DS::surface.in(scheme));
 
-    const QRectF tile(card.left() + horizontalPadding, card.top() + verticalPadding, tileSide, tileSide);
-    fillRounded(painter, tile, tileRadius, gradientBrush(tile, m_accent, scheme));
-    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
-                     tile.translated(0, 1));
-    drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), tile);
-
     const QList<CapturedColor> preview = previewColors();
-    double right = card.right() - horizontalPadding;
-    paintPreview(painter, preview, right);
-    if (!preview.isEmpty()) {
-        right -=
-            static_cast<double>(preview.size()) * (previewSide + previewGap) - previewGap + gapBetweenParts;
-    }
+    const Parts parts = partsWith(preview.size());
+    fillRounded(painter, parts.tile, tileRadius, gradientBrush(parts.tile, m_accent, scheme));
+    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
+                     parts.tile.translated(0, 1));
+    drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, DS::white.in(scheme), parts.tile);
 
-    const QFont nameFont = DS::font(14, QFont::Bold);
     const QFont countFont = DS::font(11);
-    const QFontMetricsF nameMetrics(nameFont);
+    const QFontMetricsF nameMetrics(nameFont());
     const QFontMetricsF countMetrics(countFont);
-    const double left = tile.right() + gapBetweenParts;
-    const double width = right - left;
-    QRectF line(left, 0, width, nameMetrics.height());
+    QRectF line = parts.text;
+    line.setHeight(nameMetrics.height());
     line.moveTop(card.center().y() - (nameMetrics.height() + lineGap + countMetrics.height()) / 2);
-    painter.setFont(nameFont);
+    painter.setFont(nameFont());
     painter.setPen(DS::textPrimary.in(scheme));
-    painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
-                     nameMetrics.elidedText(m_collection.name, Qt::ElideRight, width));
-    line = QRectF(left, line.bottom() + lineGap, width, countMetrics.height());
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     nameMetrics.elidedText(inOneLine(m_collection.name), Qt::ElideRight, line.width()));
+    line.moveTop(line.bottom() + lineGap);
+    line.setHeight(countMetrics.height());
     painter.setFont(countFont);
     painter.setPen(DS::textSecond.in(scheme));
-    painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter, countText());
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, countText());
+
+    paintPreview(painter, preview, parts.square);
+    drawSymbol(painter, u"chevron.right", chevronSize, SymbolWeight::Medium, DS::textThird.in(scheme),
+               parts.chevron);
 
     const QColor hovered =
         mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), m_hover.fraction());
@@ -205,12 +212,43 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     paintAnswer(painter);
 }
 
+CollectionRowCard::Parts CollectionRowCard::partsWith(qsizetype squares) const
+{
+    const QRectF inside =
+        answerRect().adjusted(horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
+    const double chevronSide = std::round(symbolSide(chevronSize));
+    Parts parts;
+    parts.tile = QRectF(inside.topLeft(), QSizeF(tileSide, tileSide));
+    parts.chevron = QRectF(inside.right() - chevronSide, inside.top(), chevronSide, inside.height());
+    double right = parts.chevron.left() - gapBetweenParts;
+    if (squares > 0) {
+        const double width = static_cast<double>(squares) * (previewSide + previewGap) - previewGap;
+        parts.square = QRectF(right - width, inside.center().y() - previewSide / 2, previewSide, previewSide);
+        right = parts.square.left() - gapBetweenParts;
+    }
+    parts.text =
+        QRectF(QPointF(parts.tile.right() + gapBetweenParts, inside.top()), QPointF(right, inside.bottom()));
+    return parts;
+}
+
+void CollectionRowCard::updateHelp()
+{
+    const QString name = inOneLine(m_collection.name);
+    const bool isCut =
+        QFontMetricsF(nameFont()).horizontalAdvance(name) > partsWith(previewColors().size()).text.width();
+    setToolTip(isCut ? name : QString());
+}
+
+void CollectionRowCard::resizeEvent(QResizeEvent* event)
+{
+    Clickable::resizeEvent(event);
+    updateHelp();
+}
+
 void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColor>& colors,
-                                     double right) const
+                                     QRectF square) const
 {
     const Scheme scheme = Appearance::of(this);
-    QRectF square(right - previewSide, answerRect().center().y() - previewSide / 2, previewSide, previewSide);
-    square.translate(-static_cast<double>(colors.size() - 1) * (previewSide + previewGap), 0);
     for (const CapturedColor& color : colors) {
         const QColor fill = paintColor(color);
         drawShadow(painter, square, previewRadius, {DS::Color(fill).opacity(0.28), 3, QPointF(0, 1)}, scheme);

@@ -49,6 +49,7 @@ public:
 
 protected:
     void hoverChanged() override;
+    void resizeEvent(QResizeEvent* event) override;
     /// The card at rest.
     [[nodiscard]] QRectF answerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
@@ -57,8 +58,21 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Where the parts are, from left to right.
+    struct Parts
+    {
+        QRectF tile;
+        QRectF text;
+        /// The first of the preview's squares.
+        QRectF square;
+        QRectF chevron;
+    };
+    [[nodiscard]] Parts partsWith(qsizetype squares) const;
+
     void setDropTarget(bool isDropTarget);
-    void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, double right) const;
+    /// The whole name is in the help while there is no room for it.
+    void updateHelp();
+    void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, QRectF square) const;
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;

@@ -5,6 +5,7 @@
 #include "ui/ColorActions.h"
 #include "ui/DS.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/Paint.h"
@@ -196,7 +197,7 @@ void ColorDetailRow::setColor(const CapturedColor& color)
     setAccessibleName(spokenName(color));
     m_square->setColor(paintColor(color));
     m_hex->setText(color.hex6());
-    m_name->setText(color.customName.value_or(QString()));
+    m_name->setText(inOneLine(color.customName.value_or(QString())));
     m_name->setVisible(color.customName.has_value());
 }
 

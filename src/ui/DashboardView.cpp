@@ -156,7 +156,12 @@ void DashboardView::createCollection()
     }
     m_appState.createCollection(name);
     m_newCollectionName.clear();
+    const bool isFromKeyboard = m_newPaletteSheet->isFromKeyboard();
     m_newPaletteSheet->dismiss();
+    // The button for the first palette is gone with it.
+    if (isFromKeyboard && m_appState.collections().size() == 1) {
+        m_add->setFocus(Qt::TabFocusReason);
+    }
 }
 
 Bound<bool> DashboardView::historyIsNotEmpty() const

@@ -10,6 +10,7 @@
 #include "ui/kit/Button.h"
 #include "ui/kit/Clickable.h"
 #include "ui/kit/CrossFade.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Rule.h"
@@ -58,6 +59,7 @@ MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
 {
+    setAccessibleName(u"Tintwick"_s);
     resize(DS::panelSize);
     m_header = panelHeader();
     m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
@@ -68,7 +70,7 @@ MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     connect(m_dashboard, &DashboardView::collectionSelected, this, &MainPanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });
-    connect(&m_appState, &AppState::collectionsChanged, this, &MainPanelView::showScreen);
+    connect(&m_appState, &AppState::collectionsChanged, this, &MainPanelView::showSelection);
 }
 
 Stack* MainPanelView::panelHeader()
@@ -139,11 +141,8 @@ void MainPanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
     if (m_selectedCollectionId == id) {
         return;
     }
-    const bool showedFocusRing = showsFocusRing();
     m_selectedCollectionId = id;
-    showHeader();
-    showScreen();
-    hideFocusRingUnless(showedFocusRing);
+    showSelection();
 }
 
 void MainPanelView::setShowingSettings(bool shows)
@@ -151,32 +150,18 @@ void MainPanelView::setShowingSettings(bool shows)
     if (m_showingSettings == shows) {
         return;
     }
-    const bool showedFocusRing = showsFocusRing();
     m_showingSettings = shows;
-    crossFade(*m_header, [this] { showHeader(); });
-    showScreen();
-    hideFocusRingUnless(showedFocusRing);
-}
-
-bool MainPanelView::showsFocusRing() const
-{
-    const auto* focused = dynamic_cast<const Clickable*>(window()->focusWidget());
-    return focused != nullptr && focused->showsFocusRing();
-}
-
-// What hides while it has the focus hands it on as Tab would, and a ring would appear before who only clicks.
-void MainPanelView::hideFocusRingUnless(bool showedFocusRing)
-{
-    QWidget* focused = window()->focusWidget();
-    if (focused != nullptr && !showedFocusRing) {
-        focused->clearFocus();
-        focused->setFocus(Qt::OtherFocusReason);
-    }
+    showSelection();
 }
 
 QWidget& MainPanelView::screen() const
 {
     return m_detail != nullptr ? *m_detail : *m_dashboard;
+}
+
+bool MainPanelView::isInScreen(const QWidget* widget) const
+{
+    return widget == &screen() || screen().isAncestorOf(widget);
 }
 
 MainPanelView::ScreenChoice MainPanelView::chosenScreen() const
@@ -226,15 +211,42 @@ QString MainPanelView::selectionTitle() const
     }
     const ColorCollection* collection =
         m_selectedCollectionId ? m_appState.collection(*m_selectedCollectionId) : nullptr;
-    return collection != nullptr ? collection->name : tr("Palette");
+    return collection != nullptr ? inOneLine(collection->name) : tr("Palette");
 }
 
-void MainPanelView::showScreen()
+void MainPanelView::showSelection()
 {
-    const ScreenChoice choice = chosenScreen();
-    if (choice == m_shownScreen) {
+    // Read first: what has the focus may be hidden, and the focus would stray.
+    const QPointer<QWidget> focused = window()->focusWidget();
+    const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
+    const ScreenChoice before = m_shownScreen;
+    const ScreenChoice now = chosenScreen();
+
+    if ((before.kind == ScreenKind::Settings) != (now.kind == ScreenKind::Settings)) {
+        crossFade(*m_header, [this] { showHeader(); });
+    } else {
+        showHeader();
+    }
+    if (before == now) {
         return;
     }
+    showScreen(now);
+
+    if (now.kind > before.kind) {
+        m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
+    }
+    QWidget* const opener = now.kind < before.kind ? m_openers.value(now.kind) : nullptr;
+    if (opener != nullptr && opener->isVisible()) {
+        opener->setFocus(Qt::TabFocusReason);
+    } else if (isKeyboardUsed && m_back->isVisible()) {
+        m_back->setFocus(Qt::TabFocusReason);
+    } else if (!isInScreen(window()->focusWidget())) {
+        setFocus();
+    }
+}
+
+void MainPanelView::showScreen(const ScreenChoice& choice)
+{
     m_shownScreen = choice;
     QWidget* left = std::exchange(m_detail, makeScreen(choice));
     m_dashboard->setVisible(m_detail == nullptr);
@@ -246,6 +258,15 @@ void MainPanelView::showScreen()
         m_screens->remove(left);
         // What it is doing may have led here.
         left->deleteLater();
+    }
+}
+
+// Without a focus the window would give it to the first control it has.
+void MainPanelView::showEvent(QShowEvent* event)
+{
+    View::showEvent(event);
+    if (window()->focusWidget() == nullptr) {
+        setFocus();
     }
 }
 

@@ -3,6 +3,8 @@
 #include "ui/Appearance.h"
 #include "ui/kit/View.h"
 
+#include <QHash>
+#include <QPointer>
 #include <QUuid>
 
 #include <functional>
@@ -50,10 +52,12 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// A later one is reached from an earlier one.
     enum class ScreenKind { Dashboard, History, Collection, Settings };
     struct ScreenChoice
     {
@@ -68,12 +72,13 @@ private:
     [[nodiscard]] QWidget* colorSchemeToggle();
     [[nodiscard]] QWidget* settingsButton();
 
+    [[nodiscard]] bool isInScreen(const QWidget* widget) const;
     [[nodiscard]] ScreenChoice chosenScreen() const;
     [[nodiscard]] QWidget* makeScreen(const ScreenChoice& choice);
     void showHeader();
-    void showScreen();
-    void hideFocusRingUnless(bool showedFocusRing);
-    [[nodiscard]] bool showsFocusRing() const;
+    /// Header, screen and focus, after what is selected has changed.
+    void showSelection();
+    void showScreen(const ScreenChoice& choice);
     [[nodiscard]] QString selectionTitle() const;
 
     void cycleColorScheme();
@@ -87,6 +92,8 @@ private:
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;
     ScreenChoice m_shownScreen;
+    /// What the keyboard was on when a screen was left for one that comes back to it.
+    QHash<ScreenKind, QPointer<QWidget>> m_openers;
 
     Stack* m_header = nullptr;
     Label* m_title = nullptr;

@@ -1,6 +1,8 @@
 #include "ui/Appearance.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/ContextMenu.h"
+#include "ui/kit/HelpBubble.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Rule.h"
 #include "ui/kit/Stack.h"
@@ -39,6 +41,10 @@ private Q_SLOTS:
     void aFieldIsTypedInto();
     void aMenuIsWhatWasWrittenDown();
     void aMenuRunsWhatIsChosen();
+    void aMenuIsNoWiderThanItsLongestTitleMayBe();
+    void longHelpTakesSeveralLines();
+    void wordsInOneLine_data();
+    void wordsInOneLine();
     void aRuleIsAHairlineAtEveryScale_data();
     void aRuleIsAHairlineAtEveryScale();
 };
@@ -233,6 +239,60 @@ void ControlsTest::aMenuRunsWhatIsChosen()
     QTest::keyClick(menu, Qt::Key_Return);
     QTRY_COMPARE(chosen, u"RGB"_s);
     QTRY_VERIFY(!menu);
+}
+
+void ControlsTest::aMenuIsNoWiderThanItsLongestTitleMayBe()
+{
+    QMenu menu;
+    fillMenu(menu,
+             {menuAction(QString(300, u'W'), [] {}), menuAction(QStringLiteral("Sea\tand\nsand"), [] {})});
+    // 5 around, 10 beside the title, and 20 for the sign of a submenu.
+    QCOMPARE(menu.sizeHint().width(), 260 + 2 * 5 + 2 * 10 + 20);
+    QCOMPARE(menu.actions()[1]->text(), QStringLiteral("Sea and sand"));
+}
+
+void ControlsTest::longHelpTakesSeveralLines()
+{
+    const QScopedPointer<PlainButton> owner(plainButton(
+        {}, [] {}, label({}, DS::font(12))));
+    owner->show();
+    const auto sizeOfHelp = [&owner](const QString& text) {
+        owner->setToolTip(text);
+        HelpBubble::show(*owner, QPoint(10, 10));
+        return owner->findChild<HelpBubble*>()->size();
+    };
+    const QSize one = sizeOfHelp(QStringLiteral("Settings"));
+    QVERIFY(one.width() < 100);
+    QVERIFY(one.height() < 30);
+    const QSize words = sizeOfHelp(QStringLiteral("by the sea ").repeated(30));
+    QVERIFY(words.width() <= 320 + 2 * 8);
+    QVERIFY(words.height() > 4 * (one.height() - 10));
+    const QSize unbroken = sizeOfHelp(QString(300, u'W'));
+    QVERIFY(unbroken.width() <= 320 + 2 * 8);
+    QVERIFY(unbroken.height() > 8 * (one.height() - 10));
+}
+
+void ControlsTest::wordsInOneLine_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("as they are") << QStringLiteral("Sea  & sand") << QStringLiteral("Sea  & sand");
+    QTest::newRow("a line break") << QStringLiteral("Sea\nsand") << QStringLiteral("Sea sand");
+    QTest::newRow("a line break of another system")
+        << QStringLiteral("Sea\r\nsand") << QStringLiteral("Sea  sand");
+    QTest::newRow("a tab") << QStringLiteral("Sea\tsand") << QStringLiteral("Sea sand");
+    QTest::newRow("the separators of lines and paragraphs")
+        << QStringLiteral("Sea\u2028and\u2029sand") << QStringLiteral("Sea and sand");
+    QTest::newRow("from right to left") << QStringLiteral("ים תיכון") << QStringLiteral("ים תיכון");
+    QTest::newRow("an emoji of several characters")
+        << QStringLiteral("🏖\uFE0F👩‍🎨") << QStringLiteral("🏖\uFE0F👩‍🎨");
+}
+
+void ControlsTest::wordsInOneLine()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, line);
+    QCOMPARE(inOneLine(words), line);
 }
 
 void ControlsTest::aRuleIsAHairlineAtEveryScale_data()

@@ -10,6 +10,7 @@
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Sheet.h"
+#include "ui/kit/Symbol.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -39,6 +40,9 @@ private Q_SLOTS:
     void aFocusOutOfSightIsBroughtIntoView();
     void theButtonPicks();
     void aClickOnASwatchCopiesItInTheDefaultFormat();
+    void aCardEndsInAChevron();
+    void aNameTooLongForItsCardIsInItsHelp();
+    void theFirstPaletteByKeyboardLeadsToTheNext();
     void cardsCountTheirIds_data();
     void cardsCountTheirIds();
     void aCardOfDeletedColorsShowsNoSquaresButCountsThem();
@@ -252,6 +256,81 @@ void DashboardViewTest::aClickOnASwatchCopiesItInTheDefaultFormat()
     QTest::mouseClick(panel.dashboard().swatches().first(), Qt::LeftButton);
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("rgb(59, 130, 246)"));
     QVERIFY(panel.state.showCopiedFeedback());
+}
+
+void DashboardViewTest::aCardEndsInAChevron()
+{
+    PanelFixture panel;
+    const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
+    const auto place = [&panel] {
+        return placeIn(*panel.view, *panel.dashboard().cards().first()).adjusted(2, 2, -2, -2);
+    };
+    const QImage empty = panel.picture();
+    QRect card = place();
+    // In the last 12 points before the padding, as high as a letter, and nothing else beside it.
+    const auto inkBetween = [&](const QImage& picture, int left, int right) {
+        int ink = 0;
+        for (int x = left; x < right; ++x) {
+            for (int y = card.top() + 15; y < card.bottom() - 15; ++y) {
+                ink += isNear(picture.pixel(x, y), qRgb(0xFF, 0xFF, 0xFF), 40) ? 0 : 1;
+            }
+        }
+        return ink;
+    };
+    const int edge = card.right() + 1 - 12;
+    QVERIFY(inkBetween(empty, edge - 14, edge) > 8);
+    QCOMPARE(inkBetween(empty, edge, card.right() - 2), 0);
+
+    panel.state.addColor(panel.capture(0x112233).id, sea.id);
+    const QImage one = panel.picture();
+    card = place();
+    QVERIFY(inkBetween(one, edge - 14, edge) > 8);
+    // 12 apart from the square of 30.
+    const int chevron = qRound(symbolSide(11));
+    const int middle = card.center().y();
+    QCOMPARE(one.pixel(edge - chevron - 12 - 1, middle), qRgb(0x11, 0x22, 0x33));
+    QCOMPARE(one.pixel(edge - chevron - 12 - 30, middle), qRgb(0x11, 0x22, 0x33));
+    QVERIFY(one.pixel(edge - chevron - 12, middle) != qRgb(0x11, 0x22, 0x33));
+}
+
+void DashboardViewTest::aNameTooLongForItsCardIsInItsHelp()
+{
+    PanelFixture panel;
+    const QString fits = QStringLiteral("Everything from the sea");
+    const ColorCollection sea = panel.state.createCollection(fits);
+    const QString tooLong = QString(300, u'W');
+    panel.state.createCollection(tooLong);
+    panel.settle();
+    const auto& cards = panel.dashboard().cards();
+    QCOMPARE(cards[0]->toolTip(), QString());
+    QCOMPARE(cards[1]->toolTip(), tooLong);
+    // Its colours take room from the name.
+    for (unsigned i = 0; i < 4; ++i) {
+        panel.state.addColor(panel.capture(i).id, sea.id);
+    }
+    QCOMPARE(cards[0]->toolTip(), fits);
+    panel.state.clearHistory();
+    QCOMPARE(cards[0]->toolTip(), QString());
+}
+
+void DashboardViewTest::theFirstPaletteByKeyboardLeadsToTheNext()
+{
+    const PanelFixture panel;
+    panel.settle();
+    auto* first = button(panel.dashboard(), QStringLiteral("Create your first palette"));
+    first->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(first, Qt::Key_Return);
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Escape);
+    panel.settle();
+    QCOMPARE(panel.view->focusWidget(), first);
+    QVERIFY(Clickable::showsFocusRing(first));
+
+    QTest::keyClick(first, Qt::Key_Return);
+    QTest::keyClicks(panel.view->focusWidget(), QStringLiteral("Sea"));
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Return);
+    panel.settle();
+    QCOMPARE(panel.view->focusWidget(), button(panel.dashboard(), QStringLiteral("New Palette")));
+    QVERIFY(Clickable::showsFocusRing(panel.view->focusWidget()));
 }
 
 void DashboardViewTest::cardsCountTheirIds_data()

@@ -103,6 +103,7 @@ private Q_SLOTS:
     void theSheetBeginsWithTheNameSelected();
     void anEmptyNameIsSavedToo();
     void aNameIsSavedAsTyped();
+    void aColorDeletedUnderItsMenuOrSheetHarmsNothing();
     void cancellingChangesNothing_data();
     void cancellingChangesNothing();
 };
@@ -679,6 +680,32 @@ void HistoryDetailViewTest::aNameIsSavedAsTyped()
     QTest::keyClick(panel.field(), Qt::Key_Delete);
     QTest::keyClick(panel.field(), Qt::Key_Return);
     QVERIFY(!panel.state.history().first().customName);
+}
+
+void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrSheetHarmsNothing()
+{
+    HistoryFixture panel(3);
+    const QPointer<QMenu> menu = contextMenu(panel.swatch(1));
+    QVERIFY(menu);
+    panel.state.deleteColor(panel.swatch(1).color().id);
+    panel.settle();
+    QVERIFY(!menu);
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(panel.screen().swatches().size(), 2);
+
+    choose(*contextMenu(panel.swatch(1)), u"Rename…"_s);
+    panel.settle();
+    QVERIFY(panel.field());
+    panel.state.deleteColor(panel.swatch(1).color().id);
+    panel.settle();
+    const CapturedColor left = panel.swatch(0).color();
+    QTest::keyClicks(panel.field(), u"Sea"_s);
+    QTest::keyClick(panel.field(), Qt::Key_Return);
+    panel.settle();
+    QVERIFY(!Sheet::of(*panel.view));
+    QCOMPARE(panel.state.history(), QList{left});
+    // The keys are heard where the swatch was.
+    QCOMPARE(panel.view->focusWidget(), panel.view.get());
 }
 
 void HistoryDetailViewTest::cancellingChangesNothing_data()

@@ -7,10 +7,13 @@
 #include "ui/HistoryDetailView.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
+#include "ui/Probes.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Clickable.h"
 #include "ui/kit/ScrollArea.h"
+#include "ui/kit/Sheet.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QSettings>
 
@@ -42,6 +45,14 @@ private Q_SLOTS:
     void aLongNameLeavesTheButtonsTheirPlace();
     void altLeftLeadsBack();
     void theHeaderFadesFromOneScreenToTheOther();
+    void theTitleOfADeletedCollectionIsPalette();
+    void aNameOfSeveralLinesIsATitleOfOne();
+    void everyControlTellsItsNameAndRole_data();
+    void everyControlTellsItsNameAndRole();
+    void theKeyboardGoesAlongAndComesBack_data();
+    void theKeyboardGoesAlongAndComesBack();
+    void aClickLeavesNoFocusRing();
+    void nothingHasTheFocusUntilTabIsPressed();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -356,6 +367,155 @@ void MainPanelViewTest::theHeaderFadesFromOneScreenToTheOther()
     QVERIFY(between != after);
     QVERIFY(after != before);
     QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void MainPanelViewTest::theTitleOfADeletedCollectionIsPalette()
+{
+    PanelFixture panel;
+    const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
+    panel.view->setSelectedCollectionId(sea.id);
+    QVERIFY(button(panel, QStringLiteral("Back from Sea")));
+    panel.state.deleteCollection(sea.id);
+    QVERIFY(button(panel, QStringLiteral("Back from Palette")));
+}
+
+void MainPanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
+{
+    PanelFixture panel;
+    const ColorCollection collection = panel.state.createCollection(QStringLiteral("Sea\nand\tsand"));
+    panel.view->setSelectedCollectionId(collection.id);
+    const QAbstractButton* back = button(panel, QStringLiteral("Back from Sea and sand"));
+    QVERIFY(back);
+    QVERIFY(back->height() < 30);
+    QCOMPARE(tintwick::test::visibleTexts(panel.view->screen()).first(), QStringLiteral("Sea and sand"));
+}
+
+void MainPanelViewTest::everyControlTellsItsNameAndRole_data()
+{
+    QTest::addColumn<int>("colors");
+    QTest::addColumn<int>("collections");
+    QTest::addColumn<QString>("screen");
+    QTest::addColumn<int>("controls");
+    // The appearance and the settings are on every screen, and the way back on all but the first.
+    QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 2 + 2;
+    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1;
+    QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
+    QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
+    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3;
+    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3;
+    QTest::newRow("the sheet of a new palette") << 1 << 0 << QStringLiteral("sheet") << 2;
+}
+
+void MainPanelViewTest::everyControlTellsItsNameAndRole()
+{
+    QFETCH(const int, colors);
+    QFETCH(const int, collections);
+    QFETCH(const QString, screen);
+    QFETCH(const int, controls);
+    PanelFixture panel;
+    for (int i = 0; i < collections; ++i) {
+        panel.state.createCollection(QStringLiteral("Palette %1").arg(i));
+    }
+    for (int i = 0; i < colors; ++i) {
+        const CapturedColor color = panel.capture(0x3B82F6U + static_cast<unsigned>(i));
+        if (collections > 0) {
+            panel.state.addColor(color.id, panel.state.collections().first().id);
+        }
+    }
+    if (screen == u"history") {
+        panel.view->setSelectedCollectionId(MainPanelView::historySelectionId);
+    } else if (screen == u"palette") {
+        panel.view->setSelectedCollectionId(panel.state.collections().first().id);
+    } else if (screen == u"sheet") {
+        panel.dashboard().openNewPaletteSheet();
+    }
+    panel.settle();
+
+    const QList<QWidget*> reached = tintwick::test::reachedByTab(*panel.view);
+    QCOMPARE(reached.size(), controls);
+    int lowest = 0;
+    for (QWidget* control : reached) {
+        auto* known = QAccessible::queryAccessibleInterface(control);
+        QVERIFY(!known->text(QAccessible::Name).isEmpty());
+        const QList<QAccessible::Role> roles{QAccessible::Button, QAccessible::ButtonMenu,
+                                             QAccessible::EditableText};
+        QVERIFY2(roles.contains(known->role()), qPrintable(known->text(QAccessible::Name)));
+        if (screen == u"sheet") {
+            continue;
+        }
+        // In reading order: what is on a line of its own is below what came before.
+        const QRect place = tintwick::test::placeIn(*panel.view, *control);
+        QVERIFY2(place.bottom() > lowest, qPrintable(known->text(QAccessible::Name)));
+        lowest = place.top();
+    }
+}
+
+void MainPanelViewTest::theKeyboardGoesAlongAndComesBack_data()
+{
+    QTest::addColumn<QString>("opener");
+    QTest::addColumn<QString>("there");
+    QTest::newRow("the history") << QStringLiteral("Recent History, See all")
+                                 << QStringLiteral("Back from All History");
+    QTest::newRow("a palette") << QStringLiteral("Sea, 0 Colors") << QStringLiteral("Back from Sea");
+    QTest::newRow("the settings") << QStringLiteral("Settings") << QString();
+}
+
+void MainPanelViewTest::theKeyboardGoesAlongAndComesBack()
+{
+    QFETCH(const QString, opener);
+    QFETCH(const QString, there);
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.state.createCollection(QStringLiteral("Sea"));
+    auto* control = button(panel, opener);
+    control->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(control, Qt::Key_Return);
+    panel.settle();
+    QVERIFY(!panel.dashboard().isVisible());
+    if (!there.isEmpty()) {
+        QCOMPARE(panel.view->focusWidget(), button(panel, there));
+        QVERIFY(Clickable::showsFocusRing(panel.view->focusWidget()));
+    }
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    panel.settle();
+    QVERIFY(panel.dashboard().isVisible());
+    QCOMPARE(panel.view->focusWidget(), control);
+    QVERIFY(Clickable::showsFocusRing(control));
+}
+
+void MainPanelViewTest::aClickLeavesNoFocusRing()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    const auto hasRing = [&panel] {
+        panel.settle();
+        return Clickable::showsFocusRing(panel.view->focusWidget());
+    };
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    // As the settings do, which take what is typed.
+    panel.view->screen().setFocus();
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    // Keys are heard all the same.
+    panel.view->setSelectedCollectionId(MainPanelView::historySelectionId);
+    QVERIFY(panel.view->focusWidget());
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void MainPanelViewTest::nothingHasTheFocusUntilTabIsPressed()
+{
+    const PanelFixture panel;
+    QCOMPARE(panel.view->focusWidget(), panel.view.get());
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Space);
+    QVERIFY(!QSettings().contains(key));
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(panel.view->focusWidget(), toggle(panel));
 }
 
 int main(int argc, char** argv)

@@ -78,22 +78,30 @@ void MenuButtonTest::click(const QWidget& widget) const
 void MenuButtonTest::keysOpenIt_data()
 {
     QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
     QTest::addColumn<bool>("opens");
-    QTest::newRow("Space") << Qt::Key_Space << true;
-    QTest::newRow("Return") << Qt::Key_Return << true;
-    QTest::newRow("Enter") << Qt::Key_Enter << true;
-    QTest::newRow("Down") << Qt::Key_Down << true;
-    QTest::newRow("Up") << Qt::Key_Up << false;
-    QTest::newRow("Escape") << Qt::Key_Escape << false;
-    QTest::newRow("a letter") << Qt::Key_E << false;
+    const auto row = [](const char* name, Qt::Key key, bool opens,
+                        Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::newRow(name) << key << modifiers << opens;
+    };
+    row("Space", Qt::Key_Space, true);
+    row("Return", Qt::Key_Return, true);
+    row("Enter", Qt::Key_Enter, true, Qt::KeypadModifier);
+    row("Down", Qt::Key_Down, true);
+    row("Down of the keypad", Qt::Key_Down, true, Qt::KeypadModifier);
+    row("Alt+Down", Qt::Key_Down, false, Qt::AltModifier);
+    row("Up", Qt::Key_Up, false);
+    row("Escape", Qt::Key_Escape, false);
+    row("a letter", Qt::Key_E, false);
 }
 
 void MenuButtonTest::keysOpenIt()
 {
     QFETCH(const Qt::Key, key);
+    QFETCH(const Qt::KeyboardModifiers, modifiers);
     QFETCH(const bool, opens);
     m_button->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(m_button, key);
+    QTest::keyClick(m_button, key, modifiers);
     QCOMPARE(m_button->menu() != nullptr, opens);
     if (opens) {
         QCOMPARE(m_button->menu()->activeAction()->text(), u"CSS Variables"_s);

@@ -95,6 +95,20 @@ inline QStringList titles(const QMenu& menu)
     return result;
 }
 
+/// What Tab reaches, in its order, from one control once around.
+inline QList<QWidget*> reachedByTab(const QWidget& window)
+{
+    QList<QWidget*> reached;
+    for (;;) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        QWidget* focused = window.focusWidget();
+        if (focused == nullptr || reached.contains(focused)) {
+            return reached;
+        }
+        reached.append(focused);
+    }
+}
+
 /// Opens the context menu of a view as Shift+F10 does.
 inline QMenu* contextMenu(QWidget& widget)
 {

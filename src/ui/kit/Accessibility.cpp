@@ -96,6 +96,9 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     if (className == "tintwick::Rule"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Separator);
     }
+    if (className == "tintwick::View"_L1) {
+        return new QAccessibleWidget(widget, QAccessible::Pane);
+    }
     if (className == "tintwick::MenuButton"_L1) {
         return new AccessibleMenuButton(*static_cast<QAbstractButton*>(widget));
     }

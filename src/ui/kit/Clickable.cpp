@@ -55,6 +55,12 @@ Clickable::Clickable(const QString& name)
     connect(this, &QAbstractButton::released, this, &Clickable::updateAnswer);
 }
 
+bool Clickable::showsFocusRing(const QWidget* widget)
+{
+    const auto* control = qobject_cast<const Clickable*>(widget);
+    return control != nullptr && control->showsFocusRing();
+}
+
 void Clickable::onClick(std::function<void()> action)
 {
     connect(this, &QAbstractButton::clicked, this, [action = std::move(action)] { action(); });

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
     /// Whether the focus came by the keyboard and is to be seen.
     [[nodiscard]] bool showsFocusRing() const { return m_showsFocusRing; }
+    /// The same of any widget, or of none.
+    [[nodiscard]] static bool showsFocusRing(const QWidget* widget);
 
     void onClick(std::function<void()> action);
 

@@ -2,6 +2,7 @@
 
 #include "ui/Appearance.h"
 #include "ui/DS.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/KitStyle.h"
 #include "ui/kit/PopupWindow.h"
 #include "ui/kit/Symbol.h"
@@ -32,10 +33,10 @@ public:
     }
 };
 
-/// Titles are people's own words, in which an ampersand is one.
-QString literal(QString title)
+/// Titles are people's own words, in which an ampersand is one and a tab sets off no shortcut.
+QString literal(const QString& title)
 {
-    return title.replace(u'&', QStringLiteral("&&"));
+    return inOneLine(title).replace(u'&', QStringLiteral("&&"));
 }
 
 } // namespace

@@ -6,11 +6,11 @@
 #include "ui/kit/PopupWindow.h"
 
 #include <QEvent>
-#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -21,7 +21,16 @@ namespace {
 constexpr int horizontalPadding = 8;
 constexpr int verticalPadding = 5;
 constexpr double cornerRadius = 6;
+/// Longer help takes several lines.
+constexpr double widestText = 320;
 constexpr int belowPointer = 20;
+
+QTextOption wrapping()
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
 
 } // namespace
 
@@ -35,8 +44,15 @@ HelpBubble::HelpBubble(QWidget& owner, const QString& text)
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFont(DS::font(11));
     setAccessibleName(text);
-    const QFontMetrics metrics(font());
-    resize(metrics.horizontalAdvance(text) + 2 * horizontalPadding, metrics.height() + 2 * verticalPadding);
+    m_text.setTextFormat(Qt::PlainText);
+    m_text.setTextOption(wrapping());
+    m_text.prepare({}, font());
+    if (m_text.size().width() > widestText) {
+        m_text.setTextWidth(widestText);
+        m_text.prepare({}, font());
+    }
+    resize(qCeil(m_text.size().width()) + 2 * horizontalPadding,
+           qCeil(m_text.size().height()) + 2 * verticalPadding);
     owner.installEventFilter(this);
 }
 
@@ -84,7 +100,7 @@ void HelpBubble::paintEvent(QPaintEvent*)
     fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
     strokeInside(painter, rect(), cornerRadius, DS::border.in(m_scheme), 1);
     painter.setPen(DS::textPrimary.in(m_scheme));
-    painter.drawText(rect(), Qt::AlignCenter, m_text);
+    painter.drawStaticText(horizontalPadding, verticalPadding, m_text);
 }
 
 } // namespace tintwick

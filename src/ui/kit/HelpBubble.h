@@ -2,6 +2,7 @@
 
 #include "ui/Scheme.h"
 
+#include <QStaticText>
 #include <QWidget>
 
 namespace tintwick {
@@ -23,7 +24,7 @@ protected:
 private:
     HelpBubble(QWidget& owner, const QString& text);
 
-    QString m_text;
+    QStaticText m_text;
     Scheme m_scheme;
 };
 

@@ -12,6 +12,8 @@
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
 
+#include <algorithm>
+
 namespace tintwick {
 
 namespace {
@@ -27,6 +29,8 @@ static_assert(KitStyle::checkedTitleInset == menuPadding + itemPadding + symbolC
 constexpr int symbolSize = 12;
 constexpr int separatorHeight = 9;
 constexpr int submenuColumn = 20;
+/// A longer title ends in an ellipsis.
+constexpr int widestTitle = 260;
 
 /// Titles stand under each other: either all lines keep the column for a symbol, or none does.
 int symbolColumnOf(const QStyleOptionMenuItem& item)
@@ -100,9 +104,8 @@ QSize KitStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
         return {1, separatorHeight};
     }
-    return {QFontMetrics(item->font).horizontalAdvance(titleOf(*item)) + 2 * itemPadding +
-                symbolColumnOf(*item) + submenuColumn,
-            itemHeight};
+    const int title = std::min(QFontMetrics(item->font).horizontalAdvance(titleOf(*item)), widestTitle);
+    return {title + 2 * itemPadding + symbolColumnOf(*item) + submenuColumn, itemHeight};
 }
 
 int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
@@ -164,7 +167,8 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     }
     painter.setFont(item.font);
     painter.setPen(ink);
-    painter.drawText(inside.adjusted(column, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine, titleOf(item));
+    painter.drawText(inside.adjusted(column, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetrics(item.font).elidedText(titleOf(item), Qt::ElideRight, widestTitle));
     if (const QString shortcut = item.text.section(u'\t', 1); !shortcut.isEmpty()) {
         painter.setPen((isSelected ? DS::white : DS::textSecond).in(scheme));
         painter.drawText(inside, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, shortcut);

@@ -43,7 +43,8 @@ QMenu* MenuButton::openMenu(const QList<MenuEntry>& entries)
 
 void MenuButton::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
+    const bool isModified = (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+    switch (isModified ? Qt::Key_unknown : event->key()) {
     case Qt::Key_Space:
     case Qt::Key_Select:
     case Qt::Key_Return:

@@ -3,6 +3,7 @@
 #include "ui/Appearance.h"
 #include "ui/DS.h"
 #include "ui/kit/Accessibility.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/ShadowCaster.h"
 #include "ui/kit/Stack.h"
@@ -42,6 +43,7 @@ Sheet::Sheet(QWidget& host, const QString& title, Stack* form, std::function<voi
     , m_card(form)
     , m_accept(std::move(accept))
     , m_focusBefore(host.window()->focusWidget())
+    , m_isFromKeyboard(Clickable::showsFocusRing(m_focusBefore))
     , m_entrance(springResponse, springDamping)
     , m_animator([this](double seconds) {
         const bool moves = m_entrance.advance(seconds);
@@ -86,8 +88,10 @@ void Sheet::dismiss()
         return;
     }
     hide();
-    if (m_focusBefore) {
-        m_focusBefore->setFocus(Qt::ActiveWindowFocusReason);
+    if (m_focusBefore && m_focusBefore->isVisible()) {
+        m_focusBefore->setFocus(m_isFromKeyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
+    } else {
+        parentWidget()->setFocus(Qt::OtherFocusReason);
     }
     Q_EMIT dismissed();
     deleteLater();

@@ -27,7 +27,10 @@ public:
     /// The open sheet of a host, or null.
     [[nodiscard]] static Sheet* of(const QWidget& host);
 
-    /// Gives the focus back to where it was.
+    /// Whether what had the focus before was reached by the keyboard.
+    [[nodiscard]] bool isFromKeyboard() const { return m_isFromKeyboard; }
+
+    /// Gives the focus back to where it was, or to the host where that is no longer to be seen.
     void dismiss();
 
 Q_SIGNALS:
@@ -46,6 +49,7 @@ private:
     Stack* m_card;
     std::function<void()> m_accept;
     QPointer<QWidget> m_focusBefore;
+    bool m_isFromKeyboard;
     Spring m_entrance;
     Animator m_animator;
 };
