@@ -112,7 +112,8 @@ void RecorderCocoa::startRecording()
 
 void RecorderCocoa::start(Qt::FocusReason reason)
 {
-    if (m_state != State::Idle || !isVisible()) {
+    // A screen reader reaches it below a sheet too, where another recorder waits for an answer.
+    if (m_state != State::Idle || !isVisible() || Sheet::of(m_panel)) {
         return;
     }
     const bool hadFocus = hasFocus();
