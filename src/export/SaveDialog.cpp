@@ -73,6 +73,8 @@ void SaveDialog::accept()
         new QMessageBox(QMessageBox::Warning, windowTitle(),
                         tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
                         QMessageBox::Yes | QMessageBox::No, this);
+    // A window inherits no palette.
+    question->setPalette(palette());
     question->setTextFormat(Qt::PlainText);
     question->setDefaultButton(QMessageBox::No);
     question->setAttribute(Qt::WA_DeleteOnClose);

@@ -2,8 +2,8 @@
 
 #include "picker/ColorPickerService.h"
 #include "picker/ScreenCaptureService.h"
-#include "support/QuickTemporaryDir.h"
 #include "support/TestPictures.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/PopUpPicker.h"
 #include "ui/kit/SegmentedPicker.h"
@@ -688,14 +688,6 @@ void InlineSettingsViewTest::theWindowWearsWhatThePanelWears()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    QApplication::setOrganizationName(u"Tintwick"_s);
-    QApplication::setApplicationName(u"Tintwick"_s);
-    QApplication::setApplicationVersion(u"1.0.0"_s);
-    InlineSettingsViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<InlineSettingsViewTest>(argc, argv);
 }
 #include "InlineSettingsViewTest.moc"
