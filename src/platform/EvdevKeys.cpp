@@ -56,9 +56,11 @@ constexpr Position positions[] = {
     {keycode::eight, KEY_8},
     {keycode::nine, KEY_9},
 
-    // The key left of 1. On ISO keyboards it stays there too: the extra key beside the left Shift (KEY_102ND)
-    // is a position that an ANSI keyboard does not have, and so has no name.
+    // The key left of 1. On ISO keyboards it stays there too, and the extra key is the one beside the left Shift.
     {keycode::backtick, KEY_GRAVE},
+    {keycode::isoSection, KEY_102ND},
+    {keycode::jisYen, KEY_YEN},
+    {keycode::jisUnderscore, KEY_RO},
     {keycode::minus, KEY_MINUS},
     {keycode::equal, KEY_EQUAL},
     {keycode::leftBracket, KEY_LEFTBRACE},
@@ -147,6 +149,7 @@ constexpr Position positions[] = {
     {keycode::keypadEnter, KEY_KPENTER},
     {keycode::keypadMinus, KEY_KPMINUS},
     {keycode::keypadEquals, KEY_KPEQUAL},
+    {keycode::jisKeypadComma, KEY_KPCOMMA},
 };
 
 } // namespace

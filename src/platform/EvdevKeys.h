@@ -13,8 +13,7 @@ inline constexpr int xKeycodeOffset = 8;
 /// None when the key code is not one of the named keys.
 [[nodiscard]] std::optional<int> evdevForKeyCode(int keyCode);
 
-/// None when no named key sits at that position (the ISO key beside the left Shift, media keys, mouse
-/// buttons).
+/// None when no named key sits at that position (media keys, mouse buttons).
 [[nodiscard]] std::optional<int> keyCodeForEvdev(int evdev);
 
 } // namespace tintwick

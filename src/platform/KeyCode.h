@@ -23,6 +23,8 @@ inline constexpr int f1 = 122, f2 = 120, f3 = 99, f4 = 118, f5 = 96, f6 = 97, f7
                      f18 = 79, f19 = 80, f20 = 90;
 inline constexpr int keypad0 = 82, keypad1 = 83, keypad2 = 84, keypad3 = 85, keypad4 = 86, keypad5 = 87,
                      keypad6 = 88, keypad7 = 89, keypad8 = 91, keypad9 = 92;
+// Keys that an ANSI keyboard does not have.
+inline constexpr int isoSection = 10, jisYen = 93, jisUnderscore = 94, jisKeypadComma = 95;
 inline constexpr int keypadDecimal = 65, keypadMultiply = 67, keypadPlus = 69, keypadClear = 71,
                      keypadDivide = 75, keypadEnter = 76, keypadMinus = 78, keypadEquals = 81;
 

@@ -518,8 +518,7 @@ void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine_data()
     QTest::newRow("dvorak") << layout("us", "dvorak") << KEY_C << altShiftCStored
                             << QByteArray("Error registering hotkey ⌥⇧J: -9878\n");
     QTest::newRow("ru with us beside it") << layout("ru,us") << KEY_C << altShiftCStored << altShiftCRefused;
-    QTest::newRow("ru alone") << layout("ru") << KEY_C << altShiftCStored
-                              << QByteArray("Error registering hotkey ⌥⇧\uFFFD: -9878\n");
+    QTest::newRow("ru alone") << layout("ru") << KEY_C << altShiftCStored << altShiftCRefused;
 }
 
 void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine()

@@ -131,6 +131,10 @@ constexpr NamedKey namedKeys[] = {
     {"keypadEnter", 76, 96},
     {"keypadMinus", 78, 74},
     {"keypadEquals", 81, 117},
+    {"isoSection", 10, 86},
+    {"jisYen", 93, 124},
+    {"jisUnderscore", 94, 89},
+    {"jisKeypadComma", 95, 121},
 };
 
 } // namespace
@@ -170,15 +174,15 @@ private Q_SLOTS:
                 keyCodes.insert(*keyCode);
             }
         }
-        QCOMPARE(std::size(namedKeys), std::size_t{113});
-        QCOMPARE(evdevs.size(), std::size_t{113});
-        QCOMPARE(keyCodes.size(), std::size_t{113});
+        QCOMPARE(std::size(namedKeys), std::size_t{117});
+        QCOMPARE(evdevs.size(), std::size_t{117});
+        QCOMPARE(keyCodes.size(), std::size_t{117});
     }
 
     void positionsWithoutANameAreRefused_data()
     {
         QTest::addColumn<int>("evdev");
-        QTest::newRow("beside the left Shift on ISO keyboards") << 86;
+        QTest::newRow("Menu") << 127;
         QTest::newRow("Help of the media keys") << 138;
         QTest::newRow("Print Screen") << 99;
         QTest::newRow("left mouse button") << 0x110;

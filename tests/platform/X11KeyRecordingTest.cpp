@@ -192,7 +192,9 @@ private Q_SLOTS:
         QTest::newRow("all of them and F5")
             << us << QList<int>{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTCTRL, KEY_F5} << "96+6912";
         QTest::newRow("5 on the keypad") << us << QList<int>{KEY_LEFTALT, KEY_KP5} << "87+2048";
-        QTest::newRow("a key without a number") << us << QList<int>{KEY_LEFTALT, KEY_102ND} << "-1+2048";
+        QTest::newRow("a key without a number") << us << QList<int>{KEY_LEFTALT, KEY_COMPOSE} << "-1+2048";
+        QTest::newRow("beside the left Shift")
+            << QStringList{QStringLiteral("de")} << QList<int>{KEY_LEFTALT, KEY_102ND} << "10+2048";
         QTest::newRow("a modifier that no shortcut can have")
             << QStringList{QStringLiteral("de")} << QList<int>{KEY_RIGHTALT, KEY_LEFTSHIFT, KEY_C} << "-1+0";
         QTest::newRow("another layout")

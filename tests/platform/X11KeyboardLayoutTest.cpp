@@ -64,8 +64,12 @@ private Q_SLOTS:
         QTest::newRow("fr and us, fr current") << layout("fr,us") << 0 << 12 << "a";
         QTest::newRow("fr and us, us current") << layout("fr,us") << 1 << 12 << "q";
         QTest::newRow("lt keeps some letters off its lowest level") << layout("us,lt") << 1 << 18 << "ą";
-        QTest::newRow("ru alone") << layout("ru") << 0 << 8 << none;
-        QTest::newRow("gr alone") << layout("gr") << 0 << 8 << none;
+        QTest::newRow("ru alone: as if us were beside it") << layout("ru") << 0 << 8 << "c";
+        QTest::newRow("ru alone: a letter where us has [") << layout("ru") << 0 << 33 << "[";
+        QTest::newRow("ru alone: F1 types nothing") << layout("ru") << 0 << 122 << none;
+        QTest::newRow("gr alone: as if us were beside it") << layout("gr") << 0 << 12 << "q";
+        QTest::newRow("de: beside the left Shift") << layout("de") << 0 << 10 << "<";
+        QTest::newRow("jp: beside the right Shift") << layout("jp") << 0 << 94 << "\\";
     }
     void aKeyIsCalledByWhatTheLayoutTypesThere()
     {

@@ -69,12 +69,11 @@ X11KeyboardLayout::~X11KeyboardLayout() = default;
 std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
 {
     const auto evdev = evdevForKeyCode(keyCode);
-    const auto group = asciiCapableGroup();
-    if (!evdev || !group) {
+    const auto [keys, group] = asciiCapableLayout();
+    if (!evdev || !keys) {
         return std::nullopt;
     }
-    const char32_t character =
-        characterOf(keymap(), static_cast<xkb_keycode_t>(*evdev + xKeycodeOffset), *group);
+    const char32_t character = characterOf(keys, static_cast<xkb_keycode_t>(*evdev + xKeycodeOffset), group);
     // Return, Tab and the like have a character too, but none that could be shown.
     if (character == 0 || !QChar::isPrint(character)) {
         return std::nullopt;
@@ -102,21 +101,32 @@ xkb_keymap* X11KeyboardLayout::keymap() const
     return m_keymap.get();
 }
 
-std::optional<std::uint32_t> X11KeyboardLayout::asciiCapableGroup() const
+X11KeyboardLayout::Layout X11KeyboardLayout::asciiCapableLayout() const
 {
     auto* const keys = keymap();
     if (!keys) {
-        return std::nullopt;
+        return {};
     }
     if (isAsciiCapable(keys, m_currentGroup)) {
-        return m_currentGroup;
+        return {keys, m_currentGroup};
     }
     for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(keys); ++group) {
         if (isAsciiCapable(keys, group)) {
-            return group;
+            return {keys, group};
         }
     }
-    return std::nullopt;
+    return {americanKeymap(), 0};
+}
+
+xkb_keymap* X11KeyboardLayout::americanKeymap() const
+{
+    if (!m_americanKeymap) {
+        const std::unique_ptr<xkb_context, Unref> files(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
+        constexpr xkb_rule_names american{"evdev", "pc105", "us", nullptr, nullptr};
+        m_americanKeymap.reset(
+            files ? xkb_keymap_new_from_names(files.get(), &american, XKB_KEYMAP_COMPILE_NO_FLAGS) : nullptr);
+    }
+    return m_americanKeymap.get();
 }
 
 void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)

@@ -33,9 +33,17 @@ private:
 
     /// As the server has it now; nullptr when it has none.
     [[nodiscard]] xkb_keymap* keymap() const;
+    struct Layout
+    {
+        xkb_keymap* keymap = nullptr;
+        std::uint32_t group = 0;
+    };
     /// The layout that the user types with when it has Latin letters, otherwise the first one that does, as a program's
-    /// shortcuts are read on a Cyrillic or Greek keyboard; none when there is no such layout.
-    [[nodiscard]] std::optional<std::uint32_t> asciiCapableGroup() const;
+    /// shortcuts are read on a Cyrillic or Greek keyboard. Where no such layout is set up it is the American one, whose
+    /// letters those keyboards print beside their own. No keymap when the server has none.
+    [[nodiscard]] Layout asciiCapableLayout() const;
+    /// nullptr when the description of it is not installed.
+    [[nodiscard]] xkb_keymap* americanKeymap() const;
 
     XcbConnection& m_connection;
     std::unique_ptr<xkb_context, Unref> m_context;
@@ -44,6 +52,7 @@ private:
     // Fetched when asked for: most of the time nobody wants to know.
     mutable std::unique_ptr<xkb_keymap, Unref> m_keymap;
     mutable bool m_keymapIsOutdated = true;
+    mutable std::unique_ptr<xkb_keymap, Unref> m_americanKeymap;
     std::uint32_t m_currentGroup = 0;
     bool m_changeIsUntold = false;
     LayoutChanged m_layoutChanged;

@@ -14,11 +14,11 @@
 #include "ui/kit/Stack.h"
 #include "ui/kit/SymbolView.h"
 #include "ui/settings/RecorderAccessibility.h"
+#include "ui/settings/ShortcutText.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
-#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -53,7 +53,7 @@ QFont fieldFont()
 
 int widthOf(const QString& text)
 {
-    return static_cast<int>(std::ceil(QFontMetricsF(fieldFont()).horizontalAdvance(text)));
+    return static_cast<int>(std::ceil(widthOfShortcut(text, fieldFont())));
 }
 
 } // namespace
@@ -113,7 +113,8 @@ void RecorderCocoa::startRecording()
 
 void RecorderCocoa::start(Qt::FocusReason reason)
 {
-    if (m_state != State::Idle || !isVisible()) {
+    // A screen reader reaches it below a sheet too, where another recorder waits for an answer.
+    if (m_state != State::Idle || !isVisible() || Sheet::of(m_panel)) {
         return;
     }
     const bool hadFocus = hasFocus();
@@ -366,11 +367,10 @@ void RecorderCocoa::paintEvent(QPaintEvent*)
             drawFocusRing(painter, rect(), cornerRadius, scheme);
         }
     }
-    painter.setFont(fieldFont());
     // While a new one is awaited, the shortcut steps back.
     const bool isCurrent = !m_text.isEmpty() && !isRecording();
     painter.setPen((isCurrent ? DS::textPrimary : DS::textSecond).in(scheme));
-    painter.drawText(rect(), Qt::AlignCenter, m_text.isEmpty() ? placeholder() : m_text);
+    drawShortcut(painter, rect(), m_text.isEmpty() ? placeholder() : m_text, fieldFont());
 }
 
 } // namespace tintwick::KeyboardShortcuts

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] QString placeholder() const;
     [[nodiscard]] bool isRecording() const { return m_state != State::Idle; }
 
-    /// As a click on the field. Does nothing while it is not shown, and sounds the alert when the keyboard cannot be had.
+    /// As a click on the field. Does nothing while it is not shown or lies below a sheet, and sounds the alert when the keyboard cannot be had.
     void startRecording();
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -547,6 +547,22 @@ private Q_SLOTS:
         QVERIFY(!scene.recorder->hasFocus());
     }
 
+    void belowAnAlertNoneStarts()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyQ, control);
+        scene.other->startRecording();
+        QVERIFY(!scene.other->isRecording());
+        QVERIFY(scene.alertButton(u"OK"_s)->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.registry.isPaused());
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+        QVERIFY(!scene.registry.isPaused());
+    }
+
     void aShortcutOfTheDesktopIsAsked_data()
     {
         QTest::addColumn<QString>("answer");
