@@ -3,7 +3,11 @@
 //
 // usage: tintwick_bench_desktop [--idle-seconds N]
 
+#include "FullPayload.h"
+#include "Table.h"
+
 #include "desktop/TintwickProcess.h"
+#include "state/PayloadCoding.h"
 #include "support/HandOnKeyboard.h"
 #include "support/Pattern.h"
 #include "support/PrivateDesktop.h"
@@ -20,6 +24,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -52,9 +57,10 @@ double median(std::vector<double> values)
 
 void print(const char* what, double figure, const char* unit, const char* besideWhat, double beside)
 {
-    std::printf("%-58s %9.3f %-3s  %s %.3f %s, ratio %.2f\n", what, figure, unit, besideWhat, beside, unit,
-                figure / beside);
-    std::fflush(stdout);
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%s %.3f %s, ratio %.2f", besideWhat, beside, unit,
+                  figure / beside);
+    printRow(what, figure, unit, text.data());
 }
 
 QByteArray contents(const QString& path)

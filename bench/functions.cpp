@@ -1,3 +1,6 @@
+#include "FullPayload.h"
+#include "RunBenchmarks.h"
+
 #include "model/CapturedColor.h"
 #include "model/ColorFormat.h"
 #include "model/ColorNameService.h"
@@ -11,6 +14,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <random>
 #include <vector>
@@ -36,27 +41,6 @@ std::vector<CapturedColor> randomColors()
     return colors;
 }
 
-/// What a user of some months has: a full history and 20 collections of ten colours.
-Payload fullPayload()
-{
-    Payload payload;
-    for (CapturedColor& color : randomColors()) {
-        if (payload.history.size() == 100) {
-            break;
-        }
-        color.customName = ColorNameService::shared().nearest(color);
-        payload.history.append(color);
-    }
-    for (int i = 0; i < 20; ++i) {
-        ColorCollection collection = ColorCollection::create(QStringLiteral("Collection %1").arg(i));
-        for (int member = 0; member < 10; ++member) {
-            collection.colorIds.append(payload.history[i * 5 % 90 + member].id);
-        }
-        payload.collections.append(collection);
-    }
-    return payload;
-}
-
 /// A data folder of its own, on the disk that temporary files go to.
 class DataFolder final
 {
@@ -69,9 +53,10 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// The name and the palette token of a colour; the aim is 1 µs for both.
+/// The name and the palette token of a colour.
 void nearestNameAndToken(benchmark::State& state)
 {
+    state.SetLabel("(aim 1 us)");
     const auto colors = randomColors();
     std::size_t i = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -126,43 +111,64 @@ void decode(benchmark::State& state)
 }
 BENCHMARK(decode)->Unit(benchmark::kMicrosecond);
 
-/// 100 colours and 20 collections; the aim is 1.5 times `bareSave`.
-void save(benchmark::State& state)
-{
-    const DataFolder folder;
-    const Payload payload = fullPayload();
-    const StorageService storage;
-    for ([[maybe_unused]] auto _ : state) {
-        storage.save(payload.history, payload.collections, payload.defaultFormat);
-    }
-}
-BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseRealTime();
-
 /// The floor of a save: the same bytes written, synchronised, renamed over the old file, and the folder
 /// synchronised.
-void bareSave(benchmark::State& state)
+bool writeBare(const QByteArray& folder, const QByteArray& text)
 {
-    const DataFolder folder;
-    const QByteArray text = *encodePayload(fullPayload());
-    const QByteArray target = folder.path() + "/data.json";
-    const QByteArray temporary = folder.path() + "/data.tmp.json";
-    for ([[maybe_unused]] auto _ : state) {
-        const int file = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        const bool written =
-            ::write(file, text.constData(), static_cast<std::size_t>(text.size())) == text.size();
-        const bool replaced =
-            ::fsync(file) == 0 && std::rename(temporary.constData(), target.constData()) == 0;
-        ::close(file);
-        const int directory = ::open(folder.path().constData(), O_RDONLY | O_DIRECTORY);
-        const bool synced = ::fsync(directory) == 0;
-        ::close(directory);
-        if (!written || !replaced || !synced) {
-            state.SkipWithError("The file cannot be saved");
-        }
-    }
+    const QByteArray target = folder + "/data.json";
+    const QByteArray temporary = folder + "/data.tmp.json";
+    const int file = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    const bool written =
+        ::write(file, text.constData(), static_cast<std::size_t>(text.size())) == text.size();
+    const bool replaced = ::fsync(file) == 0 && std::rename(temporary.constData(), target.constData()) == 0;
+    ::close(file);
+    const int directory = ::open(folder.constData(), O_RDONLY | O_DIRECTORY);
+    const bool synced = ::fsync(directory) == 0;
+    ::close(directory);
+    return written && replaced && synced;
 }
-BENCHMARK(bareSave)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// 100 colours and 20 collections. The bare write is made in turn with it, since the disk is another from one second to the
+/// next; both as the user waits for them.
+void save(benchmark::State& state)
+{
+    state.SetLabel("(aim 1.5 times bare)");
+    const DataFolder folder;
+    const Payload payload = fullPayload();
+    const QByteArray text = *encodePayload(payload);
+    const StorageService storage;
+    using Clock = std::chrono::steady_clock;
+    using Microseconds = std::chrono::duration<double, std::micro>;
+    std::vector<double> saves;
+    std::vector<double> bareWrites;
+    for ([[maybe_unused]] auto _ : state) {
+        const auto start = Clock::now();
+        storage.save(payload.history, payload.collections, payload.defaultFormat);
+        const auto saved = Clock::now();
+        if (!writeBare(folder.path(), text)) {
+            state.SkipWithError("The file cannot be saved");
+            break;
+        }
+        const auto written = Clock::now();
+        state.SetIterationTime(std::chrono::duration<double>(saved - start).count());
+        saves.push_back(Microseconds(saved - start).count());
+        bareWrites.push_back(Microseconds(written - saved).count());
+    }
+    const double bare = median(bareWrites);
+    state.counters["bare write + fsync + rename (us)"] = bare;
+    state.counters["ratio of medians"] = median(saves) / bare;
+}
+BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseManualTime()->Iterations(60);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    return runBenchmarks(argc, argv);
+}

@@ -1,5 +1,7 @@
 // What one frame of the loupe costs the client, without the grab and the upload.
 
+#include "RunBenchmarks.h"
+
 #include "picker/MagnifierView.h"
 
 #include <QGuiApplication>
@@ -92,8 +94,5 @@ int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,23 +1,28 @@
-// What a frame of the panel's screens costs. The aim of a scrolled frame is 4 ms, so that the grid keeps up with any screen;
-// that of a hovered one 2 ms.
+// What a frame of the panel's screens costs.
+
+#include "FullPayload.h"
+#include "RunBenchmarks.h"
 
 #include "state/AppState.h"
+#include "state/StorageService.h"
 #include "ui/Appearance.h"
+#include "ui/CollectionDetailView.h"
 #include "ui/CollectionRowCard.h"
+#include "ui/ColorDetailRow.h"
 #include "ui/DS.h"
 #include "ui/DashboardSwatchView.h"
 #include "ui/DashboardView.h"
 #include "ui/HistoryDetailView.h"
+#include "ui/kit/ReorderList.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
-#include <QColor>
-#include <QDir>
+#include <QFile>
 #include <QHoverEvent>
 #include <QImage>
 #include <QLayout>
-#include <QPainter>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -25,39 +30,52 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <functional>
-#include <memory>
 
 namespace {
 
 using namespace tintwick;
 
-void fill(AppState& state)
+/// A screen as it stands in the panel, of a user with many colours.
+class Panel final : public QWidget
 {
-    state.clearHistory();
-    for (int i = 0; i < AppState::historyLimit; ++i) {
-        const QColor color = QColor::fromHsv((i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105,
-                                             i % 5 == 0 ? 128 : 255);
-        state.colorCaptured(
-            CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
+public:
+    explicit Panel(const std::function<QWidget*(AppState&, QWidget& panel)>& makeScreen)
+    {
+        resize(380, 529);
+        (new QVBoxLayout(this))->setContentsMargins(0, 0, 0, 0);
+        layout()->addWidget(makeScreen(m_state, *this));
+        show();
+        QApplication::processEvents();
     }
-}
+
+private:
+    /// What the state loads, and may save to.
+    class DataFolder final
+    {
+    public:
+        DataFolder()
+        {
+            qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
+            const Payload payload = fullPayloadWithFullCollection();
+            StorageService().save(payload.history, payload.collections, payload.defaultFormat);
+        }
+
+    private:
+        QTemporaryDir m_folder;
+    };
+
+    DataFolder m_folder;
+    AppState m_state{[](std::chrono::milliseconds, const std::function<void()>&) {}};
+    Appearance m_appearance{*this};
+};
 
 /// A full history, every fifth colour translucent, is turned by one notch of the wheel; all that is in view is drawn anew.
 void scrolledFrameOfTheHistory(benchmark::State& state)
 {
-    const QTemporaryDir folder;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
-    AppState appState([](std::chrono::milliseconds, const std::function<void()>&) {});
-    fill(appState);
-    QWidget panel;
-    panel.resize(380, 529);
-    const Appearance appearance(panel);
-    (new QVBoxLayout(&panel))->setContentsMargins(0, 0, 0, 0);
-    panel.layout()->addWidget(new HistoryDetailView(appState, panel));
-    panel.show();
-    QApplication::processEvents();
-
+    state.SetLabel("(aim 4 ms)");
+    Panel panel([](AppState& appState, QWidget& around) { return new HistoryDetailView(appState, around); });
     auto* scroll = panel.findChild<QScrollArea*>();
     QScrollBar* bar = scroll->verticalScrollBar();
     const auto scale = static_cast<int>(state.range(0));
@@ -75,6 +93,48 @@ void scrolledFrameOfTheHistory(benchmark::State& state)
     }
 }
 BENCHMARK(scrolledFrameOfTheHistory)->Arg(1)->Arg(2)->ArgName("scale")->Unit(benchmark::kMillisecond);
+
+void drag(QWidget& widget, QEvent::Type type, QPoint position)
+{
+    const bool isMove = type == QEvent::MouseMove;
+    const bool isRelease = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, position, widget.mapToGlobal(position), isMove ? Qt::NoButton : Qt::LeftButton,
+                      isRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// In a palette of 100 a row is carried up and down over its neighbours, which make room and come back.
+void draggedFrameOfAPalette(benchmark::State& run)
+{
+    run.SetLabel("(aim 4 ms)");
+    Panel panel([](AppState& appState, QWidget&) {
+        return new CollectionDetailView(appState, appState.collections().first().id);
+    });
+    auto* screen = panel.findChild<CollectionDetailView*>();
+    ColorDetailRow* row = screen->rows().at(2);
+    // The row moves; the list, in whose coordinates the pointer goes, does not.
+    QWidget* list = row->parentWidget();
+    const auto pointer = [&](int y) { return row->mapFromGlobal(list->mapToGlobal(QPoint(160, y))); };
+    constexpr int start = 130;
+    constexpr int step = 12;
+    int y = start;
+    int direction = step;
+    drag(*row, QEvent::MouseButtonPress, pointer(y));
+    for ([[maybe_unused]] auto _ : run) {
+        if (y > start + 100 || y < start - 100) {
+            direction = -direction;
+        }
+        y += direction;
+        drag(*row, QEvent::MouseMove, pointer(y));
+        Ticker::shared().advance(1 / 60.0);
+        QApplication::processEvents();
+    }
+    if (!panel.findChild<ReorderList*>()->isCarrying()) {
+        run.SkipWithError("The row is not carried");
+    }
+    drag(*row, QEvent::MouseButtonRelease, pointer(y));
+}
+BENCHMARK(draggedFrameOfAPalette)->Unit(benchmark::kMillisecond);
 
 void hover(QWidget& widget, QEvent::Type type)
 {
@@ -99,29 +159,11 @@ void hoverFrames(benchmark::State& run, QWidget& view)
     run.counters["shadows blurred"] = blurCount() - blurredBefore;
 }
 
-/// On the dashboard with fifteen recent colours and a few collections.
 void hoveredFrame(benchmark::State& run, const std::function<QWidget*(const DashboardView&)>& target)
 {
-    const QTemporaryDir folder;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
-    Ticker::shared().setMode(Ticker::Mode::ByHand);
-    AppState appState([](std::chrono::milliseconds, const std::function<void()>&) {});
-    fill(appState);
-    for (int i = 0; i < 4; ++i) {
-        const QUuid id = appState.createCollection(QString::number(i)).id;
-        for (int member = 0; member < 4; ++member) {
-            appState.addColor(appState.history()[member].id, id);
-        }
-    }
-    QWidget panel;
-    panel.resize(380, 529);
-    const Appearance appearance(panel);
-    (new QVBoxLayout(&panel))->setContentsMargins(0, 0, 0, 0);
-    auto* dashboard = new DashboardView(appState, panel);
-    panel.layout()->addWidget(dashboard);
-    panel.show();
-    QApplication::processEvents();
-    hoverFrames(run, *target(*dashboard));
+    run.SetLabel("(aim 2 ms)");
+    Panel panel([](AppState& appState, QWidget& around) { return new DashboardView(appState, around); });
+    hoverFrames(run, *target(*panel.findChild<DashboardView*>()));
 }
 
 void hoveredFrameOfARecentColor(benchmark::State& run)
@@ -142,7 +184,6 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    Ticker::shared().setMode(Ticker::Mode::ByHand);
+    return runBenchmarks(argc, argv);
 }

@@ -1,5 +1,7 @@
 #include "state/PayloadCoding.h"
 
+#include "state/JsonWriter.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cmath>
@@ -10,16 +12,10 @@ namespace tintwick {
 namespace {
 
 using nlohmann::json;
-using nlohmann::ordered_json;
 
-std::string utf8(const QString& text)
+QByteArray uuidText(const QUuid& id)
 {
-    return text.toStdString();
-}
-
-std::string uuidText(const QUuid& id)
-{
-    return id.toByteArray(QUuid::WithoutBraces).toUpper().toStdString();
+    return id.toByteArray(QUuid::WithoutBraces).toUpper();
 }
 
 bool hasText(const QDateTime& date)
@@ -28,9 +24,28 @@ bool hasText(const QDateTime& date)
     return date.isValid() && year >= 1 && year <= 9999;
 }
 
-std::string dateText(const QDateTime& date)
+QByteArray dateText(const QDateTime& date)
 {
-    return utf8(date.toUTC().toString(Qt::ISODate));
+    // QDateTime's own text takes longer than the rest of a record together.
+    const QDateTime utc = date.toUTC();
+    const QTime time = utc.time();
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    utc.date().getDate(&year, &month, &day);
+    QByteArray text("0000-00-00T00:00:00Z");
+    const auto put = [&text](qsizetype end, int number) {
+        for (qsizetype at = end - 1; number > 0; --at, number /= 10) {
+            text[at] = static_cast<char>('0' + number % 10);
+        }
+    };
+    put(4, year);
+    put(7, month);
+    put(10, day);
+    put(13, time.hour());
+    put(16, time.minute());
+    put(19, time.second());
+    return text;
 }
 
 bool isEncodable(const CapturedColor& color)
@@ -39,35 +54,46 @@ bool isEncodable(const CapturedColor& color)
            std::isfinite(color.alpha) && hasText(color.capturedAt);
 }
 
-ordered_json encoded(const CapturedColor& color)
+void write(JsonWriter& writer, const CapturedColor& color)
 {
-    ordered_json object;
-    object["id"] = uuidText(color.id);
-    object["red"] = color.red;
-    object["green"] = color.green;
-    object["blue"] = color.blue;
-    object["alpha"] = color.alpha;
-    object["capturedAt"] = dateText(color.capturedAt);
+    writer.beginObject();
+    writer.key("id");
+    writer.plainString(uuidText(color.id));
+    writer.key("red");
+    writer.number(color.red);
+    writer.key("green");
+    writer.number(color.green);
+    writer.key("blue");
+    writer.number(color.blue);
+    writer.key("alpha");
+    writer.number(color.alpha);
+    writer.key("capturedAt");
+    writer.plainString(dateText(color.capturedAt));
     if (color.customName) {
-        object["customName"] = utf8(*color.customName);
+        writer.key("customName");
+        writer.string(*color.customName);
     }
-    return object;
+    writer.endObject();
 }
 
-ordered_json encoded(const ColorCollection& collection)
+void write(JsonWriter& writer, const ColorCollection& collection)
 {
-    ordered_json colorIds = ordered_json::array();
+    writer.beginObject();
+    writer.key("id");
+    writer.plainString(uuidText(collection.id));
+    writer.key("name");
+    writer.string(collection.name);
+    writer.key("colorIds");
+    writer.beginArray();
     for (const QUuid& colorId : collection.colorIds) {
-        colorIds.push_back(uuidText(colorId));
+        writer.plainString(uuidText(colorId));
     }
-
-    ordered_json object;
-    object["id"] = uuidText(collection.id);
-    object["name"] = utf8(collection.name);
-    object["colorIds"] = std::move(colorIds);
-    object["createdAt"] = dateText(collection.createdAt);
-    object["icon"] = utf8(collection.icon);
-    return object;
+    writer.endArray();
+    writer.key("createdAt");
+    writer.plainString(dateText(collection.createdAt));
+    writer.key("icon");
+    writer.string(collection.icon);
+    writer.endObject();
 }
 
 /// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
@@ -244,28 +270,30 @@ std::optional<ColorCollection> decodedCollection(const json* value)
 
 std::optional<QByteArray> encodePayload(const Payload& payload)
 {
-    ordered_json history = ordered_json::array();
+    JsonWriter writer;
+    writer.beginObject();
+    writer.key("history");
+    writer.beginArray();
     for (const CapturedColor& color : payload.history) {
         if (!isEncodable(color)) {
             return std::nullopt;
         }
-        history.push_back(encoded(color));
+        write(writer, color);
     }
-    ordered_json collections = ordered_json::array();
+    writer.endArray();
+    writer.key("collections");
+    writer.beginArray();
     for (const ColorCollection& collection : payload.collections) {
         if (!hasText(collection.createdAt)) {
             return std::nullopt;
         }
-        collections.push_back(encoded(collection));
+        write(writer, collection);
     }
-    ordered_json object;
-    object["history"] = std::move(history);
-    object["collections"] = std::move(collections);
-    object["defaultFormat"] = utf8(rawValue(payload.defaultFormat));
-
-    constexpr int indentation = 2;
-    QByteArray text = QByteArray::fromStdString(object.dump(indentation));
-    return text.size() <= largestPayload ? std::optional(std::move(text)) : std::nullopt;
+    writer.endArray();
+    writer.key("defaultFormat");
+    writer.string(rawValue(payload.defaultFormat));
+    writer.endObject();
+    return writer.text().size() <= largestPayload ? std::optional(writer.text()) : std::nullopt;
 }
 
 std::optional<Payload> decodePayload(QByteArrayView text)
