@@ -53,7 +53,7 @@ constexpr int swatchStep = 74;
 constexpr QPoint createPalette(190, 347);
 constexpr QPoint card(190, 355);
 constexpr QPoint cardOutline(16, 355);
-constexpr std::array cardPreview{QPoint(269, 352), QPoint(303, 352), QPoint(338, 352)};
+constexpr std::array cardPreview{QPoint(243, 352), QPoint(277, 352), QPoint(311, 352)};
 
 constexpr QPoint firstTile(46, 143);
 constexpr QPoint secondTileRing(118, 116);
@@ -172,18 +172,14 @@ public:
     {
         return waitUntil([&] { return !isAccent(seen(place::pickButton)); });
     }
-    [[nodiscard]] xcb_window_t focusedWindow()
-    {
-        xcb_connection_t* c = desktop.connection().get();
-        const ServerReply<xcb_get_input_focus_reply_t> reply(
-            xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-        return reply ? reply->focus : XCB_NONE;
-    }
     [[nodiscard]] bool canTypeInto(const QByteArray& title)
     {
         return waitUntil([&] {
-            return desktop.connection().inputIsFree() &&
-                   desktop.connection().property(focusedWindow(), "_NET_WM_NAME") == title;
+            xcb_connection_t* c = desktop.connection().get();
+            const ServerReply<xcb_get_input_focus_reply_t> reply(
+                xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+            return reply && desktop.connection().inputIsFree() &&
+                   desktop.connection().property(reply->focus, "_NET_WM_NAME") == title;
         });
     }
     /// Waits until all keys go to one receiver alone, such as a menu.
@@ -303,10 +299,8 @@ public:
         if (!canTypeInto("Save As")) {
             return false;
         }
-        // It looks at the folder first, and may go on with the name it suggests until it has. Below its middle is the
-        // caret, which never rests.
-        const QRect dialog = desktop.connection().geometry(focusedWindow());
-        static_cast<void>(desktop.settledScreenshot(QRect(dialog.topLeft(), dialog.size() / 2)));
+        // The name it suggests is not always selected when the keys come to it.
+        desktop.typeKey(XK_a, {XK_Control_L});
         type(path);
         desktop.typeKey(XK_Return);
         if (!waitUntil([&] { return !contents(path).isEmpty(); })) {
@@ -321,10 +315,7 @@ public:
             return false;
         }
         program.chooseQuit();
-        if (program.process().waitForEnd() != 0) {
-            return false;
-        }
-        return true;
+        return program.process().waitForEnd() == 0;
     }
 
     [[nodiscard]] QByteArray exported(const QString& name) const { return contents(pathOf(name)); }
