@@ -125,19 +125,12 @@ bool Clickable::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::HoverEnter:
-    case QEvent::HoverLeave: {
-        const bool hovered = event->type() == QEvent::HoverEnter;
-        if (m_isHovered != hovered) {
-            m_isHovered = hovered;
-            hoverChanged();
-        }
+    case QEvent::HoverMove:
+        setHovered(true);
         break;
-    }
+    case QEvent::HoverLeave:
     case QEvent::Hide:
-        if (m_isHovered) {
-            m_isHovered = false;
-            hoverChanged();
-        }
+        setHovered(false);
         break;
     case QEvent::ToolTip:
         HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
@@ -208,6 +201,14 @@ void Clickable::resizeEvent(QResizeEvent* event)
 }
 
 void Clickable::paintEvent(QPaintEvent*) {}
+
+void Clickable::setHovered(bool isHovered)
+{
+    if (m_isHovered != isHovered) {
+        m_isHovered = isHovered;
+        hoverChanged();
+    }
+}
 
 void Clickable::updateAnswer()
 {

@@ -2,6 +2,7 @@
 
 #include "ui/Appearance.h"
 #include "ui/DS.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/PopupWindow.h"
 
@@ -36,7 +37,7 @@ QTextOption wrapping()
 
 HelpBubble::HelpBubble(QWidget& owner, const QString& text)
     : QWidget(&owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
-    , m_text(text)
+    , m_text(inOneLine(text))
     , m_scheme(Appearance::of(&owner))
 {
     setAttribute(Qt::WA_DeleteOnClose);
