@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QHelpEvent>
+#include <QHoverEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
@@ -125,8 +126,11 @@ bool Clickable::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::HoverEnter:
-    case QEvent::HoverMove:
         setHovered(true);
+        break;
+    case QEvent::HoverMove:
+        // While a button is held down, the pointer is heard of beside the view too.
+        setHovered(rect().contains(static_cast<QHoverEvent*>(event)->position().toPoint()));
         break;
     case QEvent::HoverLeave:
     case QEvent::Hide:

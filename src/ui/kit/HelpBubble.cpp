@@ -98,7 +98,12 @@ bool HelpBubble::eventFilter(QObject* watched, QEvent* event)
 void HelpBubble::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+    if (mask().isEmpty()) {
+        fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+    } else {
+        // Where the window is not wholly covered it is black.
+        painter.fillRect(rect().adjusted(0, 0, 1, 1), DS::surface.in(m_scheme));
+    }
     strokeInside(painter, rect(), cornerRadius, DS::border.in(m_scheme), 1);
     painter.setPen(DS::textPrimary.in(m_scheme));
     painter.drawStaticText(horizontalPadding, verticalPadding, m_text);
