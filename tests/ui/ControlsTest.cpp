@@ -11,6 +11,7 @@
 
 #include <QAccessible>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 
 using namespace tintwick;
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void aMenuIsWhatWasWrittenDown();
     void aMenuRunsWhatIsChosen();
     void aMenuIsNoWiderThanItsLongestTitleMayBe();
+    void aMenuLongerThanTheScreenStaysInOneColumn();
     void longHelpTakesSeveralLines();
     void wordsInOneLine_data();
     void wordsInOneLine();
@@ -249,6 +251,21 @@ void ControlsTest::aMenuIsNoWiderThanItsLongestTitleMayBe()
     // 5 around, 10 beside the title, and 20 for the sign of a submenu.
     QCOMPARE(menu.sizeHint().width(), 260 + 2 * 5 + 2 * 10 + 20);
     QCOMPARE(menu.actions()[1]->text(), QStringLiteral("Sea and sand"));
+}
+
+void ControlsTest::aMenuLongerThanTheScreenStaysInOneColumn()
+{
+    QList<MenuEntry> entries;
+    for (int i = 0; i < 100; ++i) {
+        entries.append(menuAction(QStringLiteral("Palette %1").arg(i), [] {}));
+    }
+    QMenu menu;
+    fillMenu(menu, entries);
+    menu.popup(QPoint(0, 0));
+    QVERIFY(menu.height() <= menu.screen()->geometry().height());
+    QCOMPARE(menu.actionGeometry(menu.actions().last()).left(),
+             menu.actionGeometry(menu.actions().first()).left());
+    menu.close();
 }
 
 void ControlsTest::longHelpTakesSeveralLines()

@@ -104,6 +104,7 @@ private Q_SLOTS:
     void anEmptyNameIsSavedToo();
     void aNameIsSavedAsTyped();
     void aColorDeletedUnderItsMenuOrSheetHarmsNothing();
+    void aMenuTakesThePointerAway();
     void cancellingChangesNothing_data();
     void cancellingChangesNothing();
 };
@@ -706,6 +707,19 @@ void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrSheetHarmsNothing()
     QCOMPARE(panel.state.history(), QList{left});
     // The keys are heard where the swatch was.
     QCOMPARE(panel.view->focusWidget(), panel.view.get());
+}
+
+void HistoryDetailViewTest::aMenuTakesThePointerAway()
+{
+    const HistoryFixture panel(1);
+    hover(panel.swatch(0), QEvent::HoverEnter);
+    QMenu* menu = contextMenu(panel.swatch(0));
+    QVERIFY(panel.swatch(0).isHovered());
+    // The leaving is not told: the pointer is on the menu.
+    menu->close();
+    QVERIFY(!panel.swatch(0).isHovered());
+    hover(panel.swatch(0), QEvent::HoverMove);
+    QVERIFY(panel.swatch(0).isHovered());
 }
 
 void HistoryDetailViewTest::cancellingChangesNothing_data()

@@ -58,7 +58,7 @@ inline bool isNear(QRgb one, QRgb other, int tolerance = 2)
            std::abs(qBlue(one) - qBlue(other)) <= tolerance;
 }
 
-/// `type` is `HoverEnter` or `HoverLeave`.
+/// `type` is `HoverEnter`, `HoverMove` or `HoverLeave`.
 inline void hover(QWidget& widget, QEvent::Type type)
 {
     const QPointF middle = widget.rect().center();

@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QHelpEvent>
+#include <QHoverEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
@@ -126,19 +127,15 @@ bool Clickable::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::HoverEnter:
-    case QEvent::HoverLeave: {
-        const bool hovered = event->type() == QEvent::HoverEnter;
-        if (m_isHovered != hovered) {
-            m_isHovered = hovered;
-            hoverChanged();
-        }
+        setHovered(true);
         break;
-    }
+    case QEvent::HoverMove:
+        // While a button is held down, the pointer is heard of beside the view too.
+        setHovered(rect().contains(static_cast<QHoverEvent*>(event)->position().toPoint()));
+        break;
+    case QEvent::HoverLeave:
     case QEvent::Hide:
-        if (m_isHovered) {
-            m_isHovered = false;
-            hoverChanged();
-        }
+        setHovered(false);
         break;
     case QEvent::ToolTip:
         HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
@@ -197,6 +194,14 @@ void Clickable::resizeEvent(QResizeEvent* event)
 }
 
 void Clickable::paintEvent(QPaintEvent*) {}
+
+void Clickable::setHovered(bool isHovered)
+{
+    if (m_isHovered != isHovered) {
+        m_isHovered = isHovered;
+        hoverChanged();
+    }
+}
 
 void Clickable::updateAnswer()
 {

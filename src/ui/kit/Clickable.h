@@ -26,6 +26,9 @@ public:
     /// The same of any widget, or of none.
     [[nodiscard]] static bool showsFocusRing(const QWidget* widget);
 
+    /// To be called when something else has taken the pointer, which is not told as its leaving.
+    void forgetPointer() { setHovered(false); }
+
     void onClick(std::function<void()> action);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -56,6 +59,7 @@ protected:
 private:
     class Answer;
 
+    void setHovered(bool isHovered);
     void updateAnswer();
 
     /// Above the content.

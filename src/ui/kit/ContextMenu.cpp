@@ -2,6 +2,7 @@
 
 #include "ui/Appearance.h"
 #include "ui/DS.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/InOneLine.h"
 #include "ui/kit/KitStyle.h"
 #include "ui/kit/PopupWindow.h"
@@ -122,6 +123,13 @@ QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setPalette(Appearance::palette(Appearance::of(&owner)));
     fillMenu(*menu, entries);
+    QObject::connect(menu, &QMenu::aboutToHide, &owner, [&owner] {
+        for (QWidget* below = &owner; below != nullptr; below = below->parentWidget()) {
+            if (auto* control = qobject_cast<Clickable*>(below)) {
+                control->forgetPointer();
+            }
+        }
+    });
     return menu;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/Appearance.h"
 #include "ui/DS.h"
+#include "ui/kit/InOneLine.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/PopupWindow.h"
 
@@ -36,7 +37,7 @@ QTextOption wrapping()
 
 HelpBubble::HelpBubble(QWidget& owner, const QString& text)
     : QWidget(&owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
-    , m_text(text)
+    , m_text(inOneLine(text))
     , m_scheme(Appearance::of(&owner))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -97,7 +98,12 @@ bool HelpBubble::eventFilter(QObject* watched, QEvent* event)
 void HelpBubble::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+    if (mask().isEmpty()) {
+        fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+    } else {
+        // Where the window is not wholly covered it is black.
+        painter.fillRect(rect().adjusted(0, 0, 1, 1), DS::surface.in(m_scheme));
+    }
     strokeInside(painter, rect(), cornerRadius, DS::border.in(m_scheme), 1);
     painter.setPen(DS::textPrimary.in(m_scheme));
     painter.drawStaticText(horizontalPadding, verticalPadding, m_text);

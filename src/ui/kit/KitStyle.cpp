@@ -70,7 +70,12 @@ void KitStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
         painter->setCompositionMode(QPainter::CompositionMode_Source);
         painter->fillRect(option->rect, Qt::transparent);
         painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
-        fillRounded(*painter, option->rect, menuRadius, DS::surface.in(scheme));
+        if (widget == nullptr || widget->mask().isEmpty()) {
+            fillRounded(*painter, option->rect, menuRadius, DS::surface.in(scheme));
+        } else {
+            // The window itself is cut to the shape, and where it is not wholly covered it is black.
+            painter->fillRect(option->rect.adjusted(0, 0, 1, 1), DS::surface.in(scheme));
+        }
         strokeInside(*painter, option->rect, menuRadius, DS::border.in(scheme), 1);
         break;
     }
@@ -131,6 +136,8 @@ int KitStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     case SH_UnderlineShortcut:
         return 0;
     case SH_Menu_MouseTracking:
+    // A menu longer than the screen scrolls; it does not break into columns.
+    case SH_Menu_Scrollable:
         return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, result);
