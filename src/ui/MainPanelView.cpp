@@ -58,9 +58,12 @@ MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
     , m_makeSettings(std::move(makeSettings))
 {
     resize(DS::panelSize);
-    m_header = panelHeader();
-    m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
-    setContent(column(m_header, rule(), m_screens));
+    // clang-format off
+    setContent(column(
+        m_header = panelHeader(),
+        rule(),
+        m_screens = column(m_dashboard = new DashboardView(m_appState, *this))));
+    // clang-format on
     applyColorScheme();
     showHeader();
 
@@ -153,7 +156,7 @@ void MainPanelView::setShowingSettings(bool shows)
     showScreen();
 }
 
-QWidget& MainPanelView::screen() const
+QWidget& MainPanelView::currentScreen() const
 {
     return m_detail != nullptr ? *m_detail : *m_dashboard;
 }
