@@ -2,6 +2,7 @@
 
 namespace tintwick {
 
+/// A key that goes down, or repeats itself while it is held.
 struct KeyPress
 {
     /// The key's position, see KeyCode.h; -1 for a key that has no number there.

@@ -24,10 +24,12 @@ void setColorScheme(ColorSchemePref scheme);
 
 /// Whether the loupe is a circle; it is a square otherwise.
 [[nodiscard]] bool scopeIsCircle();
+/// "square" or "circle".
 void setScopeShape(const QString& shape);
 
 /// Side of the loupe's scope in points: 100, 130 or 160.
 [[nodiscard]] double scopeSide();
+/// "small", "medium" or "large".
 void setScopePhysicalSize(const QString& size);
 
 /// Sampling radius with which a pick begins, in screen pixels around the centre one; at least 1, not bounded above.

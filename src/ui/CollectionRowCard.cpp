@@ -10,9 +10,7 @@
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Symbol.h"
 
-#include <QContextMenuEvent>
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include <cmath>

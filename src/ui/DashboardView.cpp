@@ -18,6 +18,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// The row of recent colours shows no more than these.
+constexpr qsizetype recentLimit = 15;
 constexpr DS::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
 constexpr Shadow pickShadow{DS::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
 

@@ -23,9 +23,6 @@ class DashboardView final : public View
     Q_OBJECT
 
 public:
-    /// The row of recent colours shows no more than these.
-    static constexpr qsizetype recentLimit = 15;
-
     /// Sheets open over `panel`, which contains the view.
     DashboardView(AppState& appState, QWidget& panel);
 

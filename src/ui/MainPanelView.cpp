@@ -61,9 +61,12 @@ MainPanelView::MainPanelView(AppState& appState, MakeSettings makeSettings)
 {
     setAccessibleName(u"Tintwick"_s);
     resize(DS::panelSize);
-    m_header = panelHeader();
-    m_screens = column(m_dashboard = new DashboardView(m_appState, *this));
-    setContent(column(m_header, rule(), m_screens));
+    // clang-format off
+    setContent(column(
+        m_header = panelHeader(),
+        rule(),
+        m_screens = column(m_dashboard = new DashboardView(m_appState, *this))));
+    // clang-format on
     applyColorScheme();
     showHeader();
 
@@ -154,7 +157,7 @@ void MainPanelView::setShowingSettings(bool shows)
     showSelection();
 }
 
-QWidget& MainPanelView::screen() const
+QWidget& MainPanelView::currentScreen() const
 {
     return m_detail != nullptr ? *m_detail : *m_dashboard;
 }

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
     /// What is below the header now; another widget, or a new one, for each screen.
-    [[nodiscard]] QWidget& screen() const;
+    [[nodiscard]] QWidget& currentScreen() const;
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -8,7 +8,6 @@
 #include "ui/kit/Paint.h"
 #include "ui/kit/PopUpPicker.h"
 #include "ui/kit/Rule.h"
-#include "ui/kit/ScrollArea.h"
 #include "ui/kit/SegmentedPicker.h"
 #include "ui/kit/Sheet.h"
 #include "ui/kit/Stack.h"

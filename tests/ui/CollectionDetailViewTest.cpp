@@ -18,7 +18,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QDropEvent>
+#include <QDragEnterEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
@@ -32,7 +32,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <memory>
 
 using namespace tintwick;
 using namespace tintwick::test;
@@ -460,7 +459,7 @@ void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette
     panel.letFeedbackEnd();
     panel.settle();
     QTest::mouseClick(panel.dashboard().cards().first(), Qt::LeftButton);
-    auto* screen = qobject_cast<CollectionDetailView*>(&panel.view->screen());
+    auto* screen = qobject_cast<CollectionDetailView*>(&panel.view->currentScreen());
     QVERIFY(screen);
     panel.settle();
     const auto* pill = panel.view->findChild<CopiedPill*>();
@@ -475,7 +474,7 @@ void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette
     QTest::mouseMove(screen->rows().first(), QPoint(100, 67));
     panel.state.deleteCollection(palette);
     panel.settle();
-    QVERIFY(!qobject_cast<CollectionDetailView*>(&panel.view->screen()));
+    QVERIFY(!qobject_cast<CollectionDetailView*>(&panel.view->currentScreen()));
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     escape.ignore();
     QApplication::sendEvent(panel.view.get(), &escape);

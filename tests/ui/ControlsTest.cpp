@@ -1,4 +1,3 @@
-#include "ui/Appearance.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/ContextMenu.h"
 #include "ui/kit/HelpBubble.h"

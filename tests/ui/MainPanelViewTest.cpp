@@ -224,11 +224,11 @@ void MainPanelViewTest::seeAllOpensTheHistoryAndTheTitleLeadsBack()
     panel.capture(0x3B82F6);
     QVERIFY(panel.dashboard().isVisible());
     QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
-    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
-    QVERIFY(panel.view->screen().isVisible());
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
+    QVERIFY(panel.view->currentScreen().isVisible());
     QVERIFY(!panel.dashboard().isVisible());
     QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
-    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
     QVERIFY(panel.dashboard().isVisible());
     QVERIFY(!button(panel, QStringLiteral("Back from All History")));
 }
@@ -240,7 +240,7 @@ void MainPanelViewTest::aCardOpensItsCollection()
     panel.state.createCollection(QStringLiteral("Sand"));
     panel.settle();
     QTest::mouseClick(panel.dashboard().cards()[1], Qt::LeftButton);
-    QVERIFY(qobject_cast<CollectionDetailView*>(&panel.view->screen()));
+    QVERIFY(qobject_cast<CollectionDetailView*>(&panel.view->currentScreen()));
     QVERIFY(button(panel, QStringLiteral("Back from Sand")));
 }
 
@@ -248,7 +248,7 @@ void MainPanelViewTest::aSelectionOfNothingShowsTheDashboard()
 {
     const PanelFixture panel;
     panel.view->setSelectedCollectionId(QUuid::createUuid());
-    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
     QVERIFY(button(panel, QStringLiteral("Back from Palette")));
 }
 
@@ -260,7 +260,7 @@ void MainPanelViewTest::aCollectionThatIsDeletedGivesWayToTheDashboard()
     panel.settle();
     panel.state.deleteCollection(sea.id);
     panel.settle();
-    QCOMPARE(&panel.view->screen(), &panel.dashboard());
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
     QVERIFY(panel.dashboard().isVisible());
 }
 
@@ -268,7 +268,7 @@ void MainPanelViewTest::theGearOpensTheSettingsAndDoneClosesThem()
 {
     const PanelFixture panel;
     QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
-    QVERIFY(&panel.view->screen() != &panel.dashboard());
+    QVERIFY(&panel.view->currentScreen() != &panel.dashboard());
     QVERIFY(!panel.dashboard().isVisible());
     QVERIFY(!button(panel, QStringLiteral("Settings")));
     QVERIFY(!toggle(panel)->isVisible());
@@ -285,7 +285,7 @@ void MainPanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
     panel.view->setShowingSettings(true);
     QVERIFY(!button(panel, QStringLiteral("Back from All History")));
     panel.view->setShowingSettings(false);
-    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
     QVERIFY(button(panel, QStringLiteral("Back from All History")));
 }
 
@@ -345,7 +345,7 @@ void MainPanelViewTest::altLeftLeadsBack()
     panel.view->setSelectedCollectionId(MainPanelView::historySelectionId);
     panel.view->setShowingSettings(true);
     QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
-    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->screen()));
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
     QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
     QVERIFY(panel.dashboard().isVisible());
 }

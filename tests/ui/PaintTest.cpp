@@ -3,7 +3,6 @@
 #include "ui/kit/Shadow.h"
 #include "ui/kit/Symbol.h"
 
-#include <QDir>
 #include <QPainter>
 #include <QTest>
 

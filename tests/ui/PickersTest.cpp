@@ -1,4 +1,3 @@
-#include "ui/Appearance.h"
 #include "ui/kit/KitStyle.h"
 #include "ui/kit/PopUpPicker.h"
 #include "ui/kit/SegmentedPicker.h"
@@ -9,7 +8,6 @@
 #include <QAccessible>
 #include <QMenu>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace tintwick;

@@ -3,10 +3,8 @@
 #include "ui/kit/Label.h"
 #include "ui/kit/Overhang.h"
 #include "ui/kit/ShownWhen.h"
-#include "ui/kit/View.h"
 
 #include <QImage>
-#include <QPainter>
 #include <QTest>
 
 using namespace tintwick;

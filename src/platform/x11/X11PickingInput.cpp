@@ -6,7 +6,6 @@
 #include "platform/x11/XInput.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <ctime>
 

@@ -9,8 +9,6 @@
 #include <QPointer>
 #include <QTextLayout>
 
-#include <memory>
-
 namespace tintwick {
 
 namespace {

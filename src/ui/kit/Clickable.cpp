@@ -1,6 +1,7 @@
 #include "ui/kit/Clickable.h"
 
 #include "ui/Appearance.h"
+#include "ui/DS.h"
 #include "ui/kit/FocusRing.h"
 #include "ui/kit/HelpBubble.h"
 #include "ui/kit/Paint.h"

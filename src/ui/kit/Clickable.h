@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/DS.h"
 #include "ui/kit/ContextMenu.h"
 
 #include <QAbstractButton>

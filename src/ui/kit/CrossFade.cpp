@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <utility>
+
 namespace tintwick {
 
 namespace {
@@ -17,9 +19,9 @@ constexpr double duration = 0.18;
 class FadingPicture final : public QWidget
 {
 public:
-    FadingPicture(QWidget& parent, const QPixmap& picture)
+    FadingPicture(QWidget& parent, QPixmap picture)
         : QWidget(&parent)
-        , m_picture(picture)
+        , m_picture(std::move(picture))
         , m_presence(duration, 1)
         , m_animator([this](double seconds) {
             const bool isMoving = m_presence.advance(seconds);

@@ -1,6 +1,5 @@
 #include "ui/kit/Sheet.h"
 
-#include "ui/Appearance.h"
 #include "ui/DS.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Clickable.h"

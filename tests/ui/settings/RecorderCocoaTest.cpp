@@ -18,8 +18,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 namespace tintwick::test {
 
 using namespace KeyboardShortcuts;
