@@ -31,6 +31,7 @@
 #include <functional>
 #include <numeric>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include <unistd.h>
@@ -38,6 +39,8 @@
 namespace {
 
 using namespace tintwick;
+
+constexpr std::chrono::seconds panelWatched{10};
 
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
@@ -148,6 +151,15 @@ void waitForRest(qint64 process)
             "the program does not come to rest");
 }
 
+/// Watches an idle process.
+void printWakeUps(const char* what, qint64 process, std::chrono::seconds watched)
+{
+    const ThreadFigures before = wakeUps(process);
+    static_cast<void>(waitUntil([] { return false; }, watched));
+    printRow(what, wakeUpsBetween(before, wakeUps(process)), "",
+             "in " + std::to_string(watched.count()) + " s");
+}
+
 bool ownsViewableWindow(PrivateDesktop& desktop, qint64 process, const QByteArray& windowClass)
 {
     DesktopConnection& connection = desktop.connection();
@@ -180,16 +192,25 @@ double startTime(PrivateDesktop& desktop, const QString& program, const QStringL
     return median(times);
 }
 
-double ownStartTime(PrivateDesktop& desktop)
+struct Start
+{
+    double time = 0;
+    double processorTime = 0;
+};
+
+/// Until the icon is in the tray.
+Start ownStart(PrivateDesktop& desktop)
 {
     std::vector<double> times;
+    std::vector<double> processorTimes;
     for (int i = 0; i < 5; ++i) {
         const auto start = Clock::now();
         TintwickProcess program(desktop);
         require(waitUntil([&] { return program.trayIcon().width() > 4; }), "no tray icon");
         times.push_back(Milliseconds(Clock::now() - start).count());
+        processorTimes.push_back(processorTime(program.process().processId()));
     }
-    return median(times);
+    return {median(times), median(processorTimes)};
 }
 
 std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connection, int count)
@@ -333,10 +354,11 @@ Memory memoryOfPeer(PrivateDesktop& desktop, const QString& program)
 void measureStart()
 {
     PrivateDesktop desktop({.size = {1920, 1080}});
-    const double own = ownStartTime(desktop);
+    const auto [own, processor] = ownStart(desktop);
     print("start to tray icon (aim 60)", own, "ms", "gpick to window",
           startTime(desktop, QStringLiteral("gpick"), {}));
     print("", own, "ms", "kcolorchooser to window", startTime(desktop, QStringLiteral("kcolorchooser"), {}));
+    printRow("start to tray icon, processor time", processor, "ms");
 }
 
 void measurePicking(PrivateDesktop::Compositor compositor)
@@ -394,13 +416,87 @@ void measurePanel(PrivateDesktop::Compositor compositor)
     desktop.click();
     require(program.waitForPanel(), "no panel");
     waitForRest(process);
-    constexpr std::chrono::seconds watched{10};
-    const ThreadFigures before = wakeUps(process);
-    static_cast<void>(waitUntil([] { return false; }, watched));
-    std::printf("%-58s %9.0f      in %lld s\n", "wake-ups with the panel open (aim 0)",
-                wakeUpsBetween(before, wakeUps(process)), static_cast<long long>(watched.count()));
-    std::printf("%-58s %9.1f MB\n", "resident memory with the panel open (aim 50)",
-                memoryOf(process).resident);
+    printWakeUps("wake-ups with the panel open (aim 0)", process, panelWatched);
+}
+
+void writePayload(const PrivateDesktop& desktop, const Payload& payload)
+{
+    const QString folder = desktop.dataHome() + QStringLiteral("/Tintwick");
+    QFile file(folder + QStringLiteral("/data.json"));
+    require(QDir().mkpath(folder) && file.open(QIODevice::WriteOnly) &&
+                file.write(encodePayload(payload).value()) > 0,
+            "the data cannot be written");
+}
+
+bool hasWindow(PrivateDesktop& desktop, const QByteArray& title)
+{
+    DesktopConnection& connection = desktop.connection();
+    const auto windows = connection.tree(connection.root());
+    return std::any_of(windows.begin(), windows.end(), [&](xcb_window_t window) {
+        return connection.property(window, "_NET_WM_NAME") == title && connection.isViewable(window);
+    });
+}
+
+/// One run through the panel's screens: the memory of each stays with the program for the next.
+void measureScreens()
+{
+    // Inside the panel, from its top left corner.
+    constexpr QPoint pickButton(190, 72);
+    constexpr QPoint back(23, 25);
+    constexpr QPoint gear(350, 25);
+    constexpr QPoint done(335, 25);
+    constexpr QPoint seeAll(340, 147);
+    constexpr QPoint firstCard(120, 355);
+    constexpr QPoint exportMenu(335, 77);
+
+    PrivateDesktop desktop({.size = {1920, 1080}});
+    writePayload(desktop, fullPayloadWithFullCollection());
+    TintwickProcess program(desktop);
+    require(program.waitForTrayIcon(), "no tray icon");
+    const qint64 process = program.process().processId();
+    waitForRest(process);
+    desktop.movePointer(program.trayIcon().center());
+    desktop.click();
+    require(program.waitForPanel(), "no panel");
+    const QPoint panel = program.panel().topLeft();
+    waitForRest(process);
+    const QRgb blue = desktop.pixel(panel + pickButton);
+
+    const auto print = [&](const char* what) {
+        waitForRest(process);
+        const Memory memory = memoryOf(process);
+        std::array<char, 32> share{};
+        std::snprintf(share.data(), share.size(), "PSS %.1f MB", memory.proportional);
+        printRow(what, memory.resident, "MB", share.data());
+    };
+    const auto goTo = [&](QPoint button, bool isDashboard) {
+        desktop.movePointer(panel + button);
+        desktop.click();
+        require(waitUntil([&] { return (desktop.pixel(panel + pickButton) == blue) == isDashboard; }),
+                "another screen does not come");
+    };
+    print("RSS with the panel open: dashboard (aim 50)");
+    goTo(seeAll, false);
+    print("RSS with the panel open: history of 100 (aim 50)");
+    goTo(back, true);
+    goTo(firstCard, false);
+    print("RSS with the panel open: palette of 100 (aim 50)");
+    goTo(back, true);
+    goTo(gear, false);
+    print("RSS with the panel open: settings (aim 50)");
+    goTo(done, true);
+    goTo(firstCard, false);
+    desktop.movePointer(panel + exportMenu);
+    desktop.click();
+    require(waitUntil([&] { return !desktop.connection().inputIsFree(); }), "no export menu");
+    desktop.typeKey(XK_Down);
+    desktop.typeKey(XK_Return);
+    const QByteArray dialog = "Save As";
+    require(waitUntil([&] { return hasWindow(desktop, dialog); }), "no save dialog");
+    print("RSS with the toolkit's save dialog open");
+    desktop.typeKey(XK_Escape);
+    require(waitUntil([&] { return !hasWindow(desktop, dialog); }), "the save dialog stays");
+    print("RSS after the save dialog");
 }
 
 void measureIdle(std::chrono::seconds idle)
@@ -411,10 +507,7 @@ void measureIdle(std::chrono::seconds idle)
     const qint64 process = program.process().processId();
     waitForRest(process);
     const Memory own = memoryOf(process);
-    const ThreadFigures before = wakeUps(process);
-    static_cast<void>(waitUntil([] { return false; }, idle));
-    std::printf("%-58s %9.0f      in %lld s\n", "wake-ups when idle (aim 0)",
-                wakeUpsBetween(before, wakeUps(process)), static_cast<long long>(idle.count()));
+    printWakeUps("wake-ups when idle (aim 0)", process, idle);
     for (const char* peer : {"gpick", "kcolorchooser"}) {
         const Memory beside = memoryOfPeer(desktop, QString::fromLatin1(peer));
         print("resident memory when idle (aim 40)", own.resident, "MB", peer, beside.resident);
@@ -435,9 +528,10 @@ int main(int argc, char** argv)
     parser.addHelpOption();
     parser.process(application);
 
-    std::printf("%s, %ld processors, %s\n",
+    std::printf("%s, %ld processors, %s, load %s\n",
                 valueOf(QStringLiteral("/proc/cpuinfo"), "model name").constData(),
-                ::sysconf(_SC_NPROCESSORS_ONLN), qUtf8Printable(QSysInfo::prettyProductName()));
+                ::sysconf(_SC_NPROCESSORS_ONLN), qUtf8Printable(QSysInfo::prettyProductName()),
+                contents(QStringLiteral("/proc/loadavg")).split(' ').first().constData());
     try {
         measureStart();
         std::puts("without a compositor");
@@ -447,6 +541,7 @@ int main(int argc, char** argv)
         std::puts("the panel, without and with a compositor");
         measurePanel(PrivateDesktop::Compositor::None);
         measurePanel(PrivateDesktop::Compositor::Plain);
+        measureScreens();
         measureIdle(std::chrono::seconds(parser.value(idleSeconds).toInt()));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QTest>
+#include <QWidget>
 
 using namespace tintwick;
 using namespace Qt::StringLiterals;
@@ -46,7 +47,10 @@ private Q_SLOTS:
     void checksBeginWhiteInTheTopLeftCorner();
     void checksEndAtTheEdge();
     void checksWithoutRoomAreNone();
+    void checksAreCutOffAtTheCorners();
     void aStrokeLiesInside();
+    void aShadowIsSeenWhereverAWidgetIsAskedToPaint_data();
+    void aShadowIsSeenWhereverAWidgetIsAskedToPaint();
     void aShadowTellsHowFarItReaches_data();
     void aShadowTellsHowFarItReaches();
     void aShadowStaysWithinItsExtents_data();
@@ -140,6 +144,18 @@ void PaintTest::checksWithoutRoomAreNone()
     QVERIFY(inkOf(image).isNull());
 }
 
+void PaintTest::checksAreCutOffAtTheCorners()
+{
+    QImage image = blank(20, 20);
+    QPainter painter(&image);
+    drawCheckerboard(painter, QRectF(0, 0, 20, 20), 7);
+    painter.end();
+    QCOMPARE(image.pixel(0, 0), qRgba(0, 0, 0, 0));
+    QCOMPARE(image.pixel(19, 19), qRgba(0, 0, 0, 0));
+    QCOMPARE(image.pixel(9, 0), qRgb(255, 255, 255));
+    QCOMPARE(image.pixel(13, 1), qRgb(191, 191, 191));
+}
+
 void PaintTest::aStrokeLiesInside()
 {
     QImage image = blank(40, 40);
@@ -150,6 +166,55 @@ void PaintTest::aStrokeLiesInside()
     QCOMPARE(image.pixel(10, 20), qRgb(0, 0, 0));
     QCOMPARE(image.pixel(11, 20), qRgb(0, 0, 0));
     QCOMPARE(qAlpha(image.pixel(12, 20)), 0);
+}
+
+void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint_data()
+{
+    QTest::addColumn<double>("devicePixelRatio");
+    QTest::addColumn<QRect>("asked");
+    for (const double ratio : {1.0, 1.25, 2.0}) {
+        const auto row = [ratio](const char* name, const QRect& asked) {
+            QTest::addRow("%s at %g", name, ratio) << ratio << asked;
+        };
+        row("all", {0, 0, 100, 100});
+        row("a part of it", {30, 30, 20, 20});
+        row("its faint edge", {0, 70, 100, 8});
+        row("beside it", {80, 80, 10, 10});
+    }
+}
+
+void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint()
+{
+    QFETCH(const double, devicePixelRatio);
+    QFETCH(const QRect, asked);
+    class Widget final : public QWidget
+    {
+    public:
+        void paintEvent(QPaintEvent*) override
+        {
+            QPainter painter(this);
+            drawShadow(painter, QRectF(25, 25, 40, 40), 7,
+                       {.color = DS::black, .radius = 8, .offset = {0, 2}}, Scheme::Light);
+        }
+    };
+    Widget widget;
+    widget.resize(100, 100);
+    const auto picture = [&](const QRect& part) {
+        QImage image(widget.size() * devicePixelRatio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(devicePixelRatio);
+        image.fill(Qt::transparent);
+        widget.render(&image, part.topLeft(), part, {});
+        return image;
+    };
+    QImage expected(picture(widget.rect()).size(), QImage::Format_ARGB32_Premultiplied);
+    expected.setDevicePixelRatio(devicePixelRatio);
+    expected.fill(Qt::transparent);
+    QPainter painter(&expected);
+    painter.setClipRect(asked);
+    drawShadow(painter, QRectF(25, 25, 40, 40), 7, {.color = DS::black, .radius = 8, .offset = {0, 2}},
+               Scheme::Light);
+    painter.end();
+    QCOMPARE(picture(asked), expected);
 }
 
 void PaintTest::aShadowTellsHowFarItReaches_data()

@@ -105,24 +105,17 @@ void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme 
 
 void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius)
 {
-    const int columns = static_cast<int>(std::ceil(rect.width() / checkerCell));
-    const int rows = static_cast<int>(std::ceil(rect.height() / checkerCell));
-    if (columns <= 0 || rows <= 0) {
-        return;
-    }
-    QPainterPath dark;
-    for (int row = 0; row < rows; ++row) {
-        for (int column = (row + 1) % 2; column < columns; column += 2) {
-            dark.addRect(rect.x() + column * checkerCell, rect.y() + row * checkerCell, checkerCell,
-                         checkerCell);
-        }
-    }
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipPath(roundedPath(rect, radius), Qt::IntersectClip);
-    painter.fillRect(rect, Qt::white);
-    painter.fillPath(dark, darkCheck);
-    painter.restore();
+    // A texture of a pixel per cell: as a path of its own each cell would cost as much as the rounded shape.
+    static const QImage cells = [] {
+        QImage image(2, 2, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        image.setPixelColor(1, 0, darkCheck);
+        image.setPixelColor(0, 1, darkCheck);
+        return image;
+    }();
+    QBrush brush(cells);
+    brush.setTransform(QTransform::fromTranslate(rect.x(), rect.y()).scale(checkerCell, checkerCell));
+    fillRounded(painter, rect, radius, brush);
 }
 
 } // namespace tintwick

@@ -5,7 +5,9 @@
 
 #include <QCache>
 #include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QRegion>
 
 #include <algorithm>
 #include <cmath>
@@ -136,6 +138,13 @@ QImage cached(QCache<Key, QImage>& cache, const Key& key, const Make& make)
     return made;
 }
 
+/// Whether a rectangle is in what a widget is asked to paint. Of a long list in a scroll area most is not.
+bool canBeSeen(const QPainter& painter, const QRectF& rect)
+{
+    const QRegion asked = painter.paintEngine()->systemClip();
+    return asked.isEmpty() || asked.intersects(painter.deviceTransform().mapRect(rect).toAlignedRect());
+}
+
 int blurs = 0;
 
 QImage shadowOf(const Key& key)
@@ -169,11 +178,14 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
     if (color.alpha() == 0) {
         return;
     }
+    const int reach = reachOf(shadow.radius);
+    const QRectF target = rect.translated(shadow.offset).adjusted(-reach, -reach, reach, reach);
+    if (!canBeSeen(painter, target)) {
+        return;
+    }
     const double fitting = std::min({cornerRadius, rect.width() / 2, rect.height() / 2});
     const QImage image = shadowOf({{fitting, shadow.radius, devicePixelRatioOf(painter)}, color.rgba()});
 
-    const int reach = reachOf(shadow.radius);
-    const QRectF target = rect.translated(shadow.offset).adjusted(-reach, -reach, reach, reach);
     const double part = cornerPart(fitting, shadow.radius);
     const double side = 2 * part + 1;
     const double pixel = image.width() / side;
