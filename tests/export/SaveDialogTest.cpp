@@ -63,7 +63,9 @@ void SaveDialogTest::theQuestionWearsWhatTheDialogWears()
     QFile there(dark.folder.filePath(u"a.css"_s));
     QVERIFY(there.open(QIODevice::WriteOnly));
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
-    dark.dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    const auto* buttons = dark.dialog->findChild<QDialogButtonBox*>();
+    QVERIFY(buttons != nullptr);
+    buttons->button(QDialogButtonBox::Save)->click();
     auto* question = dark.dialog->findChild<QMessageBox*>();
     QVERIFY(question != nullptr);
     QVERIFY(question->isVisible());
@@ -84,7 +86,9 @@ void SaveDialogTest::soDoesTheListOfNames()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
-    QAbstractItemView* names = dark.dialog->findChild<QLineEdit*>()->completer()->popup();
+    const auto* field = dark.dialog->findChild<QLineEdit*>();
+    QVERIFY(field != nullptr);
+    QAbstractItemView* names = field->completer()->popup();
     names->show();
     QCOMPARE(groundOf(*names), darkGround);
 }

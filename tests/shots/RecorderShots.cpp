@@ -80,6 +80,10 @@ void shootRecorder(const QDir& folder)
     };
     shootState(u"idle"_s, [](DemoRecorders&) {});
     shootState(u"focus"_s, [](DemoRecorders& demo) { demo.recorder().setFocus(Qt::TabFocusReason); });
+    shootState(u"keypad"_s, [](DemoRecorders& demo) {
+        demo.recorder().startRecording();
+        demo.press(keycode::keypad5, modifier::control | modifier::option);
+    });
     shootState(u"recording"_s, [](DemoRecorders& demo) { demo.recorder().startRecording(); });
     shootState(u"recording-empty"_s, [](DemoRecorders& demo) { demo.empty().startRecording(); });
     shootState(u"alert-menu"_s, [](DemoRecorders& demo) {
