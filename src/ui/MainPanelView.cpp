@@ -8,6 +8,7 @@
 #include "ui/DashboardView.h"
 #include "ui/HistoryDetailView.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/CrossFade.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Paint.h"
@@ -141,9 +142,11 @@ void MainPanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
     if (m_selectedCollectionId == id) {
         return;
     }
+    const bool showedFocusRing = showsFocusRing();
     m_selectedCollectionId = id;
     showHeader();
     showScreen();
+    hideFocusRingUnless(showedFocusRing);
 }
 
 void MainPanelView::setShowingSettings(bool shows)
@@ -151,9 +154,27 @@ void MainPanelView::setShowingSettings(bool shows)
     if (m_showingSettings == shows) {
         return;
     }
+    const bool showedFocusRing = showsFocusRing();
     m_showingSettings = shows;
     crossFade(*m_header, [this] { showHeader(); });
     showScreen();
+    hideFocusRingUnless(showedFocusRing);
+}
+
+bool MainPanelView::showsFocusRing() const
+{
+    const auto* focused = dynamic_cast<const Clickable*>(window()->focusWidget());
+    return focused != nullptr && focused->showsFocusRing();
+}
+
+// What hides while it has the focus hands it on as Tab would, and a ring would appear before who only clicks.
+void MainPanelView::hideFocusRingUnless(bool showedFocusRing)
+{
+    QWidget* focused = window()->focusWidget();
+    if (focused != nullptr && !showedFocusRing) {
+        focused->clearFocus();
+        focused->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 QWidget& MainPanelView::currentScreen() const

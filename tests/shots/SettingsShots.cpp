@@ -46,7 +46,7 @@ public:
         m_view = new InlineSettingsView(m_appState,
                                         {m_shortcuts, m_platform.recording, m_platform.layout,
                                          [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
-                                        m_platform.grabber, *this, [] {});
+                                        m_platform.grabber, *this);
         m_view->setParent(this);
         m_view->setTab(tab);
         setFixedSize(380, 580);

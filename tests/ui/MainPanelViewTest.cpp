@@ -8,6 +8,7 @@
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/ScrollArea.h"
 
 #include <QScrollBar>
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void aCollectionThatIsDeletedGivesWayToTheDashboard();
     void theGearOpensTheSettingsAndDoneClosesThem();
     void theSettingsComeBackToWhereTheyWereOpened();
+    void whoOnlyClicksSeesNoFocusRing();
     void thePillIsNotInTheSettings();
     void aLongNameLeavesTheButtonsTheirPlace();
     void altLeftLeadsBack();
@@ -274,6 +276,25 @@ void MainPanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
     panel.view->setShowingSettings(false);
     QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
     QVERIFY(button(panel, QStringLiteral("Back from All History")));
+}
+
+void MainPanelViewTest::whoOnlyClicksSeesNoFocusRing()
+{
+    const PanelFixture panel;
+    const auto showsRing = [&] {
+        const auto* focused = dynamic_cast<const Clickable*>(panel.view->focusWidget());
+        return focused != nullptr && focused->showsFocusRing();
+    };
+    toggle(panel)->setFocus(Qt::ActiveWindowFocusReason);
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!showsRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.view->focusWidget());
+    QVERIFY(!showsRing());
+
+    button(panel, QStringLiteral("Settings"))->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button(panel, QStringLiteral("Settings")), Qt::Key_Return);
+    QVERIFY(showsRing());
 }
 
 void MainPanelViewTest::thePillIsNotInTheSettings()

@@ -53,6 +53,24 @@ private:
     QString m_scheme;
 };
 
+/// The keys that reach a window, or pass through it.
+class KeysSeen final : public QObject
+{
+public:
+    explicit KeysSeen(QWidget& window) { window.installEventFilter(this); }
+
+    QList<int> keys;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            keys.append(static_cast<QKeyEvent*>(event)->key());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 /// What a program that starts now would read.
 QJsonObject storedData()
 {
@@ -86,7 +104,7 @@ private Q_SLOTS:
     void nothingIsCutOff();
     void tabGoesFromTopToBottom();
     void itTakesTheKeysWhenItComes();
-    void escapeIsDone();
+    void escapeIsLeftToThePanel();
 
     void theTabShowsWhatIsStored_data();
     void theTabShowsWhatIsStored();
@@ -260,14 +278,15 @@ void InlineSettingsViewTest::itTakesTheKeysWhenItComes()
     QCOMPARE(fixture.panel.focusWidget(), reached);
 }
 
-void InlineSettingsViewTest::escapeIsDone()
+void InlineSettingsViewTest::escapeIsLeftToThePanel()
 {
-    const SettingsFixture fixture;
+    SettingsFixture fixture;
+    KeysSeen seen(fixture.panel);
     QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Escape);
-    QCOMPARE(fixture.done, 1);
+    QCOMPARE(seen.keys, QList<int>{Qt::Key_Escape});
     fixture.segment(u"Shape"_s, u"Square"_s)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Escape);
-    QCOMPARE(fixture.done, 2);
+    QCOMPARE(seen.keys, (QList<int>{Qt::Key_Escape, Qt::Key_Escape}));
 }
 
 void InlineSettingsViewTest::theTabShowsWhatIsStored_data()
