@@ -172,18 +172,12 @@ public:
     {
         return waitUntil([&] { return !isAccent(seen(place::pickButton)); });
     }
-    [[nodiscard]] xcb_window_t focusedWindow()
-    {
-        xcb_connection_t* c = desktop.connection().get();
-        const ServerReply<xcb_get_input_focus_reply_t> reply(
-            xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-        return reply ? reply->focus : XCB_NONE;
-    }
     [[nodiscard]] bool canTypeInto(const QByteArray& title)
     {
         return waitUntil([&] {
             return desktop.connection().inputIsFree() &&
-                   desktop.connection().property(focusedWindow(), "_NET_WM_NAME") == title;
+                   desktop.connection().property(desktop.connection().focusedWindow(), "_NET_WM_NAME") ==
+                       title;
         });
     }
     /// Waits until all keys go to one receiver alone, such as a menu.
@@ -201,8 +195,7 @@ public:
         if (!program.waitForTrayIcon()) {
             return false;
         }
-        desktop.movePointer(program.trayIcon().center());
-        desktop.click();
+        desktop.clickAt(program.trayIcon().center());
         if (!program.waitForPanel()) {
             return false;
         }
@@ -305,7 +298,7 @@ public:
         }
         // It looks at the folder first, and may go on with the name it suggests until it has. Below its middle is the
         // caret, which never rests.
-        const QRect dialog = desktop.connection().geometry(focusedWindow());
+        const QRect dialog = desktop.connection().geometry(desktop.connection().focusedWindow());
         static_cast<void>(desktop.settledScreenshot(QRect(dialog.topLeft(), dialog.size() / 2)));
         type(path);
         desktop.typeKey(XK_Return);
