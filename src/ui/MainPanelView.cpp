@@ -164,7 +164,7 @@ QWidget& MainPanelView::currentScreen() const
 
 bool MainPanelView::isInScreen(const QWidget* widget) const
 {
-    return widget == &screen() || screen().isAncestorOf(widget);
+    return widget == &currentScreen() || currentScreen().isAncestorOf(widget);
 }
 
 MainPanelView::ScreenChoice MainPanelView::chosenScreen() const

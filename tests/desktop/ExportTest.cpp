@@ -62,11 +62,7 @@ enum class Export { Png = 1, Json = 2, Css = 3 };
 
 void keepOnePalette(const PrivateDesktop& desktop)
 {
-    const QString folder = desktop.dataHome() + u"/Tintwick"_s;
-    QVERIFY(QDir().mkpath(folder));
-    QFile file(folder + u"/data.json"_s);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(R"({"history": [
+    keepData(desktop, R"({"history": [
         {"id": "3F2504E0-4F89-41D3-9A0C-0305E82C3301", "red": 1, "green": 0, "blue": 1, "alpha": 1,
          "capturedAt": "2026-01-02T03:04:05Z", "customName": "Magenta"},
         {"id": "3F2504E0-4F89-41D3-9A0C-0305E82C3302", "red": 0, "green": 0.5, "blue": 1, "alpha": 1,
@@ -82,12 +78,6 @@ QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void clickAt(PrivateDesktop& desktop, QPoint position, Button button = Button::Left)
-{
-    desktop.movePointer(position);
-    desktop.click(button);
 }
 
 /// Waits while the objects that this process has on a bus answer.
@@ -115,8 +105,11 @@ public:
 
     [[nodiscard]] bool openPanel()
     {
-        return program.waitForTrayIcon() &&
-               (clickAt(desktop, program.trayIcon().center()), program.waitForPanel());
+        if (!program.waitForTrayIcon()) {
+            return false;
+        }
+        desktop.clickAt(program.trayIcon().center());
+        return program.waitForPanel();
     }
 
     /// Chooses an export in the card's menu.
@@ -124,7 +117,7 @@ public:
     {
         // Two quick clicks at the same place would be one double click.
         m_onCard += QPoint(20, 0);
-        clickAt(desktop, program.panel().topLeft() + m_onCard, Button::Right);
+        desktop.clickAt(program.panel().topLeft() + m_onCard, Button::Right);
         if (!waitServing(
                 [&] { return !program.menuPlace().isEmpty() && !desktop.connection().inputIsFree(); })) {
             return false;
@@ -152,10 +145,7 @@ public:
 
     [[nodiscard]] bool hasFocus(xcb_window_t window)
     {
-        xcb_connection_t* c = desktop.connection().get();
-        const ServerReply<xcb_get_input_focus_reply_t> reply(
-            xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-        return reply && reply->focus == window;
+        return desktop.connection().focusedWindow() == window;
     }
 
     /// Waits for so many save dialogs, of which the newest takes the keys.
@@ -173,7 +163,7 @@ public:
     [[nodiscard]] bool focusDialog()
     {
         const xcb_window_t dialog = windows("Save As").back();
-        clickAt(desktop, desktop.connection().geometry(dialog).topLeft() + QPoint(4, 4));
+        desktop.clickAt(desktop.connection().geometry(dialog).topLeft() + QPoint(4, 4));
         return waitServing([&] { return hasFocus(dialog); });
     }
 
@@ -347,7 +337,7 @@ void ExportTest::theSuggestedNameIsTaken()
              QStringList{name});
 
     // A click elsewhere is one again.
-    clickAt(desk.desktop, {40, 700});
+    desk.desktop.clickAt({40, 700});
     QVERIFY(desk.program.waitForPanelToHide());
 }
 
@@ -375,7 +365,7 @@ void ExportTest::cancellingLeavesNothing()
     QVERIFY(desk.waitForDialogs(0));
     QVERIFY(!desk.program.panel().isEmpty());
     // The program has dealt with the end of the dialog once it lets a click elsewhere hide the panel.
-    clickAt(desk.desktop, {40, 700});
+    desk.desktop.clickAt({40, 700});
     QVERIFY(desk.program.waitForPanelToHide());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList({u"*palette*"_s}), QStringList());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList(), before);
@@ -397,7 +387,7 @@ void ExportTest::replacingAsksAndHoldsUpNothing()
 
     // The panel still works.
     desk.desktop.takeClipboard("other");
-    clickAt(desk.desktop, desk.program.panel().topLeft() + firstSwatch);
+    desk.desktop.clickAt(desk.program.panel().topLeft() + firstSwatch);
     QVERIFY(desk.program.waitForClipboard("#FF00FF"));
 
     // "No" comes first, and goes back to the dialog.
@@ -422,7 +412,7 @@ void ExportTest::whileADialogIsOpenThePanelWorksAndStays()
     QVERIFY(desk.waitForDialogs(1));
     // Neither a click on the dialog nor one elsewhere.
     QVERIFY(desk.focusDialog());
-    clickAt(desk.desktop, {40, 700});
+    desk.desktop.clickAt({40, 700});
 
     QVERIFY(desk.choose(Export::Css));
     QVERIFY(desk.waitForDialogs(2));
@@ -565,7 +555,7 @@ void ExportTest::whatThePortalDoesNotChooseIsNotWritten()
     portal.answer(code, uri.isEmpty() ? uri : uri.arg(desk.desktop.homeFolder()));
     // The program has taken the answer once it lets a click elsewhere hide the panel.
     QVERIFY(waitServing([&] {
-        clickAt(desk.desktop, {40, 700});
+        desk.desktop.clickAt({40, 700});
         return desk.program.panel().isEmpty();
     }));
     QVERIFY(!QFile::exists(desk.home(u"x.json"_s)));
@@ -582,13 +572,13 @@ void ExportTest::aClickInThePortalsDialogLeavesThePanel()
     QVERIFY(desk.choose(Export::Json));
     QVERIFY(waitServing([&] { return portal.questionCount() == 1; }));
     dialog.show();
-    clickAt(desk.desktop, {140, 400});
+    desk.desktop.clickAt({140, 400});
     QVERIFY(waitServing([&] {
         desk.desktop.connection().dispatchEvents();
         return !dialog.events().empty();
     }));
     // What the panel does later shows that it has heard of the click before.
-    clickAt(desk.desktop, desk.program.panel().topLeft() + firstSwatch);
+    desk.desktop.clickAt(desk.program.panel().topLeft() + firstSwatch);
     QVERIFY(desk.program.waitForClipboard("#FF00FF"));
     QVERIFY(!desk.program.panel().isEmpty());
 
@@ -597,8 +587,8 @@ void ExportTest::aClickInThePortalsDialogLeavesThePanel()
     QVERIFY(waitServing([&] { return portal.questionCount() == 2; }));
     portal.answer(0, QUrl::fromLocalFile(desk.home(u"x.css"_s)).toString());
     QVERIFY(waitServing([&] { return contentOf(desk.home(u"x.css"_s)) == css; }));
-    clickAt(desk.desktop, {140, 400});
-    clickAt(desk.desktop, desk.program.panel().topLeft() + firstSwatch);
+    desk.desktop.clickAt({140, 400});
+    desk.desktop.clickAt(desk.program.panel().topLeft() + firstSwatch);
     QVERIFY(!desk.program.panel().isEmpty());
 }
 

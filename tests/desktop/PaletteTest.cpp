@@ -1,8 +1,6 @@
 #include "desktop/TintwickProcess.h"
 #include "support/WaitUntil.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTest>
@@ -30,21 +28,18 @@ constexpr int rowHeight = 54;
 /// A red, a green and a blue colour in one palette.
 void keepAPalette(const PrivateDesktop& desktop)
 {
-    const QString folder = desktop.dataHome() + u"/Tintwick"_s;
-    QVERIFY(QDir().mkpath(folder));
-    QFile file(folder + u"/data.json"_s);
-    QVERIFY(file.open(QIODevice::WriteOnly));
     const auto color = [](const QString& id, const char* components) {
         return R"({"id": ")" + id.toUtf8() + R"(", )" + components +
                R"(, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"})";
     };
-    file.write(
+    keepData(
+        desktop,
         R"({"history": [)" + color(ids[0], R"("red": 1, "green": 0, "blue": 0)") + ", " +
-        color(ids[1], R"("red": 0, "green": 1, "blue": 0)") + ", " +
-        color(ids[2], R"("red": 0, "green": 0, "blue": 1)") +
-        R"(], "collections": [{"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [")" +
-        ids.join(uR"(", ")"_s).toUtf8() +
-        R"("], "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"}], "defaultFormat": "HEX"})");
+            color(ids[1], R"("red": 0, "green": 1, "blue": 0)") + ", " +
+            color(ids[2], R"("red": 0, "green": 0, "blue": 1)") +
+            R"(], "collections": [{"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [")" +
+            ids.join(uR"(", ")"_s).toUtf8() +
+            R"("], "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"}], "defaultFormat": "HEX"})");
 }
 
 QStringList storedIds(const TintwickProcess& program)
@@ -81,13 +76,11 @@ bool PaletteTest::openPalette(PrivateDesktop& desktop, TintwickProcess& program)
     if (!program.waitForTrayIcon()) {
         return false;
     }
-    desktop.movePointer(program.trayIcon().center());
-    desktop.click();
+    desktop.clickAt(program.trayIcon().center());
     if (!program.waitForPanel()) {
         return false;
     }
-    desktop.movePointer(program.panel().topLeft() + card);
-    desktop.click();
+    desktop.clickAt(program.panel().topLeft() + card);
     return waitUntil([&] { return rowColor(desktop, program, 2) == qRgb(0, 0, 255); });
 }
 

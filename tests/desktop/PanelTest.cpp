@@ -2,8 +2,6 @@
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTest>
@@ -29,37 +27,19 @@ constexpr QPoint card(190, 355);
 
 void keepOneColor(const PrivateDesktop& desktop, bool withCollection)
 {
-    const QString folder = desktop.dataHome() + u"/Tintwick"_s;
-    QVERIFY(QDir().mkpath(folder));
-    QFile file(folder + u"/data.json"_s);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(R"({"history": [{"id": ")" + colorId.toUtf8() +
-               R"(", "red": 1, "green": 0, "blue": 1, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"}],)"
-               R"( "collections": [)");
-    if (withCollection) {
-        file.write(R"({"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [],)"
-                   R"( "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"})");
-    }
-    file.write(R"(], "defaultFormat": "HEX"})");
+    const QByteArray collection =
+        R"({"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [],)"
+        R"( "createdAt": "2026-01-02T03:04:05Z", "icon": "paintpalette.fill"})";
+    keepData(desktop,
+             R"({"history": [{"id": ")" + colorId.toUtf8() +
+                 R"(", "red": 1, "green": 0, "blue": 1, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"}],)"
+                 R"( "collections": [)" +
+                 (withCollection ? collection : QByteArray()) + R"(], "defaultFormat": "HEX"})");
 }
 
 QJsonArray collections(const TintwickProcess& program)
 {
     return program.data().value("collections"_L1).toArray();
-}
-
-void clickAt(PrivateDesktop& desktop, QPoint position, Button button = Button::Left)
-{
-    desktop.movePointer(position);
-    desktop.click(button);
-}
-
-xcb_window_t focusedWindow(const DesktopConnection& connection)
-{
-    xcb_connection_t* c = connection.get();
-    const ServerReply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-    return reply ? reply->focus : XCB_NONE;
 }
 
 } // namespace
@@ -111,11 +91,11 @@ void PanelTest::theTrayIconTogglesThePanelUnderIt()
     const QRect icon = program.trayIcon();
     const QPoint middle = icon.center();
     for (int round = 0; round < 3; ++round) {
-        clickAt(desktop, middle);
+        desktop.clickAt(middle);
         QVERIFY(program.waitForPanel());
         QCOMPARE(program.panel(),
                  QRect(icon.x() + icon.width() / 2 - 190, icon.y() + icon.height(), 380, 580));
-        clickAt(desktop, middle);
+        desktop.clickAt(middle);
         QVERIFY(program.waitForPanelToHide());
     }
 }
@@ -127,7 +107,7 @@ void PanelTest::fromATrayAtTheFootThePanelStandsUp()
                                                   u"--widthtype"_s, u"request"_s, u"--height"_s, u"24"_s});
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     QCOMPARE(program.panel(), QRect(1280 - 8 - 380, program.trayIcon().y() - 580, 380, 580));
 }
@@ -153,21 +133,21 @@ void PanelTest::aClickElsewhereHidesIt()
     }
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
 
     // Neither the wheel nor the pointer alone.
     desktop.movePointer({140, 400});
     desktop.scroll(-1);
-    clickAt(desktop, program.panel().topLeft() + header);
+    desktop.clickAt(program.panel().topLeft() + header);
     QVERIFY(!program.panel().isEmpty());
 
     other.forgetEvents();
-    clickAt(desktop, {140, 400}, button);
+    desktop.clickAt({140, 400}, button);
     QVERIFY(program.waitForPanelToHide());
     // The other program gets its click all the same.
     QCOMPARE(!other.events().empty(), onAWindow);
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
 }
 
@@ -180,9 +160,9 @@ void PanelTest::aClickInsideActsAtOnceAndLeavesIt()
     other.show();
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
-    clickAt(desktop, program.panel().topLeft() + firstSwatch);
+    desktop.clickAt(program.panel().topLeft() + firstSwatch);
     QVERIFY(program.waitForClipboard("#FF00FF"));
     QVERIFY(!program.panel().isEmpty());
 }
@@ -194,13 +174,13 @@ void PanelTest::theMenuOfTheIconLeavesTheToggleAlone()
     QVERIFY(program.openMenu());
     desktop.typeKey(XK_Escape);
     QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     QVERIFY(program.openMenu());
     desktop.typeKey(XK_Escape);
     QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
     QVERIFY(!program.panel().isEmpty());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanelToHide());
 }
 
@@ -217,15 +197,11 @@ void PanelTest::theMenuOfTheIconIsDressedLikeThePanel()
     QFETCH(const QByteArray, preference);
     QFETCH(const QRgb, ground);
     PrivateDesktop desktop({});
-    QVERIFY(QDir().mkpath(desktop.configHome() + u"/Tintwick"_s));
-    QFile settings(desktop.configHome() + u"/Tintwick/Tintwick.conf"_s);
-    QVERIFY(settings.open(QIODevice::WriteOnly));
-    settings.write("[General]\ncolorSchemePref=" + preference + '\n');
-    settings.close();
+    keepPreferences(desktop, "colorSchemePref=" + preference + '\n');
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     // The panel is there, so what it looks like is known.
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     QVERIFY(program.openMenu());
     const QRect menu = program.menuPlace();
@@ -241,7 +217,7 @@ void PanelTest::withoutACompositorItsCornersAreCutOff()
     behind.lower();
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     const QRect panel = program.panel();
     const QRgb ground = qRgb(0xF5, 0xF5, 0xF7);
@@ -277,7 +253,7 @@ void PanelTest::withACompositorItCastsOneShadow()
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     for (int round = 0; round < 2; ++round) {
-        clickAt(desktop, program.trayIcon().center());
+        desktop.clickAt(program.trayIcon().center());
         QVERIFY(program.waitForPanel());
         const QRect panel = program.panel();
         const auto grayAt = [&](int x, int y) { return qGray(desktop.pixel({x, y})); };
@@ -292,7 +268,7 @@ void PanelTest::withACompositorItCastsOneShadow()
         QVERIFY(isNear(grayAt(panel.left() - 1, panel.center().y()), 176));
         QVERIFY(isNear(grayAt(panel.right() + 1, panel.center().y()), 176));
         // What lies under the shadow is clicked.
-        clickAt(desktop, {x, below + 10});
+        desktop.clickAt({x, below + 10});
         QVERIFY(program.waitForPanelToHide());
         QVERIFY(waitUntil([&] { return grayAt(x, below + 8) == 200; }));
     }
@@ -305,16 +281,16 @@ void PanelTest::appearingTakesNoFocusAndTypingWorks()
                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
     other.show();
     other.focus();
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
-    QCOMPARE(focusedWindow(desktop.connection()), other.id());
+    QCOMPARE(desktop.connection().focusedWindow(), other.id());
 
     // "Create your first palette", when there is no history either.
-    clickAt(desktop, program.panel().topLeft() + QPoint(190, 210));
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    desktop.clickAt(program.panel().topLeft() + QPoint(190, 210));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != other.id(); }));
     desktop.typeKey(XK_s);
     desktop.typeKey(XK_e);
     desktop.typeKey(XK_a);
@@ -328,11 +304,11 @@ void PanelTest::escapeHidesIt()
     PrivateDesktop desktop({});
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
-    const xcb_window_t before = focusedWindow(desktop.connection());
-    clickAt(desktop, program.panel().topLeft() + header);
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != before; }));
+    const xcb_window_t before = desktop.connection().focusedWindow();
+    desktop.clickAt(program.panel().topLeft() + header);
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != before; }));
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
 }
@@ -343,7 +319,7 @@ void PanelTest::aColorIsDraggedOntoACollection()
     keepOneColor(desktop, true);
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     const QPoint from = program.panel().topLeft() + firstSwatch;
     const QPoint to = program.panel().topLeft() + card;
@@ -372,9 +348,9 @@ void PanelTest::aPickFromThePanelHidesItFirst()
     behind.lower();
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
-    clickAt(desktop, program.panel().topLeft() + pickButton);
+    desktop.clickAt(program.panel().topLeft() + pickButton);
     QVERIFY(program.waitForLoupe());
     QVERIFY(program.panel().isEmpty());
     desktop.click();
@@ -414,9 +390,9 @@ void PanelTest::aTrayThatComesBackGetsTheIconBack()
     for (int round = 0; round < 2; ++round) {
         const auto tray = desktop.start(u"trayer"_s, arguments);
         QVERIFY(program.waitForTrayIcon());
-        clickAt(desktop, program.trayIcon().center());
+        desktop.clickAt(program.trayIcon().center());
         QVERIFY(program.waitForPanel());
-        clickAt(desktop, program.trayIcon().center());
+        desktop.clickAt(program.trayIcon().center());
         QVERIFY(program.waitForPanelToHide());
         tray->kill();
         QVERIFY(waitUntil([&] { return program.trayIcon().isEmpty(); }));
@@ -427,19 +403,15 @@ void PanelTest::aTrayThatComesBackGetsTheIconBack()
 void PanelTest::withoutATrayTheShortcutOpensIt()
 {
     PrivateDesktop desktop({.tray = false});
-    QVERIFY(QDir().mkpath(desktop.configHome() + u"/Tintwick"_s));
-    QFile settings(desktop.configHome() + u"/Tintwick/Tintwick.conf"_s);
-    QVERIFY(settings.open(QIODevice::WriteOnly));
     // Alt+Shift+O.
-    settings.write("[General]\n"
-                   R"(KeyboardShortcuts_openMainWindow="{\"carbonKeyCode\":31,\"carbonModifiers\":2560}")"
-                   "\n");
-    settings.close();
+    keepPreferences(desktop,
+                    R"(KeyboardShortcuts_openMainWindow="{\"carbonKeyCode\":31,\"carbonModifiers\":2560}")"
+                    "\n");
     TestWindow other(desktop.connection(),
                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
     other.show();
     other.focus();
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
 
     TintwickProcess program(desktop);
     const auto pressShortcut = [&] { desktop.typeKey(XK_o, {XK_Alt_L, XK_Shift_L}); };
@@ -450,16 +422,16 @@ void PanelTest::withoutATrayTheShortcutOpensIt()
     QVERIFY(program.waitForPanel());
     QCOMPARE(program.panel(), QRect(1280 - 8 - 380, 0, 380, 580));
 
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != other.id(); }));
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
 
     // One press shows it and lets it be typed into.
     other.focus();
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
     pressShortcut();
     QVERIFY(program.waitForPanel());
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) != other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != other.id(); }));
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
 }
@@ -470,7 +442,7 @@ void PanelTest::onALowScreenAllOfItIsOnTheScreen()
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     const QRect icon = program.trayIcon();
-    clickAt(desktop, icon.center());
+    desktop.clickAt(icon.center());
     QVERIFY(program.waitForPanel());
     QCOMPARE(program.panel().width(), 380);
     QVERIFY(program.panel().height() > 500);

@@ -8,18 +8,6 @@
 
 using namespace tintwick;
 
-namespace {
-
-xcb_window_t focusedWindow(const DesktopConnection& connection)
-{
-    xcb_connection_t* c = connection.get();
-    const ServerReply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-    return reply ? reply->focus : XCB_NONE;
-}
-
-} // namespace
-
 /// "Settings…" in the menu of the tray icon, and the window it opens.
 class SettingsWindowTest final : public QObject
 {
@@ -38,13 +26,13 @@ void SettingsWindowTest::theMenuOpensItWithTheKeyboard()
                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
     other.show();
     other.focus();
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == other.id(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
     TintwickProcess program(desktop);
     QVERIFY(program.openMenu());
     program.chooseSettings();
     QVERIFY(waitUntil([&] { return program.settingsWindow() != XCB_NONE; }));
     QCOMPARE(desktop.connection().geometry(program.settingsWindow()).width(), 320);
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == program.settingsWindow(); }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == program.settingsWindow(); }));
     QVERIFY(program.panel().isEmpty());
 }
 
@@ -56,7 +44,7 @@ void SettingsWindowTest::askedForAgainItComesToTheFront()
     program.chooseSettings();
     QVERIFY(waitUntil([&] { return program.settingsWindow() != XCB_NONE; }));
     const xcb_window_t window = program.settingsWindow();
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == window; }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == window; }));
 
     // Another program's window over most of it.
     const QPoint inside = desktop.connection().geometry(window).bottomRight() - QPoint(5, 5);
@@ -69,7 +57,7 @@ void SettingsWindowTest::askedForAgainItComesToTheFront()
     QVERIFY(program.openMenu());
     program.chooseSettings();
     QVERIFY(waitUntil([&] { return desktop.pixel(inside) == qRgb(0xF5, 0xF5, 0xF7); }));
-    QVERIFY(waitUntil([&] { return focusedWindow(desktop.connection()) == window; }));
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == window; }));
     QCOMPARE(program.settingsWindow(), window);
 }
 
@@ -82,7 +70,7 @@ void SettingsWindowTest::closingItQuitsNothing()
         program.chooseSettings();
         QVERIFY(waitUntil([&] {
             const xcb_window_t window = program.settingsWindow();
-            return window != XCB_NONE && focusedWindow(desktop.connection()) == window;
+            return window != XCB_NONE && desktop.connection().focusedWindow() == window;
         }));
         desktop.typeKey(XK_F4, {XK_Alt_L});
         QVERIFY(waitUntil([&] { return program.settingsWindow() == XCB_NONE; }));

@@ -2,7 +2,9 @@
 
 #include "support/WaitUntil.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 
 #include <X11/keysym.h>
@@ -13,6 +15,19 @@
 #include <cstdlib>
 
 namespace tintwick {
+
+namespace {
+
+void write(const QString& path, const QByteArray& contents)
+{
+    QFile file(path);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) ||
+        file.write(contents) != contents.size()) {
+        qFatal("cannot write %s", qUtf8Printable(path));
+    }
+}
+
+} // namespace
 
 TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment)
     : m_desktop(desktop)
@@ -318,6 +333,16 @@ QJsonObject TintwickProcess::data() const
 bool TintwickProcess::waitForClipboard(const QByteArray& text)
 {
     return waitUntil([&] { return m_desktop.clipboard() == text; });
+}
+
+void keepData(const PrivateDesktop& desktop, const QByteArray& json)
+{
+    write(desktop.dataHome() + QStringLiteral("/Tintwick/data.json"), json);
+}
+
+void keepPreferences(const PrivateDesktop& desktop, const QByteArray& lines)
+{
+    write(desktop.configHome() + QStringLiteral("/Tintwick/Tintwick.conf"), "[General]\n" + lines);
 }
 
 QRect loupePlace(QPoint pointer, const QRect& monitor, double scale, int side)

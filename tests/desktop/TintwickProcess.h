@@ -94,6 +94,11 @@ private:
     xcb_window_t m_loupe = XCB_NONE;
 };
 
+/// Leaves a data file for a program that is yet to start.
+void keepData(const PrivateDesktop& desktop, const QByteArray& json);
+/// The same with preferences, one "key=value" to a line.
+void keepPreferences(const PrivateDesktop& desktop, const QByteArray& lines);
+
 /// Where the loupe belongs for a pointer over a monitor, when its scope measures `side` points: the scope's
 /// middle on the pointer, pushed back to keep four points from the monitor's edges.
 [[nodiscard]] QRect loupePlace(QPoint pointer, const QRect& monitor, double scale = 1, int side = 130);

@@ -83,6 +83,13 @@ xcb_window_t DesktopConnection::selectionOwner(const QByteArray& selection)
     return reply ? reply->owner : xcb_window_t{XCB_NONE};
 }
 
+xcb_window_t DesktopConnection::focusedWindow() const
+{
+    const ServerReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    return reply ? reply->focus : XCB_NONE;
+}
+
 QByteArray DesktopConnection::property(xcb_window_t window, const QByteArray& name)
 {
     constexpr std::uint32_t longest = 1024;

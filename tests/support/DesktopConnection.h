@@ -52,6 +52,8 @@ public:
 
     /// XCB_NONE when nobody owns the selection.
     [[nodiscard]] xcb_window_t selectionOwner(const QByteArray& selection);
+    /// The window that keys go to now.
+    [[nodiscard]] xcb_window_t focusedWindow() const;
     /// The raw bytes of a property, empty when the window has none.
     [[nodiscard]] QByteArray property(xcb_window_t window, const QByteArray& name);
     [[nodiscard]] bool hasProperty(xcb_window_t window, const QByteArray& name);

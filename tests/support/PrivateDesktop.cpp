@@ -275,6 +275,12 @@ void PrivateDesktop::click(Button button)
     release(button);
 }
 
+void PrivateDesktop::clickAt(QPoint position, Button button)
+{
+    movePointer(position);
+    click(button);
+}
+
 void PrivateDesktop::scroll(int notches)
 {
     for (int i = 0; i < std::abs(notches); ++i) {

@@ -80,6 +80,7 @@ public:
     void press(Button button);
     void release(Button button);
     void click(Button button = Button::Left);
+    void clickAt(QPoint position, Button button = Button::Left);
     /// Turns the wheel by notches; positive is up.
     void scroll(int notches);
     /// Keys are keysyms (XK_Escape, ...).
