@@ -175,17 +175,9 @@ public:
     [[nodiscard]] bool canTypeInto(const QByteArray& title)
     {
         return waitUntil([&] {
-<<<<<<< HEAD
-            xcb_connection_t* c = desktop.connection().get();
-            const ServerReply<xcb_get_input_focus_reply_t> reply(
-                xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
-            return reply && desktop.connection().inputIsFree() &&
-                   desktop.connection().property(reply->focus, "_NET_WM_NAME") == title;
-=======
             return desktop.connection().inputIsFree() &&
                    desktop.connection().property(desktop.connection().focusedWindow(), "_NET_WM_NAME") ==
                        title;
->>>>>>> quality
         });
     }
     /// Waits until all keys go to one receiver alone, such as a menu.
@@ -304,15 +296,8 @@ public:
         if (!canTypeInto("Save As")) {
             return false;
         }
-<<<<<<< HEAD
         // The name it suggests is not always selected when the keys come to it.
         desktop.typeKey(XK_a, {XK_Control_L});
-=======
-        // It looks at the folder first, and may go on with the name it suggests until it has. Below its middle is the
-        // caret, which never rests.
-        const QRect dialog = desktop.connection().geometry(desktop.connection().focusedWindow());
-        static_cast<void>(desktop.settledScreenshot(QRect(dialog.topLeft(), dialog.size() / 2)));
->>>>>>> quality
         type(path);
         desktop.typeKey(XK_Return);
         if (!waitUntil([&] { return !contents(path).isEmpty(); })) {

@@ -387,7 +387,7 @@ void MainPanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
     const QAbstractButton* back = button(panel, QStringLiteral("Back from Sea and sand"));
     QVERIFY(back);
     QVERIFY(back->height() < 30);
-    QCOMPARE(tintwick::test::visibleTexts(panel.view->screen()).first(), QStringLiteral("Sea and sand"));
+    QCOMPARE(tintwick::test::visibleTexts(panel.view->currentScreen()).first(), QStringLiteral("Sea and sand"));
 }
 
 void MainPanelViewTest::everyControlTellsItsNameAndRole_data()
@@ -494,7 +494,7 @@ void MainPanelViewTest::aClickLeavesNoFocusRing()
     QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
     QVERIFY(!hasRing());
     // As the settings do, which take what is typed.
-    panel.view->screen().setFocus();
+    panel.view->currentScreen().setFocus();
     QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
