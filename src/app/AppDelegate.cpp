@@ -115,8 +115,7 @@ QWidget* AppDelegate::makeSettings(QWidget& panel)
     return new InlineSettingsView(m_appState,
                                   {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
                                    [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
-                                  m_platform->screenGrabber(), panel,
-                                  [this] { m_mainPanelView->setShowingSettings(false); });
+                                  m_platform->screenGrabber(), panel);
 }
 
 void AppDelegate::setupColorPickerService()

@@ -14,6 +14,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <cmath>
+
 namespace tintwick {
 
 namespace {
@@ -40,16 +42,6 @@ constexpr double previewGap = 4;
 constexpr Shadow shadowAtRest{DS::black.opacity(0.03), 3, QPointF(0, 2)};
 constexpr Shadow hoverShadow{DS::black.opacity(0.07), 8, QPointF(0, 2)};
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
-
-double mixed(double from, double to, double fraction)
-{
-    return from + (to - from) * fraction;
-}
-
-double fractionOf(const Spring& spring)
-{
-    return qBound(0.0, spring.position(), 1.0);
-}
 
 } // namespace
 
@@ -161,7 +153,7 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
 void CollectionRowCard::paintShadow(QPainter& painter) const
 {
     scaleAboutMiddle(painter, answerRect(), scale());
-    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, fractionOf(m_hover),
+    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, m_hover.fraction(),
                       Appearance::of(this));
 }
 
@@ -206,10 +198,10 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter, countText());
 
     const QColor hovered =
-        mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), fractionOf(m_hover));
+        mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), m_hover.fraction());
     strokeInside(painter, card, cardRadius,
-                 mixed(hovered, DS::accent.opacity(0.6).in(scheme), fractionOf(m_drop)),
-                 mixed(1, 1.5, fractionOf(m_drop)));
+                 mixed(hovered, DS::accent.opacity(0.6).in(scheme), m_drop.fraction()),
+                 std::lerp(1, 1.5, m_drop.fraction()));
     paintAnswer(painter);
 }
 

@@ -8,6 +8,7 @@
 #include "ui/DashboardView.h"
 #include "ui/HistoryDetailView.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/CrossFade.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/Paint.h"
@@ -21,7 +22,6 @@
 #include <QPainter>
 #include <QPalette>
 
-#include <algorithm>
 #include <utility>
 
 namespace tintwick {
@@ -92,21 +92,16 @@ QWidget* MainPanelView::backButton()
 
 QWidget* MainPanelView::settingsButton()
 {
-    auto* button = plainButton(
+    return squareButton(
         tr("Settings"), [this] { setShowingSettings(true); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
-        8);
-    button->setToolTip(tr("Settings"));
-    return button;
+        symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond));
 }
 
 QWidget* MainPanelView::colorSchemeToggle()
 {
     m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, DS::textSecond);
-    m_schemeToggle = plainButton(
-        {}, [this] { cycleColorScheme(); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8), m_schemeSymbol), 8);
+    m_schemeToggle = squareButton(
+        {}, [this] { cycleColorScheme(); }, m_schemeSymbol);
     return m_schemeToggle;
 }
 
@@ -144,9 +139,11 @@ void MainPanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
     if (m_selectedCollectionId == id) {
         return;
     }
+    const bool showedFocusRing = showsFocusRing();
     m_selectedCollectionId = id;
     showHeader();
     showScreen();
+    hideFocusRingUnless(showedFocusRing);
 }
 
 void MainPanelView::setShowingSettings(bool shows)
@@ -154,9 +151,27 @@ void MainPanelView::setShowingSettings(bool shows)
     if (m_showingSettings == shows) {
         return;
     }
+    const bool showedFocusRing = showsFocusRing();
     m_showingSettings = shows;
     crossFade(*m_header, [this] { showHeader(); });
     showScreen();
+    hideFocusRingUnless(showedFocusRing);
+}
+
+bool MainPanelView::showsFocusRing() const
+{
+    const auto* focused = dynamic_cast<const Clickable*>(window()->focusWidget());
+    return focused != nullptr && focused->showsFocusRing();
+}
+
+// What hides while it has the focus hands it on as Tab would, and a ring would appear before who only clicks.
+void MainPanelView::hideFocusRingUnless(bool showedFocusRing)
+{
+    QWidget* focused = window()->focusWidget();
+    if (focused != nullptr && !showedFocusRing) {
+        focused->clearFocus();
+        focused->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 QWidget& MainPanelView::screen() const
@@ -172,9 +187,7 @@ MainPanelView::ScreenChoice MainPanelView::chosenScreen() const
     if (m_selectedCollectionId == historySelectionId) {
         return {ScreenKind::History, {}};
     }
-    const auto& collections = m_appState.collections();
-    const bool exists = std::any_of(collections.begin(), collections.end(),
-                                    [this](const auto& each) { return each.id == m_selectedCollectionId; });
+    const bool exists = m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr;
     return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
 }
 
@@ -211,12 +224,9 @@ QString MainPanelView::selectionTitle() const
     if (m_selectedCollectionId == historySelectionId) {
         return tr("All History");
     }
-    for (const ColorCollection& collection : m_appState.collections()) {
-        if (collection.id == m_selectedCollectionId) {
-            return collection.name;
-        }
-    }
-    return tr("Palette");
+    const ColorCollection* collection =
+        m_selectedCollectionId ? m_appState.collection(*m_selectedCollectionId) : nullptr;
+    return collection != nullptr ? collection->name : tr("Palette");
 }
 
 void MainPanelView::showScreen()

@@ -72,6 +72,8 @@ private:
     [[nodiscard]] QWidget* makeScreen(const ScreenChoice& choice);
     void showHeader();
     void showScreen();
+    void hideFocusRingUnless(bool showedFocusRing);
+    [[nodiscard]] bool showsFocusRing() const;
     [[nodiscard]] QString selectionTitle() const;
 
     void cycleColorScheme();

@@ -1,18 +1,18 @@
 #include "ui/MainPanelView.h"
 
-#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionDetailView.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/CopiedPill.h"
 #include "ui/HistoryDetailView.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/ScrollArea.h"
 
 #include <QScrollBar>
 #include <QSettings>
-#include <QTemporaryDir>
 
 using namespace tintwick;
 using tintwick::test::PanelFixture;
@@ -37,6 +37,7 @@ private Q_SLOTS:
     void aCollectionThatIsDeletedGivesWayToTheDashboard();
     void theGearOpensTheSettingsAndDoneClosesThem();
     void theSettingsComeBackToWhereTheyWereOpened();
+    void whoOnlyClicksSeesNoFocusRing();
     void thePillIsNotInTheSettings();
     void aLongNameLeavesTheButtonsTheirPlace();
     void altLeftLeadsBack();
@@ -277,6 +278,25 @@ void MainPanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
     QVERIFY(button(panel, QStringLiteral("Back from All History")));
 }
 
+void MainPanelViewTest::whoOnlyClicksSeesNoFocusRing()
+{
+    const PanelFixture panel;
+    const auto showsRing = [&] {
+        const auto* focused = dynamic_cast<const Clickable*>(panel.view->focusWidget());
+        return focused != nullptr && focused->showsFocusRing();
+    };
+    toggle(panel)->setFocus(Qt::ActiveWindowFocusReason);
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!showsRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.view->focusWidget());
+    QVERIFY(!showsRing());
+
+    button(panel, QStringLiteral("Settings"))->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button(panel, QStringLiteral("Settings")), Qt::Key_Return);
+    QVERIFY(showsRing());
+}
+
 void MainPanelViewTest::thePillIsNotInTheSettings()
 {
     PanelFixture panel;
@@ -340,13 +360,6 @@ void MainPanelViewTest::theHeaderFadesFromOneScreenToTheOther()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Tintwick"));
-    QApplication::setApplicationName(QStringLiteral("Tintwick"));
-    MainPanelViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<MainPanelViewTest>(argc, argv);
 }
 #include "MainPanelViewTest.moc"

@@ -11,8 +11,6 @@
 #include <QLayoutItem>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace tintwick {
 
 namespace {
@@ -156,7 +154,7 @@ void Sheet::keyPressEvent(QKeyEvent* event)
 void Sheet::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const double shown = std::clamp(m_entrance.position(), 0.0, 1.0);
+    const double shown = m_entrance.fraction();
     fillRounded(painter, rect(), DS::panelRadius, DS::black.opacity(dimming * shown).in(Scheme::Light));
     painter.setOpacity(shown);
     paintShadowsOn(*this, painter);

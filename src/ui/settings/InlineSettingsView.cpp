@@ -6,8 +6,6 @@
 #include "ui/settings/DataSettingsTab.h"
 #include "ui/settings/GeneralSettingsTab.h"
 
-#include <QKeyEvent>
-
 #include <algorithm>
 #include <utility>
 
@@ -34,13 +32,11 @@ public:
 };
 
 InlineSettingsView::InlineSettingsView(AppState& appState, KeyboardShortcuts::RecorderServices recording,
-                                       const ScreenGrabber& grabber, QWidget& panel,
-                                       std::function<void()> onDone)
+                                       const ScreenGrabber& grabber, QWidget& panel)
     : m_appState(appState)
     , m_recording(std::move(recording))
     , m_grabber(grabber)
     , m_panel(panel)
-    , m_onDone(std::move(onDone))
     , m_tabPicker(new SegmentedPicker(tr("Tab"), titles(), 0))
     , m_screen(new Screen)
 {
@@ -83,15 +79,6 @@ void InlineSettingsView::showEvent(QShowEvent* event)
     if (!isAncestorOf(window()->focusWidget())) {
         setFocus();
     }
-}
-
-void InlineSettingsView::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape) {
-        m_onDone();
-        return;
-    }
-    View::keyPressEvent(event);
 }
 
 } // namespace tintwick

@@ -4,8 +4,6 @@
 #include "ui/kit/View.h"
 #include "ui/settings/SettingsTab.h"
 
-#include <functional>
-
 namespace tintwick {
 
 class AppState;
@@ -18,17 +16,15 @@ class InlineSettingsView final : public View
     Q_OBJECT
 
 public:
-    /// Alerts come up over `panel`, which contains the view. `onDone` is called when the user leaves the screen by Escape.
-    /// All else must outlive the view.
+    /// Alerts come up over `panel`, which contains the view. All must outlive the view.
     InlineSettingsView(AppState& appState, KeyboardShortcuts::RecorderServices recording,
-                       const ScreenGrabber& grabber, QWidget& panel, std::function<void()> onDone);
+                       const ScreenGrabber& grabber, QWidget& panel);
 
     [[nodiscard]] SettingsTab tab() const { return m_tab; }
     void setTab(SettingsTab tab);
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     class Screen;
@@ -39,7 +35,6 @@ private:
     KeyboardShortcuts::RecorderServices m_recording;
     const ScreenGrabber& m_grabber;
     QWidget& m_panel;
-    std::function<void()> m_onDone;
     SettingsTab m_tab = SettingsTab::General;
     SegmentedPicker* m_tabPicker;
     Screen* m_screen;

@@ -50,7 +50,7 @@ public:
             state,
             KeyboardShortcuts::RecorderServices{shortcuts, platform.recording, platform.layout,
                                                 [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
-            platform.grabber, panel, [this] { ++done; });
+            platform.grabber, panel);
         view->setParent(&panel);
         view->setGeometry(0, 51, 380, 529);
         view->show();
@@ -130,7 +130,6 @@ public:
     QWidget panel;
     Appearance appearance{panel};
     std::unique_ptr<InlineSettingsView> view;
-    int done = 0;
 };
 
 } // namespace tintwick::test
