@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -84,14 +85,16 @@ public:
     [[nodiscard]] bool waitForWindow()
     {
         return waitUntil([this] {
-            for (const xcb_window_t window : m_connection.tree(m_connection.root())) {
-                if (m_connection.property(window, "_NET_WM_NAME") == "Text Program" &&
-                    m_connection.isViewable(window)) {
-                    m_place = m_connection.geometry(window);
-                    return true;
-                }
+            const auto windows = m_connection.tree(m_connection.root());
+            const auto found = std::ranges::find_if(windows, [this](xcb_window_t window) {
+                return m_connection.property(window, "_NET_WM_NAME") == "Text Program" &&
+                       m_connection.isViewable(window);
+            });
+            if (found == windows.end()) {
+                return false;
             }
-            return false;
+            m_place = m_connection.geometry(*found);
+            return true;
         });
     }
     [[nodiscard]] QPoint text() const { return m_place.center() - QPoint(0, m_place.height() / 4); }
