@@ -227,7 +227,7 @@ QString MainPanelView::selectionTitle() const
 void MainPanelView::showSelection()
 {
     // Read first: what has the focus may be hidden, and the focus would stray.
-    const QPointer<QWidget> focused = window()->focusWidget();
+    QWidget* const focused = window()->focusWidget();
     const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
     const ScreenChoice before = m_shownScreen;
     const ScreenChoice now = chosenScreen();
