@@ -30,9 +30,10 @@ struct PanelAnchor
 /// How far the panel stays from the left and the right edge of what bars leave of the screen.
 inline constexpr int panelMargin = 8;
 
-/// The place of a panel of the given size, which is less high only where its screen has no room for it. It hangs centred from the lower edge of the anchor; where the
-/// screen ends before it does it stands on the upper edge, and where neither has room it comes out sideways.
-/// Without an anchor it is at the top right of the primary screen, which is the first one; without a screen at (0, 0).
+/// The place of a panel of the given size, which is less high only where its screen has no room for it. It hangs centred
+/// from the lower edge of the anchor; where the screen ends before it does it stands on the upper edge, and where neither
+/// has room it comes out sideways. Without an anchor it is at the top right of the primary screen, which is the first
+/// one; without a screen at (0, 0).
 [[nodiscard]] QRect placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, QSize panel);
 
 } // namespace tintwick

@@ -18,6 +18,7 @@ public:
     void showOn(const QScreen& screen);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     /// A file that is there is replaced only once the user has said so.
     void accept() override;
 };

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-// The modifiers of a shortcut have two encodings: Carbon's, which stored shortcuts use (the masks of `modifier` in
-// KeyCode.h), and AppKit's event flags, which name more than the five modifiers a shortcut can have.
+// The modifiers of a shortcut have two encodings: the masks of `modifier` in KeyCode.h, which stored shortcuts use, and
+// event flags, which name more than the five modifiers a shortcut can have.
 namespace tintwick::KeyboardShortcuts {
 
 namespace eventflag {

@@ -71,7 +71,7 @@ enum class SpecialKey : std::uint8_t {
 [[nodiscard]] QString displayText(SpecialKey key);
 
 /// The one character by which a menu item names the key: the control character that the key types, the digit or sign of
-/// a keypad key, otherwise AppKit's private-use character for function keys (U+F700 and up).
+/// a keypad key, otherwise a private-use character that stands for the key (U+F700 and up).
 [[nodiscard]] QChar menuKeyEquivalent(SpecialKey key);
 
 } // namespace tintwick::KeyboardShortcuts

@@ -10,6 +10,17 @@
 
 namespace tintwick {
 
+namespace {
+
+template <typename Collections>
+auto* firstOf(Collections& collections, const QUuid& id)
+{
+    const auto found = std::ranges::find(collections, id, &ColorCollection::id);
+    return found == collections.end() ? nullptr : &*found;
+}
+
+} // namespace
+
 AppState::AppState(QObject* parent)
     : AppState(
           [this](std::chrono::milliseconds delay, std::function<void()> action) {
@@ -28,6 +39,11 @@ AppState::AppState(RunLater runLater, QObject* parent)
         m_collections = std::move(payload->collections);
         m_defaultFormat = payload->defaultFormat;
     }
+}
+
+const ColorCollection* AppState::collection(const QUuid& id) const
+{
+    return firstOf(m_collections, id);
 }
 
 void AppState::setDefaultFormat(ColorFormat format)
@@ -187,8 +203,7 @@ void AppState::save() const
 
 ColorCollection* AppState::findCollection(const QUuid& id)
 {
-    const auto found = std::ranges::find(m_collections, id, &ColorCollection::id);
-    return found == m_collections.end() ? nullptr : &*found;
+    return firstOf(m_collections, id);
 }
 
 } // namespace tintwick

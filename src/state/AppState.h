@@ -40,6 +40,8 @@ public:
     /// Newest first, no more than `historyLimit` unless the data file held more.
     [[nodiscard]] const QList<CapturedColor>& history() const { return m_history; }
     [[nodiscard]] const QList<ColorCollection>& collections() const { return m_collections; }
+    /// The first collection of an id, or null; good until the collections change.
+    [[nodiscard]] const ColorCollection* collection(const QUuid& id) const;
 
     [[nodiscard]] ColorFormat defaultFormat() const { return m_defaultFormat; }
     /// Does not save.

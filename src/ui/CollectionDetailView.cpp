@@ -4,6 +4,7 @@
 #include "ui/Appearance.h"
 #include "ui/ColorDetailRow.h"
 #include "ui/DS.h"
+#include "ui/DetailScreen.h"
 #include "ui/ExportMenu.h"
 #include "ui/kit/Animator.h"
 #include "ui/kit/Button.h"
@@ -18,8 +19,6 @@
 #include "ui/kit/SymbolView.h"
 
 #include <QPainter>
-
-#include <algorithm>
 
 namespace tintwick {
 
@@ -67,7 +66,7 @@ protected:
     {
         const Scheme scheme = Appearance::of(this);
         QPainter painter(this);
-        painter.setOpacity(qBound(0.0, m_hover.position(), 1.0));
+        painter.setOpacity(m_hover.fraction());
         fillRounded(painter, rect(), dropFrameRadius, dropFrameTint.in(scheme));
         strokeInside(painter, rect(), dropFrameRadius, dropFrameLine.in(scheme), 1.5);
     }
@@ -81,7 +80,7 @@ private:
 CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
     : m_appState(appState)
     , m_collectionId(collectionId)
-    , m_empty(emptyState())
+    , m_empty(emptyState(u"paintpalette"_s, tr("No colors yet\nDrag swatches here from Recent History")))
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
     , m_scroll(verticalScroll(m_list))
     , m_rows(
@@ -118,14 +117,6 @@ QWidget* CollectionDetailView::toolbar()
     // clang-format on
 }
 
-QWidget* CollectionDetailView::emptyState()
-{
-    return column(
-        gap(8), fillWidth(), spacer(), symbol(u"paintpalette"_s, 28, SymbolWeight::Regular, DS::textThird),
-        label(tr("No colors yet\nDrag swatches here from Recent History"), DS::font(12), DS::textThird),
-        spacer());
-}
-
 bool CollectionDetailView::isDropTarget() const
 {
     return m_dropFrame->isShown();
@@ -138,17 +129,15 @@ QList<CapturedColor> CollectionDetailView::colors() const
 
 void CollectionDetailView::showCollection()
 {
-    const auto& collections = m_appState.collections();
-    const auto found = std::ranges::find(collections, m_collectionId, &ColorCollection::id);
-    if (found != collections.end()) {
-        m_collection = *found;
+    if (const ColorCollection* collection = m_appState.collection(m_collectionId)) {
+        m_collection = *collection;
     } else {
         m_collection.colorIds.clear();
     }
     const QList<CapturedColor> shown = colors();
     m_icon->setName(m_collection.icon);
     m_name->setText(inOneLine(m_collection.name));
-    m_count->setText(shown.size() == 1 ? tr("1 color") : tr("%1 colors").arg(shown.size()));
+    m_count->setText(colorCountText(shown.size()));
     m_export->setHasColors(!shown.isEmpty());
     m_rows.show(shown);
     m_empty->setVisible(shown.isEmpty());

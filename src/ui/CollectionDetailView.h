@@ -38,7 +38,6 @@ private:
     class DropFrame;
 
     [[nodiscard]] QWidget* toolbar();
-    [[nodiscard]] QWidget* emptyState();
     [[nodiscard]] QList<CapturedColor> colors() const;
 
     void showCollection();

@@ -45,19 +45,9 @@ constexpr Shadow shadowAtRest{DS::black.opacity(0.03), 3, QPointF(0, 2)};
 constexpr Shadow hoverShadow{DS::black.opacity(0.07), 8, QPointF(0, 2)};
 constexpr DS::Color iconShadow = DS::black.opacity(0.25);
 
-double mixed(double from, double to, double fraction)
-{
-    return from + (to - from) * fraction;
-}
-
 QFont nameFont()
 {
     return DS::font(14, QFont::Bold);
-}
-
-double fractionOf(const Spring& spring)
-{
-    return qBound(0.0, spring.position(), 1.0);
 }
 
 } // namespace
@@ -174,7 +164,7 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
 void CollectionRowCard::paintShadow(QPainter& painter) const
 {
     scaleAboutMiddle(painter, answerRect(), scale());
-    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, fractionOf(m_hover),
+    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, m_hover.fraction(),
                       Appearance::of(this));
 }
 
@@ -215,10 +205,10 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
                parts.chevron);
 
     const QColor hovered =
-        mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), fractionOf(m_hover));
+        mixed(DS::border.in(scheme), DS::accent.opacity(0.22).in(scheme), m_hover.fraction());
     strokeInside(painter, card, cardRadius,
-                 mixed(hovered, DS::accent.opacity(0.6).in(scheme), fractionOf(m_drop)),
-                 mixed(1, 1.5, fractionOf(m_drop)));
+                 mixed(hovered, DS::accent.opacity(0.6).in(scheme), m_drop.fraction()),
+                 std::lerp(1, 1.5, m_drop.fraction()));
     paintAnswer(painter);
 }
 

@@ -9,6 +9,7 @@
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/Paint.h"
+#include "ui/kit/ReorderList.h"
 #include "ui/kit/Shadow.h"
 #include "ui/kit/ShadowCaster.h"
 #include "ui/kit/Stack.h"
@@ -40,8 +41,6 @@ constexpr double shadowRadius = 4;
 constexpr QPointF shadowOffset(0, 2);
 
 constexpr double buttonRadius = 7;
-constexpr QMargins answerMargins(6, 1, 6, 1);
-constexpr double answerRadius = 12;
 
 } // namespace
 
@@ -210,12 +209,12 @@ void ColorDetailRow::hoverChanged()
 
 double ColorDetailRow::cornerRadius() const
 {
-    return answerRadius;
+    return ReorderList::plateRadius;
 }
 
 QRectF ColorDetailRow::answerRect() const
 {
-    return rect().marginsRemoved(answerMargins);
+    return rect().marginsRemoved(ReorderList::plateMargins);
 }
 
 void ColorDetailRow::paintEvent(QPaintEvent*)

@@ -33,7 +33,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           [this] {
               auto* swatch = new DashboardSwatchView(m_appState);
               connect(swatch, &DashboardSwatchView::stepRequested, this,
-                      [this, swatch](int columns) { moveFocus(*swatch, columns); });
+                      [this, swatch](int columns) { m_swatches.moveFocus(*swatch, columns); });
               return swatch;
           },
           [](DashboardSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
@@ -204,18 +204,6 @@ void DashboardView::orderFocus() const
     }
     next(m_createFirst);
     next(m_add);
-}
-
-void DashboardView::moveFocus(const DashboardSwatchView& from, int step) const
-{
-    qsizetype position = 0;
-    while (position < swatches().size() && swatches()[position] != &from) {
-        ++position;
-    }
-    const qsizetype target = position + step;
-    if (target >= 0 && target < swatches().size()) {
-        swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-    }
 }
 
 } // namespace tintwick

@@ -56,7 +56,6 @@ private:
     void showCollections();
     /// Tab goes through the screen from top to bottom, whatever came into it last.
     void orderFocus() const;
-    void moveFocus(const DashboardSwatchView& from, int step) const;
     void createCollection();
 
     AppState& m_appState;

@@ -2,6 +2,7 @@
 
 #include "state/AppState.h"
 #include "ui/DS.h"
+#include "ui/DetailScreen.h"
 #include "ui/ExportMenu.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
@@ -30,7 +31,7 @@ HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
           [this, &panel] {
               auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
               connect(swatch, &ColorSwatchView::stepRequested, this, [this, swatch](int columns, int rows) {
-                  moveFocus(*swatch, columns + rows * gridShape.columns);
+                  m_swatches.moveFocus(*swatch, columns + rows * gridShape.columns);
               });
               return swatch;
           },
@@ -40,7 +41,8 @@ HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
     setContent(column(
         toolbar(),
         rule(),
-        shownWhen(historyIsEmpty(), emptyState()),
+        shownWhen(historyIsEmpty(),
+            emptyState(u"eyedropper"_s, tr("No colors yet\nPress ⌥⇧C to snip a color"))),
         shownWhen(historyIsNotEmpty(), swatchGrid())));
     // clang-format on
 
@@ -57,21 +59,10 @@ QWidget* HistoryDetailView::toolbar()
 
 QWidget* HistoryDetailView::clearButton()
 {
-    const QString help = tr("Clear all history");
-    m_clear = plainButton(
-        help, [this] { m_appState.clearHistory(); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-            symbol(u"trash"_s, 13, SymbolWeight::Regular, DS::red.opacity(0.7))),
-        8);
-    m_clear->setToolTip(help);
+    m_clear = squareButton(
+        tr("Clear all history"), [this] { m_appState.clearHistory(); },
+        symbol(u"trash"_s, 13, SymbolWeight::Regular, DS::red.opacity(0.7)));
     return m_clear;
-}
-
-QWidget* HistoryDetailView::emptyState()
-{
-    return column(
-        gap(8), fillWidth(), spacer(), symbol(u"eyedropper"_s, 28, SymbolWeight::Regular, DS::textThird),
-        label(tr("No colors yet\nPress ⌥⇧C to snip a color"), DS::font(12), DS::textThird), spacer());
 }
 
 QWidget* HistoryDetailView::swatchGrid()
@@ -93,10 +84,7 @@ Bound<bool> HistoryDetailView::historyIsNotEmpty() const
 
 Bound<QString> HistoryDetailView::countText() const
 {
-    return bound([this] {
-               const qsizetype count = m_appState.history().size();
-               return count == 1 ? tr("1 color") : tr("%1 colors").arg(count);
-           })
+    return bound([this] { return colorCountText(m_appState.history().size()); })
         .changedBy(m_appState, &AppState::historyChanged);
 }
 
@@ -113,18 +101,6 @@ void HistoryDetailView::orderFocus() const
     for (QWidget* swatch : swatches()) {
         setTabOrder(before, swatch);
         before = swatch;
-    }
-}
-
-void HistoryDetailView::moveFocus(const ColorSwatchView& from, int step) const
-{
-    qsizetype position = 0;
-    while (position < swatches().size() && swatches()[position] != &from) {
-        ++position;
-    }
-    const qsizetype target = position + step;
-    if (target >= 0 && target < swatches().size()) {
-        swatches()[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
     }
 }
 

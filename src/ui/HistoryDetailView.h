@@ -26,7 +26,6 @@ public:
 private:
     [[nodiscard]] QWidget* toolbar();
     [[nodiscard]] QWidget* clearButton();
-    [[nodiscard]] QWidget* emptyState();
     [[nodiscard]] QWidget* swatchGrid();
 
     [[nodiscard]] Bound<bool> historyIsEmpty() const;
@@ -36,7 +35,6 @@ private:
     void showHistory();
     /// Tab goes from the toolbar through the grid, whatever came into it last.
     void orderFocus() const;
-    void moveFocus(const ColorSwatchView& from, int step) const;
 
     AppState& m_appState;
     ExportMenu* m_export = nullptr;

@@ -8,6 +8,7 @@
 #include "ui/DashboardView.h"
 #include "ui/HistoryDetailView.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/CrossFade.h"
 #include "ui/kit/InOneLine.h"
 #include "ui/kit/Label.h"
@@ -22,7 +23,6 @@
 #include <QPainter>
 #include <QPalette>
 
-#include <algorithm>
 #include <utility>
 
 namespace tintwick {
@@ -94,21 +94,16 @@ QWidget* MainPanelView::backButton()
 
 QWidget* MainPanelView::settingsButton()
 {
-    auto* button = plainButton(
+    return squareButton(
         tr("Settings"), [this] { setShowingSettings(true); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
-        8);
-    button->setToolTip(tr("Settings"));
-    return button;
+        symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond));
 }
 
 QWidget* MainPanelView::colorSchemeToggle()
 {
     m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, DS::textSecond);
-    m_schemeToggle = plainButton(
-        {}, [this] { cycleColorScheme(); },
-        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8), m_schemeSymbol), 8);
+    m_schemeToggle = squareButton(
+        {}, [this] { cycleColorScheme(); }, m_schemeSymbol);
     return m_schemeToggle;
 }
 
@@ -177,9 +172,7 @@ MainPanelView::ScreenChoice MainPanelView::chosenScreen() const
     if (m_selectedCollectionId == historySelectionId) {
         return {ScreenKind::History, {}};
     }
-    const auto& collections = m_appState.collections();
-    const bool exists = std::any_of(collections.begin(), collections.end(),
-                                    [this](const auto& each) { return each.id == m_selectedCollectionId; });
+    const bool exists = m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr;
     return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
 }
 
@@ -216,12 +209,9 @@ QString MainPanelView::selectionTitle() const
     if (m_selectedCollectionId == historySelectionId) {
         return tr("All History");
     }
-    for (const ColorCollection& collection : m_appState.collections()) {
-        if (collection.id == m_selectedCollectionId) {
-            return inOneLine(collection.name);
-        }
-    }
-    return tr("Palette");
+    const ColorCollection* collection =
+        m_selectedCollectionId ? m_appState.collection(*m_selectedCollectionId) : nullptr;
+    return collection != nullptr ? inOneLine(collection->name) : tr("Palette");
 }
 
 void MainPanelView::showSelection()
@@ -245,13 +235,17 @@ void MainPanelView::showSelection()
     if (now.kind > before.kind) {
         m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
     }
+    const bool hasStrayed = !isKeyboardUsed && Clickable::showsFocusRing(window()->focusWidget());
     QWidget* const opener = now.kind < before.kind ? m_openers.value(now.kind) : nullptr;
     if (opener != nullptr && opener->isVisible()) {
         opener->setFocus(Qt::TabFocusReason);
-    } else if (isKeyboardUsed && m_back->isVisible()) {
-        m_back->setFocus(Qt::TabFocusReason);
-    } else if (!isInScreen(window()->focusWidget())) {
-        setFocus();
+    } else if (hasStrayed || !isInScreen(window()->focusWidget())) {
+        Clickable* const wayBack = m_showingSettings ? static_cast<Clickable*>(m_done) : m_back;
+        if (isKeyboardUsed && wayBack->isVisible()) {
+            wayBack->setFocus(Qt::TabFocusReason);
+        } else {
+            setFocus();
+        }
     }
 }
 

@@ -51,6 +51,15 @@ public:
         }
     }
 
+    /// Moves the focus from a view by so many places; it stays where there is no view to take it.
+    void moveFocus(const View& from, qsizetype step) const
+    {
+        const qsizetype target = m_views.indexOf(&from) + step;
+        if (target >= 0 && target < m_views.size()) {
+            m_views[target]->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+        }
+    }
+
 private:
     Container& m_container;
     Make m_make;

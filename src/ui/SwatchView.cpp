@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QPixmap>
 
-#include <algorithm>
 #include <cmath>
 
 namespace tintwick {
@@ -129,13 +128,13 @@ void SwatchView::paintShadow(QPainter& painter) const
     const bool changes = m_look.atRest.shadow != m_look.hovered.shadow;
     scaleAboutMiddle(painter, squareAtRest(), scale());
     drawShadowBetween(painter, squareAtRest(), m_look.cornerRadius, shadowIn(m_look.atRest),
-                      shadowIn(m_look.hovered), changes ? hoverFraction() : 0, Appearance::of(this));
+                      shadowIn(m_look.hovered), changes ? m_look.hover.fraction() : 0, Appearance::of(this));
 }
 
 void SwatchView::paintEvent(QPaintEvent*)
 {
     const Scheme scheme = Appearance::of(this);
-    const double hovered = hoverFraction();
+    const double hovered = m_look.hover.fraction();
     QPainter painter(this);
     painter.setFont(labelFont());
     painter.setPen(mixed(m_look.atRest.label.in(scheme), m_look.hovered.label.in(scheme), hovered));
@@ -200,11 +199,6 @@ QRectF SwatchView::labelRect() const
 double SwatchView::scale() const
 {
     return 1 + (m_look.hoverScale - 1) * m_look.hover.position();
-}
-
-double SwatchView::hoverFraction() const
-{
-    return std::clamp(m_look.hover.position(), 0.0, 1.0);
 }
 
 } // namespace tintwick

@@ -94,8 +94,6 @@ private:
     [[nodiscard]] QRectF labelRect() const;
     /// Of the square, which grows under the pointer.
     [[nodiscard]] double scale() const;
-    /// Where colours and opacities are on their way to the hovered look, 0 to 1: they do not overshoot.
-    [[nodiscard]] double hoverFraction() const;
 
     AppState& m_appState;
     SwatchLook m_look;

@@ -140,8 +140,8 @@ bool TintwickProcess::openMenu()
     }
     m_desktop.movePointer(trayIcon().center());
     m_desktop.click(PrivateDesktop::Button::Right);
-    // A menu that is seen does not listen until it holds the input.
-    return waitUntil([&] { return menu() != XCB_NONE && !connection.inputIsFree(); });
+    // A menu that is seen does not listen until it holds the keyboard.
+    return waitUntil([&] { return menu() != XCB_NONE && !connection.keyboardIsFree(); });
 }
 
 bool TintwickProcess::openMenuWithoutPointer()

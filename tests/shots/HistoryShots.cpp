@@ -1,21 +1,15 @@
 #include "shots/HistoryShots.h"
 
+#include "shots/Scene.h"
 #include "shots/Shooting.h"
 #include "state/AppState.h"
-#include "ui/Appearance.h"
-#include "ui/DS.h"
 #include "ui/HistoryDetailView.h"
 #include "ui/RenameColorSheet.h"
 #include "ui/kit/MenuButton.h"
-#include "ui/kit/Paint.h"
 
 #include <QApplication>
-#include <QColor>
-#include <QHoverEvent>
+#include <QKeyEvent>
 #include <QMenu>
-#include <QPainter>
-
-#include <algorithm>
 
 namespace tintwick {
 
@@ -23,111 +17,30 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What the panel leaves to a screen below its header and the rule.
-constexpr QSize screenSize(380, 529);
-
-/// The screen over the panel's ground. An open menu, which is a window of its own, is drawn into the picture, pulled inside
-/// it.
-class DemoHistory final : public QWidget
+class DemoHistory final : public ScreenGround
 {
 public:
     explicit DemoHistory(const QList<QColor>& colors)
         : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
     {
-        m_appState.clearHistory();
-        while (!m_appState.collections().isEmpty()) {
-            m_appState.deleteCollection(m_appState.collections().first().id);
-        }
-        std::for_each(colors.rbegin(), colors.rend(), [this](const QColor& color) {
-            m_appState.colorCaptured(
-                CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
-        });
+        fill(m_appState, colors);
         m_view = new HistoryDetailView(m_appState, *this);
-        m_view->setParent(this);
-        m_view->setFixedSize(screenSize);
-        setFixedSize(screenSize);
+        setScreen(m_view);
     }
 
     [[nodiscard]] AppState& state() { return m_appState; }
     [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_view->swatches(); }
 
-    /// Opens a menu and keeps a picture of it.
-    void showOpen(QMenu* menu, QPoint at)
-    {
-        auto* picture = new Picture(this, menu);
-        picture->move(std::min(at.x(), width() - picture->width()), at.y());
-        picture->show();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), DS::bg.in(Appearance::of(this)));
-    }
-
 private:
-    class Picture final : public QWidget
-    {
-    public:
-        Picture(QWidget* parent, QMenu* menu)
-            : QWidget(parent)
-            , m_menu(menu)
-        {
-            setFixedSize(menu->size());
-        }
-
-    protected:
-        void paintEvent(QPaintEvent*) override
-        {
-            QPainter painter(this);
-            const double scale = devicePixelRatioOf(painter);
-            QImage picture(size() * scale, QImage::Format_ARGB32_Premultiplied);
-            picture.setDevicePixelRatio(scale);
-            picture.fill(Qt::transparent);
-            m_menu->render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
-            painter.drawImage(0, 0, picture);
-        }
-
-    private:
-        QMenu* m_menu;
-    };
-
     AppState m_appState;
     HistoryDetailView* m_view;
 };
-
-QList<QColor> manyColors(int count)
-{
-    QList<QColor> colors;
-    for (int i = 0; i < count; ++i) {
-        // Steps of the golden angle keep neighbours apart.
-        colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
-    }
-    return colors;
-}
-
-QList<QColor> translucentColors()
-{
-    QList<QColor> colors = manyColors(12);
-    for (int i = 0; i < colors.size(); ++i) {
-        colors[i].setAlphaF(std::min(0.1F * static_cast<float>(i), 0.99F));
-    }
-    return colors;
-}
-
-void hover(QWidget& widget)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
-    QApplication::sendEvent(&widget, &enter);
-}
 
 void openExportMenu(DemoHistory& history)
 {
     auto& button = *history.findChild<MenuButton*>();
     button.click();
-    history.showOpen(button.menu(), button.mapTo(&history, QPoint(0, button.height() + 4)));
+    showMenu(history, *button.menu(), button.mapTo(&history, QPoint(0, button.height() + 4)));
 }
 
 void openContextMenu(DemoHistory& history, int swatch)
@@ -137,7 +50,7 @@ void openContextMenu(DemoHistory& history, int swatch)
     QApplication::sendEvent(&view, &key);
     auto* menu = view.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
     menu->setActiveAction(menu->actions().first());
-    history.showOpen(menu, view.mapTo(&history, view.rect().center()));
+    showMenu(history, *menu, view.mapTo(&history, view.rect().center()));
 }
 
 } // namespace
@@ -167,9 +80,9 @@ void shootHistory(const QDir& folder)
         history.activateWindow();
         history.swatches().last()->setFocus(Qt::TabFocusReason);
     });
-    shootState(u"translucent"_s, translucentColors());
+    shootState(u"translucent"_s, translucentColors(12));
     shootState(u"hover"_s, manyColors(40), [](DemoHistory& history) { hover(*history.swatches().at(6)); });
-    shootState(u"hover-translucent"_s, translucentColors(),
+    shootState(u"hover-translucent"_s, translucentColors(12),
                [](DemoHistory& history) { hover(*history.swatches().at(3)); });
     shootState(u"focus"_s, manyColors(12), [](DemoHistory& history) {
         history.activateWindow();

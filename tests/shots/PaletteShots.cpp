@@ -1,23 +1,18 @@
 #include "shots/PaletteShots.h"
 
+#include "shots/Scene.h"
 #include "shots/Shooting.h"
 #include "state/AppState.h"
-#include "ui/Appearance.h"
 #include "ui/CollectionDetailView.h"
 #include "ui/ColorDetailRow.h"
-#include "ui/DS.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/MenuButton.h"
 
 #include <QApplication>
-#include <QColor>
 #include <QDragEnterEvent>
-#include <QHoverEvent>
-#include <QImage>
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -27,103 +22,29 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What the panel leaves to a screen below its header and the rule.
-constexpr QSize screenSize(380, 529);
-
-/// The screen over the panel's ground.
-class DemoPalette final : public QWidget
+class DemoPalette final : public ScreenGround
 {
 public:
     DemoPalette(const QString& name, const QList<QColor>& colors)
         : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
     {
-        m_appState.clearHistory();
-        while (!m_appState.collections().isEmpty()) {
-            m_appState.deleteCollection(m_appState.collections().first().id);
-        }
+        fill(m_appState, colors);
         const QUuid palette = m_appState.createCollection(name).id;
-        for (const QColor& color : colors) {
-            m_appState.colorCaptured(
-                CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
-            m_appState.addColor(m_appState.history().first().id, palette);
+        for (const CapturedColor& color : m_appState.history()) {
+            m_appState.addColor(color.id, palette);
         }
         m_view = new CollectionDetailView(m_appState, palette);
-        m_view->setParent(this);
-        m_view->setFixedSize(screenSize);
-        setFixedSize(screenSize);
+        setScreen(m_view);
     }
 
     [[nodiscard]] AppState& state() { return m_appState; }
     [[nodiscard]] CollectionDetailView& view() { return *m_view; }
     [[nodiscard]] ColorDetailRow& row(qsizetype position) { return *m_view->rows().at(position); }
 
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), DS::bg.in(Appearance::of(this)));
-    }
-
 private:
     AppState m_appState;
     CollectionDetailView* m_view;
 };
-
-/// An open menu, in the picture of the screen below it.
-class MenuPicture final : public QWidget
-{
-public:
-    MenuPicture(QWidget& screen, QMenu& menu, const QPoint& place)
-        : QWidget(&screen)
-        , m_image(menu.size() * finest, QImage::Format_ARGB32_Premultiplied)
-    {
-        m_image.setDevicePixelRatio(finest);
-        m_image.fill(Qt::transparent);
-        menu.render(&m_image, QPoint(), QRegion(), QWidget::DrawChildren);
-        setGeometry(QRect(place, menu.size()));
-        show();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QPoint(), m_image);
-    }
-
-private:
-    /// The largest scale of the shots.
-    static constexpr int finest = 2;
-
-    QImage m_image;
-};
-
-QList<QColor> manyColors(int count)
-{
-    QList<QColor> colors;
-    for (int i = 0; i < count; ++i) {
-        // Steps of the golden angle keep neighbours apart.
-        colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
-    }
-    return colors;
-}
-
-QList<QColor> translucentColors()
-{
-    QList<QColor> colors = manyColors(6);
-    for (int i = 0; i < colors.size(); ++i) {
-        colors[i].setAlphaF(0.15F + 0.15F * static_cast<float>(i));
-    }
-    return colors;
-}
-
-void hover(QWidget& widget)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
-    QApplication::sendEvent(&widget, &enter);
-}
 
 void press(QWidget& widget, QEvent::Type type, const QPointF& place)
 {
@@ -176,7 +97,7 @@ void shootPalette(const QDir& folder)
     shootState(u"thirty"_s, u"Website"_s, manyColors(30), [](DemoPalette& palette) {
         palette.findChild<QScrollArea*>()->verticalScrollBar()->setValue(20);
     });
-    shootState(u"translucent"_s, u"Glass"_s, translucentColors());
+    shootState(u"translucent"_s, u"Glass"_s, translucentColors(6));
     shootState(u"long-names"_s, u"Everything that was ever on the landing page of the shop"_s, manyColors(4),
                [](DemoPalette& palette) {
                    AppState& state = palette.state();
@@ -208,7 +129,7 @@ void shootPalette(const QDir& folder)
         hover(palette.row(0));
         button.click();
         button.menu()->setActiveAction(button.menu()->actions().at(2));
-        new MenuPicture(palette, *button.menu(), button.mapTo(&palette, QPoint(-60, button.height() + 2)));
+        showMenu(palette, *button.menu(), button.mapTo(&palette, QPoint(0, button.height() + 4)));
     });
 }
 

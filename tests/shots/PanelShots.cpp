@@ -1,5 +1,6 @@
 #include "shots/PanelShots.h"
 
+#include "shots/Scene.h"
 #include "shots/Shooting.h"
 #include "state/AppState.h"
 #include "ui/Appearance.h"
@@ -9,12 +10,8 @@
 #include "ui/MainPanelView.h"
 #include "ui/kit/Sheet.h"
 
-#include <QApplication>
 #include <QColor>
-#include <QHoverEvent>
 #include <QLineEdit>
-
-#include <algorithm>
 
 namespace tintwick {
 
@@ -37,14 +34,7 @@ public:
             m_later = std::move(action);
         })
     {
-        m_appState.clearHistory();
-        while (!m_appState.collections().isEmpty()) {
-            m_appState.deleteCollection(m_appState.collections().first().id);
-        }
-        std::for_each(colors.rbegin(), colors.rend(), [this](const QColor& color) {
-            m_appState.colorCaptured(
-                CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
-        });
+        fill(m_appState, colors);
         if (m_later) {
             m_later();
         }
@@ -71,32 +61,6 @@ private:
 
 const QList<QColor> fewColors{QColor(0x3B, 0x82, 0xF6), QColor(0xF5, 0x4D, 0x4D), QColor(0x1A, 0xBF, 0x80)};
 
-QList<QColor> manyColors(int count)
-{
-    QList<QColor> colors;
-    for (int i = 0; i < count; ++i) {
-        // Steps of the golden angle keep neighbours apart.
-        colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
-    }
-    return colors;
-}
-
-QList<QColor> translucentColors()
-{
-    QList<QColor> colors = manyColors(6);
-    for (int i = 0; i < colors.size(); ++i) {
-        colors[i].setAlphaF(0.15F + 0.15F * static_cast<float>(i));
-    }
-    return colors;
-}
-
-void hover(QWidget& widget)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
-    QApplication::sendEvent(&widget, &enter);
-}
-
 } // namespace
 
 void shootMainPanel(const QDir& folder)
@@ -119,7 +83,7 @@ void shootMainPanel(const QDir& folder)
     shootState(u"empty"_s, {}, {});
     shootState(u"few"_s, fewColors, {});
     shootState(u"forty"_s, manyColors(40), twoPalettes);
-    shootState(u"translucent"_s, translucentColors(), {{u"Glass"_s, 6}});
+    shootState(u"translucent"_s, translucentColors(6), {{u"Glass"_s, 6}});
     shootState(u"long-names"_s, manyColors(8),
                {{u"Everything that was ever on the landing page"_s, 8},
                 {u"Wörterbuchverlagsgestaltungsrichtlinien"_s, 1},

@@ -11,6 +11,7 @@
 #include "ui/kit/Stack.h"
 #include "ui/kit/View.h"
 #include "ui/settings/RecorderCocoa.h"
+#include "ui/settings/SettingsLayout.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -54,12 +55,6 @@ public:
     void press(int keyCode, int modifiers) { m_keys.press(keyCode, modifiers); }
 
 private:
-    [[nodiscard]] static Stack* settingsRow(const QString& title, QWidget* control)
-    {
-        return row(fillWidth(), row(fixedWidth(150), Across::Leading, label(title, DS::font(13)), spacer()),
-                   control, spacer());
-    }
-
     QTemporaryDir m_folder;
     QSettings m_settings{m_folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
     test::ScriptedHotKeyRegistrar m_registrar;

@@ -2,6 +2,7 @@
 
 #include "shortcuts/Registry.h"
 #include "shortcuts/ShortcutNames.h"
+#include "shots/Scene.h"
 #include "shots/Shooting.h"
 #include "state/AppState.h"
 #include "state/Preferences.h"
@@ -17,7 +18,6 @@
 #include "ui/settings/SettingsView.h"
 
 #include <QApplication>
-#include <QHoverEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QSettings>
@@ -73,13 +73,6 @@ private:
     InlineSettingsView* m_view;
 };
 
-void hover(QWidget& widget)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
-    QApplication::sendEvent(&widget, &enter);
-}
-
 QAbstractButton& button(const QWidget& view, const QString& name)
 {
     for (auto* each : view.findChildren<QAbstractButton*>()) {
@@ -88,26 +81,6 @@ QAbstractButton& button(const QWidget& view, const QString& name)
         }
     }
     qFatal("no button %s", qUtf8Printable(name));
-}
-
-/// The menu is a window of its own, seen here where it lies over the tab.
-void shootFormatMenu(const QDir& folder, Scheme scheme)
-{
-    DemoSettings view(SettingsTab::General);
-    const Appearance appearance(view, scheme);
-    view.state().setDefaultFormat(ColorFormat::Hsl);
-    view.move(100, 100);
-    view.show();
-    QApplication::processEvents();
-    auto* picker = view.findChild<PopUpPicker*>();
-    picker->click();
-    const QMenu* menu = picker->menu();
-    QPixmap picture = view.grab();
-    QPainter painter(&picture);
-    painter.drawPixmap(view.mapFromGlobal(menu->pos()), picker->menu()->grab());
-    painter.end();
-    picture.save(folder.filePath(
-        u"settings-format-menu-%1.png"_s.arg(scheme == Scheme::Light ? u"light"_s : u"dark"_s)));
 }
 
 } // namespace
@@ -137,6 +110,14 @@ void shootSettings(const QDir& folder)
     shootTab(u"general-focus-format"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();
         button(view, u"Default Format"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootTab(u"general-format-menu"_s, SettingsTab::General, [](DemoSettings& view) {
+        // With room for the menu, which begins to the left of its control.
+        view.move(100, 100);
+        view.state().setDefaultFormat(ColorFormat::Hsl);
+        auto& picker = *view.findChild<PopUpPicker*>();
+        picker.click();
+        showMenu(view, *picker.menu(), view.mapFromGlobal(picker.menu()->pos()));
     });
     shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();
@@ -168,7 +149,6 @@ void shootSettings(const QDir& folder)
     });
 
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-        shootFormatMenu(folder, scheme);
         QWidget panel;
         const Appearance appearance(panel, scheme);
         const QString word = scheme == Scheme::Light ? u"light"_s : u"dark"_s;

@@ -208,6 +208,16 @@ bool DesktopConnection::inputIsFree()
     return hasPointer && hasKeyboard;
 }
 
+bool DesktopConnection::keyboardIsFree()
+{
+    xcb_grab_server(m_connection);
+    const bool hasKeyboard = grabKeyboard();
+    xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(m_connection);
+    sync();
+    return hasKeyboard;
+}
+
 void DesktopConnection::setEventHandler(xcb_window_t window, const EventHandler& handler)
 {
     m_handlers.insert(window, handler);

@@ -75,6 +75,8 @@ public:
     void ungrabAll();
     /// Whether nobody holds the pointer or the keyboard; to ask disturbs nobody who is about to.
     [[nodiscard]] bool inputIsFree();
+    /// The keyboard alone: a window manager holds the pointer for a moment at every click.
+    [[nodiscard]] bool keyboardIsFree();
 
     /// The handler gets the events of the window until it is removed.
     void setEventHandler(xcb_window_t window, const EventHandler& handler);

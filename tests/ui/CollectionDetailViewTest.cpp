@@ -2,13 +2,14 @@
 
 #include "state/AppState.h"
 #include "state/StorageService.h"
-#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/ColorDetailRow.h"
 #include "ui/CopiedPill.h"
 #include "ui/ExportMenu.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
+#include "ui/Probes.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/Label.h"
 #include "ui/kit/MenuButton.h"
@@ -23,7 +24,6 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -35,6 +35,7 @@
 #include <memory>
 
 using namespace tintwick;
+using namespace tintwick::test;
 
 namespace {
 
@@ -135,13 +136,7 @@ public:
         }
     }
 
-    void settle() const
-    {
-        QApplication::processEvents();
-        Ticker::shared().advance(60);
-        QApplication::processEvents();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    void settle() const { tintwick::test::settle(); }
     [[nodiscard]] QImage picture()
     {
         settle();
@@ -202,31 +197,6 @@ QList<unsigned> numbered(unsigned count)
         colors.append(i);
     }
     return colors;
-}
-
-void hover(QWidget& widget, QEvent::Type type)
-{
-    const QPointF middle = widget.rect().center();
-    QHoverEvent event(type, middle, widget.mapToGlobal(middle), middle);
-    QApplication::sendEvent(&widget, &event);
-}
-
-/// Whether the drop was taken.
-bool drop(QWidget& target, const QString& text)
-{
-    QMimeData data;
-    data.setText(text);
-    const QPoint middle = target.rect().center();
-    QDragEnterEvent enter(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    enter.ignore();
-    QApplication::sendEvent(&target, &enter);
-    if (!enter.isAccepted()) {
-        return false;
-    }
-    QDropEvent dropped(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    dropped.ignore();
-    QApplication::sendEvent(&target, &dropped);
-    return dropped.isAccepted() && dropped.dropAction() == Qt::CopyAction;
 }
 
 QString textOf(const CapturedColor& color)
@@ -1107,11 +1077,6 @@ void CollectionDetailViewTest::screenReadersAreToldWhatThereIs()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    CollectionDetailViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<CollectionDetailViewTest>(argc, argv);
 }
 #include "CollectionDetailViewTest.moc"

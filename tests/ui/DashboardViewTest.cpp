@@ -1,8 +1,8 @@
 #include "ui/DashboardView.h"
 
-#include "support/QuickTemporaryDir.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/DashboardSwatchView.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
 #include "ui/kit/Button.h"
@@ -20,31 +20,9 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QTemporaryDir>
 
 using namespace tintwick;
 using namespace tintwick::test;
-
-namespace {
-
-/// Whether the drop was taken.
-bool drop(QWidget& target, const QString& text)
-{
-    QMimeData data;
-    data.setText(text);
-    const QPoint middle = target.rect().center();
-    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&target, &enter);
-    if (!enter.isAccepted()) {
-        return false;
-    }
-    QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    dropped.ignore();
-    QApplication::sendEvent(&target, &dropped);
-    return dropped.isAccepted();
-}
-
-} // namespace
 
 class DashboardViewTest final : public QObject
 {
@@ -731,11 +709,6 @@ void DashboardViewTest::swatchesAndCardsTellScreenReadersWhatTheyAre()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    DashboardViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<DashboardViewTest>(argc, argv);
 }
 #include "DashboardViewTest.moc"

@@ -1,7 +1,7 @@
 #include "ui/HistoryDetailView.h"
 
-#include "support/QuickTemporaryDir.h"
 #include "ui/DS.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
 #include "ui/RenameColorSheet.h"
@@ -750,11 +750,6 @@ void HistoryDetailViewTest::cancellingChangesNothing()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    HistoryDetailViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<HistoryDetailViewTest>(argc, argv);
 }
 #include "HistoryDetailViewTest.moc"

@@ -1,21 +1,21 @@
 #include "ui/MainPanelView.h"
 
-#include "support/QuickTemporaryDir.h"
 #include "ui/Appearance.h"
 #include "ui/CollectionDetailView.h"
 #include "ui/CollectionRowCard.h"
 #include "ui/CopiedPill.h"
 #include "ui/HistoryDetailView.h"
+#include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/Clickable.h"
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/Sheet.h"
 
 #include <QAccessible>
 #include <QScrollBar>
 #include <QSettings>
-#include <QTemporaryDir>
 
 using namespace tintwick;
 using tintwick::test::PanelFixture;
@@ -40,6 +40,7 @@ private Q_SLOTS:
     void aCollectionThatIsDeletedGivesWayToTheDashboard();
     void theGearOpensTheSettingsAndDoneClosesThem();
     void theSettingsComeBackToWhereTheyWereOpened();
+    void whoOnlyClicksSeesNoFocusRing();
     void thePillIsNotInTheSettings();
     void aLongNameLeavesTheButtonsTheirPlace();
     void altLeftLeadsBack();
@@ -288,6 +289,25 @@ void MainPanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
     QVERIFY(button(panel, QStringLiteral("Back from All History")));
 }
 
+void MainPanelViewTest::whoOnlyClicksSeesNoFocusRing()
+{
+    const PanelFixture panel;
+    const auto showsRing = [&] {
+        const auto* focused = dynamic_cast<const Clickable*>(panel.view->focusWidget());
+        return focused != nullptr && focused->showsFocusRing();
+    };
+    toggle(panel)->setFocus(Qt::ActiveWindowFocusReason);
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!showsRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.view->focusWidget());
+    QVERIFY(!showsRing());
+
+    button(panel, QStringLiteral("Settings"))->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button(panel, QStringLiteral("Settings")), Qt::Key_Return);
+    QVERIFY(showsRing());
+}
+
 void MainPanelViewTest::thePillIsNotInTheSettings()
 {
     PanelFixture panel;
@@ -479,6 +499,10 @@ void MainPanelViewTest::aClickLeavesNoFocusRing()
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
     QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    panel.view->screen().setFocus();
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
     QVERIFY(!hasRing());
     // Keys are heard all the same.
@@ -500,13 +524,6 @@ void MainPanelViewTest::nothingHasTheFocusUntilTabIsPressed()
 
 int main(int argc, char** argv)
 {
-    const auto home = tintwick::testing::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", home->path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
-    const QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Tintwick"));
-    QApplication::setApplicationName(QStringLiteral("Tintwick"));
-    MainPanelViewTest test;
-    return QTest::qExec(&test, argc, argv);
+    return tintwick::test::runWithOwnHome<MainPanelViewTest>(argc, argv);
 }
 #include "MainPanelViewTest.moc"

@@ -3,6 +3,7 @@
 #include "state/AppState.h"
 #include "ui/DashboardView.h"
 #include "ui/MainPanelView.h"
+#include "ui/Probes.h"
 #include "ui/kit/Ticker.h"
 
 #include <QApplication>
@@ -53,13 +54,7 @@ public:
     }
 
     /// Everything that moves has come to rest, and all is laid out.
-    void settle() const
-    {
-        QApplication::processEvents();
-        Ticker::shared().advance(60);
-        QApplication::processEvents();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    void settle() const { test::settle(); }
 
     [[nodiscard]] QImage picture() const
     {

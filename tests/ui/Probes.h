@@ -1,16 +1,28 @@
 #pragma once
 
 #include "ui/kit/Label.h"
+#include "ui/kit/Ticker.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDropEvent>
 #include <QHoverEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
 
 namespace tintwick::test {
 
 // What tests of views see and do as a user would.
+
+/// Everything that moves has come to rest, all is laid out, and what was to be deleted is.
+inline void settle()
+{
+    QApplication::processEvents();
+    Ticker::shared().advance(60);
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 /// The visible button of a name, or null.
 inline QAbstractButton* button(const QWidget& root, const QString& name)
@@ -52,6 +64,25 @@ inline void hover(QWidget& widget, QEvent::Type type)
     const QPointF middle = widget.rect().center();
     QHoverEvent event(type, middle, widget.mapToGlobal(middle), middle);
     QApplication::sendEvent(&widget, &event);
+}
+
+/// Drags a text onto a widget and lets go of it; whether the drop was taken, as a copy.
+inline bool drop(QWidget& target, const QString& text)
+{
+    QMimeData data;
+    data.setText(text);
+    const QPoint middle = target.rect().center();
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(middle, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted()) {
+        return false;
+    }
+    QDropEvent dropped(middle, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    dropped.ignore();
+    QApplication::sendEvent(&target, &dropped);
+    return dropped.isAccepted() && dropped.dropAction() == Qt::CopyAction;
 }
 
 /// The lines of a menu; a separator is "-".

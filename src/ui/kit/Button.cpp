@@ -3,6 +3,8 @@
 #include "ui/Appearance.h"
 #include "ui/DS.h"
 #include "ui/kit/Paint.h"
+#include "ui/kit/Stack.h"
+#include "ui/kit/SymbolView.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -17,6 +19,8 @@ constexpr double textButtonRadius = 8;
 constexpr int horizontalPadding = 14;
 constexpr int verticalPadding = 6;
 constexpr double disabledOpacity = 0.4;
+constexpr int squareSide = 30;
+constexpr double squareRadius = 8;
 
 } // namespace
 
@@ -70,6 +74,16 @@ PlainButton* plainButton(const QString& name, std::function<void()> action, QWid
 {
     auto* button = new PlainButton(name, content, cornerRadius);
     button->onClick(std::move(action));
+    return button;
+}
+
+PlainButton* squareButton(const QString& name, std::function<void()> action, SymbolView* symbol)
+{
+    auto* button = plainButton(
+        name, std::move(action),
+        row(fixedSize(squareSide, squareSide), centered(), ground(DS::surfaceHigh, squareRadius), symbol),
+        squareRadius);
+    button->setToolTip(name);
     return button;
 }
 

@@ -4,6 +4,8 @@
 
 namespace tintwick {
 
+class SymbolView;
+
 /// A button that looks like its content.
 class PlainButton final : public Clickable
 {
@@ -43,6 +45,9 @@ private:
 /// A plain button around `content`; `name` is for screen readers. Tint and focus ring follow `cornerRadius`.
 [[nodiscard]] PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,
                                        double cornerRadius = 6);
+/// A plain button that is a symbol on a small square, as at the top of a screen. Its help is its name.
+[[nodiscard]] PlainButton* squareButton(const QString& name, std::function<void()> action,
+                                        SymbolView* symbol);
 [[nodiscard]] TextButton* borderedButton(const QString& title, std::function<void()> action);
 /// The button that Return stands for.
 [[nodiscard]] TextButton* prominentButton(const QString& title, std::function<void()> action);

@@ -1,6 +1,7 @@
 #include "ui/kit/Clickable.h"
 
 #include "ui/Appearance.h"
+#include "ui/kit/FocusRing.h"
 #include "ui/kit/HelpBubble.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/StackLayout.h"
@@ -147,19 +148,7 @@ bool Clickable::event(QEvent* event)
 
 void Clickable::focusInEvent(QFocusEvent* event)
 {
-    switch (event->reason()) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        m_showsFocusRing = true;
-        break;
-    case Qt::ActiveWindowFocusReason:
-    case Qt::PopupFocusReason:
-        // Back from elsewhere: as it was.
-        break;
-    default:
-        m_showsFocusRing = false;
-    }
+    m_showsFocusRing = focusRingIsShown(event->reason(), m_showsFocusRing);
     QAbstractButton::focusInEvent(event);
     updateAnswer();
 }

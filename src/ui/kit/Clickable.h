@@ -10,8 +10,8 @@
 
 namespace tintwick {
 
-/// What can be clicked: hover, keyboard focus and its ring, Space and Return, a context menu, and a name for screen readers. A subclass
-/// either composes its content or paints itself; then it calls `paintAnswer()` last.
+/// What can be clicked: hover, keyboard focus and its ring, Space and Return, a context menu, and a name for screen
+/// readers. A subclass either composes its content or paints itself; then it calls `paintAnswer()` last.
 class Clickable : public QAbstractButton
 {
     Q_OBJECT

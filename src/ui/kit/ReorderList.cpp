@@ -29,8 +29,6 @@ constexpr double liftResponse = 0.22;
 /// A frame that comes late does not make the list leap.
 constexpr double longestScrollFrame = 0.05;
 
-constexpr double plateRadius = 12;
-constexpr QMargins plateMargins(6, 1, 6, 1);
 constexpr Shadow plateShadow{DS::black.opacity(0.22), 10, QPointF(0, 3)};
 
 } // namespace
@@ -55,7 +53,7 @@ protected:
         const Scheme scheme = Appearance::of(this);
         const QRectF plate = QRectF(rect().marginsRemoved(plateShadow.extents() + plateMargins));
         QPainter painter(this);
-        painter.setOpacity(qBound(0.0, m_list.m_lift.position(), 1.0));
+        painter.setOpacity(m_list.m_lift.fraction());
         drawShadow(painter, plate, plateRadius, plateShadow, scheme);
         fillRounded(painter, plate, plateRadius, DS::surface.in(scheme));
         strokeInside(painter, plate, plateRadius, DS::border.in(scheme), 1);

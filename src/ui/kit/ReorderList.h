@@ -3,6 +3,7 @@
 #include "ui/kit/Animator.h"
 #include "ui/kit/Spring.h"
 
+#include <QMargins>
 #include <QPointF>
 #include <QPointer>
 #include <QWidget>
@@ -26,6 +27,11 @@ class ReorderList final : public QWidget
     Q_OBJECT
 
 public:
+    /// The rounded plate below a lifted row keeps these margins from the row's edges, in points. A row that draws a ring of
+    /// its own draws it along the plate.
+    static constexpr QMargins plateMargins{6, 1, 6, 1};
+    static constexpr double plateRadius = 12;
+
     /// `rowHeight` in points. Lines between the rows keep `separatorInset` points from both sides.
     ReorderList(const QString& name, int rowHeight, int separatorInset);
     ~ReorderList() override;

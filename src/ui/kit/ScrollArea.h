@@ -41,8 +41,7 @@ private:
 /// Scrolls up and down; as wide as it is given room.
 [[nodiscard]] ScrollArea* verticalScroll(QWidget* content);
 /// Scrolls to the sides, as high as its content. A wheel that turns up and down is the page's, where there is one to
-/// scroll, unless Shift is held. It reaches `overhang` points beyond its place on
-/// the left and on the right.
+/// scroll, unless Shift is held. It reaches `overhang` points beyond its place on the left and on the right.
 [[nodiscard]] ScrollArea* horizontalScroll(QWidget* content, int overhang = 0);
 
 } // namespace tintwick

@@ -12,8 +12,6 @@
 #include <QLayoutItem>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace tintwick {
 
 namespace {
@@ -160,7 +158,7 @@ void Sheet::keyPressEvent(QKeyEvent* event)
 void Sheet::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const double shown = std::clamp(m_entrance.position(), 0.0, 1.0);
+    const double shown = m_entrance.fraction();
     fillRounded(painter, rect(), DS::panelRadius, DS::black.opacity(dimming * shown).in(Scheme::Light));
     painter.setOpacity(shown);
     paintShadowsOn(*this, painter);

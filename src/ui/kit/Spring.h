@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 namespace tintwick {
 
 /// A damped spring that pulls a value to its target. Advancing it solves the motion exactly, so that the way taken does
@@ -18,6 +20,8 @@ public:
     }
 
     [[nodiscard]] constexpr double position() const { return m_position; }
+    /// The position kept between 0 and 1, for an opacity or a mixture that must not overshoot.
+    [[nodiscard]] constexpr double fraction() const { return std::clamp(m_position, 0.0, 1.0); }
     /// Per second.
     [[nodiscard]] constexpr double velocity() const { return m_velocity; }
     [[nodiscard]] constexpr double target() const { return m_target; }

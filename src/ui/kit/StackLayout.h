@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// The place of a widget in a row or column, without its overhang. One that can grow across it fills the room, any other keeps its own extent and stands
-/// where `across` says.
+/// The place of a widget in a row or column, without its overhang. One that can grow across it fills the room, any other
+/// keeps its own extent and stands where `across` says.
 class StackItem final : public QWidgetItem
 {
 public:

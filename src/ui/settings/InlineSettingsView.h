@@ -16,7 +16,7 @@ class InlineSettingsView final : public View
     Q_OBJECT
 
 public:
-    /// Alerts come up over `panel`, which contains the view. All else must outlive the view.
+    /// Alerts come up over `panel`, which contains the view. All must outlive the view.
     InlineSettingsView(AppState& appState, KeyboardShortcuts::RecorderServices recording,
                        const ScreenGrabber& grabber, QWidget& panel);
 

@@ -8,6 +8,7 @@
 #include "ui/DS.h"
 #include "ui/kit/Alert.h"
 #include "ui/kit/Button.h"
+#include "ui/kit/FocusRing.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Sheet.h"
 #include "ui/kit/Stack.h"
@@ -299,18 +300,7 @@ bool RecorderCocoa::isOnField(const QWidget& clicked, const QMouseEvent& event) 
 
 void RecorderCocoa::focusInEvent(QFocusEvent* event)
 {
-    switch (event->reason()) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        m_showsFocusRing = true;
-        break;
-    case Qt::ActiveWindowFocusReason:
-    case Qt::PopupFocusReason:
-        break;
-    default:
-        m_showsFocusRing = false;
-    }
+    m_showsFocusRing = focusRingIsShown(event->reason(), m_showsFocusRing);
     QWidget::focusInEvent(event);
     update();
 }
