@@ -220,7 +220,7 @@ QString MainPanelView::selectionTitle() const
 void MainPanelView::showSelection()
 {
     // Read first: what has the focus may be hidden, and the focus would stray.
-    const QPointer<QWidget> focused = window()->focusWidget();
+    QWidget* const focused = window()->focusWidget();
     const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
     const ScreenChoice before = m_shownScreen;
     const ScreenChoice now = chosenScreen();
@@ -238,13 +238,17 @@ void MainPanelView::showSelection()
     if (now.kind > before.kind) {
         m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
     }
+    const bool hasStrayed = !isKeyboardUsed && Clickable::showsFocusRing(window()->focusWidget());
     QWidget* const opener = now.kind < before.kind ? m_openers.value(now.kind) : nullptr;
     if (opener != nullptr && opener->isVisible()) {
         opener->setFocus(Qt::TabFocusReason);
-    } else if (isKeyboardUsed && m_back->isVisible()) {
-        m_back->setFocus(Qt::TabFocusReason);
-    } else if (!isInScreen(window()->focusWidget())) {
-        setFocus();
+    } else if (hasStrayed || !isInScreen(window()->focusWidget())) {
+        Clickable* const wayBack = m_showingSettings ? static_cast<Clickable*>(m_done) : m_back;
+        if (isKeyboardUsed && wayBack->isVisible()) {
+            wayBack->setFocus(Qt::TabFocusReason);
+        } else {
+            setFocus();
+        }
     }
 }
 

@@ -499,6 +499,10 @@ void MainPanelViewTest::aClickLeavesNoFocusRing()
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
     QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    panel.view->screen().setFocus();
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
     QVERIFY(!hasRing());
     // Keys are heard all the same.
