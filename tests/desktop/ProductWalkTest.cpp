@@ -314,10 +314,7 @@ public:
             return false;
         }
         program.chooseQuit();
-        if (program.process().waitForEnd() != 0) {
-            return false;
-        }
-        return true;
+        return program.process().waitForEnd() == 0;
     }
 
     [[nodiscard]] QByteArray exported(const QString& name) const { return contents(pathOf(name)); }
