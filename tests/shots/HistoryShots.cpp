@@ -22,9 +22,9 @@ class DemoHistory final : public ScreenGround
 public:
     explicit DemoHistory(const QList<QColor>& colors)
         : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
+        , m_view(new HistoryDetailView(m_appState, *this))
     {
         fill(m_appState, colors);
-        m_view = new HistoryDetailView(m_appState, *this);
         setScreen(m_view);
     }
 
