@@ -500,7 +500,7 @@ void MainPanelViewTest::aClickLeavesNoFocusRing()
     QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
-    panel.view->screen().setFocus();
+    panel.view->currentScreen().setFocus();
     QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
