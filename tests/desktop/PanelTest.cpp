@@ -367,7 +367,7 @@ void PanelTest::aPickByTheShortcutLeavesIt()
     other.show();
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    clickAt(desktop, program.trayIcon().center());
+    desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     desktop.movePointer({140, 400});
     desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
@@ -377,7 +377,7 @@ void PanelTest::aPickByTheShortcutLeavesIt()
     QVERIFY(program.waitForPickToEnd());
     static_cast<void>(desktop.settledScreenshot());
     QVERIFY(!program.panel().isEmpty());
-    clickAt(desktop, {140, 400});
+    desktop.clickAt({140, 400});
     QVERIFY(program.waitForPanelToHide());
 }
 
