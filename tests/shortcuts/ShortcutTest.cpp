@@ -58,7 +58,9 @@ private Q_SLOTS:
         QTest::newRow("the position counts, not what is printed there")
             << QEvent::KeyPress << int(Qt::Key_A) << none << 24u << Found({12, 0});
         QTest::newRow("a key without a name")
-            << QEvent::KeyPress << int(Qt::Key_Less) << none << 94u << Found();
+            << QEvent::KeyPress << int(Qt::Key_Menu) << none << 135u << Found();
+        QTest::newRow("the key beside the left Shift of European keyboards")
+            << QEvent::KeyPress << int(Qt::Key_Less) << none << 94u << Found({10, 0});
         QTest::newRow("a key that no keyboard sent")
             << QEvent::KeyPress << int(Qt::Key_C) << none << 0u << Found();
         QTest::newRow("another event")
