@@ -387,7 +387,8 @@ void MainPanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
     const QAbstractButton* back = button(panel, QStringLiteral("Back from Sea and sand"));
     QVERIFY(back);
     QVERIFY(back->height() < 30);
-    QCOMPARE(tintwick::test::visibleTexts(panel.view->currentScreen()).first(), QStringLiteral("Sea and sand"));
+    QCOMPARE(tintwick::test::visibleTexts(panel.view->currentScreen()).first(),
+             QStringLiteral("Sea and sand"));
 }
 
 void MainPanelViewTest::everyControlTellsItsNameAndRole_data()
