@@ -10,6 +10,7 @@
 #include "ui/MainPanelView.h"
 #include "ui/kit/Sheet.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QLineEdit>
 
@@ -106,6 +107,18 @@ void shootMainPanel(const QDir& folder)
     shootState(u"focus-card"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.activateWindow();
         panel.dashboard().cards().first()->setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"history"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(MainPanelView::historySelectionId);
+        QApplication::processEvents();
+    });
+    shootState(u"palette"_s, manyColors(8), {{u"Harbour"_s, 6}}, [](DemoPanel& panel) {
+        const QStringList names{u"Sail"_s, u"Buoy"_s, u"Kelp"_s, u"Deep Water"_s};
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            panel.state().renameColor(panel.state().history().at(i).id, names.at(i));
+        }
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
+        QApplication::processEvents();
     });
     shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());

@@ -9,8 +9,8 @@
 #include "support/ScriptedPlatform.h"
 #include "ui/Appearance.h"
 #include "ui/DS.h"
+#include "ui/MainPanelView.h"
 #include "ui/kit/Button.h"
-#include "ui/kit/Paint.h"
 #include "ui/kit/PopUpPicker.h"
 #include "ui/kit/SegmentedPicker.h"
 #include "ui/settings/InlineSettingsView.h"
@@ -19,7 +19,6 @@
 
 #include <QApplication>
 #include <QMenu>
-#include <QPainter>
 #include <QSettings>
 
 namespace tintwick {
@@ -28,7 +27,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The settings below the room that the panel's header takes, over some colours.
+/// The panel with the settings open, over some colours.
 class DemoSettings final : public QWidget
 {
 public:
@@ -43,34 +42,30 @@ public:
         for (int i = 0; i < 12; ++i) {
             m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
         }
-        m_view = new InlineSettingsView(m_appState,
-                                        {m_shortcuts, m_platform.recording, m_platform.layout,
-                                         [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
-                                        m_platform.grabber, *this);
+        m_view = new MainPanelView(m_appState, [this, tab](QWidget& panel) {
+            auto* settings =
+                new InlineSettingsView(m_appState,
+                                       {m_shortcuts, m_platform.recording, m_platform.layout,
+                                        [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
+                                       m_platform.grabber, panel);
+            settings->setTab(tab);
+            return settings;
+        });
         m_view->setParent(this);
-        m_view->setTab(tab);
-        setFixedSize(380, 580);
-        m_view->setGeometry(0, headerHeight, 380, 580 - headerHeight);
+        m_view->setShowingSettings(true);
+        setFixedSize(DS::panelSize);
     }
 
+    [[nodiscard]] MainPanelView& view() { return *m_view; }
     [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
     [[nodiscard]] AppState& state() { return m_appState; }
 
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        fillRounded(painter, rect(), DS::panelRadius, DS::bg.in(Appearance::of(this)));
-    }
-
 private:
-    static constexpr int headerHeight = 51;
-
     test::ScriptedPlatform m_platform;
     AppState m_appState;
     QSettings m_settings;
     KeyboardShortcuts::Registry m_shortcuts;
-    InlineSettingsView* m_view;
+    MainPanelView* m_view;
 };
 
 QAbstractButton& button(const QWidget& view, const QString& name)
@@ -92,8 +87,10 @@ void shootSettings(const QDir& folder)
         shoot(
             folder, u"settings-"_s + name, [&] { return std::make_unique<DemoSettings>(tab); },
             [&](QWidget& widget) {
+                auto& settings = static_cast<DemoSettings&>(widget);
+                settings.view().setSystemScheme(Appearance::of(&settings));
                 if (arrange) {
-                    arrange(static_cast<DemoSettings&>(widget));
+                    arrange(settings);
                 }
             });
     };
