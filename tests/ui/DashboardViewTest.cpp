@@ -62,6 +62,7 @@ private Q_SLOTS:
     void aCancelledNameIsThereAgain();
     void tabGoesFromTopToBottomWhateverCameLast();
     void arrowKeysMoveAlongTheRecentRow();
+    void whatIsPickedWhileThePanelIsHiddenHasItsRoom();
     void returnAndSpaceCopyTheFocusedSwatch();
     void aNewColorLeavesTheFocusWhereItIs();
     void swatchesAndCardsTellScreenReadersWhatTheyAre();
@@ -644,6 +645,23 @@ void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
     for (qsizetype i = 1; i < expected.size(); ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), expected[i]);
+    }
+}
+
+void DashboardViewTest::whatIsPickedWhileThePanelIsHiddenHasItsRoom()
+{
+    PanelFixture panel;
+    panel.view->hide();
+    for (unsigned i = 0; i < 8; ++i) {
+        panel.capture(i);
+        panel.settle();
+    }
+    panel.view->show();
+    panel.settle();
+    const auto& swatches = panel.dashboard().swatches();
+    for (qsizetype i = 1; i < swatches.size(); ++i) {
+        QCOMPARE(swatches[i]->x() - swatches[i - 1]->x(), 74);
+        QCOMPARE(swatches[i]->width(), swatches[0]->sizeHint().width());
     }
 }
 

@@ -58,7 +58,8 @@ QSize ScrollArea::minimumSizeHint() const
 
 bool ScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    // A layout that is hidden tells of its first change only.
+    if (watched == widget() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)) {
         fitContent();
     }
     return QScrollArea::eventFilter(watched, event);
