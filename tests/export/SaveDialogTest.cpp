@@ -67,8 +67,7 @@ void SaveDialogTest::theQuestionWearsWhatTheDialogWears()
     QVERIFY(buttons != nullptr);
     buttons->button(QDialogButtonBox::Save)->click();
     auto* question = dark.dialog->findChild<QMessageBox*>();
-    QVERIFY(question != nullptr);
-    QVERIFY(question->isVisible());
+    QVERIFY(question != nullptr && question->isVisible());
     QCOMPARE(groundOf(*question), darkGround);
 }
 
