@@ -69,8 +69,7 @@ void JsonWriterTest::textsAreEscaped_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("json");
     QTest::newRow("empty") << QStringLiteral("") << QByteArray("\"\"");
-    QTest::newRow("named escapes") << QStringLiteral("\"\\/\b\f\n\r\t")
-                                   << QByteArray("\"\\\"\\\\/\\b\\f\\n\\r\\t\"");
+    QTest::newRow("named escapes") << QStringLiteral("\"\\/\b\f\n\r\t") << QByteArray(R"("\"\\/\b\f\n\r\t")");
     QTest::newRow("control characters")
         << QStringLiteral("a\u0001\u001F\u007F") << QByteArray("\"a\\u0001\\u001f\x7F\"");
     QTest::newRow("beyond the basic plane")
