@@ -13,7 +13,8 @@ enum class PointerButton : std::uint8_t { Primary, Secondary, Middle, Other };
 struct ScrollDelta
 {
     double amount = 0;
-    /// True for touchpads and smooth wheels, whose amount is in points; otherwise the amount counts wheel notches.
+    /// True where the amount is in points, as a touchpad's is; otherwise it counts wheel notches, of which a fine wheel
+    /// turns parts.
     bool isPrecise = false;
 
     friend constexpr bool operator==(const ScrollDelta&, const ScrollDelta&) = default;
