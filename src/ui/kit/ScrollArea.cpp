@@ -46,6 +46,12 @@ ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargi
     connect(qApp, &QApplication::focusChanged, this, &ScrollArea::follow);
 }
 
+ScrollArea::~ScrollArea()
+{
+    // What has the focus in it loses it when the content is deleted, which is later than this.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QSize ScrollArea::sizeHint() const
 {
     return widget()->sizeHint();

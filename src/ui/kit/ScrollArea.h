@@ -15,6 +15,7 @@ class ScrollArea final : public QScrollArea, public ShadowCaster, public Overhan
 
 public:
     ScrollArea(Qt::Orientation direction, QWidget* content, const QMargins& overhang = {});
+    ~ScrollArea() override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
