@@ -231,6 +231,10 @@ bool X11HotKeyRegistrar::rawKeyReleased(const xcb_key_release_event_t& release)
     const auto pressed = m_rawPressed.find(release.detail);
     if (pressed == m_rawPressed.end()) {
         const bool isLateRepeat = m_lastRawRelease && m_lastRawRelease->first == release.detail;
+        if (isLateRepeat) {
+            // Another pair may have been waiting.
+            m_lastRawRelease->second = release.time;
+        }
         return isLateRepeat || isAltKey(release.detail);
     }
     if (isDown(release.detail)) {
