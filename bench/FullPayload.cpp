@@ -1,6 +1,6 @@
 #include "FullPayload.h"
 
-#include "model/ColorNameService.h"
+#include "ColorNames.h"
 
 #include <random>
 
@@ -16,7 +16,7 @@ Payload fullPayload()
     for (int i = 0; i < historyLimit; ++i) {
         CapturedColor color =
             CapturedColor::capture(component(), component(), component(), i % 5 == 0 ? 128 / 255.0 : 1);
-        color.customName = ColorNameService::shared().nearest(color);
+        color.customName = ColorNames::shared().nearest(color);
         payload.history.append(color);
     }
     for (int i = 0; i < 20; ++i) {

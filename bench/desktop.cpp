@@ -6,8 +6,8 @@
 #include "FullPayload.h"
 #include "Table.h"
 
+#include "PayloadCoding.h"
 #include "desktop/TintwickProcess.h"
-#include "state/PayloadCoding.h"
 #include "support/HandOnKeyboard.h"
 #include "support/Pattern.h"
 #include "support/PrivateDesktop.h"

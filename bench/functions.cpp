@@ -1,13 +1,13 @@
 #include "FullPayload.h"
 #include "RunBenchmarks.h"
 
-#include "model/CapturedColor.h"
-#include "model/ColorFormat.h"
-#include "model/ColorNameService.h"
-#include "model/TailwindService.h"
-#include "state/PayloadCoding.h"
-#include "state/Preferences.h"
-#include "state/StorageService.h"
+#include "CapturedColor.h"
+#include "ColorFormat.h"
+#include "ColorNames.h"
+#include "DataFile.h"
+#include "PayloadCoding.h"
+#include "Preferences.h"
+#include "TailwindColors.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -61,8 +61,8 @@ void nearestNameAndToken(benchmark::State& state)
     std::size_t i = 0;
     for ([[maybe_unused]] auto _ : state) {
         const CapturedColor& color = colors[i++ % colors.size()];
-        benchmark::DoNotOptimize(ColorNameService::shared().nearest(color));
-        benchmark::DoNotOptimize(TailwindService::shared().nearest(color));
+        benchmark::DoNotOptimize(ColorNames::shared().nearest(color));
+        benchmark::DoNotOptimize(TailwindColors::shared().nearest(color));
     }
 }
 BENCHMARK(nearestNameAndToken);
@@ -142,7 +142,7 @@ void save(benchmark::State& state)
     const DataFolder folder;
     const Payload payload = fullPayload();
     const QByteArray text = *encodePayload(payload);
-    const StorageService storage;
+    const DataFile storage;
     using Clock = std::chrono::steady_clock;
     using Microseconds = std::chrono::duration<double, std::micro>;
     std::vector<double> saves;

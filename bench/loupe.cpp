@@ -2,7 +2,7 @@
 
 #include "RunBenchmarks.h"
 
-#include "picker/MagnifierView.h"
+#include "LoupeRenderer.h"
 
 #include <QGuiApplication>
 
@@ -34,7 +34,7 @@ void renderFrame(benchmark::State& state)
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
     const double scale = static_cast<double>(state.range(1)) / 100;
     const PixelGrid grid = colorfulGrid(static_cast<int>(state.range(2)));
-    MagnifierView view;
+    LoupeRenderer view;
     view.setPixels(grid);
     view.render(look, scale);
     int frame = 0;
@@ -54,7 +54,7 @@ void renderFirstFrame(benchmark::State& state)
     const double scale = static_cast<double>(state.range(1)) / 100;
     const PixelGrid grid = colorfulGrid(static_cast<int>(state.range(2)));
     for ([[maybe_unused]] auto _ : state) {
-        MagnifierView view;
+        LoupeRenderer view;
         view.setPixels(grid);
         benchmark::DoNotOptimize(view.render(look, scale).constBits());
     }
@@ -67,7 +67,7 @@ void renderAfterZoom(benchmark::State& state)
     const double scale = static_cast<double>(state.range(1)) / 100;
     const PixelGrid grids[] = {colorfulGrid(static_cast<int>(state.range(2))),
                                colorfulGrid(static_cast<int>(state.range(2)) - 1)};
-    MagnifierView view;
+    LoupeRenderer view;
     std::size_t step = 0;
     for ([[maybe_unused]] auto _ : state) {
         view.setPixels(grids[++step % 2]);

@@ -3,19 +3,19 @@
 #include "FullPayload.h"
 #include "RunBenchmarks.h"
 
-#include "state/AppState.h"
-#include "state/StorageService.h"
-#include "ui/Appearance.h"
-#include "ui/CollectionDetailView.h"
-#include "ui/CollectionRowCard.h"
-#include "ui/ColorDetailRow.h"
-#include "ui/DS.h"
-#include "ui/DashboardSwatchView.h"
-#include "ui/DashboardView.h"
-#include "ui/HistoryDetailView.h"
-#include "ui/kit/ReorderList.h"
-#include "ui/kit/Shadow.h"
-#include "ui/kit/Ticker.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "CollectionDetailView.h"
+#include "CollectionRowCard.h"
+#include "ColorDetailRow.h"
+#include "DashboardSwatchView.h"
+#include "DashboardView.h"
+#include "DataFile.h"
+#include "HistoryDetailView.h"
+#include "ReorderList.h"
+#include "Shadow.h"
+#include "Theme.h"
+#include "Ticker.h"
 
 #include <QApplication>
 #include <QFile>
@@ -59,7 +59,7 @@ private:
         {
             qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
             const Payload payload = fullPayloadWithFullCollection();
-            StorageService().save(payload.history, payload.collections, payload.defaultFormat);
+            DataFile().save(payload.history, payload.collections, payload.defaultFormat);
         }
 
     private:
@@ -81,7 +81,7 @@ void scrolledFrameOfTheHistory(benchmark::State& state)
     const auto scale = static_cast<int>(state.range(0));
     QImage frame(panel.size() * scale, QImage::Format_ARGB32_Premultiplied);
     frame.setDevicePixelRatio(scale);
-    frame.fill(DS::bg.in(Scheme::Light));
+    frame.fill(theme::bg.in(Scheme::Light));
     constexpr int notch = 60;
     int step = notch;
     for ([[maybe_unused]] auto _ : state) {

@@ -1,18 +1,18 @@
-#include "app/AppDelegate.h"
+#include "AppDelegate.h"
 
-#include "app/PanelPlacement.h"
-#include "export/ExportService.h"
-#include "model/CapturedColor.h"
-#include "platform/ClickMonitor.h"
-#include "platform/SystemAppearance.h"
-#include "shortcuts/MenuItemsOf.h"
-#include "shortcuts/ShortcutNames.h"
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/MainPanelView.h"
-#include "ui/kit/Ticker.h"
-#include "ui/settings/InlineSettingsView.h"
-#include "ui/settings/SettingsView.h"
+#include "Appearance.h"
+#include "CapturedColor.h"
+#include "ClickMonitor.h"
+#include "ColorExport.h"
+#include "DesktopSettings.h"
+#include "MenuItemsOf.h"
+#include "PanelPlacement.h"
+#include "PanelView.h"
+#include "SettingsScreen.h"
+#include "SettingsWindow.h"
+#include "ShortcutNames.h"
+#include "Theme.h"
+#include "Ticker.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::chrono::milliseconds preparationDelay{400};
 
-std::optional<Scheme> preferredScheme(const SystemAppearance& desktop)
+std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
 {
     const std::optional<bool> prefersDark = desktop.prefersDark();
     return prefersDark ? std::optional(*prefersDark ? Scheme::Dark : Scheme::Light) : std::nullopt;
@@ -85,17 +85,16 @@ void AppDelegate::prepareLater()
 
 void AppDelegate::setupMenuBar()
 {
-    QObject::connect(&m_statusItem, &StatusItem::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
-    QObject::connect(&m_statusItem, &StatusItem::pickRequested, &m_statusItem, [this] { activatePicker(); });
-    QObject::connect(&m_statusItem, &StatusItem::menuAboutToShow, &m_statusItem, [this] {
-        if (m_mainPanelView) {
-            m_statusItem.setMenuScheme(Appearance::of(m_mainPanelView));
+    QObject::connect(&m_statusItem, &TrayIcon::clicked, &m_statusItem, [this] { handleStatusBarClick(); });
+    QObject::connect(&m_statusItem, &TrayIcon::pickRequested, &m_statusItem, [this] { activatePicker(); });
+    QObject::connect(&m_statusItem, &TrayIcon::menuAboutToShow, &m_statusItem, [this] {
+        if (m_panelView) {
+            m_statusItem.setMenuScheme(Appearance::of(m_panelView));
         }
     });
-    QObject::connect(&m_statusItem, &StatusItem::settingsRequested, &m_statusItem,
-                     [this] { openSettings(); });
+    QObject::connect(&m_statusItem, &TrayIcon::settingsRequested, &m_statusItem, [this] { openSettings(); });
     // Not by quit(), which gives up when a window refuses to be closed, as the panel does.
-    QObject::connect(&m_statusItem, &StatusItem::quitRequested, qApp, [] { QApplication::exit(); });
+    QObject::connect(&m_statusItem, &TrayIcon::quitRequested, qApp, [] { QApplication::exit(); });
     m_statusItem.show();
 }
 
@@ -104,18 +103,18 @@ void AppDelegate::setupMainPanel()
     if (m_mainPanel) {
         return;
     }
-    m_mainPanelView = new MainPanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
-    m_mainPanel = std::make_unique<FloatingPanel>(m_platform->panelHost(), m_mainPanelView);
+    m_panelView = new PanelView(m_appState, [this](QWidget& panel) { return makeSettings(panel); });
+    m_mainPanel = std::make_unique<Panel>(m_platform->panelHost(), m_panelView);
     followSystemAppearance();
     setupGlobalClickDismiss();
 }
 
 QWidget* AppDelegate::makeSettings(QWidget& panel)
 {
-    return new InlineSettingsView(m_appState,
-                                  {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
-                                   [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
-                                  m_platform->screenGrabber(), panel);
+    return new SettingsScreen(m_appState,
+                              {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                               [this] { return KeyboardShortcuts::menuItemsOf(m_statusItem.menu()); }},
+                              m_platform->screenGrabber(), panel);
 }
 
 void AppDelegate::setupColorPickerService()
@@ -129,22 +128,21 @@ void AppDelegate::setupColorPickerService()
 
 void AppDelegate::setupGlobalClickDismiss()
 {
-    QObject::connect(
-        m_mainPanel.get(), &FloatingPanel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
-            ClickMonitor& monitor = m_platform->clickMonitor();
-            if (isVisible) {
-                monitor.start([] { return isMeantElsewhere(); }, [this] { handleClickElsewhere(); });
-            } else {
-                monitor.stop();
-            }
-        });
+    QObject::connect(m_mainPanel.get(), &Panel::visibleChanged, m_mainPanel.get(), [this](bool isVisible) {
+        ClickMonitor& monitor = m_platform->clickMonitor();
+        if (isVisible) {
+            monitor.start([] { return isMeantElsewhere(); }, [this] { handleClickElsewhere(); });
+        } else {
+            monitor.stop();
+        }
+    });
 }
 
 bool AppDelegate::isMeantElsewhere()
 {
     // A click in a save panel is ours, although the desktop may show that from another program. And while a button is down
     // on the panel, the pointer may have been dragged off it since.
-    return !ExportService::isSavePanelOpen() && QGuiApplication::mouseButtons() == Qt::NoButton;
+    return !ColorExport::isSaveDialogOpen() && QGuiApplication::mouseButtons() == Qt::NoButton;
 }
 
 void AppDelegate::handleClickElsewhere()
@@ -161,7 +159,7 @@ void AppDelegate::handleStatusBarClick()
         return;
     }
     if (!isTheClickThatHidThePanel()) {
-        showMainPanel(FloatingPanel::Typing::Leave, QCursor::pos());
+        showMainPanel(Panel::Typing::Leave, QCursor::pos());
     }
 }
 
@@ -177,7 +175,7 @@ bool AppDelegate::isTheClickThatHidThePanel()
     return isRecent && !m_statusItem.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
 }
 
-void AppDelegate::showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click)
+void AppDelegate::showMainPanel(Panel::Typing typing, std::optional<QPoint> click)
 {
     setupMainPanel();
     if (m_mainPanel->isVisible()) {
@@ -185,7 +183,7 @@ void AppDelegate::showMainPanel(FloatingPanel::Typing typing, std::optional<QPoi
         m_mainPanel->activateWindow();
         return;
     }
-    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), DS::panelSize), typing);
+    m_mainPanel->showAt(placePanel({m_statusItem.frame(), click}, panelScreens(), theme::panelSize), typing);
 }
 
 void AppDelegate::hideMainPanel()
@@ -199,21 +197,21 @@ void AppDelegate::openSettings()
 {
     setupMainPanel();
     if (!m_settingsView) {
-        m_settingsView = std::make_unique<SettingsView>(m_mainPanelView->appearance());
+        m_settingsView = std::make_unique<SettingsWindow>(m_panelView->appearance());
     }
     m_settingsView->present();
 }
 
 void AppDelegate::followSystemAppearance()
 {
-    m_systemAppearance = std::make_unique<SystemAppearance>();
+    m_systemAppearance = std::make_unique<DesktopSettings>();
     const auto apply = [this] {
-        m_mainPanelView->setSystemScheme(preferredScheme(*m_systemAppearance));
+        m_panelView->setSystemScheme(preferredScheme(*m_systemAppearance));
         m_statusItem.setDesktopPrefersDark(m_systemAppearance->prefersDark().value_or(false));
         Ticker::shared().setMotionReduced(m_systemAppearance->prefersReducedMotion());
     };
     apply();
-    QObject::connect(m_systemAppearance.get(), &SystemAppearance::changed, m_mainPanelView, apply);
+    QObject::connect(m_systemAppearance.get(), &DesktopSettings::changed, m_panelView, apply);
 }
 
 void AppDelegate::setupGlobalShortcut()
@@ -227,8 +225,7 @@ void AppDelegate::setupGlobalShortcut()
         activatePicker();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
-                        [this] { showMainPanel(FloatingPanel::Typing::Take); });
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showMainPanel(Panel::Typing::Take); });
 }
 
 void AppDelegate::activatePicker()

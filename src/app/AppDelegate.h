@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/FloatingPanel.h"
-#include "app/StatusItem.h"
-#include "picker/ColorPickerService.h"
-#include "picker/ScreenCaptureService.h"
-#include "platform/Platform.h"
-#include "shortcuts/OpenMenuWatcher.h"
-#include "shortcuts/Registry.h"
-#include "state/AppState.h"
+#include "AppState.h"
+#include "ColorPickerService.h"
+#include "OpenMenuWatcher.h"
+#include "Panel.h"
+#include "Platform.h"
+#include "Registry.h"
+#include "ScreenCaptureService.h"
+#include "TrayIcon.h"
 
 #include <QElapsedTimer>
 #include <QPoint>
@@ -20,9 +20,9 @@ class QWidget;
 
 namespace tintwick {
 
-class MainPanelView;
-class SettingsView;
-class SystemAppearance;
+class PanelView;
+class SettingsWindow;
+class DesktopSettings;
 
 /// Builds everything at launch and holds it for the life of the process: the application's state, the status item, the
 /// main panel, the picker and the global shortcuts. Making it loads the data file.
@@ -50,7 +50,7 @@ private:
     void handleStatusBarClick();
     [[nodiscard]] bool isTheClickThatHidThePanel();
     /// `click` is where the status item was clicked, if it was.
-    void showMainPanel(FloatingPanel::Typing typing, std::optional<QPoint> click = {});
+    void showMainPanel(Panel::Typing typing, std::optional<QPoint> click = {});
     void hideMainPanel();
     /// The separate window; the settings themselves are in the panel.
     void openSettings();
@@ -64,14 +64,14 @@ private:
 
     std::unique_ptr<Platform> m_platform;
     AppState m_appState;
-    StatusItem m_statusItem;
+    TrayIcon m_statusItem;
     ScreenCaptureService m_capture;
     ColorPickerService m_colorPickerService;
     // Belongs to the panel.
-    MainPanelView* m_mainPanelView = nullptr;
-    std::unique_ptr<FloatingPanel> m_mainPanel;
-    std::unique_ptr<SettingsView> m_settingsView;
-    std::unique_ptr<SystemAppearance> m_systemAppearance;
+    PanelView* m_panelView = nullptr;
+    std::unique_ptr<Panel> m_mainPanel;
+    std::unique_ptr<SettingsWindow> m_settingsView;
+    std::unique_ptr<DesktopSettings> m_systemAppearance;
     QElapsedTimer m_sinceClickElsewhere;
     QPoint m_clickElsewhere;
     QSettings m_settings;

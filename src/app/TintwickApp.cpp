@@ -1,6 +1,6 @@
-#include "app/TintwickApp.h"
+#include "TintwickApp.h"
 
-#include "state/Preferences.h"
+#include "Preferences.h"
 
 #include <QThreadPool>
 

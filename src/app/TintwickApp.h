@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/AppDelegate.h"
+#include "AppDelegate.h"
 
 #include <QApplication>
 

@@ -1,5 +1,6 @@
-#include "app/TintwickApp.h"
-#include "platform/Platform.h"
+#include "Platform.h"
+#include "PlatformFactory.h"
+#include "TintwickApp.h"
 
 #include <QString>
 
@@ -9,7 +10,7 @@
 int main(int argc, char** argv)
 {
     QString whyNot;
-    std::unique_ptr<tintwick::Platform> platform = tintwick::Platform::create(whyNot);
+    std::unique_ptr<tintwick::Platform> platform = tintwick::createPlatform(whyNot);
     if (!platform) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(whyNot));
         return EXIT_FAILURE;

@@ -1,6 +1,6 @@
-#include "export/PortalSaveDialog.h"
+#include "PortalSaveDialog.h"
 
-#include "export/ContentType.h"
+#include "ContentType.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>

@@ -1,6 +1,6 @@
-#include "export/SaveDialog.h"
+#include "SaveDialog.h"
 
-#include "export/ContentType.h"
+#include "ContentType.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "model/ColorCollection.h"
+#include "ColorCollection.h"
 
 #include <algorithm>
 

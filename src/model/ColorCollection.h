@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CapturedColor.h"
+#include "CapturedColor.h"
 
 #include <QDateTime>
 #include <QList>

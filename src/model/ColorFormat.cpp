@@ -1,9 +1,9 @@
-#include "model/ColorFormat.h"
+#include "ColorFormat.h"
 
-#include "model/CapturedColor.h"
-#include "model/ColorNameService.h"
-#include "model/Slug.h"
-#include "model/TailwindService.h"
+#include "CapturedColor.h"
+#include "ColorNames.h"
+#include "Slug.h"
+#include "TailwindColors.h"
 
 namespace tintwick {
 
@@ -62,9 +62,9 @@ QString string(ColorFormat format, const CapturedColor& color, const QString& va
         return QStringLiteral("--") + name + QStringLiteral(": ") + color.hex6() + u';';
     }
     case ColorFormat::Tailwind:
-        return TailwindService::shared().nearest(color).value_or(color.hex6());
+        return TailwindColors::shared().nearest(color).value_or(color.hex6());
     case ColorFormat::ColorName:
-        return color.customName ? *color.customName : ColorNameService::shared().nearest(color);
+        return color.customName ? *color.customName : ColorNames::shared().nearest(color);
     }
     Q_UNREACHABLE();
 }

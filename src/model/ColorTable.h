@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/NearestColor.h"
+#include "NearestColor.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
-#include "model/NearestColor.h"
+#include "NearestColor.h"
 
-#include "model/CapturedColor.h"
+#include "CapturedColor.h"
 
 #include <algorithm>
 #include <array>

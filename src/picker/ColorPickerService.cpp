@@ -1,10 +1,10 @@
-#include "picker/ColorPickerService.h"
+#include "ColorPickerService.h"
 
-#include "picker/MagnifierView.h"
-#include "picker/PickerViewController.h"
-#include "picker/PickerWindow.h"
-#include "platform/Platform.h"
-#include "platform/ScreenGrabber.h"
+#include "LoupeRenderer.h"
+#include "PickerViewController.h"
+#include "PickerWindow.h"
+#include "Platform.h"
+#include "ScreenGrabber.h"
 
 #include <QPointer>
 
@@ -25,7 +25,7 @@ ColorPickerService::~ColorPickerService()
 void ColorPickerService::prepare()
 {
     const std::vector<Screen> screens = m_platform.screenGrabber().screens();
-    static_cast<void>(MagnifierView().render(screens.empty() ? 1 : screens.front().scale));
+    static_cast<void>(LoupeRenderer().render(screens.empty() ? 1 : screens.front().scale));
 }
 
 void ColorPickerService::showPicker()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "picker/PixelGrid.h"
+#include "PixelGrid.h"
 
 #include <QObject>
 

@@ -1,8 +1,8 @@
-#include "picker/MagnifierPanel.h"
+#include "MagnifierPanel.h"
 
-#include "picker/LoupeGeometry.h"
-#include "picker/MagnifierView.h"
-#include "platform/LoupeSurface.h"
+#include "LoupeGeometry.h"
+#include "LoupeRenderer.h"
+#include "LoupeSurface.h"
 
 #include <QImage>
 
@@ -20,7 +20,7 @@ SurfaceId MagnifierPanel::windowNumber() const
     return m_surface->id();
 }
 
-void MagnifierPanel::show(MagnifierView& view, GlobalPoint pointer, const std::vector<Screen>& screens)
+void MagnifierPanel::show(LoupeRenderer& view, GlobalPoint pointer, const std::vector<Screen>& screens)
 {
     const std::optional<Screen> screen = screenAt(pointer, screens);
     if (!screen) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Coordinates.h"
-#include "platform/ScreenGrabber.h"
+#include "Coordinates.h"
+#include "ScreenGrabber.h"
 
 #include <memory>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace tintwick {
 
 class LoupeSurface;
-class MagnifierView;
+class LoupeRenderer;
 
 /// Carries the loupe's picture on the screen. Destroying it takes the loupe away.
 class MagnifierPanel final
@@ -23,7 +23,7 @@ public:
 
     /// Shows the view around the pointer, at the scale and within the bounds of the screen the pointer is on; the primary
     /// screen comes first in the list and counts for a pointer that is on none. Without screens the loupe stays as it is.
-    void show(MagnifierView& view, GlobalPoint pointer, const std::vector<Screen>& screens);
+    void show(LoupeRenderer& view, GlobalPoint pointer, const std::vector<Screen>& screens);
 
 private:
     std::unique_ptr<LoupeSurface> m_surface;

@@ -1,14 +1,14 @@
-#include "picker/PickerViewController.h"
+#include "PickerViewController.h"
 
-#include "picker/MagnifierPanel.h"
-#include "picker/MagnifierView.h"
-#include "picker/ScreenCaptureService.h"
-#include "picker/ZoomRadius.h"
-#include "platform/KeyCode.h"
-#include "platform/LoupeSurface.h"
-#include "platform/Platform.h"
-#include "platform/ScreenGrabber.h"
-#include "state/Preferences.h"
+#include "KeyCode.h"
+#include "LoupeRenderer.h"
+#include "LoupeSurface.h"
+#include "MagnifierPanel.h"
+#include "Platform.h"
+#include "Preferences.h"
+#include "ScreenCaptureService.h"
+#include "ScreenGrabber.h"
+#include "ZoomRadius.h"
 
 namespace tintwick {
 
@@ -30,7 +30,7 @@ PickerViewController::~PickerViewController()
 
 void PickerViewController::viewDidAppear()
 {
-    m_magnifierView = std::make_unique<MagnifierView>();
+    m_magnifierView = std::make_unique<LoupeRenderer>();
     m_magnifierPanel = std::make_unique<MagnifierPanel>(m_platform.createLoupeSurface());
     m_capture.setReferenceWindowID(m_magnifierPanel->windowNumber());
     updateMagnifier(m_input.pointerPosition());

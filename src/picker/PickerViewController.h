@@ -1,9 +1,9 @@
 #pragma once
 
-#include "picker/PixelGrid.h"
-#include "picker/ScrollAccumulator.h"
-#include "platform/Coordinates.h"
-#include "platform/PickingInput.h"
+#include "Coordinates.h"
+#include "PickingInput.h"
+#include "PixelGrid.h"
+#include "ScrollAccumulator.h"
 
 #include <QTimer>
 
@@ -13,7 +13,7 @@
 namespace tintwick {
 
 class MagnifierPanel;
-class MagnifierView;
+class LoupeRenderer;
 class Platform;
 class ScreenCaptureService;
 
@@ -61,7 +61,7 @@ private:
     ColorPicked m_onColorPicked;
     Cancelled m_onCancelled;
     std::unique_ptr<MagnifierPanel> m_magnifierPanel;
-    std::unique_ptr<MagnifierView> m_magnifierView;
+    std::unique_ptr<LoupeRenderer> m_magnifierView;
     int m_radius;
     ScrollAccumulator m_scroll;
     /// The newest position that was reported, which the loupe shows. Asking the input may give whole pixels only, and

@@ -1,7 +1,7 @@
-#include "picker/PickerWindow.h"
+#include "PickerWindow.h"
 
-#include "picker/PickerViewController.h"
-#include "platform/ScreenGrabber.h"
+#include "PickerViewController.h"
+#include "ScreenGrabber.h"
 
 namespace tintwick {
 

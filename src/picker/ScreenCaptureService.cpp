@@ -1,4 +1,4 @@
-#include "picker/ScreenCaptureService.h"
+#include "ScreenCaptureService.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "picker/PixelGrid.h"
-#include "platform/Coordinates.h"
-#include "platform/ScreenGrabber.h"
+#include "Coordinates.h"
+#include "PixelGrid.h"
+#include "ScreenGrabber.h"
 
 #include <optional>
 

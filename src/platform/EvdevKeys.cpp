@@ -1,6 +1,6 @@
-#include "platform/EvdevKeys.h"
+#include "EvdevKeys.h"
 
-#include "platform/KeyCode.h"
+#include "KeyCode.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KeyPress.h"
+#include "KeyPress.h"
 
 #include <cstdint>
 

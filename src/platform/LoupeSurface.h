@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Coordinates.h"
-#include "platform/ScreenGrabber.h"
+#include "Coordinates.h"
+#include "ScreenGrabber.h"
 
 class QImage;
 

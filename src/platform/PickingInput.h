@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Coordinates.h"
-#include "platform/KeyPress.h"
+#include "Coordinates.h"
+#include "KeyPress.h"
 
 #include <cstdint>
 

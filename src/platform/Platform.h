@@ -22,10 +22,6 @@ class Platform
 public:
     virtual ~Platform() = default;
 
-    /// Connects to the desktop that the environment names; needs no application object yet. On a desktop that cannot be
-    /// served returns none, and `whyNot` is one sentence for the user.
-    [[nodiscard]] static std::unique_ptr<Platform> create(QString& whyNot);
-
     [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
     /// Never none.

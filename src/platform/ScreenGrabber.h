@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Coordinates.h"
+#include "Coordinates.h"
 
 #include <QUrl>
 

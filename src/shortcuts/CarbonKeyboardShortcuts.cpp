@@ -1,7 +1,7 @@
-#include "shortcuts/CarbonKeyboardShortcuts.h"
+#include "CarbonKeyboardShortcuts.h"
 
-#include "shortcuts/Modifiers.h"
-#include "shortcuts/Presentation.h"
+#include "Modifiers.h"
+#include "Presentation.h"
 
 #include <algorithm>
 #include <cstdio>

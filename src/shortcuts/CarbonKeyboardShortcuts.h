@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/HotKeyRegistrar.h"
-#include "shortcuts/Shortcut.h"
+#include "HotKeyRegistrar.h"
+#include "Shortcut.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,8 +1,8 @@
-#include "shortcuts/MenuConflict.h"
+#include "MenuConflict.h"
 
-#include "shortcuts/Modifiers.h"
-#include "shortcuts/Presentation.h"
-#include "shortcuts/SpecialKey.h"
+#include "Modifiers.h"
+#include "Presentation.h"
+#include "SpecialKey.h"
 
 namespace tintwick::KeyboardShortcuts {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shortcuts/MenuItem.h"
-#include "shortcuts/Shortcut.h"
+#include "MenuItem.h"
+#include "Shortcut.h"
 
 #include <vector>
 

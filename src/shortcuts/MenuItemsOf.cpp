@@ -1,7 +1,7 @@
-#include "shortcuts/MenuItemsOf.h"
+#include "MenuItemsOf.h"
 
-#include "shortcuts/Modifiers.h"
-#include "shortcuts/SpecialKey.h"
+#include "Modifiers.h"
+#include "SpecialKey.h"
 
 #include <QAction>
 #include <QKeySequence>

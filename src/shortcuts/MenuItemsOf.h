@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shortcuts/MenuItem.h"
+#include "MenuItem.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KeyCode.h"
+#include "KeyCode.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
-#include "shortcuts/OpenMenuWatcher.h"
+#include "OpenMenuWatcher.h"
 
-#include "shortcuts/Registry.h"
+#include "Registry.h"
 
 #include <QCoreApplication>
 #include <QEvent>

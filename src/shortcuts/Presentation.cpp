@@ -1,8 +1,8 @@
-#include "shortcuts/Presentation.h"
+#include "Presentation.h"
 
-#include "platform/KeyboardLayout.h"
-#include "shortcuts/Modifiers.h"
-#include "shortcuts/SpecialKey.h"
+#include "KeyboardLayout.h"
+#include "Modifiers.h"
+#include "SpecialKey.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shortcuts/Shortcut.h"
+#include "Shortcut.h"
 
 #include <QString>
 

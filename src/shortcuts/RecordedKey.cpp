@@ -1,11 +1,11 @@
-#include "shortcuts/RecordedKey.h"
+#include "RecordedKey.h"
 
-#include "platform/KeyCode.h"
-#include "platform/KeyPress.h"
-#include "shortcuts/MenuConflict.h"
-#include "shortcuts/RecorderServices.h"
-#include "shortcuts/Registry.h"
-#include "shortcuts/SpecialKey.h"
+#include "KeyCode.h"
+#include "KeyPress.h"
+#include "MenuConflict.h"
+#include "RecorderServices.h"
+#include "Registry.h"
+#include "SpecialKey.h"
 
 namespace tintwick::KeyboardShortcuts {
 

@@ -1,6 +1,6 @@
-#include "shortcuts/Registry.h"
+#include "Registry.h"
 
-#include "platform/KeyboardLayout.h"
+#include "KeyboardLayout.h"
 
 #include <QSettings>
 

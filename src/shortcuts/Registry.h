@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shortcuts/CarbonKeyboardShortcuts.h"
-#include "shortcuts/Name.h"
+#include "CarbonKeyboardShortcuts.h"
+#include "Name.h"
 
 #include <QObject>
 

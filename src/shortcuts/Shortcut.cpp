@@ -1,7 +1,7 @@
-#include "shortcuts/Shortcut.h"
+#include "Shortcut.h"
 
-#include "platform/EvdevKeys.h"
-#include "shortcuts/Modifiers.h"
+#include "EvdevKeys.h"
+#include "Modifiers.h"
 
 #include <QKeyEvent>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shortcuts/Key.h"
+#include "Key.h"
 
 #include <QString>
 

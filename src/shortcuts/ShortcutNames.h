@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shortcuts/Modifiers.h"
-#include "shortcuts/Name.h"
+#include "Modifiers.h"
+#include "Name.h"
 
 // The shortcuts that the program has.
 namespace tintwick::shortcutnames {

@@ -1,7 +1,7 @@
-#include "shortcuts/SpecialKey.h"
+#include "SpecialKey.h"
 
-#include "platform/KeyCode.h"
-#include "shortcuts/LocalizedString.h"
+#include "KeyCode.h"
+#include "LocalizedString.h"
 
 #include <algorithm>
 #include <iterator>

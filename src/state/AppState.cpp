@@ -1,7 +1,7 @@
-#include "state/AppState.h"
+#include "AppState.h"
 
-#include "model/ColorNameService.h"
-#include "state/ListOrder.h"
+#include "ColorNames.h"
+#include "ListOrder.h"
 
 #include <QTimer>
 
@@ -89,7 +89,7 @@ void AppState::colorCaptured(const CapturedColor& color)
 {
     CapturedColor named = color;
     if (!named.customName) {
-        named.customName = ColorNameService::shared().nearest(color);
+        named.customName = ColorNames::shared().nearest(color);
     }
 
     m_history.prepend(named);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "model/CapturedColor.h"
-#include "model/ColorCollection.h"
-#include "model/ColorFormat.h"
-#include "state/ClipboardService.h"
-#include "state/StorageService.h"
+#include "CapturedColor.h"
+#include "Clipboard.h"
+#include "ColorCollection.h"
+#include "ColorFormat.h"
+#include "DataFile.h"
 
 #include <QList>
 #include <QObject>
@@ -60,7 +60,7 @@ public:
     void startPicking() const;
     void setStartPicking(std::function<void()> action);
 
-    [[nodiscard]] const ClipboardService& clipboard() const { return m_clipboard; }
+    [[nodiscard]] const Clipboard& clipboard() const { return m_clipboard; }
 
     /// Takes a fresh colour in: names it by the table of names if it has none, puts it at the head of the
     /// history, drops the oldest beyond the limit, and copies its text in the default format. Saves.
@@ -107,8 +107,8 @@ private:
     QString m_lastCopiedString;
     std::function<void()> m_startPicking;
     RunLater m_runLater;
-    StorageService m_storage;
-    ClipboardService m_clipboard;
+    DataFile m_storage;
+    Clipboard m_clipboard;
 };
 
 } // namespace tintwick

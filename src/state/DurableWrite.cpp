@@ -1,6 +1,6 @@
-#include "state/DurableWrite.h"
+#include "DurableWrite.h"
 
-#include "state/FileDescriptor.h"
+#include "FileDescriptor.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "state/JsonWriter.h"
+#include "JsonWriter.h"
 
 #include <nlohmann/json.hpp>
 

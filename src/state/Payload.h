@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/CapturedColor.h"
-#include "model/ColorCollection.h"
-#include "model/ColorFormat.h"
+#include "CapturedColor.h"
+#include "ColorCollection.h"
+#include "ColorFormat.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
-#include "state/PayloadCoding.h"
+#include "PayloadCoding.h"
 
-#include "state/JsonWriter.h"
+#include "JsonWriter.h"
 
 #include <nlohmann/json.hpp>
 

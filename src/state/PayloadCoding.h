@@ -1,6 +1,6 @@
 #pragma once
 
-#include "state/Payload.h"
+#include "Payload.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

@@ -1,4 +1,4 @@
-#include "app/PanelPlacement.h"
+#include "PanelPlacement.h"
 
 #include <QTest>
 

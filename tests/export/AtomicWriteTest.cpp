@@ -1,4 +1,4 @@
-#include "export/AtomicWrite.h"
+#include "AtomicWrite.h"
 
 #include "support/ForkedChild.h"
 

@@ -1,6 +1,6 @@
 #include "PayloadCheck.h"
 
-#include "state/PayloadCoding.h"
+#include "PayloadCoding.h"
 
 namespace tintwick::testing {
 

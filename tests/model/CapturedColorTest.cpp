@@ -1,4 +1,4 @@
-#include "model/CapturedColor.h"
+#include "CapturedColor.h"
 
 #include "support/ForkedChild.h"
 

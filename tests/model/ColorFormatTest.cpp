@@ -1,6 +1,6 @@
-#include "model/ColorFormat.h"
+#include "ColorFormat.h"
 
-#include "model/CapturedColor.h"
+#include "CapturedColor.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "model/Slug.h"
+#include "Slug.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
-#include "picker/ColorPickerService.h"
-#include "picker/ScreenCaptureService.h"
-#include "platform/KeyCode.h"
-#include "state/Preferences.h"
+#include "ColorPickerService.h"
+#include "KeyCode.h"
+#include "Preferences.h"
+#include "ScreenCaptureService.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestPictures.h"
 

@@ -1,4 +1,4 @@
-#include "picker/ScreenCaptureService.h"
+#include "ScreenCaptureService.h"
 #include "support/ScriptedScreenGrabber.h"
 #include "support/TestPictures.h"
 

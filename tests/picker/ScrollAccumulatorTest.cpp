@@ -1,4 +1,4 @@
-#include "picker/ScrollAccumulator.h"
+#include "ScrollAccumulator.h"
 
 #include <QTest>
 

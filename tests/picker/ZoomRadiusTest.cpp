@@ -1,4 +1,4 @@
-#include "picker/ZoomRadius.h"
+#include "ZoomRadius.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "platform/EvdevKeys.h"
+#include "EvdevKeys.h"
 
 #include <QTest>
 

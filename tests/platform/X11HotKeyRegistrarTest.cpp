@@ -1,4 +1,4 @@
-#include "platform/x11/X11HotKeyRegistrar.h"
+#include "X11HotKeyRegistrar.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 

@@ -1,5 +1,5 @@
-#include "platform/x11/X11KeyRecording.h"
-#include "platform/x11/X11HotKeyRegistrar.h"
+#include "X11KeyRecording.h"
+#include "X11HotKeyRegistrar.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"

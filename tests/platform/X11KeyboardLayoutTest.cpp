@@ -1,4 +1,4 @@
-#include "platform/x11/X11KeyboardLayout.h"
+#include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 

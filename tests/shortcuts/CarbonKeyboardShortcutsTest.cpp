@@ -1,4 +1,4 @@
-#include "shortcuts/CarbonKeyboardShortcuts.h"
+#include "CarbonKeyboardShortcuts.h"
 #include "support/OutputOf.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyboardLayout.h"

@@ -1,4 +1,4 @@
-#include "shortcuts/LocalizedString.h"
+#include "LocalizedString.h"
 
 #include <QTest>
 #include <QTranslator>

@@ -1,4 +1,4 @@
-#include "shortcuts/MenuConflict.h"
+#include "MenuConflict.h"
 #include "support/ScriptedKeyboardLayout.h"
 
 #include <QTest>

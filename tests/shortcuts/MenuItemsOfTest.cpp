@@ -1,4 +1,4 @@
-#include "shortcuts/MenuItemsOf.h"
+#include "MenuItemsOf.h"
 
 #include <QAction>
 #include <QMenu>

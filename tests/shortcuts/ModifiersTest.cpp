@@ -1,4 +1,4 @@
-#include "shortcuts/Modifiers.h"
+#include "Modifiers.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
-#include "platform/x11/X11HotKeyRegistrar.h"
-#include "platform/x11/X11KeyboardLayout.h"
-#include "shortcuts/OpenMenuWatcher.h"
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
+#include "OpenMenuWatcher.h"
+#include "Registry.h"
+#include "ShortcutNames.h"
+#include "X11HotKeyRegistrar.h"
+#include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 

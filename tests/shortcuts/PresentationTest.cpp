@@ -1,4 +1,4 @@
-#include "shortcuts/Presentation.h"
+#include "Presentation.h"
 #include "support/ScriptedKeyboardLayout.h"
 
 #include <QTest>

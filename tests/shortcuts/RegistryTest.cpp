@@ -1,5 +1,5 @@
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
+#include "Registry.h"
+#include "ShortcutNames.h"
 #include "support/OutputOf.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyboardLayout.h"

@@ -1,5 +1,5 @@
-#include "shortcuts/Shortcut.h"
-#include "shortcuts/Modifiers.h"
+#include "Shortcut.h"
+#include "Modifiers.h"
 
 #include <QKeyEvent>
 #include <QTest>

@@ -1,11 +1,11 @@
 #include "shots/HistoryShots.h"
 
+#include "AppState.h"
+#include "HistoryDetailView.h"
+#include "MenuButton.h"
+#include "RenameColorOverlay.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
-#include "state/AppState.h"
-#include "ui/HistoryDetailView.h"
-#include "ui/RenameColorSheet.h"
-#include "ui/kit/MenuButton.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -70,7 +70,7 @@ void shootHistory(const QDir& folder)
     const auto renamed = [](DemoHistory& history, const QString& name) {
         AppState& state = history.state();
         state.renameColor(state.history().at(1).id, name);
-        openRenameColorSheet(history, state, state.history().at(1));
+        openRenameColorOverlay(history, state, state.history().at(1));
     };
 
     shootState(u"empty"_s, {});

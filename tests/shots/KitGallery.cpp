@@ -1,18 +1,18 @@
 #include "shots/KitGallery.h"
 
+#include "Appearance.h"
+#include "Button.h"
+#include "ContextMenu.h"
+#include "Label.h"
+#include "Overlay.h"
+#include "Paint.h"
+#include "PopUpPicker.h"
+#include "Rule.h"
+#include "SegmentedPicker.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "TextField.h"
 #include "shots/Shooting.h"
-#include "ui/Appearance.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/ContextMenu.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/PopUpPicker.h"
-#include "ui/kit/Rule.h"
-#include "ui/kit/SegmentedPicker.h"
-#include "ui/kit/Sheet.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/SymbolView.h"
-#include "ui/kit/TextField.h"
 
 #include <QDir>
 #include <QMenu>
@@ -33,15 +33,15 @@ QStringList symbolNames()
     return names;
 }
 
-Stack* tile(const QString& name, const DS::Gradient& gradient)
+Stack* tile(const QString& name, const theme::Gradient& gradient)
 {
     return row(fixedSize(44, 44), centered(), ground(gradient, 10),
-               symbol(name, 20, SymbolWeight::Semibold, DS::white));
+               symbol(name, 20, SymbolWeight::Semibold, theme::white));
 }
 
-Stack* square(const DS::Color& color)
+Stack* square(const theme::Color& color)
 {
-    return row(fixedSize(62, 62), ground(color, 14), outline(DS::black.opacity(0.06), 0.5),
+    return row(fixedSize(62, 62), ground(color, 14), outline(theme::black.opacity(0.06), 0.5),
                Shadow{.color = color.opacity(0.4), .radius = 6, .offset = {0, 3}});
 }
 
@@ -61,7 +61,7 @@ protected:
 
 Stack* page(Stack* content)
 {
-    content->add(ground(DS::bg, DS::panelRadius));
+    content->add(ground(theme::bg, theme::panelRadius));
     return content;
 }
 
@@ -71,45 +71,46 @@ std::unique_ptr<QWidget> blocks()
     disabled->setEnabled(false);
     return std::unique_ptr<QWidget>(page(column(
         gap(16), padding(16), fixedWidth(380), Across::Leading,
-        row(gap(10), fillWidth(), label(u"Tintwick"_s, DS::font(18, QFont::Bold)), spacer(),
-            row(gap(4), padding(8, 4), ground(DS::surface, 11),
-                symbol(u"checkmark.circle.fill"_s, 10, SymbolWeight::Regular, DS::green),
-                label(u"Copied!"_s, DS::font(11, QFont::Medium), DS::textSecond)),
+        row(gap(10), fillWidth(), label(u"Tintwick"_s, theme::font(18, QFont::Bold)), spacer(),
+            row(gap(4), padding(8, 4), ground(theme::surface, 11),
+                symbol(u"checkmark.circle.fill"_s, 10, SymbolWeight::Regular, theme::green),
+                label(u"Copied!"_s, theme::font(11, QFont::Medium), theme::textSecond)),
             plainButton(u"Appearance"_s, nothing,
-                        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-                            symbol(u"circle.lefthalf.filled"_s, 14, SymbolWeight::Medium, DS::textSecond)),
+                        row(fixedSize(30, 30), centered(), ground(theme::surfaceHigh, 8),
+                            symbol(u"circle.lefthalf.filled"_s, 14, SymbolWeight::Medium, theme::textSecond)),
                         8),
             plainButton(u"Settings"_s, nothing,
-                        row(fixedSize(30, 30), centered(), ground(DS::surfaceHigh, 8),
-                            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, DS::textSecond)),
+                        row(fixedSize(30, 30), centered(), ground(theme::surfaceHigh, 8),
+                            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, theme::textSecond)),
                         8)),
         rule(),
         plainButton(
             u"Pick a Color"_s, nothing,
             row(fillWidth(), fixedHeight(50), gap(8), centered(),
-                ground(DS::Gradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}}, 14),
-                Shadow{.color = DS::Color{0.24, 0.26, 0.68}.opacity(0.35), .radius = 10, .offset = {0, 4}},
-                symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, DS::white),
-                label(u"Pick a Color"_s, DS::font(16, QFont::DemiBold), DS::white)),
+                ground(theme::Gradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}}, 14),
+                Shadow{.color = theme::Color{0.24, 0.26, 0.68}.opacity(0.35), .radius = 10, .offset = {0, 4}},
+                symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, theme::white),
+                label(u"Pick a Color"_s, theme::font(16, QFont::DemiBold), theme::white)),
             14),
         plainButton(u"See all"_s, nothing,
                     row(fillWidth(), gap(2),
-                        label(u"Recent History"_s, DS::font(15, QFont::DemiBold), DS::textSecond), spacer(),
-                        label(u"See all"_s, DS::font(12), DS::accent),
-                        symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, DS::accent))),
+                        label(u"Recent History"_s, theme::font(15, QFont::DemiBold), theme::textSecond),
+                        spacer(), label(u"See all"_s, theme::font(12), theme::accent),
+                        symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, theme::accent))),
         row(gap(12), square({0.23, 0.51, 0.96}), square({0.95, 0.35, 0.25}), square({0.15, 0.7, 0.45}),
-            new Checks, label(u"3B82F6"_s, DS::monospacedFont(9, QFont::Medium), DS::textSecond)),
-        row(fillWidth(), gap(12), padding(12, 10), ground(DS::surface, 14), outline(DS::border, 1),
-            Shadow{.color = DS::black.opacity(0.07), .radius = 8, .offset = {0, 2}},
-            tile(u"paintpalette.fill"_s, DS::cardAccents[0]),
+            new Checks, label(u"3B82F6"_s, theme::monospacedFont(9, QFont::Medium), theme::textSecond)),
+        row(fillWidth(), gap(12), padding(12, 10), ground(theme::surface, 14), outline(theme::border, 1),
+            Shadow{.color = theme::black.opacity(0.07), .radius = 8, .offset = {0, 2}},
+            tile(u"paintpalette.fill"_s, theme::cardAccents[0]),
             column(gap(2), Across::Leading,
-                   label(u"A palette whose name is far too long to be shown"_s, DS::font(14, QFont::Bold)),
-                   label(u"7 Colors"_s, DS::font(11), DS::textSecond)),
-            spacer(), symbol(u"chevron.right"_s, 11, SymbolWeight::Medium, DS::textThird)),
-        row(fillWidth(), gap(14), padding(12), ground(DS::surface, 14), dashedOutline(DS::textThird, 1.2, 5),
-            row(fixedSize(44, 44), centered(), ground(DS::surfaceHigh, 10),
-                symbol(u"plus"_s, 18, SymbolWeight::Medium, DS::textThird)),
-            label(u"New Palette"_s, DS::font(14, QFont::Medium), DS::textThird), spacer()),
+                   label(u"A palette whose name is far too long to be shown"_s, theme::font(14, QFont::Bold)),
+                   label(u"7 Colors"_s, theme::font(11), theme::textSecond)),
+            spacer(), symbol(u"chevron.right"_s, 11, SymbolWeight::Medium, theme::textThird)),
+        row(fillWidth(), gap(14), padding(12), ground(theme::surface, 14),
+            dashedOutline(theme::textThird, 1.2, 5),
+            row(fixedSize(44, 44), centered(), ground(theme::surfaceHigh, 10),
+                symbol(u"plus"_s, 18, SymbolWeight::Medium, theme::textThird)),
+            label(u"New Palette"_s, theme::font(14, QFont::Medium), theme::textThird), spacer()),
         new SegmentedPicker(u"Tab"_s, {u"General"_s, u"Data"_s}, 0),
         row(gap(10), fillWidth(),
             new SegmentedPicker(u"Default Zoom"_s, {u"Close"_s, u"Mid"_s, u"Far"_s}, {}),
@@ -127,11 +128,11 @@ std::unique_ptr<QWidget> symbols()
         for (const int textSize : {10, 14, 20}) {
             for (const SymbolWeight weight :
                  {SymbolWeight::Regular, SymbolWeight::Medium, SymbolWeight::Semibold}) {
-                line->add(symbol(name, textSize, weight, DS::textPrimary));
+                line->add(symbol(name, textSize, weight, theme::textPrimary));
             }
-            line->add(label(u"Ag"_s, DS::font(textSize)));
+            line->add(label(u"Ag"_s, theme::font(textSize)));
         }
-        line->add(label(name, DS::font(11), DS::textSecond));
+        line->add(label(name, theme::font(11), theme::textSecond));
         sheet->add(line);
     }
     return std::unique_ptr<QWidget>(page(sheet));
@@ -164,12 +165,12 @@ void shootKitGallery(const QDir& folder)
           [](QWidget& view) { view.findChildren<PlainButton*>().at(2)->setFocus(Qt::TabFocusReason); });
     shoot(folder, u"kit-symbols"_s, symbols);
     shoot(folder, u"kit-sheet"_s, blocks, [](QWidget& view) {
-        new Sheet(view, u"New Palette"_s,
-                  column(gap(16), padding(20), fixedWidth(280), Across::Leading,
-                         label(u"New Palette"_s, DS::headline()), new TextField(u"Palette name"_s),
-                         row(fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(),
-                             prominentButton(u"Create"_s, nothing))),
-                  nothing);
+        new Overlay(view, u"New Palette"_s,
+                    column(gap(16), padding(20), fixedWidth(280), Across::Leading,
+                           label(u"New Palette"_s, theme::headline()), new TextField(u"Palette name"_s),
+                           row(fillWidth(), borderedButton(u"Cancel"_s, nothing), spacer(),
+                               prominentButton(u"Create"_s, nothing))),
+                    nothing);
     });
     shoot(folder, u"kit-menu"_s, [] {
         auto menu = std::make_unique<QMenu>();

@@ -1,12 +1,12 @@
 #include "shots/PaletteShots.h"
 
+#include "AppState.h"
+#include "Button.h"
+#include "CollectionDetailView.h"
+#include "ColorDetailRow.h"
+#include "MenuButton.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
-#include "state/AppState.h"
-#include "ui/CollectionDetailView.h"
-#include "ui/ColorDetailRow.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/MenuButton.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>

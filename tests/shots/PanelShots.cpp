@@ -1,14 +1,14 @@
 #include "shots/PanelShots.h"
 
+#include "AppState.h"
+#include "Appearance.h"
+#include "CollectionRowCard.h"
+#include "DashboardSwatchView.h"
+#include "DashboardView.h"
+#include "Overlay.h"
+#include "PanelView.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
-#include "state/AppState.h"
-#include "ui/Appearance.h"
-#include "ui/CollectionRowCard.h"
-#include "ui/DashboardSwatchView.h"
-#include "ui/DashboardView.h"
-#include "ui/MainPanelView.h"
-#include "ui/kit/Sheet.h"
 
 #include <QApplication>
 #include <QColor>
@@ -45,19 +45,19 @@ public:
                 m_appState.addColor(color.id, collection.id);
             }
         }
-        m_view = new MainPanelView(m_appState, [](QWidget&) { return new QWidget; });
+        m_view = new PanelView(m_appState, [](QWidget&) { return new QWidget; });
         m_view->setParent(this);
-        setFixedSize(DS::panelSize);
+        setFixedSize(theme::panelSize);
     }
 
     [[nodiscard]] AppState& state() { return m_appState; }
-    [[nodiscard]] MainPanelView& view() { return *m_view; }
+    [[nodiscard]] PanelView& view() { return *m_view; }
     [[nodiscard]] DashboardView& dashboard() { return m_view->dashboard(); }
 
 private:
     std::function<void()> m_later;
     AppState m_appState;
-    MainPanelView* m_view;
+    PanelView* m_view;
 };
 
 const QList<QColor> fewColors{QColor(0x3B, 0x82, 0xF6), QColor(0xF5, 0x4D, 0x4D), QColor(0x1A, 0xBF, 0x80)};
@@ -109,7 +109,7 @@ void shootMainPanel(const QDir& folder)
         panel.dashboard().cards().first()->setFocus(Qt::TabFocusReason);
     });
     shootState(u"history"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
-        panel.view().setSelectedCollectionId(MainPanelView::historySelectionId);
+        panel.view().setSelectedCollectionId(PanelView::historySelectionId);
         QApplication::processEvents();
     });
     shootState(u"palette"_s, manyColors(8), {{u"Harbour"_s, 6}}, [](DemoPanel& panel) {

@@ -1,17 +1,17 @@
 #include "shots/RecorderShots.h"
 
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
+#include "Label.h"
+#include "Registry.h"
+#include "SettingsLayout.h"
+#include "ShortcutNames.h"
+#include "ShortcutRecorder.h"
+#include "Stack.h"
+#include "Theme.h"
+#include "View.h"
 #include "shots/Shooting.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
-#include "ui/DS.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/View.h"
-#include "ui/settings/RecorderCocoa.h"
-#include "ui/settings/SettingsLayout.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -35,7 +35,7 @@ public:
         m_registrar.refused = {{{keyD, modifier::command}, HotKeyRegistrar::statusTaken}};
         m_registry.declare(shortcutnames::activatePicker());
         const auto recorderFor = [this](const Name& name, const QString& title) {
-            return new RecorderCocoa(
+            return new ShortcutRecorder(
                 {m_registry, m_keys, m_layout,
                  [] {
                      return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, eventflag::control}};
@@ -44,14 +44,14 @@ public:
         };
         m_recorder = recorderFor(shortcutnames::activatePicker(), u"Activate Picker"_s);
         m_empty = recorderFor(shortcutnames::openMainWindow(), u"Open Main Window"_s);
-        setContent(column(gap(12), padding(16), fixedSize(380, 260), Across::Leading,
-                          ground(DS::bg, DS::panelRadius), label(u"Keyboard Shortcuts"_s, DS::headline()),
-                          settingsRow(u"Activate Picker"_s, m_recorder),
-                          settingsRow(u"Open Main Window"_s, m_empty), spacer()));
+        setContent(column(
+            gap(12), padding(16), fixedSize(380, 260), Across::Leading, ground(theme::bg, theme::panelRadius),
+            label(u"Keyboard Shortcuts"_s, theme::headline()), settingsRow(u"Activate Picker"_s, m_recorder),
+            settingsRow(u"Open Main Window"_s, m_empty), spacer()));
     }
 
-    [[nodiscard]] RecorderCocoa& recorder() const { return *m_recorder; }
-    [[nodiscard]] RecorderCocoa& empty() const { return *m_empty; }
+    [[nodiscard]] ShortcutRecorder& recorder() const { return *m_recorder; }
+    [[nodiscard]] ShortcutRecorder& empty() const { return *m_empty; }
     void press(int keyCode, int modifiers) { m_keys.press(keyCode, modifiers); }
 
 private:
@@ -61,8 +61,8 @@ private:
     test::ScriptedKeyboardLayout m_layout;
     test::ScriptedKeyRecording m_keys;
     Registry m_registry{m_registrar, m_layout, m_settings};
-    RecorderCocoa* m_recorder = nullptr;
-    RecorderCocoa* m_empty = nullptr;
+    ShortcutRecorder* m_recorder = nullptr;
+    ShortcutRecorder* m_empty = nullptr;
 };
 
 } // namespace

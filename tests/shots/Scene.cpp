@@ -1,9 +1,9 @@
 #include "shots/Scene.h"
 
-#include "state/AppState.h"
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Paint.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "Paint.h"
+#include "Theme.h"
 
 #include <QApplication>
 #include <QHoverEvent>
@@ -94,7 +94,7 @@ void showMenu(QWidget& screen, QMenu& menu, QPoint place)
 
 ScreenGround::ScreenGround()
 {
-    setFixedSize(DS::panelSize - QSize(0, headerHeight));
+    setFixedSize(theme::panelSize - QSize(0, headerHeight));
 }
 
 void ScreenGround::setScreen(QWidget* screen)
@@ -106,7 +106,7 @@ void ScreenGround::setScreen(QWidget* screen)
 void ScreenGround::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), DS::bg.in(Appearance::of(this)));
+    painter.fillRect(rect(), theme::bg.in(Appearance::of(this)));
 }
 
 } // namespace tintwick

@@ -1,21 +1,21 @@
 #include "shots/SettingsShots.h"
 
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "Button.h"
+#include "PanelView.h"
+#include "PopUpPicker.h"
+#include "Preferences.h"
+#include "Registry.h"
+#include "SegmentedPicker.h"
+#include "SettingsScreen.h"
+#include "SettingsWindow.h"
+#include "ShortcutNames.h"
+#include "ShortcutRecorder.h"
+#include "Theme.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
-#include "state/AppState.h"
-#include "state/Preferences.h"
 #include "support/ScriptedPlatform.h"
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/MainPanelView.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/PopUpPicker.h"
-#include "ui/kit/SegmentedPicker.h"
-#include "ui/settings/InlineSettingsView.h"
-#include "ui/settings/RecorderCocoa.h"
-#include "ui/settings/SettingsView.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -42,21 +42,20 @@ public:
         for (int i = 0; i < 12; ++i) {
             m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
         }
-        m_view = new MainPanelView(m_appState, [this, tab](QWidget& panel) {
-            auto* settings =
-                new InlineSettingsView(m_appState,
-                                       {m_shortcuts, m_platform.recording, m_platform.layout,
-                                        [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
-                                       m_platform.grabber, panel);
+        m_view = new PanelView(m_appState, [this, tab](QWidget& panel) {
+            auto* settings = new SettingsScreen(m_appState,
+                                                {m_shortcuts, m_platform.recording, m_platform.layout,
+                                                 [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
+                                                m_platform.grabber, panel);
             settings->setTab(tab);
             return settings;
         });
         m_view->setParent(this);
         m_view->setShowingSettings(true);
-        setFixedSize(DS::panelSize);
+        setFixedSize(theme::panelSize);
     }
 
-    [[nodiscard]] MainPanelView& view() { return *m_view; }
+    [[nodiscard]] PanelView& view() { return *m_view; }
     [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
     [[nodiscard]] AppState& state() { return m_appState; }
 
@@ -65,7 +64,7 @@ private:
     AppState m_appState;
     QSettings m_settings;
     KeyboardShortcuts::Registry m_shortcuts;
-    MainPanelView* m_view;
+    PanelView* m_view;
 };
 
 QAbstractButton& button(const QWidget& view, const QString& name)
@@ -118,7 +117,7 @@ void shootSettings(const QDir& folder)
     });
     shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();
-        view.findChildren<KeyboardShortcuts::RecorderCocoa*>().first()->startRecording();
+        view.findChildren<KeyboardShortcuts::ShortcutRecorder*>().first()->startRecording();
     });
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
         view.platform().grabber.settings = QUrl(u"settings:privacy"_s);
@@ -149,7 +148,7 @@ void shootSettings(const QDir& folder)
         QWidget panel;
         const Appearance appearance(panel, scheme);
         const QString word = scheme == Scheme::Light ? u"light"_s : u"dark"_s;
-        SettingsView(appearance).grab().save(folder.filePath(u"settings-window-%1.png"_s.arg(word)));
+        SettingsWindow(appearance).grab().save(folder.filePath(u"settings-window-%1.png"_s.arg(word)));
     }
 }
 

@@ -1,7 +1,7 @@
 #include "shots/Shooting.h"
 
-#include "ui/Appearance.h"
-#include "ui/kit/Ticker.h"
+#include "Appearance.h"
+#include "Ticker.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,10 +1,10 @@
+#include "Ticker.h"
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/PaletteShots.h"
 #include "shots/PanelShots.h"
 #include "shots/RecorderShots.h"
 #include "shots/SettingsShots.h"
-#include "ui/kit/Ticker.h"
 
 #include <QApplication>
 #include <QDir>

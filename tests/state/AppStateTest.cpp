@@ -1,4 +1,4 @@
-#include "state/AppState.h"
+#include "AppState.h"
 
 #include "support/QuickTemporaryDir.h"
 
@@ -222,7 +222,7 @@ void AppStateTest::aLongerHistoryIsTakenAsItIs()
     for (int i = 0; i < 103; ++i) {
         history.append(colorOf(0x102030));
     }
-    StorageService().save(history, {}, ColorFormat::Hex6);
+    DataFile().save(history, {}, ColorFormat::Hex6);
     AppState state;
     QCOMPARE(state.history(), history);
     state.colorCaptured(colorOf(0xFFFFFF));

@@ -1,4 +1,4 @@
-#include "state/ListOrder.h"
+#include "ListOrder.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "state/PayloadCoding.h"
+#include "PayloadCoding.h"
 
 #include <QTest>
 

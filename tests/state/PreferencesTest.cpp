@@ -1,4 +1,4 @@
-#include "state/Preferences.h"
+#include "Preferences.h"
 
 #include <QDir>
 #include <QFile>

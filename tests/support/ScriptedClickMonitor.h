@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ClickMonitor.h"
+#include "ClickMonitor.h"
 
 #include <utility>
 

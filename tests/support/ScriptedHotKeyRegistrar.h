@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/HotKeyRegistrar.h"
+#include "HotKeyRegistrar.h"
 
 #include <QString>
 #include <QStringList>

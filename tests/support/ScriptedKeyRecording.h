@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KeyRecording.h"
+#include "KeyRecording.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LoupeSurface.h"
+#include "LoupeSurface.h"
 
 #include <QImage>
 #include <QStringList>

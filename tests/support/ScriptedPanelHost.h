@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PanelHost.h"
+#include "PanelHost.h"
 
 namespace tintwick::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PickingInput.h"
+#include "PickingInput.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Platform.h"
+#include "Platform.h"
 #include "support/ScriptedClickMonitor.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyRecording.h"

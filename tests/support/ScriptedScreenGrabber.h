@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ScreenGrabber.h"
+#include "ScreenGrabber.h"
 
 #include <QStringList>
 

@@ -1,19 +1,19 @@
-#include "ui/CollectionDetailView.h"
+#include "CollectionDetailView.h"
 
-#include "state/AppState.h"
-#include "state/StorageService.h"
-#include "ui/Appearance.h"
-#include "ui/CollectionRowCard.h"
-#include "ui/ColorDetailRow.h"
-#include "ui/CopiedPill.h"
-#include "ui/ExportMenu.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "Button.h"
+#include "CollectionRowCard.h"
+#include "ColorDetailRow.h"
+#include "CopiedPill.h"
+#include "DataFile.h"
+#include "ExportMenu.h"
+#include "Label.h"
+#include "MenuButton.h"
+#include "Ticker.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/MenuButton.h"
-#include "ui/kit/Ticker.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -140,7 +140,7 @@ public:
     {
         settle();
         QImage image(m_window.size(), QImage::Format_RGB32);
-        image.fill(DS::bg.in(Scheme::Light));
+        image.fill(theme::bg.in(Scheme::Light));
         QPainter painter(&image);
         m_window.render(&painter, {}, {}, QWidget::DrawChildren);
         return image;
@@ -167,7 +167,7 @@ private:
             history.prepend(colorOf(rgb));
             collection.colorIds.append(history.first().id);
         }
-        StorageService().save(history, {collection}, ColorFormat::Hex6);
+        DataFile().save(history, {collection}, ColorFormat::Hex6);
         return collection.id;
     }
 
@@ -280,7 +280,7 @@ void CollectionDetailViewTest::theScreenIsLaidOutToThePoint()
     PaletteFixture screen({0x1ABF80, 0x3B82F6});
     const QImage picture = screen.picture();
     const QRgb accent = qRgb(97, 102, 224);
-    const QRgb ground = DS::bg.in(Scheme::Light).rgb();
+    const QRgb ground = theme::bg.in(Scheme::Light).rgb();
     // The tile is 32 a side, 16 from the left; name and count beside it are higher than it.
     const QWidget& toolbar = *screen.view->findChild<Label*>()->parentWidget()->parentWidget();
     const int middle = toolbar.height() / 2;
@@ -387,14 +387,14 @@ void CollectionDetailViewTest::whatIsShownCanBeExported()
     PaletteFixture screen({0x111111, 0x222222});
     QVERIFY(screen.exportMenu().isEnabled());
     const QPoint edge = screen.inWindow(screen.exportMenu(), QPoint(4, screen.exportMenu().height() / 2));
-    QVERIFY(screen.picture().pixel(edge) != DS::surfaceHigh.in(Scheme::Light).rgb());
+    QVERIFY(screen.picture().pixel(edge) != theme::surfaceHigh.in(Scheme::Light).rgb());
     // At the end of the toolbar, 16 from the edge.
     QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 364);
 
     screen.state.clearHistory();
     screen.settle();
     QVERIFY(!screen.exportMenu().isEnabled());
-    QCOMPARE(screen.picture().pixel(edge), DS::surfaceHigh.in(Scheme::Light).rgb());
+    QCOMPARE(screen.picture().pixel(edge), theme::surfaceHigh.in(Scheme::Light).rgb());
 
     // Ids that lead nowhere are nothing to export.
     screen.state.addColor(QUuid::createUuid(), screen.palette);
@@ -525,7 +525,7 @@ void CollectionDetailViewTest::theButtonsOfARowLightUpUnderThePointer()
     PaletteFixture screen({0x111111, 0x222222});
     const QPoint copy = screen.inWindow(screen.row(0).copyButton(), QPoint(3, 15));
     const QPoint remove = screen.inWindow(screen.row(0).removeButton(), QPoint(12, 12));
-    const QRgb ground = DS::bg.in(Scheme::Light).rgb();
+    const QRgb ground = theme::bg.in(Scheme::Light).rgb();
     QImage before = screen.picture();
     QCOMPARE(before.pixel(copy), ground);
 
@@ -688,7 +688,7 @@ void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
     QCOMPARE(screen.stored(), QStringLiteral("#000001 #000002 #000003 #000004"));
     // A lifted row lies on a plate of its own.
     const QPoint onPlate = screen.inWindow(screen.row(0), QPoint(200, 27));
-    QCOMPARE(screen.picture().pixel(onPlate), DS::surface.in(Scheme::Light).rgb());
+    QCOMPARE(screen.picture().pixel(onPlate), theme::surface.in(Scheme::Light).rgb());
 
     screen.release(start + QPoint(0, 70));
     QVERIFY(screen.row(0).color().hex6() == QStringLiteral("#000002"));
@@ -696,7 +696,7 @@ void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
     screen.settle();
     QCOMPARE(screen.row(1).y(), 54);
     QCOMPARE(screen.picture().pixel(screen.inWindow(screen.row(1), QPoint(200, 27))),
-             DS::bg.in(Scheme::Light).rgb());
+             theme::bg.in(Scheme::Light).rgb());
 }
 
 void CollectionDetailViewTest::aShakyClickIsAClick()

@@ -1,5 +1,5 @@
-#include "ui/ColorActions.h"
-#include "state/AppState.h"
+#include "ColorActions.h"
+#include "AppState.h"
 #include "support/QuickTemporaryDir.h"
 
 #include <QClipboard>

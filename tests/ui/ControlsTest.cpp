@@ -1,12 +1,12 @@
-#include "ui/kit/Button.h"
-#include "ui/kit/ContextMenu.h"
-#include "ui/kit/HelpBubble.h"
-#include "ui/kit/InOneLine.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Rule.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/SymbolView.h"
-#include "ui/kit/TextField.h"
+#include "Button.h"
+#include "ContextMenu.h"
+#include "HelpBubble.h"
+#include "InOneLine.h"
+#include "Label.h"
+#include "Rule.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "TextField.h"
 
 #include <QAccessible>
 #include <QMenu>
@@ -58,15 +58,15 @@ void ControlsTest::everyKindIsKnownToScreenReaders_data()
     const auto row = [](const char* kind, QWidget* widget, QAccessible::Role role, const QString& name) {
         QTest::newRow(kind) << widget << role << name;
     };
-    row("plain button", plainButton(u"Settings"_s, nothing, label(u"x"_s, DS::font(11))),
+    row("plain button", plainButton(u"Settings"_s, nothing, label(u"x"_s, theme::font(11))),
         QAccessible::PushButton, u"Settings"_s);
     row("bordered button", borderedButton(u"Cancel"_s, nothing), QAccessible::PushButton, u"Cancel"_s);
     row("prominent button", prominentButton(u"Salt & Pepper"_s, nothing), QAccessible::PushButton,
         u"Salt & Pepper"_s);
     row("text field", new TextField(u"Palette name"_s), QAccessible::EditableText, u"Palette name"_s);
-    row("label", label(u"Collections"_s, DS::font(15)), QAccessible::StaticText, u"Collections"_s);
+    row("label", label(u"Collections"_s, theme::font(15)), QAccessible::StaticText, u"Collections"_s);
     row("rule", rule(), QAccessible::Separator, {});
-    row("symbol", symbol(u"plus"_s, 10, SymbolWeight::Regular, DS::accent), QAccessible::Graphic, {});
+    row("symbol", symbol(u"plus"_s, 10, SymbolWeight::Regular, theme::accent), QAccessible::Graphic, {});
 }
 
 void ControlsTest::everyKindIsKnownToScreenReaders()
@@ -135,7 +135,7 @@ void ControlsTest::aDisabledButtonDoesNothing()
 void ControlsTest::aClickOnTheContentPresses()
 {
     int presses = 0;
-    auto* text = label(u"See all"_s, DS::font(12));
+    auto* text = label(u"See all"_s, theme::font(12));
     auto* button = plainButton(
         u"See all"_s, [&] { ++presses; }, row(padding(10), text));
     const std::unique_ptr<Stack> stack(column(button));
@@ -270,7 +270,7 @@ void ControlsTest::aMenuLongerThanTheScreenStaysInOneColumn()
 void ControlsTest::longHelpTakesSeveralLines()
 {
     const QScopedPointer<PlainButton> owner(plainButton(
-        {}, [] {}, label({}, DS::font(12))));
+        {}, [] {}, label({}, theme::font(12))));
     owner->show();
     const auto sizeOfHelp = [&owner](const QString& text) {
         owner->setToolTip(text);

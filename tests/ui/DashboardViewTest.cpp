@@ -1,16 +1,16 @@
-#include "ui/DashboardView.h"
+#include "DashboardView.h"
 
-#include "ui/CollectionRowCard.h"
-#include "ui/DashboardSwatchView.h"
+#include "Button.h"
+#include "CollectionRowCard.h"
+#include "DashboardSwatchView.h"
+#include "Label.h"
+#include "Overlay.h"
+#include "ScrollArea.h"
+#include "Shadow.h"
+#include "Symbol.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/ScrollArea.h"
-#include "ui/kit/Shadow.h"
-#include "ui/kit/Sheet.h"
-#include "ui/kit/Symbol.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -585,7 +585,7 @@ void DashboardViewTest::blankNamesMakeNoPalette()
     QVERIFY(!button(*panel.view, QStringLiteral("Create"))->isEnabled());
     QTest::keyClick(field, Qt::Key_Return);
     QVERIFY(panel.state.collections().isEmpty());
-    QVERIFY(Sheet::of(*panel.view));
+    QVERIFY(Overlay::of(*panel.view));
 }
 
 void DashboardViewTest::aNewPaletteHasTheTrimmedName()
@@ -598,7 +598,7 @@ void DashboardViewTest::aNewPaletteHasTheTrimmedName()
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(panel.state.collections().size(), 1);
     QCOMPARE(panel.state.collections().first().name, QStringLiteral("Harbour"));
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     panel.settle();
 
     QTest::mouseClick(button(panel.dashboard(), QStringLiteral("New Palette")), Qt::LeftButton);
@@ -611,7 +611,7 @@ void DashboardViewTest::aCancelledNameIsThereAgain()
     panel.dashboard().openNewPaletteSheet();
     QTest::keyClicks(panel.view->findChild<QLineEdit*>(), QStringLiteral("Harb"));
     QTest::mouseClick(button(*panel.view, QStringLiteral("Cancel")), Qt::LeftButton);
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     panel.settle();
 
     panel.dashboard().openNewPaletteSheet();
@@ -619,7 +619,7 @@ void DashboardViewTest::aCancelledNameIsThereAgain()
     QCOMPARE(field->text(), QStringLiteral("Harb"));
     QVERIFY(button(*panel.view, QStringLiteral("Create"))->isEnabled());
     QTest::keyClick(field, Qt::Key_Escape);
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     QVERIFY(panel.state.collections().isEmpty());
 }
 

@@ -1,15 +1,15 @@
-#include "ui/HistoryDetailView.h"
+#include "HistoryDetailView.h"
 
-#include "ui/DS.h"
+#include "Grid.h"
+#include "MenuButton.h"
+#include "Overlay.h"
+#include "RenameColorOverlay.h"
+#include "Symbol.h"
+#include "TextField.h"
+#include "Theme.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
-#include "ui/RenameColorSheet.h"
-#include "ui/kit/Grid.h"
-#include "ui/kit/MenuButton.h"
-#include "ui/kit/Sheet.h"
-#include "ui/kit/Symbol.h"
-#include "ui/kit/TextField.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -40,7 +40,7 @@ public:
         for (unsigned i = 0; i < count; ++i) {
             capture(0x123456 + 0x050301 * i);
         }
-        view->setSelectedCollectionId(MainPanelView::historySelectionId);
+        view->setSelectedCollectionId(PanelView::historySelectionId);
         settle();
     }
 
@@ -413,7 +413,7 @@ void HistoryDetailViewTest::theLabelIsTheCodeAlone()
     const QImage picture = panel.picture();
     const QRect square = squareAt(panel, 0);
     // The label is as wide as the place of the swatch, in the colour of secondary text.
-    const QFontMetrics metrics(DS::monospacedFont(9, QFont::Medium));
+    const QFontMetrics metrics(theme::monospacedFont(9, QFont::Medium));
     const int width = metrics.horizontalAdvance(u"3B82F6"_s);
     int left = 380;
     int right = 0;
@@ -594,14 +594,14 @@ void HistoryDetailViewTest::renamingByKeysAlone()
     QCOMPARE(menu->activeAction()->text(), u"Rename…"_s);
     QTest::keyClick(menu, Qt::Key_Return);
     panel.settle();
-    QVERIFY(Sheet::of(*panel.view));
+    QVERIFY(Overlay::of(*panel.view));
     // A desktop never took the activation away for a menu, as this platform does.
     panel.view->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(panel.view.get()));
     QCOMPARE(QApplication::focusWidget(), panel.field());
     QTest::keyClicks(panel.field(), u"Harbour"_s);
     QTest::keyClick(panel.field(), Qt::Key_Return);
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     QCOMPARE(panel.state.history().first().customName, u"Harbour"_s);
     QCOMPARE(QApplication::focusWidget(), &panel.swatch(0));
 }
@@ -609,7 +609,7 @@ void HistoryDetailViewTest::renamingByKeysAlone()
 void HistoryDetailViewTest::theSheetIsLaidOutToThePoint()
 {
     HistoryFixture panel;
-    openRenameColorSheet(*panel.view, panel.state, panel.capture(0xF54D4D));
+    openRenameColorOverlay(*panel.view, panel.state, panel.capture(0xF54D4D));
     const QImage picture = panel.picture();
     // 300 wide in the middle of 380; the padding is 20.
     const QRect field = placeIn(*panel.view, *panel.field());
@@ -623,13 +623,13 @@ void HistoryDetailViewTest::theSheetIsLaidOutToThePoint()
     QVERIFY(isNear(picture.pixel(80, top + 39), red, 30));
     QVERIFY(!isNear(picture.pixel(102, top + 20), red, 30));
     QVERIFY(!isNear(picture.pixel(80, top - 2), red, 30));
-    QStringList texts = visibleTexts(*Sheet::of(*panel.view));
+    QStringList texts = visibleTexts(*Overlay::of(*panel.view));
     QCOMPARE(texts, (QStringList{u"Rename Color"_s, u"#F54D4D"_s}));
     QCOMPARE(panel.field()->placeholderText(), u"Color name"_s);
     QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Cancel"_s)).left(), 60);
     QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Save"_s)).right(), 319);
     QCOMPARE(placeIn(*panel.view, *button(*panel.view, u"Save"_s)).top(), field.bottom() + 1 + 16);
-    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(Sheet::of(*panel.view));
+    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(Overlay::of(*panel.view));
     QCOMPARE(interface->text(QAccessible::Name), u"Rename Color"_s);
 }
 
@@ -665,7 +665,7 @@ void HistoryDetailViewTest::anEmptyNameIsSavedToo()
     QTest::mouseClick(button(*panel.view, u"Save"_s), Qt::LeftButton);
     QCOMPARE(renamed.size(), 1);
     QVERIFY(!panel.state.history().first().customName);
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
 }
 
 void HistoryDetailViewTest::aNameIsSavedAsTyped()
@@ -703,7 +703,7 @@ void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrSheetHarmsNothing()
     QTest::keyClicks(panel.field(), u"Sea"_s);
     QTest::keyClick(panel.field(), Qt::Key_Return);
     panel.settle();
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     QCOMPARE(panel.state.history(), QList{left});
     // The keys are heard where the swatch was.
     QCOMPARE(panel.view->focusWidget(), panel.view.get());
@@ -743,7 +743,7 @@ void HistoryDetailViewTest::cancellingChangesNothing()
     } else {
         QTest::mouseClick(button(*panel.view, u"Cancel"_s), Qt::LeftButton);
     }
-    QVERIFY(!Sheet::of(*panel.view));
+    QVERIFY(!Overlay::of(*panel.view));
     QCOMPARE(renamed.size(), 0);
     QCOMPARE(panel.state.history().first().customName, u"Dodger Blue"_s);
 }

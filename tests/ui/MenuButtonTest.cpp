@@ -1,7 +1,7 @@
-#include "ui/kit/MenuButton.h"
+#include "MenuButton.h"
 
-#include "ui/kit/Label.h"
-#include "ui/kit/Stack.h"
+#include "Label.h"
+#include "Stack.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -53,7 +53,7 @@ void MenuButtonTest::init()
             }
             return entries;
         },
-        row(fixedSize(80, 30), centered(), label(u"Export"_s, DS::font(12))), 8);
+        row(fixedSize(80, 30), centered(), label(u"Export"_s, theme::font(12))), 8);
     m_window.reset(row(padding(20), m_button));
     m_window->move(100, 100);
     m_window->show();

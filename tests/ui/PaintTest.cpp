@@ -1,7 +1,7 @@
-#include "ui/kit/Paint.h"
-#include "ui/kit/Corners.h"
-#include "ui/kit/Shadow.h"
-#include "ui/kit/Symbol.h"
+#include "Paint.h"
+#include "Corners.h"
+#include "Shadow.h"
+#include "Symbol.h"
 
 #include <QPainter>
 #include <QTest>
@@ -194,7 +194,7 @@ void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint()
         {
             QPainter painter(this);
             drawShadow(painter, QRectF(25, 25, 40, 40), 7,
-                       {.color = DS::black, .radius = 8, .offset = {0, 2}}, Scheme::Light);
+                       {.color = theme::black, .radius = 8, .offset = {0, 2}}, Scheme::Light);
         }
     };
     Widget widget;
@@ -211,7 +211,7 @@ void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint()
     expected.fill(Qt::transparent);
     QPainter painter(&expected);
     painter.setClipRect(asked);
-    drawShadow(painter, QRectF(25, 25, 40, 40), 7, {.color = DS::black, .radius = 8, .offset = {0, 2}},
+    drawShadow(painter, QRectF(25, 25, 40, 40), 7, {.color = theme::black, .radius = 8, .offset = {0, 2}},
                Scheme::Light);
     painter.end();
     QCOMPARE(picture(asked), expected);
@@ -232,7 +232,7 @@ void PaintTest::aShadowTellsHowFarItReaches()
 {
     QFETCH(const double, radius);
     QFETCH(const QPointF, offset);
-    const Shadow shadow{.color = DS::black, .radius = radius, .offset = offset};
+    const Shadow shadow{.color = theme::black, .radius = radius, .offset = offset};
     QTEST(shadow.extents(), "extents");
 }
 
@@ -248,7 +248,7 @@ void PaintTest::aShadowStaysWithinItsExtents_data()
 void PaintTest::aShadowStaysWithinItsExtents()
 {
     QFETCH(const double, scale);
-    const Shadow shadow{.color = DS::black, .radius = 6, .offset = {0, 3}};
+    const Shadow shadow{.color = theme::black, .radius = 6, .offset = {0, 3}};
     QImage image = blank(120, 120, scale);
     QPainter painter(&image);
     drawShadow(painter, QRectF(28, 28, 64, 64), 14, shadow, Scheme::Light);
@@ -271,7 +271,7 @@ void PaintTest::aShadowHasNoSeams_data()
 void PaintTest::aShadowHasNoSeams()
 {
     QFETCH(const double, scale);
-    const Shadow shadow{.color = DS::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
+    const Shadow shadow{.color = theme::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
     QImage image = blank(360, 120, scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -287,7 +287,7 @@ void PaintTest::aShadowHasNoSeams()
 
 void PaintTest::aGrowingShadowHasNoSeamsEither()
 {
-    const Shadow shadow{.color = DS::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
+    const Shadow shadow{.color = theme::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
     const QRectF rect(17, 23, 321, 64);
     for (const double scale : {1.0021, 1.0073, 1.0312, 1.05}) {
         QImage image = blank(380, 120);
@@ -304,8 +304,8 @@ void PaintTest::aGrowingShadowHasNoSeamsEither()
 
 void PaintTest::aShadowOnItsWayIsBothInPart()
 {
-    const Shadow from{.color = DS::black.opacity(0.2), .radius = 3, .offset = {0, 1}};
-    const Shadow to{.color = DS::black.opacity(0.6), .radius = 8, .offset = {0, 3}};
+    const Shadow from{.color = theme::black.opacity(0.2), .radius = 3, .offset = {0, 1}};
+    const Shadow to{.color = theme::black.opacity(0.6), .radius = 8, .offset = {0, 3}};
     const auto alphaAt = [&](double fraction, double opacity) {
         QImage image = blank(100, 100);
         QPainter painter(&image);
@@ -322,8 +322,8 @@ void PaintTest::aShadowOnItsWayIsBothInPart()
 
 void PaintTest::aMovingShadowIsNotBlurredAnew()
 {
-    const Shadow from{.color = DS::black.opacity(0.21), .radius = 3, .offset = {0, 1}};
-    const Shadow to{.color = DS::black.opacity(0.51), .radius = 8, .offset = {0, 3}};
+    const Shadow from{.color = theme::black.opacity(0.21), .radius = 3, .offset = {0, 1}};
+    const Shadow to{.color = theme::black.opacity(0.51), .radius = 8, .offset = {0, 3}};
     const QRectF rect(20, 20, 60, 60);
     const int before = blurCount();
     for (int frame = 0; frame <= 60; ++frame) {
@@ -342,7 +342,7 @@ void PaintTest::shadowsOfOneShapeAreBlurredOnce()
     QPainter painter(&image);
     for (int pass = 0; pass < 2; ++pass) {
         for (int i = 0; i < 100; ++i) {
-            const DS::Color color(i / 100.0, 1 - i / 100.0, 0.5);
+            const theme::Color color(i / 100.0, 1 - i / 100.0, 0.5);
             drawShadow(painter, QRectF(20, 20, 60, 60), 11, {color.opacity(0.2), 3, QPointF(0, 1)},
                        Scheme::Light);
         }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "state/AppState.h"
-#include "ui/DashboardView.h"
-#include "ui/MainPanelView.h"
+#include "AppState.h"
+#include "DashboardView.h"
+#include "PanelView.h"
+#include "Ticker.h"
 #include "ui/Probes.h"
-#include "ui/kit/Ticker.h"
 
 #include <QApplication>
 #include <QTest>
@@ -28,7 +28,7 @@ public:
         while (!state.collections().isEmpty()) {
             state.deleteCollection(state.collections().first().id);
         }
-        view = std::make_unique<MainPanelView>(state, [](QWidget&) { return new QWidget; });
+        view = std::make_unique<PanelView>(state, [](QWidget&) { return new QWidget; });
         view->setSystemScheme(Scheme::Light);
         view->show();
         view->activateWindow();
@@ -68,7 +68,7 @@ private:
 
 public:
     AppState state;
-    std::unique_ptr<MainPanelView> view;
+    std::unique_ptr<PanelView> view;
 };
 
 } // namespace tintwick::test

@@ -1,8 +1,8 @@
-#include "ui/kit/KitStyle.h"
-#include "ui/kit/PopUpPicker.h"
-#include "ui/kit/SegmentedPicker.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/Ticker.h"
+#include "KitStyle.h"
+#include "PopUpPicker.h"
+#include "SegmentedPicker.h"
+#include "Stack.h"
+#include "Ticker.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -53,7 +53,7 @@ struct Segments
         QList<bool> result;
         for (const auto* segment : picker->findChildren<QAbstractButton*>()) {
             const QPoint besideTitle = segment->geometry().topLeft() + QPoint(8, 8);
-            result.append(picture.pixelColor(besideTitle) == DS::thumb.in(Scheme::Light));
+            result.append(picture.pixelColor(besideTitle) == theme::thumb.in(Scheme::Light));
         }
         return result;
     }
@@ -233,7 +233,7 @@ void PickersTest::theThumbSlides()
     QVERIFY(Ticker::shared().hasMotion());
     const QImage atOnce = segments.picker->grab().toImage();
     const QPoint onTheFirst = segments.segment(0)->geometry().topLeft() + QPoint(8, 8);
-    QCOMPARE(atOnce.pixelColor(onTheFirst), DS::thumb.in(Scheme::Light));
+    QCOMPARE(atOnce.pixelColor(onTheFirst), theme::thumb.in(Scheme::Light));
     Ticker::shared().advance(60);
     QVERIFY(!Ticker::shared().hasMotion());
     QCOMPARE(segments.thumbs(), (QList<bool>{false, false, true}));

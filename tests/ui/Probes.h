@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/Label.h"
-#include "ui/kit/Ticker.h"
+#include "Label.h"
+#include "Ticker.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "ui/kit/Reordering.h"
+#include "Reordering.h"
 
 #include <QTest>
 

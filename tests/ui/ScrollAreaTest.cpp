@@ -1,7 +1,7 @@
-#include "ui/kit/ScrollArea.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/TextField.h"
+#include "ScrollArea.h"
+#include "Button.h"
+#include "Stack.h"
+#include "TextField.h"
 
 #include <QApplication>
 #include <QScrollBar>

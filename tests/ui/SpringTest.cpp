@@ -1,5 +1,5 @@
-#include "ui/kit/Spring.h"
-#include "ui/kit/EaseInOut.h"
+#include "Spring.h"
+#include "EaseInOut.h"
 
 #include <QTest>
 

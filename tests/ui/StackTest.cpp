@@ -1,8 +1,8 @@
-#include "ui/kit/Stack.h"
-#include "ui/Appearance.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Overhang.h"
-#include "ui/kit/ShownWhen.h"
+#include "Stack.h"
+#include "Appearance.h"
+#include "Label.h"
+#include "Overhang.h"
+#include "ShownWhen.h"
 
 #include <QImage>
 #include <QTest>
@@ -114,7 +114,7 @@ void StackTest::aRowCentersAcross()
 
 void StackTest::aLabelGivesWayBeforeItsNeighbors()
 {
-    auto* name = label(u"A name that is far too long for its row, by any measure"_s, DS::font(14));
+    auto* name = label(u"A name that is far too long for its row, by any measure"_s, theme::font(14));
     auto* tile = new Box(44, 44);
     auto* end = new Box(10, 10);
     const std::unique_ptr<Stack> stack(
@@ -127,7 +127,7 @@ void StackTest::aLabelGivesWayBeforeItsNeighbors()
 
 void StackTest::aLabelIsElidedOnlyWithoutRoom()
 {
-    const std::unique_ptr<Label> whole(label(u"Tintwick"_s, DS::font(18, QFont::Bold)));
+    const std::unique_ptr<Label> whole(label(u"Tintwick"_s, theme::font(18, QFont::Bold)));
     QVERIFY(whole->minimumSizeHint().width() < whole->sizeHint().width());
     const auto inkOf = [&](int width) {
         whole->resize(width, whole->sizeHint().height());
@@ -172,16 +172,16 @@ void StackTest::whatIsShownWhenNeverBecomesAWindow()
 
 void StackTest::shadowsFallOnTheGroundBelow()
 {
-    auto* tile = row(fixedSize(40, 40), ground(DS::white, 0),
-                     Shadow{.color = DS::black, .radius = 0, .offset = {0, 6}});
-    const std::unique_ptr<Stack> stack(column(padding(20), ground(DS::bg), column(row(tile))));
+    auto* tile = row(fixedSize(40, 40), ground(theme::white, 0),
+                     Shadow{.color = theme::black, .radius = 0, .offset = {0, 6}});
+    const std::unique_ptr<Stack> stack(column(padding(20), ground(theme::bg), column(row(tile))));
     const Appearance appearance(*stack, Scheme::Light);
     layOut(*stack, stack->sizeHint());
     const QImage image = stack->grab().toImage();
     QCOMPARE(stack->size(), QSize(80, 80));
     QCOMPARE(image.pixelColor(40, 59), QColor(Qt::white));
     QCOMPARE(image.pixelColor(40, 62), QColor(Qt::black));
-    QCOMPARE(image.pixelColor(40, 67).rgb(), DS::bg.in(Scheme::Light).rgb());
+    QCOMPARE(image.pixelColor(40, 67).rgb(), theme::bg.in(Scheme::Light).rgb());
 }
 
 void StackTest::overhangsTakeNoRoom()
@@ -213,9 +213,9 @@ void StackTest::anOverhangGoesThroughStacksWithoutPadding()
 
 void StackTest::aGroundEndsWhereTheOverhangBegins()
 {
-    auto* tile = row(fixedSize(40, 40), ground(DS::black, 0), new Growing(40, 40, 5));
+    auto* tile = row(fixedSize(40, 40), ground(theme::black, 0), new Growing(40, 40, 5));
     QCOMPARE(tile->overhang(), QMargins(5, 5, 5, 5));
-    const std::unique_ptr<Stack> stack(column(padding(10), ground(DS::white), tile));
+    const std::unique_ptr<Stack> stack(column(padding(10), ground(theme::white), tile));
     layOut(*stack, stack->sizeHint());
     QCOMPARE(stack->size(), QSize(60, 60));
     const QImage image = stack->grab().toImage();

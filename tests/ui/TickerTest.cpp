@@ -1,6 +1,6 @@
-#include "ui/kit/Ticker.h"
-#include "ui/kit/Animator.h"
-#include "ui/kit/Spring.h"
+#include "Ticker.h"
+#include "Animator.h"
+#include "Spring.h"
 
 #include <QTest>
 

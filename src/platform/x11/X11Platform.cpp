@@ -1,6 +1,6 @@
-#include "platform/x11/X11Platform.h"
+#include "X11Platform.h"
 
-#include "platform/x11/X11LoupeSurface.h"
+#include "X11LoupeSurface.h"
 
 #include <xcb/randr.h>
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "platform/Platform.h"
-#include "platform/x11/ToolkitConnection.h"
-#include "platform/x11/X11ClickMonitor.h"
-#include "platform/x11/X11HotKeyRegistrar.h"
-#include "platform/x11/X11KeyRecording.h"
-#include "platform/x11/X11KeyboardLayout.h"
-#include "platform/x11/X11PanelHost.h"
-#include "platform/x11/X11PickingInput.h"
-#include "platform/x11/X11ScreenGrabber.h"
-#include "platform/x11/XcbConnection.h"
+#include "Platform.h"
+#include "ToolkitConnection.h"
+#include "X11ClickMonitor.h"
+#include "X11HotKeyRegistrar.h"
+#include "X11KeyRecording.h"
+#include "X11KeyboardLayout.h"
+#include "X11PanelHost.h"
+#include "X11PickingInput.h"
+#include "X11ScreenGrabber.h"
+#include "XcbConnection.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
-#include "ui/kit/Accessibility.h"
+#include "Accessibility.h"
 
-#include "ui/kit/PopUpPicker.h"
+#include "PopUpPicker.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -84,7 +84,7 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
     if (className == "tintwick::PopUpPicker"_L1) {
         return new AccessiblePopUpPicker(*static_cast<PopUpPicker*>(widget));
     }
-    if (className == "tintwick::Sheet"_L1) {
+    if (className == "tintwick::Overlay"_L1) {
         return new QAccessibleWidget(widget, QAccessible::Dialog);
     }
     if (className == "tintwick::SymbolView"_L1) {

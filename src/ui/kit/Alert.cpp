@@ -1,10 +1,10 @@
-#include "ui/kit/Alert.h"
+#include "Alert.h"
 
-#include "ui/DS.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Sheet.h"
-#include "ui/kit/Stack.h"
+#include "Button.h"
+#include "Label.h"
+#include "Overlay.h"
+#include "Stack.h"
+#include "Theme.h"
 
 #include <QPointer>
 #include <QTextLayout>
@@ -33,18 +33,18 @@ QString wrapped(const QString& text, const QFont& font)
 
 } // namespace
 
-Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered)
+Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered)
 {
-    const QFont messageFont = DS::font(14, QFont::DemiBold);
+    const QFont messageFont = theme::font(14, QFont::DemiBold);
     auto* texts = column(gap(8), label(wrapped(alert.message, messageFont), messageFont));
     if (!alert.informativeText.isEmpty()) {
-        const QFont font = DS::font(12);
-        texts->add(label(wrapped(alert.informativeText, font), font, DS::textSecond));
+        const QFont font = theme::font(12);
+        texts->add(label(wrapped(alert.informativeText, font), font, theme::textSecond));
     }
 
     struct Answer
     {
-        QPointer<Sheet> sheet;
+        QPointer<Overlay> sheet;
         int button = 0;
     };
     const auto answer = std::make_shared<Answer>();
@@ -62,10 +62,10 @@ Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int butto
         buttons->add(first);
     }
     auto* form = column(gap(20), padding(sheetPadding), fixedWidth(sheetWidth), texts, buttons);
-    auto* sheet = new Sheet(host, alert.message, form, [answer] { answer->sheet->dismiss(); });
+    auto* sheet = new Overlay(host, alert.message, form, [answer] { answer->sheet->dismiss(); });
     answer->sheet = sheet;
     first->setFocus(Qt::OtherFocusReason);
-    QObject::connect(sheet, &Sheet::dismissed, sheet,
+    QObject::connect(sheet, &Overlay::dismissed, sheet,
                      [answer, answered = std::move(answered)] { answered(answer->button); });
     return sheet;
 }

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace tintwick {
 
-class Sheet;
+class Overlay;
 
 /// A message that waits for an answer.
 struct Alert
@@ -23,6 +23,6 @@ struct Alert
 
 /// Shows the alert as a sheet over `host`. `answered` is called once, after the sheet is gone, with the index of the
 /// button; closing the sheet in any other way answers 0.
-Sheet* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered);
+Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered);
 
 } // namespace tintwick

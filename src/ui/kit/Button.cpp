@@ -1,10 +1,10 @@
-#include "ui/kit/Button.h"
+#include "Button.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/SymbolView.h"
+#include "Appearance.h"
+#include "Paint.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -36,7 +36,7 @@ TextButton::TextButton(const QString& title, Style style)
     , m_title(title)
     , m_style(style)
 {
-    setFont(DS::font(13, QFont::DemiBold));
+    setFont(theme::font(13, QFont::DemiBold));
 }
 
 QSize TextButton::sizeHint() const
@@ -60,11 +60,12 @@ void TextButton::paintEvent(QPaintEvent*)
     }
     const Scheme scheme = Appearance::of(this);
     const bool isProminent = m_style == Style::Prominent;
-    fillRounded(painter, rect(), textButtonRadius, (isProminent ? DS::accent : DS::surfaceHigh).in(scheme));
+    fillRounded(painter, rect(), textButtonRadius,
+                (isProminent ? theme::accent : theme::surfaceHigh).in(scheme));
     if (!isProminent) {
-        strokeInside(painter, rect(), textButtonRadius, DS::border.in(scheme), 1);
+        strokeInside(painter, rect(), textButtonRadius, theme::border.in(scheme), 1);
     }
-    painter.setPen((isProminent ? DS::white : DS::textPrimary).in(scheme));
+    painter.setPen((isProminent ? theme::white : theme::textPrimary).in(scheme));
     painter.drawText(rect(), Qt::AlignCenter, m_title);
     paintAnswer(painter);
 }
@@ -81,7 +82,7 @@ PlainButton* squareButton(const QString& name, std::function<void()> action, Sym
 {
     auto* button = plainButton(
         name, std::move(action),
-        row(fixedSize(squareSide, squareSide), centered(), ground(DS::surfaceHigh, squareRadius), symbol),
+        row(fixedSize(squareSide, squareSide), centered(), ground(theme::surfaceHigh, squareRadius), symbol),
         squareRadius);
     button->setToolTip(name);
     return button;

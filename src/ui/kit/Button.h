@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/Clickable.h"
+#include "Clickable.h"
 
 namespace tintwick {
 

@@ -1,11 +1,11 @@
-#include "ui/kit/Clickable.h"
+#include "Clickable.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/FocusRing.h"
-#include "ui/kit/HelpBubble.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/StackLayout.h"
+#include "Appearance.h"
+#include "FocusRing.h"
+#include "HelpBubble.h"
+#include "Paint.h"
+#include "StackLayout.h"
+#include "Theme.h"
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -91,7 +91,7 @@ void Clickable::paintAnswer(QPainter& painter) const
     const Scheme scheme = Appearance::of(this);
     if (isEnabled() && (isDown() || (isHovered() && tintsHover()))) {
         fillRounded(painter, answerRect(), cornerRadius(),
-                    DS::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
+                    theme::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
     }
     if (showsFocusRing()) {
         drawFocusRing(painter, answerRect(), cornerRadius(), scheme);

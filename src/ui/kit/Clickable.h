@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/ContextMenu.h"
+#include "ContextMenu.h"
 
 #include <QAbstractButton>
 #include <QRectF>

@@ -1,12 +1,12 @@
-#include "ui/kit/ContextMenu.h"
+#include "ContextMenu.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Clickable.h"
-#include "ui/kit/InOneLine.h"
-#include "ui/kit/KitStyle.h"
-#include "ui/kit/PopupWindow.h"
-#include "ui/kit/Symbol.h"
+#include "Appearance.h"
+#include "Clickable.h"
+#include "InOneLine.h"
+#include "KitStyle.h"
+#include "PopupWindow.h"
+#include "Symbol.h"
+#include "Theme.h"
 
 #include <QEvent>
 #include <QMenu>
@@ -45,7 +45,7 @@ QString literal(const QString& title)
 void dressMenu(QMenu& menu)
 {
     menu.setStyle(KitStyle::shared());
-    menu.setFont(DS::font(13));
+    menu.setFont(theme::font(13));
     menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     menu.setAttribute(Qt::WA_TranslucentBackground);
     menu.installEventFilter(new CornerFitter(&menu));

@@ -1,4 +1,4 @@
-#include "ui/kit/Corners.h"
+#include "Corners.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "ui/kit/CrossFade.h"
+#include "CrossFade.h"
 
-#include "ui/kit/Animator.h"
-#include "ui/kit/EaseInOut.h"
+#include "Animator.h"
+#include "EaseInOut.h"
 
 #include <QPainter>
 #include <QPixmap>

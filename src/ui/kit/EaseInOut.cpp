@@ -1,4 +1,4 @@
-#include "ui/kit/EaseInOut.h"
+#include "EaseInOut.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "ui/kit/FocusRing.h"
+#include "FocusRing.h"
 
 namespace tintwick {
 

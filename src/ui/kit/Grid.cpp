@@ -1,6 +1,6 @@
-#include "ui/kit/Grid.h"
+#include "Grid.h"
 
-#include "ui/kit/Overhang.h"
+#include "Overhang.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,10 +1,10 @@
-#include "ui/kit/HelpBubble.h"
+#include "HelpBubble.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/InOneLine.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/PopupWindow.h"
+#include "Appearance.h"
+#include "InOneLine.h"
+#include "Paint.h"
+#include "PopupWindow.h"
+#include "Theme.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -43,7 +43,7 @@ HelpBubble::HelpBubble(QWidget& owner, const QString& text)
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setFont(DS::font(11));
+    setFont(theme::font(11));
     setAccessibleName(text);
     m_text.setTextFormat(Qt::PlainText);
     m_text.setTextOption(wrapping());
@@ -99,13 +99,13 @@ void HelpBubble::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (mask().isEmpty()) {
-        fillRounded(painter, rect(), cornerRadius, DS::surface.in(m_scheme));
+        fillRounded(painter, rect(), cornerRadius, theme::surface.in(m_scheme));
     } else {
         // Where the window is not wholly covered it is black.
-        painter.fillRect(rect().adjusted(0, 0, 1, 1), DS::surface.in(m_scheme));
+        painter.fillRect(rect().adjusted(0, 0, 1, 1), theme::surface.in(m_scheme));
     }
-    strokeInside(painter, rect(), cornerRadius, DS::border.in(m_scheme), 1);
-    painter.setPen(DS::textPrimary.in(m_scheme));
+    strokeInside(painter, rect(), cornerRadius, theme::border.in(m_scheme), 1);
+    painter.setPen(theme::textPrimary.in(m_scheme));
     painter.drawStaticText(horizontalPadding, verticalPadding, m_text);
 }
 

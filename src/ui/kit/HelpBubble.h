@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Scheme.h"
+#include "Scheme.h"
 
 #include <QStaticText>
 #include <QWidget>

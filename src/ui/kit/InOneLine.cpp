@@ -1,4 +1,4 @@
-#include "ui/kit/InOneLine.h"
+#include "InOneLine.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "ui/kit/KitStyle.h"
+#include "KitStyle.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/Symbol.h"
+#include "Appearance.h"
+#include "Paint.h"
+#include "Symbol.h"
+#include "Theme.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -71,12 +71,12 @@ void KitStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
         painter->fillRect(option->rect, Qt::transparent);
         painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
         if (widget == nullptr || widget->mask().isEmpty()) {
-            fillRounded(*painter, option->rect, menuRadius, DS::surface.in(scheme));
+            fillRounded(*painter, option->rect, menuRadius, theme::surface.in(scheme));
         } else {
             // The window itself is cut to the shape, and where it is not wholly covered it is black.
-            painter->fillRect(option->rect.adjusted(0, 0, 1, 1), DS::surface.in(scheme));
+            painter->fillRect(option->rect.adjusted(0, 0, 1, 1), theme::surface.in(scheme));
         }
-        strokeInside(*painter, option->rect, menuRadius, DS::border.in(scheme), 1);
+        strokeInside(*painter, option->rect, menuRadius, theme::border.in(scheme), 1);
         break;
     }
     case PE_FrameMenu:
@@ -150,7 +150,7 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
         painter.fillRect(QRectF(item.rect.left() + itemPadding, item.rect.center().y(),
                                 item.rect.width() - 2 * itemPadding, 1),
-                         DS::border.in(scheme));
+                         theme::border.in(scheme));
         return;
     }
     const auto* menu = qobject_cast<const QMenu*>(widget);
@@ -159,12 +159,12 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     const bool isSelected = (item.state & State_Selected) != 0 && (item.state & State_Enabled) != 0;
     if (isSelected) {
         fillRounded(painter, item.rect, itemRadius,
-                    (isDestructive ? DS::destructiveGround : DS::accent).in(scheme));
+                    (isDestructive ? theme::destructiveGround : theme::accent).in(scheme));
     }
-    const QColor ink = (isSelected                          ? DS::white
-                        : (item.state & State_Enabled) == 0 ? DS::textThird
-                        : isDestructive                     ? DS::red
-                                                            : DS::textPrimary)
+    const QColor ink = (isSelected                          ? theme::white
+                        : (item.state & State_Enabled) == 0 ? theme::textThird
+                        : isDestructive                     ? theme::red
+                                                            : theme::textPrimary)
                            .in(scheme);
     const QRect inside = item.rect.adjusted(itemPadding, 0, -itemPadding, 0);
     const int column = symbolColumnOf(item);
@@ -177,7 +177,7 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     painter.drawText(inside.adjusted(column, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetrics(item.font).elidedText(titleOf(item), Qt::ElideRight, widestTitle));
     if (const QString shortcut = item.text.section(u'\t', 1); !shortcut.isEmpty()) {
-        painter.setPen((isSelected ? DS::white : DS::textSecond).in(scheme));
+        painter.setPen((isSelected ? theme::white : theme::textSecond).in(scheme));
         painter.drawText(inside, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, shortcut);
     }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {

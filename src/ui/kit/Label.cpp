@@ -1,8 +1,8 @@
-#include "ui/kit/Label.h"
+#include "Label.h"
 
-#include "ui/Appearance.h"
-#include "ui/kit/Accessibility.h"
-#include "ui/kit/HelpBubble.h"
+#include "Accessibility.h"
+#include "Appearance.h"
+#include "HelpBubble.h"
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -13,7 +13,7 @@
 
 namespace tintwick {
 
-Label::Label(const QString& text, const QFont& font, const DS::Color& color)
+Label::Label(const QString& text, const QFont& font, const theme::Color& color)
     : m_text(text)
     , m_color(color)
 {
@@ -35,7 +35,7 @@ void Label::setText(const QString& text)
     updateHelp();
 }
 
-void Label::setColor(const DS::Color& color)
+void Label::setColor(const theme::Color& color)
 {
     m_color = color;
     update();
@@ -104,12 +104,12 @@ void Label::paintEvent(QPaintEvent*)
     }
 }
 
-Label* label(const QString& text, const QFont& font, const DS::Color& color)
+Label* label(const QString& text, const QFont& font, const theme::Color& color)
 {
     return new Label(text, font, color);
 }
 
-Label* label(const Bound<QString>& text, const QFont& font, const DS::Color& color)
+Label* label(const Bound<QString>& text, const QFont& font, const theme::Color& color)
 {
     auto* view = new Label({}, font, color);
     text.follow(*view, [view](const QString& now) { view->setText(now); });

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/DS.h"
-#include "ui/kit/Bound.h"
+#include "Bound.h"
+#include "Theme.h"
 
 #include <QWidget>
 
@@ -14,11 +14,11 @@ class Label final : public QWidget
     Q_OBJECT
 
 public:
-    Label(const QString& text, const QFont& font, const DS::Color& color);
+    Label(const QString& text, const QFont& font, const theme::Color& color);
 
     [[nodiscard]] QString text() const { return m_text; }
     void setText(const QString& text);
-    void setColor(const DS::Color& color);
+    void setColor(const theme::Color& color);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -33,12 +33,13 @@ private:
     void updateHelp();
 
     QString m_text;
-    DS::Color m_color;
+    theme::Color m_color;
 };
 
-[[nodiscard]] Label* label(const QString& text, const QFont& font, const DS::Color& color = DS::textPrimary);
+[[nodiscard]] Label* label(const QString& text, const QFont& font,
+                           const theme::Color& color = theme::textPrimary);
 /// A text that follows state.
 [[nodiscard]] Label* label(const Bound<QString>& text, const QFont& font,
-                           const DS::Color& color = DS::textPrimary);
+                           const theme::Color& color = theme::textPrimary);
 
 } // namespace tintwick

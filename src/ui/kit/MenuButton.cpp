@@ -1,6 +1,6 @@
-#include "ui/kit/MenuButton.h"
+#include "MenuButton.h"
 
-#include "ui/kit/Accessibility.h"
+#include "Accessibility.h"
 
 #include <QKeyEvent>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/Clickable.h"
-#include "ui/kit/ContextMenu.h"
+#include "Clickable.h"
+#include "ContextMenu.h"
 
 #include <QPointer>
 

@@ -1,4 +1,4 @@
-#include "ui/kit/Overhang.h"
+#include "Overhang.h"
 
 #include <QWidget>
 

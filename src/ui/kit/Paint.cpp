@@ -1,6 +1,6 @@
-#include "ui/kit/Paint.h"
+#include "Paint.h"
 
-#include "ui/kit/Corners.h"
+#include "Corners.h"
 
 #include <QLinearGradient>
 #include <QPaintEngine>
@@ -38,7 +38,7 @@ double devicePixelRatioOf(const QPainter& painter)
     return painter.paintEngine()->paintDevice()->devicePixelRatio();
 }
 
-QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme)
+QBrush gradientBrush(const QRectF& rect, const theme::Gradient& gradient, Scheme scheme)
 {
     QLinearGradient linear(rect.topLeft(), rect.bottomRight());
     linear.setColorAt(0, gradient.start.in(scheme));
@@ -99,8 +99,8 @@ void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme 
     // On a ground of the ring's own colour, the line inside it is what is seen.
     const double inner = focusRingWidth;
     strokeInside(painter, rect.adjusted(inner, inner, -inner, -inner), std::max(0.0, radius - inner),
-                 DS::bg.in(scheme), 1);
-    strokeInside(painter, rect, radius, DS::focusRing.in(scheme), focusRingWidth);
+                 theme::bg.in(scheme), 1);
+    strokeInside(painter, rect, radius, theme::focusRing.in(scheme), focusRingWidth);
 }
 
 void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius)

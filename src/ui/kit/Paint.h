@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/DS.h"
+#include "Theme.h"
 
 #include <QBrush>
 #include <QPointF>
@@ -16,7 +16,7 @@ namespace tintwick {
 [[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
 
 /// A brush from the top-left to the bottom-right corner of `rect`.
-[[nodiscard]] QBrush gradientBrush(const QRectF& rect, const DS::Gradient& gradient, Scheme scheme);
+[[nodiscard]] QBrush gradientBrush(const QRectF& rect, const theme::Gradient& gradient, Scheme scheme);
 
 /// On the straight way from one colour to the other; at 0 it is `from`, at 1 `to`.
 [[nodiscard]] QColor mixed(const QColor& from, const QColor& to, double fraction);

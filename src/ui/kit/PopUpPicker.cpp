@@ -1,9 +1,9 @@
-#include "ui/kit/PopUpPicker.h"
+#include "PopUpPicker.h"
 
-#include "ui/kit/KitStyle.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/SymbolView.h"
+#include "KitStyle.h"
+#include "Label.h"
+#include "Stack.h"
+#include "SymbolView.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -25,7 +25,7 @@ constexpr int chevronPadding = 8;
 } // namespace
 
 PopUpPicker::PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected)
-    : PopUpPicker(name, titles, selected, label(titles.at(selected), DS::font(12, QFont::Medium)))
+    : PopUpPicker(name, titles, selected, label(titles.at(selected), theme::font(12, QFont::Medium)))
 {
 }
 
@@ -33,8 +33,8 @@ PopUpPicker::PopUpPicker(const QString& name, QStringList titles, qsizetype sele
     : MenuButton(
           name, [this] { return choices(); },
           row(gap(8), Padding{{titlePadding, 0, chevronPadding, 0}}, fixedHeight(pickerHeight), fillWidth(),
-              ground(DS::surfaceHigh, radius), outline(DS::border, 1), title, spacer(),
-              symbol(u"chevron.up.chevron.down"_s, 10, SymbolWeight::Semibold, DS::textSecond)),
+              ground(theme::surfaceHigh, radius), outline(theme::border, 1), title, spacer(),
+              symbol(u"chevron.up.chevron.down"_s, 10, SymbolWeight::Semibold, theme::textSecond)),
           radius)
     , m_titles(std::move(titles))
     , m_selected(selected)

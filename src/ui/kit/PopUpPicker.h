@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/MenuButton.h"
+#include "MenuButton.h"
 
 #include <QStringList>
 

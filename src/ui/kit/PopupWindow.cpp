@@ -1,6 +1,6 @@
-#include "ui/kit/PopupWindow.h"
+#include "PopupWindow.h"
 
-#include "ui/kit/Corners.h"
+#include "Corners.h"
 
 #include <QRegion>
 #include <QWidget>

@@ -1,12 +1,12 @@
-#include "ui/kit/ReorderList.h"
+#include "ReorderList.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Accessibility.h"
-#include "ui/kit/Clickable.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/Reordering.h"
-#include "ui/kit/Shadow.h"
+#include "Accessibility.h"
+#include "Appearance.h"
+#include "Clickable.h"
+#include "Paint.h"
+#include "Reordering.h"
+#include "Shadow.h"
+#include "Theme.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -29,7 +29,7 @@ constexpr double liftResponse = 0.22;
 /// A frame that comes late does not make the list leap.
 constexpr double longestScrollFrame = 0.05;
 
-constexpr Shadow plateShadow{DS::black.opacity(0.22), 10, QPointF(0, 3)};
+constexpr Shadow plateShadow{theme::black.opacity(0.22), 10, QPointF(0, 3)};
 
 } // namespace
 
@@ -55,8 +55,8 @@ protected:
         QPainter painter(this);
         painter.setOpacity(m_list.m_lift.fraction());
         drawShadow(painter, plate, plateRadius, plateShadow, scheme);
-        fillRounded(painter, plate, plateRadius, DS::surface.in(scheme));
-        strokeInside(painter, plate, plateRadius, DS::border.in(scheme), 1);
+        fillRounded(painter, plate, plateRadius, theme::surface.in(scheme));
+        strokeInside(painter, plate, plateRadius, theme::border.in(scheme), 1);
     }
 
 private:
@@ -448,7 +448,7 @@ void ReorderList::paintEvent(QPaintEvent*)
         }
         painter.setOpacity(qBound(0.0, top / m_rowHeight, 1.0));
         drawHairline(painter, QPointF(m_separatorInset, top), width() - 2.0 * m_separatorInset,
-                     DS::border.in(Appearance::of(this)));
+                     theme::border.in(Appearance::of(this)));
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/Animator.h"
-#include "ui/kit/Spring.h"
+#include "Animator.h"
+#include "Spring.h"
 
 #include <QMargins>
 #include <QPointF>

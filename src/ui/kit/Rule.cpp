@@ -1,8 +1,8 @@
-#include "ui/kit/Rule.h"
+#include "Rule.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Paint.h"
+#include "Appearance.h"
+#include "Paint.h"
+#include "Theme.h"
 
 #include <QPainter>
 
@@ -17,7 +17,7 @@ Rule::Rule()
 void Rule::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    drawHairline(painter, QPointF(0, 0), width(), DS::border.in(Appearance::of(this)));
+    drawHairline(painter, QPointF(0, 0), width(), theme::border.in(Appearance::of(this)));
 }
 
 Rule* rule()

@@ -1,4 +1,4 @@
-#include "ui/kit/ScrollArea.h"
+#include "ScrollArea.h"
 
 #include <QApplication>
 #include <QEvent>

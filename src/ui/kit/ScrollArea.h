@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/Overhang.h"
-#include "ui/kit/ShadowCaster.h"
+#include "Overhang.h"
+#include "ShadowCaster.h"
 
 #include <QScrollArea>
 

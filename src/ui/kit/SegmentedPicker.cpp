@@ -1,11 +1,11 @@
-#include "ui/kit/SegmentedPicker.h"
+#include "SegmentedPicker.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/Accessibility.h"
-#include "ui/kit/Clickable.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/Shadow.h"
+#include "Accessibility.h"
+#include "Appearance.h"
+#include "Clickable.h"
+#include "Paint.h"
+#include "Shadow.h"
+#include "Theme.h"
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
@@ -28,12 +28,12 @@ constexpr int titlePadding = 8;
 constexpr double linePadding = 5;
 constexpr double thumbResponse = 0.28;
 constexpr double thumbDamping = 0.9;
-constexpr Shadow thumbShadow{DS::black.opacity(0.16), 3, QPointF(0, 1)};
+constexpr Shadow thumbShadow{theme::black.opacity(0.16), 3, QPointF(0, 1)};
 
 // Titles keep their width when they are selected, so that nothing moves but the thumb.
 QFont titleFont()
 {
-    return DS::font(12, QFont::Medium);
+    return theme::font(12, QFont::Medium);
 }
 
 } // namespace
@@ -59,7 +59,7 @@ protected:
         QPainter painter(this);
         const Scheme scheme = Appearance::of(this);
         painter.setFont(titleFont());
-        painter.setPen((isChecked() ? DS::textPrimary : DS::textSecond).in(scheme));
+        painter.setPen((isChecked() ? theme::textPrimary : theme::textSecond).in(scheme));
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_title);
         paintAnswer(painter);
     }
@@ -192,8 +192,8 @@ void SegmentedPicker::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const Scheme scheme = Appearance::of(this);
-    fillRounded(painter, rect(), trackRadius, DS::surfaceHigh.in(scheme));
-    strokeInside(painter, rect(), trackRadius, DS::border.in(scheme), 1);
+    fillRounded(painter, rect(), trackRadius, theme::surfaceHigh.in(scheme));
+    strokeInside(painter, rect(), trackRadius, theme::border.in(scheme), 1);
     for (qsizetype i = 1; i < m_segments.size(); ++i) {
         // A line fades as the thumb comes upon it.
         const double boundary = static_cast<double>(i) - 0.5;
@@ -201,12 +201,12 @@ void SegmentedPicker::paintEvent(QPaintEvent*)
         const QRectF segment = place(static_cast<double>(i)).toRect();
         painter.fillRect(
             QRectF(segment.left(), segment.top() + linePadding, 1, segment.height() - 2 * linePadding),
-            DS::border.opacity(std::clamp(distance, 0.0, 1.0)).in(scheme));
+            theme::border.opacity(std::clamp(distance, 0.0, 1.0)).in(scheme));
     }
     if (m_selected) {
         const QRectF thumb = place(m_thumb.position());
         drawShadow(painter, thumb, thumbRadius, thumbShadow, scheme);
-        fillRounded(painter, thumb, thumbRadius, DS::thumb.in(scheme));
+        fillRounded(painter, thumb, thumbRadius, theme::thumb.in(scheme));
     }
 }
 

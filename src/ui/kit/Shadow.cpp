@@ -1,7 +1,7 @@
-#include "ui/kit/Shadow.h"
+#include "Shadow.h"
 
-#include "ui/kit/Corners.h"
-#include "ui/kit/Paint.h"
+#include "Corners.h"
+#include "Paint.h"
 
 #include <QCache>
 #include <QImage>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/DS.h"
+#include "Theme.h"
 
 #include <QMargins>
 #include <QPointF>
@@ -13,7 +13,7 @@ namespace tintwick {
 /// The blurred shadow of a rounded rectangle, in points.
 struct Shadow
 {
-    DS::Color color = DS::clear;
+    theme::Color color = theme::clear;
     /// Twice the standard deviation of the blur.
     double radius = 0;
     QPointF offset;

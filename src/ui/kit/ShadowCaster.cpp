@@ -1,6 +1,6 @@
-#include "ui/kit/ShadowCaster.h"
+#include "ShadowCaster.h"
 
-#include "ui/kit/Stack.h"
+#include "Stack.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/Bound.h"
+#include "Bound.h"
 
 #include <QWidget>
 

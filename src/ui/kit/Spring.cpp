@@ -1,4 +1,4 @@
-#include "ui/kit/Spring.h"
+#include "Spring.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,8 +1,8 @@
-#include "ui/kit/Stack.h"
+#include "Stack.h"
 
-#include "ui/Appearance.h"
-#include "ui/kit/Paint.h"
-#include "ui/kit/StackLayout.h"
+#include "Appearance.h"
+#include "Paint.h"
+#include "StackLayout.h"
 
 #include <QBoxLayout>
 #include <QPainter>
@@ -13,10 +13,10 @@ namespace {
 
 QBrush brushOf(const Ground& ground, const QRectF& rect, Scheme scheme)
 {
-    if (const auto* gradient = std::get_if<DS::Gradient>(&ground.fill)) {
+    if (const auto* gradient = std::get_if<theme::Gradient>(&ground.fill)) {
         return gradientBrush(rect, *gradient, scheme);
     }
-    return std::get<DS::Color>(ground.fill).in(scheme);
+    return std::get<theme::Color>(ground.fill).in(scheme);
 }
 
 } // namespace

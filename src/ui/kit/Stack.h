@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ui/DS.h"
-#include "ui/kit/Overhang.h"
-#include "ui/kit/Shadow.h"
-#include "ui/kit/ShadowCaster.h"
+#include "Overhang.h"
+#include "Shadow.h"
+#include "ShadowCaster.h"
+#include "Theme.h"
 
 #include <QMargins>
 #include <QWidget>
@@ -48,12 +48,12 @@ struct Centered
 /// What is drawn below the children.
 struct Ground
 {
-    std::variant<DS::Color, DS::Gradient> fill;
+    std::variant<theme::Color, theme::Gradient> fill;
     double cornerRadius = 0;
 };
 struct Outline
 {
-    DS::Color color = DS::border;
+    theme::Color color = theme::border;
     double width = 1;
     /// Solid when 0; else the length of dashes and of the room between them.
     double dash = 0;
@@ -95,19 +95,19 @@ struct Outline
 {
     return {-1, points};
 }
-[[nodiscard]] inline Ground ground(const DS::Color& color, double cornerRadius = 0)
+[[nodiscard]] inline Ground ground(const theme::Color& color, double cornerRadius = 0)
 {
     return {color, cornerRadius};
 }
-[[nodiscard]] inline Ground ground(const DS::Gradient& gradient, double cornerRadius = 0)
+[[nodiscard]] inline Ground ground(const theme::Gradient& gradient, double cornerRadius = 0)
 {
     return {gradient, cornerRadius};
 }
-[[nodiscard]] inline Outline outline(const DS::Color& color, double width)
+[[nodiscard]] inline Outline outline(const theme::Color& color, double width)
 {
     return {color, width};
 }
-[[nodiscard]] inline Outline dashedOutline(const DS::Color& color, double width, double dash)
+[[nodiscard]] inline Outline dashedOutline(const theme::Color& color, double width, double dash)
 {
     return {color, width, dash};
 }

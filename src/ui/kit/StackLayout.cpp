@@ -1,6 +1,6 @@
-#include "ui/kit/StackLayout.h"
+#include "StackLayout.h"
 
-#include "ui/kit/Overhang.h"
+#include "Overhang.h"
 
 #include <QStyle>
 #include <QWidget>

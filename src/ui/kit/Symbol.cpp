@@ -1,6 +1,6 @@
-#include "ui/kit/Symbol.h"
+#include "Symbol.h"
 
-#include "ui/kit/Paint.h"
+#include "Paint.h"
 
 #include <QFile>
 #include <QIconEngine>

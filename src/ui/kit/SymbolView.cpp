@@ -1,6 +1,6 @@
-#include "ui/kit/SymbolView.h"
+#include "SymbolView.h"
 
-#include "ui/Appearance.h"
+#include "Appearance.h"
 
 #include <QPainter>
 
@@ -8,7 +8,7 @@
 
 namespace tintwick {
 
-SymbolView::SymbolView(QString name, int size, SymbolWeight weight, const DS::Color& color)
+SymbolView::SymbolView(QString name, int size, SymbolWeight weight, const theme::Color& color)
     : m_name(std::move(name))
     , m_size(size)
     , m_weight(weight)
@@ -25,7 +25,7 @@ void SymbolView::setName(const QString& name)
     }
 }
 
-void SymbolView::setColor(const DS::Color& color)
+void SymbolView::setColor(const theme::Color& color)
 {
     m_color = color;
     update();
@@ -43,7 +43,7 @@ void SymbolView::paintEvent(QPaintEvent*)
     drawSymbol(painter, m_name, m_size, m_weight, m_color.in(Appearance::of(this)), rect());
 }
 
-SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const DS::Color& color)
+SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const theme::Color& color)
 {
     return new SymbolView(name, size, weight, color);
 }

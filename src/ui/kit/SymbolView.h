@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/DS.h"
-#include "ui/kit/Symbol.h"
+#include "Symbol.h"
+#include "Theme.h"
 
 #include <QString>
 #include <QWidget>
@@ -14,10 +14,10 @@ class SymbolView final : public QWidget
     Q_OBJECT
 
 public:
-    SymbolView(QString name, int size, SymbolWeight weight, const DS::Color& color);
+    SymbolView(QString name, int size, SymbolWeight weight, const theme::Color& color);
 
     void setName(const QString& name);
-    void setColor(const DS::Color& color);
+    void setColor(const theme::Color& color);
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
@@ -27,9 +27,10 @@ private:
     QString m_name;
     int m_size;
     SymbolWeight m_weight;
-    DS::Color m_color;
+    theme::Color m_color;
 };
 
-[[nodiscard]] SymbolView* symbol(const QString& name, int size, SymbolWeight weight, const DS::Color& color);
+[[nodiscard]] SymbolView* symbol(const QString& name, int size, SymbolWeight weight,
+                                 const theme::Color& color);
 
 } // namespace tintwick

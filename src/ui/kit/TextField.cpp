@@ -1,9 +1,9 @@
-#include "ui/kit/TextField.h"
+#include "TextField.h"
 
-#include "ui/Appearance.h"
-#include "ui/DS.h"
-#include "ui/kit/KitStyle.h"
-#include "ui/kit/Paint.h"
+#include "Appearance.h"
+#include "KitStyle.h"
+#include "Paint.h"
+#include "Theme.h"
 
 #include <QPainter>
 #include <QPalette>
@@ -24,7 +24,7 @@ TextField::TextField(const QString& placeholder, const QString& text)
 {
     setStyle(KitStyle::shared());
     setFrame(false);
-    setFont(DS::font(13));
+    setFont(theme::font(13));
     setTextMargins(horizontalPadding, 0, horizontalPadding, 0);
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
@@ -45,11 +45,12 @@ void TextField::paintEvent(QPaintEvent* event)
     {
         QPainter painter(this);
         const Scheme scheme = Appearance::of(this);
-        fillRounded(painter, rect(), cornerRadius, DS::field.in(scheme));
+        fillRounded(painter, rect(), cornerRadius, theme::field.in(scheme));
         if (hasFocus()) {
-            strokeInside(painter, rect(), cornerRadius, DS::focusRing.in(scheme), 2);
+            strokeInside(painter, rect(), cornerRadius, theme::focusRing.in(scheme), 2);
         } else {
-            strokeInside(painter, rect(), cornerRadius, DS::textThird.opacity(borderOpacity).in(scheme), 1);
+            strokeInside(painter, rect(), cornerRadius, theme::textThird.opacity(borderOpacity).in(scheme),
+                         1);
         }
     }
     QLineEdit::paintEvent(event);

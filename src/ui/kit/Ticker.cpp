@@ -1,6 +1,6 @@
-#include "ui/kit/Ticker.h"
+#include "Ticker.h"
 
-#include "ui/kit/Animator.h"
+#include "Animator.h"
 
 #include <QTimerEvent>
 

@@ -1,6 +1,6 @@
-#include "ui/kit/View.h"
+#include "View.h"
 
-#include "ui/kit/StackLayout.h"
+#include "StackLayout.h"
 
 namespace tintwick {
 

@@ -1,13 +1,13 @@
-#include "ui/settings/DataSettingsTab.h"
+#include "DataSettingsTab.h"
 
-#include "export/ExportService.h"
-#include "state/AppState.h"
-#include "ui/DS.h"
-#include "ui/kit/Bound.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/SymbolView.h"
-#include "ui/settings/SettingsLayout.h"
+#include "AppState.h"
+#include "Bound.h"
+#include "Button.h"
+#include "ColorExport.h"
+#include "Label.h"
+#include "SettingsLayout.h"
+#include "SymbolView.h"
+#include "Theme.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -25,9 +25,9 @@ QWidget* exportButton(const QString& name, const QString& title, const QString& 
 {
     return plainButton(name, std::move(action),
                        column(gap(5), fillWidth(), fixedHeight(58), centered(),
-                              ground(DS::surfaceHigh, exportRadius), outline(DS::border, 1),
-                              symbol(symbolName, 16, SymbolWeight::Medium, DS::link),
-                              label(title, DS::font(12, QFont::Medium))),
+                              ground(theme::surfaceHigh, exportRadius), outline(theme::border, 1),
+                              symbol(symbolName, 16, SymbolWeight::Medium, theme::link),
+                              label(title, theme::font(12, QFont::Medium))),
                        exportRadius);
 }
 
@@ -41,7 +41,7 @@ DataSettingsTab::DataSettingsTab(AppState& appState, const std::optional<QUrl>& 
 
 QWidget* DataSettingsTab::historySection()
 {
-    Label* count = label({}, DS::font(13), DS::textSecond);
+    Label* count = label({}, theme::font(13), theme::textSecond);
     bound([this] { return m_appState.history().size(); })
         .changedBy(m_appState, &AppState::historyChanged)
         .follow(*count, [count](qsizetype colors) {
@@ -59,26 +59,27 @@ QWidget* DataSettingsTab::exportSection()
         tr("Export All History"),
         row(gap(10), padding(0, 6), fillWidth(),
             exportButton(tr("Export CSS"), tr("CSS"), u"doc.text"_s,
-                         [this] { ExportService().exportCSS(m_appState.history(), u"History"_s); }),
+                         [this] { ColorExport().exportCSS(m_appState.history(), u"History"_s); }),
             exportButton(tr("Export JSON"), tr("JSON"), u"curlybraces"_s,
-                         [this] { ExportService().exportJSON(m_appState.history()); }),
+                         [this] { ColorExport().exportJSON(m_appState.history()); }),
             exportButton(tr("Export PNG"), tr("PNG"), u"photo"_s,
-                         [this] { ExportService().exportPNG(m_appState.history()); })));
+                         [this] { ColorExport().exportPNG(m_appState.history()); })));
 }
 
 QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
 {
-    Stack* credit = row(fillWidth(), fixedHeight(28),
-                        label(tr("Made by the Tintwick developers"), DS::font(13), DS::textSecond), spacer());
+    Stack* credit =
+        row(fillWidth(), fixedHeight(28),
+            label(tr("Made by the Tintwick developers"), theme::font(13), theme::textSecond), spacer());
     if (projectPage) {
         const QString title = tr("Read Me");
         credit->add(plainButton(
             title, [page = *projectPage] { QDesktopServices::openUrl(page); },
-            row(padding(4), label(title, DS::font(13, QFont::Medium), DS::link))));
+            row(padding(4), label(title, theme::font(13, QFont::Medium), theme::link))));
     }
     return settingsSection(
         tr("About"), settingsRows({settingsRow(tr("Version"), label(QCoreApplication::applicationVersion(),
-                                                                    DS::font(13), DS::textSecond)),
+                                                                    theme::font(13), theme::textSecond)),
                                    credit}));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/View.h"
-#include "ui/settings/ProjectPage.h"
+#include "ProjectPage.h"
+#include "View.h"
 
 namespace tintwick {
 

@@ -1,16 +1,16 @@
-#include "ui/settings/GeneralSettingsTab.h"
+#include "GeneralSettingsTab.h"
 
-#include "model/ColorFormat.h"
-#include "shortcuts/ShortcutNames.h"
-#include "state/AppState.h"
-#include "state/Preferences.h"
-#include "ui/DS.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/PopUpPicker.h"
-#include "ui/kit/SegmentedPicker.h"
-#include "ui/settings/PermissionStatus.h"
-#include "ui/settings/RecorderCocoa.h"
-#include "ui/settings/SettingsLayout.h"
+#include "AppState.h"
+#include "ColorFormat.h"
+#include "Label.h"
+#include "PermissionStatus.h"
+#include "PopUpPicker.h"
+#include "Preferences.h"
+#include "SegmentedPicker.h"
+#include "SettingsLayout.h"
+#include "ShortcutNames.h"
+#include "ShortcutRecorder.h"
+#include "Theme.h"
 
 #include <algorithm>
 #include <array>
@@ -58,7 +58,7 @@ QWidget* GeneralSettingsTab::shortcutsSection(const KeyboardShortcuts::RecorderS
                                               QWidget& panel)
 {
     const auto recorderRow = [&](const QString& title, const KeyboardShortcuts::Name& name) {
-        auto* recorder = new KeyboardShortcuts::RecorderCocoa(recording, name, title, panel);
+        auto* recorder = new KeyboardShortcuts::ShortcutRecorder(recording, name, title, panel);
         recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         return settingsRow(title, recorder);
     };
@@ -117,7 +117,7 @@ QWidget* GeneralSettingsTab::screenRecordingSection()
         tr("Screen Recording"),
         column(gap(3), fillWidth(), Across::Leading,
                settingsRow(tr("Permission"), new PermissionStatus(m_grabber)),
-               label(tr("Required to sample screen colors"), DS::caption(), DS::textSecond)));
+               label(tr("Required to sample screen colors"), theme::caption(), theme::textSecond)));
 }
 
 } // namespace tintwick

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/View.h"
+#include "View.h"
 
 namespace tintwick::KeyboardShortcuts {
 struct RecorderServices;

@@ -1,11 +1,11 @@
-#include "ui/settings/PermissionStatus.h"
+#include "PermissionStatus.h"
 
-#include "platform/ScreenGrabber.h"
-#include "ui/DS.h"
-#include "ui/kit/Button.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Stack.h"
-#include "ui/kit/SymbolView.h"
+#include "Button.h"
+#include "Label.h"
+#include "ScreenGrabber.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
 
 #include <QDesktopServices>
 #include <QUrl>
@@ -31,15 +31,15 @@ void PermissionStatus::ask()
 
 QWidget* PermissionStatus::granted()
 {
-    return row(gap(6), symbol(u"checkmark.circle.fill"_s, 13, SymbolWeight::Regular, DS::green),
-               label(tr("Granted"), DS::font(13)));
+    return row(gap(6), symbol(u"checkmark.circle.fill"_s, 13, SymbolWeight::Regular, theme::green),
+               label(tr("Granted"), theme::font(13)));
 }
 
 QWidget* PermissionStatus::denied()
 {
     const QUrl settings = m_grabber.permissionSettings();
     if (settings.isEmpty()) {
-        return label(tr("Not granted"), DS::font(13), DS::red);
+        return label(tr("Not granted"), theme::font(13), theme::red);
     }
     return prominentButton(tr("Open System Settings"), [settings] { QDesktopServices::openUrl(settings); });
 }

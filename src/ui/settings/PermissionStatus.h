@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/View.h"
+#include "View.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "ui/settings/ProjectPage.h"
+#include "ProjectPage.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>

@@ -1,9 +1,9 @@
-#include "ui/settings/SettingsLayout.h"
+#include "SettingsLayout.h"
 
-#include "ui/DS.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/Rule.h"
-#include "ui/kit/StackLayout.h"
+#include "Label.h"
+#include "Rule.h"
+#include "StackLayout.h"
+#include "Theme.h"
 
 namespace tintwick {
 
@@ -18,9 +18,9 @@ constexpr int ruleGap = 6;
 
 Stack* settingsSection(const QString& title, QWidget* content)
 {
-    return column(gap(6), fillWidth(), Across::Leading, label(title, DS::headline()),
-                  column(padding(14, 8), fillWidth(), ground(DS::surface, cardRadius), outline(DS::border, 1),
-                         content));
+    return column(gap(6), fillWidth(), Across::Leading, label(title, theme::headline()),
+                  column(padding(14, 8), fillWidth(), ground(theme::surface, cardRadius),
+                         outline(theme::border, 1), content));
 }
 
 Stack* settingsRows(const QList<QWidget*>& rows)
@@ -38,7 +38,7 @@ Stack* settingsRows(const QList<QWidget*>& rows)
 Stack* settingsRow(const QString& text, QWidget* control)
 {
     Stack* line = row(fillWidth(), fixedHeight(rowHeight),
-                      row(fixedWidth(labelColumn), label(text, DS::font(13)), spacer()), control);
+                      row(fixedWidth(labelColumn), label(text, theme::font(13)), spacer()), control);
     if (!canGrow(control->sizePolicy().horizontalPolicy())) {
         line->add(spacer());
     }

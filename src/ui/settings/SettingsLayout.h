@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/Stack.h"
+#include "Stack.h"
 
 #include <QList>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "ui/settings/ShortcutText.h"
+#include "ShortcutText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,13 +1,13 @@
-#include "platform/x11/X11HotKeyRegistrar.h"
-#include "platform/x11/X11KeyRecording.h"
-#include "platform/x11/X11KeyboardLayout.h"
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
+#include "Overlay.h"
+#include "Registry.h"
+#include "ShortcutNames.h"
+#include "ShortcutRecorder.h"
+#include "X11HotKeyRegistrar.h"
+#include "X11KeyRecording.h"
+#include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"
-#include "ui/kit/Sheet.h"
-#include "ui/settings/RecorderCocoa.h"
 
 #include <QProcess>
 #include <QSettings>
@@ -80,18 +80,19 @@ struct Scene
     int picks = 0;
 
     QWidget panel{nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint};
-    RecorderCocoa* recorder = nullptr;
+    ShortcutRecorder* recorder = nullptr;
 
     Scene()
     {
         registry.declare(shortcutnames::activatePicker());
         registry.onKeyUp(shortcutnames::activatePicker(), [this] { ++picks; });
         panel.setFixedSize(380, 580);
-        recorder = new RecorderCocoa({registry, keys, layout,
-                                      [] {
-                                          return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, 0x40000}};
-                                      }},
-                                     shortcutnames::activatePicker(), u"Activate Picker"_s, panel);
+        recorder =
+            new ShortcutRecorder({registry, keys, layout,
+                                  [] {
+                                      return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, 0x40000}};
+                                  }},
+                                 shortcutnames::activatePicker(), u"Activate Picker"_s, panel);
         recorder->setParent(&panel);
         recorder->move(100, 40);
         panel.setFocus();
@@ -137,7 +138,7 @@ struct Scene
         return registry.getShortcut(shortcutnames::activatePicker());
     }
     [[nodiscard]] bool keyboardIsFree() { return hand.connection().inputIsFree(); }
-    [[nodiscard]] Sheet* alert() const { return Sheet::of(panel); }
+    [[nodiscard]] Overlay* alert() const { return Overlay::of(panel); }
 };
 
 const Shortcut optionShiftC{keyC, option | shift};

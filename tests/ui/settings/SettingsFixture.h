@@ -1,14 +1,14 @@
 #pragma once
 
-#include "shortcuts/Registry.h"
-#include "shortcuts/ShortcutNames.h"
-#include "state/AppState.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "Label.h"
+#include "Registry.h"
+#include "SegmentedPicker.h"
+#include "SettingsScreen.h"
+#include "ShortcutNames.h"
+#include "Ticker.h"
 #include "support/ScriptedPlatform.h"
-#include "ui/Appearance.h"
-#include "ui/kit/Label.h"
-#include "ui/kit/SegmentedPicker.h"
-#include "ui/kit/Ticker.h"
-#include "ui/settings/InlineSettingsView.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -46,7 +46,7 @@ public:
     /// As the panel does when settings are asked for; what was there before is gone.
     void open()
     {
-        view = std::make_unique<InlineSettingsView>(
+        view = std::make_unique<SettingsScreen>(
             state,
             KeyboardShortcuts::RecorderServices{shortcuts, platform.recording, platform.layout,
                                                 [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
@@ -129,7 +129,7 @@ public:
     KeyboardShortcuts::Registry shortcuts;
     QWidget panel;
     Appearance appearance{panel};
-    std::unique_ptr<InlineSettingsView> view;
+    std::unique_ptr<SettingsScreen> view;
 };
 
 } // namespace tintwick::test

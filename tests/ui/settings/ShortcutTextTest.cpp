@@ -1,4 +1,4 @@
-#include "ui/settings/ShortcutText.h"
+#include "ShortcutText.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,0 +1,218 @@
+#include "LoupeArtwork.h"
+
+#include "DropShadow.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+// Lengths in points.
+constexpr DropShadow ringShadow{.offsetY = 4, .blur = 16, .opacity = 0.55};
+constexpr DropShadow pillShadow{.offsetY = 2, .blur = 8, .opacity = 0.35};
+// The shadows are wider than the picture, so towards its edges they fade: a cut shadow would show the picture's square
+// corners on a light desktop.
+constexpr double shadowFade = 6;
+constexpr double gridLineWidth = 0.5;
+constexpr double centerOutlineWidth = 1.5;
+constexpr double pillOutlineWidth = 0.5;
+
+QColor gray(double level, double alpha = 1)
+{
+    return QColor::fromRgbF(static_cast<float>(level), static_cast<float>(level), static_cast<float>(level),
+                            static_cast<float>(alpha));
+}
+
+DropShadow scaled(const DropShadow& shadow, double scale)
+{
+    return {.offsetY = shadow.offsetY * scale, .blur = shadow.blur * scale, .opacity = shadow.opacity};
+}
+
+void fadeTowardsEdges(QImage& shadow, double distance)
+{
+    for (int y = 0; y < shadow.height(); ++y) {
+        uchar* row = shadow.scanLine(y);
+        const int vertical = std::min(y, shadow.height() - 1 - y);
+        for (int x = 0; x < shadow.width(); ++x) {
+            const int nearest = std::min({x, shadow.width() - 1 - x, vertical});
+            const double share = std::min(1.0, (nearest + 0.5) / distance);
+            row[x] = static_cast<uchar>(std::lround(row[x] * share * share * (3 - 2 * share)));
+        }
+    }
+}
+
+void fillFrame(QPainter& painter, const QRect& outside, const QRect& inside, const QColor& color)
+{
+    for (const QRect& rect : QRegion(outside).subtracted(inside)) {
+        painter.fillRect(rect, color);
+    }
+}
+
+QRect grown(const QRect& rect, int by)
+{
+    return rect.adjusted(-by, -by, by, by);
+}
+
+} // namespace
+
+LoupeArtwork::LoupeArtwork(const LoupeLook& look, const LoupeGeometry& geometry)
+    : m_look(look)
+    , m_geometry(geometry)
+{
+}
+
+QImage LoupeArtwork::below() const
+{
+    QImage ring = blank(QImage::Format_Alpha8);
+    QPainter ringPainter(&ring);
+    strokeRing(ringPainter);
+    ringPainter.end();
+
+    QImage pill = blank(QImage::Format_Alpha8);
+    QPainter pillPainter(&pill);
+    pillPainter.setRenderHint(QPainter::Antialiasing);
+    pillPainter.fillPath(pillShape(0), Qt::black);
+    pillPainter.end();
+
+    const double scale = m_geometry.scale();
+    QImage shadowOfRing = shadowOf(ring, scaled(ringShadow, scale));
+    QImage shadowOfPill = shadowOf(pill, scaled(pillShadow, scale));
+    fadeTowardsEdges(shadowOfRing, shadowFade * scale);
+    fadeTowardsEdges(shadowOfPill, shadowFade * scale);
+
+    QImage image = blank(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    painter.drawImage(0, 0, shadowOfRing);
+    strokeRing(painter);
+    painter.drawImage(0, 0, shadowOfPill);
+    return image;
+}
+
+QImage LoupeArtwork::opening() const
+{
+    QImage image = blank(QImage::Format_Alpha8);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(scopeOpening(), Qt::black);
+    painter.fillPath(pillShape(0), Qt::black);
+    return image;
+}
+
+QImage LoupeArtwork::aboveScope(int count) const
+{
+    QImage image = blank(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    drawGridLines(painter, count);
+    drawCenterOutlines(painter, count);
+    strokeRing(painter);
+    return image;
+}
+
+QImage LoupeArtwork::abovePill(PillTone tone) const
+{
+    QImage image = blank(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor color = tone == PillTone::LightBackground ? gray(0, 0.08) : gray(1, 0.15);
+    const double width = pillOutlineWidth * m_geometry.scale();
+    painter.strokePath(pillShape(width / 2), QPen(color, width));
+    return image;
+}
+
+QImage LoupeArtwork::blank(QImage::Format format) const
+{
+    QImage image(m_geometry.size(), format);
+    image.fill(0);
+    return image;
+}
+
+QPainterPath LoupeArtwork::ringPath() const
+{
+    const double scale = m_geometry.scale();
+    const double inset = loupe::borderWidth * scale / 2;
+    const QRectF rect = QRectF(m_geometry.scope()).adjusted(inset, inset, -inset, -inset);
+    QPainterPath path;
+    if (m_look.isCircle) {
+        path.addEllipse(rect);
+    } else {
+        path.addRoundedRect(rect, loupe::scopeCorner * scale, loupe::scopeCorner * scale);
+    }
+    return path;
+}
+
+QPainterPath LoupeArtwork::scopeOpening() const
+{
+    // One pixel wider than the cells' area: the ring covers that pixel, and no half-transparent seam is left
+    // where the antialiased edges of the ring and the opening would meet.
+    constexpr double overlap = 1;
+    const QRectF rect = m_geometry.inner().adjusted(-overlap, -overlap, overlap, overlap);
+    QPainterPath path;
+    if (m_look.isCircle) {
+        path.addEllipse(rect);
+    } else {
+        const double corner = (loupe::scopeCorner - loupe::borderWidth) * m_geometry.scale() + overlap;
+        path.addRoundedRect(rect, corner, corner);
+    }
+    return path;
+}
+
+QPainterPath LoupeArtwork::pillShape(double inset) const
+{
+    const double corner = loupe::infoCorner * m_geometry.scale();
+    QPainterPath path;
+    path.addRoundedRect(QRectF(m_geometry.pill()).adjusted(inset, inset, -inset, -inset), corner, corner);
+    return path;
+}
+
+void LoupeArtwork::strokeRing(QPainter& painter) const
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(ringPath(), QPen(gray(0.07), loupe::borderWidth * m_geometry.scale()));
+    painter.restore();
+}
+
+void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
+{
+    // A line takes whole pixels and as much less opacity as it became wider: crisp, with the same ink.
+    const double exactWidth = gridLineWidth * m_geometry.scale();
+    const int width = std::max(1, qRound(exactWidth));
+    const QColor color = gray(0, 0.13 * exactWidth / width);
+    const QRect scope = m_geometry.scope();
+    const std::vector<int> edges = m_geometry.cellEdges(count);
+
+    painter.save();
+    painter.setClipPath(scopeOpening());
+    // Where lines cross they are not to add up.
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (int i = 1; i < count; ++i) {
+        // On the side away from the middle, so that the centre cell keeps all its pixels.
+        const int edge = edges[static_cast<std::size_t>(i)];
+        const int start = 2 * i <= count ? edge - width : edge;
+        painter.fillRect(start, scope.top(), width, scope.height(), color);
+        painter.fillRect(scope.left(), start, scope.width(), width, color);
+    }
+    painter.restore();
+}
+
+void LoupeArtwork::drawCenterOutlines(QPainter& painter, int count) const
+{
+    // A dark line on the cell's edge, half of it on either side, and a light one showing half as wide around
+    // it. An odd pixel goes outside, and however small the cell is, its colour stays visible in the middle.
+    const QRect cell = m_geometry.centerCell(count);
+    const int dark = qRound(centerOutlineWidth * m_geometry.scale());
+    const int inside = std::min(dark / 2, (cell.width() - 1) / 2);
+    const int outside = dark - dark / 2;
+    const int light = std::max(1, dark / 2);
+
+    const QRect darkOutside = grown(cell, outside);
+    fillFrame(painter, grown(darkOutside, light), darkOutside, gray(1, 0.8));
+    fillFrame(painter, darkOutside, grown(cell, -inside), gray(0.05));
+}
+
+} // namespace tintwick

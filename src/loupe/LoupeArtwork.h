@@ -1,0 +1,44 @@
+#pragma once
+
+#include "LoupeGeometry.h"
+#include "LoupeLook.h"
+#include "PillContent.h"
+
+#include <QImage>
+
+class QPainter;
+class QPainterPath;
+
+namespace tintwick {
+
+/// The parts of the loupe's picture that do not depend on the colours shown, each drawn as an image of the
+/// whole picture's size.
+class LoupeArtwork final
+{
+public:
+    LoupeArtwork(const LoupeLook& look, const LoupeGeometry& geometry);
+
+    /// Below the live colours: the ring with its shadow, and the pill's shadow. Premultiplied ARGB32.
+    [[nodiscard]] QImage below() const;
+    /// Where live colours are seen: inside the ring, and in the pill. Alpha8.
+    [[nodiscard]] QImage opening() const;
+    /// Above the cells: grid lines for `count` cells a side, the centre cell's outlines, the ring.
+    /// Premultiplied ARGB32.
+    [[nodiscard]] QImage aboveScope(int count) const;
+    /// Above the pill's colour: its outline. Premultiplied ARGB32.
+    [[nodiscard]] QImage abovePill(PillTone tone) const;
+
+private:
+    [[nodiscard]] QImage blank(QImage::Format format) const;
+    [[nodiscard]] QPainterPath ringPath() const;
+    [[nodiscard]] QPainterPath scopeOpening() const;
+    [[nodiscard]] QPainterPath pillShape(double inset) const;
+    void strokeRing(QPainter& painter) const;
+    void drawGridLines(QPainter& painter, int count) const;
+    void drawCenterOutlines(QPainter& painter, int count) const;
+
+    LoupeLook m_look;
+    LoupeGeometry m_geometry;
+};
+
+} // namespace tintwick

@@ -1,0 +1,92 @@
+#include "LoupeGeometry.h"
+
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+/// Halves go down, that is away from the middle for positions in the scope's first half: the centre cell is
+/// never the one that loses a pixel.
+int nearestPixel(double position)
+{
+    // Positions that are halves in exact arithmetic miss it by a few ulps, to either side.
+    constexpr double tolerance = 1e-9;
+    return static_cast<int>(std::ceil(position - 0.5 - tolerance));
+}
+
+} // namespace
+
+LoupeGeometry::LoupeGeometry(double side, double scale)
+    : m_scale(scale)
+    , m_size(qRound(side * scale), qRound((side + loupe::gap + loupe::infoHeight) * scale))
+{
+}
+
+QRect LoupeGeometry::scope() const
+{
+    return {0, 0, m_size.width(), m_size.width()};
+}
+
+QRectF LoupeGeometry::inner() const
+{
+    const double border = loupe::borderWidth * m_scale;
+    return QRectF(scope()).adjusted(border, border, -border, -border);
+}
+
+QRect LoupeGeometry::pill() const
+{
+    const int height = qRound(loupe::infoHeight * m_scale);
+    return {0, m_size.height() - height, m_size.width(), height};
+}
+
+double LoupeGeometry::cellSide(int count) const
+{
+    return inner().width() / count;
+}
+
+std::vector<int> LoupeGeometry::cellEdges(int count) const
+{
+    const int side = m_size.width();
+    const double cell = cellSide(count);
+    std::vector<int> edges(static_cast<std::size_t>(count) + 1);
+    const auto mirrored = [&](int i) -> int& { return edges[static_cast<std::size_t>(count - i)]; };
+    for (int i = 0; 2 * i <= count; ++i) {
+        const int edge = i == 0 ? 0 : nearestPixel(side / 2.0 - (count / 2.0 - i) * cell);
+        mirrored(i) = side - edge;
+        edges[static_cast<std::size_t>(i)] = edge;
+    }
+    return edges;
+}
+
+QRect LoupeGeometry::centerCell(int count) const
+{
+    const int side = m_size.width();
+    const int start = nearestPixel(side / 2.0 - cellSide(count) / 2.0);
+    return {start, start, side - 2 * start, side - 2 * start};
+}
+
+std::optional<Screen> screenAt(GlobalPoint pointer, const std::vector<Screen>& screens)
+{
+    if (screens.empty()) {
+        return std::nullopt;
+    }
+    const CoordinateFlip flip(screens.front().frame);
+    const auto found = std::ranges::find_if(
+        screens, [&](const Screen& screen) { return flip.toGlobal(screen.frame).contains(pointer); });
+    return found == screens.end() ? screens.front() : *found;
+}
+
+GlobalPoint loupeOrigin(GlobalPoint pointer, QSize loupe, double scopeSide, const GlobalRect& screen,
+                        double margin)
+{
+    const double x = pointer.x - loupe.width() / 2.0;
+    const double y = pointer.y - (loupe.height() - scopeSide / 2);
+    return {std::max(screen.minX() + margin, std::min(screen.maxX() - loupe.width() - margin, x)),
+            std::max(screen.minY() + margin, std::min(screen.maxY() - loupe.height() - margin, y))};
+}
+
+} // namespace tintwick

@@ -1,0 +1,110 @@
+#include "LoupeLabel.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <cmath>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// Lengths in points.
+constexpr double hexSize = 13;
+constexpr double nameSize = 10;
+constexpr double lineGap = 3;
+
+/// In pixels; longer than any text here.
+constexpr double unlimitedWidth = 100'000;
+
+QFont labelFont(const QStringList& families, QFont::StyleHint hint, double pixelSize)
+{
+    // At 72 dots per inch a font's points are pixels, and unlike pixel sizes they need not be whole.
+    static const QImage device = [] {
+        QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+        image.setDotsPerMeterX(2835);
+        image.setDotsPerMeterY(2835);
+        return image;
+    }();
+    QFont font;
+    font.setFamilies(families);
+    // The loupe looks the same whatever the desktop chose for its text; over arbitrary colours coloured
+    // fringes would lie about the colour itself.
+    font.setStyleHint(hint,
+                      static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setPointSizeF(pixelSize);
+    return {font, &device};
+}
+
+QColor textColor(PillTone tone, double onLight, double onDark)
+{
+    QColor color =
+        tone == PillTone::LightBackground ? QColor::fromRgbF(0.08F, 0.08F, 0.08F) : QColor(Qt::white);
+    color.setAlphaF(static_cast<float>(tone == PillTone::LightBackground ? onLight : onDark));
+    return color;
+}
+
+} // namespace
+
+QFont LoupeLabel::hexFont(double scale)
+{
+    return labelFont({u"SF Mono"_s, u"JetBrains Mono"_s, u"DejaVu Sans Mono"_s, u"monospace"_s},
+                     QFont::Monospace, hexSize * scale);
+}
+
+QFont LoupeLabel::nameFont(double scale)
+{
+    return labelFont({u"SFProText-Regular"_s, u"SF Pro Text"_s, u"Inter"_s, u"sans-serif"_s},
+                     QFont::SansSerif, nameSize * scale);
+}
+
+LoupeLabel::LoupeLabel(double scale)
+    : m_gap(lineGap * scale)
+    , m_hexFont(hexFont(scale))
+    , m_nameFont(nameFont(scale))
+    // The height that ink can take, for all texts alike: a name with a descender must not move the lines.
+    , m_hexHeight(QFontMetricsF(m_hexFont).tightBoundingRect(u"0123456789ABCDEF"_s).height())
+    , m_nameHeight(QFontMetricsF(m_nameFont).tightBoundingRect(u"Bg"_s).height())
+{
+}
+
+void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& content)
+{
+    if (m_hex.text != content.hex) {
+        m_hex = makeLine(content.hex, m_hexFont);
+    }
+    if (m_name.text != content.name) {
+        m_name = makeLine(content.name, m_nameFont);
+    }
+    const double middle = pill.x() + pill.width() / 2.0;
+    const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight)) / 2;
+    const double bottom = pill.y() + pill.height();
+    const auto drawLine = [&](const Line& line, double aboveBottom, const QColor& color) {
+        // Baselines on whole pixels keep the feet of the letters sharp.
+        const QPointF start(middle - line.width / 2, std::round(bottom - aboveBottom));
+        painter.setPen(color);
+        for (const QGlyphRun& run : line.glyphs) {
+            painter.drawGlyphRun(start, run);
+        }
+    };
+    drawLine(m_name, base, textColor(content.tone, 0.5, 0.55));
+    drawLine(m_hex, base + m_nameHeight + m_gap, textColor(content.tone, 0.95, 0.97));
+}
+
+LoupeLabel::Line LoupeLabel::makeLine(const QString& text, const QFont& font)
+{
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(unlimitedWidth);
+    line.setPosition({0, -line.ascent()});
+    layout.endLayout();
+    return {text, layout.glyphRuns(), line.naturalTextWidth()};
+}
+
+} // namespace tintwick

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <ctime>
+
+namespace tintwick {
+
+/// Calls `grab` until it returns true, for at most 150 ms: another client may hold the device for a moment, for example
+/// while one of its menus closes. Blocks meanwhile. Returns false when every attempt failed.
+template <typename Grab>
+[[nodiscard]] bool retryGrab(Grab grab)
+{
+    constexpr int attempts = 30;
+    constexpr timespec pause{0, 5'000'000};
+    for (int attempt = 1; !grab(); ++attempt) {
+        if (attempt == attempts) {
+            return false;
+        }
+        nanosleep(&pause, nullptr);
+    }
+    return true;
+}
+
+} // namespace tintwick

@@ -1,0 +1,82 @@
+#include "X11Screens.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <xcb/randr.h>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+double scaleOfScreen(const QString& name)
+{
+    if (!qGuiApp) {
+        return 1;
+    }
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto named = std::find_if(screens.begin(), screens.end(),
+                                    [&](const QScreen* screen) { return screen->name() == name; });
+    return named != screens.end() ? (*named)->devicePixelRatio() : qGuiApp->devicePixelRatio();
+}
+
+QString atomName(xcb_connection_t* c, xcb_get_atom_name_cookie_t cookie)
+{
+    const XcbReply<xcb_get_atom_name_reply_t> reply(xcb_get_atom_name_reply(c, cookie, nullptr));
+    return reply ? QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
+                                     xcb_get_atom_name_name_length(reply.get()))
+                 : QString();
+}
+
+std::vector<Screen> wholeRoot(const XcbConnection& connection)
+{
+    xcb_connection_t* c = connection.get();
+    const XcbReply<xcb_get_geometry_reply_t> root(
+        xcb_get_geometry_reply(c, xcb_get_geometry(c, connection.root()), nullptr));
+    if (!root) {
+        return {};
+    }
+    const DesktopRect frame{0, 0, static_cast<double>(root->width), static_cast<double>(root->height)};
+    return {Screen{frame, scaleOfScreen({})}};
+}
+
+} // namespace
+
+std::vector<Screen> queryScreens(const XcbConnection& connection)
+{
+    xcb_connection_t* c = connection.get();
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(c, &xcb_randr_id);
+    if (!extension || extension->present == 0) {
+        return wholeRoot(connection);
+    }
+    const XcbReply<xcb_randr_get_monitors_reply_t> reply(
+        xcb_randr_get_monitors_reply(c, xcb_randr_get_monitors(c, connection.root(), 1), nullptr));
+    if (!reply) {
+        return wholeRoot(connection);
+    }
+
+    std::vector<xcb_get_atom_name_cookie_t> nameCookies;
+    std::vector<const xcb_randr_monitor_info_t*> monitors;
+    for (auto monitor = xcb_randr_get_monitors_monitors_iterator(reply.get()); monitor.rem > 0;
+         xcb_randr_monitor_info_next(&monitor)) {
+        monitors.push_back(monitor.data);
+        nameCookies.push_back(xcb_get_atom_name(c, monitor.data->name));
+    }
+    std::vector<Screen> screens;
+    for (std::size_t i = 0; i < monitors.size(); ++i) {
+        const xcb_randr_monitor_info_t& monitor = *monitors[i];
+        const double scale = scaleOfScreen(atomName(c, nameCookies[i]));
+        if (monitor.width == 0 || monitor.height == 0) {
+            continue;
+        }
+        const DesktopRect frame{static_cast<double>(monitor.x), static_cast<double>(monitor.y),
+                                static_cast<double>(monitor.width), static_cast<double>(monitor.height)};
+        const auto place = monitor.primary != 0 ? screens.begin() : screens.end();
+        screens.insert(place, Screen{frame, scale});
+    }
+    return screens;
+}
+
+} // namespace tintwick

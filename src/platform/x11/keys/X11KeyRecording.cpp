@@ -1,0 +1,144 @@
+#include "X11KeyRecording.h"
+
+#include "EvdevKeys.h"
+#include "GrabRetry.h"
+#include "ToolkitConnection.h"
+#include "XInput.h"
+
+#include <QCoreApplication>
+
+#include <xcb/xinput.h>
+
+#include <utility>
+
+namespace tintwick {
+
+X11KeyRecording::X11KeyRecording(XcbConnection& connection)
+    : m_connection(connection)
+    , m_extension(openInputExtension(connection))
+{
+}
+
+X11KeyRecording::~X11KeyRecording()
+{
+    m_listener = nullptr;
+    giveBack();
+}
+
+KeyRecording::Outcome X11KeyRecording::begin(Listener& listener)
+{
+    if (auto* const previous = m_listener; previous && previous != &listener) {
+        end(*previous);
+        previous->recordingLost();
+    }
+    // What the toolkit has already given back must not look taken.
+    toolkit::sync();
+    const auto keyboard = m_extension != 0 ? masterKeyboard(m_connection) : std::nullopt;
+    const auto bits = readModifierBits(m_connection);
+    if (!keyboard || !bits) {
+        return Outcome::Refused;
+    }
+    m_keyboard = *keyboard;
+    m_modifierBits = *bits;
+    m_modifierKeys = readModifierKeys(m_connection);
+    if (!retryGrab([this] { return grab(); })) {
+        return Outcome::Refused;
+    }
+    m_listener = &listener;
+    if (!std::exchange(m_holdsKeyboard, true)) {
+        m_subscription = m_connection.subscribe(*this);
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+    return Outcome::Started;
+}
+
+void X11KeyRecording::end(Listener& listener)
+{
+    if (m_listener != &listener) {
+        return;
+    }
+    m_listener = nullptr;
+    if (m_keysDown.none()) {
+        giveBack();
+    }
+}
+
+void X11KeyRecording::handleEvent(const xcb_generic_event_t& event)
+{
+    if ((event.response_type & 0x7f) != XCB_GE_GENERIC) {
+        return;
+    }
+    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+    if (generic.extension != m_extension) {
+        return;
+    }
+    const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
+    if (generic.event_type == XCB_INPUT_KEY_PRESS) {
+        keyPressed(key.detail, key.mods.effective, (key.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0);
+    } else if (generic.event_type == XCB_INPUT_KEY_RELEASE) {
+        keyReleased(key.detail);
+    }
+}
+
+// The toolkit is told that its window lost the keyboard to our grab; it would take the window for inactive. The focus
+// itself has not moved: where it does, that is told with another mode.
+bool X11KeyRecording::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
+{
+    if (eventType != QByteArrayLiteral("xcb_generic_event_t")) {
+        return false;
+    }
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    return event.response_type == XCB_FOCUS_OUT &&
+           reinterpret_cast<const xcb_focus_out_event_t&>(event).mode == XCB_NOTIFY_MODE_GRAB;
+}
+
+void X11KeyRecording::keyPressed(std::uint32_t keycode, std::uint32_t state, bool isRepeat)
+{
+    if (keycode >= m_keysDown.size()) {
+        return;
+    }
+    m_keysDown.set(keycode);
+    if (!m_listener || m_modifierKeys.test(keycode)) {
+        return;
+    }
+    const auto modifiers = m_modifierBits.carbonModifiers(state);
+    const auto position = keyCodeForEvdev(static_cast<int>(keycode) - xKeycodeOffset);
+    const bool hasNumber = position && modifiers;
+    m_listener->keyPressed({hasNumber ? *position : -1, modifiers.value_or(0), isRepeat});
+}
+
+void X11KeyRecording::keyReleased(std::uint32_t keycode)
+{
+    if (keycode < m_keysDown.size()) {
+        m_keysDown.reset(keycode);
+    }
+    if (!m_listener && m_keysDown.none()) {
+        giveBack();
+    }
+}
+
+bool X11KeyRecording::grab()
+{
+    xcb_connection_t* c = m_connection.get();
+    constexpr std::uint32_t events = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
+    const auto cookie = xcb_input_xi_grab_device(c, m_connection.root(), XCB_CURRENT_TIME, XCB_CURSOR_NONE,
+                                                 m_keyboard, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
+                                                 XCB_INPUT_GRAB_OWNER_NO_OWNER, 1, &events);
+    const XcbReply<xcb_input_xi_grab_device_reply_t> reply(
+        xcb_input_xi_grab_device_reply(c, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void X11KeyRecording::giveBack()
+{
+    if (!std::exchange(m_holdsKeyboard, false)) {
+        return;
+    }
+    xcb_input_xi_ungrab_device(m_connection.get(), XCB_CURRENT_TIME, m_keyboard);
+    m_connection.flush();
+    m_keysDown.reset();
+    m_subscription = {};
+    QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+} // namespace tintwick

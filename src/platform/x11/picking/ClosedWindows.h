@@ -1,0 +1,40 @@
+#pragma once
+
+#include "XcbConnection.h"
+
+#include <QObject>
+#include <QRegion>
+
+#include <chrono>
+#include <vector>
+
+namespace tintwick {
+
+/// Remembers where windows of ours were that have just closed. A compositor shows them for another frame or fades them
+/// out, so what is seen there is about to change although no window is left.
+class ClosedWindows final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The application object must exist; the connection must outlive this object.
+    explicit ClosedWindows(const XcbConnection& connection);
+
+    /// Where windows of ours have closed within the last second, shadows included, in root coordinates.
+    [[nodiscard]] QRegion region() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct ClosedWindow
+    {
+        QRect area;
+        std::chrono::steady_clock::time_point when;
+    };
+
+    const XcbConnection& m_connection;
+    std::vector<ClosedWindow> m_windows;
+};
+
+} // namespace tintwick

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "PickingInput.h"
+
+#include <map>
+#include <optional>
+
+namespace tintwick {
+
+/// Turns the absolute values of a device's vertical scroll axis into steps. A plain value, so that it can be tried
+/// without a device.
+class ScrollValuators final
+{
+public:
+    /// One vertical scroll axis: its number, the value that one wheel notch makes (its sign gives the direction) and where
+    /// it stands now.
+    void addAxis(int number, double increment, double value);
+    void clear() { m_axes.clear(); }
+
+    [[nodiscard]] bool hasAxis() const { return !m_axes.empty(); }
+
+    /// The step from the axis's last value to this one; nothing for other axes and where nothing moved.
+    [[nodiscard]] std::optional<ScrollDelta> moved(int number, double value, bool isPrecise);
+
+private:
+    struct Axis
+    {
+        double increment = 1;
+        double value = 0;
+    };
+    std::map<int, Axis> m_axes;
+};
+
+} // namespace tintwick

@@ -1,0 +1,403 @@
+#include "WindowStack.h"
+
+#include "ClientResources.h"
+#include "RenderFormats.h"
+
+#include <xcb/composite.h>
+#include <xcb/damage.h>
+#include <xcb/shape.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace tintwick {
+
+namespace {
+
+// A compositor may draw a shadow this far around a window, in pixels.
+constexpr int shadowExtent = 48;
+
+QRegion visibleArea(const StackedWindow& window)
+{
+    return window.isVisible() ? QRegion(withShadow(window.frame)) : QRegion();
+}
+
+QRect outerFrame(int x, int y, int width, int height, int border)
+{
+    return {x, y, width + 2 * border, height + 2 * border};
+}
+
+// The server's own windows are the stage on which a compositor shows what it made of the others, and the screen saver.
+bool isFromServer(xcb_window_t id, const xcb_setup_t& anyClient)
+{
+    return (id & ~anyClient.resource_id_mask) == 0;
+}
+
+template <typename Event>
+const Event& as(const xcb_generic_event_t& event)
+{
+    return reinterpret_cast<const Event&>(event);
+}
+
+auto hasId(xcb_window_t id)
+{
+    return [id](const StackedWindow& window) { return window.id == id; };
+}
+
+void dropContent(StackedWindow& window)
+{
+    window.picture = {};
+    window.pixmap = {};
+    window.contentIsMissing = false;
+}
+
+// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window of this
+// name.
+bool isGuardWindow(xcb_connection_t* c, xcb_window_t id)
+{
+    constexpr std::uint32_t longestName = 16; // in units of four bytes
+    const auto cookie = xcb_get_property(c, 0, id, XCB_ATOM_WM_NAME, XCB_ATOM_ANY, 0, longestName);
+    const XcbReply<xcb_get_property_reply_t> name(xcb_get_property_reply(c, cookie, nullptr));
+    return name && std::string_view(static_cast<const char*>(xcb_get_property_value(name.get())),
+                                    static_cast<std::size_t>(xcb_get_property_value_length(name.get())))
+                       .ends_with("guard window");
+}
+
+} // namespace
+
+QRect withShadow(const QRect& frame)
+{
+    return frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
+}
+
+WindowStack::WindowStack(XcbConnection& connection)
+    : m_connection(connection)
+    , m_damageEvent(xcb_get_extension_data(connection.get(), &xcb_damage_id)->first_event)
+    , m_shapeEvent(xcb_get_extension_data(connection.get(), &xcb_shape_id)->first_event)
+{
+    xcb_connection_t* c = m_connection.get();
+    const XcbReply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(c, xcb_query_tree(c, m_connection.root()), nullptr));
+    if (!tree) {
+        return;
+    }
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    m_windows.resize(static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    std::vector<StackedWindow*> all;
+    for (StackedWindow& window : m_windows) {
+        window.id = *children++;
+        all.push_back(&window);
+    }
+    describe(all);
+    for (StackedWindow& window : m_windows) {
+        if (window.isMapped) {
+            watch(window);
+        }
+    }
+}
+
+WindowStack::~WindowStack()
+{
+    for (const StackedWindow& window : m_windows) {
+        if (window.damage) {
+            xcb_shape_select_input(m_connection.get(), window.id, 0);
+        }
+        if (window.isRedirected) {
+            xcb_composite_unredirect_window(m_connection.get(), window.id, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+        }
+    }
+}
+
+QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
+{
+    const int type = event.response_type & 0x7f;
+    if (type == m_damageEvent + XCB_DAMAGE_NOTIFY) {
+        const auto& notify = as<xcb_damage_notify_event_t>(event);
+        const StackedWindow* window = find(notify.drawable);
+        if (!window || window->damage.id() != notify.damage) {
+            return {};
+        }
+        // The next change is told again only after this one was taken back.
+        xcb_damage_subtract(m_connection.get(), notify.damage, XCB_NONE, XCB_NONE);
+        // Sequence numbers wrap around, so their distance counts.
+        if (static_cast<std::int32_t>(event.full_sequence - m_damageCountsFrom) < 0) {
+            return {};
+        }
+        return QRect(notify.geometry.x + notify.area.x, notify.geometry.y + notify.area.y, notify.area.width,
+                     notify.area.height);
+    }
+    if (type == m_shapeEvent + XCB_SHAPE_NOTIFY) {
+        const auto& notify = as<xcb_shape_notify_event_t>(event);
+        StackedWindow* window = find(notify.affected_window);
+        if (!window || notify.shape_kind != XCB_SHAPE_SK_BOUNDING) {
+            return {};
+        }
+        window->isShaped = notify.shaped != 0;
+        dropContent(*window);
+        return visibleArea(*window);
+    }
+
+    switch (type) {
+    case XCB_CREATE_NOTIFY: {
+        const auto& notify = as<xcb_create_notify_event_t>(event);
+        if (notify.parent == m_connection.root()) {
+            add(notify.window);
+        }
+        return {};
+    }
+    case XCB_DESTROY_NOTIFY:
+        return remove(as<xcb_destroy_notify_event_t>(event).window);
+    case XCB_REPARENT_NOTIFY: {
+        const auto& notify = as<xcb_reparent_notify_event_t>(event);
+        if (notify.parent != m_connection.root()) {
+            return remove(notify.window);
+        }
+        add(notify.window);
+        return {};
+    }
+    case XCB_MAP_NOTIFY: {
+        StackedWindow* window = find(as<xcb_map_notify_event_t>(event).window);
+        if (!window) {
+            return {};
+        }
+        describe({window});
+        window->isMapped = true;
+        dropContent(*window);
+        watch(*window);
+        return visibleArea(*window);
+    }
+    case XCB_UNMAP_NOTIFY: {
+        StackedWindow* window = find(as<xcb_unmap_notify_event_t>(event).window);
+        if (!window) {
+            return {};
+        }
+        const QRegion changed = visibleArea(*window);
+        window->isMapped = false;
+        dropContent(*window);
+        return changed;
+    }
+    case XCB_CONFIGURE_NOTIFY: {
+        const auto& notify = as<xcb_configure_notify_event_t>(event);
+        StackedWindow* window = find(notify.window);
+        if (!window) {
+            return {};
+        }
+        const QRect before = window->frame;
+        QRegion changed = visibleArea(*window);
+        window->border = notify.border_width;
+        window->frame = outerFrame(notify.x, notify.y, notify.width, notify.height, notify.border_width);
+        if (window->frame.size() != before.size()) {
+            dropContent(*window);
+        }
+        changed = window->frame != before ? changed + visibleArea(*window) : QRegion();
+        return changed + moveAbove(notify.window, notify.above_sibling);
+    }
+    case XCB_CIRCULATE_NOTIFY: {
+        const auto& notify = as<xcb_circulate_notify_event_t>(event);
+        const bool toTop = notify.place == XCB_PLACE_ON_TOP && !m_windows.empty();
+        return moveAbove(notify.window, toTop ? m_windows.back().id : xcb_window_t{XCB_WINDOW_NONE});
+    }
+    default:
+        return {};
+    }
+}
+
+void WindowStack::keepContents(const QRect& rect)
+{
+    for (StackedWindow* window : windowsSeenIn(rect)) {
+        redirect(*window);
+    }
+}
+
+std::vector<const StackedWindow*> WindowStack::contentsIn(const QRect& rect)
+{
+    std::vector<const StackedWindow*> result;
+    for (StackedWindow* window : windowsSeenIn(rect)) {
+        if (!window->picture && !window->contentIsMissing) {
+            loadContent(*window);
+        }
+        if (window->picture) {
+            result.push_back(window);
+        }
+    }
+    std::reverse(result.begin(), result.end());
+    return result;
+}
+
+QRegion WindowStack::coveredRegion() const
+{
+    QRegion covered;
+    for (const StackedWindow& window : m_windows) {
+        if (window.isVisible()) {
+            covered += window.frame;
+        }
+    }
+    return covered;
+}
+
+StackedWindow* WindowStack::find(xcb_window_t id)
+{
+    const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
+    return window == m_windows.end() ? nullptr : &*window;
+}
+
+// Asks the server about the windows, with one wait for all of them.
+void WindowStack::describe(std::vector<StackedWindow*> windows)
+{
+    struct Questions
+    {
+        xcb_get_window_attributes_cookie_t attributes;
+        xcb_get_geometry_cookie_t geometry;
+        xcb_shape_query_extents_cookie_t shape;
+    };
+    xcb_connection_t* c = m_connection.get();
+    std::vector<Questions> questions;
+    questions.reserve(windows.size());
+    for (const StackedWindow* window : windows) {
+        questions.push_back({xcb_get_window_attributes(c, window->id), xcb_get_geometry(c, window->id),
+                             xcb_shape_query_extents(c, window->id)});
+    }
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        StackedWindow& window = *windows[i];
+        const XcbReply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(c, questions[i].attributes, nullptr));
+        const XcbReply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(c, questions[i].geometry, nullptr));
+        const XcbReply<xcb_shape_query_extents_reply_t> shape(
+            xcb_shape_query_extents_reply(c, questions[i].shape, nullptr));
+        if (!attributes || !geometry || !shape) {
+            window.showsNothing = true;
+            continue;
+        }
+        const xcb_render_pictforminfo_t* format = formatOfVisual(c, attributes->visual);
+        const xcb_setup_t& setup = *xcb_get_setup(c);
+        window.border = geometry->border_width;
+        window.frame = outerFrame(geometry->x, geometry->y, geometry->width, geometry->height, window.border);
+        window.isMapped = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+        window.showsNothing = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY || !format ||
+                              isFromClient(window.id, setup) || isFromServer(window.id, setup);
+        window.format = format ? format->id : XCB_NONE;
+        window.isGuard = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY && isGuardWindow(c, window.id);
+        window.hasAlpha = format && format->direct.alpha_mask != 0;
+        window.isShaped = shape->bounding_shaped != 0;
+    }
+}
+
+void WindowStack::add(xcb_window_t id)
+{
+    if (find(id)) {
+        return;
+    }
+    StackedWindow& window = m_windows.emplace_back();
+    window.id = id;
+    describe({&window});
+    if (window.isMapped) {
+        watch(window);
+    }
+}
+
+QRegion WindowStack::remove(xcb_window_t id)
+{
+    const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
+    if (window == m_windows.end()) {
+        return {};
+    }
+    const QRegion changed = visibleArea(*window);
+    m_windows.erase(window);
+    return changed;
+}
+
+void WindowStack::watch(StackedWindow& window)
+{
+    if (window.damage || window.showsNothing) {
+        return;
+    }
+    xcb_connection_t* c = m_connection.get();
+    window.damage = XcbDamage::withNewId(c);
+    xcb_damage_create(c, window.damage.id(), window.id, XCB_DAMAGE_REPORT_LEVEL_BOUNDING_BOX);
+    xcb_damage_subtract(c, window.damage.id(), XCB_NONE, XCB_NONE);
+    xcb_shape_select_input(c, window.id, 1);
+}
+
+// Top to bottom; what opaque windows hide is left out.
+std::vector<StackedWindow*> WindowStack::windowsSeenIn(const QRect& rect)
+{
+    std::vector<StackedWindow*> seen;
+    QRegion open(rect);
+    for (auto window = m_windows.rbegin(); window != m_windows.rend() && !open.isEmpty(); ++window) {
+        if (window->isMapped && window->isGuard) {
+            break;
+        }
+        if (!window->isVisible() || !open.intersects(window->frame)) {
+            continue;
+        }
+        seen.push_back(&*window);
+        if (window->isOpaque()) {
+            open -= window->frame;
+        }
+    }
+    return seen;
+}
+
+void WindowStack::redirect(StackedWindow& window)
+{
+    if (!std::exchange(window.isRedirected, true)) {
+        xcb_composite_redirect_window(m_connection.get(), window.id, XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    }
+}
+
+void WindowStack::loadContent(StackedWindow& window)
+{
+    redirect(window);
+    xcb_connection_t* c = m_connection.get();
+    XcbPixmap pixmap = XcbPixmap::withNewId(c);
+    const auto nameCookie = xcb_composite_name_window_pixmap_checked(c, window.id, pixmap.id());
+    const auto shapeCookie = xcb_shape_get_rectangles(c, window.id, XCB_SHAPE_SK_BOUNDING);
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(c, nameCookie));
+    const XcbReply<xcb_shape_get_rectangles_reply_t> shape(
+        xcb_shape_get_rectangles_reply(c, shapeCookie, nullptr));
+    if (error || !shape) {
+        window.contentIsMissing = true;
+        return;
+    }
+    window.pixmap = std::move(pixmap);
+    window.picture = XcbPicture::withNewId(c);
+    xcb_render_create_picture(c, window.picture.id(), window.pixmap.id(), window.format, 0, nullptr);
+    window.shape = {};
+    if (window.isShaped) {
+        // The shape counts from the window's origin inside its border, the pixmap from the border's corner.
+        const auto* rects = xcb_shape_get_rectangles_rectangles(shape.get());
+        const int count = xcb_shape_get_rectangles_rectangles_length(shape.get());
+        for (int i = 0; i < count; ++i) {
+            window.shape += QRect(rects[i].x, rects[i].y, rects[i].width, rects[i].height);
+        }
+        window.shape.translate(window.border, window.border);
+    }
+}
+
+// `sibling` none means the bottom.
+QRegion WindowStack::moveAbove(xcb_window_t id, xcb_window_t sibling)
+{
+    const auto from = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
+    const auto target = std::find_if(m_windows.begin(), m_windows.end(), hasId(sibling));
+    if (from == m_windows.end() || (sibling != XCB_WINDOW_NONE && target == m_windows.end())) {
+        return {};
+    }
+    const auto before = std::distance(m_windows.begin(), from);
+    auto after = sibling == XCB_WINDOW_NONE ? 0 : std::distance(m_windows.begin(), target) + 1;
+    if (after > before) {
+        --after;
+    }
+    if (after == before) {
+        return {};
+    }
+    const QRegion changed = visibleArea(*from);
+    if (after < before) {
+        std::rotate(m_windows.begin() + after, from, from + 1);
+    } else {
+        std::rotate(from, from + 1, m_windows.begin() + after + 1);
+    }
+    return changed;
+}
+
+} // namespace tintwick

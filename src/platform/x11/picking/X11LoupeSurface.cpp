@@ -1,0 +1,182 @@
+#include "X11LoupeSurface.h"
+
+#include "TranslucentVisual.h"
+#include "X11ScreenGrabber.h"
+
+#include <xcb/shape.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace tintwick {
+
+namespace {
+
+constexpr int opaqueFrom = 128;
+constexpr std::string_view title = "Tintwick Loupe";
+constexpr std::string_view windowClass{"tintwick\0tintwick\0", 18};
+
+} // namespace
+
+X11LoupeSurface::X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber)
+    : m_connection(connection)
+    , m_grabber(grabber)
+    , m_isComposited(grabber.isComposited())
+{
+    createWindow();
+    m_subscription = m_connection.subscribe(*this);
+}
+
+void X11LoupeSurface::present(const QImage& picture, DesktopPoint topLeft)
+{
+    xcb_connection_t* c = m_connection.get();
+    const bool isComposited = m_grabber.isComposited();
+    if (picture.size() != m_size || isComposited != m_isComposited) {
+        m_isComposited = isComposited;
+        setSize(picture.size());
+        cutToOutline(picture);
+    }
+    m_place = QPoint(static_cast<int>(std::lround(topLeft.x)), static_cast<int>(std::lround(topLeft.y)));
+    m_grabber.loupeWillCover(QRect(m_place, m_size));
+    const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(m_place.x()),
+                                             static_cast<std::uint32_t>(m_place.y())};
+    if (m_isMapped) {
+        upload(picture);
+        xcb_configure_window(c, m_window.id(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place.data());
+    } else {
+        xcb_configure_window(c, m_window.id(), XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place.data());
+        xcb_map_window(c, m_window.id());
+        upload(picture);
+        m_isMapped = true;
+    }
+    m_connection.flush();
+}
+
+void X11LoupeSurface::handleEvent(const xcb_generic_event_t& event)
+{
+    const int type = event.response_type & 0x7f;
+    if (type == XCB_MAP_NOTIFY) {
+        m_isOvertaken |= reinterpret_cast<const xcb_map_notify_event_t&>(event).window != m_window.id();
+    } else if (type == XCB_CONFIGURE_NOTIFY) {
+        const auto& notify = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        m_isOvertaken |= notify.above_sibling == m_window.id();
+    }
+}
+
+// A window that opens, or is raised, comes above the loupe.
+void X11LoupeSurface::eventsDrained()
+{
+    if (std::exchange(m_isOvertaken, false)) {
+        m_grabber.loupeWillCover(QRect(m_place, m_size));
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(m_connection.get(), m_window.id(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    }
+}
+
+void X11LoupeSurface::createWindow()
+{
+    xcb_connection_t* c = m_connection.get();
+    const xcb_visualid_t visual = translucentVisual(m_connection.screen());
+    const bool isTranslucent = visual != m_connection.screen().root_visual;
+    m_colormap = XcbColormap::withNewId(c);
+    xcb_create_colormap(c, XCB_COLORMAP_ALLOC_NONE, m_colormap.id(), m_connection.root(), visual);
+    m_window = XcbWindow::withNewId(c);
+    const std::array<std::uint32_t, 4> values{0 /* border pixel */, 1 /* override redirect */,
+                                              XCB_EVENT_MASK_NO_EVENT, m_colormap.id()};
+    m_size = {1, 1};
+    m_depth = isTranslucent ? 32 : m_connection.screen().root_depth;
+    xcb_create_window(
+        c, m_depth, m_window.id(), m_connection.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
+        XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP, values.data());
+    m_gc = XcbGraphicsContext::withNewId(c);
+    xcb_create_gc(c, m_gc.id(), m_window.id(), 0, nullptr);
+
+    const auto setText = [&](xcb_atom_t property, xcb_atom_t type, std::string_view text) {
+        xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), property, type, 8,
+                            static_cast<std::uint32_t>(text.size()), text.data());
+    };
+    setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, windowClass);
+    setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, title);
+    setText(m_connection.atom("_NET_WM_NAME"), m_connection.atom("UTF8_STRING"), title);
+    // Compositors neither fade in nor shadow what is dragged under the pointer.
+    const xcb_atom_t type = m_connection.atom("_NET_WM_WINDOW_TYPE_DND");
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), m_connection.atom("_NET_WM_WINDOW_TYPE"),
+                        XCB_ATOM_ATOM, 32, 1, &type);
+    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(),
+                         0, 0, 0, nullptr);
+}
+
+void X11LoupeSurface::setSize(const QSize& size)
+{
+    m_size = size;
+    const std::array<std::uint32_t, 2> values{static_cast<std::uint32_t>(size.width()),
+                                              static_cast<std::uint32_t>(size.height())};
+    xcb_configure_window(m_connection.get(), m_window.id(),
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
+}
+
+void X11LoupeSurface::cutToOutline(const QImage& picture)
+{
+    if (m_isComposited) {
+        xcb_shape_mask(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window.id(), 0, 0,
+                       XCB_NONE);
+        return;
+    }
+    m_edgePixels.clear();
+    m_hardEdged = QImage(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    std::vector<xcb_rectangle_t> runs;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width();) {
+            const int start = x;
+            while (x < picture.width() && qAlpha(row[x]) >= opaqueFrom) {
+                if (qAlpha(row[x]) < 255) {
+                    m_edgePixels.push_back(static_cast<qsizetype>(y) * picture.width() + x);
+                }
+                ++x;
+            }
+            if (x > start) {
+                runs.push_back({static_cast<std::int16_t>(start), static_cast<std::int16_t>(y),
+                                static_cast<std::uint16_t>(x - start), 1});
+            } else {
+                ++x;
+            }
+        }
+    }
+    xcb_shape_rectangles(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_YX_BANDED, m_window.id(), 0, 0,
+                         static_cast<std::uint32_t>(runs.size()), runs.data());
+}
+
+void X11LoupeSurface::upload(const QImage& picture)
+{
+    const QImage& source = m_isComposited ? picture : withHardEdges(picture);
+    xcb_connection_t* c = m_connection.get();
+    const auto rowBytes = static_cast<std::uint32_t>(source.bytesPerLine());
+    // A request holds so many bytes; a loupe at scale 2 may take several.
+    constexpr std::uint32_t requestHeader = 64;
+    const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
+    const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
+    for (int y = 0; y < source.height(); y += rowsPerRequest) {
+        const int rows = std::min(rowsPerRequest, source.height() - y);
+        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_window.id(), m_gc.id(),
+                      static_cast<std::uint16_t>(source.width()), static_cast<std::uint16_t>(rows), 0,
+                      static_cast<std::int16_t>(y), 0, m_depth, rowBytes * static_cast<std::uint32_t>(rows),
+                      source.constScanLine(y));
+    }
+}
+
+// Half-covered pixels would show their share of black.
+const QImage& X11LoupeSurface::withHardEdges(const QImage& picture)
+{
+    std::copy_n(picture.constBits(), picture.sizeInBytes(), m_hardEdged.bits());
+    auto* pixels = reinterpret_cast<QRgb*>(m_hardEdged.bits());
+    for (const qsizetype index : m_edgePixels) {
+        pixels[index] = qUnpremultiply(pixels[index]) | 0xff000000;
+    }
+    return m_hardEdged;
+}
+
+} // namespace tintwick

@@ -1,0 +1,178 @@
+#include "CollectionDetailView.h"
+
+#include "Animator.h"
+#include "AppState.h"
+#include "Appearance.h"
+#include "Button.h"
+#include "ColorDetailRow.h"
+#include "DetailScreen.h"
+#include "ExportMenu.h"
+#include "InOneLine.h"
+#include "Label.h"
+#include "MenuButton.h"
+#include "Paint.h"
+#include "Rule.h"
+#include "ScrollArea.h"
+#include "Spring.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
+
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int dropFrameInset = 6;
+constexpr double dropFrameRadius = theme::panelRadius - dropFrameInset;
+constexpr theme::Color dropFrameLine = theme::accent.opacity(0.6);
+constexpr theme::Color dropFrameTint = theme::accent.opacity(0.06);
+
+} // namespace
+
+/// Says that the screen takes what is dragged over it. It lies below the screen's content, so that colours stay as they are.
+class CollectionDetailView::DropFrame final : public QWidget
+{
+public:
+    explicit DropFrame(QWidget& screen)
+        : QWidget(&screen)
+        , m_hover(0.18, 0.8)
+        , m_animator([this](double seconds) {
+            const bool isMoving = m_hover.advance(seconds);
+            update();
+            setVisible(isMoving || m_isShown);
+            return isMoving;
+        })
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        lower();
+        hide();
+    }
+
+    [[nodiscard]] bool isShown() const { return m_isShown; }
+
+    void setShown(bool shown)
+    {
+        m_isShown = shown;
+        m_hover.setTarget(shown ? 1 : 0);
+        m_animator.start();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const Scheme scheme = Appearance::of(this);
+        QPainter painter(this);
+        painter.setOpacity(m_hover.fraction());
+        fillRounded(painter, rect(), dropFrameRadius, dropFrameTint.in(scheme));
+        strokeInside(painter, rect(), dropFrameRadius, dropFrameLine.in(scheme), 1.5);
+    }
+
+private:
+    bool m_isShown = false;
+    Spring m_hover;
+    Animator m_animator;
+};
+
+CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
+    : m_appState(appState)
+    , m_collectionId(collectionId)
+    , m_empty(emptyState(u"paintpalette"_s, tr("No colors yet\nDrag swatches here from Recent History")))
+    , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
+    , m_scroll(verticalScroll(m_list))
+    , m_rows(
+          *m_list, [this] { return new ColorDetailRow(m_appState, m_collectionId); },
+          [](ColorDetailRow& row, const CapturedColor& color, qsizetype) { row.setColor(color); })
+    , m_dropFrame(new DropFrame(*this))
+    , m_dropTarget(
+          *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
+          [this](const QUuid& id) { addDropped(id); })
+{
+    setContent(column(toolbar(), rule(), m_empty, m_scroll));
+
+    connect(m_list, &ReorderList::moveRequested, this,
+            [this](qsizetype from, qsizetype to) { m_appState.moveColors(m_collectionId, {from}, to); });
+    connect(&m_appState, &AppState::historyChanged, this, &CollectionDetailView::showCollection);
+    connect(&m_appState, &AppState::collectionsChanged, this, &CollectionDetailView::showCollection);
+    showCollection();
+}
+
+QWidget* CollectionDetailView::toolbar()
+{
+    m_icon = symbol({}, 15, SymbolWeight::Semibold, theme::white);
+    m_name = label({}, theme::font(14, QFont::Bold));
+    m_count = label({}, theme::font(11), theme::textSecond);
+    m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
+    // Where room is short, the name gives way.
+    m_export->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // clang-format off
+    return row(gap(10), padding(16, 10),
+        row(fixedSize(32, 32), centered(), ground(theme::accent, 8), m_icon),
+        column(Across::Leading, m_name, m_count),
+        spacer(),
+        m_export);
+    // clang-format on
+}
+
+bool CollectionDetailView::isDropTarget() const
+{
+    return m_dropFrame->isShown();
+}
+
+QList<CapturedColor> CollectionDetailView::colors() const
+{
+    return m_collection.colors(m_appState.history());
+}
+
+void CollectionDetailView::showCollection()
+{
+    if (const ColorCollection* collection = m_appState.collection(m_collectionId)) {
+        m_collection = *collection;
+    } else {
+        m_collection.colorIds.clear();
+    }
+    const QList<CapturedColor> shown = colors();
+    m_icon->setName(m_collection.icon);
+    m_name->setText(inOneLine(m_collection.name));
+    m_count->setText(colorCountText(shown.size()));
+    m_export->setHasColors(!shown.isEmpty());
+    m_rows.show(shown);
+    m_empty->setVisible(shown.isEmpty());
+    m_scroll->setVisible(!shown.isEmpty());
+    orderFocus();
+}
+
+void CollectionDetailView::addDropped(const QUuid& colorId)
+{
+    const qsizetype before = rows().size();
+    m_appState.addColor(colorId, m_collectionId);
+    if (rows().size() > before) {
+        m_list->reveal(*rows().last());
+    }
+}
+
+void CollectionDetailView::orderFocus() const
+{
+    QWidget* before = nullptr;
+    for (ColorDetailRow* row : rows()) {
+        for (QWidget* widget : {static_cast<QWidget*>(row), static_cast<QWidget*>(&row->copyButton()),
+                                static_cast<QWidget*>(&row->removeButton())}) {
+            if (before != nullptr) {
+                setTabOrder(before, widget);
+            }
+            before = widget;
+        }
+    }
+}
+
+void CollectionDetailView::resizeEvent(QResizeEvent* event)
+{
+    View::resizeEvent(event);
+    m_dropFrame->setGeometry(
+        rect().adjusted(dropFrameInset, dropFrameInset, -dropFrameInset, -dropFrameInset));
+}
+
+} // namespace tintwick

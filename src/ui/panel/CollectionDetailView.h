@@ -1,0 +1,65 @@
+#pragma once
+
+#include "CapturedColor.h"
+#include "ColorCollection.h"
+#include "ColorDropTarget.h"
+#include "RecordViews.h"
+#include "ReorderList.h"
+#include "View.h"
+
+#include <QList>
+#include <QUuid>
+
+namespace tintwick {
+
+class AppState;
+class ColorDetailRow;
+class ExportMenu;
+class Label;
+class SymbolView;
+
+/// The screen of one collection: its colours as a list that can be put into another order. Colours dropped anywhere on the
+/// screen are added. A collection that is gone shows no colours.
+class CollectionDetailView final : public View
+{
+    Q_OBJECT
+
+public:
+    CollectionDetailView(AppState& appState, const QUuid& collectionId);
+
+    /// One per colour that the history still holds.
+    [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
+    [[nodiscard]] bool isDropTarget() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    class DropFrame;
+
+    [[nodiscard]] QWidget* toolbar();
+    [[nodiscard]] QList<CapturedColor> colors() const;
+
+    void showCollection();
+    void addDropped(const QUuid& colorId);
+    /// Tab goes through the rows in their order, and through the buttons of each.
+    void orderFocus() const;
+
+    AppState& m_appState;
+    QUuid m_collectionId;
+    /// As it was last, when it is gone.
+    ColorCollection m_collection;
+
+    SymbolView* m_icon = nullptr;
+    Label* m_name = nullptr;
+    Label* m_count = nullptr;
+    ExportMenu* m_export = nullptr;
+    QWidget* m_empty;
+    ReorderList* m_list;
+    QWidget* m_scroll;
+    RecordViews<ColorDetailRow, CapturedColor, ReorderList> m_rows;
+    DropFrame* m_dropFrame;
+    ColorDropTarget m_dropTarget;
+};
+
+} // namespace tintwick

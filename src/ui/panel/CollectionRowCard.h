@@ -1,0 +1,90 @@
+#pragma once
+
+#include "Animator.h"
+#include "CapturedColor.h"
+#include "Clickable.h"
+#include "ColorCollection.h"
+#include "ColorDropTarget.h"
+#include "Overhang.h"
+#include "ShadowCaster.h"
+#include "Spring.h"
+#include "Theme.h"
+
+#include <QList>
+#include <QRectF>
+#include <QString>
+#include <QUuid>
+
+#include <functional>
+
+namespace tintwick {
+
+class AppState;
+
+/// A collection in the list of the dashboard: its icon, name and size, and its first colours. Colours can be dropped
+/// on it.
+class CollectionRowCard final : public Clickable, public ShadowCaster, public Overhanging
+{
+    Q_OBJECT
+
+public:
+    /// `onTap` opens the collection of this id.
+    CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap);
+
+    void setCollection(const ColorCollection& collection);
+    void setAccent(const theme::Gradient& accent);
+
+    [[nodiscard]] const ColorCollection& collection() const { return m_collection; }
+    /// "1 Color", "7 Colors"
+    [[nodiscard]] QString countText() const;
+    /// Those of the first four members that the history still holds.
+    [[nodiscard]] QList<CapturedColor> previewColors() const;
+    /// The members that the history still holds, in the collection's order.
+    [[nodiscard]] QList<CapturedColor> exportColors() const;
+    [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    void paintShadow(QPainter& painter) const override;
+    [[nodiscard]] QMargins overhang() const override;
+
+protected:
+    void hoverChanged() override;
+    void resizeEvent(QResizeEvent* event) override;
+    /// The card at rest.
+    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] double cornerRadius() const override;
+    [[nodiscard]] bool tintsHover() const override { return false; }
+    [[nodiscard]] QList<MenuEntry> contextMenu() const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// Where the parts are, from left to right.
+    struct Parts
+    {
+        QRectF tile;
+        QRectF text;
+        /// The first of the preview's squares.
+        QRectF square;
+        QRectF chevron;
+    };
+    [[nodiscard]] Parts partsWith(qsizetype squares) const;
+
+    void setDropTarget(bool isDropTarget);
+    /// The whole name is in the help while there is no room for it.
+    void updateHelp();
+    void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, QRectF square) const;
+    [[nodiscard]] double scale() const;
+
+    AppState& m_appState;
+    std::function<void(const QUuid& id)> m_onTap;
+    ColorCollection m_collection;
+    theme::Gradient m_accent = theme::cardAccents[0];
+    bool m_isDropTarget = false;
+    /// 0 at rest, 1 while the pointer or a drag is over the card.
+    Spring m_hover;
+    Spring m_drop;
+    Animator m_animator;
+    ColorDropTarget m_dropTarget;
+};
+
+} // namespace tintwick

@@ -1,0 +1,64 @@
+#include "ColorActions.h"
+
+#include "AppState.h"
+
+#include <QColor>
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace tintwick {
+
+QColor paintColor(const CapturedColor& color)
+{
+    // A data file may hold any finite numbers.
+    const auto component = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
+    return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
+                            component(color.alpha));
+}
+
+QString swatchLabel(const CapturedColor& color)
+{
+    return color.hex6().mid(1);
+}
+
+QString spokenName(const CapturedColor& color)
+{
+    return color.customName ? QStringLiteral("%1, %2").arg(*color.customName, color.hex6()) : color.hex6();
+}
+
+void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color)
+{
+    state.clipboard().copy(string(format, color));
+    state.showCopyFeedback(format, color);
+}
+
+MenuEntry copyAsMenu(AppState& state, const CapturedColor& color)
+{
+    QList<MenuEntry> entries;
+    for (const ColorFormat format : allColorFormats) {
+        entries.append(menuAction(rawValue(format),
+                                  [&state, format, color] { copyWithFeedback(state, format, color); }));
+    }
+    return submenu(QCoreApplication::translate("ColorActions", "Copy as…"), entries);
+}
+
+MenuEntry addToCollectionMenu(AppState& state, const CapturedColor& color, const QString& title)
+{
+    QList<MenuEntry> entries;
+    for (const ColorCollection& collection : state.collections()) {
+        entries.append(
+            menuAction(collection.name, [&state, colorId = color.id, collectionId = collection.id] {
+                state.addColor(colorId, collectionId);
+            }));
+    }
+    return submenu(title, entries);
+}
+
+MenuEntry deleteColorEntry(AppState& state, const CapturedColor& color)
+{
+    return menuDestructive(QCoreApplication::translate("ColorActions", "Delete"),
+                           [&state, id = color.id] { state.deleteColor(id); });
+}
+
+} // namespace tintwick

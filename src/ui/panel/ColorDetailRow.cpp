@@ -1,0 +1,226 @@
+#include "ColorDetailRow.h"
+
+#include "AppState.h"
+#include "Appearance.h"
+#include "Button.h"
+#include "ColorActions.h"
+#include "InOneLine.h"
+#include "Label.h"
+#include "MenuButton.h"
+#include "Paint.h"
+#include "ReorderList.h"
+#include "Shadow.h"
+#include "ShadowCaster.h"
+#include "Stack.h"
+#include "StackLayout.h"
+#include "Symbol.h"
+#include "Theme.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr double hoverSeconds = 0.12;
+// Of the row in the list, and of its parts in the row.
+constexpr int listInset = 4;
+constexpr int verticalPadding = 2;
+constexpr int lineGap = 2;
+
+constexpr int squareSide = 42;
+constexpr double squareRadius = 10;
+constexpr double squareBorderWidth = 0.5;
+constexpr theme::Color squareBorder = theme::black.opacity(0.06);
+constexpr double shadowOpacity = 0.35;
+constexpr double shadowRadius = 4;
+constexpr QPointF shadowOffset(0, 2);
+
+constexpr double buttonRadius = 7;
+
+} // namespace
+
+class ColorDetailRow::Square final : public QWidget, public ShadowCaster
+{
+public:
+    Square()
+    {
+        setFixedSize(squareSide, squareSide);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    void setColor(const QColor& color)
+    {
+        m_color = color;
+        update();
+        updateShadow(*this, shadow().extents());
+    }
+
+    void paintShadow(QPainter& painter) const override
+    {
+        drawShadow(painter, rect(), squareRadius, shadow(), Appearance::of(this));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        fillRounded(painter, rect(), squareRadius, m_color);
+        strokeInside(painter, rect(), squareRadius, squareBorder.in(Appearance::of(this)), squareBorderWidth);
+    }
+
+private:
+    [[nodiscard]] Shadow shadow() const
+    {
+        return {theme::Color(m_color).opacity(shadowOpacity), shadowRadius, shadowOffset};
+    }
+
+    QColor m_color;
+};
+
+/// A symbol in the middle of its box that fades from one look into another.
+class ColorDetailRow::HoverSymbol final : public QWidget
+{
+public:
+    struct Look
+    {
+        theme::Color symbol;
+        theme::Color ground = theme::clear;
+    };
+
+    HoverSymbol(QString name, int size, SymbolWeight weight, int side, const Look& atRest,
+                const Look& hovered)
+        : m_name(std::move(name))
+        , m_size(size)
+        , m_weight(weight)
+        , m_atRest(atRest)
+        , m_hovered(hovered)
+    {
+        setFixedSize(side, side);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+
+    void setHover(double hover)
+    {
+        m_hover = hover;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        paint(painter, m_atRest, 1 - m_hover);
+        paint(painter, m_hovered, m_hover);
+    }
+
+private:
+    void paint(QPainter& painter, const Look& look, double opacity) const
+    {
+        if (opacity <= 0) {
+            return;
+        }
+        const Scheme scheme = Appearance::of(this);
+        painter.setOpacity(opacity);
+        fillRounded(painter, rect(), buttonRadius, look.ground.in(scheme));
+        drawSymbol(painter, m_name, m_size, m_weight, look.symbol.in(scheme), rect());
+    }
+
+    QString m_name;
+    int m_size;
+    SymbolWeight m_weight;
+    Look m_atRest;
+    Look m_hovered;
+    double m_hover = 0;
+};
+
+ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
+    : Clickable({})
+    , m_appState(appState)
+    , m_collectionId(collectionId)
+    , m_square(new Square)
+    , m_hex(label({}, theme::monospacedFont(13, QFont::DemiBold)))
+    , m_name(label({}, theme::font(11), theme::textSecond))
+    , m_hover(hoverSeconds)
+    , m_animator([this](double seconds) {
+        const bool isMoving = m_hover.advance(seconds);
+        for (HoverSymbol* symbol : m_symbols) {
+            symbol->setHover(m_hover.position());
+        }
+        return isMoving;
+    })
+{
+    // clang-format off
+    fillWith(*this, row(gap(12), padding(inset, listInset + verticalPadding),
+        m_square,
+        column(gap(lineGap), Across::Leading, m_hex, m_name),
+        spacer(),
+        m_copy = copyMenu(),
+        m_remove = removal()));
+    // clang-format on
+    setAccessibleDescription(tr("Alt+Up and Alt+Down move it"));
+    onClick([this] { copyWithFeedback(m_appState, m_appState.defaultFormat(), m_color); });
+}
+
+MenuButton* ColorDetailRow::copyMenu()
+{
+    auto* symbol = new HoverSymbol(u"doc.on.doc"_s, 13, SymbolWeight::Regular, 30, {theme::textThird},
+                                   {theme::accent, theme::accent.opacity(0.1)});
+    m_symbols.append(symbol);
+    auto* button = new MenuButton(
+        tr("Copy as…"), [this] { return copyAsMenu(m_appState, m_color).children; }, symbol, buttonRadius);
+    button->setToolTip(tr("Copy as…"));
+    return button;
+}
+
+PlainButton* ColorDetailRow::removal()
+{
+    auto* symbol = new HoverSymbol(u"xmark"_s, 11, SymbolWeight::Semibold, 24, {theme::textThird},
+                                   {theme::red.opacity(0.7)});
+    m_symbols.append(symbol);
+    auto* button = plainButton(
+        tr("Remove"), [this] { m_appState.removeColor(m_color.id, m_collectionId); }, symbol, buttonRadius);
+    button->setToolTip(tr("Remove"));
+    return button;
+}
+
+void ColorDetailRow::setColor(const CapturedColor& color)
+{
+    if (m_color == color) {
+        return;
+    }
+    m_color = color;
+    setAccessibleName(spokenName(color));
+    m_square->setColor(paintColor(color));
+    m_hex->setText(color.hex6());
+    m_name->setText(inOneLine(color.customName.value_or(QString())));
+    m_name->setVisible(color.customName.has_value());
+}
+
+void ColorDetailRow::hoverChanged()
+{
+    m_hover.setTarget(isHovered() ? 1 : 0);
+    m_animator.start();
+}
+
+double ColorDetailRow::cornerRadius() const
+{
+    return ReorderList::plateRadius;
+}
+
+QRectF ColorDetailRow::answerRect() const
+{
+    return rect().marginsRemoved(ReorderList::plateMargins);
+}
+
+void ColorDetailRow::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paintAnswer(painter);
+}
+
+} // namespace tintwick

@@ -1,0 +1,64 @@
+#include "ColorDropTarget.h"
+
+#include "ColorDrag.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QWidget>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+// Never as a move, which many editors propose: they would delete the text that was dropped.
+void acceptAsCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+} // namespace
+
+ColorDropTarget::ColorDropTarget(QWidget& widget, std::function<void(bool)> hovered,
+                                 std::function<void(const QUuid&)> dropped)
+    : m_hovered(std::move(hovered))
+    , m_dropped(std::move(dropped))
+{
+    widget.setAcceptDrops(true);
+    widget.installEventFilter(this);
+}
+
+bool ColorDropTarget::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter: {
+        auto& enter = static_cast<QDragEnterEvent&>(*event);
+        if (carriesText(*enter.mimeData()) && enter.possibleActions().testFlag(Qt::CopyAction)) {
+            acceptAsCopy(enter);
+            m_hovered(true);
+        } else {
+            enter.ignore();
+        }
+        return true;
+    }
+    case QEvent::DragLeave:
+        m_hovered(false);
+        return true;
+    case QEvent::Drop: {
+        auto& drop = static_cast<QDropEvent&>(*event);
+        m_hovered(false);
+        acceptAsCopy(drop);
+        const QList<QUuid> ids = droppedColorIds(*drop.mimeData());
+        for (const QUuid& id : ids) {
+            m_dropped(id);
+        }
+        return true;
+    }
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Bound.h"
+#include "CapturedColor.h"
+#include "ColorCollection.h"
+#include "RecordViews.h"
+#include "Stack.h"
+#include "View.h"
+
+#include <QPointer>
+#include <QString>
+
+namespace tintwick {
+
+class AppState;
+class CollectionRowCard;
+class DashboardSwatchView;
+class Overlay;
+
+/// The home screen: the button that picks, the recent colours, and the collections.
+class DashboardView final : public View
+{
+    Q_OBJECT
+
+public:
+    /// Sheets open over `panel`, which contains the view.
+    DashboardView(AppState& appState, QWidget& panel);
+
+    [[nodiscard]] const QList<DashboardSwatchView*>& swatches() const { return m_swatches.views(); }
+    [[nodiscard]] const QList<CollectionRowCard*>& cards() const { return m_cards.views(); }
+
+    /// A name that was typed and not used is there again.
+    void openNewPaletteSheet();
+
+Q_SIGNALS:
+    /// "See all" was clicked.
+    void historySelected();
+    void collectionSelected(const QUuid& id);
+
+private:
+    [[nodiscard]] QWidget* eyedropperButton();
+    [[nodiscard]] QWidget* recentHeader();
+    [[nodiscard]] QWidget* recentRow();
+    [[nodiscard]] QWidget* sectionLabel(const QString& title);
+    [[nodiscard]] QWidget* collectionsSection();
+    [[nodiscard]] QWidget* createFirstPaletteButton();
+    [[nodiscard]] QWidget* addPaletteRow();
+
+    [[nodiscard]] Bound<bool> historyIsNotEmpty() const;
+    [[nodiscard]] Bound<bool> hasCollections() const;
+
+    void showHistory();
+    void showCollections();
+    /// Tab goes through the screen from top to bottom, whatever came into it last.
+    void orderFocus() const;
+    void createCollection();
+
+    AppState& m_appState;
+    QWidget& m_panel;
+    QString m_newCollectionName;
+    QPointer<Overlay> m_newPaletteSheet;
+
+    QWidget* m_pick = nullptr;
+    QWidget* m_seeAll = nullptr;
+    QWidget* m_createFirst = nullptr;
+    QWidget* m_add = nullptr;
+    Stack* m_recentRow;
+    Stack* m_cardList;
+    RecordViews<DashboardSwatchView, CapturedColor, Stack> m_swatches;
+    RecordViews<CollectionRowCard, ColorCollection, Stack> m_cards;
+};
+
+} // namespace tintwick

@@ -1,0 +1,25 @@
+#include "DetailScreen.h"
+
+#include "Label.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
+
+#include <QCoreApplication>
+
+namespace tintwick {
+
+QString colorCountText(qsizetype count)
+{
+    return count == 1 ? QCoreApplication::translate("DetailScreen", "1 color")
+                      : QCoreApplication::translate("DetailScreen", "%1 colors").arg(count);
+}
+
+Stack* emptyState(const QString& symbolName, const QString& text)
+{
+    return column(gap(8), fillWidth(), spacer(),
+                  symbol(symbolName, 28, SymbolWeight::Regular, theme::textThird),
+                  label(text, theme::font(12), theme::textThird), spacer());
+}
+
+} // namespace tintwick

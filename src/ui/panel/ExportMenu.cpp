@@ -1,0 +1,50 @@
+#include "ExportMenu.h"
+
+#include "ColorExport.h"
+#include "Label.h"
+#include "MenuButton.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int textSize = 12;
+constexpr double cornerRadius = 8;
+
+} // namespace
+
+ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::function<QString()> paletteName)
+    : m_symbol(symbol(u"square.and.arrow.up"_s, textSize, SymbolWeight::Semibold, theme::accent))
+    , m_title(label(tr("Export"), theme::font(textSize, QFont::DemiBold)))
+    , m_label(row(gap(4), padding(10, 6), m_symbol, m_title))
+{
+    setContent(new MenuButton(
+        tr("Export"),
+        [colors = std::move(colors), paletteName = std::move(paletteName)] {
+            return QList{
+                menuAction(tr("CSS Variables"), u"doc.text"_s,
+                           [=] { ColorExport().exportCSS(colors(), paletteName()); }),
+                menuAction(tr("JSON"), u"curlybraces"_s, [=] { ColorExport().exportJSON(colors()); }),
+                menuAction(tr("PNG Swatch"), u"photo"_s, [=] { ColorExport().exportPNG(colors()); })};
+        },
+        m_label, cornerRadius));
+    setHasColors(false);
+}
+
+void ExportMenu::setHasColors(bool hasColors)
+{
+    const theme::Color ink = hasColors ? theme::accent : theme::textThird;
+    m_symbol->setColor(ink);
+    m_title->setColor(ink);
+    m_label->add(ground(hasColors ? theme::accent.opacity(0.1) : theme::surfaceHigh, cornerRadius));
+    setEnabled(hasColors);
+}
+
+} // namespace tintwick

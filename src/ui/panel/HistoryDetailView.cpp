@@ -1,0 +1,107 @@
+#include "HistoryDetailView.h"
+
+#include "AppState.h"
+#include "Button.h"
+#include "DetailScreen.h"
+#include "ExportMenu.h"
+#include "Label.h"
+#include "Rule.h"
+#include "ScrollArea.h"
+#include "ShownWhen.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int swatchSize = 48;
+constexpr GridShape gridShape{.columns = 5, .columnGap = 8, .rowGap = 10, .padding = 14};
+
+} // namespace
+
+HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
+    : m_appState(appState)
+    , m_grid(new Grid(gridShape))
+    , m_swatches(
+          *m_grid,
+          [this, &panel] {
+              auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
+              connect(swatch, &ColorSwatchView::stepRequested, this, [this, swatch](int columns, int rows) {
+                  m_swatches.moveFocus(*swatch, columns + rows * gridShape.columns);
+              });
+              return swatch;
+          },
+          [](ColorSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
+{
+    // clang-format off
+    setContent(column(
+        toolbar(),
+        rule(),
+        shownWhen(historyIsEmpty(),
+            emptyState(u"eyedropper"_s, tr("No colors yet\nPress ⌥⇧C to snip a color"))),
+        shownWhen(historyIsNotEmpty(), swatchGrid())));
+    // clang-format on
+
+    connect(&m_appState, &AppState::historyChanged, this, &HistoryDetailView::showHistory);
+    showHistory();
+}
+
+QWidget* HistoryDetailView::toolbar()
+{
+    m_export = new ExportMenu([this] { return m_appState.history(); }, [] { return u"History"_s; });
+    return row(gap(10), padding(16, 10), label(countText(), theme::font(13), theme::textSecond), spacer(),
+               m_export, clearButton());
+}
+
+QWidget* HistoryDetailView::clearButton()
+{
+    m_clear = squareButton(
+        tr("Clear all history"), [this] { m_appState.clearHistory(); },
+        symbol(u"trash"_s, 13, SymbolWeight::Regular, theme::red.opacity(0.7)));
+    return m_clear;
+}
+
+QWidget* HistoryDetailView::swatchGrid()
+{
+    return verticalScroll(column(m_grid));
+}
+
+Bound<bool> HistoryDetailView::historyIsEmpty() const
+{
+    return bound([this] { return m_appState.history().isEmpty(); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+Bound<bool> HistoryDetailView::historyIsNotEmpty() const
+{
+    return bound([this] { return !m_appState.history().isEmpty(); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+Bound<QString> HistoryDetailView::countText() const
+{
+    return bound([this] { return colorCountText(m_appState.history().size()); })
+        .changedBy(m_appState, &AppState::historyChanged);
+}
+
+void HistoryDetailView::showHistory()
+{
+    m_swatches.show(m_appState.history());
+    m_export->setHasColors(!m_appState.history().isEmpty());
+    orderFocus();
+}
+
+void HistoryDetailView::orderFocus() const
+{
+    QWidget* before = m_clear;
+    for (QWidget* swatch : swatches()) {
+        setTabOrder(before, swatch);
+        before = swatch;
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,328 @@
+#include "PanelView.h"
+
+#include "AppState.h"
+#include "Button.h"
+#include "Clickable.h"
+#include "CollectionDetailView.h"
+#include "CopiedPill.h"
+#include "CrossFade.h"
+#include "DashboardView.h"
+#include "HistoryDetailView.h"
+#include "InOneLine.h"
+#include "Label.h"
+#include "Paint.h"
+#include "Preferences.h"
+#include "Rule.h"
+#include "Stack.h"
+#include "SymbolView.h"
+#include "Theme.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPalette>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString symbolOf(ColorSchemePref preference)
+{
+    switch (preference) {
+    case ColorSchemePref::Light:
+        return u"sun.max.fill"_s;
+    case ColorSchemePref::Dark:
+        return u"moon.fill"_s;
+    case ColorSchemePref::Auto:
+        break;
+    }
+    return u"circle.lefthalf.filled"_s;
+}
+
+Scheme schemeOfPalette()
+{
+    const QPalette palette = QGuiApplication::palette();
+    const bool isDark =
+        palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+    return isDark ? Scheme::Dark : Scheme::Light;
+}
+
+} // namespace
+
+PanelView::PanelView(AppState& appState, MakeSettings makeSettings)
+    : m_appState(appState)
+    , m_appearance(*this)
+    , m_makeSettings(std::move(makeSettings))
+{
+    setAccessibleName(u"Tintwick"_s);
+    resize(theme::panelSize);
+    // clang-format off
+    setContent(column(
+        m_header = panelHeader(),
+        rule(),
+        m_screens = column(m_dashboard = new DashboardView(m_appState, *this))));
+    // clang-format on
+    applyColorScheme();
+    showHeader();
+
+    connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
+    connect(m_dashboard, &DashboardView::historySelected, this,
+            [this] { setSelectedCollectionId(historySelectionId); });
+    connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
+}
+
+Stack* PanelView::panelHeader()
+{
+    m_title = label({}, theme::font(18, QFont::Bold));
+    m_done = prominentButton(tr("Done"), [this] { setShowingSettings(false); });
+    m_outsideSettings = row(gap(10), new CopiedPill(m_appState), colorSchemeToggle(), settingsButton());
+    // As high with the settings' button as with the others: the screen below stays where it is.
+    return row(fixedHeight(50), gap(10), padding(14, 10), m_title, backButton(), spacer(), m_outsideSettings,
+               m_done);
+}
+
+QWidget* PanelView::backButton()
+{
+    m_backTitle = label({}, theme::font(14, QFont::DemiBold));
+    m_back = plainButton(
+        {}, [this] { setSelectedCollectionId({}); },
+        row(gap(4), symbol(u"chevron.left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
+    return m_back;
+}
+
+QWidget* PanelView::settingsButton()
+{
+    return squareButton(
+        tr("Settings"), [this] { setShowingSettings(true); },
+        symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, theme::textSecond));
+}
+
+QWidget* PanelView::colorSchemeToggle()
+{
+    m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, theme::textSecond);
+    m_schemeToggle = squareButton(
+        {}, [this] { cycleColorScheme(); }, m_schemeSymbol);
+    return m_schemeToggle;
+}
+
+void PanelView::cycleColorScheme()
+{
+    preferences::setColorScheme(preferences::nextColorScheme(preferences::colorScheme()));
+    applyColorScheme();
+}
+
+void PanelView::applyColorScheme()
+{
+    const ColorSchemePref preference = preferences::colorScheme();
+    QString current = preferences::rawValue(preference);
+    current[0] = current[0].toUpper();
+    m_schemeSymbol->setName(symbolOf(preference));
+    m_schemeToggle->setAccessibleName(tr("Appearance: %1").arg(current));
+    m_schemeToggle->setToolTip(tr("Appearance: %1 — click to cycle").arg(current));
+
+    switch (preference) {
+    case ColorSchemePref::Light:
+        m_appearance.setScheme(Scheme::Light);
+        break;
+    case ColorSchemePref::Dark:
+        m_appearance.setScheme(Scheme::Dark);
+        break;
+    case ColorSchemePref::Auto:
+        m_appearance.setScheme(m_systemScheme.value_or(schemeOfPalette()));
+        break;
+    }
+    update();
+}
+
+void PanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
+{
+    if (m_selectedCollectionId == id) {
+        return;
+    }
+    m_selectedCollectionId = id;
+    showSelection();
+}
+
+void PanelView::setShowingSettings(bool shows)
+{
+    if (m_showingSettings == shows) {
+        return;
+    }
+    m_showingSettings = shows;
+    showSelection();
+}
+
+QWidget& PanelView::currentScreen() const
+{
+    return m_detail != nullptr ? *m_detail : *m_dashboard;
+}
+
+bool PanelView::isInScreen(const QWidget* widget) const
+{
+    return widget == &currentScreen() || currentScreen().isAncestorOf(widget);
+}
+
+PanelView::ScreenChoice PanelView::chosenScreen() const
+{
+    if (m_showingSettings) {
+        return {ScreenKind::Settings, {}};
+    }
+    if (m_selectedCollectionId == historySelectionId) {
+        return {ScreenKind::History, {}};
+    }
+    const bool exists = m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr;
+    return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
+}
+
+QWidget* PanelView::makeScreen(const ScreenChoice& choice)
+{
+    switch (choice.kind) {
+    case ScreenKind::Settings:
+        return m_makeSettings(*this);
+    case ScreenKind::History:
+        return new HistoryDetailView(m_appState, *this);
+    case ScreenKind::Collection:
+        return new CollectionDetailView(m_appState, choice.collectionId);
+    case ScreenKind::Dashboard:
+        break;
+    }
+    return nullptr;
+}
+
+void PanelView::showHeader()
+{
+    const bool hasSelection = m_selectedCollectionId.has_value();
+    m_title->setText(m_showingSettings ? tr("Settings") : u"Tintwick"_s);
+    m_title->setVisible(m_showingSettings || !hasSelection);
+    m_back->setVisible(!m_showingSettings && hasSelection);
+    m_backTitle->setText(selectionTitle());
+    m_back->setToolTip(selectionTitle());
+    m_back->setAccessibleName(tr("Back from %1").arg(selectionTitle()));
+    m_outsideSettings->setVisible(!m_showingSettings);
+    m_done->setVisible(m_showingSettings);
+}
+
+QString PanelView::selectionTitle() const
+{
+    if (m_selectedCollectionId == historySelectionId) {
+        return tr("All History");
+    }
+    const ColorCollection* collection =
+        m_selectedCollectionId ? m_appState.collection(*m_selectedCollectionId) : nullptr;
+    return collection != nullptr ? inOneLine(collection->name) : tr("Palette");
+}
+
+void PanelView::showSelection()
+{
+    // Read first: what has the focus may be hidden, and the focus would stray.
+    QWidget* const focused = window()->focusWidget();
+    const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
+    const ScreenChoice before = m_shownScreen;
+    const ScreenChoice now = chosenScreen();
+
+    if ((before.kind == ScreenKind::Settings) != (now.kind == ScreenKind::Settings)) {
+        crossFade(*m_header, [this] { showHeader(); });
+    } else {
+        showHeader();
+    }
+    if (before == now) {
+        return;
+    }
+    showScreen(now);
+
+    if (now.kind > before.kind) {
+        m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
+    }
+    const bool hasStrayed = !isKeyboardUsed && Clickable::showsFocusRing(window()->focusWidget());
+    QWidget* const opener = now.kind < before.kind ? m_openers.value(now.kind) : nullptr;
+    if (opener != nullptr && opener->isVisible()) {
+        opener->setFocus(Qt::TabFocusReason);
+    } else if (hasStrayed || !isInScreen(window()->focusWidget())) {
+        Clickable* const wayBack = m_showingSettings ? static_cast<Clickable*>(m_done) : m_back;
+        if (isKeyboardUsed && wayBack->isVisible()) {
+            wayBack->setFocus(Qt::TabFocusReason);
+        } else {
+            setFocus();
+        }
+    }
+}
+
+void PanelView::showScreen(const ScreenChoice& choice)
+{
+    m_shownScreen = choice;
+    QWidget* left = std::exchange(m_detail, makeScreen(choice));
+    m_dashboard->setVisible(m_detail == nullptr);
+    if (m_detail != nullptr) {
+        m_screens->add(m_detail);
+        m_detail->show();
+    }
+    if (left != nullptr) {
+        m_screens->remove(left);
+        // What it is doing may have led here.
+        left->deleteLater();
+    }
+}
+
+// Without a focus the window would give it to the first control it has.
+void PanelView::showEvent(QShowEvent* event)
+{
+    View::showEvent(event);
+    if (window()->focusWidget() == nullptr) {
+        setFocus();
+    }
+}
+
+void PanelView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Left && event->modifiers() == Qt::AltModifier) {
+        if (m_showingSettings) {
+            setShowingSettings(false);
+        } else {
+            setSelectedCollectionId({});
+        }
+        return;
+    }
+    View::keyPressEvent(event);
+}
+
+void PanelView::setSystemScheme(std::optional<Scheme> scheme)
+{
+    m_systemScheme = scheme;
+    applyColorScheme();
+}
+
+void PanelView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ParentChange) {
+        window()->installEventFilter(this);
+    }
+    View::changeEvent(event);
+}
+
+// Windows alone are told of the application's palette.
+bool PanelView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyColorScheme();
+    }
+    return View::eventFilter(watched, event);
+}
+
+void PanelView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QColor ground = theme::bg.in(Appearance::of(this));
+    if (window()->mask().isEmpty()) {
+        fillRounded(painter, rect(), theme::panelRadius, ground);
+    } else {
+        // The window itself is cut to the shape, and where it is not wholly covered it is black.
+        painter.fillRect(rect(), ground);
+    }
+}
+
+} // namespace tintwick

@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+namespace tintwick {
+
+class AppState;
+struct CapturedColor;
+
+/// Opens a sheet over `panel` in which the user gives a colour another name, or none.
+void openRenameColorOverlay(QWidget& panel, AppState& appState, const CapturedColor& color);
+
+} // namespace tintwick

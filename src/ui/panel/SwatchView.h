@@ -1,0 +1,105 @@
+#pragma once
+
+#include "Animator.h"
+#include "CapturedColor.h"
+#include "Clickable.h"
+#include "Overhang.h"
+#include "Shadow.h"
+#include "ShadowCaster.h"
+#include "Spring.h"
+#include "Theme.h"
+
+#include <QPoint>
+#include <QRectF>
+
+namespace tintwick {
+
+class AppState;
+
+/// How a kind of swatch looks. Lengths in points.
+struct SwatchLook
+{
+    struct Shadow
+    {
+        double opacity = 0;
+        double radius = 0;
+        double drop = 0;
+
+        friend bool operator==(const Shadow&, const Shadow&) = default;
+    };
+    /// What changes under the pointer.
+    struct State
+    {
+        theme::Color border;
+        double borderWidth = 0;
+        Shadow shadow;
+        theme::Color label;
+    };
+
+    int side = 0;
+    /// On both sides of the square, for the label to reach into.
+    int sideRoom = 0;
+    double cornerRadius = 0;
+    int labelGap = 0;
+    /// Whether a translucent colour lies on a checkerboard.
+    bool showsChecks = false;
+    State atRest;
+    State hovered;
+    double hoverScale = 0;
+    theme::Color hoverVeil;
+    int symbolSize = 0;
+    theme::Color symbolShadow;
+    /// Moves from 0 at rest to 1 under the pointer.
+    Spring hover;
+};
+
+/// A square of a colour with its code below. A click copies it, and it can be dragged onto a collection.
+class SwatchView : public Clickable, public ShadowCaster, public Overhanging
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] const CapturedColor& color() const { return m_color; }
+    void setColor(const CapturedColor& color);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    void paintShadow(QPainter& painter) const override;
+    [[nodiscard]] QMargins overhang() const override;
+
+Q_SIGNALS:
+    /// The focus is to go on by so many swatches; negative is to the left and up.
+    void stepRequested(int columns, int rows);
+
+protected:
+    SwatchView(AppState& appState, const SwatchLook& look);
+
+    [[nodiscard]] AppState& appState() const { return m_appState; }
+
+    void hoverChanged() override;
+    [[nodiscard]] QRectF answerRect() const override { return squareAtRest(); }
+    [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
+    [[nodiscard]] bool tintsHover() const override { return false; }
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void updateAll();
+    /// The square at its size at rest; `hovered` is 1 under the pointer.
+    void paintSquare(QPainter& painter, double hovered) const;
+    [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
+    [[nodiscard]] QRectF squareAtRest() const;
+    [[nodiscard]] QRectF labelRect() const;
+    /// Of the square, which grows under the pointer.
+    [[nodiscard]] double scale() const;
+
+    AppState& m_appState;
+    SwatchLook m_look;
+    CapturedColor m_color;
+    QPoint m_pressedAt;
+    Animator m_animator;
+};
+
+} // namespace tintwick

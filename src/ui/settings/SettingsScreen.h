@@ -1,0 +1,43 @@
+#pragma once
+
+#include "RecorderServices.h"
+#include "SettingsTab.h"
+#include "View.h"
+
+namespace tintwick {
+
+class AppState;
+class ScreenGrabber;
+class SegmentedPicker;
+
+/// The settings as a screen of the panel: two tabs, of which the first is shown when it is made.
+class SettingsScreen final : public View
+{
+    Q_OBJECT
+
+public:
+    /// Alerts come up over `panel`, which contains the view. All must outlive the view.
+    SettingsScreen(AppState& appState, KeyboardShortcuts::RecorderServices recording,
+                   const ScreenGrabber& grabber, QWidget& panel);
+
+    [[nodiscard]] SettingsTab tab() const { return m_tab; }
+    void setTab(SettingsTab tab);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    class Screen;
+
+    void showTab();
+
+    AppState& m_appState;
+    KeyboardShortcuts::RecorderServices m_recording;
+    const ScreenGrabber& m_grabber;
+    QWidget& m_panel;
+    SettingsTab m_tab = SettingsTab::General;
+    SegmentedPicker* m_tabPicker;
+    Screen* m_screen;
+};
+
+} // namespace tintwick

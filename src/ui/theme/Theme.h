@@ -1,0 +1,120 @@
+#pragma once
+
+#include "Scheme.h"
+
+#include <QColor>
+#include <QFont>
+#include <QSize>
+
+#include <array>
+#include <cstdint>
+
+/// The design's tokens. All components are sRGB, 0 to 1.
+namespace tintwick::theme {
+
+struct Components
+{
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    double alpha = 1;
+};
+
+/// A colour of the design: one value for each appearance, which are the same for a fixed colour.
+class Color final
+{
+public:
+    constexpr Color(double red, double green, double blue, double alpha = 1)
+        : m_light{red, green, blue, alpha}
+        , m_dark{m_light}
+    {
+    }
+    /// From 0xRRGGBB.
+    constexpr Color(std::uint32_t light, std::uint32_t dark)
+        : m_light{components(light)}
+        , m_dark{components(dark)}
+    {
+    }
+    /// A fixed colour from anywhere else, such as one that the user took.
+    explicit Color(const QColor& fixed);
+
+    /// The same colour with its alpha multiplied.
+    [[nodiscard]] constexpr Color opacity(double factor) const
+    {
+        Color result = *this;
+        result.m_light.alpha *= factor;
+        result.m_dark.alpha *= factor;
+        return result;
+    }
+
+    [[nodiscard]] QColor in(Scheme scheme) const;
+
+private:
+    static constexpr Components components(std::uint32_t hex)
+    {
+        return {((hex >> 16U) & 0xFFU) / 255.0, ((hex >> 8U) & 0xFFU) / 255.0, (hex & 0xFFU) / 255.0};
+    }
+
+    Components m_light;
+    Components m_dark;
+};
+
+/// From the top-leading to the bottom-trailing corner.
+struct Gradient
+{
+    Color start;
+    Color end;
+};
+
+// The window, what lies on it, what can be pressed, what separates, and three levels of text.
+// The texts keep 4.5 to 1, the third level 3 to 1, on each of the three grounds.
+//                                       light     dark
+inline constexpr Color bg /*         */ {0xF5F5F7, 0x1F1F23};
+inline constexpr Color surface /*    */ {0xFFFFFF, 0x2A2A2F};
+inline constexpr Color surfaceHigh /**/ {0xE9E9EE, 0x37373E};
+/// What can be typed into.
+inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
+/// What slides or lies on `surfaceHigh`.
+inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
+inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
+inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
+inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
+inline constexpr Color textThird /*  */ {0x82828C, 0x8C8C97};
+
+/// Of text that can be clicked.
+inline constexpr Color link /*       */ {0x4B50DC, 0x9A9EFF};
+
+inline constexpr Color accent{0.38, 0.40, 0.88};
+inline constexpr Color white{1, 1, 1};
+inline constexpr Color black{0, 0, 0};
+inline constexpr Color clear{0, 0, 0, 0};
+/// Of what has been done.
+inline constexpr Color green{0x218739, 0x3ECF63};
+/// Of what cannot be undone.
+inline constexpr Color red{0xC9252D, 0xFF6B6B};
+/// The same under white text.
+inline constexpr Color destructiveGround{0xC9252D, 0xD03B40};
+
+inline constexpr std::array cardAccents{
+    Gradient{{1.00, 0.60, 0.20}, {0.96, 0.40, 0.12}}, // orange
+    Gradient{{0.32, 0.56, 0.96}, {0.22, 0.40, 0.88}}, // blue
+    Gradient{{0.52, 0.28, 0.90}, {0.38, 0.18, 0.80}}, // violet
+    Gradient{{0.96, 0.42, 0.62}, {0.88, 0.28, 0.52}}, // pink
+    Gradient{{0.18, 0.74, 0.56}, {0.10, 0.60, 0.44}}, // green
+};
+
+/// Around what the keyboard acts on.
+inline constexpr Color focusRing{0x4B50DC, 0x8F93FF};
+
+/// Of the main panel, in points.
+inline constexpr QSize panelSize{380, 580};
+inline constexpr double panelRadius = 16;
+
+/// The desktop's interface font; Inter where the desktop names none. Sizes in points of the interface.
+[[nodiscard]] QFont font(int size, QFont::Weight weight = QFont::Normal);
+/// The desktop's fixed-width font, for codes whose digits must stand under each other.
+[[nodiscard]] QFont monospacedFont(int size, QFont::Weight weight = QFont::Normal);
+[[nodiscard]] QFont headline();
+[[nodiscard]] QFont caption();
+
+} // namespace tintwick::theme

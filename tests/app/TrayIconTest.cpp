@@ -1,0 +1,46 @@
+#include "TrayIcon.h"
+
+#include <QApplication>
+#include <QTest>
+
+using namespace tintwick;
+
+class TrayIconTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itsIconIsSeenOnEveryBar();
+};
+
+namespace {
+
+/// The colour of the pixel of the icon that is covered best.
+QColor ink(const TrayIcon& item)
+{
+    const QImage picture = item.icon().pixmap(22, 22).toImage().convertToFormat(QImage::Format_ARGB32);
+    QColor result(Qt::transparent);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y).alpha() > result.alpha()) {
+                result = picture.pixelColor(x, y);
+            }
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+void TrayIconTest::itsIconIsSeenOnEveryBar()
+{
+    TrayIcon item;
+    QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));
+    item.setDesktopPrefersDark(true);
+    QCOMPARE(ink(item), QColor(0xE4, 0xE4, 0xE6));
+    item.setDesktopPrefersDark(false);
+    QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));
+}
+
+QTEST_MAIN(TrayIconTest)
+#include "TrayIconTest.moc"

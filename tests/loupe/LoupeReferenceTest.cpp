@@ -1,0 +1,156 @@
+// Compares every pixel of the loupe's picture with pictures that were looked at once and committed. When the
+// loupe is meant to look different, run this program with TINTWICK_UPDATE_REFERENCES=1, look at the new
+// pictures, commit them.
+
+#include "LoupeLabel.h"
+#include "LoupeRenderer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Every cell differs from its neighbours; `base` decides how light the centre is.
+PixelGrid gradientGrid(int count, int base)
+{
+    PixelGrid grid;
+    for (int r = 0; r < count; ++r) {
+        std::vector<SampledColor> row;
+        for (int c = 0; c < count; ++c) {
+            const int checker = (r + c) % 2 == 0 ? 0 : 24;
+            const int red = base + 60 * c / count;
+            const int green = base + 40 + 60 * r / count;
+            const int blue = base + 110 - 90 * c / count + checker;
+            row.push_back({red / 255.0, green / 255.0, blue / 255.0, 1});
+        }
+        grid.push_back(row);
+    }
+    return grid;
+}
+
+constexpr int dark = 10;
+constexpr int light = 120;
+
+} // namespace
+
+class LoupeReferenceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void thePictureEqualsItsReference_data();
+    void thePictureEqualsItsReference();
+};
+
+void LoupeReferenceTest::initTestCase()
+{
+    QVERIFY2(QFontInfo(LoupeLabel::hexFont(1)).family() == u"JetBrains Mono"_s,
+             "The reference pictures need the font JetBrains Mono (Debian: fonts-jetbrains-mono).");
+    QVERIFY2(QFontInfo(LoupeLabel::nameFont(1)).family() == u"Inter"_s,
+             "The reference pictures need the font Inter (Debian: fonts-inter).");
+}
+
+void LoupeReferenceTest::thePictureEqualsItsReference_data()
+{
+    QTest::addColumn<bool>("isCircle");
+    QTest::addColumn<double>("side");
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("base");
+
+    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light;
+    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark;
+    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light;
+    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark;
+    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light;
+    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark;
+    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light;
+    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark;
+    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark;
+    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0;
+    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0;
+}
+
+void LoupeReferenceTest::thePictureEqualsItsReference()
+{
+    QFETCH(const bool, isCircle);
+    QFETCH(const double, side);
+    QFETCH(const double, scale);
+    QFETCH(const int, count);
+    QFETCH(const int, base);
+
+    LoupeRenderer view;
+    if (count > 0) {
+        const PixelGrid grid = gradientGrid(count, base);
+        const auto middle = static_cast<std::size_t>(count / 2);
+        view.setCenterColor(grid[middle][middle]);
+        view.setPixels(grid);
+    }
+    // As PNG keeps it.
+    const QImage actual =
+        view.render({.isCircle = isCircle, .side = side}, scale).convertToFormat(QImage::Format_ARGB32);
+
+    const QString name = QLatin1StringView(QTest::currentDataTag()) + u".png"_s;
+    const QString path = QDir(QStringLiteral(REFERENCE_DIR)).filePath(name);
+    if (qEnvironmentVariableIsSet("TINTWICK_UPDATE_REFERENCES")) {
+        QVERIFY(actual.save(path, nullptr, 0));
+    }
+    const QImage reference = QImage(path).convertToFormat(QImage::Format_ARGB32);
+    QVERIFY2(!reference.isNull(), qPrintable(u"There is no picture "_s + path));
+
+    const QString kept = QDir::current().filePath(u"different-"_s + name);
+    QFile::remove(kept);
+    QCOMPARE(actual.size(), reference.size());
+    int different = 0;
+    QPoint first;
+    for (int y = actual.height() - 1; y >= 0; --y) {
+        for (int x = actual.width() - 1; x >= 0; --x) {
+            if (actual.pixel(x, y) != reference.pixel(x, y)) {
+                ++different;
+                first = {x, y};
+            }
+        }
+    }
+    if (different > 0) {
+        actual.save(kept);
+        QFAIL(qPrintable(
+            u"%1 pixels differ, first at (%2, %3): #%4 instead of #%5. The picture is kept as %6."_s
+                .arg(different)
+                .arg(first.x())
+                .arg(first.y())
+                .arg(actual.pixel(first), 8, 16, QLatin1Char('0'))
+                .arg(reference.pixel(first), 8, 16, QLatin1Char('0'))
+                .arg(kept)));
+    }
+}
+
+int main(int argc, char* argv[])
+{
+    // Only the system's fonts, untouched by the user's or the distribution's taste in hinting and
+    // substitution.
+    const QTemporaryDir home;
+    QFile fontConfiguration(home.filePath(u"fonts.conf"_s));
+    if (!fontConfiguration.open(QFile::WriteOnly)) {
+        return 1;
+    }
+    fontConfiguration.write("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig>"
+                            "<dir>/usr/share/fonts/opentype/inter</dir>"
+                            "<dir>/usr/share/fonts/truetype/jetbrains-mono</dir>"
+                            "<cachedir>");
+    fontConfiguration.write(home.filePath(u"cache"_s).toUtf8());
+    fontConfiguration.write("</cachedir></fontconfig>");
+    fontConfiguration.close();
+    qputenv("FONTCONFIG_FILE", fontConfiguration.fileName().toLocal8Bit());
+    const QGuiApplication application(argc, argv);
+    LoupeReferenceTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "LoupeReferenceTest.moc"

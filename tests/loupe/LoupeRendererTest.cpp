@@ -1,0 +1,424 @@
+#include "LoupeRenderer.h"
+
+#include "Preferences.h"
+
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr LoupeLook mediumSquare{.isCircle = false, .side = 130};
+constexpr LoupeLook mediumCircle{.isCircle = true, .side = 130};
+
+SampledColor fromBytes(int red, int green, int blue)
+{
+    return {red / 255.0, green / 255.0, blue / 255.0, 1};
+}
+
+PixelGrid uniformGrid(int count, const SampledColor& color)
+{
+    const auto side = static_cast<std::size_t>(count);
+    return PixelGrid(side, std::vector<SampledColor>(side, color));
+}
+
+/// The darkest or lightest red component inside the pill, which the texts decide.
+std::pair<int, int> rangeInPill(const QImage& picture, int scale)
+{
+    int lowest = 255;
+    int highest = 0;
+    for (int y = picture.height() - 44 * scale; y < picture.height() - 2 * scale; ++y) {
+        for (int x = 12; x < picture.width() - 12; ++x) {
+            lowest = std::min(lowest, qRed(picture.pixel(x, y)));
+            highest = std::max(highest, qRed(picture.pixel(x, y)));
+        }
+    }
+    return {lowest, highest};
+}
+
+} // namespace
+
+class LoupeRendererTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thePictureHasTheSizeOfTheLoupe_data();
+    void thePictureHasTheSizeOfTheLoupe();
+    void shapeAndSizeFollowThePreferencesAtOnce();
+    void everyByteIsShownAsItIs();
+    void theCenterColorIsSeenInTheCenterCellAndThePill_data();
+    void theCenterColorIsSeenInTheCenterCellAndThePill();
+    void cellsKeepTheirColorsUpToTheirEdges_data();
+    void cellsKeepTheirColorsUpToTheirEdges();
+    void theTopRowOfTheGridIsAtTheTop();
+    void anEmptyGridIsALightFieldWithLines();
+    void theCenterCellIsOutlinedDarkThenLight();
+    void aShortRowLeavesTheRestClear();
+    void aLongRowShowsOnlyWhatTheGridHasRoomFor();
+    void betweenRingAndCellsNothingShinesThrough_data();
+    void betweenRingAndCellsNothingShinesThrough();
+    void aCircleLeavesItsCornersToTheScreen();
+    void theGapBetweenScopeAndPillHasOnlyShadow();
+    void textIsDarkOnLightAndLightOnDark();
+    void withoutACenterColorThePillIsLightGray();
+    void aFrameDoesNotDependOnTheFramesBefore();
+};
+
+void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe_data()
+{
+    QTest::addColumn<double>("side");
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("small") << 100.0 << 1.0 << QSize(100, 156);
+    QTest::newRow("medium") << 130.0 << 1.0 << QSize(130, 186);
+    QTest::newRow("large") << 160.0 << 1.0 << QSize(160, 216);
+    QTest::newRow("medium at 1.25") << 130.0 << 1.25 << QSize(163, 233);
+    QTest::newRow("medium at 1.5") << 130.0 << 1.5 << QSize(195, 279);
+    QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(260, 372);
+}
+
+void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe()
+{
+    QFETCH(const double, side);
+    QFETCH(const double, scale);
+    LoupeRenderer view;
+    const QImage& picture = view.render({.isCircle = false, .side = side}, scale);
+    QTEST(picture.size(), "size");
+    QCOMPARE(picture.format(), QImage::Format_ARGB32_Premultiplied);
+}
+
+void LoupeRendererTest::shapeAndSizeFollowThePreferencesAtOnce()
+{
+    LoupeRenderer view;
+    preferences::setScopeShape(u"square"_s);
+    preferences::setScopePhysicalSize(u"medium"_s);
+    QCOMPARE(view.render(1), view.render(mediumSquare, 1));
+    preferences::setScopeShape(u"circle"_s);
+    preferences::setScopePhysicalSize(u"large"_s);
+    const QImage large = view.render(1).copy();
+    QCOMPARE(large.size(), QSize(160, 216));
+    QCOMPARE(large, view.render({.isCircle = true, .side = 160}, 1));
+}
+
+void LoupeRendererTest::everyByteIsShownAsItIs()
+{
+    LoupeRenderer view;
+    for (int byte = 0; byte <= 255; ++byte) {
+        const SampledColor color = fromBytes(byte, 255 - byte, byte ^ 0x55);
+        view.setPixels(uniformGrid(3, color));
+        view.setCenterColor(color);
+        const QImage& picture = view.render(mediumSquare, 1);
+        const QRgb expected = qRgb(byte, 255 - byte, byte ^ 0x55);
+        QCOMPARE(picture.pixel(20, 20), expected);
+        QCOMPARE(picture.pixel(65, 65), expected);
+        QCOMPARE(picture.pixel(6, 160), expected);
+    }
+}
+
+void LoupeRendererTest::theCenterColorIsSeenInTheCenterCellAndThePill_data()
+{
+    QTest::addColumn<bool>("isCircle");
+    QTest::addColumn<double>("side");
+    QTest::addColumn<double>("scale");
+    for (const bool isCircle : {false, true}) {
+        for (const double side : {100.0, 130.0, 160.0}) {
+            for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+                QTest::addRow("%s %g at %g", isCircle ? "circle" : "square", side, scale)
+                    << isCircle << side << scale;
+            }
+        }
+    }
+}
+
+void LoupeRendererTest::theCenterColorIsSeenInTheCenterCellAndThePill()
+{
+    QFETCH(const bool, isCircle);
+    QFETCH(const double, side);
+    QFETCH(const double, scale);
+    LoupeRenderer view;
+    for (const int radius : {0, 3, 7, 15, 40}) {
+        PixelGrid grid = uniformGrid(2 * radius + 1, fromBytes(250, 240, 230));
+        const SampledColor center = fromBytes(31, 127, 201);
+        const auto middle = static_cast<std::size_t>(radius);
+        grid[middle][middle] = center;
+        view.setPixels(grid);
+        view.setCenterColor(center);
+        const QImage& picture = view.render({.isCircle = isCircle, .side = side}, scale);
+        const int centerOfScope = picture.width() / 2;
+        QCOMPARE(picture.pixel(centerOfScope, centerOfScope), qRgb(31, 127, 201));
+        QCOMPARE(picture.pixel(5, picture.height() - qRound(23 * scale)), qRgb(31, 127, 201));
+    }
+}
+
+void LoupeRendererTest::cellsKeepTheirColorsUpToTheirEdges_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("count");
+    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        for (const int count : {7, 15, 23, 31}) {
+            QTest::addRow("%d cells at %g", count, scale) << scale << count;
+        }
+    }
+}
+
+void LoupeRendererTest::cellsKeepTheirColorsUpToTheirEdges()
+{
+    QFETCH(const double, scale);
+    QFETCH(const int, count);
+    // Red is full in every cell and only lessened by a line; blue counts the columns, and a pixel mixed of
+    // two cells would have a value between two steps.
+    constexpr int step = 7;
+    LoupeRenderer view;
+    PixelGrid grid = uniformGrid(count, {});
+    for (auto& row : grid) {
+        for (std::size_t c = 0; c < row.size(); ++c) {
+            row[c] = fromBytes(255, 0, static_cast<int>(c) * step);
+        }
+    }
+    view.setPixels(grid);
+    const QImage& picture = view.render(mediumSquare, scale);
+    // The middle of the row below the top one is free of horizontal lines, of the corners and of the centre
+    // cell.
+    const double cell = (picture.width() - 7 * scale) / count;
+    const int y = static_cast<int>(3.5 * scale + 1.5 * cell);
+    QList<int> widths(count, 0);
+    int last = 0;
+    const int border = static_cast<int>(4 * scale) + 1;
+    for (int x = border; x < picture.width() - border; ++x) {
+        const QRgb pixel = picture.pixel(x, y);
+        QCOMPARE(qAlpha(pixel), 255);
+        if (qRed(pixel) == 255) {
+            QCOMPARE(qBlue(pixel) % step, 0);
+            QVERIFY(qBlue(pixel) / step >= last);
+            last = qBlue(pixel) / step;
+            ++widths[last];
+        }
+    }
+    for (int c = 1; c < count - 1; ++c) {
+        QVERIFY2(widths[c] >= cell - 1 - std::max(1.0, 0.5 * scale) - 0.5, qPrintable(QString::number(c)));
+        QVERIFY2(widths[c] <= cell + 1, qPrintable(QString::number(c)));
+    }
+}
+
+void LoupeRendererTest::theTopRowOfTheGridIsAtTheTop()
+{
+    LoupeRenderer view;
+    PixelGrid grid = uniformGrid(3, fromBytes(0, 0, 255));
+    grid[0] = {fromBytes(255, 0, 0), fromBytes(0, 255, 0), fromBytes(255, 255, 0)};
+    view.setPixels(grid);
+    const QImage& picture = view.render(mediumSquare, 1);
+    QCOMPARE(picture.pixel(20, 20), qRgb(255, 0, 0));
+    QCOMPARE(picture.pixel(65, 20), qRgb(0, 255, 0));
+    QCOMPARE(picture.pixel(110, 20), qRgb(255, 255, 0));
+    QCOMPARE(picture.pixel(20, 110), qRgb(0, 0, 255));
+}
+
+void LoupeRendererTest::anEmptyGridIsALightFieldWithLines()
+{
+    LoupeRenderer view;
+    const QImage& picture = view.render(mediumSquare, 1);
+    // 0.94 × 255 = 239.7. Cells of 8.2 from 3.5: the columns end at 12, 20, 28, 36, ...
+    const QRgb field = qRgb(240, 240, 240);
+    // A line of half a pixel at 0.13, drawn as a whole pixel: 240 × (1 − 0.065)
+    const QRgb line = qRgb(224, 224, 224);
+    const int y = 32;
+    QCOMPARE(picture.pixel(10, y), field);
+    QCOMPARE(picture.pixel(11, y), line);
+    QCOMPARE(picture.pixel(12, y), field);
+    QCOMPARE(picture.pixel(18, y), field);
+    QCOMPARE(picture.pixel(19, y), line);
+    QCOMPARE(picture.pixel(20, y), field);
+    // On the other half the lines mirror these.
+    QCOMPARE(picture.pixel(117, y), field);
+    QCOMPARE(picture.pixel(118, y), line);
+    QCOMPARE(picture.pixel(119, y), field);
+    // Where two lines cross they do not add up.
+    QCOMPARE(picture.pixel(19, 19), line);
+    QCOMPARE(picture.pixel(32, 11), line);
+}
+
+void LoupeRendererTest::theCenterCellIsOutlinedDarkThenLight()
+{
+    LoupeRenderer view;
+    view.setPixels(uniformGrid(15, fromBytes(200, 0, 0)));
+    const QImage& picture = view.render(mediumSquare, 1);
+    // The cell is 61 to 69. A dark line of 1.5 takes one pixel on either side of its edge, a light one the
+    // next pixel.
+    const QRgb dark = qRgb(13, 13, 13);
+    QCOMPARE(picture.pixel(65, 65), qRgb(200, 0, 0));
+    QCOMPARE(picture.pixel(62, 65), qRgb(200, 0, 0));
+    QCOMPARE(picture.pixel(61, 65), dark);
+    QCOMPARE(picture.pixel(60, 65), dark);
+    // White at 0.8 over the red
+    QCOMPARE(picture.pixel(59, 65), qRgb(244, 204, 204));
+    QCOMPARE(picture.pixel(58, 65), qRgb(200, 0, 0));
+    QCOMPARE(picture.pixel(67, 65), qRgb(200, 0, 0));
+    QCOMPARE(picture.pixel(68, 65), dark);
+    QCOMPARE(picture.pixel(69, 65), dark);
+    QCOMPARE(picture.pixel(70, 65), qRgb(244, 204, 204));
+    QCOMPARE(picture.pixel(71, 65), qRgb(200, 0, 0));
+    QCOMPARE(picture.pixel(65, 60), dark);
+    QCOMPARE(picture.pixel(65, 59), qRgb(244, 204, 204));
+    QCOMPARE(picture.pixel(65, 70), qRgb(244, 204, 204));
+}
+
+void LoupeRendererTest::aShortRowLeavesTheRestClear()
+{
+    const SampledColor color = fromBytes(10, 200, 30);
+    PixelGrid grid = uniformGrid(3, color);
+    grid[0].resize(1);
+    grid[2].clear();
+    LoupeRenderer view;
+    view.setPixels(grid);
+    const QImage& picture = view.render(mediumSquare, 1);
+    QCOMPARE(picture.pixel(20, 20), qRgb(10, 200, 30));
+    QCOMPARE(picture.pixel(110, 65), qRgb(10, 200, 30));
+    for (const QPoint missing : {QPoint(65, 20), QPoint(110, 20), QPoint(20, 110), QPoint(110, 110)}) {
+        // Only the ring's soft shadow is left there.
+        const QRgb pixel = reinterpret_cast<const QRgb*>(picture.constScanLine(missing.y()))[missing.x()];
+        QVERIFY(qAlpha(pixel) < 60);
+        QCOMPARE(pixel & 0xFFFFFF, 0U);
+    }
+}
+
+void LoupeRendererTest::aLongRowShowsOnlyWhatTheGridHasRoomFor()
+{
+    PixelGrid grid = uniformGrid(3, fromBytes(10, 200, 30));
+    LoupeRenderer view;
+    view.setPixels(grid);
+    const QImage expected = view.render(mediumSquare, 1).copy();
+    grid[1].push_back(fromBytes(255, 0, 0));
+    view.setPixels(grid);
+    QCOMPARE(view.render(mediumSquare, 1), expected);
+}
+
+void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough_data()
+{
+    QTest::addColumn<bool>("isCircle");
+    QTest::addColumn<double>("scale");
+    for (const bool isCircle : {false, true}) {
+        for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+            QTest::addRow("%s at %g", isCircle ? "circle" : "square", scale) << isCircle << scale;
+        }
+    }
+}
+
+void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough()
+{
+    QFETCH(const bool, isCircle);
+    QFETCH(const double, scale);
+    LoupeRenderer view;
+    view.setPixels(uniformGrid(15, fromBytes(255, 255, 255)));
+    const QImage& picture = view.render({.isCircle = isCircle, .side = 130}, scale);
+    const double middle = picture.width() / 2.0;
+    int shining = 0;
+    for (int y = 0; y < picture.width(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            const double dx = x + 0.5 - middle;
+            const double dy = y + 0.5 - middle;
+            // Inside the circle less an outermost pixel, which is antialiased against the screen.
+            if (dx * dx + dy * dy < (middle - 1.5) * (middle - 1.5) && qAlpha(row[x]) != 255) {
+                ++shining;
+            }
+        }
+    }
+    QCOMPARE(shining, 0);
+    // 0.07 × 255 = 17.85
+    const int y = picture.width() / 2;
+    for (int x = 0; x + 1 <= 3.5 * scale; ++x) {
+        if (x > 0 || !isCircle) {
+            QCOMPARE(picture.pixel(x, y), qRgb(18, 18, 18));
+        }
+    }
+}
+
+void LoupeRendererTest::aCircleLeavesItsCornersToTheScreen()
+{
+    LoupeRenderer view;
+    view.setPixels(uniformGrid(15, fromBytes(255, 255, 255)));
+    const QImage& picture = view.render(mediumCircle, 1);
+    // 10 pixels from both edges is outside a circle that touches them, and inside the square's rounded
+    // corner.
+    for (const QPoint corner : {QPoint(10, 10), QPoint(119, 10), QPoint(10, 119), QPoint(119, 119)}) {
+        QVERIFY(qAlpha(picture.pixel(corner)) < 100);
+    }
+    QCOMPARE(qAlpha(view.render(mediumSquare, 1).pixel(10, 10)), 255);
+}
+
+void LoupeRendererTest::theGapBetweenScopeAndPillHasOnlyShadow()
+{
+    LoupeRenderer view;
+    view.setPixels(uniformGrid(15, fromBytes(255, 255, 255)));
+    const QImage& picture = view.render(mediumSquare, 1);
+    for (int y = 130; y < 140; ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            QCOMPARE(row[x] & 0xFFFFFF, 0U);
+            QVERIFY(qAlpha(row[x]) < 80);
+        }
+        // The shadow falls downwards, so there is some below the ring.
+        QVERIFY(qAlpha(row[65]) > 10);
+    }
+}
+
+void LoupeRendererTest::textIsDarkOnLightAndLightOnDark()
+{
+    LoupeRenderer view;
+    view.setCenterColor(fromBytes(255, 255, 255));
+    const auto [darkest, paper] = rangeInPill(view.render(mediumSquare, 2), 2);
+    QCOMPARE(paper, 255);
+    // 0.08 at 0.95 over white is 32; thin strokes are a little lighter.
+    QVERIFY2(darkest < 60, qPrintable(QString::number(darkest)));
+
+    view.setCenterColor(fromBytes(0, 0, 0));
+    const auto [slate, lightest] = rangeInPill(view.render(mediumSquare, 2), 2);
+    QCOMPARE(slate, 0);
+    // White at 0.97 over black is 247.
+    QVERIFY2(lightest > 220, qPrintable(QString::number(lightest)));
+}
+
+void LoupeRendererTest::withoutACenterColorThePillIsLightGray()
+{
+    LoupeRenderer view;
+    view.setCenterColor(fromBytes(0, 0, 0));
+    view.setCenterColor(std::nullopt);
+    // 0.95 × 255 = 242.25
+    QCOMPARE(view.render(mediumSquare, 1).pixel(6, 160), qRgb(242, 242, 242));
+}
+
+void LoupeRendererTest::aFrameDoesNotDependOnTheFramesBefore()
+{
+    LoupeRenderer fresh;
+    fresh.setPixels(uniformGrid(15, fromBytes(1, 2, 3)));
+    fresh.setCenterColor(fromBytes(1, 2, 3));
+    const QImage expected = fresh.render(mediumSquare, 1).copy();
+
+    LoupeRenderer used;
+    used.setPixels(uniformGrid(31, fromBytes(200, 210, 220)));
+    used.setCenterColor(fromBytes(200, 210, 220));
+    used.render(mediumSquare, 1);
+    used.render(mediumCircle, 2);
+    used.setPixels({});
+    used.render(mediumSquare, 1);
+    used.setPixels(uniformGrid(15, fromBytes(1, 2, 3)));
+    used.setCenterColor(fromBytes(1, 2, 3));
+    QCOMPARE(used.render(mediumSquare, 1), expected);
+}
+
+int main(int argc, char* argv[])
+{
+    // The user's own preferences are neither read nor touched.
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const QGuiApplication application(argc, argv);
+    LoupeRendererTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "LoupeRendererTest.moc"

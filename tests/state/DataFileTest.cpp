@@ -1,0 +1,475 @@
+#include "DataFile.h"
+
+#include "PayloadCoding.h"
+
+#include "support/ForkedChild.h"
+#include "support/QuickTemporaryDir.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <array>
+#include <csignal>
+#include <ctime>
+#include <memory>
+#include <random>
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tintwick {
+
+namespace {
+
+constexpr uid_t nobody = 65534;
+
+/// A state that can be told from every other one; large ones and small ones follow each other.
+Payload stateNumber(int number)
+{
+    const QDateTime date(QDate(2025, 3, 14), QTime(9, 26, 53), Qt::UTC);
+    Payload payload;
+    const int colorCount = number % 3 == 0 ? 100 : number % 7;
+    for (int i = 0; i < colorCount; ++i) {
+        const QUuid id(static_cast<uint>(number), static_cast<ushort>(i), 0x4000, 0x80, 0, 0, 0, 0, 0, 0, 1);
+        payload.history.append(
+            {id, i / 100.0, 1.0 / (number + 1), 1.0 / 3, 1, date, QStringLiteral("Colour")});
+    }
+    payload.collections.append(
+        {QUuid(), QString::number(number), {}, date, QStringLiteral("paintpalette.fill")});
+    return payload;
+}
+
+void save(const Payload& payload)
+{
+    DataFile().save(payload.history, payload.collections, payload.defaultFormat);
+}
+
+/// The number of the state in the data file; -1 when the file does not hold exactly one of the numbered
+/// states.
+int savedNumber()
+{
+    const auto payload = DataFile().load();
+    if (!payload || payload->collections.size() != 1) {
+        return -1;
+    }
+    const int number = payload->collections.first().name.toInt();
+    return *payload == stateNumber(number) ? number : -1;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+mode_t modeOf(const QString& path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0;
+}
+
+/// Gives the calling process a view of the file systems of its own, so that what it mounts ends with it.
+bool enterOwnMounts()
+{
+    const int flags = ::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
+    return ::unshare(flags) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+/// Ends the calling process by SIGKILL after a delay, wherever it is then.
+void beKilledAfter(std::chrono::nanoseconds delay)
+{
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = SIGKILL;
+    timer_t timer{};
+    itimerspec time{};
+    time.it_value.tv_sec = delay.count() / 1'000'000'000;
+    time.it_value.tv_nsec = delay.count() % 1'000'000'000;
+    if (::timer_create(CLOCK_MONOTONIC, &event, &timer) != 0 ||
+        ::timer_settime(timer, 0, &time, nullptr) != 0) {
+        qFatal("No timer");
+    }
+}
+
+const QByteArray cannotMount = "no mounts of our own here";
+
+} // namespace
+
+class DataFileTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void theFirstSaveMakesThePrivateFolderAndFile();
+    void theFolderIsMadeBeforeReadingToo();
+    void existingFoldersKeepTheirMode();
+    void aSaveReplacesTheFileAndLeavesNothingBeside();
+    void aLeftOverTemporaryFileIsOverwritten();
+    void aLinkedFileStaysALink();
+    void whatCannotBeEncodedIsNotWritten();
+    void somethingThatIsNoFileIsNotRead();
+    void aFileLargerThanIsReadIsRefused();
+
+    void aKilledProcessLeavesTheOldStateOrTheNewOne();
+    void theSizeLimitOfTheProcessLeavesTheOldFileWhole_data();
+    void theSizeLimitOfTheProcessLeavesTheOldFileWhole();
+    void aFullDiskLeavesTheOldFileWhole();
+    void onAFullDiskASmallerStateStillReplacesTheOldOne();
+    void aFullDiskLeavesNoFileWhereNoneWas();
+    void aReadOnlyFileSystemLeavesTheOldFileWhole();
+    void inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace_data();
+    void inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace();
+    void anObstructedTemporaryFileDoesNotKeepFromSaving();
+
+private:
+    [[nodiscard]] QString folder() const { return m_dataHome->filePath(QStringLiteral("Tintwick")); }
+    [[nodiscard]] QString dataFile() const { return folder() + QStringLiteral("/data.json"); }
+    [[nodiscard]] QString temporaryFile() const { return folder() + QStringLiteral("/data.tmp.json"); }
+
+    std::unique_ptr<QTemporaryDir> m_dataHome;
+};
+
+void DataFileTest::init()
+{
+    m_dataHome = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
+}
+
+void DataFileTest::theFirstSaveMakesThePrivateFolderAndFile()
+{
+    const QString dataHome = m_dataHome->filePath(QStringLiteral("not/yet"));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome));
+    const mode_t mask = ::umask(0);
+    save(stateNumber(1));
+    ::umask(mask);
+    QCOMPARE(DataFile().fileURL(), QUrl::fromLocalFile(dataHome + QStringLiteral("/Tintwick/data.json")));
+    QCOMPARE(modeOf(m_dataHome->filePath(QStringLiteral("not"))), 0700U);
+    QCOMPARE(modeOf(dataHome), 0700U);
+    QCOMPARE(modeOf(dataHome + QStringLiteral("/Tintwick")), 0700U);
+    QCOMPARE(modeOf(dataHome + QStringLiteral("/Tintwick/data.json")), 0600U);
+    QCOMPARE(savedNumber(), 1);
+}
+
+void DataFileTest::theFolderIsMadeBeforeReadingToo()
+{
+    QVERIFY(!DataFile().load().has_value());
+    QVERIFY(QFileInfo(folder()).isDir());
+    QVERIFY(QDir(folder()).isEmpty());
+}
+
+void DataFileTest::existingFoldersKeepTheirMode()
+{
+    QVERIFY(QDir().mkdir(folder()));
+    QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0755) == 0);
+    save(stateNumber(1));
+    QCOMPARE(modeOf(folder()), 0755U);
+}
+
+void DataFileTest::aSaveReplacesTheFileAndLeavesNothingBeside()
+{
+    save(stateNumber(3));
+    QFile reader(dataFile());
+    QVERIFY(reader.open(QIODevice::ReadOnly));
+    save(stateNumber(4));
+    // Who has the old file open still reads all of it: the new one took its name, not its place.
+    QCOMPARE(decodePayload(reader.readAll()), stateNumber(3));
+    QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(4)));
+    QCOMPARE(QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{QStringLiteral("data.json")});
+}
+
+void DataFileTest::aLeftOverTemporaryFileIsOverwritten()
+{
+    save(stateNumber(1));
+    QFile leftOver(temporaryFile());
+    QVERIFY(leftOver.open(QIODevice::WriteOnly));
+    leftOver.write(QByteArray(100'000, 'x'));
+    leftOver.close();
+    QVERIFY(leftOver.setPermissions(QFile::ReadOwner | QFile::ReadOther));
+    save(stateNumber(2));
+    QCOMPARE(savedNumber(), 2);
+    QCOMPARE(modeOf(dataFile()), 0600U);
+    QVERIFY(!QFile::exists(temporaryFile()));
+}
+
+void DataFileTest::aLinkedFileStaysALink()
+{
+    const QString elsewhere = m_dataHome->filePath(QStringLiteral("dotfiles"));
+    QVERIFY(QDir().mkpath(elsewhere));
+    QVERIFY(QDir().mkpath(folder()));
+    const QString linked = elsewhere + QStringLiteral("/colours.json");
+    QVERIFY(QFile(linked).open(QIODevice::WriteOnly));
+    QVERIFY(QFile::link(linked, dataFile()));
+
+    save(stateNumber(3));
+    QVERIFY(QFileInfo(dataFile()).isSymLink());
+    QCOMPARE(contentOf(linked), *encodePayload(stateNumber(3)));
+    QCOMPARE(savedNumber(), 3);
+    QCOMPARE(QDir(elsewhere).entryList(QDir::Files), QStringList{QStringLiteral("colours.json")});
+}
+
+void DataFileTest::whatCannotBeEncodedIsNotWritten()
+{
+    save(stateNumber(3));
+    Payload payload = stateNumber(6);
+    payload.history.first().red = std::numeric_limits<double>::infinity();
+    save(payload);
+    QCOMPARE(savedNumber(), 3);
+}
+
+void DataFileTest::somethingThatIsNoFileIsNotRead()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    QVERIFY(::mkfifo(QFile::encodeName(dataFile()).constData(), 0600) == 0);
+    QVERIFY(!DataFile().load().has_value());
+    QVERIFY(QFile::remove(dataFile()));
+    QVERIFY(QDir().mkdir(dataFile()));
+    QVERIFY(!DataFile().load().has_value());
+}
+
+void DataFileTest::aFileLargerThanIsReadIsRefused()
+{
+    const QByteArray text = *encodePayload(stateNumber(1));
+    save(stateNumber(1));
+    QFile file(dataFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text.leftJustified(largestPayload, ' '));
+    file.flush();
+    QCOMPARE(savedNumber(), 1);
+    file.write(" ");
+    file.close();
+    QVERIFY(!DataFile().load().has_value());
+}
+
+void DataFileTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
+{
+    constexpr int kills = 600;
+    m_dataHome = testing::quickTemporaryDir();
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
+    save(stateNumber(0));
+
+    // The moments of the kills are spread over a few saves, however fast the machine is.
+    QElapsedTimer elapsed;
+    elapsed.start();
+    for (int i = 0; i < 10; ++i) {
+        save(stateNumber(0));
+    }
+    const std::chrono::nanoseconds saveTime(elapsed.nsecsElapsed() / 10);
+
+    std::mt19937 random(20250314);
+    std::uniform_real_distribution<double> saves(0.0, 3.0);
+    int current = 0;
+    int interrupted = 0;
+    for (int kill = 0; kill < kills; ++kill) {
+        const auto delay = std::chrono::duration_cast<std::chrono::nanoseconds>(saveTime * saves(random)) +
+                           std::chrono::microseconds(1);
+        std::array<int, 2> finished{};
+        QVERIFY(::pipe(finished.data()) == 0);
+        const auto end = testing::runInChild([&]() -> QByteArray {
+            beKilledAfter(delay);
+            for (int number = current + 1;; ++number) {
+                save(stateNumber(number));
+                if (::write(finished[1], &number, sizeof number) != sizeof number) {
+                    return {};
+                }
+            }
+        });
+        ::close(finished[1]);
+        int lastFinished = current;
+        while (::read(finished[0], &lastFinished, sizeof lastFinished) == sizeof lastFinished) {
+        }
+        ::close(finished[0]);
+        QCOMPARE(end.signal, SIGKILL);
+
+        const int found = savedNumber();
+        QVERIFY2(found == lastFinished || found == lastFinished + 1,
+                 qPrintable(QStringLiteral("found %1 after %2").arg(found).arg(lastFinished)));
+        interrupted += QFile::exists(temporaryFile()) ? 1 : 0;
+        current = found;
+    }
+    qInfo("%d of %d kills hit a save with its temporary file half written", interrupted, kills);
+}
+
+void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole_data()
+{
+    QTest::addColumn<rlim_t>("limit");
+    const auto size = static_cast<rlim_t>(encodePayload(stateNumber(6))->size());
+    QTest::newRow("nothing") << rlim_t(0);
+    QTest::newRow("a part") << rlim_t(size / 2);
+    QTest::newRow("all but one byte") << size - 1;
+}
+
+void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
+{
+    QFETCH(rlim_t, limit);
+    save(stateNumber(3));
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        const rlimit sizes{limit, limit};
+        if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0) {
+            return "no limit";
+        }
+        save(stateNumber(6));
+        return "alive";
+    });
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, QByteArray("alive"));
+    QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(3)));
+}
+
+void DataFileTest::aFullDiskLeavesTheOldFileWhole()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        if (!enterOwnMounts() ||
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
+            return cannotMount;
+        }
+        save(stateNumber(4));
+        QFile filler(folder() + QStringLiteral("/filler"));
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+            return "no filler";
+        }
+        while (filler.write(QByteArray(4096, 'x')) == 4096) {
+        }
+        save(stateNumber(6));
+        return contentOf(dataFile());
+    });
+    if (end.report == cannotMount) {
+        QSKIP(cannotMount.constData());
+    }
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, *encodePayload(stateNumber(4)));
+}
+
+void DataFileTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        if (!enterOwnMounts() ||
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
+            return cannotMount;
+        }
+        save(stateNumber(6));
+        QFile filler(folder() + QStringLiteral("/filler"));
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+            return "no filler";
+        }
+        while (filler.write(QByteArray(4096, 'x')) == 4096) {
+        }
+        save(stateNumber(4));
+        return contentOf(dataFile());
+    });
+    if (end.report == cannotMount) {
+        QSKIP(cannotMount.constData());
+    }
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, *encodePayload(stateNumber(4)));
+}
+
+void DataFileTest::aFullDiskLeavesNoFileWhereNoneWas()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        if (!enterOwnMounts() ||
+            ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=8k,mode=0700") != 0) {
+            return cannotMount;
+        }
+        save(stateNumber(3));
+        return QDir(folder()).entryList(QDir::Files | QDir::Hidden).join(u' ').toUtf8();
+    });
+    if (end.report == cannotMount) {
+        QSKIP(cannotMount.constData());
+    }
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, QByteArray());
+}
+
+void DataFileTest::aReadOnlyFileSystemLeavesTheOldFileWhole()
+{
+    save(stateNumber(3));
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        const QByteArray path = QFile::encodeName(folder());
+        if (!enterOwnMounts() ||
+            ::mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) != 0 ||
+            ::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) != 0) {
+            return cannotMount;
+        }
+        save(stateNumber(6));
+        return contentOf(dataFile());
+    });
+    if (end.report == cannotMount) {
+        QSKIP(cannotMount.constData());
+    }
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, *encodePayload(stateNumber(3)));
+}
+
+void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::newRow("longer") << 4 << 6;
+    QTest::newRow("shorter") << 6 << 4;
+    QTest::newRow("of the same length") << 4 << 11;
+}
+
+void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
+{
+    QFETCH(int, before);
+    QFETCH(int, after);
+    save(stateNumber(before));
+    const QByteArray home = QFile::encodeName(m_dataHome->path());
+    const QByteArray path = QFile::encodeName(folder());
+    const auto end = testing::runInChild([&]() -> QByteArray {
+        // Permissions mean nothing to root.
+        if (::geteuid() == 0) {
+            const QByteArray file = QFile::encodeName(dataFile());
+            for (const QByteArray& owned : {home, path, file}) {
+                if (::chown(owned.constData(), nobody, nobody) != 0) {
+                    return "no other owner";
+                }
+            }
+            if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) {
+                return "no other user";
+            }
+            ::prctl(PR_SET_DUMPABLE, 1);
+        }
+        if (::chmod(path.constData(), 0500) != 0) {
+            return "no protection";
+        }
+        if (::open((path + "/new").constData(), O_CREAT | O_WRONLY, 0600) >= 0) {
+            return "the folder takes files";
+        }
+        save(stateNumber(after));
+        return contentOf(dataFile());
+    });
+    ::chmod(path.constData(), 0700);
+    QCOMPARE(end.signal, 0);
+    QCOMPARE(end.report, *encodePayload(stateNumber(after)));
+}
+
+void DataFileTest::anObstructedTemporaryFileDoesNotKeepFromSaving()
+{
+    QVERIFY(QDir().mkpath(temporaryFile()));
+    save(stateNumber(1));
+    QCOMPARE(savedNumber(), 1);
+    QCOMPARE(modeOf(dataFile()), 0600U);
+    for (const int number : {6, 4, 9}) {
+        save(stateNumber(number));
+        QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(number)));
+    }
+}
+
+} // namespace tintwick
+
+QTEST_GUILESS_MAIN(tintwick::DataFileTest)
+#include "DataFileTest.moc"

@@ -1,0 +1,530 @@
+#include "PanelView.h"
+
+#include "Appearance.h"
+#include "Button.h"
+#include "Clickable.h"
+#include "CollectionDetailView.h"
+#include "CollectionRowCard.h"
+#include "CopiedPill.h"
+#include "HistoryDetailView.h"
+#include "Overlay.h"
+#include "ScrollArea.h"
+#include "ui/OwnHomeMain.h"
+#include "ui/PanelFixture.h"
+#include "ui/Probes.h"
+
+#include <QAccessible>
+#include <QScrollBar>
+#include <QSettings>
+
+using namespace tintwick;
+using tintwick::test::PanelFixture;
+
+class PanelViewTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void theAppearanceButtonTellsAndCycles_data();
+    void theAppearanceButtonTellsAndCycles();
+    void autoFollowsTheDesktop();
+    void autoFollowsThePaletteWhereTheDesktopSaysNothing();
+    void aChosenAppearanceDoesNot();
+    void onALowScreenThePageEndsWithThePanel();
+    void thePillComesWithACopyAndFadesAway();
+    void thePillLeavesTheAppearanceButtonWhereItIs();
+    void seeAllOpensTheHistoryAndTheTitleLeadsBack();
+    void aCardOpensItsCollection();
+    void aSelectionOfNothingShowsTheDashboard();
+    void aCollectionThatIsDeletedGivesWayToTheDashboard();
+    void theGearOpensTheSettingsAndDoneClosesThem();
+    void theSettingsComeBackToWhereTheyWereOpened();
+    void whoOnlyClicksSeesNoFocusRing();
+    void thePillIsNotInTheSettings();
+    void aLongNameLeavesTheButtonsTheirPlace();
+    void altLeftLeadsBack();
+    void theHeaderFadesFromOneScreenToTheOther();
+    void theTitleOfADeletedCollectionIsPalette();
+    void aNameOfSeveralLinesIsATitleOfOne();
+    void everyControlTellsItsNameAndRole_data();
+    void everyControlTellsItsNameAndRole();
+    void theKeyboardGoesAlongAndComesBack_data();
+    void theKeyboardGoesAlongAndComesBack();
+    void aClickLeavesNoFocusRing();
+    void nothingHasTheFocusUntilTabIsPressed();
+
+private:
+    static QAbstractButton* button(const PanelFixture& panel, const QString& name);
+    static QAbstractButton* toggle(const PanelFixture& panel);
+};
+
+namespace {
+
+const QString key = QStringLiteral("colorSchemePref");
+
+QRgb ground(const PanelFixture& panel)
+{
+    return panel.picture().pixel(5, 300);
+}
+
+constexpr QRgb light = qRgb(0xF5, 0xF5, 0xF7);
+constexpr QRgb dark = qRgb(0x1F, 0x1F, 0x23);
+
+} // namespace
+
+QAbstractButton* PanelViewTest::button(const PanelFixture& panel, const QString& name)
+{
+    panel.settle();
+    for (auto* candidate : panel.view->findChildren<QAbstractButton*>()) {
+        if (candidate->accessibleName() == name && candidate->isVisible()) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+QAbstractButton* PanelViewTest::toggle(const PanelFixture& panel)
+{
+    for (auto* candidate : panel.view->findChildren<PlainButton*>()) {
+        if (candidate->accessibleName().startsWith(QStringLiteral("Appearance"))) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+void PanelViewTest::init()
+{
+    QSettings().clear();
+}
+
+void PanelViewTest::theAppearanceButtonTellsAndCycles_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("help");
+    QTest::addColumn<QString>("next");
+    const auto help = [](const char* current) {
+        return QStringLiteral("Appearance: %1 — click to cycle").arg(QLatin1StringView(current));
+    };
+    QTest::newRow("auto") << QStringLiteral("auto") << help("Auto") << QStringLiteral("light");
+    QTest::newRow("light") << QStringLiteral("light") << help("Light") << QStringLiteral("dark");
+    QTest::newRow("dark") << QStringLiteral("dark") << help("Dark") << QStringLiteral("auto");
+    QTest::newRow("unknown") << QStringLiteral("sepia") << help("Auto") << QStringLiteral("light");
+    QTest::newRow("another case") << QStringLiteral("Dark") << help("Auto") << QStringLiteral("light");
+}
+
+void PanelViewTest::theAppearanceButtonTellsAndCycles()
+{
+    QFETCH(const QString, stored);
+    QFETCH(const QString, help);
+    QFETCH(const QString, next);
+    QSettings().setValue(key, stored);
+    const PanelFixture panel;
+    QCOMPARE(toggle(panel)->toolTip(), help);
+    QTest::mouseClick(toggle(panel), Qt::LeftButton);
+    QCOMPARE(QSettings().value(key).toString(), next);
+}
+
+void PanelViewTest::autoFollowsTheDesktop()
+{
+    const PanelFixture panel;
+    QCOMPARE(ground(panel), light);
+    panel.view->setSystemScheme(Scheme::Dark);
+    QCOMPARE(ground(panel), dark);
+    panel.view->setSystemScheme(Scheme::Light);
+    QCOMPARE(ground(panel), light);
+}
+
+void PanelViewTest::autoFollowsThePaletteWhereTheDesktopSaysNothing()
+{
+    const QPalette before = QApplication::palette();
+    const PanelFixture panel;
+    // As in the program, where the window is another widget.
+    QWidget window;
+    panel.view->setParent(&window);
+    window.show();
+    panel.view->show();
+    panel.view->setSystemScheme(std::nullopt);
+    QPalette night = before;
+    night.setColor(QPalette::Window, QColor(30, 30, 30));
+    night.setColor(QPalette::WindowText, QColor(220, 220, 220));
+    QApplication::setPalette(night);
+    const QRgb atNight = ground(panel);
+    QApplication::setPalette(before);
+    const QRgb byDay = ground(panel);
+    panel.view->setParent(nullptr);
+    QCOMPARE(atNight, dark);
+    QCOMPARE(byDay, light);
+}
+
+void PanelViewTest::onALowScreenThePageEndsWithThePanel()
+{
+    PanelFixture panel;
+    for (int i = 0; i < 3; ++i) {
+        panel.state.createCollection(QString::number(i));
+    }
+    const auto* page = panel.dashboard().findChild<ScrollArea*>();
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 580));
+    panel.view->resize(380, 300);
+    panel.settle();
+    QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 300));
+    QVERIFY(page->verticalScrollBar()->maximum() > 0);
+}
+
+void PanelViewTest::aChosenAppearanceDoesNot()
+{
+    QSettings().setValue(key, QStringLiteral("dark"));
+    const PanelFixture panel;
+    QCOMPARE(ground(panel), dark);
+    panel.view->setSystemScheme(Scheme::Dark);
+    panel.view->setSystemScheme(Scheme::Light);
+    QCOMPARE(ground(panel), dark);
+    QTest::mouseClick(toggle(panel), Qt::LeftButton);
+    QCOMPARE(ground(panel), light);
+}
+
+void PanelViewTest::thePillComesWithACopyAndFadesAway()
+{
+    PanelFixture panel;
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    panel.settle();
+    QVERIFY(!pill->isVisible());
+
+    panel.capture(0x3B82F6);
+    QVERIFY(pill->isVisible());
+    panel.settle();
+    QVERIFY(pill->isVisible());
+
+    panel.letFeedbackEnd();
+    Ticker::shared().advance(0.09);
+    QVERIFY(pill->isVisible());
+    Ticker::shared().advance(0.1);
+    QVERIFY(!pill->isVisible());
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void PanelViewTest::thePillLeavesTheAppearanceButtonWhereItIs()
+{
+    PanelFixture panel;
+    panel.settle();
+    const QRect before(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size());
+    QCOMPARE(before, QRect(296, 10, 30, 30));
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QCOMPARE(QRect(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size()), before);
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 296 - 10);
+}
+
+void PanelViewTest::seeAllOpensTheHistoryAndTheTitleLeadsBack()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    QVERIFY(panel.dashboard().isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
+    QVERIFY(panel.view->currentScreen().isVisible());
+    QVERIFY(!panel.dashboard().isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
+    QVERIFY(panel.dashboard().isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Back from All History")));
+}
+
+void PanelViewTest::aCardOpensItsCollection()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Sea"));
+    panel.state.createCollection(QStringLiteral("Sand"));
+    panel.settle();
+    QTest::mouseClick(panel.dashboard().cards()[1], Qt::LeftButton);
+    QVERIFY(qobject_cast<CollectionDetailView*>(&panel.view->currentScreen()));
+    QVERIFY(button(panel, QStringLiteral("Back from Sand")));
+}
+
+void PanelViewTest::aSelectionOfNothingShowsTheDashboard()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(QUuid::createUuid());
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
+    QVERIFY(button(panel, QStringLiteral("Back from Palette")));
+}
+
+void PanelViewTest::aCollectionThatIsDeletedGivesWayToTheDashboard()
+{
+    PanelFixture panel;
+    const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
+    panel.view->setSelectedCollectionId(sea.id);
+    panel.settle();
+    panel.state.deleteCollection(sea.id);
+    panel.settle();
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void PanelViewTest::theGearOpensTheSettingsAndDoneClosesThem()
+{
+    const PanelFixture panel;
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(&panel.view->currentScreen() != &panel.dashboard());
+    QVERIFY(!panel.dashboard().isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Settings")));
+    QVERIFY(!toggle(panel)->isVisible());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.dashboard().isVisible());
+    QVERIFY(toggle(panel)->isVisible());
+    QVERIFY(!button(panel, QStringLiteral("Done")));
+}
+
+void PanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    panel.view->setShowingSettings(true);
+    QVERIFY(!button(panel, QStringLiteral("Back from All History")));
+    panel.view->setShowingSettings(false);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
+    QVERIFY(button(panel, QStringLiteral("Back from All History")));
+}
+
+void PanelViewTest::whoOnlyClicksSeesNoFocusRing()
+{
+    const PanelFixture panel;
+    const auto showsRing = [&] {
+        const auto* focused = dynamic_cast<const Clickable*>(panel.view->focusWidget());
+        return focused != nullptr && focused->showsFocusRing();
+    };
+    toggle(panel)->setFocus(Qt::ActiveWindowFocusReason);
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!showsRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(panel.view->focusWidget());
+    QVERIFY(!showsRing());
+
+    button(panel, QStringLiteral("Settings"))->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button(panel, QStringLiteral("Settings")), Qt::Key_Return);
+    QVERIFY(showsRing());
+}
+
+void PanelViewTest::thePillIsNotInTheSettings()
+{
+    PanelFixture panel;
+    panel.view->setShowingSettings(true);
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QVERIFY(!panel.view->findChild<CopiedPill*>()->isVisible());
+    panel.view->setShowingSettings(false);
+    panel.settle();
+    QVERIFY(panel.view->findChild<CopiedPill*>()->isVisible());
+}
+
+void PanelViewTest::aLongNameLeavesTheButtonsTheirPlace()
+{
+    PanelFixture panel;
+    const QString name = QStringLiteral("Everything that was ever picked in the long summer by the sea");
+    const ColorCollection collection = panel.state.createCollection(name);
+    panel.view->setSelectedCollectionId(collection.id);
+    panel.capture(0x3B82F6);
+    panel.settle();
+    QCOMPARE(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), QPoint(296, 10));
+    QCOMPARE(button(panel, QStringLiteral("Settings"))->mapTo(panel.view.get(), QPoint(0, 0)),
+             QPoint(336, 10));
+    const QAbstractButton* back = button(panel, QStringLiteral("Back from ") + name);
+    QCOMPARE(back->mapTo(panel.view.get(), QPoint(0, 0)).x(), 14);
+    QCOMPARE(back->toolTip(), name);
+    const auto* pill = panel.view->findChild<CopiedPill*>();
+    QVERIFY(back->mapTo(panel.view.get(), QPoint(back->width(), 0)).x() <=
+            pill->mapTo(panel.view.get(), QPoint(0, 0)).x() - 10);
+}
+
+void PanelViewTest::altLeftLeadsBack()
+{
+    const PanelFixture panel;
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    panel.view->setShowingSettings(true);
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void PanelViewTest::theHeaderFadesFromOneScreenToTheOther()
+{
+    const PanelFixture panel;
+    const auto header = [&panel] { return panel.view->grab(QRect(0, 0, 380, 50)).toImage(); };
+    panel.settle();
+    const QImage before = header();
+    panel.view->setShowingSettings(true);
+    QApplication::processEvents();
+    QCOMPARE(header(), before);
+    Ticker::shared().advance(0.09);
+    const QImage between = header();
+    panel.settle();
+    const QImage after = header();
+    QVERIFY(between != before);
+    QVERIFY(between != after);
+    QVERIFY(after != before);
+    QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void PanelViewTest::theTitleOfADeletedCollectionIsPalette()
+{
+    PanelFixture panel;
+    const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
+    panel.view->setSelectedCollectionId(sea.id);
+    QVERIFY(button(panel, QStringLiteral("Back from Sea")));
+    panel.state.deleteCollection(sea.id);
+    QVERIFY(button(panel, QStringLiteral("Back from Palette")));
+}
+
+void PanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
+{
+    PanelFixture panel;
+    const ColorCollection collection = panel.state.createCollection(QStringLiteral("Sea\nand\tsand"));
+    panel.view->setSelectedCollectionId(collection.id);
+    const QAbstractButton* back = button(panel, QStringLiteral("Back from Sea and sand"));
+    QVERIFY(back);
+    QVERIFY(back->height() < 30);
+    QCOMPARE(tintwick::test::visibleTexts(panel.view->currentScreen()).first(),
+             QStringLiteral("Sea and sand"));
+}
+
+void PanelViewTest::everyControlTellsItsNameAndRole_data()
+{
+    QTest::addColumn<int>("colors");
+    QTest::addColumn<int>("collections");
+    QTest::addColumn<QString>("screen");
+    QTest::addColumn<int>("controls");
+    // The appearance and the settings are on every screen, and the way back on all but the first.
+    QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 2 + 2;
+    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1;
+    QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
+    QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
+    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3;
+    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3;
+    QTest::newRow("the sheet of a new palette") << 1 << 0 << QStringLiteral("sheet") << 2;
+}
+
+void PanelViewTest::everyControlTellsItsNameAndRole()
+{
+    QFETCH(const int, colors);
+    QFETCH(const int, collections);
+    QFETCH(const QString, screen);
+    QFETCH(const int, controls);
+    PanelFixture panel;
+    for (int i = 0; i < collections; ++i) {
+        panel.state.createCollection(QStringLiteral("Palette %1").arg(i));
+    }
+    for (int i = 0; i < colors; ++i) {
+        const CapturedColor color = panel.capture(0x3B82F6U + static_cast<unsigned>(i));
+        if (collections > 0) {
+            panel.state.addColor(color.id, panel.state.collections().first().id);
+        }
+    }
+    if (screen == u"history") {
+        panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    } else if (screen == u"palette") {
+        panel.view->setSelectedCollectionId(panel.state.collections().first().id);
+    } else if (screen == u"sheet") {
+        panel.dashboard().openNewPaletteSheet();
+    }
+    panel.settle();
+
+    const QList<QWidget*> reached = tintwick::test::reachedByTab(*panel.view);
+    QCOMPARE(reached.size(), controls);
+    int lowest = 0;
+    for (QWidget* control : reached) {
+        auto* known = QAccessible::queryAccessibleInterface(control);
+        QVERIFY(!known->text(QAccessible::Name).isEmpty());
+        const QList<QAccessible::Role> roles{QAccessible::Button, QAccessible::ButtonMenu,
+                                             QAccessible::EditableText};
+        QVERIFY2(roles.contains(known->role()), qPrintable(known->text(QAccessible::Name)));
+        if (screen == u"sheet") {
+            continue;
+        }
+        // In reading order: what is on a line of its own is below what came before.
+        const QRect place = tintwick::test::placeIn(*panel.view, *control);
+        QVERIFY2(place.bottom() > lowest, qPrintable(known->text(QAccessible::Name)));
+        lowest = place.top();
+    }
+}
+
+void PanelViewTest::theKeyboardGoesAlongAndComesBack_data()
+{
+    QTest::addColumn<QString>("opener");
+    QTest::addColumn<QString>("there");
+    QTest::newRow("the history") << QStringLiteral("Recent History, See all")
+                                 << QStringLiteral("Back from All History");
+    QTest::newRow("a palette") << QStringLiteral("Sea, 0 Colors") << QStringLiteral("Back from Sea");
+    QTest::newRow("the settings") << QStringLiteral("Settings") << QString();
+}
+
+void PanelViewTest::theKeyboardGoesAlongAndComesBack()
+{
+    QFETCH(const QString, opener);
+    QFETCH(const QString, there);
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.state.createCollection(QStringLiteral("Sea"));
+    auto* control = button(panel, opener);
+    control->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(control, Qt::Key_Return);
+    panel.settle();
+    QVERIFY(!panel.dashboard().isVisible());
+    if (!there.isEmpty()) {
+        QCOMPARE(panel.view->focusWidget(), button(panel, there));
+        QVERIFY(Clickable::showsFocusRing(panel.view->focusWidget()));
+    }
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    panel.settle();
+    QVERIFY(panel.dashboard().isVisible());
+    QCOMPARE(panel.view->focusWidget(), control);
+    QVERIFY(Clickable::showsFocusRing(control));
+}
+
+void PanelViewTest::aClickLeavesNoFocusRing()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    const auto hasRing = [&panel] {
+        panel.settle();
+        return Clickable::showsFocusRing(panel.view->focusWidget());
+    };
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    // As the settings do, which take what is typed.
+    panel.view->currentScreen().setFocus();
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Recent History, See all")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
+    panel.view->currentScreen().setFocus();
+    QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
+    QVERIFY(!hasRing());
+    // Keys are heard all the same.
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    QVERIFY(panel.view->focusWidget());
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(panel.dashboard().isVisible());
+}
+
+void PanelViewTest::nothingHasTheFocusUntilTabIsPressed()
+{
+    const PanelFixture panel;
+    QCOMPARE(panel.view->focusWidget(), panel.view.get());
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Space);
+    QVERIFY(!QSettings().contains(key));
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(panel.view->focusWidget(), toggle(panel));
+}
+
+int main(int argc, char** argv)
+{
+    return tintwick::test::runWithOwnHome<PanelViewTest>(argc, argv);
+}
+#include "PanelViewTest.moc"

@@ -1,0 +1,693 @@
+#include "SettingsScreen.h"
+
+#include "Button.h"
+#include "ColorPickerService.h"
+#include "DataSettingsTab.h"
+#include "PopUpPicker.h"
+#include "ScreenCaptureService.h"
+#include "SegmentedPicker.h"
+#include "SettingsWindow.h"
+#include "ShortcutRecorder.h"
+#include "support/TestPictures.h"
+#include "ui/OwnHomeMain.h"
+#include "ui/settings/SettingsFixture.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QWindow>
+
+using namespace tintwick;
+using namespace tintwick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Takes the place of the desktop's programs that open addresses.
+class AddressOpener final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AddressOpener(const QString& scheme)
+        : m_scheme(scheme)
+    {
+        QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+    ~AddressOpener() override { QDesktopServices::unsetUrlHandler(m_scheme); }
+
+    QList<QUrl> opened;
+
+public Q_SLOTS:
+    void open(const QUrl& address) { opened.append(address); }
+
+private:
+    QString m_scheme;
+};
+
+/// The keys that reach a window, or pass through it.
+class KeysSeen final : public QObject
+{
+public:
+    explicit KeysSeen(QWidget& window) { window.installEventFilter(this); }
+
+    QList<int> keys;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            keys.append(static_cast<QKeyEvent*>(event)->key());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+/// What a program that starts now would read.
+QJsonObject storedData()
+{
+    QFile file(qEnvironmentVariable("XDG_DATA_HOME") + u"/Tintwick/data.json"_s);
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+void click(QWidget* widget)
+{
+    QVERIFY(widget != nullptr);
+    // On the window, as the desktop delivers it: the place in the window is right too.
+    QWidget* window = widget->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      widget->mapTo(window, widget->rect().center()));
+}
+
+} // namespace
+
+class SettingsScreenTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void generalIsShownFirst();
+    void theTabsAreSwitchedByPointerAndKeys();
+    void allIsSaidInOrder_data();
+    void allIsSaidInOrder();
+    void nothingIsCutOff_data();
+    void nothingIsCutOff();
+    void tabGoesFromTopToBottom();
+    void itTakesTheKeysWhenItComes();
+    void escapeIsLeftToThePanel();
+
+    void theTabShowsWhatIsStored_data();
+    void theTabShowsWhatIsStored();
+    void aChoiceIsStoredAtOnce_data();
+    void aChoiceIsStoredAtOnce();
+    void theNextPickHasTheZoomAndTheSize();
+    void aZoomThatIsNotOfferedIsStillTheNextPicks();
+
+    void aRecordedShortcutIsStoredAndTaken();
+    void theFormatIsChosenAndKept();
+    void theFormatFollowsTheState();
+
+    void thePermissionIsTold_data();
+    void thePermissionIsTold();
+    void aRevokedPermissionIsSeenAtTheNextDrawing();
+    void theButtonOpensTheSystemSettings();
+
+    void theCountFollowsTheHistory();
+    void clearIsDoneAtOnce();
+    void allHistoryIsExported_data();
+    void allHistoryIsExported();
+    void anEmptyHistoryHasNoPicture();
+
+    void theVersionIsTheBuilds();
+    void theCreditLinksToThePage();
+    void withoutAPageThereIsNoLink();
+    void thePageIsTheFirstThatExists_data();
+    void thePageIsTheFirstThatExists();
+    void thePageIsThere();
+
+    void theWindowPointsToThePanel();
+    void theWindowWearsWhatThePanelWears();
+};
+
+void SettingsScreenTest::init()
+{
+    QSettings().clear();
+}
+
+void SettingsScreenTest::generalIsShownFirst()
+{
+    SettingsFixture fixture;
+    QCOMPARE(fixture.selected(u"Tab"_s), u"General"_s);
+    QVERIFY(fixture.texts().contains(u"Copy Format"_s));
+    fixture.view->setTab(SettingsTab::Data);
+    fixture.open();
+    QCOMPARE(fixture.selected(u"Tab"_s), u"General"_s);
+    QCOMPARE(fixture.view->tab(), SettingsTab::General);
+}
+
+void SettingsScreenTest::theTabsAreSwitchedByPointerAndKeys()
+{
+    const SettingsFixture fixture;
+    click(fixture.segment(u"Tab"_s, u"Data"_s));
+    SettingsFixture::settle();
+    QVERIFY(fixture.texts().contains(u"Export All History"_s));
+    QVERIFY(!fixture.texts().contains(u"Copy Format"_s));
+
+    fixture.segment(u"Tab"_s, u"Data"_s)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Left);
+    SettingsFixture::settle();
+    QVERIFY(fixture.texts().contains(u"Copy Format"_s));
+    QVERIFY(!fixture.texts().contains(u"Export All History"_s));
+    QVERIFY(fixture.segment(u"Tab"_s, u"General"_s)->hasFocus());
+}
+
+void SettingsScreenTest::allIsSaidInOrder_data()
+{
+    QTest::addColumn<SettingsTab>("tab");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("General") << SettingsTab::General
+                             << QStringList{u"Keyboard Shortcuts"_s,
+                                            u"Activate Picker"_s,
+                                            u"Open Main Window"_s,
+                                            u"Scope / Magnifier"_s,
+                                            u"Shape"_s,
+                                            u"Scope Size"_s,
+                                            u"Default Zoom"_s,
+                                            u"Copy Format"_s,
+                                            u"Default Format"_s,
+                                            u"HEX"_s,
+                                            u"Screen Recording"_s,
+                                            u"Permission"_s,
+                                            u"Granted"_s,
+                                            u"Required to sample screen colors"_s};
+    QTest::newRow("Data") << SettingsTab::Data
+                          << QStringList{u"History"_s,
+                                         u"Colors saved"_s,
+                                         u"0 / 100"_s,
+                                         u"Clear all history"_s,
+                                         u"Export All History"_s,
+                                         u"CSS"_s,
+                                         u"JSON"_s,
+                                         u"PNG"_s,
+                                         u"About"_s,
+                                         u"Version"_s,
+                                         u"1.0.0"_s,
+                                         u"Made by the Tintwick developers"_s,
+                                         u"Read Me"_s};
+}
+
+void SettingsScreenTest::allIsSaidInOrder()
+{
+    QFETCH(const SettingsTab, tab);
+    const SettingsFixture fixture(tab);
+    QTEST(fixture.texts(), "texts");
+}
+
+void SettingsScreenTest::nothingIsCutOff_data()
+{
+    QTest::addColumn<SettingsTab>("tab");
+    QTest::addColumn<bool>("isPermitted");
+    QTest::newRow("General") << SettingsTab::General << true;
+    QTest::newRow("General, not permitted") << SettingsTab::General << false;
+    QTest::newRow("Data") << SettingsTab::Data << true;
+}
+
+void SettingsScreenTest::nothingIsCutOff()
+{
+    QFETCH(const SettingsTab, tab);
+    QFETCH(const bool, isPermitted);
+    SettingsFixture fixture(tab);
+    fixture.capture(100);
+    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
+    fixture.platform.grabber.isPermitted = isPermitted;
+    fixture.draw();
+    // All of it is seen without scrolling.
+    const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
+    for (const QWidget* each : fixture.view->findChildren<QWidget*>()) {
+        if (qobject_cast<const Label*>(each) == nullptr &&
+            qobject_cast<const QAbstractButton*>(each) == nullptr) {
+            continue;
+        }
+        QVERIFY2(each->width() >= each->minimumSizeHint().width() &&
+                     each->width() >= each->sizeHint().width(),
+                 qPrintable(each->accessibleName()));
+        QVERIFY2(room.contains(QRect(each->mapTo(&fixture.panel, QPoint()), each->size())),
+                 qPrintable(each->accessibleName()));
+    }
+}
+
+void SettingsScreenTest::tabGoesFromTopToBottom()
+{
+    const SettingsFixture fixture;
+    QStringList order;
+    fixture.segment(u"Tab"_s, u"General"_s)->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 8; ++i) {
+        order.append(fixture.panel.focusWidget()->accessibleName());
+        QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(order, (QStringList{u"General"_s, u"Activate Picker shortcut"_s, u"Clear Shortcut"_s,
+                                 u"Open Main Window shortcut"_s, u"Square"_s, u"M"_s, u"Mid"_s,
+                                 u"Default Format"_s}));
+}
+
+void SettingsScreenTest::itTakesTheKeysWhenItComes()
+{
+    SettingsFixture fixture;
+    QLineEdit before(&fixture.panel);
+    before.show();
+    before.setFocus();
+    QVERIFY(before.hasFocus());
+    fixture.open();
+    QVERIFY(fixture.view->hasFocus());
+
+    // What is reached in it stays so while the panel is away.
+    QAbstractButton* reached = fixture.segment(u"Scope Size"_s, u"M"_s);
+    reached->setFocus(Qt::TabFocusReason);
+    fixture.panel.hide();
+    fixture.panel.show();
+    QCOMPARE(fixture.panel.focusWidget(), reached);
+}
+
+void SettingsScreenTest::escapeIsLeftToThePanel()
+{
+    SettingsFixture fixture;
+    KeysSeen seen(fixture.panel);
+    QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Escape);
+    QCOMPARE(seen.keys, QList<int>{Qt::Key_Escape});
+    fixture.segment(u"Shape"_s, u"Square"_s)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Escape);
+    QCOMPARE(seen.keys, (QList<int>{Qt::Key_Escape, Qt::Key_Escape}));
+}
+
+void SettingsScreenTest::theTabShowsWhatIsStored_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("picker");
+    QTest::addColumn<QString>("selected");
+    const auto row = [](const char* name, const QString& key, const QVariant& value, const QString& picker,
+                        const QString& selected) {
+        QTest::newRow(name) << key << value << picker << selected;
+    };
+    const QString shape = u"scopeShape"_s;
+    const QString size = u"scopePhysicalSize"_s;
+    const QString radius = u"scopeDefaultRadius"_s;
+    row("no shape", u"none"_s, 0, u"Shape"_s, u"Square"_s);
+    row("square", shape, u"square"_s, u"Shape"_s, u"Square"_s);
+    row("circle", shape, u"circle"_s, u"Shape"_s, u"Circle"_s);
+    // The loupe is a square then.
+    row("a shape in another case", shape, u"Circle"_s, u"Shape"_s, u"Square"_s);
+    row("no size", u"none"_s, 0, u"Scope Size"_s, u"M"_s);
+    row("small", size, u"small"_s, u"Scope Size"_s, u"S"_s);
+    row("medium", size, u"medium"_s, u"Scope Size"_s, u"M"_s);
+    row("large", size, u"large"_s, u"Scope Size"_s, u"L"_s);
+    row("an unknown size", size, u"huge"_s, u"Scope Size"_s, u"M"_s);
+    row("no radius", u"none"_s, 0, u"Default Zoom"_s, u"Mid"_s);
+    row("radius 4", radius, 4, u"Default Zoom"_s, u"Close"_s);
+    row("radius 7", radius, 7, u"Default Zoom"_s, u"Mid"_s);
+    row("radius 11", radius, 11, u"Default Zoom"_s, u"Far"_s);
+    row("radius 9", radius, 9, u"Default Zoom"_s, QString());
+    row("radius 40", radius, 40, u"Default Zoom"_s, QString());
+    // Picks begin with 7 then.
+    row("radius 0", radius, 0, u"Default Zoom"_s, u"Mid"_s);
+    row("a negative radius", radius, -4, u"Default Zoom"_s, u"Mid"_s);
+}
+
+void SettingsScreenTest::theTabShowsWhatIsStored()
+{
+    QFETCH(const QString, key);
+    QFETCH(const QVariant, value);
+    QFETCH(const QString, picker);
+    QSettings().setValue(key, value);
+    const SettingsFixture fixture;
+    QTEST(fixture.selected(picker), "selected");
+}
+
+void SettingsScreenTest::aChoiceIsStoredAtOnce_data()
+{
+    QTest::addColumn<QString>("picker");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    const auto row = [](const QString& picker, const QString& title, const QString& key,
+                        const QVariant& value) {
+        QTest::addRow("%s", qPrintable(title)) << picker << title << key << value;
+    };
+    row(u"Shape"_s, u"Square"_s, u"scopeShape"_s, u"square"_s);
+    row(u"Shape"_s, u"Circle"_s, u"scopeShape"_s, u"circle"_s);
+    row(u"Scope Size"_s, u"S"_s, u"scopePhysicalSize"_s, u"small"_s);
+    row(u"Scope Size"_s, u"M"_s, u"scopePhysicalSize"_s, u"medium"_s);
+    row(u"Scope Size"_s, u"L"_s, u"scopePhysicalSize"_s, u"large"_s);
+    row(u"Default Zoom"_s, u"Close"_s, u"scopeDefaultRadius"_s, 4);
+    row(u"Default Zoom"_s, u"Mid"_s, u"scopeDefaultRadius"_s, 7);
+    row(u"Default Zoom"_s, u"Far"_s, u"scopeDefaultRadius"_s, 11);
+}
+
+void SettingsScreenTest::aChoiceIsStoredAtOnce()
+{
+    QFETCH(const QString, picker);
+    QFETCH(const QString, title);
+    QFETCH(const QString, key);
+    const SettingsFixture fixture;
+    // From another one, because what is selected already is not selected again.
+    for (auto* other : fixture.control<SegmentedPicker>(picker)->findChildren<QAbstractButton*>()) {
+        if (other->accessibleName() != title) {
+            click(other);
+        }
+    }
+    click(fixture.segment(picker, title));
+    QCOMPARE(fixture.selected(picker), title);
+    QTEST(QSettings().value(key), "value");
+}
+
+void SettingsScreenTest::theNextPickHasTheZoomAndTheSize()
+{
+    SettingsFixture fixture;
+    fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
+    ScreenCaptureService capture(fixture.platform.grabber);
+    ColorPickerService service(fixture.platform, capture);
+    const auto side = [&] { return static_cast<int>(fixture.platform.grabber.grabs.back().rect.width); };
+    const auto loupeWidth = [&] { return fixture.platform.frames.back().picture.width(); };
+
+    service.showPicker();
+    QCOMPARE(side(), 15);
+    QCOMPARE(loupeWidth(), 130);
+    click(fixture.segment(u"Default Zoom"_s, u"Far"_s));
+    click(fixture.segment(u"Scope Size"_s, u"L"_s));
+    service.hidePicker();
+
+    service.showPicker();
+    QCOMPARE(side(), 23);
+    QCOMPARE(loupeWidth(), 160);
+}
+
+void SettingsScreenTest::aZoomThatIsNotOfferedIsStillTheNextPicks()
+{
+    QSettings().setValue(u"scopeDefaultRadius"_s, 9);
+    SettingsFixture fixture;
+    QCOMPARE(fixture.selected(u"Default Zoom"_s), QString());
+    fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
+    ScreenCaptureService capture(fixture.platform.grabber);
+    ColorPickerService service(fixture.platform, capture);
+    service.showPicker();
+    QCOMPARE(static_cast<int>(fixture.platform.grabber.grabs.back().rect.width), 19);
+}
+
+void SettingsScreenTest::aRecordedShortcutIsStoredAndTaken()
+{
+    SettingsFixture fixture;
+    fixture.platform.hotKeys.journal.clear();
+    auto* recorder = fixture.control<KeyboardShortcuts::ShortcutRecorder>(u"Activate Picker shortcut"_s);
+    click(recorder);
+    QVERIFY(recorder->isRecording());
+    fixture.platform.recording.press(keycode::f5);
+    QVERIFY(!recorder->isRecording());
+    QCOMPARE(QSettings().value(u"KeyboardShortcuts_activatePicker"_s).toString(),
+             uR"({"carbonKeyCode":96,"carbonModifiers":0})"_s);
+    QCOMPARE(fixture.platform.hotKeys.journal.filter(u"register 96+0 as "_s).size(), 1);
+
+    QVERIFY(fixture.control<KeyboardShortcuts::ShortcutRecorder>(u"Open Main Window shortcut"_s) != nullptr);
+}
+
+void SettingsScreenTest::theFormatIsChosenAndKept()
+{
+    SettingsFixture fixture;
+    auto* picker = fixture.control<PopUpPicker>(u"Default Format"_s);
+    QCOMPARE(picker->selectedTitle(), u"HEX"_s);
+    click(picker);
+    QStringList titles;
+    for (const QAction* action : picker->menu()->actions()) {
+        titles.append(action->text());
+    }
+    QCOMPARE(titles, (QStringList{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"RGBA"_s, u"HSL"_s, u"HSLA"_s,
+                                  u"CSS Var"_s, u"Tailwind"_s, u"Name"_s}));
+    QTest::keyClick(picker->menu(), Qt::Key_Down);
+    QTest::keyClick(picker->menu(), Qt::Key_Down);
+    QTest::keyClick(picker->menu(), Qt::Key_Return);
+    QTRY_COMPARE(fixture.state.defaultFormat(), ColorFormat::Rgb);
+    QCOMPARE(picker->selectedTitle(), u"RGB"_s);
+    QCOMPARE(storedData().value("defaultFormat"_L1).toString(), u"RGB"_s);
+    QVERIFY(QSettings().allKeys().filter(u"ormat"_s).isEmpty());
+    QCOMPARE(AppState().defaultFormat(), ColorFormat::Rgb);
+}
+
+void SettingsScreenTest::theFormatFollowsTheState()
+{
+    SettingsFixture fixture;
+    fixture.state.setDefaultFormat(ColorFormat::ColorName);
+    QCOMPARE(fixture.control<PopUpPicker>(u"Default Format"_s)->selectedTitle(), u"Name"_s);
+}
+
+void SettingsScreenTest::thePermissionIsTold_data()
+{
+    QTest::addColumn<bool>("isPermitted");
+    QTest::addColumn<QUrl>("settings");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("hasButton");
+    const QUrl place(u"settings:privacy"_s);
+    QTest::newRow("granted") << true << place << u"Granted"_s << false;
+    QTest::newRow("granted, nothing to change it") << true << QUrl() << u"Granted"_s << false;
+    QTest::newRow("not granted") << false << place << QString() << true;
+    QTest::newRow("not granted, nothing to change it") << false << QUrl() << u"Not granted"_s << false;
+}
+
+void SettingsScreenTest::thePermissionIsTold()
+{
+    QFETCH(const bool, isPermitted);
+    QFETCH(const QUrl, settings);
+    QFETCH(const QString, text);
+    SettingsFixture fixture;
+    fixture.platform.grabber.isPermitted = isPermitted;
+    fixture.platform.grabber.settings = settings;
+    fixture.open();
+    SettingsFixture::settle();
+    QStringList answers;
+    for (const QString& each : fixture.texts()) {
+        if (each.contains(u"ranted"_s)) {
+            answers.append(each);
+        }
+    }
+    QCOMPARE(answers.join(u' '), text);
+    QTEST(fixture.control<TextButton>(u"Open System Settings"_s) != nullptr, "hasButton");
+}
+
+void SettingsScreenTest::aRevokedPermissionIsSeenAtTheNextDrawing()
+{
+    SettingsFixture fixture;
+    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
+    fixture.draw();
+    QVERIFY(fixture.texts().contains(u"Granted"_s));
+    fixture.platform.grabber.isPermitted = false;
+    fixture.draw();
+    QVERIFY(!fixture.texts().contains(u"Granted"_s));
+    QVERIFY(fixture.control<TextButton>(u"Open System Settings"_s)->isVisible());
+    fixture.platform.grabber.isPermitted = true;
+    fixture.draw();
+    QVERIFY(fixture.texts().contains(u"Granted"_s));
+    QVERIFY(fixture.control<TextButton>(u"Open System Settings"_s) == nullptr);
+}
+
+void SettingsScreenTest::theButtonOpensTheSystemSettings()
+{
+    AddressOpener opener(u"settings"_s);
+    SettingsFixture fixture;
+    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
+    fixture.platform.grabber.isPermitted = false;
+    fixture.draw();
+    click(fixture.control<TextButton>(u"Open System Settings"_s));
+    QCOMPARE(opener.opened, QList<QUrl>{QUrl(u"settings:privacy"_s)});
+}
+
+void SettingsScreenTest::theCountFollowsTheHistory()
+{
+    SettingsFixture fixture(SettingsTab::Data);
+    QVERIFY(fixture.texts().contains(u"0 / 100"_s));
+    fixture.capture(12);
+    QVERIFY(fixture.texts().contains(u"12 / 100"_s));
+    fixture.capture(100);
+    QVERIFY(fixture.texts().contains(u"100 / 100"_s));
+    fixture.state.deleteColor(fixture.state.history().first().id);
+    QVERIFY(fixture.texts().contains(u"99 / 100"_s));
+}
+
+void SettingsScreenTest::clearIsDoneAtOnce()
+{
+    SettingsFixture fixture(SettingsTab::Data);
+    fixture.capture(100);
+    click(fixture.control<TextButton>(u"Clear all history"_s));
+    QVERIFY(fixture.texts().contains(u"0 / 100"_s));
+    QVERIFY(fixture.state.history().isEmpty());
+    QVERIFY(storedData().value("history"_L1).isArray());
+    QVERIFY(AppState().history().isEmpty());
+}
+
+void SettingsScreenTest::allHistoryIsExported_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("suggestedName");
+    QTest::addColumn<QByteArray>("beginning");
+    QTest::newRow("CSS") << u"Export CSS"_s << u"history-palette.css"_s
+                         << QByteArray("/* History \xE2\x80\x94 generated by Tintwick */\n:root {\n  --");
+    QTest::newRow("JSON") << u"Export JSON"_s << u"palette.json"_s << QByteArray("[");
+    QTest::newRow("PNG") << u"Export PNG"_s << u"palette.png"_s << QByteArray("\x89PNG");
+}
+
+void SettingsScreenTest::allHistoryIsExported()
+{
+    QFETCH(const QString, button);
+    QFETCH(const QString, suggestedName);
+    QFETCH(const QByteArray, beginning);
+    const QTemporaryDir folder;
+    SettingsFixture fixture(SettingsTab::Data);
+    fixture.capture(2);
+    click(fixture.control<PlainButton>(button));
+    const auto dialog = [] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<QFileDialog*>(window); found != nullptr && found->isVisible()) {
+                return found;
+            }
+        }
+        return static_cast<QFileDialog*>(nullptr);
+    };
+    QTRY_VERIFY(dialog() != nullptr);
+    QCOMPARE(QFileInfo(dialog()->selectedFiles().value(0)).fileName(), suggestedName);
+    const QString path = folder.filePath(suggestedName);
+    dialog()->selectFile(path);
+    QVERIFY(QMetaObject::invokeMethod(dialog(), "accept"));
+    QTRY_VERIFY(dialog() == nullptr);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    QCOMPARE(content.left(beginning.size()), beginning);
+    // Both colours, newest first.
+    if (button == u"Export CSS"_s) {
+        QVERIFY(content.indexOf("#010000") > 0);
+        QVERIFY(content.indexOf("#000000") > content.indexOf("#010000"));
+    }
+}
+
+void SettingsScreenTest::anEmptyHistoryHasNoPicture()
+{
+    const SettingsFixture fixture(SettingsTab::Data);
+    auto* button = fixture.control<PlainButton>(u"Export PNG"_s);
+    QVERIFY(button->isEnabled());
+    click(button);
+    SettingsFixture::settle();
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        QVERIFY(qobject_cast<const QFileDialog*>(window) == nullptr || !window->isVisible());
+    }
+}
+
+void SettingsScreenTest::theVersionIsTheBuilds()
+{
+    QApplication::setApplicationVersion(u"7.8.9"_s);
+    const SettingsFixture fixture(SettingsTab::Data);
+    QVERIFY(fixture.texts().contains(u"7.8.9"_s));
+    QApplication::setApplicationVersion(u"1.0.0"_s);
+}
+
+void SettingsScreenTest::theCreditLinksToThePage()
+{
+    AddressOpener opener(u"file"_s);
+    const SettingsFixture fixture(SettingsTab::Data);
+    click(fixture.control<PlainButton>(u"Read Me"_s));
+    QCOMPARE(opener.opened.size(), 1);
+    QFile page(opener.opened.first().toLocalFile());
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    QCOMPARE(page.readLine().trimmed(), QByteArray("# Tintwick"));
+}
+
+void SettingsScreenTest::withoutAPageThereIsNoLink()
+{
+    SettingsFixture fixture;
+    const DataSettingsTab tab(fixture.state, std::nullopt);
+    for (const auto* button : tab.findChildren<QAbstractButton*>()) {
+        QVERIFY(button->accessibleName() != u"Read Me"_s);
+    }
+    QStringList texts;
+    for (const auto* label : tab.findChildren<Label*>()) {
+        texts.append(label->text());
+    }
+    QVERIFY(texts.contains(u"Made by the Tintwick developers"_s));
+}
+
+void SettingsScreenTest::thePageIsTheFirstThatExists_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<QString>("found");
+    QTest::newRow("both") << QStringList{u"one.md"_s, u"two.md"_s} << u"one.md"_s;
+    QTest::newRow("second") << QStringList{u"two.md"_s} << u"two.md"_s;
+    QTest::newRow("none") << QStringList{} << QString();
+}
+
+void SettingsScreenTest::thePageIsTheFirstThatExists()
+{
+    QFETCH(const QStringList, present);
+    QFETCH(const QString, found);
+    const QTemporaryDir folder;
+    for (const QString& name : present) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    // A folder is no page.
+    const auto page =
+        findProjectPage({folder.path(), folder.filePath(u"one.md"_s), folder.filePath(u"two.md"_s)});
+    QCOMPARE(page.has_value(), !found.isEmpty());
+    if (page) {
+        QCOMPARE(*page, QUrl::fromLocalFile(folder.filePath(found)));
+    }
+}
+
+void SettingsScreenTest::thePageIsThere()
+{
+    QVERIFY(
+        projectPagePlaces().contains(qEnvironmentVariable("XDG_DATA_HOME") + u"/doc/tintwick/README.md"_s));
+    QVERIFY(findProjectPage().has_value());
+}
+
+void SettingsScreenTest::theWindowPointsToThePanel()
+{
+    QWidget panel;
+    const Appearance appearance(panel, Scheme::Light);
+    SettingsWindow window(appearance);
+    window.present();
+    QVERIFY(window.isVisible());
+    QVERIFY(window.isWindow());
+    QCOMPARE(window.windowTitle(), u"Tintwick Settings"_s);
+    QCOMPARE(window.width(), 320);
+    const auto* text = window.findChild<QLabel*>();
+    QCOMPARE(text->text(), u"Settings are available inside the Tintwick panel."_s);
+    QCOMPARE(text->geometry(), window.rect().adjusted(40, 40, -40, -40));
+    QVERIFY(text->height() >= text->heightForWidth(text->width()));
+
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QVERIFY(!window.isVisible());
+    window.present();
+    QVERIFY(window.isVisible());
+}
+
+void SettingsScreenTest::theWindowWearsWhatThePanelWears()
+{
+    QWidget panel;
+    Appearance appearance(panel, Scheme::Dark);
+    SettingsWindow window(appearance);
+    QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0x1F, 0x1F, 0x23));
+    appearance.setScheme(Scheme::Light);
+    QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0xF5, 0xF5, 0xF7));
+}
+
+int main(int argc, char** argv)
+{
+    return tintwick::test::runWithOwnHome<SettingsScreenTest>(argc, argv);
+}
+#include "SettingsScreenTest.moc"

@@ -1,0 +1,691 @@
+#include "ShortcutRecorder.h"
+#include "Button.h"
+#include "Label.h"
+#include "Overlay.h"
+#include "Registry.h"
+#include "ShortcutNames.h"
+#include "Ticker.h"
+#include "support/OutputOf.h"
+#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedKeyRecording.h"
+#include "support/ScriptedKeyboardLayout.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPointer>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace tintwick::test {
+
+using namespace KeyboardShortcuts;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int command = 0x100, shift = 0x200, option = 0x800, control = 0x1000;
+constexpr int keyC = 8, keyD = 2, keyQ = 12, tab = 48, escape = 53, backspace = 51, f5 = 96;
+
+/// A panel with two recorders and a button below them, on a desktop that holds ⌘D.
+struct Scene
+{
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    ScriptedHotKeyRegistrar registrar;
+    ScriptedKeyboardLayout layout;
+    ScriptedKeyRecording keys;
+    Registry registry{registrar, layout, settings};
+    /// Each change as its shortcut, "none" for a removed one.
+    QStringList changes;
+    int picks = 0;
+
+    QWidget panel;
+    ShortcutRecorder* recorder = nullptr;
+    ShortcutRecorder* other = nullptr;
+    TextButton* button = nullptr;
+
+    Scene()
+    {
+        Ticker::shared().setMode(Ticker::Mode::ByHand);
+        layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
+        registrar.refused = {{{keyD, command}, HotKeyRegistrar::statusTaken}};
+        registry.declare(shortcutnames::activatePicker());
+        registry.onKeyUp(shortcutnames::activatePicker(), [this] { ++picks; });
+
+        const RecorderServices services{
+            registry, keys, layout, [] {
+                return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, 0x40000}};
+            }};
+        const auto onChange = [this](const std::optional<Shortcut>& shortcut) {
+            changes << (shortcut ? shortcut->toJson() : u"none"_s);
+        };
+        recorder = new ShortcutRecorder(services, shortcutnames::activatePicker(), u"Activate Picker"_s,
+                                        panel, onChange);
+        other = new ShortcutRecorder(services, shortcutnames::openMainWindow(), u"Open Main Window"_s, panel,
+                                     onChange);
+        button = borderedButton(u"Done"_s, [] {});
+        panel.resize(380, 580);
+        int y = 40;
+        for (QWidget* child :
+             {static_cast<QWidget*>(recorder), static_cast<QWidget*>(other), static_cast<QWidget*>(button)}) {
+            child->setParent(&panel);
+            child->move(100, y);
+            y += 60;
+        }
+        // Becoming active the window would give the focus to its first control.
+        panel.setFocus();
+        panel.show();
+        panel.activateWindow();
+        [&] { QVERIFY(QTest::qWaitForWindowActive(&panel)); }();
+    }
+
+    void click(QPoint place)
+    {
+        QTest::mouseClick(panel.windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    }
+    void click(const QWidget& widget) { click(widget.mapTo(&panel, widget.rect().center())); }
+
+    [[nodiscard]] std::optional<Shortcut> stored() const
+    {
+        return registry.getShortcut(shortcutnames::activatePicker());
+    }
+    [[nodiscard]] PlainButton& clearButton() const { return *recorder->findChild<PlainButton*>(); }
+    [[nodiscard]] Overlay* alert() const { return Overlay::of(panel); }
+    [[nodiscard]] QStringList alertTexts() const
+    {
+        QStringList texts;
+        for (const auto* label : alert()->findChildren<Label*>()) {
+            texts << label->text().replace(u'\n', u' ');
+        }
+        return texts;
+    }
+    [[nodiscard]] TextButton* alertButton(const QString& title) const
+    {
+        for (auto* candidate : alert()->findChildren<TextButton*>()) {
+            if (candidate->accessibleName() == title) {
+                return candidate;
+            }
+        }
+        return nullptr;
+    }
+};
+
+[[nodiscard]] QAccessibleInterface& accessible(QWidget& widget)
+{
+    return *QAccessible::queryAccessibleInterface(&widget);
+}
+
+const Shortcut optionShiftC{keyC, option | shift};
+
+} // namespace
+
+class ShortcutRecorderTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itShowsTheShortcut()
+    {
+        const Scene scene;
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+        QCOMPARE(scene.recorder->placeholder(), u"Record Shortcut"_s);
+        QCOMPARE(scene.other->text(), QString());
+        QVERIFY(!scene.recorder->isRecording());
+    }
+
+    void itIsAsWideAsItsTextNeedsButNeverNarrowerThanAWholeField()
+    {
+        Scene scene;
+        QCOMPARE(scene.recorder->size(), QSize(130, 24));
+        QCOMPARE(scene.recorder->sizeHint(), QSize(130, 24));
+        constexpr int space = 49;
+        scene.registry.setShortcut(Shortcut{space, control | option | shift | command},
+                                   shortcutnames::activatePicker());
+        QCOMPARE(scene.recorder->text(), u"⌃⌥⇧⌘Space"_s);
+        QVERIFY(scene.recorder->sizeHint().width() > 130);
+        QCOMPARE(scene.recorder->sizeHint().height(), 24);
+    }
+
+    void theClearButtonIsThereWhileThereIsAShortcut()
+    {
+        Scene scene;
+        QVERIFY(scene.clearButton().isVisible());
+        QVERIFY(!scene.other->findChild<PlainButton*>()->isVisible());
+        scene.registry.setShortcut(std::nullopt, shortcutnames::activatePicker());
+        QVERIFY(!scene.clearButton().isVisible());
+        scene.registry.setShortcut(Shortcut{f5, 0}, shortcutnames::activatePicker());
+        QVERIFY(scene.clearButton().isVisible());
+        QCOMPARE(scene.recorder->text(), u"F5"_s);
+    }
+
+    void aChangeOfAnotherNameIsNotShown()
+    {
+        Scene scene;
+        scene.registry.setShortcut(Shortcut{f5, 0}, shortcutnames::openMainWindow());
+        QCOMPARE(scene.other->text(), u"F5"_s);
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+    }
+
+    void theTextFollowsTheLayout()
+    {
+        Scene scene;
+        scene.layout.characters[keyC] = u"j"_s;
+        scene.layout.reportChange();
+        QCOMPARE(scene.recorder->text(), u"⌥⇧J"_s);
+    }
+
+    void aClickStartsRecordingAndTheTextStays()
+    {
+        Scene scene;
+        QSignalSpy active(&scene.registry, &Registry::recorderActiveStatusDidChange);
+        scene.click(*scene.recorder);
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.recorder->hasFocus());
+        QVERIFY(scene.keys.isOn());
+        QVERIFY(scene.registry.isPaused());
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+        QCOMPARE(scene.recorder->placeholder(), u"Press Shortcut"_s);
+        QVERIFY(scene.clearButton().isVisible());
+        QCOMPARE(active, (QList<QVariantList>{{true}}));
+    }
+
+    void theRightButtonDoesNotStartIt()
+    {
+        Scene scene;
+        QTest::mouseClick(scene.recorder, Qt::RightButton);
+        QVERIFY(!scene.recorder->isRecording());
+    }
+
+    void tabReachesItAndSpaceOrReturnStartsIt_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("Space") << int(Qt::Key_Space);
+        QTest::newRow("Return") << int(Qt::Key_Return);
+        QTest::newRow("Enter") << int(Qt::Key_Enter);
+    }
+    void tabReachesItAndSpaceOrReturnStartsIt()
+    {
+        QFETCH(const int, key);
+        Scene scene;
+        scene.recorder->setFocus(Qt::TabFocusReason);
+        QVERIFY(!scene.recorder->isRecording());
+        QTest::keyClick(scene.recorder, static_cast<Qt::Key>(key));
+        QVERIFY(scene.recorder->isRecording());
+        scene.keys.press(escape);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(scene.recorder->hasFocus());
+    }
+
+    void hiddenItDoesNotRecord()
+    {
+        Scene scene;
+        scene.recorder->hide();
+        scene.recorder->startRecording();
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+    }
+
+    void withoutTheKeyboardItDoesNotRecord()
+    {
+        Scene scene;
+        scene.keys.outcome = KeyRecording::Outcome::Refused;
+        scene.click(*scene.recorder);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void whatIsAcceptedIsStoredAndEndsRecording()
+    {
+        Scene scene;
+        QSignalSpy active(&scene.registry, &Registry::recorderActiveStatusDidChange);
+        scene.click(*scene.recorder);
+        scene.registrar.journal.clear();
+        scene.keys.press(keyC, command);
+        QCOMPARE(scene.stored(), (Shortcut{keyC, command}));
+        QCOMPARE(scene.recorder->text(), u"⌘C"_s);
+        QCOMPARE(scene.registrar.journal, (QStringList{u"unregister 1"_s, u"register 8+256 as 2"_s}));
+        QCOMPARE(scene.changes, QStringList{uR"({"carbonKeyCode":8,"carbonModifiers":256})"_s});
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+        QCOMPARE(active, (QList<QVariantList>{{true}, {false}}));
+    }
+
+    void aFunctionKeyMayStandAlone()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+    }
+
+    void aRefusedKeyChangesNothingAndRecordingGoesOn()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyC);
+        scene.keys.press(keyC, shift);
+        scene.keys.press(-1, control);
+        QVERIFY(scene.recorder->isRecording());
+        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.alert(), nullptr);
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+    }
+
+    void aHeldKeyIsNotRecorded()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.repeat(f5);
+        QVERIFY(scene.recorder->isRecording());
+        QCOMPARE(scene.stored(), optionShiftC);
+    }
+
+    void escapeEndsWithoutAChange()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(escape);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.changes, QStringList());
+    }
+
+    void deleteRemovesTheShortcut_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::newRow("Backspace") << backspace;
+        QTest::newRow("Forward Delete") << 117;
+    }
+    void deleteRemovesTheShortcut()
+    {
+        QFETCH(const int, keyCode);
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyCode);
+        QVERIFY(!scene.recorder->isRecording());
+        QCOMPARE(scene.stored(), std::nullopt);
+        QCOMPARE(scene.recorder->text(), QString());
+        QCOMPARE(scene.changes, QStringList{u"none"_s});
+        QCOMPARE(scene.settings.value(u"KeyboardShortcuts_activatePicker"_s).toString(), u"false"_s);
+    }
+
+    void tabMovesTheFocusAndRecordsNothing_data()
+    {
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<bool>("startsByKey");
+        QTest::newRow("forwards from a click") << 0 << false;
+        QTest::newRow("backwards from a click") << shift << false;
+        QTest::newRow("forwards") << 0 << true;
+        QTest::newRow("backwards") << shift << true;
+    }
+    void tabMovesTheFocusAndRecordsNothing()
+    {
+        QFETCH(const int, modifiers);
+        QFETCH(const bool, startsByKey);
+        Scene scene;
+        if (startsByKey) {
+            scene.recorder->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(scene.recorder, Qt::Key_Space);
+        } else {
+            scene.click(*scene.recorder);
+        }
+        scene.keys.press(tab, modifiers);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+        QWidget* const expected =
+            modifiers == shift ? static_cast<QWidget*>(scene.button) : &scene.clearButton();
+        QCOMPARE(QApplication::focusWidget(), expected);
+        QCOMPARE(scene.stored(), optionShiftC);
+    }
+
+    void theClearButtonRemovesTheShortcut()
+    {
+        Scene scene;
+        scene.click(scene.clearButton());
+        QCOMPARE(scene.stored(), std::nullopt);
+        QCOMPARE(scene.changes, QStringList{u"none"_s});
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+    }
+
+    void theClearButtonEndsRecording()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.click(scene.clearButton());
+        QCOMPARE(scene.stored(), std::nullopt);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.recorder->hasFocus());
+    }
+
+    void clearedByKeysTheFieldKeepsThePlaceInTheOrder()
+    {
+        Scene scene;
+        scene.clearButton().setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&scene.clearButton(), Qt::Key_Space);
+        QCOMPARE(scene.stored(), std::nullopt);
+        QVERIFY(scene.recorder->hasFocus());
+        QVERIFY(!scene.recorder->isRecording());
+    }
+
+    void aClickFartherOutsideThanThreePointsEndsRecording_data()
+    {
+        QTest::addColumn<QPoint>("place");
+        QTest::addColumn<bool>("ends");
+        // The field is at 100, 40 and measures 130 by 24.
+        QTest::newRow("on it") << QPoint(110, 50) << false;
+        QTest::newRow("three to the left") << QPoint(97, 50) << false;
+        QTest::newRow("four to the left") << QPoint(96, 50) << true;
+        QTest::newRow("three above") << QPoint(110, 37) << false;
+        QTest::newRow("four above") << QPoint(110, 36) << true;
+        QTest::newRow("three to the right") << QPoint(232, 50) << false;
+        QTest::newRow("four to the right") << QPoint(233, 50) << true;
+        QTest::newRow("three below") << QPoint(110, 66) << false;
+        QTest::newRow("four below") << QPoint(110, 67) << true;
+    }
+    void aClickFartherOutsideThanThreePointsEndsRecording()
+    {
+        QFETCH(const QPoint, place);
+        QFETCH(const bool, ends);
+        for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+            Scene scene;
+            scene.click(*scene.recorder);
+            QTest::mouseClick(scene.panel.windowHandle(), button, Qt::NoModifier, place);
+            QCOMPARE(scene.recorder->isRecording(), !ends);
+            QCOMPARE(scene.keys.isOn(), !ends);
+        }
+    }
+
+    void theClickThatEndsItReachesWhatItIsMadeOn()
+    {
+        Scene scene;
+        int presses = 0;
+        scene.button->onClick([&presses] { ++presses; });
+        scene.click(*scene.recorder);
+        scene.click(*scene.button);
+        QCOMPARE(presses, 1);
+        QVERIFY(!scene.recorder->isRecording());
+    }
+
+    void onlyOneRecords()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.click(*scene.other);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(scene.other->isRecording());
+        QVERIFY(scene.registry.isPaused());
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.other->text(), u"F5"_s);
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void itEndsWhenTheWindowIsNoLongerTheActiveOne()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void itEndsWhenAnotherControlGetsTheFocus()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.button->setFocus(Qt::OtherFocusReason);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(scene.button->hasFocus());
+    }
+
+    void itRecordsInAWindowThatIsNotTheActiveOneYet()
+    {
+        Scene scene;
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        scene.recorder->startRecording();
+        QVERIFY(scene.recorder->isRecording());
+        scene.panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&scene.panel));
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.recorder->hasFocus());
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+        QVERIFY(!scene.recorder->hasFocus());
+    }
+
+    void theClearButtonEndsItInAWindowThatIsNotTheActiveOne()
+    {
+        Scene scene;
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        scene.recorder->startRecording();
+        scene.clearButton().click();
+        QCOMPARE(scene.stored(), std::nullopt);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+    }
+
+    void itEndsWhenItIsHidden_data()
+    {
+        QTest::addColumn<bool>("hidesPanel");
+        QTest::newRow("itself") << false;
+        QTest::newRow("with the panel") << true;
+    }
+    void itEndsWhenItIsHidden()
+    {
+        QFETCH(const bool, hidesPanel);
+        Scene scene;
+        scene.click(*scene.recorder);
+        (hidesPanel ? &scene.panel : static_cast<QWidget*>(scene.recorder))->hide();
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void itEndsWhenItIsDestroyed()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        delete scene.recorder;
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void theGlobalShortcutDoesNothingWhileRecording()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.registrar.pressAndRelease(keyC, option | shift);
+        QCOMPARE(scene.picks, 0);
+        scene.keys.press(escape);
+        scene.registrar.pressAndRelease(keyC, option | shift);
+        QCOMPARE(scene.picks, 1);
+    }
+
+    void aShortcutOfTheMenuIsRefusedWithAnAlertAndRecordingGoesOn()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyQ, control);
+        QVERIFY(scene.alert());
+        QCOMPARE(scene.alertTexts(),
+                 QStringList{u"This shortcut belongs to the menu item “Quit Tintwick”."_s});
+        QCOMPARE(scene.alert()->findChildren<TextButton*>().size(), 1);
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(scene.registry.isPaused());
+        QVERIFY(scene.alertButton(u"OK"_s)->hasFocus());
+
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(scene.alert(), nullptr);
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.recorder->hasFocus());
+        QVERIFY(scene.keys.isOn());
+        QCOMPARE(scene.stored(), optionShiftC);
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+        QVERIFY(!scene.recorder->hasFocus());
+    }
+
+    void belowAnAlertNoneStarts()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyQ, control);
+        scene.other->startRecording();
+        QVERIFY(!scene.other->isRecording());
+        QVERIFY(scene.alertButton(u"OK"_s)->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(scene.recorder->isRecording());
+        QVERIFY(scene.registry.isPaused());
+        scene.keys.press(f5);
+        QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void aShortcutOfTheDesktopIsAsked_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("OK") << "OK" << false;
+        QTest::newRow("Return") << "Return" << false;
+        QTest::newRow("Escape") << "Escape" << false;
+        QTest::newRow("Use Anyway") << "Use Anyway" << true;
+    }
+    void aShortcutOfTheDesktopIsAsked()
+    {
+        QFETCH(const QString, answer);
+        QFETCH(const bool, accepted);
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, command);
+        QVERIFY(scene.alert());
+        QCOMPARE(scene.alertTexts(),
+                 (QStringList{u"The desktop or another program uses this shortcut."_s,
+                              u"Most shortcuts of the desktop can be changed in its keyboard settings."_s}));
+        QVERIFY(scene.alertButton(u"Use Anyway"_s));
+        QVERIFY(!scene.keys.isOn());
+
+        const auto output = outputOf([&] {
+            if (auto* button = scene.alertButton(answer)) {
+                Ticker::shared().advance(60);
+                scene.click(*button);
+            } else {
+                QTest::keyClick(QApplication::focusWidget(),
+                                answer == u"Return"_s ? Qt::Key_Return : Qt::Key_Escape);
+            }
+        });
+        QCOMPARE(output, accepted ? QByteArray("Error registering hotkey ⌘D: -9878\n") : QByteArray());
+        QCOMPARE(scene.alert(), nullptr);
+        QCOMPARE(scene.stored(), (accepted ? Shortcut{keyD, command} : optionShiftC));
+        QCOMPARE(scene.recorder->text(), accepted ? u"⌘D"_s : u"⌥⇧C"_s);
+        QCOMPARE(scene.recorder->isRecording(), !accepted);
+        QCOMPARE(scene.keys.isOn(), !accepted);
+        QCOMPARE(scene.changes.size(), accepted ? 1 : 0);
+        QCOMPARE(scene.registry.isPaused(), !accepted);
+    }
+
+    void anAlertGoesWithTheRecording()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, command);
+        const QPointer<Overlay> alert = scene.alert();
+        scene.recorder->hide();
+        QVERIFY(!alert->isVisible());
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void anAlertGoesWithTheWindowsActivity()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, command);
+        const QPointer<Overlay> alert = scene.alert();
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(!alert || !alert->isVisible());
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void withoutTheKeyboardRecordingEndsAfterAnAlert()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, command);
+        scene.keys.outcome = KeyRecording::Outcome::Refused;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.registry.isPaused());
+    }
+
+    void aScreenReaderMeetsAFieldForAHotKey()
+    {
+        Scene scene;
+        auto& interface = accessible(*scene.recorder);
+        QCOMPARE(interface.role(), QAccessible::HotkeyField);
+        QCOMPARE(interface.text(QAccessible::Name), u"Activate Picker shortcut"_s);
+        QCOMPARE(interface.text(QAccessible::Value), u"⌥⇧C"_s);
+        QCOMPARE(interface.text(QAccessible::Description), u"Record Shortcut"_s);
+        QCOMPARE(accessible(*scene.other).text(QAccessible::Value), QString());
+        QCOMPARE(accessible(scene.clearButton()).text(QAccessible::Name), u"Clear Shortcut"_s);
+
+        auto* const actions = interface.actionInterface();
+        QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(scene.recorder->isRecording());
+        QCOMPARE(interface.text(QAccessible::Description), u"Press Shortcut"_s);
+        scene.keys.press(f5);
+        QCOMPARE(interface.text(QAccessible::Value), u"F5"_s);
+    }
+
+    void recordingIsSeen()
+    {
+        Scene scene;
+        const QImage idle = scene.recorder->grab().toImage();
+        scene.click(*scene.recorder);
+        const QImage recording = scene.recorder->grab().toImage();
+        QVERIFY(idle != recording);
+        // The ring runs along the edge.
+        QCOMPARE(QColor(recording.pixel(60, 0)).hue(), QColor(0x4B, 0x50, 0xDC).hue());
+        scene.keys.press(escape);
+        QCOMPARE(scene.recorder->grab().toImage(), idle);
+    }
+
+    void theRingOfTheKeyboardsFocusIsSeen()
+    {
+        Scene scene;
+        const QImage idle = scene.recorder->grab().toImage();
+        scene.recorder->setFocus(Qt::TabFocusReason);
+        QVERIFY(scene.recorder->grab().toImage() != idle);
+    }
+};
+
+} // namespace tintwick::test
+
+QTEST_MAIN(tintwick::test::ShortcutRecorderTest)
+#include "ShortcutRecorderTest.moc"
