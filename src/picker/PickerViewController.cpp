@@ -87,7 +87,7 @@ void PickerViewController::keyPressed(const KeyPress& press)
         return;
     }
     // Window managers often keep the Command key's combinations for themselves; Control is there for them.
-    const bool zooms = (press.modifiers & (modifier::command | modifier::control)) != 0;
+    const bool zooms = (press.modifiers & (modifier::super | modifier::control)) != 0;
     const double distance = (press.modifiers & modifier::shift) != 0 ? 10 : 1;
     switch (press.keyCode) {
     case keycode::escape:

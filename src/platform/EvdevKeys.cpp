@@ -96,10 +96,10 @@ constexpr Position positions[] = {
     {keycode::rightShift, KEY_RIGHTSHIFT},
     {keycode::control, KEY_LEFTCTRL},
     {keycode::rightControl, KEY_RIGHTCTRL},
-    {keycode::option, KEY_LEFTALT},
-    {keycode::rightOption, KEY_RIGHTALT},
-    {keycode::command, KEY_LEFTMETA},
-    {keycode::rightCommand, KEY_RIGHTMETA},
+    {keycode::alt, KEY_LEFTALT},
+    {keycode::rightAlt, KEY_RIGHTALT},
+    {keycode::super, KEY_LEFTMETA},
+    {keycode::rightSuper, KEY_RIGHTMETA},
     // Most laptops keep this key to themselves, and its evdev code lies above what an X keycode can hold.
     {keycode::function, KEY_FN},
 

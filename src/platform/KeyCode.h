@@ -1,7 +1,7 @@
 #pragma once
 
-// Keys by their position on the keyboard, whatever the layout prints on them. The numbers are those of the stored
-// shortcuts: the virtual key codes of an ANSI keyboard, so that settings written elsewhere mean the same keys here.
+// Key codes name a key by its position on the keyboard, independent of the layout. Stored shortcuts use the same
+// numbers, so settings written on another system name the same keys.
 
 namespace tintwick::keycode {
 
@@ -15,24 +15,24 @@ inline constexpr int equal = 24, minus = 27, rightBracket = 30, leftBracket = 33
 inline constexpr int returnKey = 36, tab = 48, space = 49, deleteKey = 51, escape = 53, help = 114,
                      home = 115, pageUp = 116, deleteForward = 117, end = 119, pageDown = 121;
 inline constexpr int leftArrow = 123, rightArrow = 124, downArrow = 125, upArrow = 126;
-inline constexpr int rightCommand = 54, command = 55, shift = 56, capsLock = 57, option = 58, control = 59,
-                     rightShift = 60, rightOption = 61, rightControl = 62, function = 63;
+inline constexpr int rightSuper = 54, super = 55, shift = 56, capsLock = 57, alt = 58, control = 59,
+                     rightShift = 60, rightAlt = 61, rightControl = 62, function = 63;
 inline constexpr int volumeUp = 72, volumeDown = 73, mute = 74;
 inline constexpr int f1 = 122, f2 = 120, f3 = 99, f4 = 118, f5 = 96, f6 = 97, f7 = 98, f8 = 100, f9 = 101,
                      f10 = 109, f11 = 103, f12 = 111, f13 = 105, f14 = 107, f15 = 113, f16 = 106, f17 = 64,
                      f18 = 79, f19 = 80, f20 = 90;
 inline constexpr int keypad0 = 82, keypad1 = 83, keypad2 = 84, keypad3 = 85, keypad4 = 86, keypad5 = 87,
                      keypad6 = 88, keypad7 = 89, keypad8 = 91, keypad9 = 92;
-// Keys that an ANSI keyboard does not have.
+// Keys that an ANSI keyboard lacks.
 inline constexpr int isoSection = 10, jisYen = 93, jisUnderscore = 94, jisKeypadComma = 95;
 inline constexpr int keypadDecimal = 65, keypadMultiply = 67, keypadPlus = 69, keypadClear = 71,
                      keypadDivide = 75, keypadEnter = 76, keypadMinus = 78, keypadEquals = 81;
 
 } // namespace tintwick::keycode
 
-// Modifier masks, in the encoding of the stored shortcuts. On Linux desktops Option is Alt and Command is Super.
+// Modifier masks. Stored shortcuts use the same values.
 namespace tintwick::modifier {
 
-inline constexpr int command = 0x100, shift = 0x200, option = 0x800, control = 0x1000, function = 0x20000;
+inline constexpr int super = 0x100, shift = 0x200, alt = 0x800, control = 0x1000, function = 0x20000;
 
 } // namespace tintwick::modifier

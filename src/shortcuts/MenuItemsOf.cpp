@@ -49,8 +49,8 @@ std::uint32_t eventFlagsOf(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers.testFlag(Qt::ShiftModifier) ? eventflag::shift : 0) |
            (modifiers.testFlag(Qt::ControlModifier) ? eventflag::control : 0) |
-           (modifiers.testFlag(Qt::AltModifier) ? eventflag::option : 0) |
-           (modifiers.testFlag(Qt::MetaModifier) ? eventflag::command : 0);
+           (modifiers.testFlag(Qt::AltModifier) ? eventflag::alt : 0) |
+           (modifiers.testFlag(Qt::MetaModifier) ? eventflag::super : 0);
 }
 
 // A mark before a letter says that it is underlined; two of them are the character itself.

@@ -10,8 +10,8 @@ namespace tintwick::KeyboardShortcuts {
 
 namespace eventflag {
 
-inline constexpr std::uint32_t capsLock = 0x10000, shift = 0x20000, control = 0x40000, option = 0x80000,
-                               command = 0x100000, numericPad = 0x200000, function = 0x800000;
+inline constexpr std::uint32_t capsLock = 0x10000, shift = 0x20000, control = 0x40000, alt = 0x80000,
+                               super = 0x100000, numericPad = 0x200000, function = 0x800000;
 
 } // namespace eventflag
 
@@ -20,8 +20,8 @@ inline constexpr std::uint32_t capsLock = 0x10000, shift = 0x20000, control = 0x
 {
     return ((eventFlags & eventflag::shift) != 0 ? modifier::shift : 0) |
            ((eventFlags & eventflag::control) != 0 ? modifier::control : 0) |
-           ((eventFlags & eventflag::option) != 0 ? modifier::option : 0) |
-           ((eventFlags & eventflag::command) != 0 ? modifier::command : 0) |
+           ((eventFlags & eventflag::alt) != 0 ? modifier::alt : 0) |
+           ((eventFlags & eventflag::super) != 0 ? modifier::super : 0) |
            ((eventFlags & eventflag::function) != 0 ? modifier::function : 0);
 }
 
@@ -30,8 +30,8 @@ inline constexpr std::uint32_t capsLock = 0x10000, shift = 0x20000, control = 0x
 {
     return ((carbonModifiers & modifier::shift) != 0 ? eventflag::shift : 0) |
            ((carbonModifiers & modifier::control) != 0 ? eventflag::control : 0) |
-           ((carbonModifiers & modifier::option) != 0 ? eventflag::option : 0) |
-           ((carbonModifiers & modifier::command) != 0 ? eventflag::command : 0) |
+           ((carbonModifiers & modifier::alt) != 0 ? eventflag::alt : 0) |
+           ((carbonModifiers & modifier::super) != 0 ? eventflag::super : 0) |
            ((carbonModifiers & modifier::function) != 0 ? eventflag::function : 0);
 }
 

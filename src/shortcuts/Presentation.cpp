@@ -18,9 +18,9 @@ QString modifierSymbols(std::uint32_t flags)
         const char16_t* symbol;
     } symbols[] = {
         {eventflag::control, u"\u2303"},
-        {eventflag::option, u"\u2325"},
+        {eventflag::alt, u"\u2325"},
         {eventflag::shift, u"\u21E7"},
-        {eventflag::command, u"\u2318"},
+        {eventflag::super, u"\u2318"},
         // The globe, followed by the selector that asks for its text form instead of an emoji.
         {eventflag::function, u"\U0001F310\uFE0E"},
     };

@@ -27,7 +27,7 @@ RecordedKey recordedKey(const KeyPress& press, const RecorderServices& services)
     if (press.isRepeat) {
         return {Meaning::Ignore};
     }
-    constexpr int ownModifiers = modifier::control | modifier::option | modifier::command;
+    constexpr int ownModifiers = modifier::control | modifier::alt | modifier::super;
     if ((press.modifiers & (ownModifiers | modifier::function)) == 0) {
         switch (press.keyCode) {
         case keycode::tab:

@@ -20,8 +20,8 @@ std::uint32_t eventFlagsOf(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers.testFlag(Qt::ShiftModifier) ? eventflag::shift : 0) |
            (modifiers.testFlag(Qt::ControlModifier) ? eventflag::control : 0) |
-           (modifiers.testFlag(Qt::AltModifier) ? eventflag::option : 0) |
-           (modifiers.testFlag(Qt::MetaModifier) ? eventflag::command : 0);
+           (modifiers.testFlag(Qt::AltModifier) ? eventflag::alt : 0) |
+           (modifiers.testFlag(Qt::MetaModifier) ? eventflag::super : 0);
 }
 
 std::optional<int> integerMember(const nlohmann::ordered_json& object, const char* name)

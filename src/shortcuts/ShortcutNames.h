@@ -11,7 +11,7 @@ namespace tintwick::shortcutnames {
 {
     using namespace KeyboardShortcuts;
     static const Name name{QStringLiteral("activatePicker"),
-                           Shortcut::fromKey({keycode::c}, eventflag::option | eventflag::shift)};
+                           Shortcut::fromKey({keycode::c}, eventflag::alt | eventflag::shift)};
     return name;
 }
 

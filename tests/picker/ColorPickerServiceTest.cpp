@@ -159,10 +159,10 @@ private Q_SLOTS:
 
         using namespace keycode;
         constexpr int none = 0;
-        constexpr int command = modifier::command;
+        constexpr int super = modifier::super;
         constexpr int control = modifier::control;
         constexpr int shift = modifier::shift;
-        constexpr int option = modifier::option;
+        constexpr int alt = modifier::alt;
         constexpr DesktopPoint here{500, 400};
         const auto row = [](const char* name, int key, int modifiers, bool isRepeat, int side,
                             DesktopPoint pointer, bool takes, bool keepsPicking) {
@@ -171,16 +171,16 @@ private Q_SLOTS:
         row("escape", escape, none, false, 15, here, false, false);
         row("escape with a modifier", escape, shift, false, 15, here, false, false);
         row("escape held down", escape, none, true, 15, here, false, true);
-        row("command = ", equal, command, false, 13, here, false, true);
-        row("command - ", minus, command, false, 17, here, false, true);
+        row("super = ", equal, super, false, 13, here, false, true);
+        row("super - ", minus, super, false, 17, here, false, true);
         row("control = ", equal, control, false, 13, here, false, true);
         row("control - ", minus, control, false, 17, here, false, true);
-        row("command shift = ", equal, command | shift, false, 13, here, false, true);
-        row("command = held down", equal, command, true, 13, here, false, true);
-        row("command keypad +", keypadPlus, command, false, 13, here, false, true);
+        row("super shift = ", equal, super | shift, false, 13, here, false, true);
+        row("super = held down", equal, super, true, 13, here, false, true);
+        row("super keypad +", keypadPlus, super, false, 13, here, false, true);
         row("control keypad -", keypadMinus, control, false, 17, here, false, true);
         row("= alone", equal, none, false, 15, here, false, true);
-        row("- with option", minus, option, false, 15, here, false, true);
+        row("- with alt", minus, alt, false, 15, here, false, true);
         row("keypad + alone", keypadPlus, none, false, 15, here, false, true);
         row("left", leftArrow, none, false, 15, {499, 400}, false, true);
         row("right", rightArrow, none, false, 15, {501, 400}, false, true);
@@ -197,8 +197,8 @@ private Q_SLOTS:
         row("return held down", returnKey, none, true, 15, here, false, true);
         row("space held down", space, none, true, 15, here, false, true);
         row("a letter", c, none, false, 15, here, false, true);
-        row("a letter with command", c, command, false, 15, here, false, true);
-        row("a key without a number", -1, command, false, 15, here, false, true);
+        row("a letter with super", c, super, false, 15, here, false, true);
+        row("a key without a number", -1, super, false, 15, here, false, true);
     }
 
     void keys_zoom_move_take_and_cancel()
@@ -276,7 +276,7 @@ private Q_SLOTS:
         preferences::setScopeDefaultRadius(radius);
         Desk desk;
         desk.service->showPicker();
-        desk.platform.input.key(key, modifier::command);
+        desk.platform.input.key(key, modifier::super);
         desk.platform.input.scroll({scroll, true});
         QCOMPARE(desk.grabs(), 1);
         QCOMPARE(desk.shown(), 1);
@@ -311,7 +311,7 @@ private Q_SLOTS:
         Desk desk;
         desk.service->showPicker();
         QTEST(desk.side(), "sideAtStart");
-        desk.platform.input.key(keycode::equal, modifier::command);
+        desk.platform.input.key(keycode::equal, modifier::super);
         QTEST(desk.side(), "sideZoomedIn");
         desk.platform.input.key(keycode::escape);
 
@@ -565,7 +565,7 @@ private Q_SLOTS:
         Desk desk;
         desk.service->showPicker();
         desk.platform.input.move({100, 100});
-        desk.platform.input.key(keycode::minus, modifier::command);
+        desk.platform.input.key(keycode::minus, modifier::super);
         QCOMPARE(desk.shown(), 3);
         desk.platform.grabber.reportChange({500, 400, 1, 1});
         QCoreApplication::processEvents();
@@ -585,7 +585,7 @@ private Q_SLOTS:
         desk.platform.grabber.reportChange({100, 50, 1, 1});
         QCoreApplication::processEvents();
         QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{93.75, 43.5, 15, 15}));
-        desk.platform.input.key(keycode::equal, modifier::command);
+        desk.platform.input.key(keycode::equal, modifier::super);
         QCOMPARE(desk.platform.grabber.grabs.back().rect, (DesktopRect{94.75, 44.5, 13, 13}));
     }
 

@@ -46,7 +46,8 @@ struct Program
 {
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
     X11HotKeyRegistrar registrar{*connection};
-    X11KeyRecording recording{*connection};
+    XkbKeymap keymap{*connection};
+    X11KeyRecording recording{*connection, keymap};
     Recorder recorder;
     QStringList hotKeys;
 

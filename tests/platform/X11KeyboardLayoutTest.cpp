@@ -82,7 +82,8 @@ private Q_SLOTS:
         hand.chooseGroup(static_cast<std::uint8_t>(group));
         const auto connection = XcbConnection::open();
         QVERIFY(connection);
-        const X11KeyboardLayout keyboard(*connection);
+        XkbKeymap keymapOfServer(*connection);
+        const X11KeyboardLayout keyboard(*connection, keymapOfServer);
         QCOMPARE(keyboard.characterForKey(keyCode).value_or(QString()), character);
         QCOMPARE(keyboard.characterForKey(keyCode).has_value(), !character.isNull());
     }
@@ -91,7 +92,8 @@ private Q_SLOTS:
     {
         const auto connection = XcbConnection::open();
         QVERIFY(connection);
-        X11KeyboardLayout keyboard(*connection);
+        XkbKeymap keymap(*connection);
+        X11KeyboardLayout keyboard(*connection, keymap);
         int changes = 0;
         keyboard.setLayoutChangedHandler([&] { ++changes; });
         const auto characterOfQ = [&] { return keyboard.characterForKey(12).value_or(QString()); };

@@ -27,7 +27,8 @@ struct Program
     QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
     X11HotKeyRegistrar registrar{*connection};
-    X11KeyboardLayout layout{*connection};
+    XkbKeymap keymap{*connection};
+    X11KeyboardLayout layout{*connection, keymap};
     Registry registry{registrar, layout, settings};
     OpenMenuWatcher watcher{registry};
     QStringList calls;

@@ -32,7 +32,7 @@ public:
     DemoRecorders()
     {
         m_layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
-        m_registrar.refused = {{{keyD, modifier::command}, HotKeyRegistrar::statusTaken}};
+        m_registrar.refused = {{{keyD, modifier::super}, HotKeyRegistrar::statusTaken}};
         m_registry.declare(shortcutnames::activatePicker());
         const auto recorderFor = [this](const Name& name, const QString& title) {
             return new ShortcutRecorder(
@@ -82,7 +82,7 @@ void shootRecorder(const QDir& folder)
     shootState(u"focus"_s, [](DemoRecorders& demo) { demo.recorder().setFocus(Qt::TabFocusReason); });
     shootState(u"keypad"_s, [](DemoRecorders& demo) {
         demo.recorder().startRecording();
-        demo.press(keycode::keypad5, modifier::control | modifier::option);
+        demo.press(keycode::keypad5, modifier::control | modifier::alt);
     });
     shootState(u"recording"_s, [](DemoRecorders& demo) { demo.recorder().startRecording(); });
     shootState(u"recording-empty"_s, [](DemoRecorders& demo) { demo.empty().startRecording(); });
@@ -92,7 +92,7 @@ void shootRecorder(const QDir& folder)
     });
     shootState(u"alert-system"_s, [](DemoRecorders& demo) {
         demo.recorder().startRecording();
-        demo.press(keyD, modifier::command);
+        demo.press(keyD, modifier::super);
     });
 }
 

@@ -89,6 +89,7 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
 
 X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
     : m_connection(std::move(connection))
+    , m_keymap(*m_connection)
     , m_pickingInput(*m_connection)
     , m_clickMonitor(*m_connection)
     , m_panelHost(*m_connection)
@@ -112,12 +113,12 @@ HotKeyRegistrar& X11Platform::hotKeyRegistrar()
 
 KeyboardLayout& X11Platform::keyboardLayout()
 {
-    return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection);
+    return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection, m_keymap);
 }
 
 KeyRecording& X11Platform::keyRecording()
 {
-    return m_keyRecording ? *m_keyRecording : m_keyRecording.emplace(*m_connection);
+    return m_keyRecording ? *m_keyRecording : m_keyRecording.emplace(*m_connection, m_keymap);
 }
 
 } // namespace tintwick

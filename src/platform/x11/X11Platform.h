@@ -10,6 +10,7 @@
 #include "X11PickingInput.h"
 #include "X11ScreenGrabber.h"
 #include "XcbConnection.h"
+#include "XkbKeymap.h"
 
 #include <memory>
 #include <optional>
@@ -38,6 +39,7 @@ private:
     [[nodiscard]] X11ScreenGrabber& x11ScreenGrabber();
 
     std::unique_ptr<XcbConnection> m_connection;
+    XkbKeymap m_keymap;
     X11PickingInput m_pickingInput;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;

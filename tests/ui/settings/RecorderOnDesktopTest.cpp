@@ -72,8 +72,9 @@ struct Scene
     QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
     X11HotKeyRegistrar registrar{*connection};
-    X11KeyboardLayout layout{*connection};
-    X11KeyRecording keys{*connection};
+    XkbKeymap keymap{*connection};
+    X11KeyboardLayout layout{*connection, keymap};
+    X11KeyRecording keys{*connection, keymap};
     Registry registry{registrar, layout, settings};
     HandOnKeyboard hand;
     Bell bell;

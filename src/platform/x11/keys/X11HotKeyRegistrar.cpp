@@ -17,7 +17,7 @@ namespace {
 bool isAltKey(xcb_keycode_t keycode)
 {
     const int keyCode = keyCodeForEvdev(keycode - xKeycodeOffset).value_or(-1);
-    return keyCode == keycode::option || keyCode == keycode::rightOption;
+    return keyCode == keycode::alt || keyCode == keycode::rightAlt;
 }
 
 } // namespace
@@ -35,7 +35,7 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(XcbConnection& connection)
     }
     const auto* const input = xcb_get_extension_data(connection.get(), &xcb_input_id);
     m_hasInputExtension = input && input->present != 0;
-    m_bits = readModifierBits(connection).value_or(ModifierBits{});
+    m_modifierMap = ModifierMap::read(connection).value_or(ModifierMap{});
 }
 
 X11HotKeyRegistrar::~X11HotKeyRegistrar()
@@ -145,7 +145,7 @@ void X11HotKeyRegistrar::eventsDrained()
 void X11HotKeyRegistrar::keyPressed(const xcb_key_press_event_t& press)
 {
     const KeyGrab pressed{press.detail,
-                          static_cast<std::uint16_t>(press.state & allModifierBits & ~m_bits.locks())};
+                          static_cast<std::uint16_t>(press.state & allModifierBits & ~m_modifierMap.locks())};
     std::vector<std::uint32_t> ids;
     for (auto& [handle, hotKey] : m_hotKeys) {
         if (hotKey.grab == pressed && !hotKey.pressed) {
@@ -211,7 +211,7 @@ bool X11HotKeyRegistrar::rawKeyPressed(const xcb_key_press_event_t& press)
         return true;
     }
     const auto keyCode = keyCodeForEvdev(press.detail - xKeycodeOffset);
-    const auto modifiers = m_bits.carbonModifiers(press.state);
+    const auto modifiers = m_modifierMap.shortcutModifiers(press.state);
     if (!keyCode || !modifiers) {
         return false;
     }
@@ -258,10 +258,10 @@ bool X11HotKeyRegistrar::isDown(xcb_keycode_t keycode) const
 
 void X11HotKeyRegistrar::followKeymap()
 {
-    const auto bits = readModifierBits(m_connection);
+    const auto map = ModifierMap::read(m_connection);
     const bool allAreHeld =
         std::ranges::all_of(m_hotKeys, [](const auto& entry) { return entry.second.grab.has_value(); });
-    if (!bits || (*bits == m_bits && allAreHeld)) {
+    if (!map || (*map == m_modifierMap && allAreHeld)) {
         return;
     }
     for (auto& [handle, hotKey] : m_hotKeys) {
@@ -270,7 +270,7 @@ void X11HotKeyRegistrar::followKeymap()
             hotKey.grab.reset();
         }
     }
-    m_bits = *bits;
+    m_modifierMap = *map;
     for (auto& [handle, hotKey] : m_hotKeys) {
         const auto grab = grabFor(hotKey.keyCode, hotKey.modifiers);
         if (grab && (isHeld(*grab) || take(*grab))) {
@@ -287,26 +287,16 @@ std::optional<X11HotKeyRegistrar::KeyGrab> X11HotKeyRegistrar::grabFor(int keyCo
         *evdev + xKeycodeOffset > setup.max_keycode) {
         return std::nullopt;
     }
-    unsigned bits = 0;
-    // The Function key of the keyboards that have one is not a modifier to the server.
-    for (const auto& [mask, bit] : {std::pair<int, unsigned>{modifier::shift, XCB_MOD_MASK_SHIFT},
-                                    {modifier::control, XCB_MOD_MASK_CONTROL},
-                                    {modifier::option, m_bits.option},
-                                    {modifier::command, m_bits.command},
-                                    {modifier::function, 0}}) {
-        if ((modifiers & mask) != 0) {
-            if (bit == 0) {
-                return std::nullopt;
-            }
-            bits |= bit;
-        }
+    const auto bits = m_modifierMap.bits(modifiers);
+    if (!bits) {
+        return std::nullopt;
     }
-    return KeyGrab{static_cast<xcb_keycode_t>(*evdev + xKeycodeOffset), static_cast<std::uint16_t>(bits)};
+    return KeyGrab{static_cast<xcb_keycode_t>(*evdev + xKeycodeOffset), *bits};
 }
 
 std::vector<std::uint16_t> X11HotKeyRegistrar::lockCombinations() const
 {
-    const unsigned locks = m_bits.locks();
+    const unsigned locks = m_modifierMap.locks();
     std::vector<std::uint16_t> combinations;
     for (unsigned combination = 0; combination <= locks; ++combination) {
         if ((combination & ~locks) == 0) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "HotKeyRegistrar.h"
-#include "ModifierBits.h"
+#include "ModifierMap.h"
 #include "XcbConnection.h"
 
 #include <QAbstractNativeEventFilter>
@@ -88,7 +88,7 @@ private:
     std::uint8_t m_xkbEvent = 0;
     bool m_hasInputExtension = false;
     bool m_keymapIsOutdated = false;
-    ModifierBits m_bits;
+    ModifierMap m_modifierMap;
     std::map<Handle, HotKey> m_hotKeys;
     Handle m_lastHandle = 0;
     HotKeyHandler m_hotKeyHandler;

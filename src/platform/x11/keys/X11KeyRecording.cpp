@@ -7,14 +7,13 @@
 
 #include <QCoreApplication>
 
-#include <xcb/xinput.h>
-
 #include <utility>
 
 namespace tintwick {
 
-X11KeyRecording::X11KeyRecording(XcbConnection& connection)
+X11KeyRecording::X11KeyRecording(XcbConnection& connection, XkbKeymap& keymap)
     : m_connection(connection)
+    , m_keymap(keymap)
     , m_extension(openInputExtension(connection))
 {
 }
@@ -34,12 +33,12 @@ KeyRecording::Outcome X11KeyRecording::begin(Listener& listener)
     // What the toolkit has already given back must not look taken.
     toolkit::sync();
     const auto keyboard = m_extension != 0 ? masterKeyboard(m_connection) : std::nullopt;
-    const auto bits = readModifierBits(m_connection);
-    if (!keyboard || !bits) {
+    const auto map = ModifierMap::read(m_connection);
+    if (!keyboard || !map) {
         return Outcome::Refused;
     }
     m_keyboard = *keyboard;
-    m_modifierBits = *bits;
+    m_modifierMap = *map;
     m_modifierKeys = readModifierKeys(m_connection);
     if (!retryGrab([this] { return grab(); })) {
         return Outcome::Refused;
@@ -74,7 +73,7 @@ void X11KeyRecording::handleEvent(const xcb_generic_event_t& event)
     }
     const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
     if (generic.event_type == XCB_INPUT_KEY_PRESS) {
-        keyPressed(key.detail, key.mods.effective, (key.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0);
+        keyPressed(key);
     } else if (generic.event_type == XCB_INPUT_KEY_RELEASE) {
         keyReleased(key.detail);
     }
@@ -92,8 +91,9 @@ bool X11KeyRecording::nativeEventFilter(const QByteArray& eventType, void* messa
            reinterpret_cast<const xcb_focus_out_event_t&>(event).mode == XCB_NOTIFY_MODE_GRAB;
 }
 
-void X11KeyRecording::keyPressed(std::uint32_t keycode, std::uint32_t state, bool isRepeat)
+void X11KeyRecording::keyPressed(const xcb_input_key_press_event_t& event)
 {
+    const auto keycode = event.detail;
     if (keycode >= m_keysDown.size()) {
         return;
     }
@@ -101,10 +101,14 @@ void X11KeyRecording::keyPressed(std::uint32_t keycode, std::uint32_t state, boo
     if (!m_listener || m_modifierKeys.test(keycode)) {
         return;
     }
-    const auto modifiers = m_modifierBits.carbonModifiers(state);
+    const auto modifiers = m_modifierMap.shortcutModifiers(event.mods.effective);
     const auto position = keyCodeForEvdev(static_cast<int>(keycode) - xKeycodeOffset);
-    const bool hasNumber = position && modifiers;
-    m_listener->keyPressed({hasNumber ? *position : -1, modifiers.value_or(0), isRepeat});
+    KeyPress press;
+    press.keyCode = position && modifiers ? *position : -1;
+    press.modifiers = modifiers.value_or(0);
+    press.isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
+    press.character = m_keymap.character(keycode, event.mods.effective, event.group.effective);
+    m_listener->keyPressed(press);
 }
 
 void X11KeyRecording::keyReleased(std::uint32_t keycode)

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "KeyRecording.h"
-#include "ModifierBits.h"
+#include "ModifierMap.h"
 #include "XcbConnection.h"
+#include "XkbKeymap.h"
 
 #include <QAbstractNativeEventFilter>
+
+#include <xcb/xinput.h>
 
 #include <bitset>
 #include <cstdint>
@@ -18,8 +21,8 @@ class X11KeyRecording final : public KeyRecording,
                               private QAbstractNativeEventFilter
 {
 public:
-    /// The connection must outlive this object.
-    explicit X11KeyRecording(XcbConnection& connection);
+    /// Both must outlive this object.
+    X11KeyRecording(XcbConnection& connection, XkbKeymap& keymap);
     ~X11KeyRecording() override;
 
     [[nodiscard]] Outcome begin(Listener& listener) override;
@@ -29,15 +32,16 @@ private:
     void handleEvent(const xcb_generic_event_t& event) override;
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-    void keyPressed(std::uint32_t keycode, std::uint32_t state, bool isRepeat);
+    void keyPressed(const xcb_input_key_press_event_t& event);
     void keyReleased(std::uint32_t keycode);
     [[nodiscard]] bool grab();
     void giveBack();
 
     XcbConnection& m_connection;
+    XkbKeymap& m_keymap;
     std::uint8_t m_extension = 0;
     std::uint16_t m_keyboard = 0;
-    ModifierBits m_modifierBits;
+    ModifierMap m_modifierMap;
     std::bitset<256> m_modifierKeys;
 
     /// None while idle, and while only the releases of the last recording are awaited.

@@ -14,7 +14,7 @@ namespace {
 
 constexpr xkb_level_index_t withoutModifiers = 0;
 
-/// The character on the key's lowest level; 0 when it types none or several.
+/// The character on the lowest level of the key; 0 when the key types none or several.
 std::uint32_t characterOf(xkb_keymap* keymap, xkb_keycode_t keycode, xkb_layout_index_t group)
 {
     const xkb_keysym_t* symbols = nullptr;
@@ -32,7 +32,8 @@ bool isAsciiCapable(xkb_keymap* keymap, xkb_layout_index_t group)
             letters.set(character - 'a');
         }
     }
-    // A Latin layout may keep a few letters off its lowest level, as the Lithuanian one does; others have hardly any.
+    // A Latin layout may keep a few letters on higher levels, as the Lithuanian layout does; other layouts have almost
+    // none.
     return letters.count() > letters.size() / 2;
 }
 
@@ -46,19 +47,9 @@ std::uint32_t readCurrentGroup(const XcbConnection& connection)
 
 } // namespace
 
-void X11KeyboardLayout::Unref::operator()(xkb_context* context) const
-{
-    xkb_context_unref(context);
-}
-
-void X11KeyboardLayout::Unref::operator()(xkb_keymap* keymap) const
-{
-    xkb_keymap_unref(keymap);
-}
-
-X11KeyboardLayout::X11KeyboardLayout(XcbConnection& connection)
+X11KeyboardLayout::X11KeyboardLayout(XcbConnection& connection, XkbKeymap& keymap)
     : m_connection(connection)
-    , m_context(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES))
+    , m_keymap(keymap)
     , m_xkbEvent(listenForXkbEvents(connection))
     , m_currentGroup(m_xkbEvent != 0 ? readCurrentGroup(connection) : 0)
 {
@@ -74,7 +65,7 @@ std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
         return std::nullopt;
     }
     const char32_t character = characterOf(keys, static_cast<xkb_keycode_t>(*evdev + xKeycodeOffset), group);
-    // Return, Tab and the like have a character too, but none that could be shown.
+    // Return, Tab and similar keys type a control character, which cannot be shown.
     if (character == 0 || !QChar::isPrint(character)) {
         return std::nullopt;
     }
@@ -89,21 +80,9 @@ void X11KeyboardLayout::setLayoutChangedHandler(LayoutChanged handler)
     m_layoutChanged = std::move(handler);
 }
 
-xkb_keymap* X11KeyboardLayout::keymap() const
-{
-    // A request of an extension that the server lacks would cost us the connection.
-    if (m_xkbEvent != 0 && std::exchange(m_keymapIsOutdated, false)) {
-        const auto device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
-        m_keymap.reset(device < 0 ? nullptr
-                                  : xkb_x11_keymap_new_from_device(m_context.get(), m_connection.get(),
-                                                                   device, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    }
-    return m_keymap.get();
-}
-
 X11KeyboardLayout::Layout X11KeyboardLayout::asciiCapableLayout() const
 {
-    auto* const keys = keymap();
+    auto* const keys = m_keymap.get();
     if (!keys) {
         return {};
     }
@@ -115,18 +94,18 @@ X11KeyboardLayout::Layout X11KeyboardLayout::asciiCapableLayout() const
             return {keys, group};
         }
     }
-    return {americanKeymap(), 0};
+    return {usKeymap(), 0};
 }
 
-xkb_keymap* X11KeyboardLayout::americanKeymap() const
+xkb_keymap* X11KeyboardLayout::usKeymap() const
 {
-    if (!m_americanKeymap) {
-        const std::unique_ptr<xkb_context, Unref> files(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
-        constexpr xkb_rule_names american{"evdev", "pc105", "us", nullptr, nullptr};
-        m_americanKeymap.reset(
-            files ? xkb_keymap_new_from_names(files.get(), &american, XKB_KEYMAP_COMPILE_NO_FLAGS) : nullptr);
+    if (!m_usKeymap) {
+        const std::unique_ptr<xkb_context, XkbUnref> files(xkb_context_new(XKB_CONTEXT_NO_ENVIRONMENT_NAMES));
+        constexpr xkb_rule_names us{"evdev", "pc105", "us", nullptr, nullptr};
+        m_usKeymap.reset(files ? xkb_keymap_new_from_names(files.get(), &us, XKB_KEYMAP_COMPILE_NO_FLAGS)
+                               : nullptr);
     }
-    return m_americanKeymap.get();
+    return m_usKeymap.get();
 }
 
 void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
@@ -134,14 +113,13 @@ void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
     switch (xkbEventKind(event, m_xkbEvent)) {
     case XCB_XKB_NEW_KEYBOARD_NOTIFY:
     case XCB_XKB_MAP_NOTIFY:
-        m_keymapIsOutdated = true;
-        m_changeIsUntold = true;
+        m_hasUnreportedChange = true;
         break;
     case XCB_XKB_STATE_NOTIFY: {
         const auto group = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event).lockedGroup;
         if (group != m_currentGroup) {
             m_currentGroup = group;
-            m_changeIsUntold = true;
+            m_hasUnreportedChange = true;
         }
         break;
     }
@@ -150,10 +128,10 @@ void X11KeyboardLayout::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
-// One new layout is many events; they are told once.
+// One new layout arrives as many events, which are reported once.
 void X11KeyboardLayout::eventsDrained()
 {
-    if (std::exchange(m_changeIsUntold, false)) {
+    if (std::exchange(m_hasUnreportedChange, false)) {
         m_currentGroup = readCurrentGroup(m_connection);
         if (const auto handler = m_layoutChanged) {
             handler();

@@ -56,8 +56,8 @@ int toModifiers(std::uint32_t mods)
     int result = 0;
     result |= (mods & XCB_MOD_MASK_SHIFT) != 0 ? modifier::shift : 0;
     result |= (mods & XCB_MOD_MASK_CONTROL) != 0 ? modifier::control : 0;
-    result |= (mods & XCB_MOD_MASK_1) != 0 ? modifier::option : 0;
-    result |= (mods & XCB_MOD_MASK_4) != 0 ? modifier::command : 0;
+    result |= (mods & XCB_MOD_MASK_1) != 0 ? modifier::alt : 0;
+    result |= (mods & XCB_MOD_MASK_4) != 0 ? modifier::super : 0;
     return result;
 }
 
@@ -230,7 +230,7 @@ void X11PickingInput::handleKey(const xcb_input_key_press_event_t& event, bool i
     if (m_listener) {
         const bool isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
         const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
-        m_listener->keyPressed({position.value_or(-1), toModifiers(event.mods.effective), isRepeat});
+        m_listener->keyPressed({position.value_or(-1), toModifiers(event.mods.effective), isRepeat, 0});
     }
 }
 

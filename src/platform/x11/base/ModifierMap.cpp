@@ -1,4 +1,4 @@
-#include "ModifierBits.h"
+#include "ModifierMap.h"
 
 #include "KeyCode.h"
 #include "XcbConnection.h"
@@ -6,14 +6,14 @@
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 #include <algorithm>
+#include <array>
 #include <span>
-#include <utility>
 
 namespace tintwick {
 
 namespace {
 
-/// What the server's keymap says, in the words of the core protocol.
+/// The keymap of the server in the representation of the core protocol.
 struct Keymap
 {
     explicit Keymap(const XcbConnection& connection)
@@ -29,7 +29,7 @@ struct Keymap
 
     [[nodiscard]] bool isComplete() const { return modifierMap && keyboardMap; }
 
-    /// As many for each of the eight modifiers; 0 fills the places that have no key.
+    /// keysPerModifier() keycodes for each of the eight modifiers; 0 where no key is assigned.
     [[nodiscard]] std::span<const xcb_keycode_t> modifierKeys() const
     {
         return {xcb_get_modifier_mapping_keycodes(modifierMap.get()),
@@ -60,53 +60,94 @@ bool isModifierSymbol(xcb_keysym_t symbol)
            symbol == XKB_KEY_Mode_switch || symbol == XKB_KEY_Num_Lock || symbol == XKB_KEY_Scroll_Lock;
 }
 
-} // namespace
-
-std::uint16_t ModifierBits::locks() const
+/// The first modifier bit whose keys carry one of the two symbols; 0 when there is none.
+std::uint16_t bitOf(const Keymap& keymap, xcb_keysym_t left, xcb_keysym_t right)
 {
-    return static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | numLock | scrollLock);
-}
-
-std::optional<int> ModifierBits::carbonModifiers(std::uint32_t state) const
-{
-    unsigned rest = state & allModifierBits & ~unsigned{locks()};
-    int modifiers = 0;
-    for (const auto& [bit, mask] : {std::pair<unsigned, int>{XCB_MOD_MASK_SHIFT, modifier::shift},
-                                    {XCB_MOD_MASK_CONTROL, modifier::control},
-                                    {option, modifier::option},
-                                    {command, modifier::command}}) {
-        if ((rest & bit) != 0) {
-            modifiers |= mask;
-            rest &= ~bit;
+    const auto keys = keymap.modifierKeys();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (keys[i] >= keymap.firstKey && std::ranges::any_of(keymap.symbolsOf(keys[i]), [&](auto symbol) {
+                return symbol == left || symbol == right;
+            })) {
+            return static_cast<std::uint16_t>(1U << (i / keymap.keysPerModifier()));
         }
     }
-    return rest == 0 ? std::optional(modifiers) : std::nullopt;
+    return 0;
 }
 
-std::optional<ModifierBits> readModifierBits(const XcbConnection& connection)
+struct MaskAndBit
+{
+    int mask;
+    std::uint16_t bit;
+};
+
+std::array<MaskAndBit, 4> table(const ModifierMap& map)
+{
+    return {{{modifier::shift, XCB_MOD_MASK_SHIFT},
+             {modifier::control, XCB_MOD_MASK_CONTROL},
+             {modifier::alt, map.alt},
+             {modifier::super, map.super}}};
+}
+
+} // namespace
+
+std::optional<ModifierMap> ModifierMap::read(const XcbConnection& connection)
 {
     const Keymap keymap(connection);
     if (!keymap.isComplete()) {
         return std::nullopt;
     }
-    // The first bit whose keys carry one of the two symbols.
-    const auto bitOf = [&keymap](xcb_keysym_t left, xcb_keysym_t right) -> std::uint16_t {
-        const auto keys = keymap.modifierKeys();
-        for (std::size_t i = 0; i < keys.size(); ++i) {
-            if (keys[i] >= keymap.firstKey &&
-                std::ranges::any_of(keymap.symbolsOf(keys[i]),
-                                    [&](auto symbol) { return symbol == left || symbol == right; })) {
-                return static_cast<std::uint16_t>(1U << (i / keymap.keysPerModifier()));
-            }
+    return ModifierMap{
+        .alt = bitOf(keymap, XKB_KEY_Alt_L, XKB_KEY_Alt_R),
+        .super = bitOf(keymap, XKB_KEY_Super_L, XKB_KEY_Super_R),
+        .numLock = bitOf(keymap, XKB_KEY_Num_Lock, XKB_KEY_Num_Lock),
+        .scrollLock = bitOf(keymap, XKB_KEY_Scroll_Lock, XKB_KEY_Scroll_Lock),
+    };
+}
+
+std::uint16_t ModifierMap::locks() const
+{
+    return static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | numLock | scrollLock);
+}
+
+int ModifierMap::modifiers(std::uint32_t state) const
+{
+    unsigned rest = state & allModifierBits & ~unsigned{locks()};
+    int modifiers = 0;
+    for (const auto& [mask, bit] : table(*this)) {
+        if ((rest & bit) != 0) {
+            modifiers |= mask;
+            // A keymap may give two modifiers the same bit; it counts as the first.
+            rest &= ~unsigned{bit};
         }
-        return 0;
-    };
-    return ModifierBits{
-        .option = bitOf(XKB_KEY_Alt_L, XKB_KEY_Alt_R),
-        .command = bitOf(XKB_KEY_Super_L, XKB_KEY_Super_R),
-        .numLock = bitOf(XKB_KEY_Num_Lock, XKB_KEY_Num_Lock),
-        .scrollLock = bitOf(XKB_KEY_Scroll_Lock, XKB_KEY_Scroll_Lock),
-    };
+    }
+    return modifiers;
+}
+
+std::optional<int> ModifierMap::shortcutModifiers(std::uint32_t state) const
+{
+    unsigned others = state & allModifierBits & ~unsigned{locks()};
+    for (const auto& [mask, bit] : table(*this)) {
+        others &= ~unsigned{bit};
+    }
+    return others == 0 ? std::optional(modifiers(state)) : std::nullopt;
+}
+
+std::optional<std::uint16_t> ModifierMap::bits(int modifiers) const
+{
+    if ((modifiers & modifier::function) != 0) {
+        return std::nullopt;
+    }
+    unsigned bits = 0;
+    for (const auto& [mask, bit] : table(*this)) {
+        if ((modifiers & mask) == 0) {
+            continue;
+        }
+        if (bit == 0) {
+            return std::nullopt;
+        }
+        bits |= bit;
+    }
+    return static_cast<std::uint16_t>(bits);
 }
 
 std::bitset<256> readModifierKeys(const XcbConnection& connection)
@@ -120,7 +161,7 @@ std::bitset<256> readModifierKeys(const XcbConnection& connection)
         keys.set(keycode);
     }
     keys.reset(0);
-    // What shifts to the third level and beyond has no place among the eight modifiers.
+    // Keys that select the third level and above are not in the modifier map.
     for (std::size_t keycode = keymap.firstKey; keycode < keymap.firstKey + keymap.keyCount(); ++keycode) {
         if (isModifierSymbol(keymap.symbolsOf(keycode).front())) {
             keys.set(keycode);
