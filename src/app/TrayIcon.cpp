@@ -22,7 +22,7 @@ QIcon statusIcon(const QColor& color)
 {
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48}) {
-        icon.addPixmap(symbolPixmapOfSide(u"eyedropper.halffull", side, color));
+        icon.addPixmap(symbolPixmapOfSide(u"eyedropper-filled", side, color));
     }
     return icon;
 }

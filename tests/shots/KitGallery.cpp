@@ -73,15 +73,15 @@ std::unique_ptr<QWidget> blocks()
         gap(16), padding(16), fixedWidth(380), Across::Leading,
         row(gap(10), fillWidth(), label(u"Tintwick"_s, theme::font(18, QFont::Bold)), spacer(),
             row(gap(4), padding(8, 4), ground(theme::surface, 11),
-                symbol(u"checkmark.circle.fill"_s, 10, SymbolWeight::Regular, theme::green),
+                symbol(u"check-circle"_s, 10, SymbolWeight::Regular, theme::green),
                 label(u"Copied!"_s, theme::font(11, QFont::Medium), theme::textSecond)),
             plainButton(u"Appearance"_s, nothing,
                         row(fixedSize(30, 30), centered(), ground(theme::surfaceHigh, 8),
-                            symbol(u"circle.lefthalf.filled"_s, 14, SymbolWeight::Medium, theme::textSecond)),
+                            symbol(u"auto-mode"_s, 14, SymbolWeight::Medium, theme::textSecond)),
                         8),
             plainButton(u"Settings"_s, nothing,
                         row(fixedSize(30, 30), centered(), ground(theme::surfaceHigh, 8),
-                            symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, theme::textSecond)),
+                            symbol(u"settings"_s, 14, SymbolWeight::Regular, theme::textSecond)),
                         8)),
         rule(),
         plainButton(
@@ -89,27 +89,27 @@ std::unique_ptr<QWidget> blocks()
             row(fillWidth(), fixedHeight(50), gap(8), centered(),
                 ground(theme::Gradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}}, 14),
                 Shadow{.color = theme::Color{0.24, 0.26, 0.68}.opacity(0.35), .radius = 10, .offset = {0, 4}},
-                symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, theme::white),
+                symbol(u"eyedropper-filled"_s, 17, SymbolWeight::Semibold, theme::white),
                 label(u"Pick a Color"_s, theme::font(16, QFont::DemiBold), theme::white)),
             14),
         plainButton(u"See all"_s, nothing,
                     row(fillWidth(), gap(2),
                         label(u"Recent History"_s, theme::font(15, QFont::DemiBold), theme::textSecond),
                         spacer(), label(u"See all"_s, theme::font(12), theme::accent),
-                        symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, theme::accent))),
+                        symbol(u"chevron-right"_s, 10, SymbolWeight::Semibold, theme::accent))),
         row(gap(12), square({0.23, 0.51, 0.96}), square({0.95, 0.35, 0.25}), square({0.15, 0.7, 0.45}),
             new Checks, label(u"3B82F6"_s, theme::monospacedFont(9, QFont::Medium), theme::textSecond)),
         row(fillWidth(), gap(12), padding(12, 10), ground(theme::surface, 14), outline(theme::border, 1),
             Shadow{.color = theme::black.opacity(0.07), .radius = 8, .offset = {0, 2}},
-            tile(u"paintpalette.fill"_s, theme::cardAccents[0]),
+            tile(u"palette-filled"_s, theme::cardAccents[0]),
             column(gap(2), Across::Leading,
                    label(u"A palette whose name is far too long to be shown"_s, theme::font(14, QFont::Bold)),
                    label(u"7 Colors"_s, theme::font(11), theme::textSecond)),
-            spacer(), symbol(u"chevron.right"_s, 11, SymbolWeight::Medium, theme::textThird)),
+            spacer(), symbol(u"chevron-right"_s, 11, SymbolWeight::Medium, theme::textThird)),
         row(fillWidth(), gap(14), padding(12), ground(theme::surface, 14),
             dashedOutline(theme::textThird, 1.2, 5),
             row(fixedSize(44, 44), centered(), ground(theme::surfaceHigh, 10),
-                symbol(u"plus"_s, 18, SymbolWeight::Medium, theme::textThird)),
+                symbol(u"add"_s, 18, SymbolWeight::Medium, theme::textThird)),
             label(u"New Palette"_s, theme::font(14, QFont::Medium), theme::textThird), spacer()),
         new SegmentedPicker(u"Tab"_s, {u"General"_s, u"Data"_s}, 0),
         row(gap(10), fillWidth(),
@@ -122,7 +122,7 @@ std::unique_ptr<QWidget> blocks()
 
 std::unique_ptr<QWidget> symbols()
 {
-    auto* sheet = column(gap(6), padding(16), Across::Leading);
+    auto* lines = column(gap(6), padding(16), Across::Leading);
     for (const QString& name : symbolNames()) {
         auto* line = row(gap(10));
         for (const int textSize : {10, 14, 20}) {
@@ -133,9 +133,9 @@ std::unique_ptr<QWidget> symbols()
             line->add(label(u"Ag"_s, theme::font(textSize)));
         }
         line->add(label(name, theme::font(11), theme::textSecond));
-        sheet->add(line);
+        lines->add(line);
     }
-    return std::unique_ptr<QWidget>(page(sheet));
+    return std::unique_ptr<QWidget>(page(lines));
 }
 
 QList<MenuEntry> choices()
@@ -146,11 +146,11 @@ QList<MenuEntry> choices()
 
 QList<MenuEntry> cardMenu()
 {
-    return {menuAction(u"Open Palette"_s, u"arrow.right.circle"_s, nothing),
+    return {menuAction(u"Open Palette"_s, u"open"_s, nothing),
             menuSeparator(),
-            menuAction(u"Export CSS Variables"_s, u"doc.text"_s, nothing),
-            menuAction(u"Export JSON"_s, u"curlybraces"_s, nothing),
-            menuAction(u"Export PNG Swatch"_s, u"photo"_s, nothing),
+            menuAction(u"Export CSS Variables"_s, u"document"_s, nothing),
+            menuAction(u"Export JSON"_s, u"braces"_s, nothing),
+            menuAction(u"Export PNG Swatch"_s, u"image"_s, nothing),
             menuSeparator(),
             submenu(u"Copy as…"_s, {menuAction(u"HEX"_s, nothing)}),
             menuDestructive(u"Delete"_s, nothing)};
@@ -164,7 +164,7 @@ void shootKitGallery(const QDir& folder)
     shoot(folder, u"kit-focus"_s, blocks,
           [](QWidget& view) { view.findChildren<PlainButton*>().at(2)->setFocus(Qt::TabFocusReason); });
     shoot(folder, u"kit-symbols"_s, symbols);
-    shoot(folder, u"kit-sheet"_s, blocks, [](QWidget& view) {
+    shoot(folder, u"kit-overlay"_s, blocks, [](QWidget& view) {
         new Overlay(view, u"New Palette"_s,
                     column(gap(16), padding(20), fixedWidth(280), Across::Leading,
                            label(u"New Palette"_s, theme::headline()), new TextField(u"Palette name"_s),

@@ -123,10 +123,10 @@ void shootMainPanel(const QDir& folder)
     shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());
     });
-    shootState(u"sheet-empty"_s, manyColors(8), twoPalettes,
-               [](DemoPanel& panel) { panel.dashboard().openNewPaletteSheet(); });
-    shootState(u"sheet"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
-        panel.dashboard().openNewPaletteSheet();
+    shootState(u"overlay-empty"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { panel.dashboard().openNewPaletteOverlay(); });
+    shootState(u"overlay"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.dashboard().openNewPaletteOverlay();
         panel.findChild<QLineEdit*>()->setText(u"Harbour"_s);
     });
 }

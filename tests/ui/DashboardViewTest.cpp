@@ -579,7 +579,7 @@ void DashboardViewTest::blankNamesMakeNoPalette()
 {
     QFETCH(const QString, name);
     PanelFixture panel;
-    panel.dashboard().openNewPaletteSheet();
+    panel.dashboard().openNewPaletteOverlay();
     auto* field = panel.view->findChild<QLineEdit*>();
     field->setText(name);
     QVERIFY(!button(*panel.view, QStringLiteral("Create"))->isEnabled());
@@ -608,13 +608,13 @@ void DashboardViewTest::aNewPaletteHasTheTrimmedName()
 void DashboardViewTest::aCancelledNameIsThereAgain()
 {
     PanelFixture panel;
-    panel.dashboard().openNewPaletteSheet();
+    panel.dashboard().openNewPaletteOverlay();
     QTest::keyClicks(panel.view->findChild<QLineEdit*>(), QStringLiteral("Harb"));
     QTest::mouseClick(button(*panel.view, QStringLiteral("Cancel")), Qt::LeftButton);
     QVERIFY(!Overlay::of(*panel.view));
     panel.settle();
 
-    panel.dashboard().openNewPaletteSheet();
+    panel.dashboard().openNewPaletteOverlay();
     auto* field = panel.view->findChild<QLineEdit*>();
     QCOMPARE(field->text(), QStringLiteral("Harb"));
     QVERIFY(button(*panel.view, QStringLiteral("Create"))->isEnabled());

@@ -98,12 +98,12 @@ private Q_SLOTS:
     void screenReadersAndHelpNameTheColor();
 
     void renamingByKeysAlone();
-    void theSheetIsLaidOutToThePoint();
-    void theSheetBeginsWithTheNameSelected_data();
-    void theSheetBeginsWithTheNameSelected();
+    void theOverlayIsLaidOutToThePoint();
+    void theOverlayBeginsWithTheNameSelected_data();
+    void theOverlayBeginsWithTheNameSelected();
     void anEmptyNameIsSavedToo();
     void aNameIsSavedAsTyped();
-    void aColorDeletedUnderItsMenuOrSheetHarmsNothing();
+    void aColorDeletedUnderItsMenuOrOverlayHarmsNothing();
     void aMenuTakesThePointerAway();
     void cancellingChangesNothing_data();
     void cancellingChangesNothing();
@@ -203,7 +203,7 @@ void HistoryDetailViewTest::theExportMenuOffersThreeFormats()
     for (const QAction* action : panel.exportButton().menu()->actions()) {
         symbols.append(action->icon().name());
     }
-    QCOMPARE(symbols, (QStringList{u"doc.text"_s, u"curlybraces"_s, u"photo"_s}));
+    QCOMPARE(symbols, (QStringList{u"document"_s, u"braces"_s, u"image"_s}));
     QTest::keyClick(panel.exportButton().menu(), Qt::Key_Escape);
     const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel.exportButton());
     QCOMPARE(interface->role(), QAccessible::ButtonMenu);
@@ -606,7 +606,7 @@ void HistoryDetailViewTest::renamingByKeysAlone()
     QCOMPARE(QApplication::focusWidget(), &panel.swatch(0));
 }
 
-void HistoryDetailViewTest::theSheetIsLaidOutToThePoint()
+void HistoryDetailViewTest::theOverlayIsLaidOutToThePoint()
 {
     HistoryFixture panel;
     openRenameColorOverlay(*panel.view, panel.state, panel.capture(0xF54D4D));
@@ -633,7 +633,7 @@ void HistoryDetailViewTest::theSheetIsLaidOutToThePoint()
     QCOMPARE(interface->text(QAccessible::Name), u"Rename Color"_s);
 }
 
-void HistoryDetailViewTest::theSheetBeginsWithTheNameSelected_data()
+void HistoryDetailViewTest::theOverlayBeginsWithTheNameSelected_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("a name") << u"Harbour at dusk"_s;
@@ -641,7 +641,7 @@ void HistoryDetailViewTest::theSheetBeginsWithTheNameSelected_data()
     QTest::newRow("none") << QString();
 }
 
-void HistoryDetailViewTest::theSheetBeginsWithTheNameSelected()
+void HistoryDetailViewTest::theOverlayBeginsWithTheNameSelected()
 {
     QFETCH(const QString, name);
     HistoryFixture panel(1);
@@ -683,7 +683,7 @@ void HistoryDetailViewTest::aNameIsSavedAsTyped()
     QVERIFY(!panel.state.history().first().customName);
 }
 
-void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrSheetHarmsNothing()
+void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrOverlayHarmsNothing()
 {
     HistoryFixture panel(3);
     const QPointer<QMenu> menu = contextMenu(panel.swatch(1));

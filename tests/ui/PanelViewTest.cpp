@@ -404,7 +404,7 @@ void PanelViewTest::everyControlTellsItsNameAndRole_data()
     QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
     QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3;
     QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3;
-    QTest::newRow("the sheet of a new palette") << 1 << 0 << QStringLiteral("sheet") << 2;
+    QTest::newRow("the overlay of a new palette") << 1 << 0 << QStringLiteral("overlay") << 2;
 }
 
 void PanelViewTest::everyControlTellsItsNameAndRole()
@@ -427,8 +427,8 @@ void PanelViewTest::everyControlTellsItsNameAndRole()
         panel.view->setSelectedCollectionId(PanelView::historySelectionId);
     } else if (screen == u"palette") {
         panel.view->setSelectedCollectionId(panel.state.collections().first().id);
-    } else if (screen == u"sheet") {
-        panel.dashboard().openNewPaletteSheet();
+    } else if (screen == u"overlay") {
+        panel.dashboard().openNewPaletteOverlay();
     }
     panel.settle();
 
@@ -441,7 +441,7 @@ void PanelViewTest::everyControlTellsItsNameAndRole()
         const QList<QAccessible::Role> roles{QAccessible::Button, QAccessible::ButtonMenu,
                                              QAccessible::EditableText};
         QVERIFY2(roles.contains(known->role()), qPrintable(known->text(QAccessible::Name)));
-        if (screen == u"sheet") {
+        if (screen == u"overlay") {
             continue;
         }
         // In reading order: what is on a line of its own is below what came before.

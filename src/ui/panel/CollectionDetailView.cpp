@@ -4,6 +4,7 @@
 #include "AppState.h"
 #include "Appearance.h"
 #include "Button.h"
+#include "CollectionIcon.h"
 #include "ColorDetailRow.h"
 #include "DetailScreen.h"
 #include "ExportMenu.h"
@@ -80,7 +81,7 @@ private:
 CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
     : m_appState(appState)
     , m_collectionId(collectionId)
-    , m_empty(emptyState(u"paintpalette"_s, tr("No colors yet\nDrag swatches here from Recent History")))
+    , m_empty(emptyState(u"palette"_s, tr("No colors yet\nDrag swatches here from Recent History")))
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
     , m_scroll(verticalScroll(m_list))
     , m_rows(
@@ -135,7 +136,7 @@ void CollectionDetailView::showCollection()
         m_collection.colorIds.clear();
     }
     const QList<CapturedColor> shown = colors();
-    m_icon->setName(m_collection.icon);
+    m_icon->setName(collectionSymbol(m_collection.icon));
     m_name->setText(inOneLine(m_collection.name));
     m_count->setText(colorCountText(shown.size()));
     m_export->setHasColors(!shown.isEmpty());

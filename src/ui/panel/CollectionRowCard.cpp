@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "Appearance.h"
+#include "CollectionIcon.h"
 #include "ColorActions.h"
 #include "ColorExport.h"
 #include "ContextMenu.h"
@@ -147,13 +148,12 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
     // The menu may outlive the card.
     const QList<CapturedColor> colors = exportColors();
-    return {menuAction(tr("Open Palette"), u"arrow.right.circle"_s,
-                       [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
+    return {menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
             menuSeparator(),
-            menuAction(tr("Export CSS Variables"), u"doc.text"_s,
+            menuAction(tr("Export CSS Variables"), u"document"_s,
                        [colors, name = m_collection.name] { ColorExport().exportCSS(colors, name); }),
-            menuAction(tr("Export JSON"), u"curlybraces"_s, [colors] { ColorExport().exportJSON(colors); }),
-            menuAction(tr("Export PNG Swatch"), u"photo"_s, [colors] { ColorExport().exportPNG(colors); }),
+            menuAction(tr("Export JSON"), u"braces"_s, [colors] { ColorExport().exportJSON(colors); }),
+            menuAction(tr("Export PNG Swatch"), u"image"_s, [colors] { ColorExport().exportPNG(colors); }),
             menuSeparator(),
             menuDestructive(tr("Delete"),
                             [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
@@ -178,9 +178,10 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     const QList<CapturedColor> preview = previewColors();
     const Parts parts = partsWith(preview.size());
     fillRounded(painter, parts.tile, tileRadius, gradientBrush(parts.tile, m_accent, scheme));
-    drawSymbolShadow(painter, m_collection.icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
+    const QString icon = collectionSymbol(m_collection.icon);
+    drawSymbolShadow(painter, icon, 20, SymbolWeight::Semibold, iconShadow.in(scheme),
                      parts.tile.translated(0, 1));
-    drawSymbol(painter, m_collection.icon, 20, SymbolWeight::Semibold, theme::white.in(scheme), parts.tile);
+    drawSymbol(painter, icon, 20, SymbolWeight::Semibold, theme::white.in(scheme), parts.tile);
 
     const QFont countFont = theme::font(11);
     const QFontMetricsF nameMetrics(nameFont());
@@ -199,7 +200,7 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, countText());
 
     paintPreview(painter, preview, parts.square);
-    drawSymbol(painter, u"chevron.right", chevronSize, SymbolWeight::Medium, theme::textThird.in(scheme),
+    drawSymbol(painter, u"chevron-right", chevronSize, SymbolWeight::Medium, theme::textThird.in(scheme),
                parts.chevron);
 
     const QColor hovered =

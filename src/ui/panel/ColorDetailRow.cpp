@@ -168,7 +168,7 @@ ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
 
 MenuButton* ColorDetailRow::copyMenu()
 {
-    auto* symbol = new HoverSymbol(u"doc.on.doc"_s, 13, SymbolWeight::Regular, 30, {theme::textThird},
+    auto* symbol = new HoverSymbol(u"copy"_s, 13, SymbolWeight::Regular, 30, {theme::textThird},
                                    {theme::accent, theme::accent.opacity(0.1)});
     m_symbols.append(symbol);
     auto* button = new MenuButton(
@@ -179,7 +179,7 @@ MenuButton* ColorDetailRow::copyMenu()
 
 PlainButton* ColorDetailRow::removal()
 {
-    auto* symbol = new HoverSymbol(u"xmark"_s, 11, SymbolWeight::Semibold, 24, {theme::textThird},
+    auto* symbol = new HoverSymbol(u"close"_s, 11, SymbolWeight::Semibold, 24, {theme::textThird},
                                    {theme::red.opacity(0.7)});
     m_symbols.append(symbol);
     auto* button = plainButton(

@@ -10,7 +10,7 @@ class ColorSwatchView final : public SwatchView
     Q_OBJECT
 
 public:
-    /// `size` is the side of the square in points; with the label it is 6 wider. The sheet for a new name opens over
+    /// `size` is the side of the square in points; with the label it is 6 wider. The overlay for a new name opens over
     /// `panel`.
     ColorSwatchView(AppState& appState, int size, QWidget& panel);
 

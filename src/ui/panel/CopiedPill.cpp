@@ -78,8 +78,7 @@ void CopiedPill::paintEvent(QPaintEvent*)
 
     fillRounded(painter, pill, pill.height() / 2, theme::surface.in(scheme));
     const QRectF mark(horizontalPadding, 0, symbolSide(symbolSize), pill.height());
-    drawSymbol(painter, u"checkmark.circle.fill", symbolSize, SymbolWeight::Regular, theme::green.in(scheme),
-               mark);
+    drawSymbol(painter, u"check-circle", symbolSize, SymbolWeight::Regular, theme::green.in(scheme), mark);
     painter.setFont(textFont());
     painter.setPen(theme::textSecond.in(scheme));
     painter.drawText(pill.adjusted(mark.right() + gap, 0, 0, 0), Qt::AlignLeading | Qt::AlignVCenter,

@@ -72,7 +72,7 @@ QWidget* DashboardView::eyedropperButton()
     m_pick = plainButton(
         title, [this] { m_appState.startPicking(); },
         row(fixedHeight(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
-            symbol(u"eyedropper.halffull"_s, 17, SymbolWeight::Semibold, theme::white),
+            symbol(u"eyedropper-filled"_s, 17, SymbolWeight::Semibold, theme::white),
             label(title, theme::font(16, QFont::DemiBold), theme::white), spacer()),
         14);
     return m_pick;
@@ -86,7 +86,7 @@ QWidget* DashboardView::recentHeader()
         QStringLiteral("%1, %2").arg(title, seeAll), [this] { Q_EMIT historySelected(); },
         row(gap(4), label(title, theme::font(15, QFont::DemiBold), theme::textSecond), spacer(),
             label(seeAll, theme::font(12), theme::accent),
-            symbol(u"chevron.right"_s, 10, SymbolWeight::Semibold, theme::accent)));
+            symbol(u"chevron-right"_s, 10, SymbolWeight::Semibold, theme::accent)));
     return m_seeAll;
 }
 
@@ -115,9 +115,9 @@ QWidget* DashboardView::createFirstPaletteButton()
 {
     const QString title = tr("Create your first palette");
     return plainButton(
-        title, [this] { openNewPaletteSheet(); },
+        title, [this] { openNewPaletteOverlay(); },
         row(fixedHeight(50), gap(6), ground(theme::accent.opacity(0.08), 12), spacer(),
-            symbol(u"plus.circle.fill"_s, 14, SymbolWeight::Regular, theme::accent),
+            symbol(u"add-circle"_s, 14, SymbolWeight::Regular, theme::accent),
             label(title, theme::font(13, QFont::Medium), theme::accent), spacer()),
         12);
 }
@@ -126,15 +126,15 @@ QWidget* DashboardView::addPaletteRow()
 {
     const QString title = tr("New Palette");
     return plainButton(
-        title, [this] { openNewPaletteSheet(); },
+        title, [this] { openNewPaletteOverlay(); },
         row(gap(14), padding(12), ground(theme::surface, 14), dashedOutline(theme::textThird, 1.2, 5),
             row(fixedSize(44, 44), centered(), ground(theme::surfaceHigh, 10),
-                symbol(u"plus"_s, 18, SymbolWeight::Medium, theme::textThird)),
+                symbol(u"add"_s, 18, SymbolWeight::Medium, theme::textThird)),
             label(title, theme::font(14, QFont::Medium), theme::textThird), spacer()),
         14);
 }
 
-void DashboardView::openNewPaletteSheet()
+void DashboardView::openNewPaletteOverlay()
 {
     auto* name = new TextField(tr("Palette name"), m_newCollectionName);
     auto* create = prominentButton(tr("Create"), [this] { createCollection(); });
@@ -147,20 +147,21 @@ void DashboardView::openNewPaletteSheet()
 
     auto* form = column(
         gap(16), padding(20), fixedWidth(280), Across::Leading, label(tr("New Palette"), theme::headline()),
-        name, row(borderedButton(tr("Cancel"), [this] { m_newPaletteSheet->dismiss(); }), spacer(), create));
-    m_newPaletteSheet = new Overlay(m_panel, tr("New Palette"), form, [this] { createCollection(); });
+        name,
+        row(borderedButton(tr("Cancel"), [this] { m_newPaletteOverlay->dismiss(); }), spacer(), create));
+    m_newPaletteOverlay = new Overlay(m_panel, tr("New Palette"), form, [this] { createCollection(); });
 }
 
 void DashboardView::createCollection()
 {
     const QString name = m_newCollectionName.trimmed();
-    if (name.isEmpty() || !m_newPaletteSheet) {
+    if (name.isEmpty() || !m_newPaletteOverlay) {
         return;
     }
     m_appState.createCollection(name);
     m_newCollectionName.clear();
-    const bool isFromKeyboard = m_newPaletteSheet->isFromKeyboard();
-    m_newPaletteSheet->dismiss();
+    const bool isFromKeyboard = m_newPaletteOverlay->isFromKeyboard();
+    m_newPaletteOverlay->dismiss();
     // The button for the first palette is gone with it.
     if (isFromKeyboard && m_appState.collections().size() == 1) {
         m_add->setFocus(Qt::TabFocusReason);

@@ -23,14 +23,14 @@ class DashboardView final : public View
     Q_OBJECT
 
 public:
-    /// Sheets open over `panel`, which contains the view.
+    /// Overlays open over `panel`, which contains the view.
     DashboardView(AppState& appState, QWidget& panel);
 
     [[nodiscard]] const QList<DashboardSwatchView*>& swatches() const { return m_swatches.views(); }
     [[nodiscard]] const QList<CollectionRowCard*>& cards() const { return m_cards.views(); }
 
     /// A name that was typed and not used is there again.
-    void openNewPaletteSheet();
+    void openNewPaletteOverlay();
 
 Q_SIGNALS:
     /// "See all" was clicked.
@@ -58,7 +58,7 @@ private:
     AppState& m_appState;
     QWidget& m_panel;
     QString m_newCollectionName;
-    QPointer<Overlay> m_newPaletteSheet;
+    QPointer<Overlay> m_newPaletteOverlay;
 
     QWidget* m_pick = nullptr;
     QWidget* m_seeAll = nullptr;

@@ -21,7 +21,7 @@ constexpr double cornerRadius = 8;
 } // namespace
 
 ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::function<QString()> paletteName)
-    : m_symbol(symbol(u"square.and.arrow.up"_s, textSize, SymbolWeight::Semibold, theme::accent))
+    : m_symbol(symbol(u"share"_s, textSize, SymbolWeight::Semibold, theme::accent))
     , m_title(label(tr("Export"), theme::font(textSize, QFont::DemiBold)))
     , m_label(row(gap(4), padding(10, 6), m_symbol, m_title))
 {
@@ -29,10 +29,10 @@ ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::functi
         tr("Export"),
         [colors = std::move(colors), paletteName = std::move(paletteName)] {
             return QList{
-                menuAction(tr("CSS Variables"), u"doc.text"_s,
+                menuAction(tr("CSS Variables"), u"document"_s,
                            [=] { ColorExport().exportCSS(colors(), paletteName()); }),
-                menuAction(tr("JSON"), u"curlybraces"_s, [=] { ColorExport().exportJSON(colors()); }),
-                menuAction(tr("PNG Swatch"), u"photo"_s, [=] { ColorExport().exportPNG(colors()); })};
+                menuAction(tr("JSON"), u"braces"_s, [=] { ColorExport().exportJSON(colors()); }),
+                menuAction(tr("PNG Swatch"), u"image"_s, [=] { ColorExport().exportPNG(colors()); })};
         },
         m_label, cornerRadius));
     setHasColors(false);

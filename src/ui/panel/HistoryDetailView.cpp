@@ -61,7 +61,7 @@ QWidget* HistoryDetailView::clearButton()
 {
     m_clear = squareButton(
         tr("Clear all history"), [this] { m_appState.clearHistory(); },
-        symbol(u"trash"_s, 13, SymbolWeight::Regular, theme::red.opacity(0.7)));
+        symbol(u"delete"_s, 13, SymbolWeight::Regular, theme::red.opacity(0.7)));
     return m_clear;
 }
 

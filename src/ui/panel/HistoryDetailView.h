@@ -18,7 +18,7 @@ class HistoryDetailView final : public View
     Q_OBJECT
 
 public:
-    /// Sheets open over `panel`, which contains the view.
+    /// Overlays open over `panel`, which contains the view.
     HistoryDetailView(AppState& appState, QWidget& panel);
 
     [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_swatches.views(); }

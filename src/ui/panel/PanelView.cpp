@@ -35,13 +35,13 @@ QString symbolOf(ColorSchemePref preference)
 {
     switch (preference) {
     case ColorSchemePref::Light:
-        return u"sun.max.fill"_s;
+        return u"light-mode"_s;
     case ColorSchemePref::Dark:
-        return u"moon.fill"_s;
+        return u"dark-mode"_s;
     case ColorSchemePref::Auto:
         break;
     }
-    return u"circle.lefthalf.filled"_s;
+    return u"auto-mode"_s;
 }
 
 Scheme schemeOfPalette()
@@ -91,7 +91,7 @@ QWidget* PanelView::backButton()
     m_backTitle = label({}, theme::font(14, QFont::DemiBold));
     m_back = plainButton(
         {}, [this] { setSelectedCollectionId({}); },
-        row(gap(4), symbol(u"chevron.left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
+        row(gap(4), symbol(u"chevron-left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
     return m_back;
 }
 
@@ -99,7 +99,7 @@ QWidget* PanelView::settingsButton()
 {
     return squareButton(
         tr("Settings"), [this] { setShowingSettings(true); },
-        symbol(u"gearshape.fill"_s, 14, SymbolWeight::Regular, theme::textSecond));
+        symbol(u"settings"_s, 14, SymbolWeight::Regular, theme::textSecond));
 }
 
 QWidget* PanelView::colorSchemeToggle()

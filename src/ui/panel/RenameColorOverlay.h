@@ -7,7 +7,7 @@ namespace tintwick {
 class AppState;
 struct CapturedColor;
 
-/// Opens a sheet over `panel` in which the user gives a colour another name, or none.
+/// Opens an overlay over `panel` in which the user gives a colour another name, or none.
 void openRenameColorOverlay(QWidget& panel, AppState& appState, const CapturedColor& color);
 
 } // namespace tintwick

@@ -22,7 +22,7 @@ namespace {
 
 // Room for the hovered square around the one at rest.
 constexpr int growth = 2;
-constexpr QStringView copySymbol = u"doc.on.doc.fill";
+constexpr QStringView copySymbol = u"copy-filled";
 
 QFont labelFont()
 {

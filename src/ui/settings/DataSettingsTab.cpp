@@ -58,11 +58,11 @@ QWidget* DataSettingsTab::exportSection()
     return settingsSection(
         tr("Export All History"),
         row(gap(10), padding(0, 6), fillWidth(),
-            exportButton(tr("Export CSS"), tr("CSS"), u"doc.text"_s,
+            exportButton(tr("Export CSS"), tr("CSS"), u"document"_s,
                          [this] { ColorExport().exportCSS(m_appState.history(), u"History"_s); }),
-            exportButton(tr("Export JSON"), tr("JSON"), u"curlybraces"_s,
+            exportButton(tr("Export JSON"), tr("JSON"), u"braces"_s,
                          [this] { ColorExport().exportJSON(m_appState.history()); }),
-            exportButton(tr("Export PNG"), tr("PNG"), u"photo"_s,
+            exportButton(tr("Export PNG"), tr("PNG"), u"image"_s,
                          [this] { ColorExport().exportPNG(m_appState.history()); })));
 }
 

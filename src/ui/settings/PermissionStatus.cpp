@@ -31,7 +31,7 @@ void PermissionStatus::ask()
 
 QWidget* PermissionStatus::granted()
 {
-    return row(gap(6), symbol(u"checkmark.circle.fill"_s, 13, SymbolWeight::Regular, theme::green),
+    return row(gap(6), symbol(u"check-circle"_s, 13, SymbolWeight::Regular, theme::green),
                label(tr("Granted"), theme::font(13)));
 }
 

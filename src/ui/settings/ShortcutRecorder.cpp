@@ -73,7 +73,7 @@ ShortcutRecorder::ShortcutRecorder(RecorderServices services, Name name, const Q
         localizedString("clear_shortcut"_L1), [this] { clearButtonPressed(); },
         row(fixedSize(clearButtonSide, clearButtonSide), centered(),
             ground(theme::textThird, clearButtonSide / 2.0),
-            symbol(u"xmark"_s, 7, SymbolWeight::Semibold, theme::field)),
+            symbol(u"close"_s, 7, SymbolWeight::Semibold, theme::field)),
         clearButtonSide / 2.0);
     m_clearButton->setParent(this);
     refreshText();

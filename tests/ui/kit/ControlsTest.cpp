@@ -66,7 +66,7 @@ void ControlsTest::everyKindIsKnownToScreenReaders_data()
     row("text field", new TextField(u"Palette name"_s), QAccessible::EditableText, u"Palette name"_s);
     row("label", label(u"Collections"_s, theme::font(15)), QAccessible::StaticText, u"Collections"_s);
     row("rule", rule(), QAccessible::Separator, {});
-    row("symbol", symbol(u"plus"_s, 10, SymbolWeight::Regular, theme::accent), QAccessible::Graphic, {});
+    row("symbol", symbol(u"add"_s, 10, SymbolWeight::Regular, theme::accent), QAccessible::Graphic, {});
 }
 
 void ControlsTest::everyKindIsKnownToScreenReaders()
@@ -213,13 +213,13 @@ void ControlsTest::aFieldIsTypedInto()
 void ControlsTest::aMenuIsWhatWasWrittenDown()
 {
     QMenu menu;
-    fillMenu(menu, {menuAction(u"Open Palette"_s, u"arrow.right.circle"_s, nothing), menuSeparator(),
+    fillMenu(menu, {menuAction(u"Open Palette"_s, u"open"_s, nothing), menuSeparator(),
                     submenu(u"Add to Palette…"_s, {menuAction(u"Salt & Pepper"_s, nothing)}),
                     menuDestructive(u"Delete"_s, nothing)});
     const QList<QAction*> actions = menu.actions();
     QCOMPARE(actions.size(), 4);
     QCOMPARE(actions.at(0)->text(), u"Open Palette"_s);
-    QCOMPARE(actions.at(0)->icon().name(), u"arrow.right.circle"_s);
+    QCOMPARE(actions.at(0)->icon().name(), u"open"_s);
     QVERIFY(actions.at(1)->isSeparator());
     QCOMPARE(actions.at(2)->menu()->title(), u"Add to Palette…"_s);
     QCOMPARE(actions.at(2)->menu()->actions().at(0)->text(), u"Salt && Pepper"_s);

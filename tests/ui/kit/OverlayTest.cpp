@@ -35,7 +35,7 @@ private Q_SLOTS:
 private:
     std::unique_ptr<QWidget> m_host;
     TextButton* m_below = nullptr;
-    QPointer<Overlay> m_sheet;
+    QPointer<Overlay> m_overlay;
     Stack* m_form = nullptr;
     TextField* m_field = nullptr;
     TextButton* m_cancel = nullptr;
@@ -62,12 +62,12 @@ void OverlayTest::init()
     QVERIFY(QTest::qWaitForWindowActive(m_host.get()));
     m_below->setFocus(Qt::TabFocusReason);
     m_field = new TextField(u"Palette name"_s);
-    m_cancel = borderedButton(u"Cancel"_s, [this] { m_sheet->dismiss(); });
+    m_cancel = borderedButton(u"Cancel"_s, [this] { m_overlay->dismiss(); });
     m_create = prominentButton(u"Create"_s, [this] { ++m_accepted; });
     m_form = column(gap(16), padding(20), fixedWidth(280), Across::Leading,
                     label(u"New Palette"_s, theme::headline()), m_field,
                     row(fillWidth(), m_cancel, spacer(), m_create));
-    m_sheet = new Overlay(*m_host, u"New Palette"_s, m_form, [this] { ++m_accepted; });
+    m_overlay = new Overlay(*m_host, u"New Palette"_s, m_form, [this] { ++m_accepted; });
     Ticker::shared().advance(10);
 }
 
@@ -78,8 +78,8 @@ void OverlayTest::cleanup()
 
 void OverlayTest::itCoversItsHostAndStandsInTheMiddle()
 {
-    QCOMPARE(Overlay::of(*m_host), m_sheet.data());
-    QCOMPARE(m_sheet->geometry(), QRect(0, 0, 380, 580));
+    QCOMPARE(Overlay::of(*m_host), m_overlay.data());
+    QCOMPARE(m_overlay->geometry(), QRect(0, 0, 380, 580));
     QCOMPARE(m_form->width(), 280);
     QCOMPARE(m_form->x(), 50);
     QVERIFY(std::abs((m_form->y() * 2 + m_form->height()) - 580) <= 1);
@@ -92,7 +92,7 @@ void OverlayTest::itCoversItsHostAndStandsInTheMiddle()
 void OverlayTest::itGrowsWithItsHost()
 {
     m_host->resize(480, 600);
-    QCOMPARE(m_sheet->size(), QSize(480, 600));
+    QCOMPARE(m_overlay->size(), QSize(480, 600));
     QCOMPARE(m_form->x(), 100);
 }
 
@@ -106,13 +106,13 @@ void OverlayTest::returnInTheFieldAccepts()
     QTest::keyClicks(m_field, u"Sea"_s);
     QTest::keyClick(m_field, Qt::Key_Return);
     QCOMPARE(m_accepted, 1);
-    QVERIFY(m_sheet);
+    QVERIFY(m_overlay);
     QCOMPARE(m_field->text(), u"Sea"_s);
 }
 
 void OverlayTest::returnOnCancelCancels()
 {
-    QSignalSpy dismissed(m_sheet, &Overlay::dismissed);
+    QSignalSpy dismissed(m_overlay, &Overlay::dismissed);
     m_cancel->setFocus(Qt::TabFocusReason);
     QTest::keyClick(m_cancel, Qt::Key_Return);
     QCOMPARE(m_accepted, 0);
@@ -126,7 +126,7 @@ void OverlayTest::escapeDismisses()
     QTest::keyClick(m_field, Qt::Key_Escape);
     QCOMPARE(Overlay::of(*m_host), nullptr);
     QCOMPARE(m_accepted, 0);
-    QTRY_VERIFY(!m_sheet);
+    QTRY_VERIFY(!m_overlay);
 }
 
 void OverlayTest::focusGoesBackWhereItWas()
@@ -158,7 +158,7 @@ void OverlayTest::tabStaysInside()
 void OverlayTest::clicksDoNotPassThrough()
 {
     const QPoint place = m_below->geometry().center();
-    QCOMPARE(m_host->childAt(place), m_sheet.data());
+    QCOMPARE(m_host->childAt(place), m_overlay.data());
     QTest::mouseClick(m_host->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
     QCOMPARE(m_pressedBelow, 0);
     QVERIFY(Overlay::of(*m_host) != nullptr);
@@ -166,7 +166,7 @@ void OverlayTest::clicksDoNotPassThrough()
 
 void OverlayTest::aScreenReaderMeetsADialog()
 {
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_sheet.data());
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_overlay.data());
     QCOMPARE(interface->role(), QAccessible::Dialog);
     QCOMPARE(interface->text(QAccessible::Name), u"New Palette"_s);
 }

@@ -353,28 +353,28 @@ void PaintTest::shadowsOfOneShapeAreBlurredOnce()
 void PaintTest::everySymbolDraws_data()
 {
     QTest::addColumn<QString>("name");
-    const QStringList names{u"arrow.right.circle"_s,
-                            u"checkmark.circle.fill"_s,
-                            u"chevron.left"_s,
-                            u"chevron.right"_s,
-                            u"circle.lefthalf.filled"_s,
-                            u"curlybraces"_s,
-                            u"doc.on.doc"_s,
-                            u"doc.on.doc.fill"_s,
-                            u"doc.text"_s,
+    const QStringList names{u"open"_s,
+                            u"check-circle"_s,
+                            u"chevron-left"_s,
+                            u"chevron-right"_s,
+                            u"auto-mode"_s,
+                            u"braces"_s,
+                            u"copy"_s,
+                            u"copy-filled"_s,
+                            u"document"_s,
                             u"eyedropper"_s,
-                            u"eyedropper.halffull"_s,
-                            u"gearshape.fill"_s,
-                            u"moon.fill"_s,
-                            u"paintpalette"_s,
-                            u"paintpalette.fill"_s,
-                            u"photo"_s,
-                            u"plus"_s,
-                            u"plus.circle.fill"_s,
-                            u"square.and.arrow.up"_s,
-                            u"sun.max.fill"_s,
-                            u"trash"_s,
-                            u"xmark"_s};
+                            u"eyedropper-filled"_s,
+                            u"settings"_s,
+                            u"dark-mode"_s,
+                            u"palette"_s,
+                            u"palette-filled"_s,
+                            u"image"_s,
+                            u"add"_s,
+                            u"add-circle"_s,
+                            u"share"_s,
+                            u"light-mode"_s,
+                            u"delete"_s,
+                            u"close"_s};
     for (const QString& name : names) {
         QTest::newRow(qPrintable(name)) << name;
     }
@@ -395,13 +395,13 @@ void PaintTest::everySymbolDraws()
 
 void PaintTest::anUnknownSymbolDrawsNothing()
 {
-    QVERIFY(symbolPixmap(u"no.such.symbol", 14, SymbolWeight::Regular, Qt::black, 1).isNull());
+    QVERIFY(symbolPixmap(u"no-such-symbol", 14, SymbolWeight::Regular, Qt::black, 1).isNull());
 }
 
 void PaintTest::weightsDifferInTheirStrokes()
 {
     const auto inkAmount = [](SymbolWeight weight) {
-        const QImage image = symbolPixmap(u"plus", 20, weight, Qt::black, 2).toImage();
+        const QImage image = symbolPixmap(u"add", 20, weight, Qt::black, 2).toImage();
         int sum = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {

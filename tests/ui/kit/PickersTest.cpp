@@ -278,7 +278,7 @@ void PickersTest::theMenuMarksTheChosenTitle()
     for (const QAction* action : popUp.menu()->actions()) {
         titles.append(action->text());
         checked.append(action->isCheckable() && action->isChecked());
-        QCOMPARE(action->icon().name(), action->isChecked() ? u"checkmark"_s : QString());
+        QCOMPARE(action->icon().name(), action->isChecked() ? u"check"_s : QString());
     }
     QCOMPARE(titles, (QStringList{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"CSS && more"_s}));
     QCOMPARE(checked, (QList<bool>{false, true, false, false}));

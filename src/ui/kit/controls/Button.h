@@ -21,7 +21,7 @@ private:
     double m_cornerRadius;
 };
 
-/// A button with a title, as at the bottom of a sheet.
+/// A button with a title, as at the bottom of an overlay.
 class TextButton final : public Clickable
 {
     Q_OBJECT

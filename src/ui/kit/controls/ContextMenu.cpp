@@ -103,7 +103,7 @@ MenuEntry menuDestructive(const QString& title, std::function<void()> action)
 
 MenuEntry menuChoice(const QString& title, bool isChosen, std::function<void()> action)
 {
-    return {MenuEntry::Kind::Choice, title, isChosen ? QStringLiteral("checkmark") : QString(),
+    return {MenuEntry::Kind::Choice, title, isChosen ? QStringLiteral("check") : QString(),
             std::move(action),       {},    isChosen};
 }
 

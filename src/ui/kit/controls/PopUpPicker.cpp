@@ -34,7 +34,7 @@ PopUpPicker::PopUpPicker(const QString& name, QStringList titles, qsizetype sele
           name, [this] { return choices(); },
           row(gap(8), Padding{{titlePadding, 0, chevronPadding, 0}}, fixedHeight(pickerHeight), fillWidth(),
               ground(theme::surfaceHigh, radius), outline(theme::border, 1), title, spacer(),
-              symbol(u"chevron.up.chevron.down"_s, 10, SymbolWeight::Semibold, theme::textSecond)),
+              symbol(u"unfold"_s, 10, SymbolWeight::Semibold, theme::textSecond)),
           radius)
     , m_titles(std::move(titles))
     , m_selected(selected)

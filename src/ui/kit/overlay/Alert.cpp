@@ -13,9 +13,9 @@ namespace tintwick {
 
 namespace {
 
-constexpr int sheetWidth = 280;
-constexpr int sheetPadding = 20;
-constexpr int textWidth = sheetWidth - 2 * sheetPadding;
+constexpr int cardWidth = 280;
+constexpr int cardPadding = 20;
+constexpr int textWidth = cardWidth - 2 * cardPadding;
 
 /// The text with line breaks where a line is full.
 QString wrapped(const QString& text, const QFont& font)
@@ -44,7 +44,7 @@ Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int but
 
     struct Answer
     {
-        QPointer<Overlay> sheet;
+        QPointer<Overlay> overlay;
         int button = 0;
     };
     const auto answer = std::make_shared<Answer>();
@@ -53,7 +53,7 @@ Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int but
     for (qsizetype i = alert.buttons.size() - 1; i >= 0; --i) {
         const auto press = [answer, button = static_cast<int>(i)] {
             answer->button = button;
-            answer->sheet->dismiss();
+            answer->overlay->dismiss();
         };
         first = i == 0 ? prominentButton(alert.buttons[i], press) : borderedButton(alert.buttons[i], press);
         if (i == 0) {
@@ -61,13 +61,13 @@ Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int but
         }
         buttons->add(first);
     }
-    auto* form = column(gap(20), padding(sheetPadding), fixedWidth(sheetWidth), texts, buttons);
-    auto* sheet = new Overlay(host, alert.message, form, [answer] { answer->sheet->dismiss(); });
-    answer->sheet = sheet;
+    auto* form = column(gap(20), padding(cardPadding), fixedWidth(cardWidth), texts, buttons);
+    auto* overlay = new Overlay(host, alert.message, form, [answer] { answer->overlay->dismiss(); });
+    answer->overlay = overlay;
     first->setFocus(Qt::OtherFocusReason);
-    QObject::connect(sheet, &Overlay::dismissed, sheet,
+    QObject::connect(overlay, &Overlay::dismissed, overlay,
                      [answer, answered = std::move(answered)] { answered(answer->button); });
-    return sheet;
+    return overlay;
 }
 
 } // namespace tintwick

@@ -21,8 +21,8 @@ struct Alert
     QStringList buttons;
 };
 
-/// Shows the alert as a sheet over `host`. `answered` is called once, after the sheet is gone, with the index of the
-/// button; closing the sheet in any other way answers 0.
+/// Shows the alert as an overlay over `host`. Calls `answered` once, after the overlay has closed, with the index of the
+/// pressed button, or with 0 when the overlay was closed in another way.
 Overlay* showAlert(QWidget& host, const Alert& alert, std::function<void(int button)> answered);
 
 } // namespace tintwick

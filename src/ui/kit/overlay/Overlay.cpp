@@ -73,9 +73,9 @@ Overlay::Overlay(QWidget& host, const QString& title, Stack* form, std::function
 Overlay* Overlay::of(const QWidget& host)
 {
     for (QObject* child : host.children()) {
-        auto* sheet = qobject_cast<Overlay*>(child);
-        if (sheet != nullptr && !sheet->isHidden()) {
-            return sheet;
+        auto* overlay = qobject_cast<Overlay*>(child);
+        if (overlay != nullptr && !overlay->isHidden()) {
+            return overlay;
         }
     }
     return nullptr;

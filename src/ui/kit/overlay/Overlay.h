@@ -21,10 +21,10 @@ class Overlay final : public QWidget
 public:
     /// Shows `form` as a card in the middle of `host` and gives the focus to its first control. `title` is for screen
     /// readers. Return runs `accept`, wherever the focus is except on a button, which it presses; `accept` closes the
-    /// sheet itself if it is to be closed. Escape closes the sheet.
+    /// overlay itself if it is to be closed. Escape closes the overlay.
     Overlay(QWidget& host, const QString& title, Stack* form, std::function<void()> accept);
 
-    /// The open sheet of a host, or null.
+    /// The open overlay of a host, or null.
     [[nodiscard]] static Overlay* of(const QWidget& host);
 
     /// Whether what had the focus before was reached by the keyboard.

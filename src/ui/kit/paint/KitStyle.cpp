@@ -182,7 +182,7 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
         const double side = symbolSide(10);
-        drawSymbol(painter, u"chevron.right", 10, SymbolWeight::Semibold, ink,
+        drawSymbol(painter, u"chevron-right", 10, SymbolWeight::Semibold, ink,
                    QRectF(inside.right() - side + 1, inside.top(), side, inside.height()));
     }
 }
