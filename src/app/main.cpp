@@ -1,7 +1,8 @@
+#include "Application.h"
 #include "Platform.h"
 #include "PlatformFactory.h"
-#include "TintwickApp.h"
 
+#include <QApplication>
 #include <QString>
 
 #include <cstdio>
@@ -9,12 +10,16 @@
 
 int main(int argc, char** argv)
 {
+    // Before the toolkit, which would end the process with a message of its own on a desktop that we do not support.
     QString whyNot;
     std::unique_ptr<tintwick::Platform> platform = tintwick::createPlatform(whyNot);
     if (!platform) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(whyNot));
         return EXIT_FAILURE;
     }
-    tintwick::TintwickApp app(argc, argv, std::move(platform));
-    return app.run();
+    QApplication toolkit(argc, argv);
+    tintwick::Application::setUpToolkit();
+    tintwick::Application application(std::move(platform));
+    application.start();
+    return QApplication::exec();
 }

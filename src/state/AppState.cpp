@@ -73,18 +73,6 @@ void AppState::setShowCopiedFeedback(bool show)
     Q_EMIT showCopiedFeedbackChanged();
 }
 
-void AppState::startPicking() const
-{
-    if (m_startPicking) {
-        m_startPicking();
-    }
-}
-
-void AppState::setStartPicking(std::function<void()> action)
-{
-    m_startPicking = std::move(action);
-}
-
 void AppState::colorCaptured(const CapturedColor& color)
 {
     CapturedColor named = color;

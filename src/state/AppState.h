@@ -56,10 +56,6 @@ public:
     [[nodiscard]] bool showCopiedFeedback() const { return m_showCopiedFeedback; }
     [[nodiscard]] const QString& lastCopiedString() const { return m_lastCopiedString; }
 
-    /// Starts screen picking by the action that was set; without one it does nothing.
-    void startPicking() const;
-    void setStartPicking(std::function<void()> action);
-
     [[nodiscard]] const Clipboard& clipboard() const { return m_clipboard; }
 
     /// Takes a fresh colour in: names it by the table of names if it has none, puts it at the head of the
@@ -105,7 +101,6 @@ private:
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showCopiedFeedback = false;
     QString m_lastCopiedString;
-    std::function<void()> m_startPicking;
     RunLater m_runLater;
     DataFile m_storage;
     Clipboard m_clipboard;

@@ -130,7 +130,6 @@ private Q_SLOTS:
     void unknownIdsChangeNothing();
     void onlyTheDeletionsSaveForAnUnknownId();
     void settersAnnounceOnlyADifference();
-    void pickingRunsTheActionThatWasSet();
 
 private:
     [[nodiscard]] QString dataFile() const
@@ -591,16 +590,6 @@ void AppStateTest::settersAnnounceOnlyADifference()
     QVERIFY(!wasSaved());
     state.save();
     QCOMPARE(AppState().defaultFormat(), ColorFormat::Hsl);
-}
-
-void AppStateTest::pickingRunsTheActionThatWasSet()
-{
-    AppState state;
-    state.startPicking();
-    int started = 0;
-    state.setStartPicking([&] { ++started; });
-    state.startPicking();
-    QCOMPARE(started, 1);
 }
 
 } // namespace tintwick

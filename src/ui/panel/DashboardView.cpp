@@ -70,7 +70,7 @@ QWidget* DashboardView::eyedropperButton()
 {
     const QString title = tr("Pick a Color");
     m_pick = plainButton(
-        title, [this] { m_appState.startPicking(); },
+        title, [this] { Q_EMIT pickRequested(); },
         row(fixedHeight(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
             symbol(u"eyedropper-filled"_s, 17, SymbolWeight::Semibold, theme::white),
             label(title, theme::font(16, QFont::DemiBold), theme::white), spacer()),

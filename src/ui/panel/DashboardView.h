@@ -33,6 +33,7 @@ public:
     void openNewPaletteOverlay();
 
 Q_SIGNALS:
+    void pickRequested();
     /// "See all" was clicked.
     void historySelected();
     void collectionSelected(const QUuid& id);

@@ -70,6 +70,7 @@ PanelView::PanelView(AppState& appState, MakeSettings makeSettings)
     applyColorScheme();
     showHeader();
 
+    connect(m_dashboard, &DashboardView::pickRequested, this, &PanelView::pickRequested);
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });

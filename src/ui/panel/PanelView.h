@@ -49,6 +49,10 @@ public:
     /// What is below the header now; another widget, or a new one, for each screen.
     [[nodiscard]] QWidget& currentScreen() const;
 
+Q_SIGNALS:
+    /// The button that picks a colour was clicked.
+    void pickRequested();
+
 protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
