@@ -6,7 +6,6 @@
 #include "ColorNames.h"
 #include "DataFile.h"
 #include "PayloadCoding.h"
-#include "Preferences.h"
 #include "TailwindColors.h"
 
 #include <QFile>
@@ -78,20 +77,6 @@ void textInFormat(benchmark::State& state)
     }
 }
 BENCHMARK(textInFormat)->DenseRange(0, allColorFormats.size() - 1);
-
-/// What the loupe asks of the preferences for every frame.
-void scopePreferences(benchmark::State& state)
-{
-    const QTemporaryDir folder;
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path()));
-    preferences::setScopeShape(QStringLiteral("circle"));
-    preferences::setScopePhysicalSize(QStringLiteral("large"));
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(preferences::scopeIsCircle());
-        benchmark::DoNotOptimize(preferences::scopeSide());
-    }
-}
-BENCHMARK(scopePreferences)->Unit(benchmark::kMicrosecond);
 
 void encode(benchmark::State& state)
 {

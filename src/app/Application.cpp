@@ -8,7 +8,6 @@
 #include "MenuItemsOf.h"
 #include "PanelPlacement.h"
 #include "PanelView.h"
-#include "Preferences.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
 #include "ShortcutNames.h"
@@ -62,7 +61,6 @@ void Application::setUpToolkit()
     QApplication::setApplicationName(u"Tintwick"_s);
     QApplication::setApplicationVersion(QStringLiteral(TINTWICK_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
-    preferences::removeAbandonedLock();
     // Painting uses these threads. By default each of them wakes up 30 seconds later to exit.
     QThreadPool::globalInstance()->setExpiryTimeout(threadExpiry);
 }
@@ -70,7 +68,7 @@ void Application::setUpToolkit()
 Application::Application(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
     , m_capture(m_platform->screenGrabber())
-    , m_picker(*m_platform, m_capture)
+    , m_picker(*m_platform, m_capture, m_preferences)
     , m_shortcuts(m_platform->hotKeyRegistrar(), m_platform->keyboardLayout(), m_settings)
     , m_openMenuWatcher(m_shortcuts)
 {
@@ -119,7 +117,8 @@ void Application::setupPanel()
     if (m_panel) {
         return;
     }
-    m_panelView = new PanelView(m_appState, [this](QWidget& panel) { return createSettings(panel); });
+    m_panelView =
+        new PanelView(m_appState, m_preferences, [this](QWidget& panel) { return createSettings(panel); });
     connect(m_panelView, &PanelView::pickRequested, this, &Application::pickFromPanel);
     m_panel = std::make_unique<Panel>(m_platform->panelHost(), m_panelView);
     followDesktopAppearance();
@@ -128,7 +127,7 @@ void Application::setupPanel()
 
 QWidget* Application::createSettings(QWidget& panel)
 {
-    return new SettingsScreen(m_appState,
+    return new SettingsScreen(m_appState, m_preferences,
                               {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
                                [this] { return KeyboardShortcuts::menuItemsOf(m_trayIcon.menu()); }},
                               m_platform->screenGrabber(), panel);

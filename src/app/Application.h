@@ -5,6 +5,7 @@
 #include "OpenMenuWatcher.h"
 #include "Panel.h"
 #include "Platform.h"
+#include "Preferences.h"
 #include "Registry.h"
 #include "ScreenCaptureService.h"
 #include "TrayIcon.h"
@@ -67,6 +68,7 @@ private:
 
     std::unique_ptr<Platform> m_platform;
     AppState m_appState;
+    Preferences m_preferences;
     TrayIcon m_trayIcon;
     ScreenCaptureService m_capture;
     ColorPickerService m_picker;

@@ -1,7 +1,6 @@
 #include "LoupeRenderer.h"
 
 #include "PillContent.h"
-#include "Preferences.h"
 
 #include <QPainter>
 
@@ -52,11 +51,6 @@ void LoupeRenderer::setPixels(PixelGrid pixels)
 void LoupeRenderer::setCenterColor(std::optional<SampledColor> color)
 {
     m_centerColor = color;
-}
-
-const QImage& LoupeRenderer::render(double scale)
-{
-    return render({.isCircle = preferences::scopeIsCircle(), .side = preferences::scopeSide()}, scale);
 }
 
 const QImage& LoupeRenderer::render(const LoupeLook& look, double scale)

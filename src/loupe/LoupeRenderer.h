@@ -25,11 +25,8 @@ public:
     /// Without a colour the pill is light grey.
     void setCenterColor(std::optional<SampledColor> color);
 
-    /// Draws one frame, `scale` physical pixels per point, of the shape and size that the preferences say
-    /// now. The picture is premultiplied ARGB32 of side × scale by (side + 56) × scale pixels, rounded. The
-    /// image is reused: the next call draws into it again.
-    const QImage& render(double scale);
-    /// The same with a given shape and size.
+    /// Draws one frame, `scale` physical pixels per point. The picture is premultiplied ARGB32 of side × scale by
+    /// (side + 56) × scale pixels, rounded. The image is reused: the next call draws into it again.
     const QImage& render(const LoupeLook& look, double scale);
 
 private:

@@ -1,5 +1,6 @@
 #include "ColorPickerService.h"
 
+#include "ChosenLook.h"
 #include "LoupeRenderer.h"
 #include "PickerViewController.h"
 #include "PickerWindow.h"
@@ -10,10 +11,12 @@
 
 namespace tintwick {
 
-ColorPickerService::ColorPickerService(Platform& platform, ScreenCaptureService& capture, QObject* parent)
+ColorPickerService::ColorPickerService(Platform& platform, ScreenCaptureService& capture,
+                                       const Preferences& preferences, QObject* parent)
     : QObject(parent)
     , m_platform(platform)
     , m_capture(capture)
+    , m_preferences(preferences)
 {
 }
 
@@ -25,7 +28,8 @@ ColorPickerService::~ColorPickerService()
 void ColorPickerService::prepare()
 {
     const std::vector<Screen> screens = m_platform.screenGrabber().screens();
-    static_cast<void>(LoupeRenderer().render(screens.empty() ? 1 : screens.front().scale));
+    static_cast<void>(
+        LoupeRenderer().render(chosenLook(m_preferences), screens.empty() ? 1 : screens.front().scale));
 }
 
 void ColorPickerService::showPicker()
@@ -33,7 +37,7 @@ void ColorPickerService::showPicker()
     if (isPicking()) {
         return;
     }
-    m_pickerVC = std::make_unique<PickerViewController>(m_platform, m_capture);
+    m_pickerVC = std::make_unique<PickerViewController>(m_platform, m_capture, m_preferences);
     const QPointer<ColorPickerService> service(this);
     m_pickerVC->setOnColorPicked([service](const SampledColor& color) {
         if (!service) {

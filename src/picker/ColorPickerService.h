@@ -12,15 +12,17 @@ namespace tintwick {
 class PickerViewController;
 class PickerWindow;
 class Platform;
+class Preferences;
 class ScreenCaptureService;
 
-/// Opens and closes picking mode and hands on the colour that was picked. Platform and capture service must outlive it.
+/// Opens and closes picking mode and hands on the colour that was picked. All three references must outlive it.
 class ColorPickerService final : public QObject
 {
 public:
     using ColorCaptured = std::function<void(const SampledColor&)>;
 
-    ColorPickerService(Platform& platform, ScreenCaptureService& capture, QObject* parent = nullptr);
+    ColorPickerService(Platform& platform, ScreenCaptureService& capture, const Preferences& preferences,
+                       QObject* parent = nullptr);
     /// A pick that is under way ends without a colour.
     ~ColorPickerService() override;
 
@@ -42,6 +44,7 @@ public:
 private:
     Platform& m_platform;
     ScreenCaptureService& m_capture;
+    const Preferences& m_preferences;
     ColorCaptured m_onColorCaptured;
     std::unique_ptr<PickerViewController> m_pickerVC;
     // Declared last, because closing it still needs the controller.

@@ -20,14 +20,15 @@ SurfaceId MagnifierPanel::windowNumber() const
     return m_surface->id();
 }
 
-void MagnifierPanel::show(LoupeRenderer& view, GlobalPoint pointer, const std::vector<Screen>& screens)
+void MagnifierPanel::show(LoupeRenderer& view, const LoupeLook& look, GlobalPoint pointer,
+                          const std::vector<Screen>& screens)
 {
     const std::optional<Screen> screen = screenAt(pointer, screens);
     if (!screen) {
         return;
     }
     const CoordinateFlip flip(screens.front().frame);
-    const QImage& picture = view.render(screen->scale);
+    const QImage& picture = view.render(look, screen->scale);
     // The scope is the square at the top of the picture.
     const double scopeSide = picture.width();
     const GlobalPoint origin = loupeOrigin(pointer, picture.size(), scopeSide, flip.toGlobal(screen->frame),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Coordinates.h"
+#include "LoupeLook.h"
 #include "ScreenGrabber.h"
 
 #include <memory>
@@ -23,7 +24,8 @@ public:
 
     /// Shows the view around the pointer, at the scale and within the bounds of the screen the pointer is on; the primary
     /// screen comes first in the list and counts for a pointer that is on none. Without screens the loupe stays as it is.
-    void show(LoupeRenderer& view, GlobalPoint pointer, const std::vector<Screen>& screens);
+    void show(LoupeRenderer& view, const LoupeLook& look, GlobalPoint pointer,
+              const std::vector<Screen>& screens);
 
 private:
     std::unique_ptr<LoupeSurface> m_surface;

@@ -1,5 +1,6 @@
 #include "PickerViewController.h"
 
+#include "ChosenLook.h"
 #include "KeyCode.h"
 #include "LoupeRenderer.h"
 #include "LoupeSurface.h"
@@ -12,11 +13,13 @@
 
 namespace tintwick {
 
-PickerViewController::PickerViewController(Platform& platform, ScreenCaptureService& capture)
+PickerViewController::PickerViewController(Platform& platform, ScreenCaptureService& capture,
+                                           const Preferences& preferences)
     : m_platform(platform)
     , m_capture(capture)
+    , m_preferences(preferences)
     , m_input(platform.pickingInput())
-    , m_radius(zoomradius::atStart(preferences::scopeDefaultRadius()))
+    , m_radius(zoomradius::atStart(preferences.loupeRadius()))
 {
     m_contentTimer.setSingleShot(true);
     m_contentTimer.setInterval(0);
@@ -153,7 +156,8 @@ void PickerViewController::updateMagnifier(DesktopPoint position)
     ScreenCaptureService::Sample sample = m_capture.sample(point, m_radius);
     m_magnifierView->setPixels(std::move(sample.grid));
     m_magnifierView->setCenterColor(sample.center);
-    m_magnifierPanel->show(*m_magnifierView, point, m_platform.screenGrabber().screens());
+    m_magnifierPanel->show(*m_magnifierView, chosenLook(m_preferences), point,
+                           m_platform.screenGrabber().screens());
 }
 
 void PickerViewController::followContent()

@@ -15,6 +15,7 @@ namespace tintwick {
 class MagnifierPanel;
 class LoupeRenderer;
 class Platform;
+class Preferences;
 class ScreenCaptureService;
 
 /// One pick under way: moves, feeds and zooms the loupe, and says how the pick ends. Either callback may destroy the
@@ -26,7 +27,7 @@ public:
     using Cancelled = std::function<void()>;
 
     /// The zoom begins with the stored preference.
-    PickerViewController(Platform& platform, ScreenCaptureService& capture);
+    PickerViewController(Platform& platform, ScreenCaptureService& capture, const Preferences& preferences);
     ~PickerViewController();
     PickerViewController(const PickerViewController&) = delete;
     PickerViewController& operator=(const PickerViewController&) = delete;
@@ -57,6 +58,7 @@ private:
 
     Platform& m_platform;
     ScreenCaptureService& m_capture;
+    const Preferences& m_preferences;
     PickingInput& m_input;
     ColorPicked m_onColorPicked;
     Cancelled m_onCancelled;

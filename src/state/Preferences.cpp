@@ -1,75 +1,92 @@
 #include "Preferences.h"
 
-#include <QAnyStringView>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 #include <QVariant>
 
-namespace tintwick::preferences {
+#include <algorithm>
+#include <utility>
+
+namespace tintwick {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr QAnyStringView colorSchemeKey = u"colorSchemePref";
-constexpr QAnyStringView scopeShapeKey = u"scopeShape";
-constexpr QAnyStringView scopePhysicalSizeKey = u"scopePhysicalSize";
-constexpr QAnyStringView scopeDefaultRadiusKey = u"scopeDefaultRadius";
+constexpr QAnyStringView loupeShapeKey = u"scopeShape";
+constexpr QAnyStringView loupeSizeKey = u"scopePhysicalSize";
+constexpr QAnyStringView loupeRadiusKey = u"scopeDefaultRadius";
+constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 
-/// $XDG_CONFIG_HOME/Tintwick/Tintwick.conf; made anew for every access, so that it sees what others wrote
-/// meanwhile.
-class Store final
+// The stored words of an enumeration, in its order.
+constexpr std::array colorSchemeWords{"auto"_L1, "light"_L1, "dark"_L1};
+constexpr std::array loupeShapeWords{"square"_L1, "circle"_L1};
+constexpr std::array loupeSizeWords{"small"_L1, "medium"_L1, "large"_L1};
+
+template <typename Enum, std::size_t N>
+QString wordOf(Enum value, const std::array<QLatin1StringView, N>& words)
 {
-public:
-    Store()
-    {
-        // A value for all users of the machine is not a choice of this one.
-        m_settings.setFallbacksEnabled(false);
-    }
-
-    [[nodiscard]] QVariant value(QAnyStringView key) const { return m_settings.value(key); }
-
-    void setValue(QAnyStringView key, const QVariant& value)
-    {
-        m_settings.setValue(key, value);
-        m_settings.sync();
-    }
-
-private:
-    QSettings m_settings{QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Tintwick"),
-                         QStringLiteral("Tintwick")};
-};
-
-/// The text under a key; empty when there is none or the value is no text.
-QString storedText(QAnyStringView key)
-{
-    const QVariant value = Store().value(key);
-    return value.typeId() == QMetaType::QString ? value.toString() : QString();
+    return words.at(static_cast<std::size_t>(value));
 }
 
-/// The integer under a key; 0 when there is none, the value is no integer or does not fit.
-int storedInteger(QAnyStringView key)
+template <typename Enum, std::size_t N>
+Enum valueOf(const QVariant& stored, const std::array<QLatin1StringView, N>& words, Enum fallback)
 {
-    const QVariant value = Store().value(key);
-    switch (value.typeId()) {
-    case QMetaType::Int:
-        return value.toInt();
-    case QMetaType::QString:
-        // From the file an integer comes as its text. QVariant itself would cut a larger one down to some
-        // other int.
-        return value.toString().toInt();
-    default:
-        return 0;
+    if (stored.typeId() != QMetaType::QString) {
+        return fallback;
     }
+    const auto found = std::ranges::find(words, stored.toString());
+    return found == words.end() ? fallback : static_cast<Enum>(found - words.begin());
+}
+
+int radiusOf(const QVariant& stored)
+{
+    // The file gives an integer as text. QVariant::toInt() would truncate a larger integer.
+    const bool isReadable = stored.typeId() == QMetaType::Int || stored.typeId() == QMetaType::QString;
+    const int radius = isReadable ? stored.toString().toInt() : 0;
+    return radius >= 1 ? radius : defaultLoupeRadius;
 }
 
 } // namespace
 
-void removeAbandonedLock()
+ColorSchemeChoice next(ColorSchemeChoice choice)
 {
-    const QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Tintwick"),
-                             QStringLiteral("Tintwick"));
-    const QFileInfo lock(settings.fileName() + QStringLiteral(".lock"));
+    const auto position = static_cast<std::size_t>(choice) + 1;
+    return static_cast<ColorSchemeChoice>(position % colorSchemeWords.size());
+}
+
+QString storedWord(ColorSchemeChoice choice)
+{
+    return wordOf(choice, colorSchemeWords);
+}
+
+Preferences::Preferences(QObject* parent)
+    : QObject(parent)
+    , m_settings(QSettings::NativeFormat, QSettings::UserScope, u"Tintwick"_s, u"Tintwick"_s)
+{
+    start();
+}
+
+Preferences::Preferences(const QString& path, QObject* parent)
+    : QObject(parent)
+    , m_settings(path, QSettings::NativeFormat)
+{
+    start();
+}
+
+void Preferences::start()
+{
+    removeAbandonedLock();
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &Preferences::readAgain);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &Preferences::readAgain);
+    readAgain();
+}
+
+void Preferences::removeAbandonedLock() const
+{
+    const QFileInfo lock(m_settings.fileName() + u".lock"_s);
     constexpr qint64 second = 1000;
     const bool isAbandoned = lock.exists() && lock.size() == 0 &&
                              lock.lastModified().msecsTo(QDateTime::currentDateTime()) > second;
@@ -78,84 +95,124 @@ void removeAbandonedLock()
     }
 }
 
-ColorSchemePref colorScheme()
+// Watches the file and its folder, or the nearest folder above that exists. The folder reports a file that is created,
+// removed or replaced; the file reports a change in place.
+void Preferences::watchFile()
 {
-    const QString text = storedText(colorSchemeKey);
-    for (const ColorSchemePref scheme : {ColorSchemePref::Light, ColorSchemePref::Dark}) {
-        if (text == rawValue(scheme)) {
-            return scheme;
+    const QString path = m_settings.fileName();
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QFileInfo::exists(folder)) {
+        folder = QFileInfo(folder).absolutePath();
+    }
+    QStringList others = m_watcher.directories();
+    if (others.removeAll(folder) == 0) {
+        m_watcher.addPath(folder);
+    }
+    // The file is watched anew each time, because another file may have its name now.
+    others.append(m_watcher.files());
+    if (!others.isEmpty()) {
+        m_watcher.removePaths(others);
+    }
+    if (QFileInfo::exists(path)) {
+        m_watcher.addPath(path);
+    }
+}
+
+void Preferences::readAgain()
+{
+    // Watches first, so that no change after the reading is missed.
+    watchFile();
+    m_settings.sync();
+    signalChanges(std::exchange(m_values, storedValues()));
+}
+
+Preferences::Values Preferences::storedValues() const
+{
+    const Values defaults;
+    Values values{
+        .colorScheme = valueOf(m_settings.value(colorSchemeKey), colorSchemeWords, defaults.colorScheme),
+        .loupeShape = valueOf(m_settings.value(loupeShapeKey), loupeShapeWords, defaults.loupeShape),
+        .loupeSize = valueOf(m_settings.value(loupeSizeKey), loupeSizeWords, defaults.loupeSize),
+        .loupeRadius = radiusOf(m_settings.value(loupeRadiusKey)),
+        .shortcutTexts = {},
+    };
+    for (const QString& key : m_settings.allKeys()) {
+        if (key.startsWith(shortcutPrefix)) {
+            const QVariant value = m_settings.value(key);
+            values.shortcutTexts.insert(key.sliced(shortcutPrefix.size()),
+                                        value.typeId() == QMetaType::QString ? value.toString() : QString());
         }
     }
-    return ColorSchemePref::Auto;
+    return values;
 }
 
-void setColorScheme(ColorSchemePref scheme)
+void Preferences::signalChanges(const Values& before)
 {
-    Store().setValue(colorSchemeKey, rawValue(scheme));
-}
-
-QString rawValue(ColorSchemePref scheme)
-{
-    switch (scheme) {
-    case ColorSchemePref::Auto:
-        return QStringLiteral("auto");
-    case ColorSchemePref::Light:
-        return QStringLiteral("light");
-    case ColorSchemePref::Dark:
-        return QStringLiteral("dark");
+    const Values now = m_values;
+    if (now.colorScheme != before.colorScheme) {
+        Q_EMIT colorSchemeChanged();
     }
-    Q_UNREACHABLE();
-}
-
-ColorSchemePref nextColorScheme(ColorSchemePref scheme)
-{
-    switch (scheme) {
-    case ColorSchemePref::Auto:
-        return ColorSchemePref::Light;
-    case ColorSchemePref::Light:
-        return ColorSchemePref::Dark;
-    case ColorSchemePref::Dark:
-        return ColorSchemePref::Auto;
+    if (now.loupeShape != before.loupeShape || now.loupeSize != before.loupeSize ||
+        now.loupeRadius != before.loupeRadius) {
+        Q_EMIT loupeChanged();
     }
-    Q_UNREACHABLE();
-}
-
-bool scopeIsCircle()
-{
-    return storedText(scopeShapeKey) == u"circle";
-}
-
-void setScopeShape(const QString& shape)
-{
-    Store().setValue(scopeShapeKey, shape);
-}
-
-double scopeSide()
-{
-    const QString size = storedText(scopePhysicalSizeKey);
-    if (size == u"small") {
-        return 100;
+    QMap<QString, QString> either = before.shortcutTexts;
+    either.insert(now.shortcutTexts);
+    for (auto each = either.cbegin(); each != either.cend(); ++each) {
+        const QString& name = each.key();
+        if (before.shortcutTexts.contains(name) != now.shortcutTexts.contains(name) ||
+            before.shortcutTexts.value(name) != now.shortcutTexts.value(name)) {
+            Q_EMIT shortcutChanged(name);
+        }
     }
-    if (size == u"large") {
-        return 160;
+}
+
+void Preferences::store(QAnyStringView key, const QVariant& value)
+{
+    const QVariant stored = m_settings.value(key);
+    const bool isText = stored.typeId() == QMetaType::QString || stored.typeId() == value.typeId();
+    if (isText && stored.toString() == value.toString()) {
+        return;
     }
-    return 130;
+    m_settings.setValue(key, value);
+    readAgain();
 }
 
-void setScopePhysicalSize(const QString& size)
+void Preferences::setColorScheme(ColorSchemeChoice choice)
 {
-    Store().setValue(scopePhysicalSizeKey, size);
+    store(colorSchemeKey, wordOf(choice, colorSchemeWords));
 }
 
-int scopeDefaultRadius()
+void Preferences::setLoupeShape(LoupeShape shape)
 {
-    const int radius = storedInteger(scopeDefaultRadiusKey);
-    return radius >= 1 ? radius : 7;
+    store(loupeShapeKey, wordOf(shape, loupeShapeWords));
 }
 
-void setScopeDefaultRadius(int radius)
+void Preferences::setLoupeSize(LoupeSize size)
 {
-    Store().setValue(scopeDefaultRadiusKey, radius);
+    store(loupeSizeKey, wordOf(size, loupeSizeWords));
 }
 
-} // namespace tintwick::preferences
+void Preferences::setLoupeRadius(int radius)
+{
+    store(loupeRadiusKey, radius);
+}
+
+std::optional<QString> Preferences::shortcutText(const QString& name) const
+{
+    const auto found = m_values.shortcutTexts.constFind(name);
+    return found == m_values.shortcutTexts.cend() ? std::nullopt : std::optional(*found);
+}
+
+void Preferences::setShortcutText(const QString& name, const std::optional<QString>& text)
+{
+    const QString key = shortcutPrefix + name;
+    if (text) {
+        store(key, *text);
+    } else if (m_settings.contains(key)) {
+        m_settings.remove(key);
+        readAgain();
+    }
+}
+
+} // namespace tintwick

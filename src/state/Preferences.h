@@ -1,41 +1,104 @@
 #pragma once
 
+#include <QAnyStringView>
+#include <QFileSystemWatcher>
+#include <QMap>
+#include <QObject>
+#include <QSettings>
 #include <QString>
+
+#include <array>
+#include <optional>
 
 namespace tintwick {
 
-enum class ColorSchemePref { Auto, Light, Dark };
-
-/// The user's small choices, kept outside the data file. Every read asks the store afresh, every write reaches it at
-/// once; a missing, mistyped or unknown value reads as the default.
-namespace preferences {
-
-/// To be called once at start. A process that was killed while it wrote leaves an empty lock behind, for which the next
-/// write would wait half a minute; one that is older than a second is nobody's.
-void removeAbandonedLock();
-
-[[nodiscard]] ColorSchemePref colorScheme();
-void setColorScheme(ColorSchemePref scheme);
-
+enum class ColorSchemeChoice { Auto, Light, Dark };
+/// The choice that follows in the order auto, light, dark, auto.
+[[nodiscard]] ColorSchemeChoice next(ColorSchemeChoice choice);
 /// "auto", "light" or "dark", as stored.
-[[nodiscard]] QString rawValue(ColorSchemePref scheme);
-/// The appearance that one press on the toggle goes to: auto, light, dark, and auto again.
-[[nodiscard]] ColorSchemePref nextColorScheme(ColorSchemePref scheme);
+[[nodiscard]] QString storedWord(ColorSchemeChoice choice);
 
-/// Whether the loupe is a circle; it is a square otherwise.
-[[nodiscard]] bool scopeIsCircle();
-/// "square" or "circle".
-void setScopeShape(const QString& shape);
+enum class LoupeShape { Square, Circle };
+inline constexpr std::array allLoupeShapes{LoupeShape::Square, LoupeShape::Circle};
 
-/// Side of the loupe's scope in points: 100, 130 or 160.
-[[nodiscard]] double scopeSide();
-/// "small", "medium" or "large".
-void setScopePhysicalSize(const QString& size);
+enum class LoupeSize { Small, Medium, Large };
+inline constexpr std::array allLoupeSizes{LoupeSize::Small, LoupeSize::Medium, LoupeSize::Large};
+/// Side of the loupe's square of enlarged pixels, in points.
+[[nodiscard]] constexpr double loupeSide(LoupeSize size)
+{
+    constexpr std::array sides{100.0, 130.0, 160.0};
+    return sides.at(static_cast<std::size_t>(size));
+}
 
-/// Sampling radius with which a pick begins, in screen pixels around the centre one; at least 1, not bounded above.
-[[nodiscard]] int scopeDefaultRadius();
-void setScopeDefaultRadius(int radius);
+/// The sampling radii that the settings offer, in physical pixels around the centre one.
+inline constexpr std::array offeredLoupeRadii{4, 7, 11};
+inline constexpr int defaultLoupeRadius = 7;
 
-} // namespace preferences
+/// The user's choices that are stored outside the data file, in $XDG_CONFIG_HOME/Tintwick/Tintwick.conf. A key that is
+/// missing there is read from the system-wide file. A value that is missing, mistyped or unknown reads as the default;
+/// an unknown value stays stored until it is set.
+///
+/// The object holds all values: a getter reads no file. A setter writes the file before it returns. Changes that other
+/// programs make to the user's file are noticed in the event loop.
+class Preferences final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Also removes an abandoned lock of the file: a program that was killed while it wrote leaves an empty one, and
+    /// the next write would wait half a minute for it. Only a lock that is older than a second counts as abandoned.
+    explicit Preferences(QObject* parent = nullptr);
+    /// Uses another file, without system-wide values.
+    explicit Preferences(const QString& path, QObject* parent = nullptr);
+
+    [[nodiscard]] ColorSchemeChoice colorScheme() const { return m_values.colorScheme; }
+    void setColorScheme(ColorSchemeChoice choice);
+
+    [[nodiscard]] LoupeShape loupeShape() const { return m_values.loupeShape; }
+    void setLoupeShape(LoupeShape shape);
+
+    [[nodiscard]] LoupeSize loupeSize() const { return m_values.loupeSize; }
+    void setLoupeSize(LoupeSize size);
+
+    /// Sampling radius at the start of a pick, in physical pixels around the centre one; at least 1, without an upper
+    /// bound.
+    [[nodiscard]] int loupeRadius() const { return m_values.loupeRadius; }
+    /// A radius below 1 reads as the default.
+    void setLoupeRadius(int radius);
+
+    /// The stored text of a shortcut, by its name; empty when the stored value is not one text, none when nothing is
+    /// stored.
+    [[nodiscard]] std::optional<QString> shortcutText(const QString& name) const;
+    /// None removes the user's value, so that a system-wide one applies again.
+    void setShortcutText(const QString& name, const std::optional<QString>& text);
+
+Q_SIGNALS:
+    void colorSchemeChanged();
+    /// After a change of shape, size or radius.
+    void loupeChanged();
+    void shortcutChanged(const QString& name);
+
+private:
+    struct Values
+    {
+        ColorSchemeChoice colorScheme = ColorSchemeChoice::Auto;
+        LoupeShape loupeShape = LoupeShape::Square;
+        LoupeSize loupeSize = LoupeSize::Medium;
+        int loupeRadius = defaultLoupeRadius;
+        QMap<QString, QString> shortcutTexts;
+    };
+
+    void start();
+    void removeAbandonedLock() const;
+    void watchFile();
+    void readAgain();
+    [[nodiscard]] Values storedValues() const;
+    void store(QAnyStringView key, const QVariant& value);
+    void signalChanges(const Values& before);
+
+    QSettings m_settings;
+    QFileSystemWatcher m_watcher;
+    Values m_values;
+};
 
 } // namespace tintwick

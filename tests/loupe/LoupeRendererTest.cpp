@@ -1,7 +1,5 @@
 #include "LoupeRenderer.h"
 
-#include "Preferences.h"
-
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -50,7 +48,6 @@ class LoupeRendererTest : public QObject
 private Q_SLOTS:
     void thePictureHasTheSizeOfTheLoupe_data();
     void thePictureHasTheSizeOfTheLoupe();
-    void shapeAndSizeFollowThePreferencesAtOnce();
     void everyByteIsShownAsItIs();
     void theCenterColorIsSeenInTheCenterCellAndThePill_data();
     void theCenterColorIsSeenInTheCenterCellAndThePill();
@@ -91,19 +88,6 @@ void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe()
     const QImage& picture = view.render({.isCircle = false, .side = side}, scale);
     QTEST(picture.size(), "size");
     QCOMPARE(picture.format(), QImage::Format_ARGB32_Premultiplied);
-}
-
-void LoupeRendererTest::shapeAndSizeFollowThePreferencesAtOnce()
-{
-    LoupeRenderer view;
-    preferences::setScopeShape(u"square"_s);
-    preferences::setScopePhysicalSize(u"medium"_s);
-    QCOMPARE(view.render(1), view.render(mediumSquare, 1));
-    preferences::setScopeShape(u"circle"_s);
-    preferences::setScopePhysicalSize(u"large"_s);
-    const QImage large = view.render(1).copy();
-    QCOMPARE(large.size(), QSize(160, 216));
-    QCOMPARE(large, view.render({.isCircle = true, .side = 160}, 1));
 }
 
 void LoupeRendererTest::everyByteIsShownAsItIs()

@@ -22,7 +22,9 @@ struct Desk
 {
     ScriptedPlatform platform;
     ScreenCaptureService capture{platform.grabber};
-    std::unique_ptr<ColorPickerService> service = std::make_unique<ColorPickerService>(platform, capture);
+    Preferences preferences;
+    std::unique_ptr<ColorPickerService> service =
+        std::make_unique<ColorPickerService>(platform, capture, preferences);
     std::vector<SampledColor> captured;
 
     Desk()
@@ -67,8 +69,9 @@ private Q_SLOTS:
 
     void init()
     {
-        preferences::setScopeDefaultRadius(7);
-        preferences::setScopePhysicalSize(QStringLiteral("medium"));
+        Preferences preferences;
+        preferences.setLoupeRadius(7);
+        preferences.setLoupeSize(LoupeSize::Medium);
     }
 
     void a_pick_takes_the_desktop_and_gives_it_back_in_mirrored_order()
@@ -273,8 +276,8 @@ private Q_SLOTS:
         QFETCH(const int, radius);
         QFETCH(const int, key);
         QFETCH(const double, scroll);
-        preferences::setScopeDefaultRadius(radius);
         Desk desk;
+        desk.preferences.setLoupeRadius(radius);
         desk.service->showPicker();
         desk.platform.input.key(key, modifier::super);
         desk.platform.input.scroll({scroll, true});
@@ -285,8 +288,8 @@ private Q_SLOTS:
 
     void a_scroll_past_the_bound_leaves_only_its_rest()
     {
-        preferences::setScopeDefaultRadius(3);
         Desk desk;
+        desk.preferences.setLoupeRadius(3);
         desk.service->showPicker();
         desk.platform.input.scroll({54.0, true});
         desk.platform.input.scroll({-9.0, true});
@@ -307,8 +310,8 @@ private Q_SLOTS:
     void a_pick_begins_with_the_stored_zoom_and_the_first_step_brings_it_into_bounds()
     {
         QFETCH(const int, stored);
-        preferences::setScopeDefaultRadius(stored);
         Desk desk;
+        desk.preferences.setLoupeRadius(stored);
         desk.service->showPicker();
         QTEST(desk.side(), "sideAtStart");
         desk.platform.input.key(keycode::equal, modifier::super);
@@ -324,13 +327,13 @@ private Q_SLOTS:
     void the_loupe_follows_the_pointer_within_its_screen_data()
     {
         QTest::addColumn<std::vector<Screen>>("screens");
-        QTest::addColumn<QString>("size");
+        QTest::addColumn<LoupeSize>("size");
         QTest::addColumn<DesktopPoint>("pointer");
         QTest::addColumn<QSize>("picture");
         QTest::addColumn<DesktopPoint>("topLeft");
 
         const QSize medium(130, 186);
-        const QString m = QStringLiteral("medium");
+        const LoupeSize m = LoupeSize::Medium;
         const std::vector<Screen> one{fullHd};
         const std::vector<Screen> leftOf{{{1280, 0, 1920, 1080}, 1}, {{0, 0, 1280, 1024}, 1}};
         const std::vector<Screen> above{{{0, 1080, 1920, 1080}, 1}, {{0, 0, 1600, 900}, 1}};
@@ -340,9 +343,9 @@ private Q_SLOTS:
         const std::vector<Screen> tiny{{{0, 0, 100, 100}, 1}};
 
         QTest::newRow("middle") << one << m << DesktopPoint{960, 540} << medium << DesktopPoint{895, 475};
-        QTest::newRow("small") << one << QStringLiteral("small") << DesktopPoint{960, 540} << QSize(100, 156)
+        QTest::newRow("small") << one << LoupeSize::Small << DesktopPoint{960, 540} << QSize(100, 156)
                                << DesktopPoint{910, 490};
-        QTest::newRow("large") << one << QStringLiteral("large") << DesktopPoint{960, 540} << QSize(160, 216)
+        QTest::newRow("large") << one << LoupeSize::Large << DesktopPoint{960, 540} << QSize(160, 216)
                                << DesktopPoint{880, 460};
         QTest::newRow("bottom left") << one << m << DesktopPoint{0, 1079} << medium << DesktopPoint{4, 890};
         QTest::newRow("bottom right")
@@ -380,11 +383,11 @@ private Q_SLOTS:
     void the_loupe_follows_the_pointer_within_its_screen()
     {
         QFETCH(const std::vector<Screen>, screens);
-        QFETCH(const QString, size);
+        QFETCH(const LoupeSize, size);
         QFETCH(const DesktopPoint, pointer);
 
-        preferences::setScopePhysicalSize(size);
         Desk desk;
+        desk.preferences.setLoupeSize(size);
         desk.platform.grabber.monitors = screens;
         desk.service->showPicker();
         desk.platform.input.move(pointer);

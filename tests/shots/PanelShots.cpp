@@ -7,6 +7,7 @@
 #include "DashboardView.h"
 #include "Overlay.h"
 #include "PanelView.h"
+#include "Preferences.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
 
@@ -45,7 +46,7 @@ public:
                 m_appState.addColor(color.id, collection.id);
             }
         }
-        m_view = new PanelView(m_appState, [](QWidget&) { return new QWidget; });
+        m_view = new PanelView(m_appState, m_preferences, [](QWidget&) { return new QWidget; });
         m_view->setParent(this);
         setFixedSize(theme::panelSize);
     }
@@ -57,6 +58,7 @@ public:
 private:
     std::function<void()> m_later;
     AppState m_appState;
+    Preferences m_preferences;
     PanelView* m_view;
 };
 

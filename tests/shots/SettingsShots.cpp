@@ -42,8 +42,8 @@ public:
         for (int i = 0; i < 12; ++i) {
             m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
         }
-        m_view = new PanelView(m_appState, [this, tab](QWidget& panel) {
-            auto* settings = new SettingsScreen(m_appState,
+        m_view = new PanelView(m_appState, m_preferences, [this, tab](QWidget& panel) {
+            auto* settings = new SettingsScreen(m_appState, m_preferences,
                                                 {m_shortcuts, m_platform.recording, m_platform.layout,
                                                  [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
                                                 m_platform.grabber, panel);
@@ -62,6 +62,7 @@ public:
 private:
     test::ScriptedPlatform m_platform;
     AppState m_appState;
+    Preferences m_preferences;
     QSettings m_settings;
     KeyboardShortcuts::Registry m_shortcuts;
     PanelView* m_view;
@@ -130,8 +131,9 @@ void shootSettings(const QDir& folder)
         view.grab();
         QApplication::processEvents();
     });
-    preferences::setScopeDefaultRadius(9);
-    preferences::setScopeShape(u"circle"_s);
+    Preferences preferences;
+    preferences.setLoupeRadius(9);
+    preferences.setLoupeShape(LoupeShape::Circle);
     shootTab(u"general-radius-9"_s, SettingsTab::General);
     QSettings().clear();
 

@@ -3,8 +3,12 @@
 #include <QDir>
 #include <QFile>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cstdio>
+#include <optional>
 
 namespace tintwick {
 
@@ -26,22 +30,35 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void nothingStoredReadsAsTheDefaults();
+    void loupeSidesInPoints();
     void readingTheStore_data();
     void readingTheStore();
     void aValueOfAnotherTypeReadsAsTheDefault_data();
     void aValueOfAnotherTypeReadsAsTheDefault();
     void writingReachesTheFileAtOnce();
     void whatIsWrittenIsReadBack();
+    void writingTheStoredValueAgainLeavesTheFile();
+    void eachChangeIsSignalledOnce();
     void appearancesCycle();
     void anUnknownAppearanceCyclesToLight();
+    void anUnknownWordStaysStored();
+    void theSystemWideFileIsAFallbackForEveryKey();
+    void shortcutTextsAreStoredByName();
+    void anEditFromOutsideIsNoticed_data();
+    void anEditFromOutsideIsNoticed();
+    void aFolderThatIsCreatedLaterIsNoticed();
+    void everyOfSeveralEditsIsNoticed();
+    void aGetterReadsNoFile();
     void anOldEmptyLockIsRemovedAndNoOther_data();
     void anOldEmptyLockIsRemovedAndNoOther();
 
 private:
     void store(const QByteArray& lines);
+    [[nodiscard]] QSettings systemSettings() const;
 
-    // QSettings looks for its folder once in a process, so that all tests share one.
+    // QSettings looks for its folders once in a process, so that all tests share them.
     QTemporaryDir m_configHome;
+    QTemporaryDir m_systemConfig;
     QString m_path;
     QDateTime m_writtenAt = QDateTime::currentDateTimeUtc();
 };
@@ -49,12 +66,22 @@ private:
 void PreferencesTest::initTestCase()
 {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_configHome.path()));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, m_systemConfig.path());
     m_path = m_configHome.filePath(QStringLiteral("Tintwick/Tintwick.conf"));
 }
 
 void PreferencesTest::init()
 {
     QFile::remove(m_path);
+    QSettings settings = systemSettings();
+    settings.clear();
+    settings.sync();
+}
+
+QSettings PreferencesTest::systemSettings() const
+{
+    return {QSettings::NativeFormat, QSettings::SystemScope, QStringLiteral("Tintwick"),
+            QStringLiteral("Tintwick")};
 }
 
 void PreferencesTest::store(const QByteArray& lines)
@@ -63,48 +90,57 @@ void PreferencesTest::store(const QByteArray& lines)
     QFile file(m_path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[General]\n" + lines + '\n');
-    // QSettings tells another content by size and time, and two rows can come within one tick of the file
-    // system.
+    // QSettings detects other content by size and time, and two rows can be written within one tick of the file system's
+    // clock.
     m_writtenAt = m_writtenAt.addSecs(1);
     QVERIFY(file.flush() && file.setFileTime(m_writtenAt, QFileDevice::FileModificationTime));
 }
 
 void PreferencesTest::nothingStoredReadsAsTheDefaults()
 {
-    QCOMPARE(preferences::colorScheme(), ColorSchemePref::Auto);
-    QCOMPARE(preferences::scopeIsCircle(), false);
-    QCOMPARE(preferences::scopeSide(), 130.0);
-    QCOMPARE(preferences::scopeDefaultRadius(), 7);
+    const Preferences preferences;
+    QCOMPARE(preferences.colorScheme(), ColorSchemeChoice::Auto);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Square);
+    QCOMPARE(preferences.loupeSize(), LoupeSize::Medium);
+    QCOMPARE(preferences.loupeRadius(), 7);
+    QCOMPARE(preferences.shortcutText(QStringLiteral("any")), std::nullopt);
     QVERIFY(!QFile::exists(m_path));
+}
+
+void PreferencesTest::loupeSidesInPoints()
+{
+    QCOMPARE(loupeSide(LoupeSize::Small), 100.0);
+    QCOMPARE(loupeSide(LoupeSize::Medium), 130.0);
+    QCOMPARE(loupeSide(LoupeSize::Large), 160.0);
 }
 
 void PreferencesTest::readingTheStore_data()
 {
     QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<ColorSchemePref>("scheme");
+    QTest::addColumn<ColorSchemeChoice>("scheme");
     QTest::addColumn<bool>("circle");
     QTest::addColumn<double>("side");
     QTest::addColumn<int>("radius");
-    const auto scheme = [](const char* line, ColorSchemePref expected) {
+    const auto scheme = [](const char* line, ColorSchemeChoice expected) {
         QTest::newRow(line) << QByteArray(line) << expected << false << 130.0 << 7;
     };
     const auto shape = [](const char* line, bool circle) {
-        QTest::newRow(line) << QByteArray(line) << ColorSchemePref::Auto << circle << 130.0 << 7;
+        QTest::newRow(line) << QByteArray(line) << ColorSchemeChoice::Auto << circle << 130.0 << 7;
     };
     const auto size = [](const char* line, double side) {
-        QTest::newRow(line) << QByteArray(line) << ColorSchemePref::Auto << false << side << 7;
+        QTest::newRow(line) << QByteArray(line) << ColorSchemeChoice::Auto << false << side << 7;
     };
     const auto radius = [](const char* line, int expected) {
-        QTest::newRow(line) << QByteArray(line) << ColorSchemePref::Auto << false << 130.0 << expected;
+        QTest::newRow(line) << QByteArray(line) << ColorSchemeChoice::Auto << false << 130.0 << expected;
     };
-    scheme("colorSchemePref=auto", ColorSchemePref::Auto);
-    scheme("colorSchemePref=light", ColorSchemePref::Light);
-    scheme("colorSchemePref=dark", ColorSchemePref::Dark);
-    scheme("colorSchemePref=Dark", ColorSchemePref::Auto);
-    scheme("colorSchemePref=sepia", ColorSchemePref::Auto);
-    scheme("colorSchemePref=", ColorSchemePref::Auto);
-    scheme("colorSchemePref=dark, light", ColorSchemePref::Auto);
-    scheme("colorSchemePref=@ByteArray(dark)", ColorSchemePref::Auto);
+    scheme("colorSchemePref=auto", ColorSchemeChoice::Auto);
+    scheme("colorSchemePref=light", ColorSchemeChoice::Light);
+    scheme("colorSchemePref=dark", ColorSchemeChoice::Dark);
+    scheme("colorSchemePref=Dark", ColorSchemeChoice::Auto);
+    scheme("colorSchemePref=sepia", ColorSchemeChoice::Auto);
+    scheme("colorSchemePref=", ColorSchemeChoice::Auto);
+    scheme("colorSchemePref=dark, light", ColorSchemeChoice::Auto);
+    scheme("colorSchemePref=@ByteArray(dark)", ColorSchemeChoice::Auto);
     shape("scopeShape=circle", true);
     shape("scopeShape=square", false);
     shape("scopeShape=Circle", false);
@@ -137,15 +173,16 @@ void PreferencesTest::readingTheStore_data()
 void PreferencesTest::readingTheStore()
 {
     QFETCH(QByteArray, line);
-    QFETCH(ColorSchemePref, scheme);
+    QFETCH(ColorSchemeChoice, scheme);
     QFETCH(bool, circle);
     QFETCH(double, side);
     QFETCH(int, radius);
     store(line);
-    QCOMPARE(preferences::colorScheme(), scheme);
-    QCOMPARE(preferences::scopeIsCircle(), circle);
-    QCOMPARE(preferences::scopeSide(), side);
-    QCOMPARE(preferences::scopeDefaultRadius(), radius);
+    const Preferences preferences;
+    QCOMPARE(preferences.colorScheme(), scheme);
+    QCOMPARE(preferences.loupeShape() == LoupeShape::Circle, circle);
+    QCOMPARE(loupeSide(preferences.loupeSize()), side);
+    QCOMPARE(preferences.loupeRadius(), radius);
 }
 
 void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault_data()
@@ -167,51 +204,216 @@ void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault()
         settings.setValue(QLatin1StringView(key), value);
     }
     settings.sync();
-    QCOMPARE(preferences::colorScheme(), ColorSchemePref::Auto);
-    QCOMPARE(preferences::scopeIsCircle(), false);
-    QCOMPARE(preferences::scopeSide(), 130.0);
-    QCOMPARE(preferences::scopeDefaultRadius(), 7);
+    const Preferences preferences;
+    QCOMPARE(preferences.colorScheme(), ColorSchemeChoice::Auto);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Square);
+    QCOMPARE(preferences.loupeSize(), LoupeSize::Medium);
+    QCOMPARE(preferences.loupeRadius(), 7);
 }
 
 void PreferencesTest::writingReachesTheFileAtOnce()
 {
-    preferences::setColorScheme(ColorSchemePref::Dark);
+    Preferences preferences;
+    preferences.setColorScheme(ColorSchemeChoice::Dark);
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=dark\n"));
-    preferences::setScopeDefaultRadius(11);
+    preferences.setLoupeRadius(11);
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=dark\nscopeDefaultRadius=11\n"));
 }
 
 void PreferencesTest::whatIsWrittenIsReadBack()
 {
-    preferences::setColorScheme(ColorSchemePref::Light);
-    preferences::setScopeShape(QStringLiteral("circle"));
-    preferences::setScopePhysicalSize(QStringLiteral("large"));
-    preferences::setScopeDefaultRadius(4);
-    QCOMPARE(preferences::colorScheme(), ColorSchemePref::Light);
-    QCOMPARE(preferences::scopeIsCircle(), true);
-    QCOMPARE(preferences::scopeSide(), 160.0);
-    QCOMPARE(preferences::scopeDefaultRadius(), 4);
+    Preferences preferences;
+    preferences.setColorScheme(ColorSchemeChoice::Light);
+    preferences.setLoupeShape(LoupeShape::Circle);
+    preferences.setLoupeSize(LoupeSize::Large);
+    preferences.setLoupeRadius(4);
+    QCOMPARE(preferences.colorScheme(), ColorSchemeChoice::Light);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Circle);
+    QCOMPARE(preferences.loupeSize(), LoupeSize::Large);
+    QCOMPARE(preferences.loupeRadius(), 4);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=light\nscopeDefaultRadius=4\n"
+                                           "scopePhysicalSize=large\nscopeShape=circle\n"));
 
-    preferences::setScopeShape(QStringLiteral("square"));
-    preferences::setScopePhysicalSize(QStringLiteral("small"));
-    preferences::setScopeDefaultRadius(-1);
-    QCOMPARE(preferences::scopeIsCircle(), false);
-    QCOMPARE(preferences::scopeSide(), 100.0);
-    QCOMPARE(preferences::scopeDefaultRadius(), 7);
+    preferences.setLoupeShape(LoupeShape::Square);
+    preferences.setLoupeSize(LoupeSize::Small);
+    preferences.setLoupeRadius(-1);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Square);
+    QCOMPARE(preferences.loupeSize(), LoupeSize::Small);
+    QCOMPARE(preferences.loupeRadius(), 7);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=light\nscopeDefaultRadius=-1\n"
+                                           "scopePhysicalSize=small\nscopeShape=square\n"));
+}
+
+void PreferencesTest::writingTheStoredValueAgainLeavesTheFile()
+{
+    store("colorSchemePref=dark\nscopeDefaultRadius=11");
+    const QDateTime written = QFileInfo(m_path).lastModified();
+    Preferences preferences;
+    preferences.setColorScheme(ColorSchemeChoice::Dark);
+    preferences.setLoupeRadius(11);
+    preferences.setShortcutText(QStringLiteral("none"), std::nullopt);
+    QCOMPARE(QFileInfo(m_path).lastModified(), written);
+}
+
+void PreferencesTest::eachChangeIsSignalledOnce()
+{
+    Preferences preferences;
+    const QSignalSpy scheme(&preferences, &Preferences::colorSchemeChanged);
+    const QSignalSpy loupe(&preferences, &Preferences::loupeChanged);
+    const QSignalSpy shortcut(&preferences, &Preferences::shortcutChanged);
+    preferences.setColorScheme(ColorSchemeChoice::Dark);
+    preferences.setColorScheme(ColorSchemeChoice::Dark);
+    QCOMPARE(scheme.count(), 1);
+    preferences.setLoupeShape(LoupeShape::Circle);
+    preferences.setLoupeSize(LoupeSize::Large);
+    preferences.setLoupeRadius(4);
+    preferences.setLoupeRadius(4);
+    QCOMPARE(loupe.count(), 3);
+    preferences.setShortcutText(QStringLiteral("pick"), QStringLiteral("{}"));
+    preferences.setShortcutText(QStringLiteral("pick"), QStringLiteral("{}"));
+    preferences.setShortcutText(QStringLiteral("pick"), std::nullopt);
+    QCOMPARE(shortcut.count(), 2);
+    QCOMPARE(shortcut.first().first().toString(), QStringLiteral("pick"));
+    // The watcher reports these writes too; they change nothing.
+    QCoreApplication::processEvents();
+    QCOMPARE(scheme.count() + loupe.count() + shortcut.count(), 6);
 }
 
 void PreferencesTest::appearancesCycle()
 {
-    QCOMPARE(preferences::nextColorScheme(ColorSchemePref::Auto), ColorSchemePref::Light);
-    QCOMPARE(preferences::nextColorScheme(ColorSchemePref::Light), ColorSchemePref::Dark);
-    QCOMPARE(preferences::nextColorScheme(ColorSchemePref::Dark), ColorSchemePref::Auto);
+    QCOMPARE(next(ColorSchemeChoice::Auto), ColorSchemeChoice::Light);
+    QCOMPARE(next(ColorSchemeChoice::Light), ColorSchemeChoice::Dark);
+    QCOMPARE(next(ColorSchemeChoice::Dark), ColorSchemeChoice::Auto);
 }
 
 void PreferencesTest::anUnknownAppearanceCyclesToLight()
 {
     store("colorSchemePref=sepia");
-    preferences::setColorScheme(preferences::nextColorScheme(preferences::colorScheme()));
+    Preferences preferences;
+    preferences.setColorScheme(next(preferences.colorScheme()));
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=light\n"));
+}
+
+void PreferencesTest::anUnknownWordStaysStored()
+{
+    store("colorSchemePref=sepia\nscopePhysicalSize=huge");
+    Preferences preferences;
+    preferences.setLoupeShape(LoupeShape::Circle);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=sepia\nscopePhysicalSize=huge\n"
+                                           "scopeShape=circle\n"));
+    preferences.setLoupeSize(LoupeSize::Medium);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=sepia\nscopePhysicalSize=medium\n"
+                                           "scopeShape=circle\n"));
+}
+
+void PreferencesTest::theSystemWideFileIsAFallbackForEveryKey()
+{
+    QSettings settings = systemSettings();
+    settings.setValue("colorSchemePref", QStringLiteral("dark"));
+    settings.setValue("scopeShape", QStringLiteral("circle"));
+    settings.setValue("scopePhysicalSize", QStringLiteral("large"));
+    settings.setValue("scopeDefaultRadius", 11);
+    settings.setValue("KeyboardShortcuts_pick", QStringLiteral("false"));
+    settings.sync();
+    Preferences preferences;
+    QCOMPARE(preferences.colorScheme(), ColorSchemeChoice::Dark);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Circle);
+    QCOMPARE(preferences.loupeSize(), LoupeSize::Large);
+    QCOMPARE(preferences.loupeRadius(), 11);
+    QCOMPARE(preferences.shortcutText(QStringLiteral("pick")), QStringLiteral("false"));
+
+    preferences.setLoupeShape(LoupeShape::Square);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Square);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\nscopeShape=square\n"));
+}
+
+void PreferencesTest::shortcutTextsAreStoredByName()
+{
+    store("KeyboardShortcuts_list=a, b");
+    Preferences preferences;
+    // A list is stored, but it is no text.
+    QCOMPARE(preferences.shortcutText(QStringLiteral("list")), QString());
+    const QString text = QStringLiteral(R"({"carbonKeyCode":96,"carbonModifiers":0})");
+    preferences.setShortcutText(QStringLiteral("pick"), text);
+    preferences.setShortcutText(QStringLiteral("open"), QStringLiteral("false"));
+    QCOMPARE(preferences.shortcutText(QStringLiteral("pick")), text);
+    QCOMPARE(Preferences().shortcutText(QStringLiteral("pick")), text);
+    QVERIFY(contentOf(m_path).contains("\nKeyboardShortcuts_open=false\n"));
+    preferences.setShortcutText(QStringLiteral("open"), std::nullopt);
+    QCOMPARE(preferences.shortcutText(QStringLiteral("open")), std::nullopt);
+    QVERIFY(!contentOf(m_path).contains("open"));
+}
+
+void PreferencesTest::anEditFromOutsideIsNoticed_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char* how : {"in place", "replaced by a rename", "created", "removed"}) {
+        QTest::newRow(how) << QString::fromLatin1(how);
+    }
+}
+
+void PreferencesTest::anEditFromOutsideIsNoticed()
+{
+    QFETCH(const QString, how);
+    const QByteArray dark = "[General]\ncolorSchemePref=dark\n";
+    const bool begins = how != QStringLiteral("created");
+    if (begins) {
+        store("colorSchemePref=light\nscopeDefaultRadius=4");
+    }
+    const Preferences preferences;
+    QSignalSpy scheme(&preferences, &Preferences::colorSchemeChanged);
+    if (how == QStringLiteral("removed")) {
+        QVERIFY(QFile::remove(m_path));
+    } else if (how == QStringLiteral("replaced by a rename")) {
+        QFile other(m_path + QStringLiteral(".new"));
+        QVERIFY(other.open(QIODevice::WriteOnly) && other.write(dark) > 0);
+        other.close();
+        QCOMPARE(std::rename(QFile::encodeName(other.fileName()).constData(),
+                             QFile::encodeName(m_path).constData()),
+                 0);
+    } else {
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(dark) > 0);
+    }
+    QTRY_COMPARE(preferences.colorScheme(),
+                 how == QStringLiteral("removed") ? ColorSchemeChoice::Auto : ColorSchemeChoice::Dark);
+    QCOMPARE(preferences.loupeRadius(), 7);
+    QVERIFY(!scheme.isEmpty());
+}
+
+void PreferencesTest::aFolderThatIsCreatedLaterIsNoticed()
+{
+    const QTemporaryDir home;
+    const Preferences preferences(home.filePath(QStringLiteral("a/b/some.conf")));
+    QVERIFY(QDir(home.path()).mkpath(QStringLiteral("a")));
+    QCoreApplication::processEvents();
+    QVERIFY(QDir(home.path()).mkpath(QStringLiteral("a/b")));
+    QFile file(home.filePath(QStringLiteral("a/b/some.conf")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("[General]\nscopeDefaultRadius=4\n") > 0);
+    file.close();
+    QTRY_COMPARE(preferences.loupeRadius(), 4);
+}
+
+void PreferencesTest::everyOfSeveralEditsIsNoticed()
+{
+    const Preferences preferences;
+    for (const int radius : {4, 11, 100, 9}) {
+        Preferences other(m_path);
+        other.setLoupeRadius(radius);
+        QTRY_COMPARE(preferences.loupeRadius(), radius);
+        store("scopeDefaultRadius=" + QByteArray::number(radius * 10));
+        QTRY_COMPARE(preferences.loupeRadius(), radius * 10);
+    }
+}
+
+void PreferencesTest::aGetterReadsNoFile()
+{
+    store("scopeDefaultRadius=4\nscopeShape=circle");
+    const Preferences preferences;
+    QVERIFY(QFile::remove(m_path));
+    // The watcher has not run yet.
+    QCOMPARE(preferences.loupeRadius(), 4);
+    QCOMPARE(preferences.loupeShape(), LoupeShape::Circle);
 }
 
 void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther_data()
@@ -220,8 +422,8 @@ void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther_data()
     QTest::addColumn<int>("ageInSeconds");
     QTest::addColumn<bool>("stays");
     QTest::newRow("empty and old") << QByteArray() << 60 << false;
-    QTest::newRow("empty and just made") << QByteArray() << 0 << true;
-    QTest::newRow("somebody's") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
+    QTest::newRow("empty and new") << QByteArray() << 0 << true;
+    QTest::newRow("of a running program") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
 }
 
 void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther()
@@ -238,12 +440,12 @@ void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther()
                              QFileDevice::FileModificationTime));
     lock.close();
 
-    preferences::removeAbandonedLock();
+    const Preferences preferences;
     QCOMPARE(lock.exists(), stays);
     lock.remove();
 }
 
 } // namespace tintwick
 
-QTEST_APPLESS_MAIN(tintwick::PreferencesTest)
+QTEST_GUILESS_MAIN(tintwick::PreferencesTest)
 #include "PreferencesTest.moc"

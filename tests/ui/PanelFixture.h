@@ -3,6 +3,7 @@
 #include "AppState.h"
 #include "DashboardView.h"
 #include "PanelView.h"
+#include "Preferences.h"
 #include "Ticker.h"
 #include "ui/Probes.h"
 
@@ -28,7 +29,7 @@ public:
         while (!state.collections().isEmpty()) {
             state.deleteCollection(state.collections().first().id);
         }
-        view = std::make_unique<PanelView>(state, [](QWidget&) { return new QWidget; });
+        view = std::make_unique<PanelView>(state, preferences, [](QWidget&) { return new QWidget; });
         view->setSystemScheme(Scheme::Light);
         view->show();
         view->activateWindow();
@@ -68,6 +69,7 @@ private:
 
 public:
     AppState state;
+    Preferences preferences;
     std::unique_ptr<PanelView> view;
 };
 

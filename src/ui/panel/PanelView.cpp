@@ -31,14 +31,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString symbolOf(ColorSchemePref preference)
+QString symbolOf(ColorSchemeChoice preference)
 {
     switch (preference) {
-    case ColorSchemePref::Light:
+    case ColorSchemeChoice::Light:
         return u"light-mode"_s;
-    case ColorSchemePref::Dark:
+    case ColorSchemeChoice::Dark:
         return u"dark-mode"_s;
-    case ColorSchemePref::Auto:
+    case ColorSchemeChoice::Auto:
         break;
     }
     return u"auto-mode"_s;
@@ -54,8 +54,9 @@ Scheme schemeOfPalette()
 
 } // namespace
 
-PanelView::PanelView(AppState& appState, MakeSettings makeSettings)
+PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings makeSettings)
     : m_appState(appState)
+    , m_preferences(preferences)
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
 {
@@ -75,6 +76,7 @@ PanelView::PanelView(AppState& appState, MakeSettings makeSettings)
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
+    connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
 
 Stack* PanelView::panelHeader()
@@ -113,27 +115,26 @@ QWidget* PanelView::colorSchemeToggle()
 
 void PanelView::cycleColorScheme()
 {
-    preferences::setColorScheme(preferences::nextColorScheme(preferences::colorScheme()));
-    applyColorScheme();
+    m_preferences.setColorScheme(next(m_preferences.colorScheme()));
 }
 
 void PanelView::applyColorScheme()
 {
-    const ColorSchemePref preference = preferences::colorScheme();
-    QString current = preferences::rawValue(preference);
+    const ColorSchemeChoice preference = m_preferences.colorScheme();
+    QString current = storedWord(preference);
     current[0] = current[0].toUpper();
     m_schemeSymbol->setName(symbolOf(preference));
     m_schemeToggle->setAccessibleName(tr("Appearance: %1").arg(current));
     m_schemeToggle->setToolTip(tr("Appearance: %1 — click to cycle").arg(current));
 
     switch (preference) {
-    case ColorSchemePref::Light:
+    case ColorSchemeChoice::Light:
         m_appearance.setScheme(Scheme::Light);
         break;
-    case ColorSchemePref::Dark:
+    case ColorSchemeChoice::Dark:
         m_appearance.setScheme(Scheme::Dark);
         break;
-    case ColorSchemePref::Auto:
+    case ColorSchemeChoice::Auto:
         m_appearance.setScheme(m_systemScheme.value_or(schemeOfPalette()));
         break;
     }

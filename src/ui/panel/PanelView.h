@@ -16,6 +16,7 @@ class AppState;
 class DashboardView;
 class Label;
 class PlainButton;
+class Preferences;
 class Stack;
 class SymbolView;
 class TextButton;
@@ -33,7 +34,7 @@ public:
     static constexpr QUuid historySelectionId{};
 
     /// `makeSettings` makes the settings screen anew each time it is shown.
-    PanelView(AppState& appState, MakeSettings makeSettings);
+    PanelView(AppState& appState, Preferences& preferences, MakeSettings makeSettings);
 
     /// What the desktop prefers, where it says so; without it the palette of the toolkit decides. The user's choice
     /// in the panel comes before both.
@@ -89,6 +90,7 @@ private:
     void applyColorScheme();
 
     AppState& m_appState;
+    Preferences& m_preferences;
     Appearance m_appearance;
     std::optional<Scheme> m_systemScheme;
     MakeSettings m_makeSettings;

@@ -22,12 +22,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr std::array shapes{"square"_L1, "circle"_L1};
-constexpr std::array sizes{"small"_L1, "medium"_L1, "large"_L1};
-/// In points, as the preferences tell them.
-constexpr std::array sides{100.0, 130.0, 160.0};
-constexpr std::array radii{4, 7, 11};
-
 template <typename Values>
 auto at(const Values& values, qsizetype position)
 {
@@ -44,10 +38,11 @@ std::optional<qsizetype> positionOf(const Value& value, const Values& values)
 
 } // namespace
 
-GeneralSettingsTab::GeneralSettingsTab(AppState& appState,
+GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferences,
                                        const KeyboardShortcuts::RecorderServices& recording,
                                        const ScreenGrabber& grabber, QWidget& panel)
     : m_appState(appState)
+    , m_preferences(preferences)
     , m_grabber(grabber)
 {
     setContent(column(gap(16), shortcutsSection(recording, panel), scopeSection(), copyFormatSection(),
@@ -70,17 +65,19 @@ QWidget* GeneralSettingsTab::shortcutsSection(const KeyboardShortcuts::RecorderS
 
 QWidget* GeneralSettingsTab::scopeSection()
 {
-    auto* shape =
-        new SegmentedPicker(tr("Shape"), {tr("Square"), tr("Circle")}, preferences::scopeIsCircle() ? 1 : 0);
-    shape->onSelect([](qsizetype position) { preferences::setScopeShape(at(shapes, position)); });
+    auto* shape = new SegmentedPicker(tr("Shape"), {tr("Square"), tr("Circle")},
+                                      positionOf(m_preferences.loupeShape(), allLoupeShapes));
+    shape->onSelect(
+        [this](qsizetype position) { m_preferences.setLoupeShape(at(allLoupeShapes, position)); });
 
     auto* size = new SegmentedPicker(tr("Scope Size"), {tr("S"), tr("M"), tr("L")},
-                                     positionOf(preferences::scopeSide(), sides));
-    size->onSelect([](qsizetype position) { preferences::setScopePhysicalSize(at(sizes, position)); });
+                                     positionOf(m_preferences.loupeSize(), allLoupeSizes));
+    size->onSelect([this](qsizetype position) { m_preferences.setLoupeSize(at(allLoupeSizes, position)); });
 
     auto* zoom = new SegmentedPicker(tr("Default Zoom"), {tr("Close"), tr("Mid"), tr("Far")},
-                                     positionOf(preferences::scopeDefaultRadius(), radii));
-    zoom->onSelect([](qsizetype position) { preferences::setScopeDefaultRadius(at(radii, position)); });
+                                     positionOf(m_preferences.loupeRadius(), offeredLoupeRadii));
+    zoom->onSelect(
+        [this](qsizetype position) { m_preferences.setLoupeRadius(at(offeredLoupeRadii, position)); });
 
     return settingsSection(tr("Scope / Magnifier"),
                            settingsRows({settingsRow(tr("Shape"), shape), settingsRow(tr("Scope Size"), size),

@@ -10,6 +10,7 @@ namespace tintwick {
 
 class AppState;
 class PopUpPicker;
+class Preferences;
 class ScreenGrabber;
 
 /// The shortcuts, the loupe, the format of copies and the permission to read the screen. A change is stored at once and
@@ -20,8 +21,9 @@ class GeneralSettingsTab final : public View
 
 public:
     /// Alerts come up over `panel`. All must outlive the view.
-    GeneralSettingsTab(AppState& appState, const KeyboardShortcuts::RecorderServices& recording,
-                       const ScreenGrabber& grabber, QWidget& panel);
+    GeneralSettingsTab(AppState& appState, Preferences& preferences,
+                       const KeyboardShortcuts::RecorderServices& recording, const ScreenGrabber& grabber,
+                       QWidget& panel);
 
 private:
     [[nodiscard]] static QWidget* shortcutsSection(const KeyboardShortcuts::RecorderServices& recording,
@@ -32,6 +34,7 @@ private:
     [[nodiscard]] PopUpPicker* formatPicker();
 
     AppState& m_appState;
+    Preferences& m_preferences;
     const ScreenGrabber& m_grabber;
 };
 

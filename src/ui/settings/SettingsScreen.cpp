@@ -31,9 +31,11 @@ public:
     using View::setContent;
 };
 
-SettingsScreen::SettingsScreen(AppState& appState, KeyboardShortcuts::RecorderServices recording,
-                               const ScreenGrabber& grabber, QWidget& panel)
+SettingsScreen::SettingsScreen(AppState& appState, Preferences& preferences,
+                               KeyboardShortcuts::RecorderServices recording, const ScreenGrabber& grabber,
+                               QWidget& panel)
     : m_appState(appState)
+    , m_preferences(preferences)
     , m_recording(std::move(recording))
     , m_grabber(grabber)
     , m_panel(panel)
@@ -63,7 +65,7 @@ void SettingsScreen::showTab()
     QWidget* tab = nullptr;
     switch (m_tab) {
     case SettingsTab::General:
-        tab = new GeneralSettingsTab(m_appState, m_recording, m_grabber, m_panel);
+        tab = new GeneralSettingsTab(m_appState, m_preferences, m_recording, m_grabber, m_panel);
         break;
     case SettingsTab::Data:
         tab = new DataSettingsTab(m_appState);

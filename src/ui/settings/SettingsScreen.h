@@ -7,6 +7,7 @@
 namespace tintwick {
 
 class AppState;
+class Preferences;
 class ScreenGrabber;
 class SegmentedPicker;
 
@@ -17,8 +18,9 @@ class SettingsScreen final : public View
 
 public:
     /// Alerts come up over `panel`, which contains the view. All must outlive the view.
-    SettingsScreen(AppState& appState, KeyboardShortcuts::RecorderServices recording,
-                   const ScreenGrabber& grabber, QWidget& panel);
+    SettingsScreen(AppState& appState, Preferences& preferences,
+                   KeyboardShortcuts::RecorderServices recording, const ScreenGrabber& grabber,
+                   QWidget& panel);
 
     [[nodiscard]] SettingsTab tab() const { return m_tab; }
     void setTab(SettingsTab tab);
@@ -32,6 +34,7 @@ private:
     void showTab();
 
     AppState& m_appState;
+    Preferences& m_preferences;
     KeyboardShortcuts::RecorderServices m_recording;
     const ScreenGrabber& m_grabber;
     QWidget& m_panel;

@@ -3,6 +3,7 @@
 #include "AppState.h"
 #include "Appearance.h"
 #include "Label.h"
+#include "Preferences.h"
 #include "Registry.h"
 #include "SegmentedPicker.h"
 #include "SettingsScreen.h"
@@ -47,7 +48,7 @@ public:
     void open()
     {
         view = std::make_unique<SettingsScreen>(
-            state,
+            state, preferences,
             KeyboardShortcuts::RecorderServices{shortcuts, platform.recording, platform.layout,
                                                 [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
             platform.grabber, panel);
@@ -125,6 +126,7 @@ public:
 
     ScriptedPlatform platform;
     AppState state;
+    Preferences preferences;
     QSettings settings;
     KeyboardShortcuts::Registry shortcuts;
     QWidget panel;

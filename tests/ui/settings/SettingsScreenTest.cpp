@@ -375,7 +375,7 @@ void SettingsScreenTest::theNextPickHasTheZoomAndTheSize()
     SettingsFixture fixture;
     fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
     ScreenCaptureService capture(fixture.platform.grabber);
-    ColorPickerService service(fixture.platform, capture);
+    ColorPickerService service(fixture.platform, capture, fixture.preferences);
     const auto side = [&] { return static_cast<int>(fixture.platform.grabber.grabs.back().rect.width); };
     const auto loupeWidth = [&] { return fixture.platform.frames.back().picture.width(); };
 
@@ -398,7 +398,7 @@ void SettingsScreenTest::aZoomThatIsNotOfferedIsStillTheNextPicks()
     QCOMPARE(fixture.selected(u"Default Zoom"_s), QString());
     fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
     ScreenCaptureService capture(fixture.platform.grabber);
-    ColorPickerService service(fixture.platform, capture);
+    ColorPickerService service(fixture.platform, capture, fixture.preferences);
     service.showPicker();
     QCOMPARE(static_cast<int>(fixture.platform.grabber.grabs.back().rect.width), 19);
 }
