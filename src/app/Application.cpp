@@ -2,22 +2,17 @@
 
 #include "Appearance.h"
 #include "CapturedColor.h"
-#include "ClickMonitor.h"
-#include "ColorExport.h"
 #include "DesktopSettings.h"
 #include "MenuItemsOf.h"
-#include "PanelPlacement.h"
+#include "OpenSaveRequests.h"
+#include "Panel.h"
 #include "PanelView.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
 #include "ShortcutNames.h"
-#include "Theme.h"
 #include "Ticker.h"
 
 #include <QApplication>
-#include <QCursor>
-#include <QScreen>
-#include <QStyleHints>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -36,21 +31,6 @@ std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
 {
     const std::optional<bool> prefersDark = desktop.prefersDark();
     return prefersDark ? std::optional(*prefersDark ? Scheme::Dark : Scheme::Light) : std::nullopt;
-}
-
-QList<PanelScreen> panelScreens()
-{
-    QList<PanelScreen> screens;
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const PanelScreen panelScreen{screen->geometry(), screen->availableGeometry()};
-        if (screen == primary) {
-            screens.prepend(panelScreen);
-        } else {
-            screens.append(panelScreen);
-        }
-    }
-    return screens;
 }
 
 } // namespace
@@ -109,6 +89,7 @@ void Application::setupTrayIcon()
     });
     // exit() and not quit(): the panel ignores close events, and quit() stops when a window ignores one.
     connect(&m_trayIcon, &TrayIcon::quitRequested, qApp, [] { QApplication::exit(); });
+    connect(&m_notifier, &Notifier::unavailable, &m_trayIcon, &TrayIcon::showMessage);
     m_trayIcon.show();
 }
 
@@ -120,9 +101,13 @@ void Application::setupPanel()
     m_panelView =
         new PanelView(m_appState, m_preferences, [this](QWidget& panel) { return createSettings(panel); });
     connect(m_panelView, &PanelView::pickRequested, this, &Application::pickFromPanel);
-    m_panel = std::make_unique<Panel>(m_platform->panelHost(), m_panelView);
+    m_panel = std::make_unique<Panel>(m_panelView);
+    connect(m_panel.get(), &Panel::hidden, this, [this] { m_panelView->showNotice({}); });
+    PanelHost& host = m_platform->panelHost();
+    connect(&host, &PanelHost::dismissed, this, &Application::hidePanel);
+    connect(&OpenSaveRequests::shared(), &OpenSaveRequests::anyChanged, this,
+            [&host](bool isAny) { host.setDismissible(!isAny); });
     followDesktopAppearance();
-    setupDismissal();
 }
 
 QWidget* Application::createSettings(QWidget& panel)
@@ -141,59 +126,23 @@ void Application::setupPicker()
     });
 }
 
-void Application::setupDismissal()
-{
-    connect(m_panel.get(), &Panel::visibleChanged, this, [this](bool isVisible) {
-        ClickMonitor& monitor = m_platform->clickMonitor();
-        if (isVisible) {
-            monitor.start([] { return isDismissible(); }, [this] { dismissPanel(); });
-        } else {
-            monitor.stop();
-        }
-    });
-}
-
-bool Application::isDismissible()
-{
-    // A save dialog may be a window of another program. While a button is down on the panel, the pointer may have left it.
-    return !ColorExport::isSaveDialogOpen() && QGuiApplication::mouseButtons() == Qt::NoButton;
-}
-
-void Application::dismissPanel()
-{
-    m_sinceDismissal.start();
-    m_dismissingClick = QCursor::pos();
-    hidePanel();
-}
-
 void Application::togglePanel()
 {
     if (m_panel && m_panel->isVisible()) {
         hidePanel();
-    } else if (!isClickThatDismissedPanel()) {
-        showPanel(Panel::Typing::Leave, QCursor::pos());
+    } else {
+        showPanel({m_trayIcon.frame(), true}, PanelHost::Focus::Keep);
     }
 }
 
-// A tray that draws the icon itself and does not report its place may report the click after the click monitor did.
-bool Application::isClickThatDismissedPanel()
-{
-    const bool isRecent =
-        m_sinceDismissal.isValid() &&
-        !m_sinceDismissal.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    m_sinceDismissal.invalidate();
-    const int distance = (QCursor::pos() - m_dismissingClick).manhattanLength();
-    return isRecent && !m_trayIcon.frame() && distance < QGuiApplication::styleHints()->startDragDistance();
-}
-
-void Application::showPanel(Panel::Typing typing, std::optional<QPoint> click)
+void Application::showPanel(const PanelAnchor& anchor, PanelHost::Focus focus)
 {
     setupPanel();
     if (m_panel->isVisible()) {
         m_panel->activateWindow();
-        return;
+    } else {
+        m_platform->panelHost().show(*m_panel, anchor, focus);
     }
-    m_panel->showAt(placePanel({m_trayIcon.frame(), click}, panelScreens(), theme::panelSize), typing);
 }
 
 void Application::hidePanel()
@@ -235,18 +184,42 @@ void Application::setupShortcuts()
         pick();
     });
     m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(), [this] { showPanel(Panel::Typing::Take); });
+    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
+                        [this] { showPanel({m_trayIcon.frame()}, PanelHost::Focus::Take); });
 }
 
 void Application::pick()
 {
-    m_picker.showPicker();
+    startPick(PickOrigin::Elsewhere);
 }
 
 void Application::pickFromPanel()
 {
     hidePanel();
-    QTimer::singleShot(0, this, &Application::pick);
+    QTimer::singleShot(0, this, [this] { startPick(PickOrigin::Panel); });
+}
+
+void Application::startPick(PickOrigin origin)
+{
+    m_pickOrigin = origin;
+    if (m_panelView) {
+        m_panelView->showNotice({});
+    }
+    m_picker.showPicker();
+    if (!m_picker.isPicking()) {
+        reportFailedPick(
+            tr("Another program is using the pointer or the keyboard, for example with an open menu."));
+    }
+}
+
+void Application::reportFailedPick(const QString& reason)
+{
+    if (m_pickOrigin == PickOrigin::Panel) {
+        showPanel({m_trayIcon.frame()}, PanelHost::Focus::Keep);
+        m_panelView->showNotice(reason);
+    } else {
+        m_notifier.notify(tr("Could not pick a color"), reason);
+    }
 }
 
 } // namespace tintwick

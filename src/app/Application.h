@@ -2,27 +2,26 @@
 
 #include "AppState.h"
 #include "ColorPickerService.h"
+#include "Notifier.h"
 #include "OpenMenuWatcher.h"
-#include "Panel.h"
+#include "PanelHost.h"
 #include "Platform.h"
 #include "Preferences.h"
 #include "Registry.h"
 #include "ScreenCaptureService.h"
 #include "TrayIcon.h"
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QPoint>
 #include <QSettings>
 
 #include <memory>
-#include <optional>
 
 class QWidget;
 
 namespace tintwick {
 
 class DesktopSettings;
+class Panel;
 class PanelView;
 class SettingsWindow;
 
@@ -43,33 +42,35 @@ public:
     void start();
 
 private:
+    enum class PickOrigin { Panel, Elsewhere };
+
     void prepareLater();
     void setupTrayIcon();
     void setupPanel();
     void setupPicker();
     void setupShortcuts();
-    void setupDismissal();
     void followDesktopAppearance();
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
 
-    /// Whether a click outside our windows may hide the panel now.
-    [[nodiscard]] static bool isDismissible();
-    void dismissPanel();
     void togglePanel();
-    [[nodiscard]] bool isClickThatDismissedPanel();
-    /// `click` is where the tray icon was clicked, in points from the top left of the desktop.
-    void showPanel(Panel::Typing typing, std::optional<QPoint> click = {});
+    /// Gives a visible panel the keyboard.
+    void showPanel(const PanelAnchor& anchor, PanelHost::Focus focus);
     void hidePanel();
     void openSettingsWindow();
 
     void pick();
     /// Hides the panel first, so that the user can pick what it covers.
     void pickFromPanel();
+    void startPick(PickOrigin origin);
+    /// Says why no pick has begun: in the panel if its button was used, else in a notification.
+    void reportFailedPick(const QString& reason);
 
     std::unique_ptr<Platform> m_platform;
     AppState m_appState;
     Preferences m_preferences;
     TrayIcon m_trayIcon;
+    Notifier m_notifier;
+    PickOrigin m_pickOrigin = PickOrigin::Elsewhere;
     ScreenCaptureService m_capture;
     ColorPickerService m_picker;
     /// Owned by the panel.
@@ -77,8 +78,6 @@ private:
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<SettingsWindow> m_settingsWindow;
     std::unique_ptr<DesktopSettings> m_desktopSettings;
-    QElapsedTimer m_sinceDismissal;
-    QPoint m_dismissingClick;
     QSettings m_settings;
     KeyboardShortcuts::Registry m_shortcuts;
     KeyboardShortcuts::OpenMenuWatcher m_openMenuWatcher;

@@ -1,31 +1,30 @@
 #pragma once
 
+#include "PanelHost.h"
+
 #include <QWidget>
 
 namespace tintwick {
 
-class PanelHost;
-
-/// The window of the main panel: without a frame, above all other windows and on every desktop, passed over by task
-/// bars. It takes typing once it is clicked, but appearing does not take it from the window the user is in. It is only
-/// ever hidden; Escape hides it, and so does a window manager that would close it.
-class Panel final : public QWidget
+/// The window of the panel: without a frame, above other windows, passed over by task bars. It is only ever hidden;
+/// closing it hides it, and so does Escape.
+class Panel final : public QWidget, public PanelWindow
 {
     Q_OBJECT
 
 public:
-    /// Shows `content`, which becomes its own and draws the rounded ground. Where the desktop does not blend windows the
-    /// window is cut to that shape instead. The host must outlive the panel.
-    Panel(PanelHost& host, QWidget* content);
+    /// Takes ownership of `content`, which fills the window.
+    explicit Panel(QWidget* content);
 
-    /// Whether it also takes the keys from the window the user is in.
-    enum class Typing { Leave, Take };
+    [[nodiscard]] QSize sizeHint() const override;
 
-    /// `place` in points, from the top left of the desktop.
-    void showAt(const QRect& place, Typing typing);
+    [[nodiscard]] QWidget& widget() override { return *this; }
+    void setBlended(bool isBlended) override;
+    [[nodiscard]] QMargins shadowMargins() const override;
+    void paintShadow(QPainter& painter) const override;
 
 Q_SIGNALS:
-    void visibleChanged(bool isVisible);
+    void hidden();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -33,14 +32,9 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showShadow();
-
-    PanelHost& m_host;
     QWidget* m_content;
-    bool m_hasShadow = false;
 };
 
 } // namespace tintwick

@@ -14,11 +14,11 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// A tray does not tell its colour. This grey stands out from white and from black alike, by 4.5 to 1.
+// The colour of a tray is unknown. This grey has a contrast of 4.5 to 1 on white and on black.
 constexpr QColor tint(0x76, 0x76, 0x76);
 constexpr QColor tintOnDark(0xE4, 0xE4, 0xE6);
 
-QIcon statusIcon(const QColor& color)
+QIcon trayIcon(const QColor& color)
 {
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48}) {
@@ -31,7 +31,7 @@ QIcon statusIcon(const QColor& color)
 
 TrayIcon::TrayIcon(QObject* parent)
     : QObject(parent)
-    , m_icon(statusIcon(tint))
+    , m_icon(trayIcon(tint))
 {
     QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
     connect(pick, &QAction::triggered, this, &TrayIcon::pickRequested);
@@ -51,7 +51,7 @@ TrayIcon::TrayIcon(QObject* parent)
     m_icon.setToolTip(u"Tintwick"_s);
     m_icon.setContextMenu(&m_menu);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        // The second of two quick clicks is a click like the first.
+        // The second of two quick clicks arrives as a double click.
         if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
             Q_EMIT clicked();
         }
@@ -62,7 +62,7 @@ void TrayIcon::setDesktopPrefersDark(bool prefersDark)
 {
     if (m_desktopPrefersDark != prefersDark) {
         m_desktopPrefersDark = prefersDark;
-        m_icon.setIcon(statusIcon(prefersDark ? tintOnDark : tint));
+        m_icon.setIcon(trayIcon(prefersDark ? tintOnDark : tint));
     }
 }
 

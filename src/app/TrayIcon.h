@@ -12,7 +12,7 @@
 
 namespace tintwick {
 
-/// The icon in the tray and its menu. A tray that comes later, or comes back, gets the icon too.
+/// The tray icon and its menu. A tray that starts later, or again, gets the icon too.
 class TrayIcon final : public QObject
 {
     Q_OBJECT
@@ -21,14 +21,16 @@ public:
     explicit TrayIcon(QObject* parent = nullptr);
 
     void show() { m_icon.show(); }
+    /// Shows a message beside the icon; does nothing without a tray.
+    void showMessage(const QString& title, const QString& text) { m_icon.showMessage(title, text, icon()); }
 
     [[nodiscard]] QIcon icon() const { return m_icon.icon(); }
-    /// Where the desktop prefers dark its bars are dark, and the icon is light.
+    /// The icon is light on a desktop that prefers dark, where bars are dark.
     void setDesktopPrefersDark(bool prefersDark);
-    /// Of the menu, where the tray has none of its own and shows ours.
+    /// Of the menu; without effect where the tray draws the menu itself.
     void setMenuScheme(Scheme scheme);
 
-    /// In points, from the top left of the desktop; none where there is no tray, or one that keeps the place to itself.
+    /// In points from the top left of the desktop; none without a tray, or when the tray does not report the place.
     [[nodiscard]] std::optional<QRect> frame() const;
 
     [[nodiscard]] const QMenu& menu() const { return m_menu; }

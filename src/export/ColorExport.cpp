@@ -129,11 +129,6 @@ std::optional<QByteArray> ColorExport::buildPNG(const QList<CapturedColor>& colo
     return buildSwatchImage(colors).save(&buffer, "PNG") ? std::optional(png) : std::nullopt;
 }
 
-bool ColorExport::isSaveDialogOpen()
-{
-    return SaveRequest::isAnyOpen();
-}
-
 void ColorExport::save(const QByteArray& data, const QString& suggestedName, const ContentType& contentType)
 {
     // Not from within what asked for it, such as a menu that is about to close.

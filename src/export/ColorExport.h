@@ -25,9 +25,6 @@ public:
     /// A picture of swatches; nothing for an empty list.
     void exportPNG(const QList<CapturedColor>& colors) const;
 
-    /// Whether a save panel is on the screen. It may be another program's window, in which a click is none elsewhere.
-    [[nodiscard]] static bool isSaveDialogOpen();
-
     // What the files hold.
 
     /// A rule that declares one variable per colour, named by the slug of the colour's name or by its position. Names are

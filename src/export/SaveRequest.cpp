@@ -1,6 +1,7 @@
 #include "SaveRequest.h"
 
 #include "AtomicWrite.h"
+#include "OpenSaveRequests.h"
 #include "PortalSaveDialog.h"
 #include "SaveDialog.h"
 
@@ -20,7 +21,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-int openRequests = 0;
 QString lastFolder;
 
 /// Where the user begins to look.
@@ -67,19 +67,14 @@ SaveRequest::SaveRequest(QByteArray data, QString suggestedName, ContentType con
     , m_suggestedName(std::move(suggestedName))
     , m_contentType(std::move(contentType))
 {
-    ++openRequests;
+    OpenSaveRequests::shared().add();
     // A window must not outlive the application.
     connect(qApp, &QCoreApplication::aboutToQuit, this, &SaveRequest::end);
 }
 
 SaveRequest::~SaveRequest()
 {
-    --openRequests;
-}
-
-bool SaveRequest::isAnyOpen()
-{
-    return openRequests > 0;
+    OpenSaveRequests::shared().remove();
 }
 
 void SaveRequest::begin()

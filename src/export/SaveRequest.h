@@ -26,8 +26,6 @@ public:
 
     void begin();
 
-    [[nodiscard]] static bool isAnyOpen();
-
 private:
     void askToolkit();
     void write(const QString& path);

@@ -1,29 +1,69 @@
 #pragma once
 
-class QImage;
-class QMargins;
-class QWindow;
+#include <QMargins>
+#include <QObject>
+#include <QRect>
+
+#include <optional>
+
+class QPainter;
+class QWidget;
 
 namespace tintwick {
 
-/// What the desktop has to know of the panel, and the toolkit does not tell it.
-class PanelHost
+/// Where the user asked for the panel.
+struct PanelAnchor
+{
+    /// The tray icon in points from the top left of the desktop; none where the tray does not report its place.
+    std::optional<QRect> icon;
+    /// The user clicked the icon, so the pointer is over it.
+    bool isClicked = false;
+};
+
+/// The panel as its host sees it: a window without a frame, whose size hint is the size that it prefers.
+class PanelWindow
 {
 public:
-    virtual ~PanelHost() = default;
+    [[nodiscard]] virtual QWidget& widget() = 0;
+    /// Called before the window appears. Unless the desktop blends translucent pixels, the window must cut its corners off.
+    virtual void setBlended(bool isBlended) = 0;
+    /// How far the shadow extends beyond the window, in points.
+    [[nodiscard]] virtual QMargins shadowMargins() const = 0;
+    /// Paints the shadow in points from the top left of the window, and nothing where the window itself is.
+    virtual void paintShadow(QPainter& painter) const = 0;
 
-    /// To be called each time before the window appears: it comes up on the desktop the user is on, task bars and
-    /// window lists pass over it, and it does not become the active window by appearing.
-    virtual void prepareToShow(QWindow& window) = 0;
+protected:
+    PanelWindow() = default;
+    PanelWindow(const PanelWindow&) = default;
+    PanelWindow& operator=(const PanelWindow&) = default;
+    ~PanelWindow() = default;
+};
 
-    /// Whether translucent pixels of a window let what is behind it through; otherwise they are black.
-    [[nodiscard]] virtual bool blendsWindows() const = 0;
+/// Shows the panel on the desktop and reports when the user dismisses it. One panel at a time.
+class PanelHost : public QObject
+{
+    Q_OBJECT
 
-    /// Lays a picture below the window, over which it reaches by `margins`, all in physical pixels. It is open to every
-    /// click and no window of its own to anybody. To be called while the window is shown; nothing where windows are not
-    /// blended.
-    virtual void showShadow(const QWindow& window, const QImage& picture, const QMargins& margins) = 0;
-    virtual void hideShadow() = 0;
+public:
+    enum class Focus {
+        /// The window that has the keyboard keeps it until the user clicks the panel.
+        Keep,
+        /// The panel takes the keyboard.
+        Take,
+    };
+
+    /// Shows a hidden panel beside its anchor, or at the top right of the primary monitor without one, above all windows
+    /// and on every workspace. Reduces its height where the monitor has less room. Does nothing when the click on the
+    /// icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or destroyed.
+    virtual void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) = 0;
+
+    /// False keeps the panel open on clicks elsewhere, for example while a dialog in another process is open. A click
+    /// counts by the state at its press. True at first.
+    virtual void setDismissible(bool isDismissible) = 0;
+
+Q_SIGNALS:
+    /// The user clicked elsewhere while the panel was dismissible. The receiver hides the panel.
+    void dismissed();
 };
 
 } // namespace tintwick

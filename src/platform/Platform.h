@@ -6,7 +6,6 @@
 
 namespace tintwick {
 
-class ClickMonitor;
 class HotKeyRegistrar;
 class KeyboardLayout;
 class KeyRecording;
@@ -26,7 +25,6 @@ public:
     [[nodiscard]] virtual PickingInput& pickingInput() = 0;
     /// Never none.
     [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
-    [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
     /// To be called before something is put on the clipboard that no event of our own windows asked for; a desktop may
     /// refuse it otherwise. Runs a nested event loop without input.

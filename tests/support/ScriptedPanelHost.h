@@ -2,19 +2,39 @@
 
 #include "PanelHost.h"
 
+#include <QWidget>
+
 namespace tintwick::test {
 
-/// A desktop with or without a compositor that counts how often the panel was made ready.
+/// A desktop that shows the panel where it is and records how. The test dismisses it.
 class ScriptedPanelHost final : public PanelHost
 {
 public:
     bool blends = true;
-    int timesPrepared = 0;
+    int timesShown = 0;
+    PanelAnchor lastAnchor;
+    Focus lastFocus = Focus::Keep;
 
-    void prepareToShow(QWindow&) override { ++timesPrepared; }
-    void showShadow(const QWindow&, const QImage&, const QMargins&) override {}
-    void hideShadow() override {}
-    [[nodiscard]] bool blendsWindows() const override { return blends; }
+    /// A click outside our windows.
+    void clickElsewhere()
+    {
+        if (m_isDismissible) {
+            Q_EMIT dismissed();
+        }
+    }
+
+    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override
+    {
+        ++timesShown;
+        lastAnchor = anchor;
+        lastFocus = focus;
+        panel.setBlended(blends);
+        panel.widget().show();
+    }
+    void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+
+private:
+    bool m_isDismissible = true;
 };
 
 } // namespace tintwick::test

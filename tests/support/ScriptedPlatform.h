@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Platform.h"
-#include "support/ScriptedClickMonitor.h"
 #include "support/ScriptedHotKeyRegistrar.h"
 #include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
@@ -20,7 +19,6 @@ public:
     QStringList journal;
     ScriptedScreenGrabber grabber{journal};
     ScriptedPickingInput input{journal};
-    ScriptedClickMonitor clicks;
     ScriptedPanelHost panels;
     ScriptedHotKeyRegistrar hotKeys;
     ScriptedKeyboardLayout layout;
@@ -32,7 +30,6 @@ public:
     [[nodiscard]] PickingInput& pickingInput() override { return input; }
     /// The first loupe has the id 1, the next one 2, ...
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
-    [[nodiscard]] ClickMonitor& clickMonitor() override { return clicks; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
     void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }

@@ -7,6 +7,7 @@
 #include "CollectionRowCard.h"
 #include "CopiedPill.h"
 #include "HistoryDetailView.h"
+#include "NoticeView.h"
 #include "Overlay.h"
 #include "ScrollArea.h"
 #include "ui/OwnHomeMain.h"
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void theKeyboardGoesAlongAndComesBack();
     void aClickLeavesNoFocusRing();
     void nothingHasTheFocusUntilTabIsPressed();
+    void aNoticeIsShownBelowTheHeader();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -521,6 +523,33 @@ void PanelViewTest::nothingHasTheFocusUntilTabIsPressed()
     QVERIFY(!QSettings().contains(key));
     QTest::keyClick(panel.view->focusWidget(), Qt::Key_Tab);
     QCOMPARE(panel.view->focusWidget(), toggle(panel));
+}
+
+void PanelViewTest::aNoticeIsShownBelowTheHeader()
+{
+    const PanelFixture panel;
+    auto* notice = panel.view->findChild<NoticeView*>();
+    QVERIFY(!notice->isVisible());
+    const int before = panel.dashboard().y();
+
+    const QString sentence = QStringLiteral("Another program is using the pointer or the keyboard. "
+                                            "Close its menu or dialog and pick again.");
+    panel.view->showNotice(sentence);
+    panel.settle();
+    QVERIFY(notice->isVisible());
+    QCOMPARE(tintwick::test::placeIn(*panel.view, *notice).top(), 51);
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(notice);
+    QCOMPARE(spoken->role(), QAccessible::StaticText);
+    QCOMPARE(spoken->text(QAccessible::Name), sentence);
+    // Two lines, both whole.
+    const QFontMetrics metrics(notice->font());
+    QVERIFY(notice->contentsRect().height() >= 2 * metrics.height());
+    QCOMPARE(panel.dashboard().y(), before + notice->height());
+
+    panel.view->showNotice({});
+    panel.settle();
+    QVERIFY(!notice->isVisible());
+    QCOMPARE(panel.dashboard().y(), before);
 }
 
 int main(int argc, char** argv)

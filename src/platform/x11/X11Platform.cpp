@@ -91,7 +91,6 @@ X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
     : m_connection(std::move(connection))
     , m_keymap(*m_connection)
     , m_pickingInput(*m_connection)
-    , m_clickMonitor(*m_connection)
     , m_panelHost(*m_connection)
 {
 }

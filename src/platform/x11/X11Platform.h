@@ -2,7 +2,6 @@
 
 #include "Platform.h"
 #include "ToolkitConnection.h"
-#include "X11ClickMonitor.h"
 #include "X11HotKeyRegistrar.h"
 #include "X11KeyRecording.h"
 #include "X11KeyboardLayout.h"
@@ -28,7 +27,6 @@ public:
     [[nodiscard]] ScreenGrabber& screenGrabber() override { return x11ScreenGrabber(); }
     [[nodiscard]] PickingInput& pickingInput() override { return m_pickingInput; }
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
-    [[nodiscard]] ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     void prepareClipboard() override { m_toolkitClock.bringUpToDate(); }
     [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
@@ -41,7 +39,6 @@ private:
     std::unique_ptr<XcbConnection> m_connection;
     XkbKeymap m_keymap;
     X11PickingInput m_pickingInput;
-    X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
     toolkit::Clock m_toolkitClock;
     // Made when first asked for, because they need the application object.

@@ -10,6 +10,7 @@
 #include "HistoryDetailView.h"
 #include "InOneLine.h"
 #include "Label.h"
+#include "NoticeView.h"
 #include "Paint.h"
 #include "Preferences.h"
 #include "Rule.h"
@@ -66,6 +67,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     setContent(column(
         m_header = panelHeader(),
         rule(),
+        m_notice = new NoticeView,
         m_screens = column(m_dashboard = new DashboardView(m_appState, *this))));
     // clang-format on
     applyColorScheme();
@@ -157,6 +159,11 @@ void PanelView::setShowingSettings(bool shows)
     }
     m_showingSettings = shows;
     showSelection();
+}
+
+void PanelView::showNotice(const QString& sentence)
+{
+    m_notice->showNotice(sentence);
 }
 
 QWidget& PanelView::currentScreen() const

@@ -15,6 +15,7 @@ namespace tintwick {
 class AppState;
 class DashboardView;
 class Label;
+class NoticeView;
 class PlainButton;
 class Preferences;
 class Stack;
@@ -44,6 +45,8 @@ public:
     /// that does not exist.
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
+    /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it.
+    void showNotice(const QString& sentence);
 
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
@@ -111,6 +114,7 @@ private:
     PlainButton* m_schemeToggle = nullptr;
     TextButton* m_done = nullptr;
 
+    NoticeView* m_notice = nullptr;
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
     /// The screen in the dashboard's place, if any.

@@ -7,8 +7,6 @@
 #include <xcb/xfixes.h>
 #include <xcb/xinput.h>
 
-#include <utility>
-
 namespace tintwick {
 
 namespace {
@@ -27,7 +25,7 @@ X11ClickMonitor::X11ClickMonitor(XcbConnection& connection)
     const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(c, &xcb_xfixes_id);
     if (fixes && fixes->present != 0) {
         m_selectionEvent = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-        // The extension answers only those who asked for its version.
+        // The server refuses XFixes requests of a client that has not asked for the version.
         xcb_discard_reply(c, xcb_xfixes_query_version(c, 5, 0).sequence);
     }
 }
@@ -37,27 +35,23 @@ X11ClickMonitor::~X11ClickMonitor()
     stop();
 }
 
-void X11ClickMonitor::start(PressedElsewhere pressed, ClickedElsewhere clicked)
+void X11ClickMonitor::start()
 {
-    if (m_inputExtension == 0) {
+    if (m_inputExtension == 0 || m_isStarted) {
         return;
     }
-    if (!m_clicked) {
-        m_subscription = m_connection.subscribe(*this);
-        select(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE,
-               XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
-    }
-    m_pressed = std::move(pressed);
-    m_clicked = std::move(clicked);
+    m_isStarted = true;
+    m_subscription = m_connection.subscribe(*this);
+    select(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE,
+           XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
 }
 
 void X11ClickMonitor::stop()
 {
-    if (!m_clicked) {
+    if (!m_isStarted) {
         return;
     }
-    m_pressed = nullptr;
-    m_clicked = nullptr;
+    m_isStarted = false;
     m_press.reset();
     select(0, 0);
     m_subscription = {};
@@ -69,7 +63,7 @@ void X11ClickMonitor::handleEvent(const xcb_generic_event_t& event)
     if (m_selectionEvent != 0 && type == m_selectionEvent) {
         const auto& notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
         if (m_press && notify.selection == m_dragSelection && notify.owner != XCB_WINDOW_NONE) {
-            m_press->isToldOf = false;
+            m_press->isDrag = true;
         }
         return;
     }
@@ -91,12 +85,8 @@ void X11ClickMonitor::handlePress(std::uint32_t button)
     if (!isFirst || (button != primaryButton && button != secondaryButton) || pointerIsOverOwnWindow()) {
         return;
     }
-    // The handler may stop the monitor.
-    const PressedElsewhere handler = m_pressed;
-    const bool isToldOf = handler();
-    if (m_clicked) {
-        m_press = Press{button, isToldOf};
-    }
+    m_press = Press{button};
+    Q_EMIT pressed();
 }
 
 void X11ClickMonitor::handleRelease(std::uint32_t button)
@@ -104,11 +94,10 @@ void X11ClickMonitor::handleRelease(std::uint32_t button)
     if (!m_press || m_press->button != button) {
         return;
     }
-    const bool isToldOf = m_press->isToldOf;
+    const bool isDrag = m_press->isDrag;
     m_press.reset();
-    if (isToldOf) {
-        const ClickedElsewhere handler = m_clicked;
-        handler();
+    if (!isDrag) {
+        Q_EMIT clicked();
     }
 }
 
@@ -131,7 +120,7 @@ bool X11ClickMonitor::pointerIsOverOwnWindow() const
 {
     xcb_connection_t* c = m_connection.get();
     xcb_connection_t* toolkitConnection = toolkit::connection();
-    // Window managers and trays put our windows into windows of theirs.
+    // Window managers and trays reparent our windows, so that the root's child may be theirs.
     for (xcb_window_t window = m_connection.root(); window != XCB_NONE;) {
         if (isFromClient(window, *xcb_get_setup(c)) ||
             (toolkitConnection && isFromClient(window, *xcb_get_setup(toolkitConnection)))) {

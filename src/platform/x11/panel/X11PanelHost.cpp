@@ -1,23 +1,31 @@
 #include "X11PanelHost.h"
 
+#include "PanelPlacement.h"
 #include "ToolkitConnection.h"
 #include "TranslucentVisual.h"
+#include "X11Compositor.h"
 
+#include <QCursor>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMargins>
+#include <QPainter>
+#include <QScreen>
+#include <QStyleHints>
 #include <QWindow>
 
 #include <array>
-#include <string>
 
 namespace tintwick {
 
 namespace {
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
-constexpr std::uint32_t neverUsed = 0; // as the time of the user's last action in the window
+/// As _NET_WM_USER_TIME: the window does not get the focus when it is mapped.
+constexpr std::uint32_t noUserTime = 0;
 
-/// The window itself, or the frame that a window manager has put it in.
+/// The window itself, or the frame that a window manager has put it in; none when the window is gone.
 xcb_window_t childOfRoot(xcb_connection_t* c, xcb_window_t window, xcb_window_t root)
 {
     while (true) {
@@ -33,22 +41,80 @@ xcb_window_t childOfRoot(xcb_connection_t* c, xcb_window_t window, xcb_window_t 
     }
 }
 
+/// The primary one first.
+QList<PanelScreen> panelScreens()
+{
+    QList<PanelScreen> screens;
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const PanelScreen panelScreen{screen->geometry(), screen->availableGeometry()};
+        if (screen == primary) {
+            screens.prepend(panelScreen);
+        } else {
+            screens.append(panelScreen);
+        }
+    }
+    return screens;
+}
+
+std::optional<QRect> anchorRect(const PanelAnchor& anchor)
+{
+    if (!anchor.icon && anchor.isClicked) {
+        return QRect(QCursor::pos(), QSize(1, 1));
+    }
+    return anchor.icon;
+}
+
 } // namespace
 
 X11PanelHost::X11PanelHost(XcbConnection& connection)
     : m_connection(connection)
+    , m_clickMonitor(connection)
 {
+    connect(&m_clickMonitor, &X11ClickMonitor::pressed, this, &X11PanelHost::handlePress);
+    connect(&m_clickMonitor, &X11ClickMonitor::clicked, this, &X11PanelHost::handleClick);
 }
 
-// Over the toolkit's connection, so that all of it arrives before the request to show the window.
-void X11PanelHost::prepareToShow(QWindow& window)
+void X11PanelHost::show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus)
+{
+    if (isClickThatDismissed(anchor)) {
+        return;
+    }
+    adopt(panel);
+    QWidget& widget = *m_widget;
+    const QRect place = placePanel(anchorRect(anchor), panelScreens(), widget.sizeHint());
+    widget.setFixedSize(place.size());
+    widget.move(place.topLeft());
+    panel.setBlended(hasCompositor(m_connection));
+    setWindowManagerHints(widget);
+    m_clickMonitor.start();
+    widget.show();
+    widget.raise();
+    if (focus == Focus::Take) {
+        widget.activateWindow();
+    }
+}
+
+void X11PanelHost::adopt(PanelWindow& panel)
+{
+    m_panel = &panel;
+    m_widget = &panel.widget();
+    m_widget->winId();
+    // The same panel may be shown many times. A filter is installed once only.
+    m_widget->installEventFilter(this);
+    connect(m_widget, &QObject::destroyed, this, &X11PanelHost::handleHide, Qt::UniqueConnection);
+    m_widget->windowHandle()->installEventFilter(this);
+}
+
+// Over the toolkit's connection, so that the server gets all of it before the request to map the window. A window manager
+// removes the state of a window that is unmapped; the toolkit adds its own states to those that it finds.
+void X11PanelHost::setWindowManagerHints(const QWidget& widget) const
 {
     xcb_connection_t* c = toolkit::connection();
     if (!c) {
         return;
     }
-    const auto id = static_cast<xcb_window_t>(window.winId());
-    // A window manager takes the state off a window that is hidden. The toolkit keeps what it does not know.
+    const auto id = static_cast<xcb_window_t>(widget.winId());
     const std::array states{
         m_connection.atom("_NET_WM_STATE_ABOVE"), m_connection.atom("_NET_WM_STATE_STICKY"),
         m_connection.atom("_NET_WM_STATE_SKIP_TASKBAR"), m_connection.atom("_NET_WM_STATE_SKIP_PAGER")};
@@ -57,46 +123,101 @@ void X11PanelHost::prepareToShow(QWindow& window)
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL,
                         32, 1, &allDesktops);
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_USER_TIME"),
-                        XCB_ATOM_CARDINAL, 32, 1, &neverUsed);
+                        XCB_ATOM_CARDINAL, 32, 1, &noUserTime);
 }
 
-void X11PanelHost::showShadow(const QWindow& window, const QImage& picture, const QMargins& margins)
+// While a button is down on one of our windows, the pointer may have been dragged off it.
+void X11PanelHost::handlePress()
 {
-    xcb_connection_t* c = m_connection.get();
+    m_pressDismisses = m_isDismissible && QGuiApplication::mouseButtons() == Qt::NoButton;
+}
+
+void X11PanelHost::handleClick()
+{
+    if (m_pressDismisses) {
+        m_sinceDismissal.start();
+        m_dismissingClick = QCursor::pos();
+        Q_EMIT dismissed();
+    }
+}
+
+// A tray that draws the icon itself and does not report its place may report a click on it after the click monitor did.
+bool X11PanelHost::isClickThatDismissed(const PanelAnchor& anchor)
+{
+    if (!anchor.isClicked) {
+        return false;
+    }
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const bool isRecent =
+        m_sinceDismissal.isValid() && !m_sinceDismissal.hasExpired(hints.mouseDoubleClickInterval());
+    m_sinceDismissal.invalidate();
+    const int distance = (QCursor::pos() - m_dismissingClick).manhattanLength();
+    return isRecent && !anchor.icon && distance < hints.startDragDistance();
+}
+
+bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!m_widget) {
+        return PanelHost::eventFilter(watched, event);
+    }
+    if (watched == m_widget) {
+        if (event->type() == QEvent::Hide) {
+            handleHide();
+        }
+    } else if (event->type() == QEvent::Expose && m_widget->windowHandle()->isExposed() && !m_hasShadow) {
+        m_hasShadow = true;
+        // Queued, so that the panel itself is painted first.
+        QMetaObject::invokeMethod(this, &X11PanelHost::showShadow, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::MouseButtonPress && !m_widget->isActiveWindow()) {
+        // Some window managers do not focus a utility window on a click.
+        m_widget->activateWindow();
+    }
+    return PanelHost::eventFilter(watched, event);
+}
+
+void X11PanelHost::handleHide()
+{
+    m_clickMonitor.stop();
+    if (m_shadow) {
+        m_shadow->hide();
+    }
+    m_hasShadow = false;
+}
+
+void X11PanelHost::showShadow()
+{
     const xcb_visualid_t visual = translucentVisual(m_connection.screen());
-    if (!blendsWindows() || visual == m_connection.screen().root_visual) {
+    if (!m_widget || !m_widget->isVisible() || visual == m_connection.screen().root_visual ||
+        !hasCompositor(m_connection)) {
         return;
     }
-    const auto id = static_cast<xcb_window_t>(window.winId());
+    xcb_connection_t* c = m_connection.get();
+    const auto id = static_cast<xcb_window_t>(m_widget->winId());
     const XcbReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
         c, xcb_translate_coordinates(c, id, m_connection.root(), 0, 0), nullptr));
     const xcb_window_t frame = childOfRoot(c, id, m_connection.root());
     if (!place || frame == XCB_NONE) {
         return;
     }
+    const double scale = m_widget->devicePixelRatioF();
+    const QMargins extents = m_panel->shadowMargins();
+    const QMargins margins(qRound(extents.left() * scale), qRound(extents.top() * scale),
+                           qRound(extents.right() * scale), qRound(extents.bottom() * scale));
+    QImage picture((QSizeF(m_widget->size()) * scale).toSize().grownBy(margins),
+                   QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    painter.translate(margins.left() / scale, margins.top() / scale);
+    m_panel->paintShadow(painter);
+    painter.end();
+
     if (!m_shadow) {
         m_shadow.emplace(m_connection, visual);
     }
-    // Two would lie upon each other. Compositors look at the window that they paint: the frame, where there is one.
+    // Compositors draw the shadow of the window that they paint, which is the frame where there is one.
     declineShadow(m_connection, frame);
     m_shadow->showBelow(frame, picture, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
-}
-
-void X11PanelHost::hideShadow()
-{
-    if (m_shadow) {
-        m_shadow->hide();
-    }
-}
-
-bool X11PanelHost::blendsWindows() const
-{
-    // Each compositor owns this selection while it runs.
-    const std::string name = "_NET_WM_CM_S" + std::to_string(m_connection.screenNumber());
-    xcb_connection_t* c = m_connection.get();
-    const XcbReply<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(c, xcb_get_selection_owner(c, m_connection.atom(name)), nullptr));
-    return reply && reply->owner != XCB_NONE;
 }
 
 } // namespace tintwick

@@ -1,26 +1,55 @@
 #pragma once
 
 #include "PanelHost.h"
+#include "X11ClickMonitor.h"
 #include "X11PanelShadow.h"
 #include "XcbConnection.h"
+
+#include <QElapsedTimer>
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
 
 #include <optional>
 
 namespace tintwick {
 
+/// Keeps task bars and pagers away from the panel by window manager hints, and lays the shadow below it as a window of its
+/// own where a compositor runs.
 class X11PanelHost final : public PanelHost
 {
+    Q_OBJECT
+
 public:
     explicit X11PanelHost(XcbConnection& connection);
 
-    void prepareToShow(QWindow& window) override;
-    [[nodiscard]] bool blendsWindows() const override;
-    void showShadow(const QWindow& window, const QImage& picture, const QMargins& margins) override;
-    void hideShadow() override;
+    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
+    void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void adopt(PanelWindow& panel);
+    void setWindowManagerHints(const QWidget& widget) const;
+    void handlePress();
+    void handleClick();
+    /// Answers once for each dismissal.
+    [[nodiscard]] bool isClickThatDismissed(const PanelAnchor& anchor);
+    void handleHide();
+    void showShadow();
+
     XcbConnection& m_connection;
+    X11ClickMonitor m_clickMonitor;
     std::optional<X11PanelShadow> m_shadow;
+    PanelWindow* m_panel = nullptr;
+    /// The widget of `m_panel`; null once that is destroyed.
+    QPointer<QWidget> m_widget;
+    bool m_hasShadow = false;
+    bool m_isDismissible = true;
+    bool m_pressDismisses = false;
+    QElapsedTimer m_sinceDismissal;
+    QPoint m_dismissingClick;
 };
 
 } // namespace tintwick

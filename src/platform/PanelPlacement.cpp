@@ -1,12 +1,14 @@
 #include "PanelPlacement.h"
 
+#include <QPoint>
+
 #include <algorithm>
 
 namespace tintwick {
 
 namespace {
 
-// QRect's own right() and bottom() are the last pixel inside, not the edge.
+// right() and bottom() of QRect are the last pixel inside.
 int rightEdge(const QRect& rect)
 {
     return rect.x() + rect.width();
@@ -17,7 +19,7 @@ int bottomEdge(const QRect& rect)
     return rect.y() + rect.height();
 }
 
-/// Where the range cannot hold the value, the lower bound wins.
+/// The lower bound wins where the range is empty.
 int bounded(int value, int lowest, int highest)
 {
     return std::max(lowest, std::min(value, highest));
@@ -45,7 +47,7 @@ QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
     const int highestX = rightEdge(room) - panel.width() - panelMargin;
     const int centredX = bounded(anchor.x() + anchor.width() / 2 - panel.width() / 2, lowestX, highestX);
 
-    // A bar that keeps its strip of the screen free is the item's outline, however small the icon in it.
+    // A bar that reserves its strip of the monitor counts as the anchor, even if the icon is smaller.
     const int below = std::max(bottomEdge(anchor), room.y());
     if (below + panel.height() <= bottomEdge(room)) {
         return {centredX, below};
@@ -62,7 +64,7 @@ QPoint besideAnchor(const QRect& anchor, const PanelScreen& screen, QSize panel)
 
 } // namespace
 
-QRect placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, QSize panel)
+QRect placePanel(const std::optional<QRect>& anchor, const QList<PanelScreen>& screens, QSize panel)
 {
     if (screens.isEmpty()) {
         return {QPoint(0, 0), panel};
@@ -70,10 +72,9 @@ QRect placePanel(const PanelAnchor& anchor, const QList<PanelScreen>& screens, Q
     const auto fitted = [panel](const PanelScreen& screen) {
         return QSize(panel.width(), std::min(panel.height(), screen.available.height()));
     };
-    if (anchor.statusItem || anchor.click) {
-        const QRect place = anchor.statusItem.value_or(QRect(anchor.click.value_or(QPoint()), QSize(1, 1)));
-        const PanelScreen& screen = nearestScreen(screens, place.center());
-        return {besideAnchor(place, screen, fitted(screen)), fitted(screen)};
+    if (anchor) {
+        const PanelScreen& screen = nearestScreen(screens, anchor->center());
+        return {besideAnchor(*anchor, screen, fitted(screen)), fitted(screen)};
     }
     const PanelScreen& screen = screens.first();
     const QRect& room = screen.available;

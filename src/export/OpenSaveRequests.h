@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+
+namespace tintwick {
+
+/// Counts the save requests of this process whose dialog is open, which may be a window of another program.
+class OpenSaveRequests final : public QObject
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] static OpenSaveRequests& shared();
+
+    void add();
+    void remove();
+
+Q_SIGNALS:
+    /// The first one was added or the last one removed.
+    void anyChanged(bool isAny);
+
+private:
+    int m_count = 0;
+};
+
+} // namespace tintwick
