@@ -13,6 +13,7 @@
 #include "Ticker.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -43,6 +44,8 @@ void Application::setUpToolkit()
     QApplication::setQuitOnLastWindowClosed(false);
     // Painting uses these threads. By default each of them wakes up 30 seconds later to exit.
     QThreadPool::globalInstance()->setExpiryTimeout(threadExpiry);
+    // A pixmap in this cache starts a timer that flushes the cache 30 seconds later.
+    QPixmapCache::setCacheLimit(0);
 }
 
 Application::Application(std::unique_ptr<Platform> platform)

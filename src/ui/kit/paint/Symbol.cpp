@@ -2,12 +2,14 @@
 
 #include "Paint.h"
 
+#include <QCache>
+#include <QCoreApplication>
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -35,6 +37,26 @@ QByteArray strokeOf(SymbolWeight weight)
         return "stroke-width=\"2.5\"";
     }
     return regularStroke.toByteArray();
+}
+
+/// Kilobytes.
+constexpr qsizetype pixmapLimit = 4096;
+
+/// Instead of QPixmapCache, which starts a timer that wakes an idle program.
+QCache<QString, QPixmap>& pixmaps()
+{
+    static QCache<QString, QPixmap> cache(pixmapLimit);
+    return cache;
+}
+
+void keep(const QString& key, const QPixmap& pixmap)
+{
+    if (pixmaps().isEmpty()) {
+        // Pixmaps must not outlive the application object.
+        qAddPostRoutine([] { pixmaps().clear(); });
+    }
+    const qsizetype bytes = qsizetype{pixmap.width()} * pixmap.height() * pixmap.depth() / 8;
+    pixmaps().insert(key, new QPixmap(pixmap), std::max<qsizetype>(bytes / 1024, 1));
 }
 
 /// Empty for an unknown name.
@@ -102,16 +124,15 @@ QPixmap symbolPixmap(QStringView name, double size, SymbolWeight weight, const Q
                             .arg(static_cast<int>(weight))
                             .arg(color.rgba(), 0, 16)
                             .arg(devicePixelRatio);
-    QPixmap pixmap;
-    if (QPixmapCache::find(key, &pixmap)) {
-        return pixmap;
+    if (const QPixmap* known = pixmaps().object(key)) {
+        return *known;
     }
-    pixmap = rendered(name, pixels, weight, color);
+    QPixmap pixmap = rendered(name, pixels, weight, color);
     if (pixmap.isNull()) {
         return {};
     }
     pixmap.setDevicePixelRatio(devicePixelRatio);
-    QPixmapCache::insert(key, pixmap);
+    keep(key, pixmap);
     return pixmap;
 }
 
@@ -148,7 +169,9 @@ void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWe
                             .arg(color.rgba(), 0, 16)
                             .arg(ratio);
     QPixmap shadow;
-    if (!QPixmapCache::find(key, &shadow)) {
+    if (const QPixmap* known = pixmaps().object(key)) {
+        shadow = *known;
+    } else {
         shadow = QPixmap(QSize(1, 1) * qRound(side * ratio));
         shadow.setDevicePixelRatio(ratio);
         shadow.fill(Qt::transparent);
@@ -162,7 +185,7 @@ void drawSymbolShadow(QPainter& painter, QStringView name, double size, SymbolWe
             }
         }
         blur.end();
-        QPixmapCache::insert(key, shadow);
+        keep(key, shadow);
     }
     const QPointF middle = rect.center() - QPointF(side / 2, side / 2);
     painter.drawPixmap(
