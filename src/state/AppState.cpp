@@ -19,6 +19,14 @@ auto* firstOf(Collections& collections, const QUuid& id)
     return found == collections.end() ? nullptr : &*found;
 }
 
+CapturedColor named(CapturedColor color)
+{
+    if (!color.customName) {
+        color.customName = ColorNames::shared().nearest(color);
+    }
+    return color;
+}
+
 } // namespace
 
 AppState::AppState(QObject* parent)
@@ -53,15 +61,7 @@ void AppState::setDefaultFormat(ColorFormat format)
     }
     m_defaultFormat = format;
     Q_EMIT defaultFormatChanged();
-}
-
-void AppState::setSelectedCollectionId(const std::optional<QUuid>& id)
-{
-    if (m_selectedCollectionId == id) {
-        return;
-    }
-    m_selectedCollectionId = id;
-    Q_EMIT selectedCollectionIdChanged();
+    save();
 }
 
 void AppState::setShowCopiedFeedback(bool show)
@@ -73,21 +73,21 @@ void AppState::setShowCopiedFeedback(bool show)
     Q_EMIT showCopiedFeedbackChanged();
 }
 
+QString AppState::copiedText(const CapturedColor& color) const
+{
+    return string(m_defaultFormat, named(color));
+}
+
 void AppState::colorCaptured(const CapturedColor& color)
 {
-    CapturedColor named = color;
-    if (!named.customName) {
-        named.customName = ColorNames::shared().nearest(color);
-    }
-
-    m_history.prepend(named);
+    m_history.prepend(named(color));
     if (m_history.size() > historyLimit) {
         m_history.removeLast();
     }
     Q_EMIT historyChanged();
 
-    m_clipboard.copy(string(m_defaultFormat, named));
-    showCopyFeedback(m_defaultFormat, named);
+    m_clipboard.copy(copiedText(color));
+    showCopyFeedback(m_defaultFormat, named(color));
     save();
 }
 
@@ -145,19 +145,24 @@ void AppState::deleteCollection(const QUuid& id)
 {
     m_collections.removeIf([&](const ColorCollection& collection) { return collection.id == id; });
     Q_EMIT collectionsChanged();
-    if (m_selectedCollectionId == id) {
-        setSelectedCollectionId(std::nullopt);
-    }
     save();
 }
 
-void AppState::addColor(const QUuid& colorId, const QUuid& toCollection)
+void AppState::addColors(const QList<QUuid>& colorIds, const QUuid& toCollection)
 {
     ColorCollection* collection = findCollection(toCollection);
-    if (!collection || collection->colorIds.contains(colorId)) {
+    if (!collection) {
         return;
     }
-    collection->colorIds.append(colorId);
+    const qsizetype countBefore = collection->colorIds.size();
+    for (const QUuid& id : colorIds) {
+        if (!collection->colorIds.contains(id)) {
+            collection->colorIds.append(id);
+        }
+    }
+    if (collection->colorIds.size() == countBefore) {
+        return;
+    }
     Q_EMIT collectionsChanged();
     save();
 }

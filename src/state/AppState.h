@@ -14,14 +14,12 @@
 
 #include <chrono>
 #include <functional>
-#include <optional>
 
 namespace tintwick {
 
-/// The one owner of what the user has made: the history, the collections and the default format, with the
-/// feedback on copies. It reads the data file once, when it is created, and every operation that changes what
-/// is kept writes the file back before it returns. No operation reports an error: an unknown id changes
-/// nothing.
+/// Owns what the user has made: the history, the collections and the default format; also the feedback on copies. The
+/// constructor reads the data file. Every change of what is stored is saved before the call returns. No operation reports
+/// an error: an unknown id changes nothing.
 class AppState final : public QObject
 {
     Q_OBJECT
@@ -34,71 +32,64 @@ public:
     static constexpr std::chrono::milliseconds feedbackDuration{1500};
 
     explicit AppState(QObject* parent = nullptr);
-    /// With `runLater` in the place of a timer.
+    /// Uses `runLater` instead of a timer.
     explicit AppState(RunLater runLater, QObject* parent = nullptr);
 
-    /// Newest first, no more than `historyLimit` unless the data file held more.
+    /// Newest first; at most `historyLimit` colours, unless the data file held more.
     [[nodiscard]] const QList<CapturedColor>& history() const { return m_history; }
     [[nodiscard]] const QList<ColorCollection>& collections() const { return m_collections; }
-    /// The first collection of an id, or null; good until the collections change.
+    /// The first collection with an id, or null. The pointer is valid until the collections change.
     [[nodiscard]] const ColorCollection* collection(const QUuid& id) const;
 
     [[nodiscard]] ColorFormat defaultFormat() const { return m_defaultFormat; }
-    /// Does not save.
     void setDefaultFormat(ColorFormat format);
 
-    /// Which collection the main panel shows; never stored.
-    [[nodiscard]] std::optional<QUuid> selectedCollectionId() const { return m_selectedCollectionId; }
-    void setSelectedCollectionId(const std::optional<QUuid>& id);
-
-    /// True from a copy until `feedbackDuration` after it, and cut short by the end of an earlier copy's
-    /// time.
+    /// True from a copy until the `feedbackDuration` of any copy ends.
     [[nodiscard]] bool showCopiedFeedback() const { return m_showCopiedFeedback; }
     [[nodiscard]] const QString& lastCopiedString() const { return m_lastCopiedString; }
 
     [[nodiscard]] const Clipboard& clipboard() const { return m_clipboard; }
 
-    /// Takes a fresh colour in: names it by the table of names if it has none, puts it at the head of the
-    /// history, drops the oldest beyond the limit, and copies its text in the default format. Saves.
+    /// The text that is copied when the colour is captured: in the default format, after the colour is named.
+    [[nodiscard]] QString copiedText(const CapturedColor& color) const;
+    /// Names the colour from the table of names if it has no name, puts it at the head of the history, drops the oldest
+    /// beyond the limit, and copies its text.
     void colorCaptured(const CapturedColor& color);
-    /// Notes that the text of a colour in a format has been copied.
+    /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);
-    /// Takes a colour out of the history and out of every collection. Saves.
+    /// Removes a colour from the history and from every collection. Saves in every case.
     void deleteColor(const QUuid& id);
-    /// Empties the history and every collection; the collections stay. Saves.
+    /// Empties the history and every collection; the collections stay.
     void clearHistory();
-    /// Names a colour; an empty name takes its name away. Saves.
+    /// An empty name removes the colour's name.
     void renameColor(const QUuid& id, const QString& name);
 
-    /// Appends a new collection. Saves.
+    /// Appends a new collection.
     ColorCollection createCollection(const QString& name);
-    /// Deletes a collection, and the selection with it if it was selected; its colours stay. Saves.
+    /// Its colours stay in the history. Saves in every case.
     void deleteCollection(const QUuid& id);
-    /// Appends a colour to a collection that does not hold it yet, whether or not the history has it. Saves.
-    void addColor(const QUuid& colorId, const QUuid& toCollection);
-    /// Saves.
+    /// Appends colours to a collection in one change. Skips those that it holds; the history need not have them.
+    void addColors(const QList<QUuid>& colorIds, const QUuid& toCollection);
+    void addColor(const QUuid& colorId, const QUuid& toCollection) { addColors({colorId}, toCollection); }
     void removeColor(const QUuid& colorId, const QUuid& fromCollection);
-    /// Moves the members at the positions `from` before the one at `to`, counted before the move. Saves.
+    /// Moves the members at the positions `from` before the one at `to`; all positions count before the move.
     void moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to);
-
-    void save() const;
 
 Q_SIGNALS:
     void historyChanged();
     void collectionsChanged();
     void defaultFormatChanged();
-    void selectedCollectionIdChanged();
     void showCopiedFeedbackChanged();
     void lastCopiedStringChanged();
 
 private:
     [[nodiscard]] ColorCollection* findCollection(const QUuid& id);
+    void save() const;
     void setShowCopiedFeedback(bool show);
 
     QList<CapturedColor> m_history;
     QList<ColorCollection> m_collections;
     ColorFormat m_defaultFormat = ColorFormat::Hex6;
-    std::optional<QUuid> m_selectedCollectionId;
     bool m_showCopiedFeedback = false;
     QString m_lastCopiedString;
     RunLater m_runLater;

@@ -1,21 +1,23 @@
 #include "PayloadCoding.h"
 
-#include "JsonWriter.h"
+#include <QStringDecoder>
 
 #include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace tintwick {
 
 namespace {
 
 using nlohmann::json;
+using nlohmann::ordered_json;
 
-QByteArray uuidText(const QUuid& id)
+std::string textOf(const QUuid& id)
 {
-    return id.toByteArray(QUuid::WithoutBraces).toUpper();
+    return id.toByteArray(QUuid::WithoutBraces).toUpper().toStdString();
 }
 
 bool hasText(const QDateTime& date)
@@ -24,28 +26,10 @@ bool hasText(const QDateTime& date)
     return date.isValid() && year >= 1 && year <= 9999;
 }
 
-QByteArray dateText(const QDateTime& date)
+/// Without the fraction of a second, which Qt::ISODate leaves out.
+std::string textOf(const QDateTime& date)
 {
-    // QDateTime's own text takes longer than the rest of a record together.
-    const QDateTime utc = date.toUTC();
-    const QTime time = utc.time();
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    utc.date().getDate(&year, &month, &day);
-    QByteArray text("0000-00-00T00:00:00Z");
-    const auto put = [&text](qsizetype end, int number) {
-        for (qsizetype at = end - 1; number > 0; --at, number /= 10) {
-            text[at] = static_cast<char>('0' + number % 10);
-        }
-    };
-    put(4, year);
-    put(7, month);
-    put(10, day);
-    put(13, time.hour());
-    put(16, time.minute());
-    put(19, time.second());
-    return text;
+    return date.toUTC().toString(Qt::ISODate).toStdString();
 }
 
 bool isEncodable(const CapturedColor& color)
@@ -54,46 +38,34 @@ bool isEncodable(const CapturedColor& color)
            std::isfinite(color.alpha) && hasText(color.capturedAt);
 }
 
-void write(JsonWriter& writer, const CapturedColor& color)
+ordered_json encoded(const CapturedColor& color)
 {
-    writer.beginObject();
-    writer.key("id");
-    writer.plainString(uuidText(color.id));
-    writer.key("red");
-    writer.number(color.red);
-    writer.key("green");
-    writer.number(color.green);
-    writer.key("blue");
-    writer.number(color.blue);
-    writer.key("alpha");
-    writer.number(color.alpha);
-    writer.key("capturedAt");
-    writer.plainString(dateText(color.capturedAt));
+    ordered_json object;
+    object["id"] = textOf(color.id);
+    object["red"] = color.red;
+    object["green"] = color.green;
+    object["blue"] = color.blue;
+    object["alpha"] = color.alpha;
+    object["capturedAt"] = textOf(color.capturedAt);
     if (color.customName) {
-        writer.key("customName");
-        writer.string(*color.customName);
+        object["customName"] = color.customName->toStdString();
     }
-    writer.endObject();
+    return object;
 }
 
-void write(JsonWriter& writer, const ColorCollection& collection)
+ordered_json encoded(const ColorCollection& collection)
 {
-    writer.beginObject();
-    writer.key("id");
-    writer.plainString(uuidText(collection.id));
-    writer.key("name");
-    writer.string(collection.name);
-    writer.key("colorIds");
-    writer.beginArray();
+    auto colorIds = ordered_json::array();
     for (const QUuid& colorId : collection.colorIds) {
-        writer.plainString(uuidText(colorId));
+        colorIds.push_back(textOf(colorId));
     }
-    writer.endArray();
-    writer.key("createdAt");
-    writer.plainString(dateText(collection.createdAt));
-    writer.key("icon");
-    writer.string(collection.icon);
-    writer.endObject();
+    ordered_json object;
+    object["id"] = textOf(collection.id);
+    object["name"] = collection.name.toStdString();
+    object["colorIds"] = std::move(colorIds);
+    object["createdAt"] = textOf(collection.createdAt);
+    object["icon"] = collection.icon.toStdString();
+    return object;
 }
 
 /// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
@@ -152,7 +124,9 @@ std::optional<QString> decodedString(const json* value)
     if (!value || !value->is_string()) {
         return std::nullopt;
     }
-    return QString::fromStdString(value->get_ref<const std::string&>());
+    // QString::fromUtf8() would drop a U+FEFF at the start.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(QByteArrayView(value->get_ref<const std::string&>()));
 }
 
 bool isDigit(QChar character)
@@ -270,30 +244,31 @@ std::optional<ColorCollection> decodedCollection(const json* value)
 
 std::optional<QByteArray> encodePayload(const Payload& payload)
 {
-    JsonWriter writer;
-    writer.beginObject();
-    writer.key("history");
-    writer.beginArray();
+    auto history = ordered_json::array();
     for (const CapturedColor& color : payload.history) {
         if (!isEncodable(color)) {
             return std::nullopt;
         }
-        write(writer, color);
+        history.push_back(encoded(color));
     }
-    writer.endArray();
-    writer.key("collections");
-    writer.beginArray();
+    auto collections = ordered_json::array();
     for (const ColorCollection& collection : payload.collections) {
         if (!hasText(collection.createdAt)) {
             return std::nullopt;
         }
-        write(writer, collection);
+        collections.push_back(encoded(collection));
     }
-    writer.endArray();
-    writer.key("defaultFormat");
-    writer.string(rawValue(payload.defaultFormat));
-    writer.endObject();
-    return writer.text().size() <= largestPayload ? std::optional(writer.text()) : std::nullopt;
+    ordered_json object;
+    object["history"] = std::move(history);
+    object["collections"] = std::move(collections);
+    object["defaultFormat"] = rawValue(payload.defaultFormat).toStdString();
+
+    constexpr int indentation = 2;
+    const std::string text = object.dump(indentation);
+    if (text.size() > static_cast<std::size_t>(largestPayload)) {
+        return std::nullopt;
+    }
+    return QByteArray::fromStdString(text);
 }
 
 std::optional<Payload> decodePayload(QByteArrayView text)

@@ -41,6 +41,16 @@ void SlugTest::slugOfAText_data()
     row("dotted capital i becomes two code points", QStringLiteral("\u0130x"), QStringLiteral("i\u0307x"));
     row("sharp s", QStringLiteral("STRA\u00DFE"), QStringLiteral("stra\u00DFe"));
     row("cyrillic and greek", QStringLiteral("Синий Άλφα"), QStringLiteral("синий-άλφα"));
+    row("final sigma", QStringLiteral("ΟΔΟΣ"), QStringLiteral("οδος"));
+    row("final sigma of each word", QStringLiteral("ΜΠΛΕ ΟΔΟΣ ΣΑΣ!"), QStringLiteral("μπλε-οδος-σας"));
+    row("sigma at the start and within", QStringLiteral("ΣΑΣΑ"), QStringLiteral("σασα"));
+    row("sigma alone", QStringLiteral("Σ"), QStringLiteral("σ"));
+    row("sigma after a digit", QStringLiteral("1Σ"), QStringLiteral("1σ"));
+    row("sigma before an apostrophe and a letter", QStringLiteral("ΑΣ'Α"), QStringLiteral("ασα"));
+    row("sigma before an apostrophe", QStringLiteral("ΑΣ' Α"), QStringLiteral("ας-α"));
+    row("final sigma with a mark", QStringLiteral("Α\u0301Σ\u0301"), QStringLiteral("α\u0301ς\u0301"));
+    row("sigma beside letters beyond the basic plane", QStringLiteral("\U00010400Σ"),
+        QStringLiteral("\U00010428ς"));
     row("devanagari keeps its vowel signs", QStringLiteral("हिन्दी"), QStringLiteral("हिन्दी"));
     row("han", QStringLiteral("青 色"), QStringLiteral("青-色"));
     row("superscript, fraction, roman number", QStringLiteral("x² ½ Ⅷ"), QStringLiteral("x²-½-ⅷ"));

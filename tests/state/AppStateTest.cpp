@@ -1,19 +1,25 @@
 #include "AppState.h"
 
+#include "FileDescriptor.h"
 #include "support/QuickTemporaryDir.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <memory>
 #include <vector>
+
+#include <sys/inotify.h>
 
 namespace tintwick {
 
@@ -29,7 +35,7 @@ CapturedColor colorOf(uint rgb, const std::optional<QString>& name = std::nullop
     return color;
 }
 
-/// Time that passes when it is told to.
+/// A clock that the test advances.
 class ManualTime final
 {
 public:
@@ -44,7 +50,7 @@ public:
     {
         m_now += span;
         const auto isDue = [this](const Waiting& waiting) { return waiting.due <= m_now && waiting.action; };
-        // An action may make others wait, so each is looked for anew.
+        // An action may add others, so the search starts anew after each.
         for (auto next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue); next != m_waiting.end();
              next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue)) {
             std::exchange(next->action, nullptr)();
@@ -62,24 +68,23 @@ private:
     std::vector<Waiting> m_waiting;
 };
 
-/// Counts each announcement of a state.
+/// Counts the signals of a state.
 struct Announcements
 {
     explicit Announcements(const AppState& state)
         : history(&state, &AppState::historyChanged)
         , collections(&state, &AppState::collectionsChanged)
         , defaultFormat(&state, &AppState::defaultFormatChanged)
-        , selection(&state, &AppState::selectedCollectionIdChanged)
         , feedback(&state, &AppState::showCopiedFeedbackChanged)
         , copied(&state, &AppState::lastCopiedStringChanged)
     {
     }
 
-    /// History, collections, default format, selection, feedback, last copied text; and starts again.
+    /// History, collections, default format, feedback, last copied text; and starts again.
     QList<qsizetype> take()
     {
         QList<qsizetype> counts;
-        for (QSignalSpy* spy : {&history, &collections, &defaultFormat, &selection, &feedback, &copied}) {
+        for (QSignalSpy* spy : {&history, &collections, &defaultFormat, &feedback, &copied}) {
             counts += spy->count();
             spy->clear();
         }
@@ -89,9 +94,40 @@ struct Announcements
     QSignalSpy history;
     QSignalSpy collections;
     QSignalSpy defaultFormat;
-    QSignalSpy selection;
     QSignalSpy feedback;
     QSignalSpy copied;
+};
+
+/// Counts the files that are put into a folder under a final name, as each save of the data file does once.
+class WriteCounter final
+{
+public:
+    explicit WriteCounter(const QString& folder)
+        : m_inotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        // Both ends of each rename, because the kernel merges equal events in a row.
+        ::inotify_add_watch(m_inotify.get(), QFile::encodeName(folder).constData(),
+                            IN_MOVED_FROM | IN_MOVED_TO);
+    }
+
+    /// Since the last call.
+    [[nodiscard]] int take()
+    {
+        int count = 0;
+        alignas(inotify_event) std::array<char, 64 * 1024> buffer{};
+        for (ssize_t size = 0; (size = ::read(m_inotify.get(), buffer.data(), buffer.size())) > 0;) {
+            for (ssize_t at = 0; at < size;) {
+                inotify_event event{};
+                std::memcpy(&event, buffer.data() + at, sizeof event);
+                count += (event.mask & IN_MOVED_TO) != 0 ? 1 : 0;
+                at += static_cast<ssize_t>(sizeof event + event.len);
+            }
+        }
+        return count;
+    }
+
+private:
+    FileDescriptor m_inotify;
 };
 
 } // namespace
@@ -130,6 +166,9 @@ private Q_SLOTS:
     void unknownIdsChangeNothing();
     void onlyTheDeletionsSaveForAnUnknownId();
     void settersAnnounceOnlyADifference();
+    void theDefaultFormatIsSaved();
+    void addingSeveralColorsIsOneChangeAndOneSave();
+    void theCopiedTextIsThatOfTheNamedColor();
 
 private:
     [[nodiscard]] QString dataFile() const
@@ -163,7 +202,6 @@ void AppStateTest::theFirstStartIsEmpty()
     QVERIFY(state.history().isEmpty());
     QVERIFY(state.collections().isEmpty());
     QCOMPARE(state.defaultFormat(), ColorFormat::Hex6);
-    QVERIFY(!state.selectedCollectionId().has_value());
     QVERIFY(!state.showCopiedFeedback());
     QCOMPARE(state.lastCopiedString(), QString());
     QVERIFY(!QFile::exists(dataFile()));
@@ -179,7 +217,6 @@ void AppStateTest::whatWasSavedIsLoaded()
         state.colorCaptured(color);
         collection = state.createCollection(QStringLiteral("Brand"));
         state.addColor(color.id, collection.id);
-        state.setSelectedCollectionId(collection.id);
     }
     const AppState state;
     QCOMPARE(state.history(), QList<CapturedColor>{color});
@@ -187,7 +224,6 @@ void AppStateTest::whatWasSavedIsLoaded()
     QCOMPARE(state.collections().first().id, collection.id);
     QCOMPARE(state.collections().first().colorIds, QList<QUuid>{color.id});
     QCOMPARE(state.defaultFormat(), ColorFormat::Tailwind);
-    QVERIFY(!state.selectedCollectionId().has_value());
     QCOMPARE(state.lastCopiedString(), QString());
 }
 
@@ -236,13 +272,13 @@ void AppStateTest::aCaptureIsNamedKeptCopiedAndSaved()
     const CapturedColor older = colorOf(0x000000);
     const CapturedColor newer = colorOf(0x1E90FF);
     state.colorCaptured(older);
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 1, 1}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 1, 1}));
     state.setDefaultFormat(ColorFormat::CssVar);
     QVERIFY(wasSaved());
     announced.take();
 
     state.colorCaptured(newer);
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 0, 1}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 1}));
     QCOMPARE(state.history().size(), 2);
     QCOMPARE(state.history()[0].id, newer.id);
     QCOMPARE(state.history()[0].customName, QStringLiteral("Dodger Blue"));
@@ -308,14 +344,14 @@ void AppStateTest::theFeedbackFallsAfterItsTime()
     state.showCopyFeedback(ColorFormat::Rgb, colorOf(0x3B82F6));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
     QVERIFY(state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 1}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 1}));
     QVERIFY(!wasSaved());
 
     time.advance(std::chrono::milliseconds(1499));
     QVERIFY(state.showCopiedFeedback());
     time.advance(std::chrono::milliseconds(1));
     QVERIFY(!state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
 }
 
@@ -329,15 +365,15 @@ void AppStateTest::eachCopyHasItsOwnTimer()
     time.advance(std::chrono::milliseconds(1000));
     state.showCopyFeedback(ColorFormat::Hex6, color);
     // The flag was up already, and the same text is announced all the same.
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 2}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 2}));
 
     time.advance(std::chrono::milliseconds(499));
     QVERIFY(state.showCopiedFeedback());
     time.advance(std::chrono::milliseconds(1));
     QVERIFY(!state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 1, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
     time.advance(std::chrono::milliseconds(1000));
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 }
 
 void AppStateTest::theFeedbackFallsByTheRealTimer()
@@ -384,7 +420,7 @@ void AppStateTest::deletingAColorTakesItOutOfEveryCollection()
     QCOMPARE(state.collections().size(), 2);
     QCOMPARE(state.collections()[0].colorIds, QList<QUuid>{kept.id});
     QVERIFY(state.collections()[1].colorIds.isEmpty());
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -395,7 +431,6 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     state.colorCaptured(color);
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
     state.addColor(color.id, collection);
-    state.setSelectedCollectionId(collection);
     wasSaved();
     Announcements announced(state);
 
@@ -405,8 +440,7 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     QCOMPARE(state.collections().first().name, QStringLiteral("Brand"));
     QCOMPARE(state.collections().first().icon, QStringLiteral("paintpalette.fill"));
     QVERIFY(state.collections().first().colorIds.isEmpty());
-    QCOMPARE(state.selectedCollectionId(), collection);
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -422,7 +456,7 @@ void AppStateTest::renamingAColor()
     QCOMPARE(state.history().first().customName, QStringLiteral("  Sky "));
     QVERIFY(wasSaved());
     state.renameColor(color.id, QStringLiteral("  Sky "));
-    QCOMPARE(announced.take(), (QList<qsizetype>{2, 0, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{2, 0, 0, 0, 0}));
     QVERIFY(wasSaved());
 
     state.renameColor(color.id, QString());
@@ -441,19 +475,16 @@ void AppStateTest::creatingAndDeletingCollections()
     const ColorCollection second = state.createCollection(QStringLiteral(""));
     const ColorCollection third = state.createCollection(QStringLiteral("First"));
     QCOMPARE(state.collections(), (QList<ColorCollection>{first, second, third}));
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 3, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 3, 0, 0, 0}));
 
-    state.setSelectedCollectionId(second.id);
     wasSaved();
     announced.take();
     state.deleteCollection(first.id);
-    QCOMPARE(state.selectedCollectionId(), second.id);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 
     state.deleteCollection(second.id);
-    QVERIFY(!state.selectedCollectionId().has_value());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 1, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QCOMPARE(state.collections(), QList<ColorCollection>{third});
 }
 
@@ -470,7 +501,7 @@ void AppStateTest::addingAColorTwiceDoesNothingTheSecondTime()
 
     state.addColor(notInTheHistory, collection);
     QVERIFY(!wasSaved());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
     QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{notInTheHistory, another}));
 }
 
@@ -536,7 +567,7 @@ void AppStateTest::movingColors()
         order.append(ids.indexOf(id));
     }
     QCOMPARE(order, after);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -555,7 +586,7 @@ void AppStateTest::unknownIdsChangeNothing()
     state.removeColor(color.id, unknown);
     state.moveColors(unknown, {0}, 1);
     QVERIFY(!wasSaved());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 }
 
 void AppStateTest::onlyTheDeletionsSaveForAnUnknownId()
@@ -578,18 +609,58 @@ void AppStateTest::settersAnnounceOnlyADifference()
     AppState state;
     Announcements announced(state);
     state.setDefaultFormat(ColorFormat::Hex6);
-    state.setSelectedCollectionId(std::nullopt);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0, 0}));
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 
-    const QUuid id = QUuid::createUuid();
     state.setDefaultFormat(ColorFormat::Hsl);
+    QVERIFY(wasSaved());
     state.setDefaultFormat(ColorFormat::Hsl);
-    state.setSelectedCollectionId(id);
-    state.setSelectedCollectionId(id);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 1, 1, 0, 0}));
     QVERIFY(!wasSaved());
-    state.save();
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 1, 0, 0}));
+}
+
+void AppStateTest::theDefaultFormatIsSaved()
+{
+    AppState().setDefaultFormat(ColorFormat::Hsl);
     QCOMPARE(AppState().defaultFormat(), ColorFormat::Hsl);
+}
+
+void AppStateTest::addingSeveralColorsIsOneChangeAndOneSave()
+{
+    AppState state;
+    const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
+    const QUuid member = QUuid::createUuid();
+    state.addColor(member, collection);
+    QList<QUuid> dropped{member};
+    for (int i = 0; i < 20; ++i) {
+        dropped += QUuid::createUuid();
+    }
+    QList<QUuid> withARepeatedId = dropped;
+    withARepeatedId += dropped[3];
+    Announcements announced(state);
+    WriteCounter writes(QFileInfo(dataFile()).path());
+
+    state.addColors(withARepeatedId, collection);
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    QCOMPARE(writes.take(), 1);
+    QCOMPARE(state.collections().first().colorIds, dropped);
+    QCOMPARE(AppState().collections().first().colorIds, dropped);
+
+    state.addColors(dropped, collection);
+    state.addColors({}, collection);
+    state.addColors({QUuid::createUuid()}, QUuid::createUuid());
+    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(writes.take(), 0);
+}
+
+void AppStateTest::theCopiedTextIsThatOfTheNamedColor()
+{
+    AppState state;
+    state.setDefaultFormat(ColorFormat::CssVar);
+    QCOMPARE(state.copiedText(colorOf(0x1E90FF)), QStringLiteral("--dodger-blue: #1E90FF;"));
+    QCOMPARE(state.copiedText(colorOf(0x1E90FF, QStringLiteral("Mine"))), QStringLiteral("--mine: #1E90FF;"));
+    state.setDefaultFormat(ColorFormat::Hex6);
+    QCOMPARE(state.copiedText(colorOf(0x1E90FF)), QStringLiteral("#1E90FF"));
+    QVERIFY(state.history().isEmpty());
 }
 
 } // namespace tintwick

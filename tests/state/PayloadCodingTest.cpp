@@ -1,5 +1,6 @@
 #include "PayloadCoding.h"
 
+#include <QFile>
 #include <QTest>
 
 #include <bit>
@@ -100,6 +101,11 @@ class PayloadCodingTest final : public QObject
 private Q_SLOTS:
     void aPayloadIsWrittenKeyByKey();
     void anEmptyPayloadIsWritten();
+    void aFileOfAnEarlierVersionIsWrittenBackByteForByte();
+    void numbersHaveAFractionOrAnExponent_data();
+    void numbersHaveAFractionOrAnExponent();
+    void textsAreEscaped_data();
+    void textsAreEscaped();
     void aWrittenPayloadIsReadBack();
     void acceptedTexts_data();
     void acceptedTexts();
@@ -135,6 +141,63 @@ void PayloadCodingTest::anEmptyPayloadIsWritten()
 {
     QCOMPARE(encodePayload({}),
              QByteArray("{\n  \"history\": [],\n  \"collections\": [],\n  \"defaultFormat\": \"HEX\"\n}"));
+}
+
+// The earlier version wrote the text piece by piece. The file holds numbers of every form and texts with every escape.
+void PayloadCodingTest::aFileOfAnEarlierVersionIsWrittenBackByteForByte()
+{
+    QFile file(QStringLiteral(DATA_FILE_FIXTURE));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    const auto payload = decodePayload(text);
+    QVERIFY(payload.has_value());
+    QCOMPARE(payload->history.size(), 30);
+    QCOMPARE(encodePayload(*payload), text);
+}
+
+void PayloadCodingTest::numbersHaveAFractionOrAnExponent_data()
+{
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("zero") << 0.0 << QByteArray("0.0");
+    QTest::newRow("minus zero") << -0.0 << QByteArray("-0.0");
+    QTest::newRow("whole") << 1.0 << QByteArray("1.0");
+    QTest::newRow("of bytes") << 127.0 / 255 << QByteArray("0.4980392156862745");
+    QTest::newRow("rounded up") << 0.1 + 0.2 << QByteArray("0.30000000000000004");
+    QTest::newRow("tiny") << 1e-7 << QByteArray("1e-07");
+    QTest::newRow("smallest") << 5e-324 << QByteArray("5e-324");
+    QTest::newRow("large") << 1e21 << QByteArray("1e+21");
+    QTest::newRow("greatest") << 1.7976931348623157e308 << QByteArray("1.7976931348623157e+308");
+}
+
+void PayloadCodingTest::numbersHaveAFractionOrAnExponent()
+{
+    QFETCH(const double, number);
+    QFETCH(const QByteArray, json);
+    QVERIFY(encodePayload(payloadOf(number))->contains("\"red\": " + json + ",\n"));
+}
+
+void PayloadCodingTest::textsAreEscaped_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("empty") << QStringLiteral("") << QByteArray("\"\"");
+    QTest::newRow("named escapes") << QStringLiteral("\"\\/\b\f\n\r\t")
+                                   << QByteArray(R"(~\~\\/\b\f\n\r\t~)").replace('~', '"');
+    QTest::newRow("control characters")
+        << QStringLiteral("a\u0001\u001F\u007F") << QByteArray("\"a\\u0001\\u001f\x7F\"");
+    QTest::newRow("beyond the basic plane")
+        << QStringLiteral("\U0001F3A8") << QByteArray("\"\xF0\x9F\x8E\xA8\"");
+    QTest::newRow("half a character") << QString(QChar(0xD83D)) << QByteArray("\"?\"");
+}
+
+void PayloadCodingTest::textsAreEscaped()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QByteArray, json);
+    Payload payload = wholePayload();
+    payload.collections.first().name = text;
+    QVERIFY(encodePayload(payload)->contains("\"name\": " + json + ",\n"));
 }
 
 void PayloadCodingTest::aWrittenPayloadIsReadBack()
@@ -448,6 +511,8 @@ void PayloadCodingTest::namesReadBackAsTheyWere_data()
     QTest::newRow("control characters") << QStringLiteral("a\u0001\u001F\u007F") + QChar(u'\0') + u'b';
     QTest::newRow("beyond the basic plane") << QStringLiteral("\U0001F3A8 paint");
     QTest::newRow("noncharacters") << QStringLiteral("\uFFFE\uFFFF");
+    QTest::newRow("byte order mark at the start") << QStringLiteral("\uFEFFSea");
+    QTest::newRow("two byte order marks") << QStringLiteral("\uFEFF\uFEFF");
     QTest::newRow("right to left") << QStringLiteral("أزرق");
 }
 

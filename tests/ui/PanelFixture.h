@@ -25,6 +25,7 @@ public:
         })
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
+        state.setDefaultFormat(ColorFormat::Hex6);
         state.clearHistory();
         while (!state.collections().isEmpty()) {
             state.deleteCollection(state.collections().first().id);

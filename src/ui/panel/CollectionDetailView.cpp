@@ -90,7 +90,7 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
     , m_dropFrame(new DropFrame(*this))
     , m_dropTarget(
           *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
-          [this](const QUuid& id) { addDropped(id); })
+          [this](const QList<QUuid>& ids) { addDropped(ids); })
 {
     setContent(column(toolbar(), rule(), m_empty, m_scroll));
 
@@ -146,10 +146,10 @@ void CollectionDetailView::showCollection()
     orderFocus();
 }
 
-void CollectionDetailView::addDropped(const QUuid& colorId)
+void CollectionDetailView::addDropped(const QList<QUuid>& colorIds)
 {
     const qsizetype before = rows().size();
-    m_appState.addColor(colorId, m_collectionId);
+    m_appState.addColors(colorIds, m_collectionId);
     if (rows().size() > before) {
         m_list->reveal(*rows().last());
     }

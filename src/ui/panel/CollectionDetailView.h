@@ -41,7 +41,7 @@ private:
     [[nodiscard]] QList<CapturedColor> colors() const;
 
     void showCollection();
-    void addDropped(const QUuid& colorId);
+    void addDropped(const QList<QUuid>& colorIds);
     /// Tab goes through the rows in their order, and through the buttons of each.
     void orderFocus() const;
 

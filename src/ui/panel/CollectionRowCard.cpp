@@ -65,7 +65,7 @@ CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(cons
     })
     , m_dropTarget(
           *this, [this](bool hovered) { setDropTarget(hovered); },
-          [this](const QUuid& id) { m_appState.addColor(id, m_collection.id); })
+          [this](const QList<QUuid>& ids) { m_appState.addColors(ids, m_collection.id); })
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     onClick([this] { m_onTap(m_collection.id); });

@@ -22,7 +22,7 @@ void acceptAsCopy(QDropEvent& event)
 } // namespace
 
 ColorDropTarget::ColorDropTarget(QWidget& widget, std::function<void(bool)> hovered,
-                                 std::function<void(const QUuid&)> dropped)
+                                 std::function<void(const QList<QUuid>&)> dropped)
     : m_hovered(std::move(hovered))
     , m_dropped(std::move(dropped))
 {
@@ -50,10 +50,7 @@ bool ColorDropTarget::eventFilter(QObject* watched, QEvent* event)
         auto& drop = static_cast<QDropEvent&>(*event);
         m_hovered(false);
         acceptAsCopy(drop);
-        const QList<QUuid> ids = droppedColorIds(*drop.mimeData());
-        for (const QUuid& id : ids) {
-            m_dropped(id);
-        }
+        m_dropped(droppedColorIds(*drop.mimeData()));
         return true;
     }
     default:

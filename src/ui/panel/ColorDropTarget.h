@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QUuid>
 
 #include <functional>
 
 class QDropEvent;
-class QUuid;
 class QWidget;
 
 namespace tintwick {
@@ -17,16 +18,16 @@ class ColorDropTarget final : public QObject
     Q_OBJECT
 
 public:
-    /// `hovered` is told when a drag comes over the widget and when it is gone again, `dropped` each id in its order.
+    /// Calls `hovered` when a drag enters or leaves the widget, and `dropped` with the ids of a drop, in their order.
     ColorDropTarget(QWidget& widget, std::function<void(bool)> hovered,
-                    std::function<void(const QUuid&)> dropped);
+                    std::function<void(const QList<QUuid>&)> dropped);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     std::function<void(bool)> m_hovered;
-    std::function<void(const QUuid&)> m_dropped;
+    std::function<void(const QList<QUuid>&)> m_dropped;
 };
 
 } // namespace tintwick

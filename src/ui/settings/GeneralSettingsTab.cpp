@@ -99,10 +99,8 @@ PopUpPicker* GeneralSettingsTab::formatPicker()
         return positionOf(m_appState.defaultFormat(), allColorFormats).value_or(0);
     };
     auto* picker = new PopUpPicker(tr("Default Format"), titles, current());
-    picker->onSelect([this](qsizetype position) {
-        m_appState.setDefaultFormat(at(allColorFormats, position));
-        m_appState.save();
-    });
+    picker->onSelect(
+        [this](qsizetype position) { m_appState.setDefaultFormat(at(allColorFormats, position)); });
     connect(&m_appState, &AppState::defaultFormatChanged, picker,
             [picker, current] { picker->setSelected(current()); });
     return picker;
