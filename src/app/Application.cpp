@@ -3,13 +3,11 @@
 #include "Appearance.h"
 #include "CapturedColor.h"
 #include "DesktopSettings.h"
-#include "MenuItemsOf.h"
 #include "OpenSaveRequests.h"
 #include "Panel.h"
 #include "PanelView.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
-#include "ShortcutNames.h"
 #include "Ticker.h"
 
 #include <QApplication>
@@ -52,8 +50,7 @@ Application::Application(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
     , m_capture(m_platform->screenGrabber())
     , m_picker(*m_platform, m_capture, m_preferences)
-    , m_shortcuts(m_platform->hotKeyRegistrar(), m_platform->keyboardLayout(), m_settings)
-    , m_openMenuWatcher(m_shortcuts)
+    , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences)
 {
 }
 
@@ -115,10 +112,10 @@ void Application::setupPanel()
 
 QWidget* Application::createSettings(QWidget& panel)
 {
-    return new SettingsScreen(m_appState, m_preferences,
-                              {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
-                               [this] { return KeyboardShortcuts::menuItemsOf(m_trayIcon.menu()); }},
-                              m_platform->screenGrabber(), panel);
+    return new SettingsScreen(
+        m_appState, m_preferences,
+        {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(), m_trayIcon.menu()},
+        m_platform->screenGrabber(), panel);
 }
 
 void Application::setupPicker()
@@ -178,17 +175,24 @@ void Application::followDesktopAppearance()
 
 void Application::setupShortcuts()
 {
-    m_shortcuts.declare(shortcutnames::activatePicker());
-    m_shortcuts.onKeyUp(shortcutnames::activatePicker(), [this] {
+    connect(&m_shortcuts, &ShortcutRegistry::deactivated, this, &Application::shortcutReleased);
+    m_shortcuts.start();
+}
+
+void Application::shortcutReleased(ShortcutAction action)
+{
+    switch (action) {
+    case ShortcutAction::ActivatePicker:
         // An open menu of ours holds the pointer and keyboard grabs that the pick needs.
         while (QWidget* popup = QApplication::activePopupWidget()) {
             popup->close();
         }
         pick();
-    });
-    m_shortcuts.declare(shortcutnames::openMainWindow());
-    m_shortcuts.onKeyUp(shortcutnames::openMainWindow(),
-                        [this] { showPanel({m_trayIcon.frame()}, PanelHost::Focus::Take); });
+        break;
+    case ShortcutAction::OpenMainWindow:
+        showPanel({m_trayIcon.frame()}, PanelHost::Focus::Take);
+        break;
+    }
 }
 
 void Application::pick()

@@ -3,16 +3,14 @@
 #include "AppState.h"
 #include "ColorPickerService.h"
 #include "Notifier.h"
-#include "OpenMenuWatcher.h"
 #include "PanelHost.h"
 #include "Platform.h"
 #include "Preferences.h"
-#include "Registry.h"
 #include "ScreenCaptureService.h"
+#include "ShortcutRegistry.h"
 #include "TrayIcon.h"
 
 #include <QObject>
-#include <QSettings>
 
 #include <memory>
 
@@ -49,6 +47,7 @@ private:
     void setupPanel();
     void setupPicker();
     void setupShortcuts();
+    void shortcutReleased(ShortcutAction action);
     void followDesktopAppearance();
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
 
@@ -78,9 +77,7 @@ private:
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<SettingsWindow> m_settingsWindow;
     std::unique_ptr<DesktopSettings> m_desktopSettings;
-    QSettings m_settings;
-    KeyboardShortcuts::Registry m_shortcuts;
-    KeyboardShortcuts::OpenMenuWatcher m_openMenuWatcher;
+    ShortcutRegistry m_shortcuts;
 };
 
 } // namespace tintwick

@@ -34,5 +34,7 @@ inline constexpr int keypadDecimal = 65, keypadMultiply = 67, keypadPlus = 69, k
 namespace tintwick::modifier {
 
 inline constexpr int super = 0x100, shift = 0x200, alt = 0x800, control = 0x1000, function = 0x20000;
+/// All five.
+inline constexpr int all = super | shift | alt | control | function;
 
 } // namespace tintwick::modifier

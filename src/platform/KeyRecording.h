@@ -6,17 +6,17 @@
 
 namespace tintwick {
 
-/// While it is on, every key of the whole desktop comes to the listener and to nobody else, the combinations that the
-/// desktop and other programs hold included. The pointer stays everybody's.
+/// Takes the keyboard of the whole desktop: while a recording runs, its listener gets every key press and no other client
+/// does, including combinations that other programs have grabbed. The pointer is not affected.
 class KeyRecording
 {
 public:
     class Listener
     {
     public:
-        /// The key code is -1 also for a key that is pressed with a modifier no shortcut can have.
+        /// The key code is -1 also for a key pressed with a modifier that no shortcut can have.
         virtual void keyPressed(const KeyPress& press) = 0;
-        /// Keys go to another listener now; nothing is owed any more.
+        /// Another listener began a recording, which ended this one. Do not call end().
         virtual void recordingLost() = 0;
 
     protected:
@@ -27,12 +27,12 @@ public:
 
     virtual ~KeyRecording() = default;
 
-    /// Refused when another program holds the keyboard and keeps holding it for a moment: no key would come. The
-    /// listener must live until end() or until the recording is lost to another one.
+    /// Refused when another client holds the keyboard grab and does not release it within a moment. The listener must live
+    /// until end() or recordingLost().
     [[nodiscard]] virtual Outcome begin(Listener& listener) = 0;
 
-    /// Gives the keyboard back. A key that is still down belongs to the recording: nobody else gets its release or its
-    /// repetitions. Does nothing when not begun, or when begun for another listener.
+    /// Releases the keyboard once no key is down, so that no other client gets the release or a repetition of a recorded
+    /// key. Does nothing when the listener has no recording.
     virtual void end(Listener& listener) = 0;
 };
 

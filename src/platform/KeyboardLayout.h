@@ -1,26 +1,28 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 namespace tintwick {
 
-/// What the keys print, in the user's current ASCII-capable layout.
-class KeyboardLayout
+/// What the keys type in the user's current layout. In a layout without Latin letters, what they type in the layout that
+/// shortcuts are read in.
+class KeyboardLayout : public QObject
 {
+    Q_OBJECT
+
 public:
-    using LayoutChanged = std::function<void()>;
+    using QObject::QObject;
 
-    virtual ~KeyboardLayout() = default;
-
-    /// The text that the key types without modifiers, or nothing when it types none (dead keys, function keys) or does
-    /// not exist. Key codes are those of KeyCode.h.
+    /// The text that a key types without modifiers, by its key code (see KeyCode.h); none when the key types nothing
+    /// (dead keys, function keys) or does not exist.
     [[nodiscard]] virtual std::optional<QString> characterForKey(int keyCode) const = 0;
 
-    /// Called after the user chose another layout or plugged in another keyboard.
-    virtual void setLayoutChangedHandler(LayoutChanged handler) = 0;
+Q_SIGNALS:
+    /// The user chose another layout or plugged in another keyboard.
+    void changed();
 };
 
 } // namespace tintwick

@@ -6,7 +6,7 @@
 
 namespace tintwick {
 
-class HotKeyRegistrar;
+class GlobalShortcuts;
 class KeyboardLayout;
 class KeyRecording;
 class LoupeSurface;
@@ -29,9 +29,10 @@ public:
     /// To be called before something is put on the clipboard that no event of our own windows asked for; a desktop may
     /// refuse it otherwise. Runs a nested event loop without input.
     virtual void prepareClipboard() = 0;
-    [[nodiscard]] virtual HotKeyRegistrar& hotKeyRegistrar() = 0;
+    [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
-    [[nodiscard]] virtual KeyRecording& keyRecording() = 0;
+    /// Null when the desktop does not let a program take the keyboard.
+    [[nodiscard]] virtual KeyRecording* keyRecording() = 0;
 };
 
 } // namespace tintwick

@@ -1,33 +1,67 @@
 #include "MenuConflict.h"
 
-#include "Modifiers.h"
-#include "Presentation.h"
+#include "ShortcutDescription.h"
 #include "SpecialKey.h"
 
-namespace tintwick::KeyboardShortcuts {
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+
+namespace tintwick {
 
 namespace {
 
-bool matches(const MenuItem& item, const std::optional<QString>& key, std::uint32_t modifiers)
+int modifierMask(Qt::KeyboardModifiers modifiers)
 {
-    auto keyEquivalent = item.keyEquivalent;
-    auto itemModifiers = item.modifiers;
-    const auto lowerCase = keyEquivalent.toLower();
-    if ((modifiers & eventflag::shift) != 0 && lowerCase != keyEquivalent) {
-        keyEquivalent = lowerCase;
-        itemModifiers |= eventflag::shift;
-    }
-    return key == keyEquivalent && itemModifiers == modifiers;
+    return (modifiers.testFlag(Qt::ShiftModifier) ? modifier::shift : 0) |
+           (modifiers.testFlag(Qt::ControlModifier) ? modifier::control : 0) |
+           (modifiers.testFlag(Qt::AltModifier) ? modifier::alt : 0) |
+           (modifiers.testFlag(Qt::MetaModifier) ? modifier::super : 0);
 }
 
-const MenuItem* firstMatch(const std::vector<MenuItem>& menu, const std::optional<QString>& key,
-                           std::uint32_t modifiers)
+/// The key as a menu names it, in lower case; empty when it is not known or types no character.
+QString menuKeyText(Qt::Key key)
 {
-    for (const auto& item : menu) {
-        if (matches(item, key, modifiers)) {
-            return &item;
+    // Help and Insert are one key with two names.
+    const Qt::Key named = key == Qt::Key_Insert ? Qt::Key_Help : key;
+    return QKeySequence(named).toString(QKeySequence::PortableText).toLower();
+}
+
+QString menuKeyText(int keyCode, const KeyboardLayout& layout)
+{
+    const auto special = specialKeyForKeyCode(keyCode);
+    return special ? menuKeyText(menuKey(*special)) : characterOf(keyCode, layout).value_or(QString());
+}
+
+bool triggers(const QAction& action, const QString& keyText, int modifiers)
+{
+    const QKeySequence keys = action.shortcut();
+    return keys.count() == 1 && !keyText.isEmpty() && menuKeyText(keys[0].key()) == keyText &&
+           modifierMask(keys[0].keyboardModifiers()) == modifiers;
+}
+
+// An ampersand marks the letter after it; two ampersands are one character of the text.
+QString withoutMnemonic(const QString& text)
+{
+    QString title;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'&' && i + 1 < text.size()) {
+            ++i;
         }
-        if (const auto* match = firstMatch(item.submenu, key, modifiers)) {
+        title += text[i];
+    }
+    return title;
+}
+
+const QAction* firstMatch(const QMenu& menu, const QString& keyText, int modifiers)
+{
+    const auto actions = menu.actions();
+    for (const QAction* action : actions) {
+        if (triggers(*action, keyText, modifiers)) {
+            return action;
+        }
+        const auto* submenu = action->menu();
+        if (const auto* match = submenu ? firstMatch(*submenu, keyText, modifiers) : nullptr) {
             return match;
         }
     }
@@ -36,13 +70,11 @@ const MenuItem* firstMatch(const std::vector<MenuItem>& menu, const std::optiona
 
 } // namespace
 
-const MenuItem* menuItemWithMatchingShortcut(const Shortcut& shortcut, const std::vector<MenuItem>& menu,
-                                             const KeyboardLayout& layout)
+std::optional<QString> menuItemWithShortcut(const Shortcut& shortcut, const QMenu& menu,
+                                            const KeyboardLayout& layout)
 {
-    const auto special = specialKeyForKeyCode(shortcut.carbonKeyCode);
-    const auto key =
-        special ? std::optional<QString>(menuKeyEquivalent(*special)) : keyToCharacter(shortcut, layout);
-    return firstMatch(menu, key, shortcut.modifiers());
+    const QAction* item = firstMatch(menu, menuKeyText(shortcut.keyCode, layout), shortcut.modifiers);
+    return item ? std::optional(withoutMnemonic(item->text())) : std::nullopt;
 }
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "MenuItem.h"
 #include "Shortcut.h"
 
-#include <vector>
+#include <QString>
+
+#include <optional>
+
+class QMenu;
 
 namespace tintwick {
+
 class KeyboardLayout;
-}
 
-namespace tintwick::KeyboardShortcuts {
+/// The text, without its mnemonic marks, of the first menu item that the keys would trigger. The search goes from top to
+/// bottom, each item before its submenu. None when no item has these keys.
+[[nodiscard]] std::optional<QString> menuItemWithShortcut(const Shortcut& shortcut, const QMenu& menu,
+                                                          const KeyboardLayout& layout);
 
-/// The first item, from top to bottom and each one before its submenu, that the combination would trigger; nullptr when
-/// the menu leaves it free.
-[[nodiscard]] const MenuItem* menuItemWithMatchingShortcut(const Shortcut& shortcut,
-                                                           const std::vector<MenuItem>& menu,
-                                                           const KeyboardLayout& layout);
-
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

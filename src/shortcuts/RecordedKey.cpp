@@ -1,18 +1,16 @@
 #include "RecordedKey.h"
 
-#include "KeyCode.h"
 #include "KeyPress.h"
 #include "MenuConflict.h"
 #include "RecorderServices.h"
-#include "Registry.h"
+#include "ShortcutRegistry.h"
 #include "SpecialKey.h"
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
 namespace {
 
-// The other keys that have a function, such as the arrows, may not stand alone: a press of them would be lost to every
-// program on the desktop.
+// Other special keys, such as the arrows, need a modifier: without one no other program would get the key any more.
 bool isFunctionKey(int keyCode)
 {
     const auto special = specialKeyForKeyCode(keyCode);
@@ -45,12 +43,12 @@ RecordedKey recordedKey(const KeyPress& press, const RecorderServices& services)
     if (press.keyCode < 0 || (isBare && !isFunctionKey(press.keyCode))) {
         return {Meaning::Refuse};
     }
-    const auto shortcut = Shortcut::fromCarbon(press.keyCode, press.modifiers & ~modifier::function);
-    const auto menu = services.mainMenu();
-    if (const auto* item = menuItemWithMatchingShortcut(shortcut, menu, services.layout)) {
-        return {Meaning::UsedByMenuItem, shortcut, item->title};
+    // The Function key is not part of a combination, although it may be held.
+    const Shortcut shortcut{press.keyCode, press.modifiers & modifier::all & ~modifier::function};
+    if (const auto item = menuItemWithShortcut(shortcut, services.menu, services.layout)) {
+        return {Meaning::UsedByMenuItem, shortcut, *item};
     }
-    return {services.registry.isTakenBySystem(shortcut) ? Meaning::UsedBySystem : Meaning::Accept, shortcut};
+    return {services.shortcuts.isTaken(shortcut) ? Meaning::UsedBySystem : Meaning::Accept, shortcut};
 }
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

@@ -7,45 +7,42 @@
 #include <cstdint>
 
 namespace tintwick {
+
 struct KeyPress;
-}
-
-namespace tintwick::KeyboardShortcuts {
-
 struct RecorderServices;
 
-/// What a key means that is pressed while a recorder records.
+/// What a key press means while a recorder records.
 struct RecordedKey
 {
     enum class Meaning : std::uint8_t {
-        /// Nothing at all: a key that is held repeats itself.
+        /// Nothing: the key repeats because it is held.
         Ignore,
-        /// The key moves the focus to the next control, or with Shift to the one before.
+        /// The focus moves to the next control, with Shift to the previous one.
         PassOn,
-        /// Recording ends and nothing changes.
+        /// Recording ends without a change.
         End,
         /// The shortcut is removed and recording ends.
         Clear,
-        /// No shortcut; the alert sounds and recording goes on.
+        /// The key cannot be a shortcut. The alert sounds and recording continues.
         Refuse,
-        /// The shortcut is one of our own menu's.
+        /// An item of the program's menu has the shortcut.
         UsedByMenuItem,
-        /// The shortcut is the desktop's or another program's; the user may take it all the same.
+        /// The desktop or another program holds the shortcut. The user may store it anyway.
         UsedBySystem,
         /// The shortcut is free.
         Accept,
     };
 
     Meaning meaning = Meaning::Ignore;
-    /// The combination pressed, from UsedByMenuItem on.
+    /// Set for UsedByMenuItem, UsedBySystem and Accept.
     Shortcut shortcut = {};
-    /// Of UsedByMenuItem.
+    /// Set for UsedByMenuItem.
     QString menuItemTitle = {};
 
     friend bool operator==(const RecordedKey&, const RecordedKey&) = default;
 };
 
-/// The first that holds, in the order of Meaning.
+/// The first meaning that applies, in the order of Meaning.
 [[nodiscard]] RecordedKey recordedKey(const KeyPress& press, const RecorderServices& services);
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

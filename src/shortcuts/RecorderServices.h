@@ -1,27 +1,22 @@
 #pragma once
 
-#include "MenuItem.h"
-
-#include <functional>
-#include <vector>
+class QMenu;
 
 namespace tintwick {
+
 class KeyboardLayout;
 class KeyRecording;
-} // namespace tintwick
+class ShortcutRegistry;
 
-namespace tintwick::KeyboardShortcuts {
-
-class Registry;
-
-/// What every recorder of the program works with; all of it must outlive the recorders.
+/// What every shortcut recorder works with. All of it must outlive the recorders.
 struct RecorderServices
 {
-    Registry& registry;
-    KeyRecording& keys;
+    ShortcutRegistry& shortcuts;
+    /// Null when the desktop does not let a program take the keyboard.
+    KeyRecording* keys;
     const KeyboardLayout& layout;
-    /// The program's menu as it is now; its keys cannot be recorded.
-    std::function<std::vector<MenuItem>()> mainMenu;
+    /// The program's menu; its shortcuts cannot be recorded.
+    const QMenu& menu;
 };
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

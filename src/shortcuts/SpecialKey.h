@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <Qt>
 
 #include <cstdint>
 #include <optional>
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
-/// Keys that are shown by a symbol instead of the character they type.
+/// Keys that are shown as a symbol or a word instead of the character they type.
 enum class SpecialKey : std::uint8_t {
     Return,
     Delete,
@@ -67,11 +68,10 @@ enum class SpecialKey : std::uint8_t {
 /// None when the key is shown by its character. Key codes are those of KeyCode.h.
 [[nodiscard]] std::optional<SpecialKey> specialKeyForKeyCode(int keyCode);
 
-/// What the user sees, for example "⎋" or "F5".
+/// The text that the user sees, for example "⎋" or "F5".
 [[nodiscard]] QString displayText(SpecialKey key);
 
-/// The one character by which a menu item names the key: the control character that the key types, the digit or sign of
-/// a keypad key, otherwise a private-use character that stands for the key (U+F700 and up).
-[[nodiscard]] QChar menuKeyEquivalent(SpecialKey key);
+/// The key of a menu shortcut that this key triggers. A keypad key triggers the shortcut of its digit or sign.
+[[nodiscard]] Qt::Key menuKey(SpecialKey key);
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

@@ -1,5 +1,5 @@
 #include "X11KeyRecording.h"
-#include "X11HotKeyRegistrar.h"
+#include "X11GlobalShortcuts.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"
@@ -18,12 +18,12 @@ namespace tintwick::test {
 
 namespace {
 
-constexpr int command = 0x100, shift = 0x200, option = 0x800, control = 0x1000;
+constexpr int super = 0x100, shift = 0x200, alt = 0x800;
 constexpr int keyC = 8;
 constexpr std::uint16_t mod1 = 0x08, shiftBit = 0x01;
 constexpr auto holdArgument = "hold-the-keyboard";
 
-/// Remembers the keys that come, each as "<key code>+<modifiers>", with "again" for a repetition.
+/// Collects the keys, each as "<key code>+<modifiers>", with "again" for a repetition.
 struct Recorder final : KeyRecording::Listener
 {
     QStringList keys;
@@ -41,21 +41,30 @@ struct Recorder final : KeyRecording::Listener
     void recordingLost() override { isLost = true; }
 };
 
-/// One program that records and has hot keys, as the server sees it.
+/// A client of the server that records keys and has a shortcut.
 struct Program
 {
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
-    X11HotKeyRegistrar registrar{*connection};
+    X11GlobalShortcuts shortcuts{*connection};
     XkbKeymap keymap{*connection};
     X11KeyRecording recording{*connection, keymap};
     Recorder recorder;
     QStringList hotKeys;
+    bool isRefused = false;
 
     Program()
     {
-        registrar.setHotKeyHandler([this](std::uint32_t /*id*/, KeyDirection direction) {
-            hotKeys << QString::fromLatin1(direction == KeyDirection::Press ? "down" : "up");
-        });
+        QObject::connect(&shortcuts, &GlobalShortcuts::activated, &shortcuts,
+                         [this] { hotKeys << QStringLiteral("down"); });
+        QObject::connect(&shortcuts, &GlobalShortcuts::deactivated, &shortcuts,
+                         [this] { hotKeys << QStringLiteral("up"); });
+        QObject::connect(&shortcuts, &GlobalShortcuts::refused, &shortcuts, [this] { isRefused = true; });
+    }
+    [[nodiscard]] bool bind()
+    {
+        isRefused = false;
+        shortcuts.bind(QStringLiteral("1"), QString(), Shortcut{keyC, alt | shift});
+        return !isRefused;
     }
     [[nodiscard]] bool begin() { return recording.begin(recorder) == KeyRecording::Outcome::Started; }
     void end() { recording.end(recorder); }
@@ -63,7 +72,7 @@ struct Program
 
 enum class GrabKind { Core, InputExtension };
 
-/// Another program that holds Alt + Shift + C.
+/// Another client that holds Alt + Shift + C.
 class Holder final
 {
 public:
@@ -86,7 +95,7 @@ public:
         m_connection.sync();
     }
 
-    /// How often it got the key until now.
+    /// The number of presses received until now.
     [[nodiscard]] int presses()
     {
         m_connection.sync();
@@ -102,7 +111,7 @@ private:
     int m_presses = 0;
 };
 
-/// Counts the focus events that the server sends to the toolkit, whether it gets them or not.
+/// Counts the focus events that the server sends to the toolkit.
 class FocusEvents final : public QAbstractNativeEventFilter
 {
 public:
@@ -150,12 +159,12 @@ class X11KeyRecordingTest final : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        // A held key repeats soon and often, so that no test has to wait for it.
+        // Short auto-repeat times, so that no test waits long.
         run("xset",
             {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("100")});
     }
-    // First, because a change of the keymap makes the window manager take its keys anew.
-    void aShortcutOfTheWindowManagerDoesNothingUntilAfterwards()
+    // This test is the first, because the window manager takes its keys again after a change of the keymap.
+    void aShortcutOfTheWindowManagerDoesNothingWhileRecording()
     {
         Program program;
         HandOnKeyboard hand;
@@ -164,7 +173,7 @@ private Q_SLOTS:
             return server.property(server.root(), "_NET_SHOWING_DESKTOP").startsWith('\1');
         };
         // Openbox: Super + D shows the desktop.
-        QTRY_VERIFY(program.registrar.isTaken(2, command));
+        QTRY_VERIFY(program.shortcuts.isTaken({2, super}));
         QVERIFY(program.begin());
         hand.chord({KEY_LEFTMETA, KEY_D});
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("2+256")});
@@ -177,7 +186,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!showsDesktop());
     }
 
-    void aKeyComesByItsPositionWithWhatIsHeld_data()
+    void aKeyIsReportedByPositionWithItsModifiers_data()
     {
         QTest::addColumn<QStringList>("keymap");
         QTest::addColumn<QList<int>>("keys");
@@ -208,7 +217,7 @@ private Q_SLOTS:
             << QStringList{QStringLiteral("us"), QStringLiteral("-option"), QStringLiteral("ctrl:nocaps")}
             << QList<int>{KEY_CAPSLOCK, KEY_C} << "8+4096";
     }
-    void aKeyComesByItsPositionWithWhatIsHeld()
+    void aKeyIsReportedByPositionWithItsModifiers()
     {
         QFETCH(const QStringList, keymap);
         QFETCH(const QList<int>, keys);
@@ -227,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(program.recorder.keys, (QStringList{reported, QStringLiteral("111+0")}));
     }
 
-    void locksDoNotCount()
+    void locksAreIgnored()
     {
         Program program;
         HandOnKeyboard hand;
@@ -243,13 +252,13 @@ private Q_SLOTS:
                      (QStringList{QStringLiteral("8+2048"), QStringLiteral("8+2048")}));
     }
 
-    void whatAnotherProgramHoldsIsHeardAndIsItsOwnAgainAfterwards_data()
+    void aCombinationOfAnotherClientIsRecordedAndGivenBackAfterwards_data()
     {
         QTest::addColumn<GrabKind>("kind");
         QTest::newRow("core") << GrabKind::Core;
         QTest::newRow("input extension") << GrabKind::InputExtension;
     }
-    void whatAnotherProgramHoldsIsHeardAndIsItsOwnAgainAfterwards()
+    void aCombinationOfAnotherClientIsRecordedAndGivenBackAfterwards()
     {
         QFETCH(const GrabKind, kind);
         Holder holder(kind);
@@ -269,7 +278,7 @@ private Q_SLOTS:
         QCOMPARE(program.recorder.keys.size(), 1);
     }
 
-    void theWindowInFrontGetsNothingUntilAfterwards()
+    void theFocusedWindowGetsNoKeyWhileRecording()
     {
         Program program;
         HandOnKeyboard hand;
@@ -287,11 +296,11 @@ private Q_SLOTS:
         QCOMPARE(int(terminal.events().front().detail), KEY_B + 8);
     }
 
-    void ourOwnHotKeysAreSilentMeanwhile()
+    void ourOwnShortcutsAreNotActivatedWhileRecording()
     {
         Program program;
         HandOnKeyboard hand;
-        QVERIFY(program.registrar.registerHotKey(keyC, option | shift, 1).handle);
+        QVERIFY(program.bind());
         QVERIFY(program.begin());
         press(hand, altShiftC);
         release(hand, altShiftC);
@@ -304,13 +313,13 @@ private Q_SLOTS:
         QTRY_COMPARE(program.hotKeys, (QStringList{QStringLiteral("down"), QStringLiteral("up")}));
     }
 
-    void theKeyThatEndsItIsSwallowedToItsEnd_data()
+    void noOtherClientGetsTheReleaseOfTheLastKey_data()
     {
         QTest::addColumn<QList<int>>("releases");
         QTest::newRow("key first") << QList<int>{KEY_C, KEY_LEFTSHIFT, KEY_LEFTALT};
         QTest::newRow("modifiers first") << QList<int>{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
     }
-    void theKeyThatEndsItIsSwallowedToItsEnd()
+    void noOtherClientGetsTheReleaseOfTheLastKey()
     {
         QFETCH(const QList<int>, releases);
         Program program;
@@ -319,9 +328,9 @@ private Q_SLOTS:
         terminal.show();
         terminal.focus();
         QVERIFY(program.begin());
-        // As a recorder does that accepts the combination.
+        // What a recorder does when it accepts the combination.
         program.recorder.onKey = [&program] {
-            QVERIFY(program.registrar.registerHotKey(keyC, option | shift, 1).handle);
+            QVERIFY(program.bind());
             program.end();
         };
         press(hand, altShiftC);
@@ -333,7 +342,7 @@ private Q_SLOTS:
         QCOMPARE(program.hotKeys, QStringList());
     }
 
-    void aHeldKeyRepeatsItselfAndNobodyGetsItsRepetitions()
+    void aHeldKeyRepeatsAndNoOtherClientGetsTheRepetitions()
     {
         Program program;
         HandOnKeyboard hand;
@@ -355,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(program.recorder.keys.size(), heard);
     }
 
-    void itCanBeginAgainWhileAKeyOfTheLastOneIsDown()
+    void aRecordingCanBeginWhileAKeyOfTheLastOneIsDown()
     {
         Program program;
         HandOnKeyboard hand;
@@ -371,7 +380,7 @@ private Q_SLOTS:
         QTRY_VERIFY(hand.connection().inputIsFree());
     }
 
-    void onlyOneListenerIsHeard()
+    void aSecondListenerEndsTheFirstRecording()
     {
         Program program;
         HandOnKeyboard hand;
@@ -388,7 +397,7 @@ private Q_SLOTS:
         QVERIFY(!second.isLost);
     }
 
-    void itIsRefusedWhileAnotherProgramHoldsTheKeyboard()
+    void aRecordingIsRefusedWhileAnotherClientHoldsTheKeyboard()
     {
         Program program;
         HandOnKeyboard hand;
@@ -401,7 +410,7 @@ private Q_SLOTS:
         QVERIFY(!hand.connection().inputIsFree());
     }
 
-    void theKeyboardIsGivenBackWithTheProgram()
+    void theKeyboardIsReleasedWithTheObject()
     {
         HandOnKeyboard hand;
         {
@@ -412,7 +421,7 @@ private Q_SLOTS:
         QTRY_VERIFY(hand.connection().inputIsFree());
     }
 
-    void theKeyboardIsGivenBackWhenTheProcessIsKilled()
+    void theKeyboardIsReleasedWhenTheProcessIsKilled()
     {
         HandOnKeyboard hand;
         QProcess process;
@@ -426,7 +435,7 @@ private Q_SLOTS:
         QTRY_VERIFY(hand.connection().inputIsFree());
     }
 
-    void ourWindowStaysTheActiveOne()
+    void ourWindowStaysActiveWhileRecording()
     {
         Program program;
         HandOnKeyboard hand;
@@ -436,7 +445,7 @@ private Q_SLOTS:
         QVERIFY(program.begin());
         const FocusEvents focus;
         QTRY_VERIFY(focus.out > 0);
-        // The toolkit would wait a moment for another window of its own to get the focus; a held key outlasts that.
+        // The toolkit waits a moment before it deactivates a window; a held key lasts longer than that.
         constexpr int repeats = 50;
         hand.press(KEY_A);
         QTRY_VERIFY(program.recorder.keys.size() > repeats);
@@ -447,7 +456,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::activeWindow(), &window);
     }
 
-    void anotherWindowMayStillTakeTheFocus()
+    void anotherWindowCanTakeTheFocusWhileRecording()
     {
         Program program;
         HandOnKeyboard hand;
@@ -457,7 +466,7 @@ private Q_SLOTS:
         TestWindow terminal(hand.connection(), {});
         terminal.show();
         QVERIFY(program.begin());
-        // The window manager may still be busy giving it to our window.
+        // The window manager may still be giving the focus to our window.
         QTRY_VERIFY((terminal.focus(), QApplication::activeWindow() == nullptr));
     }
 };

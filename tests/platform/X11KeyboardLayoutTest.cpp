@@ -29,7 +29,7 @@ class X11KeyboardLayoutTest final : public QObject
 private Q_SLOTS:
     void cleanup() { setKeymap(layout("us")); }
 
-    void aKeyIsCalledByWhatTheLayoutTypesThere_data()
+    void theCharacterOfAKeyIsThatOfTheLayout_data()
     {
         QTest::addColumn<QStringList>("keymap");
         QTest::addColumn<int>("group");
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QTest::newRow("de: beside the left Shift") << layout("de") << 0 << 10 << "<";
         QTest::newRow("jp: beside the right Shift") << layout("jp") << 0 << 94 << "\\";
     }
-    void aKeyIsCalledByWhatTheLayoutTypesThere()
+    void theCharacterOfAKeyIsThatOfTheLayout()
     {
         QFETCH(const QStringList, keymap);
         QFETCH(const int, group);
@@ -88,14 +88,14 @@ private Q_SLOTS:
         QCOMPARE(keyboard.characterForKey(keyCode).has_value(), !character.isNull());
     }
 
-    void followsTheUserToAnotherLayout()
+    void aNewLayoutIsReportedAndUsed()
     {
         const auto connection = XcbConnection::open();
         QVERIFY(connection);
         XkbKeymap keymap(*connection);
         X11KeyboardLayout keyboard(*connection, keymap);
         int changes = 0;
-        keyboard.setLayoutChangedHandler([&] { ++changes; });
+        QObject::connect(&keyboard, &KeyboardLayout::changed, &keyboard, [&] { ++changes; });
         const auto characterOfQ = [&] { return keyboard.characterForKey(12).value_or(QString()); };
         QCOMPARE(characterOfQ(), QStringLiteral("q"));
 

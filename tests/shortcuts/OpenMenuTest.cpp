@@ -1,7 +1,6 @@
-#include "OpenMenuWatcher.h"
-#include "Registry.h"
-#include "ShortcutNames.h"
-#include "X11HotKeyRegistrar.h"
+#include "Preferences.h"
+#include "ShortcutRegistry.h"
+#include "X11GlobalShortcuts.h"
 #include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
@@ -10,7 +9,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,31 +16,29 @@ namespace tintwick::test {
 
 namespace {
 
-using namespace KeyboardShortcuts;
-
-/// What the program has at run time: one name with actions, on a real keyboard.
+/// The shortcuts of the program on a real keyboard.
 struct Program
 {
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
+    Preferences preferences{folder.filePath(QStringLiteral("settings.conf"))};
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
-    X11HotKeyRegistrar registrar{*connection};
+    X11GlobalShortcuts desktop{*connection};
     XkbKeymap keymap{*connection};
     X11KeyboardLayout layout{*connection, keymap};
-    Registry registry{registrar, layout, settings};
-    OpenMenuWatcher watcher{registry};
+    ShortcutRegistry registry{desktop, layout, preferences};
     QStringList calls;
 
     Program()
     {
-        const auto& name = shortcutnames::activatePicker();
-        registry.declare(name);
-        registry.onKeyDown(name, [this] { calls << QStringLiteral("down"); });
-        registry.onKeyUp(name, [this] { calls << QStringLiteral("up"); });
+        QObject::connect(&registry, &ShortcutRegistry::activated, &registry,
+                         [this] { calls << QStringLiteral("down"); });
+        QObject::connect(&registry, &ShortcutRegistry::deactivated, &registry,
+                         [this] { calls << QStringLiteral("up"); });
+        registry.start();
     }
 };
 
-/// A menu that remembers the keys that reach it.
+/// A menu that collects the keys it gets.
 class Menu final : public QMenu
 {
 public:
@@ -63,7 +59,7 @@ protected:
     }
 };
 
-/// Counts the key presses that the server sends to the toolkit, taken by the program or not.
+/// Counts the key presses that the server sends to the toolkit.
 class ToolkitPresses final : public QAbstractNativeEventFilter
 {
 public:
@@ -99,7 +95,7 @@ class OpenMenuTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void inAnOpenMenuTheShortcutIsHeardOnceAndTheMenuGetsNothingOfIt_data()
+    void inAnOpenMenuTheShortcutIsReportedOnceAndTheMenuGetsNoKey_data()
     {
         QTest::addColumn<QList<int>>("presses");
         QTest::addColumn<QList<int>>("releases");
@@ -112,7 +108,7 @@ private Q_SLOTS:
         QTest::newRow("with Caps Lock on") << keys << keyFirst << KEY_CAPSLOCK;
         QTest::newRow("Shift before Alt") << QList<int>{KEY_LEFTSHIFT, KEY_LEFTALT, KEY_C} << keyFirst << 0;
     }
-    void inAnOpenMenuTheShortcutIsHeardOnceAndTheMenuGetsNothingOfIt()
+    void inAnOpenMenuTheShortcutIsReportedOnceAndTheMenuGetsNoKey()
     {
         QFETCH(const QList<int>, presses);
         QFETCH(const QList<int>, releases);
@@ -142,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(program.calls, once);
     }
 
-    void heldInAnOpenMenuItIsStillHeardOnce()
+    void aShortcutHeldInAnOpenMenuIsReportedOnce()
     {
         QCOMPARE(QProcess::execute(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("rate"),
                                                             QStringLiteral("60"), QStringLiteral("100")}),
@@ -181,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(program.calls, QStringList());
     }
 
-    void afterTheMenuTheShortcutComesFromTheDesktopAgain()
+    void afterTheMenuClosesTheShortcutIsGrabbedAgain()
     {
         Program program;
         HandOnKeyboard hand;
@@ -210,7 +206,7 @@ private Q_SLOTS:
         QTRY_COMPARE(program.calls, once);
     }
 
-    void theMenuOfATextFieldIsAMenuToo()
+    void theShortcutWorksInTheMenuOfATextField()
     {
         Program program;
         HandOnKeyboard hand;

@@ -1,50 +1,45 @@
 #include "RecordedKey.h"
 #include "KeyPress.h"
+#include "Preferences.h"
 #include "RecorderServices.h"
-#include "Registry.h"
-#include "ShortcutNames.h"
-#include "support/ScriptedHotKeyRegistrar.h"
-#include "support/ScriptedKeyRecording.h"
+#include "ShortcutRegistry.h"
+#include "support/ScriptedGlobalShortcuts.h"
 #include "support/ScriptedKeyboardLayout.h"
 
-#include <QSettings>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace tintwick::test {
 
-using namespace KeyboardShortcuts;
-
 namespace {
 
 using Meaning = RecordedKey::Meaning;
 
-constexpr int none = 0, command = 0x100, shift = 0x200, option = 0x800, control = 0x1000, function = 0x20000;
+constexpr int none = 0, super = 0x100, shift = 0x200, alt = 0x800, control = 0x1000, function = 0x20000;
 
-/// A desktop that holds ⌘D and ⌃Q, and a program with a menu of three keys.
+/// A desktop that holds ⌘D and ⌃Q, and a program with a menu of three items.
 struct Program
 {
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
-    ScriptedHotKeyRegistrar registrar;
+    Preferences preferences{folder.filePath(QStringLiteral("settings.conf"))};
+    ScriptedGlobalShortcuts desktop;
     ScriptedKeyboardLayout layout;
-    ScriptedKeyRecording keys;
-    Registry registry{registrar, layout, settings};
-    std::vector<MenuItem> menu{
-        {QStringLiteral("Pick"), {}, 0},
-        {QStringLiteral("Quit"), QStringLiteral("q"), 0x40000},
-        {QStringLiteral("Export"), {}, 0, {{QStringLiteral("As CSS"), QStringLiteral("\uF708"), 0}}}};
+    ShortcutRegistry registry{desktop, layout, preferences};
+    QMenu menu;
 
     Program()
     {
         layout.characters = {{8, QStringLiteral("c")}, {2, QStringLiteral("d")}, {12, QStringLiteral("q")}};
-        registrar.refused = {{{2, command}, HotKeyRegistrar::statusTaken},
-                             {{12, control}, HotKeyRegistrar::statusTaken}};
+        desktop.taken = {{2, super}, {12, control}};
+        menu.addAction(QStringLiteral("Pick"));
+        menu.addAction(QStringLiteral("Quit"))->setShortcut(Qt::CTRL | Qt::Key_Q);
+        menu.addMenu(QStringLiteral("Export"))->addAction(QStringLiteral("As CSS"))->setShortcut(Qt::Key_F5);
     }
 
-    [[nodiscard]] RecordedKey press(int keyCode, int modifiers = none)
+    [[nodiscard]] RecordedKey press(int keyCode, int modifiers = none, bool isRepeat = false)
     {
-        return recordedKey({keyCode, modifiers, false}, {registry, keys, layout, [this] { return menu; }});
+        return recordedKey({keyCode, modifiers, isRepeat, 0}, {registry, nullptr, layout, menu});
     }
 };
 
@@ -55,7 +50,7 @@ class RecordedKeyTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aKeyMeansTheFirstCaseThatHolds_data()
+    void aKeyHasTheFirstMeaningThatApplies_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::addColumn<int>("modifiers");
@@ -67,22 +62,22 @@ private Q_SLOTS:
         row("Tab", 48, none, Meaning::PassOn);
         row("Shift Tab", 48, shift, Meaning::PassOn);
         row("Control Tab", 48, control, Meaning::Accept);
-        row("Option Tab", 48, option, Meaning::Accept);
-        row("Command Tab", 48, command, Meaning::Accept);
+        row("Alt Tab", 48, alt, Meaning::Accept);
+        row("Super Tab", 48, super, Meaning::Accept);
         row("Function Tab", 48, function, Meaning::Refuse);
 
         row("Escape", 53, none, Meaning::End);
         row("Shift Escape", 53, shift, Meaning::End);
         row("Control Escape", 53, control, Meaning::Accept);
-        row("Command Escape", 53, command, Meaning::Accept);
+        row("Super Escape", 53, super, Meaning::Accept);
         row("Function Escape", 53, function, Meaning::Refuse);
 
         row("Backspace", 51, none, Meaning::Clear);
         row("Shift Backspace", 51, shift, Meaning::Clear);
-        row("Option Backspace", 51, option, Meaning::Accept);
+        row("Alt Backspace", 51, alt, Meaning::Accept);
         row("Forward Delete", 117, none, Meaning::Clear);
         row("Shift Forward Delete", 117, shift, Meaning::Clear);
-        row("Command Forward Delete", 117, command, Meaning::Accept);
+        row("Super Forward Delete", 117, super, Meaning::Accept);
         row("Function Forward Delete", 117, function, Meaning::Refuse);
 
         row("C", 8, none, Meaning::Refuse);
@@ -90,13 +85,13 @@ private Q_SLOTS:
         row("Function C", 8, function, Meaning::Refuse);
         row("Shift Function C", 8, shift | function, Meaning::Refuse);
         row("Control C", 8, control, Meaning::Accept);
-        row("Option C", 8, option, Meaning::Accept);
-        row("Command C", 8, command, Meaning::Accept);
-        row("Option Shift C", 8, option | shift, Meaning::Accept);
-        row("all modifiers and C", 8, control | option | shift | command, Meaning::Accept);
+        row("Alt C", 8, alt, Meaning::Accept);
+        row("Super C", 8, super, Meaning::Accept);
+        row("Alt Shift C", 8, alt | shift, Meaning::Accept);
+        row("all modifiers and C", 8, control | alt | shift | super, Meaning::Accept);
         row("1", 18, none, Meaning::Refuse);
         row("Space", 49, none, Meaning::Refuse);
-        row("Command Space", 49, command, Meaning::Accept);
+        row("Super Space", 49, super, Meaning::Accept);
         row("Return", 36, none, Meaning::Refuse);
         row("Control Return", 36, control, Meaning::Accept);
         row("Up", 126, none, Meaning::Refuse);
@@ -109,7 +104,7 @@ private Q_SLOTS:
 
         row("5 on the keypad", 87, none, Meaning::Refuse);
         row("Shift 5 on the keypad", 87, shift, Meaning::Refuse);
-        row("Option 5 on the keypad", 87, option, Meaning::Accept);
+        row("Alt 5 on the keypad", 87, alt, Meaning::Accept);
         row("Enter on the keypad", 76, none, Meaning::Refuse);
         row("Decimal on the keypad", 65, none, Meaning::Refuse);
 
@@ -126,11 +121,11 @@ private Q_SLOTS:
 
         row("Control Q of the menu, held by the desktop too", 12, control, Meaning::UsedByMenuItem);
         row("Control Shift Q", 12, control | shift, Meaning::Accept);
-        row("Command Q", 12, command, Meaning::Accept);
-        row("Command D of the desktop", 2, command, Meaning::UsedBySystem);
-        row("Command Shift D", 2, command | shift, Meaning::Accept);
+        row("Super Q", 12, super, Meaning::Accept);
+        row("Super D of the desktop", 2, super, Meaning::UsedBySystem);
+        row("Super Shift D", 2, super | shift, Meaning::Accept);
     }
-    void aKeyMeansTheFirstCaseThatHolds()
+    void aKeyHasTheFirstMeaningThatApplies()
     {
         QFETCH(const int, keyCode);
         QFETCH(const int, modifiers);
@@ -139,14 +134,14 @@ private Q_SLOTS:
         QCOMPARE(program.press(keyCode, modifiers).meaning, meaning);
     }
 
-    void theFunctionModifierIsNoPartOfTheShortcut()
+    void theFunctionModifierIsNotPartOfTheShortcut()
     {
         Program program;
         QCOMPARE(program.press(97, function | shift).shortcut, (Shortcut{97, shift}));
         QCOMPARE(program.press(8, function | control).shortcut, (Shortcut{8, control}));
     }
 
-    void modifiersThatAreNoneAreNoPartOfTheShortcut()
+    void otherModifierBitsAreNotPartOfTheShortcut()
     {
         Program program;
         constexpr int capsLock = 0x400;
@@ -155,7 +150,7 @@ private Q_SLOTS:
         QCOMPARE(program.press(53, capsLock).meaning, Meaning::End);
     }
 
-    void aMenuItemIsNamed_data()
+    void theTitleOfTheMenuItemIsReturned_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::addColumn<int>("modifiers");
@@ -163,7 +158,7 @@ private Q_SLOTS:
         QTest::newRow("in the menu") << 12 << control << "Quit";
         QTest::newRow("in a submenu") << 96 << none << "As CSS";
     }
-    void aMenuItemIsNamed()
+    void theTitleOfTheMenuItemIsReturned()
     {
         QFETCH(const int, keyCode);
         QFETCH(const int, modifiers);
@@ -173,7 +168,7 @@ private Q_SLOTS:
                  (RecordedKey{Meaning::UsedByMenuItem, {keyCode, modifiers}, title}));
     }
 
-    void aHeldKeyMeansNothing_data()
+    void aRepeatedKeyIsIgnored_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::newRow("Tab") << 48;
@@ -182,27 +177,24 @@ private Q_SLOTS:
         QTest::newRow("C") << 8;
         QTest::newRow("F6") << 97;
     }
-    void aHeldKeyMeansNothing()
+    void aRepeatedKeyIsIgnored()
     {
         QFETCH(const int, keyCode);
         Program program;
-        const RecorderServices services{program.registry, program.keys, program.layout,
-                                        [] { return std::vector<MenuItem>(); }};
-        QCOMPARE(recordedKey({keyCode, none, true}, services), RecordedKey{});
+        QCOMPARE(program.press(keyCode, none, true), RecordedKey{});
     }
 
     void ourOwnShortcutsAreFree()
     {
         Program program;
-        program.registry.declare(shortcutnames::activatePicker());
-        QCOMPARE(program.press(8, option | shift), (RecordedKey{Meaning::Accept, {8, option | shift}}));
+        program.registry.start();
+        QCOMPARE(program.press(8, alt | shift), (RecordedKey{Meaning::Accept, {8, alt | shift}}));
     }
 
-    void theDesktopIsNotAskedAboutKeysThatAreNoShortcut()
+    void refusedKeysDoNotDependOnTheDesktop()
     {
         Program program;
-        program.registrar.refused = {{{8, none}, HotKeyRegistrar::statusTaken},
-                                     {{53, none}, HotKeyRegistrar::statusTaken}};
+        program.desktop.taken = {{8, none}, {53, none}};
         QCOMPARE(program.press(8).meaning, Meaning::Refuse);
         QCOMPARE(program.press(53).meaning, Meaning::End);
     }
@@ -210,5 +202,5 @@ private Q_SLOTS:
 
 } // namespace tintwick::test
 
-QTEST_GUILESS_MAIN(tintwick::test::RecordedKeyTest)
+QTEST_MAIN(tintwick::test::RecordedKeyTest)
 #include "RecordedKeyTest.moc"

@@ -1,26 +1,25 @@
 #include "shots/RecorderShots.h"
 
 #include "Label.h"
-#include "Registry.h"
+#include "Preferences.h"
 #include "SettingsLayout.h"
-#include "ShortcutNames.h"
 #include "ShortcutRecorder.h"
+#include "ShortcutRegistry.h"
 #include "Stack.h"
 #include "Theme.h"
 #include "View.h"
 #include "shots/Shooting.h"
-#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedGlobalShortcuts.h"
 #include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
 
-#include <QSettings>
+#include <QMenu>
 #include <QTemporaryDir>
 
 namespace tintwick {
 
 namespace {
 
-using namespace KeyboardShortcuts;
 using namespace Qt::StringLiterals;
 
 constexpr int keyC = 8, keyD = 2, keyQ = 12;
@@ -32,18 +31,12 @@ public:
     DemoRecorders()
     {
         m_layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
-        m_registrar.refused = {{{keyD, modifier::super}, HotKeyRegistrar::statusTaken}};
-        m_registry.declare(shortcutnames::activatePicker());
-        const auto recorderFor = [this](const Name& name, const QString& title) {
-            return new ShortcutRecorder(
-                {m_registry, m_keys, m_layout,
-                 [] {
-                     return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, eventflag::control}};
-                 }},
-                name, title, *this);
-        };
-        m_recorder = recorderFor(shortcutnames::activatePicker(), u"Activate Picker"_s);
-        m_empty = recorderFor(shortcutnames::openMainWindow(), u"Open Main Window"_s);
+        m_desktop.taken = {{keyD, modifier::super}};
+        m_registry.start();
+        m_menu.addAction(u"Quit Tintwick"_s)->setShortcut(Qt::CTRL | Qt::Key_Q);
+        const RecorderServices services{m_registry, &m_keys, m_layout, m_menu};
+        m_recorder = new ShortcutRecorder(services, ShortcutAction::ActivatePicker, *this);
+        m_empty = new ShortcutRecorder(services, ShortcutAction::OpenMainWindow, *this);
         setContent(column(
             gap(12), padding(16), fixedSize(380, 260), Across::Leading, ground(theme::bg, theme::panelRadius),
             label(u"Keyboard Shortcuts"_s, theme::headline()), settingsRow(u"Activate Picker"_s, m_recorder),
@@ -56,11 +49,12 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
-    test::ScriptedHotKeyRegistrar m_registrar;
+    Preferences m_preferences{m_folder.filePath(u"settings.conf"_s)};
+    test::ScriptedGlobalShortcuts m_desktop;
     test::ScriptedKeyboardLayout m_layout;
     test::ScriptedKeyRecording m_keys;
-    Registry m_registry{m_registrar, m_layout, m_settings};
+    ShortcutRegistry m_registry{m_desktop, m_layout, m_preferences};
+    QMenu m_menu;
     ShortcutRecorder* m_recorder = nullptr;
     ShortcutRecorder* m_empty = nullptr;
 };

@@ -6,12 +6,11 @@
 #include "PanelView.h"
 #include "PopUpPicker.h"
 #include "Preferences.h"
-#include "Registry.h"
 #include "SegmentedPicker.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
-#include "ShortcutNames.h"
 #include "ShortcutRecorder.h"
+#include "ShortcutRegistry.h"
 #include "Theme.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
@@ -19,7 +18,6 @@
 
 #include <QApplication>
 #include <QMenu>
-#include <QSettings>
 
 namespace tintwick {
 
@@ -33,20 +31,18 @@ class DemoSettings final : public QWidget
 public:
     explicit DemoSettings(SettingsTab tab)
         : m_appState([](std::chrono::milliseconds, const std::function<void()>&) {})
-        , m_shortcuts(m_platform.hotKeys, m_platform.layout, m_settings)
+        , m_shortcuts(m_platform.shortcuts, m_platform.layout, m_preferences)
     {
         m_platform.layout.characters[keycode::c] = u"c"_s;
-        m_shortcuts.declare(shortcutnames::activatePicker());
-        m_shortcuts.declare(shortcutnames::openMainWindow());
+        m_shortcuts.start();
         m_appState.clearHistory();
         for (int i = 0; i < 12; ++i) {
             m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
         }
         m_view = new PanelView(m_appState, m_preferences, [this, tab](QWidget& panel) {
-            auto* settings = new SettingsScreen(m_appState, m_preferences,
-                                                {m_shortcuts, m_platform.recording, m_platform.layout,
-                                                 [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
-                                                m_platform.grabber, panel);
+            auto* settings = new SettingsScreen(
+                m_appState, m_preferences, {m_shortcuts, &m_platform.recording, m_platform.layout, m_menu},
+                m_platform.grabber, panel);
             settings->setTab(tab);
             return settings;
         });
@@ -63,8 +59,8 @@ private:
     test::ScriptedPlatform m_platform;
     AppState m_appState;
     Preferences m_preferences;
-    QSettings m_settings;
-    KeyboardShortcuts::Registry m_shortcuts;
+    QMenu m_menu;
+    ShortcutRegistry m_shortcuts;
     PanelView* m_view;
 };
 
@@ -118,7 +114,7 @@ void shootSettings(const QDir& folder)
     });
     shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();
-        view.findChildren<KeyboardShortcuts::ShortcutRecorder*>().first()->startRecording();
+        view.findChildren<ShortcutRecorder*>().first()->startRecording();
     });
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
         view.platform().grabber.settings = QUrl(u"settings:privacy"_s);

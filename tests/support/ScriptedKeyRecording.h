@@ -6,16 +6,16 @@
 
 namespace tintwick::test {
 
-/// A keyboard of a desktop that exists only in the test. A key reaches the listener at once, and nobody while nothing is
-/// recorded.
+/// The keyboard of a desktop that exists only in the test. The listener gets a key at once; without a recording nobody gets
+/// it.
 class ScriptedKeyRecording final : public KeyRecording
 {
 public:
     Outcome outcome = Outcome::Started;
 
     [[nodiscard]] bool isOn() const { return m_listener != nullptr; }
-    void press(int keyCode, int modifiers = 0) { send({keyCode, modifiers, false}); }
-    void repeat(int keyCode, int modifiers = 0) { send({keyCode, modifiers, true}); }
+    void press(int keyCode, int modifiers = 0) { send({keyCode, modifiers, false, 0}); }
+    void repeat(int keyCode, int modifiers = 0) { send({keyCode, modifiers, true, 0}); }
 
     [[nodiscard]] Outcome begin(Listener& listener) override
     {

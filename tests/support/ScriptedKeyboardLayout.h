@@ -6,11 +6,11 @@
 
 namespace tintwick::test {
 
-/// A keyboard that types what the test says.
+/// A keyboard layout that the test defines. Emit changed() after a change.
 class ScriptedKeyboardLayout final : public KeyboardLayout
 {
 public:
-    /// By key code; a key that is not here types nothing.
+    /// By key code; a key that is not listed types nothing.
     std::map<int, QString> characters;
 
     [[nodiscard]] std::optional<QString> characterForKey(int keyCode) const override
@@ -18,18 +18,6 @@ public:
         const auto found = characters.find(keyCode);
         return found != characters.end() ? std::optional(found->second) : std::nullopt;
     }
-
-    void setLayoutChangedHandler(LayoutChanged handler) override { m_layoutChanged = std::move(handler); }
-
-    void reportChange() const
-    {
-        if (m_layoutChanged) {
-            m_layoutChanged();
-        }
-    }
-
-private:
-    LayoutChanged m_layoutChanged;
 };
 
 } // namespace tintwick::test

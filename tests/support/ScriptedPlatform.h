@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform.h"
-#include "support/ScriptedHotKeyRegistrar.h"
+#include "support/ScriptedGlobalShortcuts.h"
 #include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
 #include "support/ScriptedLoupeSurface.h"
@@ -20,7 +20,7 @@ public:
     ScriptedScreenGrabber grabber{journal};
     ScriptedPickingInput input{journal};
     ScriptedPanelHost panels;
-    ScriptedHotKeyRegistrar hotKeys;
+    ScriptedGlobalShortcuts shortcuts;
     ScriptedKeyboardLayout layout;
     ScriptedKeyRecording recording;
     /// Every frame of every loupe.
@@ -32,9 +32,9 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
     void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
-    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override { return hotKeys; }
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
-    [[nodiscard]] KeyRecording& keyRecording() override { return recording; }
+    [[nodiscard]] KeyRecording* keyRecording() override { return &recording; }
 
 private:
     SurfaceId m_loupes = 0;

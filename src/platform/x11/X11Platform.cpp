@@ -105,9 +105,9 @@ std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
     return std::make_unique<X11LoupeSurface>(*m_connection, x11ScreenGrabber());
 }
 
-HotKeyRegistrar& X11Platform::hotKeyRegistrar()
+GlobalShortcuts& X11Platform::globalShortcuts()
 {
-    return m_hotKeyRegistrar ? *m_hotKeyRegistrar : m_hotKeyRegistrar.emplace(*m_connection);
+    return m_globalShortcuts ? *m_globalShortcuts : m_globalShortcuts.emplace(*m_connection);
 }
 
 KeyboardLayout& X11Platform::keyboardLayout()
@@ -115,9 +115,9 @@ KeyboardLayout& X11Platform::keyboardLayout()
     return m_keyboardLayout ? *m_keyboardLayout : m_keyboardLayout.emplace(*m_connection, m_keymap);
 }
 
-KeyRecording& X11Platform::keyRecording()
+KeyRecording* X11Platform::keyRecording()
 {
-    return m_keyRecording ? *m_keyRecording : m_keyRecording.emplace(*m_connection, m_keymap);
+    return m_keyRecording ? &*m_keyRecording : &m_keyRecording.emplace(*m_connection, m_keymap);
 }
 
 } // namespace tintwick

@@ -2,7 +2,7 @@
 
 #include "Platform.h"
 #include "ToolkitConnection.h"
-#include "X11HotKeyRegistrar.h"
+#include "X11GlobalShortcuts.h"
 #include "X11KeyRecording.h"
 #include "X11KeyboardLayout.h"
 #include "X11PanelHost.h"
@@ -29,9 +29,9 @@ public:
     [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     void prepareClipboard() override { m_toolkitClock.bringUpToDate(); }
-    [[nodiscard]] HotKeyRegistrar& hotKeyRegistrar() override;
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
-    [[nodiscard]] KeyRecording& keyRecording() override;
+    [[nodiscard]] KeyRecording* keyRecording() override;
 
 private:
     [[nodiscard]] X11ScreenGrabber& x11ScreenGrabber();
@@ -43,7 +43,7 @@ private:
     toolkit::Clock m_toolkitClock;
     // Made when first asked for, because they need the application object.
     std::optional<X11ScreenGrabber> m_screenGrabber;
-    std::optional<X11HotKeyRegistrar> m_hotKeyRegistrar;
+    std::optional<X11GlobalShortcuts> m_globalShortcuts;
     std::optional<X11KeyboardLayout> m_keyboardLayout;
     std::optional<X11KeyRecording> m_keyRecording;
 };

@@ -8,7 +8,6 @@
 #include "Preferences.h"
 #include "SegmentedPicker.h"
 #include "SettingsLayout.h"
-#include "ShortcutNames.h"
 #include "ShortcutRecorder.h"
 #include "Theme.h"
 
@@ -39,8 +38,8 @@ std::optional<qsizetype> positionOf(const Value& value, const Values& values)
 } // namespace
 
 GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferences,
-                                       const KeyboardShortcuts::RecorderServices& recording,
-                                       const ScreenGrabber& grabber, QWidget& panel)
+                                       const RecorderServices& recording, const ScreenGrabber& grabber,
+                                       QWidget& panel)
     : m_appState(appState)
     , m_preferences(preferences)
     , m_grabber(grabber)
@@ -49,18 +48,16 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferen
                       screenRecordingSection()));
 }
 
-QWidget* GeneralSettingsTab::shortcutsSection(const KeyboardShortcuts::RecorderServices& recording,
-                                              QWidget& panel)
+QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording, QWidget& panel)
 {
-    const auto recorderRow = [&](const QString& title, const KeyboardShortcuts::Name& name) {
-        auto* recorder = new KeyboardShortcuts::ShortcutRecorder(recording, name, title, panel);
+    const auto recorderRow = [&](ShortcutAction action) {
+        auto* recorder = new ShortcutRecorder(recording, action, panel);
         recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        return settingsRow(title, recorder);
+        return settingsRow(titleOf(action), recorder);
     };
-    return settingsSection(
-        tr("Keyboard Shortcuts"),
-        settingsRows({recorderRow(tr("Activate Picker"), shortcutnames::activatePicker()),
-                      recorderRow(tr("Open Main Window"), shortcutnames::openMainWindow())}));
+    return settingsSection(tr("Keyboard Shortcuts"),
+                           settingsRows({recorderRow(ShortcutAction::ActivatePicker),
+                                         recorderRow(ShortcutAction::OpenMainWindow)}));
 }
 
 QWidget* GeneralSettingsTab::scopeSection()

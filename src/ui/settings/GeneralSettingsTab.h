@@ -2,16 +2,13 @@
 
 #include "View.h"
 
-namespace tintwick::KeyboardShortcuts {
-struct RecorderServices;
-}
-
 namespace tintwick {
 
 class AppState;
 class PopUpPicker;
 class Preferences;
 class ScreenGrabber;
+struct RecorderServices;
 
 /// The shortcuts, the loupe, the format of copies and the permission to read the screen. A change is stored at once and
 /// holds from the next pick on.
@@ -21,13 +18,11 @@ class GeneralSettingsTab final : public View
 
 public:
     /// Alerts come up over `panel`. All must outlive the view.
-    GeneralSettingsTab(AppState& appState, Preferences& preferences,
-                       const KeyboardShortcuts::RecorderServices& recording, const ScreenGrabber& grabber,
-                       QWidget& panel);
+    GeneralSettingsTab(AppState& appState, Preferences& preferences, const RecorderServices& recording,
+                       const ScreenGrabber& grabber, QWidget& panel);
 
 private:
-    [[nodiscard]] static QWidget* shortcutsSection(const KeyboardShortcuts::RecorderServices& recording,
-                                                   QWidget& panel);
+    [[nodiscard]] static QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
     [[nodiscard]] QWidget* scopeSection();
     [[nodiscard]] QWidget* copyFormatSection();
     [[nodiscard]] QWidget* screenRecordingSection();

@@ -7,7 +7,6 @@
 #include "Stack.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tintwick {
 
@@ -32,11 +31,11 @@ public:
 };
 
 SettingsScreen::SettingsScreen(AppState& appState, Preferences& preferences,
-                               KeyboardShortcuts::RecorderServices recording, const ScreenGrabber& grabber,
+                               const RecorderServices& recording, const ScreenGrabber& grabber,
                                QWidget& panel)
     : m_appState(appState)
     , m_preferences(preferences)
-    , m_recording(std::move(recording))
+    , m_recording(recording)
     , m_grabber(grabber)
     , m_panel(panel)
     , m_tabPicker(new SegmentedPicker(tr("Tab"), titles(), 0))

@@ -18,9 +18,8 @@ class SettingsScreen final : public View
 
 public:
     /// Alerts come up over `panel`, which contains the view. All must outlive the view.
-    SettingsScreen(AppState& appState, Preferences& preferences,
-                   KeyboardShortcuts::RecorderServices recording, const ScreenGrabber& grabber,
-                   QWidget& panel);
+    SettingsScreen(AppState& appState, Preferences& preferences, const RecorderServices& recording,
+                   const ScreenGrabber& grabber, QWidget& panel);
 
     [[nodiscard]] SettingsTab tab() const { return m_tab; }
     void setTab(SettingsTab tab);
@@ -35,7 +34,7 @@ private:
 
     AppState& m_appState;
     Preferences& m_preferences;
-    KeyboardShortcuts::RecorderServices m_recording;
+    RecorderServices m_recording;
     const ScreenGrabber& m_grabber;
     QWidget& m_panel;
     SettingsTab m_tab = SettingsTab::General;

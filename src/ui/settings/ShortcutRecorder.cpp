@@ -4,13 +4,11 @@
 #include "Appearance.h"
 #include "Button.h"
 #include "FocusRing.h"
-#include "LocalizedString.h"
 #include "Overlay.h"
 #include "Paint.h"
-#include "Presentation.h"
 #include "RecordedKey.h"
-#include "Registry.h"
 #include "ShortcutRecorderAccessibility.h"
+#include "ShortcutRegistry.h"
 #include "ShortcutText.h"
 #include "Stack.h"
 #include "SymbolView.h"
@@ -25,9 +23,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
 namespace {
 
@@ -40,11 +37,21 @@ constexpr double recordingTint = 0.2;
 constexpr double recordingRing = 2;
 constexpr int clearButtonSide = 14;
 constexpr int clearButtonMargin = (fieldHeight - clearButtonSide) / 2;
-/// On both sides of the text, so that it stays in the middle beside the clear button.
+/// On both sides, so that the text is centred beside the clear button.
 constexpr int textMargin = clearButtonSide + 2 * clearButtonMargin;
 constexpr int placeholderMargin = 10;
-/// How far outside of the field a click is still one on the field.
+/// A click this far outside still counts as on the field.
 constexpr int clickTolerance = 3;
+
+QString recordShortcut()
+{
+    return ShortcutRecorder::tr("Record Shortcut");
+}
+
+QString pressShortcut()
+{
+    return ShortcutRecorder::tr("Press Shortcut");
+}
 
 QFont fieldFont()
 {
@@ -58,19 +65,17 @@ int widthOf(const QString& text)
 
 } // namespace
 
-ShortcutRecorder::ShortcutRecorder(RecorderServices services, Name name, const QString& title, QWidget& panel,
-                                   OnChange onChange)
-    : m_services(std::move(services))
-    , m_name(std::move(name))
+ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAction action, QWidget& panel)
+    : m_services(services)
+    , m_action(action)
     , m_panel(panel)
-    , m_onChange(std::move(onChange))
 {
     describeRecordersToScreenReaders();
-    setAccessibleName(tr("%1 shortcut").arg(title));
+    setAccessibleName(tr("%1 shortcut").arg(titleOf(action)));
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_clearButton = plainButton(
-        localizedString("clear_shortcut"_L1), [this] { clearButtonPressed(); },
+        tr("Clear Shortcut"), [this] { clearButtonPressed(); },
         row(fixedSize(clearButtonSide, clearButtonSide), centered(),
             ground(theme::textThird, clearButtonSide / 2.0),
             symbol(u"close"_s, 7, SymbolWeight::Semibold, theme::field)),
@@ -79,12 +84,18 @@ ShortcutRecorder::ShortcutRecorder(RecorderServices services, Name name, const Q
     refreshText();
     resize(sizeHint());
 
-    connect(&m_services.registry, &Registry::shortcutByNameDidChange, this, [this](const Name& changed) {
-        if (changed == m_name) {
+    if (!canRecord()) {
+        setToolTip(opensDesktopDialog() ? tr("The desktop's settings choose this shortcut.")
+                                        : tr("This desktop does not let Tintwick record shortcuts."));
+    }
+
+    connect(&m_services.shortcuts, &ShortcutRegistry::shortcutChanged, this, [this](ShortcutAction changed) {
+        if (changed == m_action) {
             refreshText();
         }
     });
-    connect(&m_services.registry, &Registry::keyboardLayoutDidChange, this, &ShortcutRecorder::refreshText);
+    connect(&m_services.shortcuts, &ShortcutRegistry::keyboardLayoutChanged, this,
+            &ShortcutRecorder::refreshText);
 }
 
 ShortcutRecorder::~ShortcutRecorder()
@@ -94,16 +105,31 @@ ShortcutRecorder::~ShortcutRecorder()
 
 QString ShortcutRecorder::placeholder() const
 {
-    return localizedString(isRecording() ? "press_shortcut"_L1 : "record_shortcut"_L1);
+    if (canRecord()) {
+        return isRecording() ? pressShortcut() : recordShortcut();
+    }
+    return opensDesktopDialog() ? tr("Set in Desktop") : tr("Not Available");
+}
+
+bool ShortcutRecorder::canRecord() const
+{
+    return m_services.keys && m_services.shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::Program;
+}
+
+bool ShortcutRecorder::opensDesktopDialog() const
+{
+    return m_services.shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::DesktopDialog;
 }
 
 QSize ShortcutRecorder::sizeHint() const
 {
-    const int width = m_text.isEmpty() ? std::max(widthOf(localizedString("record_shortcut"_L1)),
-                                                  widthOf(localizedString("press_shortcut"_L1))) +
-                                             2 * placeholderMargin
-                                       : widthOf(m_text) + 2 * textMargin;
-    return {std::max(minimumWidth, width), fieldHeight};
+    if (!m_text.isEmpty()) {
+        return {std::max(minimumWidth, widthOf(m_text) + 2 * textMargin), fieldHeight};
+    }
+    // The field keeps its width when recording begins.
+    const int width =
+        canRecord() ? std::max(widthOf(recordShortcut()), widthOf(pressShortcut())) : widthOf(placeholder());
+    return {std::max(minimumWidth, width + 2 * placeholderMargin), fieldHeight};
 }
 
 void ShortcutRecorder::startRecording()
@@ -113,13 +139,21 @@ void ShortcutRecorder::startRecording()
 
 void ShortcutRecorder::start(Qt::FocusReason reason)
 {
-    // A screen reader reaches it below a sheet too, where another recorder waits for an answer.
+    // A screen reader can press the field below an alert, which may belong to another recorder.
     if (m_state != State::Idle || !isVisible() || Overlay::of(m_panel)) {
+        return;
+    }
+    if (opensDesktopDialog()) {
+        m_services.shortcuts.configure();
+        return;
+    }
+    if (!canRecord()) {
+        QApplication::beep();
         return;
     }
     const bool hadFocus = hasFocus();
     setFocus(reason);
-    if (m_services.keys.begin(*this) == KeyRecording::Outcome::Refused) {
+    if (m_services.keys->begin(*this) == KeyRecording::Outcome::Refused) {
         QApplication::beep();
         if (!hadFocus) {
             clearFocus();
@@ -128,7 +162,7 @@ void ShortcutRecorder::start(Qt::FocusReason reason)
     }
     m_keepsFocus = hadFocus;
     setState(State::Recording);
-    m_services.registry.setRecorderActive(true);
+    m_services.shortcuts.setPaused(true);
     qApp->installEventFilter(this);
 }
 
@@ -139,11 +173,11 @@ void ShortcutRecorder::endRecording()
     }
     setState(State::Idle);
     qApp->removeEventFilter(this);
-    m_services.keys.end(*this);
+    m_services.keys->end(*this);
     if (m_alert) {
         m_alert->dismiss();
     }
-    m_services.registry.setRecorderActive(false);
+    m_services.shortcuts.setPaused(false);
     if (!m_keepsFocus) {
         clearFocus();
     }
@@ -181,14 +215,12 @@ void ShortcutRecorder::keyPressed(const KeyPress& press)
         QApplication::beep();
         break;
     case RecordedKey::Meaning::UsedByMenuItem:
-        ask(localizedString("keyboard_shortcut_used_by_menu_item"_L1).arg(key.menuItemTitle), {},
-            {localizedString("ok"_L1)}, {});
+        ask(tr("This shortcut belongs to the menu item “%1”.").arg(key.menuItemTitle), {}, {tr("OK")}, {});
         break;
     case RecordedKey::Meaning::UsedBySystem:
-        ask(localizedString("keyboard_shortcut_used_by_system"_L1),
-            localizedString("keyboard_shortcuts_can_be_changed"_L1),
-            {localizedString("ok"_L1), localizedString("force_use_shortcut"_L1)},
-            [this, shortcut = key.shortcut] { accept(shortcut); });
+        ask(tr("The desktop or another program uses this shortcut."),
+            tr("Most shortcuts of the desktop can be changed in its keyboard settings."),
+            {tr("OK"), tr("Use Anyway")}, [this, shortcut = key.shortcut] { accept(shortcut); });
         break;
     case RecordedKey::Meaning::Accept:
         accept(key.shortcut);
@@ -196,12 +228,12 @@ void ShortcutRecorder::keyPressed(const KeyPress& press)
     }
 }
 
-// The alert is answered by keys too.
+// The user can answer the alert with keys, so the recording ends.
 void ShortcutRecorder::ask(const QString& message, const QString& informativeText, const QStringList& buttons,
                            const std::function<void()>& onSecondButton)
 {
     setState(State::Asking);
-    m_services.keys.end(*this);
+    m_services.keys->end(*this);
     m_alert = showAlert(m_panel, {message, informativeText, buttons},
                         [recorder = QPointer(this), onSecondButton](int button) {
                             if (!recorder || recorder->m_state != State::Asking) {
@@ -218,7 +250,7 @@ void ShortcutRecorder::ask(const QString& message, const QString& informativeTex
 void ShortcutRecorder::goOnRecording()
 {
     m_alert = nullptr;
-    if (m_services.keys.begin(*this) == KeyRecording::Outcome::Refused) {
+    if (m_services.keys->begin(*this) == KeyRecording::Outcome::Refused) {
         QApplication::beep();
         endRecording();
         return;
@@ -228,24 +260,18 @@ void ShortcutRecorder::goOnRecording()
 
 void ShortcutRecorder::accept(const Shortcut& shortcut)
 {
-    m_services.registry.setShortcut(shortcut, m_name);
-    if (m_onChange) {
-        m_onChange(shortcut);
-    }
+    m_services.shortcuts.setShortcut(m_action, shortcut);
     endRecording();
 }
 
 void ShortcutRecorder::clear()
 {
-    m_services.registry.setShortcut(std::nullopt, m_name);
-    if (m_onChange) {
-        m_onChange(std::nullopt);
-    }
+    m_services.shortcuts.setShortcut(m_action, std::nullopt);
 }
 
 void ShortcutRecorder::clearButtonPressed()
 {
-    // The button is about to disappear; who reached it by keys finds himself in the field that it belongs to.
+    // The button disappears. When it has the focus, the focus moves to the field.
     if (m_clearButton->hasFocus()) {
         setFocus(Qt::TabFocusReason);
     } else {
@@ -258,9 +284,8 @@ void ShortcutRecorder::clearButtonPressed()
 
 void ShortcutRecorder::refreshText()
 {
-    const auto shortcut = m_services.registry.getShortcut(m_name);
-    const QString text = shortcut ? presentableDescription(*shortcut, m_services.layout) : QString();
-    m_clearButton->setVisible(!text.isEmpty());
+    const QString text = m_services.shortcuts.text(m_action);
+    m_clearButton->setVisible(!text.isEmpty() && canRecord());
     if (m_text == text) {
         return;
     }
@@ -295,7 +320,7 @@ bool ShortcutRecorder::eventFilter(QObject* watched, QEvent* event)
 bool ShortcutRecorder::isOnField(const QWidget& clicked, const QMouseEvent& event) const
 {
     const QRect field = rect().adjusted(-clickTolerance, -clickTolerance, clickTolerance, clickTolerance);
-    // By the place in the window: where the window is on the screen the toolkit may not have heard yet.
+    // Positions in the window, because the toolkit may not know yet where the window manager placed it.
     return clicked.window() == window() && field.contains(mapFrom(window(), event.scenePosition().toPoint()));
 }
 
@@ -367,10 +392,10 @@ void ShortcutRecorder::paintEvent(QPaintEvent*)
             drawFocusRing(painter, rect(), cornerRadius, scheme);
         }
     }
-    // While a new one is awaited, the shortcut steps back.
+    // While recording, the old shortcut is drawn in the secondary colour.
     const bool isCurrent = !m_text.isEmpty() && !isRecording();
     painter.setPen((isCurrent ? theme::textPrimary : theme::textSecond).in(scheme));
     drawShortcut(painter, rect(), m_text.isEmpty() ? placeholder() : m_text, fieldFont());
 }
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

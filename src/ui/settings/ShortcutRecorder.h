@@ -1,47 +1,42 @@
 #pragma once
 
 #include "KeyRecording.h"
-#include "Name.h"
 #include "RecorderServices.h"
+#include "ShortcutAction.h"
 
 #include <QPointer>
 #include <QWidget>
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 
 namespace tintwick {
-class PlainButton;
+
 class Overlay;
-} // namespace tintwick
+class PlainButton;
 
-namespace tintwick::KeyboardShortcuts {
-
-/// The field in which the user sets or clears the shortcut of one name. It shows the shortcut; clicked, or reached by
-/// Tab and pressed, it takes the whole keyboard and records the next combination. What it records is stored at once.
+/// The field in which the user sets or removes the shortcut of one action. It shows the shortcut. After a click, or Return
+/// or Space, it records the next combination and stores it at once. Where the desktop chooses the keys, a click opens the
+/// desktop's dialog. Where neither is possible, the field shows the shortcut and cannot be changed.
 class ShortcutRecorder final : public QWidget, private KeyRecording::Listener
 {
     Q_OBJECT
 
 public:
-    using OnChange = std::function<void(const std::optional<Shortcut>&)>;
-
     static constexpr int minimumWidth = 130;
 
-    /// `title` is what the shortcut does, for screen readers: "Activate Picker". Alerts come up as sheets over `panel`.
-    /// `onChange` is called after the user changed the shortcut; none when it was removed.
-    ShortcutRecorder(RecorderServices services, Name name, const QString& title, QWidget& panel,
-                     OnChange onChange = {});
+    /// Alerts are shown over `panel`, which must outlive the recorder.
+    ShortcutRecorder(const RecorderServices& services, ShortcutAction action, QWidget& panel);
     ~ShortcutRecorder() override;
 
-    /// What it shows: the shortcut, or nothing when the name has none.
+    /// What the field shows; empty when the action has no shortcut.
     [[nodiscard]] QString text() const { return m_text; }
-    /// What it shows instead where there is no text, and tells screen readers besides.
+    /// What the field shows when there is no text. Screen readers read it as the description of the field.
     [[nodiscard]] QString placeholder() const;
     [[nodiscard]] bool isRecording() const { return m_state != State::Idle; }
 
-    /// As a click on the field. Does nothing while it is not shown or lies below a sheet, and sounds the alert when the keyboard cannot be had.
+    /// Does what a click on the field does. Does nothing while the field is hidden or below an alert; beeps when the
+    /// keyboard cannot be taken.
     void startRecording();
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -62,7 +57,7 @@ private:
     enum class State : std::uint8_t {
         Idle,
         Recording,
-        /// Recording, but the keyboard is the alert's for the time being.
+        /// An alert asks about the recorded key; it has the keyboard.
         Asking,
     };
 
@@ -79,19 +74,20 @@ private:
     void clear();
     void clearButtonPressed();
     void refreshText();
+    [[nodiscard]] bool canRecord() const;
+    [[nodiscard]] bool opensDesktopDialog() const;
     [[nodiscard]] bool isOnField(const QWidget& clicked, const QMouseEvent& event) const;
 
     RecorderServices m_services;
-    Name m_name;
+    ShortcutAction m_action;
     QWidget& m_panel;
-    OnChange m_onChange;
     QString m_text;
     State m_state = State::Idle;
-    /// Whether the focus was here before recording began, so that it stays when recording ends.
+    /// True when the field had the focus before recording began; then it keeps the focus afterwards.
     bool m_keepsFocus = false;
     bool m_showsFocusRing = false;
     QPointer<Overlay> m_alert;
     PlainButton* m_clearButton = nullptr;
 };
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

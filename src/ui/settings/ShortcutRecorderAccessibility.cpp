@@ -5,7 +5,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
 namespace {
 
@@ -63,4 +63,4 @@ void describeRecordersToScreenReaders()
     }();
 }
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
 namespace {
 
@@ -21,7 +21,7 @@ constexpr double frameGap = 2;
 
 struct Parts
 {
-    /// Before the key in the frame; all of the text where there is none.
+    /// The text before the framed key; the whole text when no key is framed.
     QString plain;
     QString framed;
     bool isRound = false;
@@ -80,4 +80,4 @@ void drawShortcut(QPainter& painter, const QRectF& place, const QString& text, c
     painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

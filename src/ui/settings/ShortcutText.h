@@ -6,14 +6,14 @@
 class QPainter;
 class QRectF;
 
-namespace tintwick::KeyboardShortcuts {
+namespace tintwick {
 
-// The text of a shortcut as it is drawn. A key of the keypad stands in a frame, which the text says with a combining mark
-// that fonts put beside the key, or do not have.
+// Draws the description of a shortcut. In the text a combining mark encloses a keypad key; most fonts cannot draw it, so
+// the key is drawn in a frame instead.
 
-/// In points.
+/// The width that drawShortcut() needs, in points.
 [[nodiscard]] double widthOfShortcut(const QString& text, const QFont& font);
-/// In the middle of `place`, in the painter's pen.
+/// Draws the text in the centre of `place`, with the painter's pen.
 void drawShortcut(QPainter& painter, const QRectF& place, const QString& text, const QFont& font);
 
-} // namespace tintwick::KeyboardShortcuts
+} // namespace tintwick

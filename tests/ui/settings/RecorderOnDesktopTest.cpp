@@ -1,16 +1,16 @@
 #include "Overlay.h"
-#include "Registry.h"
-#include "ShortcutNames.h"
+#include "Preferences.h"
 #include "ShortcutRecorder.h"
-#include "X11HotKeyRegistrar.h"
+#include "ShortcutRegistry.h"
+#include "X11GlobalShortcuts.h"
 #include "X11KeyRecording.h"
 #include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"
 
+#include <QMenu>
 #include <QProcess>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -23,12 +23,11 @@
 
 namespace tintwick::test {
 
-using namespace KeyboardShortcuts;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int command = 0x100, shift = 0x200, option = 0x800;
+constexpr int super = 0x100, shift = 0x200, alt = 0x800;
 constexpr int keyB = 11, keyC = 8, keyD = 2;
 constexpr std::uint8_t keycodeOffset = 8;
 
@@ -69,13 +68,14 @@ struct Scene
     static constexpr QPoint onField{120, 52};
 
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(u"settings.ini"_s), QSettings::IniFormat};
+    Preferences preferences{folder.filePath(u"settings.conf"_s)};
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
-    X11HotKeyRegistrar registrar{*connection};
+    X11GlobalShortcuts desktop{*connection};
     XkbKeymap keymap{*connection};
     X11KeyboardLayout layout{*connection, keymap};
     X11KeyRecording keys{*connection, keymap};
-    Registry registry{registrar, layout, settings};
+    ShortcutRegistry registry{desktop, layout, preferences};
+    QMenu menu;
     HandOnKeyboard hand;
     Bell bell;
     int picks = 0;
@@ -85,15 +85,12 @@ struct Scene
 
     Scene()
     {
-        registry.declare(shortcutnames::activatePicker());
-        registry.onKeyUp(shortcutnames::activatePicker(), [this] { ++picks; });
+        QObject::connect(&registry, &ShortcutRegistry::deactivated, &registry, [this] { ++picks; });
+        registry.start();
+        menu.addAction(u"Quit Tintwick"_s)->setShortcut(Qt::CTRL | Qt::Key_Q);
         panel.setFixedSize(380, 580);
         recorder =
-            new ShortcutRecorder({registry, keys, layout,
-                                  [] {
-                                      return std::vector<MenuItem>{{u"Quit Tintwick"_s, u"q"_s, 0x40000}};
-                                  }},
-                                 shortcutnames::activatePicker(), u"Activate Picker"_s, panel);
+            new ShortcutRecorder({registry, &keys, layout, menu}, ShortcutAction::ActivatePicker, panel);
         recorder->setParent(&panel);
         recorder->move(100, 40);
         panel.setFocus();
@@ -136,13 +133,13 @@ struct Scene
 
     [[nodiscard]] std::optional<Shortcut> stored() const
     {
-        return registry.getShortcut(shortcutnames::activatePicker());
+        return registry.shortcut(ShortcutAction::ActivatePicker);
     }
     [[nodiscard]] bool keyboardIsFree() { return hand.connection().inputIsFree(); }
     [[nodiscard]] Overlay* alert() const { return Overlay::of(panel); }
 };
 
-const Shortcut optionShiftC{keyC, option | shift};
+const Shortcut altShiftC{keyC, alt | shift};
 
 } // namespace
 
@@ -158,7 +155,7 @@ private Q_SLOTS:
         QVERIFY(scene.startByClick());
         QVERIFY(!scene.keyboardIsFree());
         scene.hand.chord({KEY_LEFTMETA, KEY_B});
-        QTRY_COMPARE(scene.stored(), (Shortcut{keyB, command}));
+        QTRY_COMPARE(scene.stored(), (Shortcut{keyB, super}));
         QCOMPARE(scene.recorder->text(), u"⌘B"_s);
         QVERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
@@ -178,7 +175,7 @@ private Q_SLOTS:
         scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_VERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
-        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.stored(), altShiftC);
         QCOMPARE(scene.picks, 0);
         scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(scene.picks, 1);
@@ -194,7 +191,7 @@ private Q_SLOTS:
         scene.hand.chord({KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(scene.bell.count(), 2);
         QVERIFY(scene.recorder->isRecording());
-        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.stored(), altShiftC);
         scene.hand.tap(KEY_ESC);
         QTRY_VERIFY(!scene.recorder->isRecording());
         QCOMPARE(scene.bell.count(), 2);
@@ -233,7 +230,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.recorder->hasFocus());
         QVERIFY(scene.recorder->isAncestorOf(QApplication::focusWidget()));
-        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.stored(), altShiftC);
     }
 
     void returnStartsItForWhoComesByTab()
@@ -253,7 +250,7 @@ private Q_SLOTS:
     void aShortcutOfTheWindowManagerIsAskedAndForced()
     {
         Scene scene;
-        QTRY_VERIFY(scene.registry.isTakenBySystem({keyD, command}));
+        QTRY_VERIFY(scene.registry.isTaken({keyD, super}));
         QVERIFY(scene.startByClick());
         scene.hand.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(scene.alert());
@@ -264,14 +261,14 @@ private Q_SLOTS:
         QTRY_VERIFY(!scene.alert());
         QVERIFY(scene.recorder->isRecording());
         QVERIFY(!scene.keyboardIsFree());
-        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.stored(), altShiftC);
 
         scene.hand.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(scene.alert());
         QTRY_VERIFY(scene.keyboardIsFree());
         scene.hand.tap(KEY_TAB);
         scene.hand.tap(KEY_SPACE);
-        QTRY_COMPARE(scene.stored(), (Shortcut{keyD, command}));
+        QTRY_COMPARE(scene.stored(), (Shortcut{keyD, super}));
         QVERIFY(!scene.recorder->isRecording());
         QCOMPARE(scene.recorder->text(), u"⌘D"_s);
         QTRY_VERIFY(scene.keyboardIsFree());
@@ -287,7 +284,7 @@ private Q_SLOTS:
         scene.hand.tap(KEY_ESC);
         QTRY_VERIFY(!scene.alert());
         QVERIFY(scene.recorder->isRecording());
-        QCOMPARE(scene.stored(), optionShiftC);
+        QCOMPARE(scene.stored(), altShiftC);
         QVERIFY(scene.panel.isVisible());
     }
 

@@ -4,17 +4,16 @@
 #include "Appearance.h"
 #include "Label.h"
 #include "Preferences.h"
-#include "Registry.h"
 #include "SegmentedPicker.h"
 #include "SettingsScreen.h"
-#include "ShortcutNames.h"
+#include "ShortcutRegistry.h"
 #include "Ticker.h"
 #include "support/ScriptedPlatform.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QSettings>
+#include <QMenu>
 #include <QTest>
 
 #include <memory>
@@ -27,14 +26,12 @@ class SettingsFixture final
 public:
     explicit SettingsFixture(SettingsTab tab = SettingsTab::General)
         : state([](std::chrono::milliseconds, const std::function<void()>&) {})
-        , shortcuts(platform.hotKeys, platform.layout, settings)
+        , shortcuts(platform.shortcuts, platform.layout, preferences)
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         state.setDefaultFormat(ColorFormat::Hex6);
         state.clearHistory();
-        shortcuts.declare(shortcutnames::activatePicker());
-        shortcuts.declare(shortcutnames::openMainWindow());
-        shortcuts.onKeyUp(shortcutnames::activatePicker(), [] {});
+        shortcuts.start();
         panel.setFixedSize(380, 580);
         open();
         view->setTab(tab);
@@ -48,9 +45,7 @@ public:
     void open()
     {
         view = std::make_unique<SettingsScreen>(
-            state, preferences,
-            KeyboardShortcuts::RecorderServices{shortcuts, platform.recording, platform.layout,
-                                                [] { return std::vector<KeyboardShortcuts::MenuItem>(); }},
+            state, preferences, RecorderServices{shortcuts, &platform.recording, platform.layout, menu},
             platform.grabber, panel);
         view->setParent(&panel);
         view->setGeometry(0, 51, 380, 529);
@@ -127,8 +122,8 @@ public:
     ScriptedPlatform platform;
     AppState state;
     Preferences preferences;
-    QSettings settings;
-    KeyboardShortcuts::Registry shortcuts;
+    QMenu menu;
+    ShortcutRegistry shortcuts;
     QWidget panel;
     Appearance appearance{panel};
     std::unique_ptr<SettingsScreen> view;

@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QTest>
 
-using namespace tintwick::KeyboardShortcuts;
+using namespace tintwick;
 using namespace Qt::StringLiterals;
 
 namespace {

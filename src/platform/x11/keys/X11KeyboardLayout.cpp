@@ -52,6 +52,7 @@ X11KeyboardLayout::X11KeyboardLayout(XcbConnection& connection, XkbKeymap& keyma
     , m_keymap(keymap)
     , m_xkbEvent(listenForXkbEvents(connection))
     , m_currentGroup(m_xkbEvent != 0 ? readCurrentGroup(connection) : 0)
+    , m_subscription(connection.subscribe(*this))
 {
 }
 
@@ -70,14 +71,6 @@ std::optional<QString> X11KeyboardLayout::characterForKey(int keyCode) const
         return std::nullopt;
     }
     return QString::fromUcs4(&character, 1);
-}
-
-void X11KeyboardLayout::setLayoutChangedHandler(LayoutChanged handler)
-{
-    if (!m_subscription) {
-        m_subscription = m_connection.subscribe(*this);
-    }
-    m_layoutChanged = std::move(handler);
 }
 
 X11KeyboardLayout::Layout X11KeyboardLayout::asciiCapableLayout() const
@@ -133,9 +126,7 @@ void X11KeyboardLayout::eventsDrained()
 {
     if (std::exchange(m_hasUnreportedChange, false)) {
         m_currentGroup = readCurrentGroup(m_connection);
-        if (const auto handler = m_layoutChanged) {
-            handler();
-        }
+        Q_EMIT changed();
     }
 }
 

@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 
 namespace tintwick {
 
@@ -14,12 +13,11 @@ namespace tintwick {
 class X11KeyboardLayout final : public KeyboardLayout, private XcbConnection::Sink
 {
 public:
-    /// Both must outlive this object. Changes are noticed after setLayoutChangedHandler() was called.
+    /// Both must outlive this object; the application object must exist.
     X11KeyboardLayout(XcbConnection& connection, XkbKeymap& keymap);
-    ~X11KeyboardLayout();
+    ~X11KeyboardLayout() override;
 
     [[nodiscard]] std::optional<QString> characterForKey(int keyCode) const override;
-    void setLayoutChangedHandler(LayoutChanged handler) override;
 
 private:
     struct Layout
@@ -45,8 +43,7 @@ private:
     mutable std::unique_ptr<xkb_keymap, XkbUnref> m_usKeymap;
     std::uint32_t m_currentGroup = 0;
     bool m_hasUnreportedChange = false;
-    LayoutChanged m_layoutChanged;
-    std::optional<XcbConnection::Subscription> m_subscription;
+    XcbConnection::Subscription m_subscription;
 };
 
 } // namespace tintwick

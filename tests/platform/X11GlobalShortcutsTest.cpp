@@ -1,4 +1,4 @@
-#include "X11HotKeyRegistrar.h"
+#include "X11GlobalShortcuts.h"
 #include "support/HandOnKeyboard.h"
 #include "support/PrivateDesktopMain.h"
 
@@ -15,38 +15,45 @@ namespace {
 
 constexpr int keyC = 8;
 constexpr int keyF12 = 111;
-constexpr int optionShift = 0xA00;
+constexpr int altShift = 0xA00;
 constexpr xcb_keycode_t keycodeC = KEY_C + 8;
 constexpr std::uint16_t lock = 0x02, mod1 = 0x08, mod2 = 0x10, mod3 = 0x20, shift = 0x01;
 
-/// One program that takes shortcuts, as the server sees it.
+/// A client of the server that takes shortcuts.
 struct Program
 {
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
-    X11HotKeyRegistrar registrar{*connection};
+    X11GlobalShortcuts shortcuts{*connection};
     /// "<id> down" and "<id> up" in the order reported.
     QStringList reports;
+    std::optional<ShortcutRefusal> refusal;
 
     Program()
     {
-        registrar.setHotKeyHandler([this](std::uint32_t id, KeyDirection direction) {
-            reports << QString::number(id) +
-                           QLatin1StringView(direction == KeyDirection::Press ? " down" : " up");
-        });
+        QObject::connect(&shortcuts, &GlobalShortcuts::activated, &shortcuts,
+                         [this](const QString& id) { reports << id + QStringLiteral(" down"); });
+        QObject::connect(&shortcuts, &GlobalShortcuts::deactivated, &shortcuts,
+                         [this](const QString& id) { reports << id + QStringLiteral(" up"); });
+        QObject::connect(&shortcuts, &GlobalShortcuts::refused, &shortcuts,
+                         [this](const QString&, const ShortcutRefusal& reason) { refusal = reason; });
     }
 
-    [[nodiscard]] int take(int keyCode, int modifiers, std::uint32_t id)
+    /// The code of the refusal, 0 when the combination is bound.
+    [[nodiscard]] int take(int keyCode, int modifiers, int id)
     {
-        return registrar.registerHotKey(keyCode, modifiers, id).status;
+        refusal.reset();
+        shortcuts.bind(QString::number(id), QString(), Shortcut{keyCode, modifiers});
+        return refusal ? refusal->code.toInt() : 0;
     }
-    /// Everything reported until now; F12, which comes last, tells when all has come in. It is id 99.
+    /// Everything reported until now. F12 has the id 99; its release comes last.
     [[nodiscard]] QStringList reportsUntilNow(HandOnKeyboard& hand)
     {
-        const auto f12 = registrar.registerHotKey(keyF12, 0, 99);
+        const int refused = take(keyF12, 0, 99);
+        [&] { QCOMPARE(refused, 0); }();
         hand.tap(KEY_F12);
         const auto end = QStringLiteral("99 up");
         [&] { QTRY_VERIFY(reports.contains(end)); }();
-        registrar.unregisterHotKey(f12.handle.value_or(0));
+        shortcuts.unbind(QStringLiteral("99"));
         auto result = std::exchange(reports, {});
         result.removeAll(QStringLiteral("99 down"));
         result.removeAll(end);
@@ -54,7 +61,7 @@ struct Program
     }
 };
 
-/// Counts what the server sends for a held key.
+/// Counts the presses that the server sends for a held key.
 class RepeatCounter final : public XcbConnection::Sink
 {
 public:
@@ -90,7 +97,7 @@ void setKeymap(const QString& layouts, const QString& variants = {}, const QStri
 
 enum class GrabKind { Core, InputExtension };
 
-/// Another program takes exactly this one combination; false when it is refused.
+/// Another client takes exactly this combination. False when the server refuses it.
 [[nodiscard]] bool grabByOther(DesktopConnection& other, std::uint16_t modifiers,
                                GrabKind kind = GrabKind::Core)
 {
@@ -118,20 +125,20 @@ enum class GrabKind { Core, InputExtension };
 
 } // namespace
 
-class X11HotKeyRegistrarTest final : public QObject
+class X11GlobalShortcutsTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        // A held key repeats soon and often, so that no test has to wait for it.
+        // Short auto-repeat times, so that no test waits long.
         run(QStringLiteral("xset"),
             {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("100")});
     }
     void cleanup() { setKeymap(QStringLiteral("us")); }
 
-    void aPressAndItsReleaseAreReportedOnceWhateverIsLocked_data()
+    void aPressAndItsReleaseAreReportedOnceUnderEveryLock_data()
     {
         QTest::addColumn<QList<int>>("lockKeys");
         QTest::addColumn<int>("locked");
@@ -140,7 +147,7 @@ private Q_SLOTS:
         QTest::newRow("Num Lock") << QList<int>{KEY_NUMLOCK} << int(mod2);
         QTest::newRow("Caps Lock and Num Lock") << QList<int>{KEY_CAPSLOCK, KEY_NUMLOCK} << int(lock | mod2);
     }
-    void aPressAndItsReleaseAreReportedOnceWhateverIsLocked()
+    void aPressAndItsReleaseAreReportedOnceUnderEveryLock()
     {
         QFETCH(const QList<int>, lockKeys);
         QFETCH(const int, locked);
@@ -150,7 +157,7 @@ private Q_SLOTS:
             hand.tap(key);
         }
         QCOMPARE(int(hand.modifiers()), locked);
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QCOMPARE(program.reportsUntilNow(hand),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
@@ -170,7 +177,7 @@ private Q_SLOTS:
         QFETCH(const QList<int>, keys);
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         for (const int key : keys) {
             hand.press(key);
         }
@@ -180,18 +187,18 @@ private Q_SLOTS:
         QCOMPARE(program.reportsUntilNow(hand), QStringList());
     }
 
-    void eachModifierIsTakenByItsKey_data()
+    void eachModifierHasItsKeys_data()
     {
         QTest::addColumn<int>("modifiers");
         QTest::addColumn<int>("key");
         QTest::newRow("Shift") << 0x200 << KEY_RIGHTSHIFT;
         QTest::newRow("Control") << 0x1000 << KEY_LEFTCTRL;
-        QTest::newRow("Option is Alt") << 0x800 << KEY_LEFTALT;
-        QTest::newRow("Option is the right Alt too") << 0x800 << KEY_RIGHTALT;
-        QTest::newRow("Command is Super") << 0x100 << KEY_LEFTMETA;
-        QTest::newRow("Command is the right Super too") << 0x100 << KEY_RIGHTMETA;
+        QTest::newRow("left Alt") << 0x800 << KEY_LEFTALT;
+        QTest::newRow("right Alt") << 0x800 << KEY_RIGHTALT;
+        QTest::newRow("left Super") << 0x100 << KEY_LEFTMETA;
+        QTest::newRow("right Super") << 0x100 << KEY_RIGHTMETA;
     }
-    void eachModifierIsTakenByItsKey()
+    void eachModifierHasItsKeys()
     {
         QFETCH(const int, modifiers);
         QFETCH(const int, key);
@@ -207,7 +214,7 @@ private Q_SLOTS:
     {
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         const RepeatCounter server(*program.connection);
         hand.press(KEY_LEFTALT);
         hand.press(KEY_LEFTSHIFT);
@@ -218,19 +225,19 @@ private Q_SLOTS:
         QTRY_COMPARE(program.reports, (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
-    void theKeysReleaseCountsWhateverTheModifiersDo_data()
+    void theReleaseOfTheKeyIsReportedInEveryOrderOfReleases_data()
     {
         QTest::addColumn<QList<int>>("releases");
         QTest::newRow("key first") << QList<int>{KEY_C, KEY_LEFTSHIFT, KEY_LEFTALT};
         QTest::newRow("modifiers first") << QList<int>{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
         QTest::newRow("key between") << QList<int>{KEY_LEFTALT, KEY_C, KEY_LEFTSHIFT};
     }
-    void theKeysReleaseCountsWhateverTheModifiersDo()
+    void theReleaseOfTheKeyIsReportedInEveryOrderOfReleases()
     {
         QFETCH(const QList<int>, releases);
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         hand.press(KEY_LEFTALT);
         hand.press(KEY_LEFTSHIFT);
         hand.press(KEY_C);
@@ -242,11 +249,11 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
-    void twoQuickPressesAreTwo()
+    void twoQuickPressesAreReportedTwice()
     {
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         hand.press(KEY_LEFTALT);
         hand.press(KEY_LEFTSHIFT);
         hand.tap(KEY_C);
@@ -258,40 +265,40 @@ private Q_SLOTS:
                               QStringLiteral("1 up")}));
     }
 
-    void aSecondShortcutIsHeardWhileTheFirstIsHeld()
+    void aSecondShortcutIsReportedWhileTheFirstIsHeld()
     {
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
-        QCOMPARE(program.take(9, optionShift, 2), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
+        QCOMPARE(program.take(9, altShift, 2), 0);
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C, KEY_V});
         QCOMPARE(program.reportsUntilNow(hand),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("2 down"), QStringLiteral("2 up"),
                               QStringLiteral("1 up")}));
     }
 
-    void oneCombinationUnderTwoIdsIsReportedForBothAndHeldUntilBothAreGone()
+    void oneCombinationWithTwoIdsIsReportedForBothAndGrabbedUntilBothAreUnbound()
     {
         Program program;
         HandOnKeyboard hand;
-        const auto first = program.registrar.registerHotKey(keyC, optionShift, 1);
-        const auto second = program.registrar.registerHotKey(keyC, optionShift, 2);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 2), 0);
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QCOMPARE(program.reportsUntilNow(hand),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("2 down"), QStringLiteral("1 up"),
                               QStringLiteral("2 up")}));
 
-        program.registrar.unregisterHotKey(*first.handle);
+        program.shortcuts.unbind(QStringLiteral("1"));
         QVERIFY(!grabByOther(hand.connection(), mod1 | shift));
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QCOMPARE(program.reportsUntilNow(hand),
                  (QStringList{QStringLiteral("2 down"), QStringLiteral("2 up")}));
 
-        program.registrar.unregisterHotKey(*second.handle);
+        program.shortcuts.unbind(QStringLiteral("2"));
         QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
     }
 
-    void whatAnotherProgramHoldsIsTakenAndNothingOfItIsKept_data()
+    void aCombinationOfAnotherClientIsRefusedAndLeavesNoGrab_data()
     {
         QTest::addColumn<int>("held");
         QTest::addColumn<bool>("throughInputExtension");
@@ -302,7 +309,7 @@ private Q_SLOTS:
         QTest::newRow("through the input extension") << (mod1 | shift) << true;
         QTest::newRow("through the input extension under Caps Lock") << (mod1 | shift | lock) << true;
     }
-    void whatAnotherProgramHoldsIsTakenAndNothingOfItIsKept()
+    void aCombinationOfAnotherClientIsRefusedAndLeavesNoGrab()
     {
         QFETCH(const int, held);
         QFETCH(const bool, throughInputExtension);
@@ -312,40 +319,39 @@ private Q_SLOTS:
             DesktopConnection other(qgetenv("DISPLAY"));
             QVERIFY(grabByOther(other, static_cast<std::uint16_t>(held),
                                 throughInputExtension ? GrabKind::InputExtension : GrabKind::Core));
-            QVERIFY(program.registrar.isTaken(keyC, optionShift));
-            const auto registration = program.registrar.registerHotKey(keyC, optionShift, 1);
-            QCOMPARE(registration.status, -9878);
-            QVERIFY(!registration.handle);
+            QVERIFY(program.shortcuts.isTaken({keyC, altShift}));
+            QCOMPARE(program.take(keyC, altShift, 1), -9878);
+            QCOMPARE(program.refusal->reason, ShortcutRefusal::Reason::Taken);
         }
         for (const unsigned locks : {0U, unsigned{lock}, unsigned{mod2}, unsigned{lock | mod2}}) {
             DesktopConnection fourth(qgetenv("DISPLAY"));
             QTRY_VERIFY(grabByOther(fourth, static_cast<std::uint16_t>(mod1 | shift | locks)));
         }
-        QTRY_VERIFY(!program.registrar.isTaken(keyC, optionShift));
-        QCOMPARE(program.take(keyC, optionShift, 2), 0);
+        QTRY_VERIFY(!program.shortcuts.isTaken({keyC, altShift}));
+        QCOMPARE(program.take(keyC, altShift, 2), 0);
         third.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QCOMPARE(program.reportsUntilNow(third),
                  (QStringList{QStringLiteral("2 down"), QStringLiteral("2 up")}));
     }
 
-    void askingWhetherACombinationIsTakenLeavesItAsItIs()
+    void isTakenDoesNotChangeTheGrabs()
     {
         Program program;
         HandOnKeyboard hand;
-        QVERIFY(!program.registrar.isTaken(keyC, optionShift));
+        QVERIFY(!program.shortcuts.isTaken({keyC, altShift}));
         QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift | lock));
         xcb_ungrab_key(hand.connection().get(), keycodeC, hand.connection().root(), XCB_MOD_MASK_ANY);
         hand.connection().sync();
 
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
-        QVERIFY(!program.registrar.isTaken(keyC, optionShift));
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
+        QVERIFY(!program.shortcuts.isTaken({keyC, altShift}));
         QVERIFY(!grabByOther(hand.connection(), mod1 | shift | lock));
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QCOMPARE(program.reportsUntilNow(hand),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
-    void keysAndModifiersThatTheKeyboardDoesNotHaveAreRefused_data()
+    void missingKeysAndModifiersAreRefused_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::addColumn<int>("modifiers");
@@ -354,32 +360,33 @@ private Q_SLOTS:
         QTest::newRow("a key above all keycodes") << 63 << 0;
         QTest::newRow("the Function modifier") << 8 << 0x20A00;
     }
-    void keysAndModifiersThatTheKeyboardDoesNotHaveAreRefused()
+    void missingKeysAndModifiersAreRefused()
     {
         QFETCH(const int, keyCode);
         QFETCH(const int, modifiers);
         Program program;
         QCOMPARE(program.take(keyCode, modifiers, 1), -50);
-        QVERIFY(!program.registrar.isTaken(keyCode, modifiers));
+        QCOMPARE(program.refusal->reason, ShortcutRefusal::Reason::NoSuchKey);
+        QVERIFY(!program.shortcuts.isTaken({keyCode, modifiers}));
     }
 
-    void twoCopiesOfTheProgramDoNotFight()
+    void theSecondCopyOfTheProgramIsRefused()
     {
         Program second;
         HandOnKeyboard hand;
         {
             Program first;
-            QCOMPARE(first.take(keyC, optionShift, 1), 0);
-            QCOMPARE(second.take(keyC, optionShift, 1), -9878);
+            QCOMPARE(first.take(keyC, altShift, 1), 0);
+            QCOMPARE(second.take(keyC, altShift, 1), -9878);
             hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
             QCOMPARE(first.reportsUntilNow(hand),
                      (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
             QCOMPARE(second.reports, QStringList());
         }
-        QTRY_COMPARE(second.take(keyC, optionShift, 2), 0);
+        QTRY_COMPARE(second.take(keyC, altShift, 2), 0);
     }
 
-    void positionsStayTakenInEveryLayout_data()
+    void aShortcutKeepsItsPositionInEveryLayout_data()
     {
         QTest::addColumn<QString>("layouts");
         QTest::addColumn<QString>("variant");
@@ -397,14 +404,14 @@ private Q_SLOTS:
         QTest::newRow("ru alone") << "ru"
                                   << "" << 0;
     }
-    void positionsStayTakenInEveryLayout()
+    void aShortcutKeepsItsPositionInEveryLayout()
     {
         QFETCH(const QString, layouts);
         QFETCH(const QString, variant);
         QFETCH(const int, group);
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         setKeymap(layouts, variant);
         hand.chooseGroup(static_cast<std::uint8_t>(group));
         hand.tap(KEY_NUMLOCK);
@@ -420,7 +427,7 @@ private Q_SLOTS:
     {
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         setKeymap(QStringLiteral("us"), {}, QStringLiteral("altwin:swap_alt_win"));
         QCOMPARE(program.reportsUntilNow(hand), QStringList());
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
@@ -430,7 +437,7 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
-    void locksAreFollowedToOtherModifiers_data()
+    void locksOnOtherModifiersAreIgnoredToo_data()
     {
         QTest::addColumn<QStringList>("commands");
         QTest::addColumn<int>("lockKey");
@@ -442,13 +449,13 @@ private Q_SLOTS:
             << QStringList{QStringLiteral("clear mod3"), QStringLiteral("add mod3 = Scroll_Lock")}
             << KEY_SCROLLLOCK;
     }
-    void locksAreFollowedToOtherModifiers()
+    void locksOnOtherModifiersAreIgnoredToo()
     {
         QFETCH(const QStringList, commands);
         QFETCH(const int, lockKey);
         Program program;
         HandOnKeyboard hand;
-        QCOMPARE(program.take(keyC, optionShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
         QStringList arguments;
         for (const auto& command : commands) {
             arguments << QStringLiteral("-e") << command;
@@ -461,12 +468,49 @@ private Q_SLOTS:
         QTRY_COMPARE(program.reports, (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
-    void whatIsHeldGoesWithTheProgram()
+    void bindingAnIdAgainReplacesItsKeys()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
+        QCOMPARE(program.take(9, altShift, 1), 0);
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QCOMPARE(program.reportsUntilNow(hand),
+                 (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
+        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+    }
+
+    void aRefusedIdIsNotBoundAnyMore()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        DesktopConnection other(qgetenv("DISPLAY"));
+        QVERIFY(grabByOther(other, mod1 | shift));
+        QCOMPARE(program.take(9, altShift, 1), 0);
+        QCOMPARE(program.take(keyC, altShift, 1), -9878);
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QCOMPARE(program.reportsUntilNow(hand), QStringList());
+    }
+
+    void aSlotMayUnbindItsShortcut()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        QCOMPARE(program.take(keyC, altShift, 1), 0);
+        QObject::connect(&program.shortcuts, &GlobalShortcuts::activated, &program.shortcuts,
+                         [&program](const QString& id) { program.shortcuts.unbind(id); });
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_COMPARE(program.reports, QStringList{QStringLiteral("1 down")});
+        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+    }
+
+    void theGrabsEndWithTheObject()
     {
         HandOnKeyboard hand;
         {
             Program program;
-            QCOMPARE(program.take(keyC, optionShift, 1), 0);
+            QCOMPARE(program.take(keyC, altShift, 1), 0);
             QVERIFY(!grabByOther(hand.connection(), mod1 | shift));
         }
         QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
@@ -477,7 +521,7 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
-    return tintwick::runOnPrivateDesktop<tintwick::test::X11HotKeyRegistrarTest>(argc, argv, {.tray = false});
+    return tintwick::runOnPrivateDesktop<tintwick::test::X11GlobalShortcutsTest>(argc, argv, {.tray = false});
 }
 
-#include "X11HotKeyRegistrarTest.moc"
+#include "X11GlobalShortcutsTest.moc"

@@ -1,13 +1,11 @@
-#include "Presentation.h"
+#include "ShortcutDescription.h"
 #include "support/ScriptedKeyboardLayout.h"
 
 #include <QTest>
 
 namespace tintwick::test {
 
-using namespace KeyboardShortcuts;
-
-class PresentationTest final : public QObject
+class ShortcutDescriptionTest final : public QObject
 {
     Q_OBJECT
 
@@ -40,33 +38,33 @@ private Q_SLOTS:
         QFETCH(const QString, text);
         ScriptedKeyboardLayout layout;
         layout.characters[keyCode] = QStringLiteral("x");
-        QCOMPARE(presentableDescription({keyCode, 0}, layout), text);
-        QCOMPARE(keyToCharacter({keyCode, 0}, layout), std::optional<QString>());
+        QCOMPARE(describe({keyCode, 0}, layout), text);
+        QCOMPARE(characterOf(keyCode, layout), std::optional<QString>());
     }
 
-    void modifiersComeInOneOrderBeforeTheKey_data()
+    void modifiersHaveAFixedOrderBeforeTheKey_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::addColumn<int>("modifiers");
         QTest::addColumn<QString>("text");
         QTest::newRow("C") << 8 << 0 << "C";
-        QTest::newRow("Option Shift C") << 8 << 0xA00 << "⌥⇧C";
-        QTest::newRow("Shift before Command") << 8 << 0x300 << "⇧⌘C";
+        QTest::newRow("Alt Shift C") << 8 << 0xA00 << "⌥⇧C";
+        QTest::newRow("Shift before Super") << 8 << 0x300 << "⇧⌘C";
         QTest::newRow("Function alone") << 96 << 0x20000 << "🌐︎F5";
         QTest::newRow("all five") << 8 << 0x21B00 << "⌃⌥⇧⌘🌐︎C";
         QTest::newRow("bits that are no modifier") << 8 << 0x400 << "C";
     }
-    void modifiersComeInOneOrderBeforeTheKey()
+    void modifiersHaveAFixedOrderBeforeTheKey()
     {
         QFETCH(const int, keyCode);
         QFETCH(const int, modifiers);
         QFETCH(const QString, text);
         ScriptedKeyboardLayout layout;
         layout.characters[8] = QStringLiteral("c");
-        QCOMPARE(presentableDescription({keyCode, modifiers}, layout), text);
+        QCOMPARE(describe({keyCode, modifiers}, layout), text);
     }
 
-    void aKeyIsShownByTheOneCharacterItTypes_data()
+    void aKeyIsShownAsTheOneCharacterItTypes_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("shown");
@@ -88,27 +86,27 @@ private Q_SLOTS:
         QTest::newRow("a letter and a combining mark") << "e\u0301"
                                                        << "\uFFFD" << false;
     }
-    void aKeyIsShownByTheOneCharacterItTypes()
+    void aKeyIsShownAsTheOneCharacterItTypes()
     {
         QFETCH(const QString, typed);
         QFETCH(const QString, shown);
         QFETCH(const bool, isCharacter);
         ScriptedKeyboardLayout layout;
         layout.characters[8] = typed;
-        QCOMPARE(presentableDescription({8, 0}, layout), shown);
-        QCOMPARE(keyToCharacter({8, 0x200}, layout), isCharacter ? std::optional(typed) : std::nullopt);
+        QCOMPARE(describe({8, 0}, layout), shown);
+        QCOMPARE(characterOf(8, layout), isCharacter ? std::optional(typed) : std::nullopt);
     }
 
-    void aKeyThatTheLayoutDoesNotHaveIsShownAsUnknown()
+    void aKeyMissingInTheLayoutIsShownAsUnknown()
     {
         const ScriptedKeyboardLayout layout;
-        QCOMPARE(presentableDescription({8, 0xA00}, layout), QStringLiteral("⌥⇧\uFFFD"));
-        QCOMPARE(presentableDescription({999, 0}, layout), QStringLiteral("\uFFFD"));
-        QCOMPARE(keyToCharacter({8, 0xA00}, layout), std::optional<QString>());
+        QCOMPARE(describe({8, 0xA00}, layout), QStringLiteral("⌥⇧\uFFFD"));
+        QCOMPARE(describe({999, 0}, layout), QStringLiteral("\uFFFD"));
+        QCOMPARE(characterOf(8, layout), std::optional<QString>());
     }
 };
 
 } // namespace tintwick::test
 
-QTEST_APPLESS_MAIN(tintwick::test::PresentationTest)
-#include "PresentationTest.moc"
+QTEST_APPLESS_MAIN(tintwick::test::ShortcutDescriptionTest)
+#include "ShortcutDescriptionTest.moc"

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Shortcut.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace tintwick {
+
+/// Why a shortcut is not bound.
+struct ShortcutRefusal
+{
+    enum class Reason : std::uint8_t {
+        /// The desktop or another program holds the combination.
+        Taken,
+        /// The keyboard does not have the key or one of the modifiers.
+        NoSuchKey,
+        /// The desktop has no global shortcuts.
+        Unsupported,
+    };
+
+    Reason reason = Reason::Unsupported;
+    /// The code of the backend, for the message on standard output.
+    QString code;
+};
+
+/// Shortcuts that work whichever window has the keyboard focus. The program binds each one by a constant id.
+class GlobalShortcuts : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class KeyChoice : std::uint8_t {
+        /// The program chooses the keys: bind() uses the preferred keys or refuses.
+        Program,
+        /// The user chooses the keys in a dialog of the desktop, see configure().
+        DesktopDialog,
+        /// Nobody can choose keys.
+        None,
+    };
+
+    using QObject::QObject;
+
+    /// Binds the shortcut, or binds it to other keys. `description` tells the user what the shortcut does. The answer may
+    /// come during the call or later: refused() when the shortcut is not bound, changed() when the desktop chose the keys.
+    virtual void bind(const QString& id, const QString& description,
+                      const std::optional<Shortcut>& preferred) = 0;
+    /// Does nothing when the id is not bound.
+    virtual void unbind(const QString& id) = 0;
+
+    [[nodiscard]] virtual KeyChoice keyChoice() const = 0;
+    /// Whether the desktop or another program holds the combination now. False for a combination of this program, and
+    /// where the desktop cannot say.
+    [[nodiscard]] virtual bool isTaken(const Shortcut& shortcut) const = 0;
+    /// Opens the desktop's dialog. Does nothing when keyChoice() is not DesktopDialog.
+    virtual void configure() {}
+
+Q_SIGNALS:
+    /// The keys were pressed. A held key is reported once.
+    void activated(const QString& id);
+    /// The key was released.
+    void deactivated(const QString& id);
+    /// The desktop chose the keys; `text` describes them, empty when there are none. Not emitted when the program chooses.
+    void changed(const QString& id, const QString& text);
+    /// The shortcut is not bound, or is no longer bound.
+    void refused(const QString& id, const tintwick::ShortcutRefusal& refusal);
+};
+
+} // namespace tintwick

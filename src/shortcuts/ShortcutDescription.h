@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Shortcut.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace tintwick {
+
+class KeyboardLayout;
+
+/// What the user sees, for example "⌥⇧C". A key that types no character of its own is shown as U+FFFD.
+[[nodiscard]] QString describe(const Shortcut& shortcut, const KeyboardLayout& layout);
+
+/// The one character that a key types without modifiers. None for special keys, for dead keys and for keys that type several
+/// characters. Key codes are those of KeyCode.h.
+[[nodiscard]] std::optional<QString> characterOf(int keyCode, const KeyboardLayout& layout);
+
+} // namespace tintwick

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "GlobalShortcuts.h"
+#include "ShortcutAction.h"
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace tintwick {
+
+class KeyboardLayout;
+class Preferences;
+
+/// The global shortcuts of the program: keeps the combination of each action, stores it in the preferences and binds it on
+/// the desktop.
+///
+/// The stored text of an action is the combination as JSON, or "false" when the user removed a combination whose default
+/// must not come back. Any other text means that the action has no combination.
+class ShortcutRegistry final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All three must outlive this object.
+    ShortcutRegistry(GlobalShortcuts& desktop, const KeyboardLayout& layout, Preferences& preferences,
+                     QObject* parent = nullptr);
+
+    /// Stores the default of each action that has nothing stored, and binds all actions. Call once, after connecting to
+    /// the signals. Prints one line to standard output for each combination that the desktop refuses, now or later.
+    void start();
+
+    [[nodiscard]] std::optional<Shortcut> shortcut(ShortcutAction action) const;
+    /// What the user sees; empty when the action has no combination.
+    [[nodiscard]] QString text(ShortcutAction action) const;
+    /// Stores the combination and binds it, also when it is the same as before. None removes it.
+    void setShortcut(ShortcutAction action, const std::optional<Shortcut>& shortcut);
+
+    [[nodiscard]] GlobalShortcuts::KeyChoice keyChoice() const { return m_desktop.keyChoice(); }
+    /// See GlobalShortcuts::configure().
+    void configure() { m_desktop.configure(); }
+    /// Whether the desktop or another program holds the combination now.
+    [[nodiscard]] bool isTaken(const Shortcut& shortcut) const { return m_desktop.isTaken(shortcut); }
+
+    /// While paused, activated() and deactivated() are not emitted.
+    void setPaused(bool isPaused) { m_isPaused = isPaused; }
+    [[nodiscard]] bool isPaused() const { return m_isPaused; }
+
+Q_SIGNALS:
+    /// The keys were pressed.
+    void activated(tintwick::ShortcutAction action);
+    /// The key was released.
+    void deactivated(tintwick::ShortcutAction action);
+    /// The combination was stored, removed or changed by the desktop.
+    void shortcutChanged(tintwick::ShortcutAction action);
+    /// text() may be different now.
+    void keyboardLayoutChanged();
+
+private:
+    struct Binding
+    {
+        std::optional<Shortcut> shortcut;
+        /// Only when the desktop chooses the keys.
+        QString textOfDesktop;
+        bool isRefused = false;
+    };
+
+    [[nodiscard]] Binding& bindingOf(ShortcutAction action);
+    [[nodiscard]] const Binding& bindingOf(ShortcutAction action) const;
+    [[nodiscard]] std::optional<Shortcut> storedShortcut(ShortcutAction action) const;
+    void bind(ShortcutAction action);
+    void followPreferences(const QString& id);
+    void followDesktop(const QString& id, const QString& text);
+    void printRefusal(const QString& id, const ShortcutRefusal& refusal);
+
+    GlobalShortcuts& m_desktop;
+    const KeyboardLayout& m_layout;
+    Preferences& m_preferences;
+    /// By action.
+    std::array<Binding, allShortcutActions.size()> m_bindings;
+    bool m_isStoring = false;
+    bool m_isPaused = false;
+};
+
+} // namespace tintwick

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "GlobalShortcuts.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace tintwick::test {
+
+/// Global shortcuts of a desktop that exists only in the test: refuses what the test says, records what was asked in order,
+/// and presses keys.
+class ScriptedGlobalShortcuts final : public GlobalShortcuts
+{
+public:
+    /// "bind <id> <key code>+<modifiers>" and "unbind <id>", one line each; only ids that are bound are unbound.
+    QStringList journal;
+    /// Combinations of other programs.
+    std::vector<Shortcut> taken;
+    KeyChoice choice = KeyChoice::Program;
+    int configurations = 0;
+
+    void bind(const QString& id, const QString& /*description*/,
+              const std::optional<Shortcut>& preferred) override
+    {
+        journal << QStringLiteral("bind ") + id +
+                       (preferred ? QStringLiteral(" %1+%2").arg(preferred->keyCode).arg(preferred->modifiers)
+                                  : QString());
+        remove(id);
+        if (choice != KeyChoice::Program) {
+            return;
+        }
+        if (preferred && isTaken(*preferred)) {
+            refuse(id);
+            return;
+        }
+        if (preferred) {
+            m_bound.emplace_back(id, *preferred);
+        }
+    }
+    void unbind(const QString& id) override
+    {
+        if (remove(id)) {
+            journal << QStringLiteral("unbind ") + id;
+        }
+    }
+    [[nodiscard]] KeyChoice keyChoice() const override { return choice; }
+    [[nodiscard]] bool isTaken(const Shortcut& shortcut) const override
+    {
+        return std::ranges::find(taken, shortcut) != taken.end();
+    }
+    void configure() override { ++configurations; }
+
+    /// The desktop withdraws a shortcut, or refuses it late.
+    void refuse(const QString& id)
+    {
+        remove(id);
+        Q_EMIT refused(id, {ShortcutRefusal::Reason::Taken, QStringLiteral("-9878")});
+    }
+
+    void press(const Shortcut& shortcut)
+    {
+        const auto bound = m_bound;
+        for (const auto& [id, keys] : bound) {
+            if (keys == shortcut) {
+                Q_EMIT activated(id);
+            }
+        }
+    }
+    void release(const Shortcut& shortcut)
+    {
+        const auto bound = m_bound;
+        for (const auto& [id, keys] : bound) {
+            if (keys == shortcut) {
+                Q_EMIT deactivated(id);
+            }
+        }
+    }
+    void pressAndRelease(const Shortcut& shortcut)
+    {
+        press(shortcut);
+        release(shortcut);
+    }
+
+private:
+    bool remove(const QString& id)
+    {
+        return std::erase_if(m_bound, [&](const auto& bound) { return bound.first == id; }) > 0;
+    }
+
+    std::vector<std::pair<QString, Shortcut>> m_bound;
+};
+
+} // namespace tintwick::test
