@@ -94,9 +94,11 @@ void PrivateDesktop::showArrowOnRoot()
 void PrivateDesktop::startHelpers()
 {
     if (m_options.sessionBus) {
-        m_programs.push_back(
-            start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                                  QStringLiteral("--print-address=1")}));
+        m_programs.push_back(start(QStringLiteral("dbus-daemon"),
+                                   {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                    QStringLiteral("--print-address=1"),
+                                    // Its default place is /tmp, where a killed bus leaves it.
+                                    QStringLiteral("--address=unix:path=%1/bus").arg(m_folder.path())}));
         const RunningProgram& bus = *m_programs.back();
         require(waitUntil([&] { return bus.standardOutput().endsWith('\n'); }),
                 "dbus-daemon does not come up");

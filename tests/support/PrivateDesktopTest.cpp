@@ -3,10 +3,13 @@
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include <X11/keysym.h>
 
+#include <memory>
 #include <set>
 
 using namespace tintwick;
@@ -29,6 +32,7 @@ private Q_SLOTS:
     void monitorsCanBeLaidOutAndRemoved();
     void everyHelperComesUp();
     void aProgramReportsHowItEnded();
+    void aDesktopRemovesItsFilesWhenItEnds();
 };
 
 void PrivateDesktopTest::noTwoPixelsOfThePictureAreAlike()
@@ -222,6 +226,26 @@ void PrivateDesktopTest::aProgramReportsHowItEnded()
     endless->kill();
     QVERIFY(!endless->isRunning());
     QCOMPARE(endless->waitForEnd(), std::optional<int>(-9));
+}
+
+void PrivateDesktopTest::aDesktopRemovesItsFilesWhenItEnds()
+{
+    const auto busSockets = [] {
+        return QDir(QDir::tempPath()).entryList({QStringLiteral("dbus-*")}, QDir::AllEntries | QDir::System);
+    };
+    const QStringList busSocketsBefore = busSockets();
+    auto desktop = std::make_unique<PrivateDesktop>(PrivateDesktop::Options{.sessionBus = true});
+    const QString number = QString::fromLatin1(desktop->display()).mid(1);
+    const QString socket = QStringLiteral("/tmp/.X11-unix/X%1").arg(number);
+    const QString lock = QStringLiteral("/tmp/.X%1-lock").arg(number);
+    const QString home = desktop->homeFolder();
+    QVERIFY(QFile::exists(socket));
+
+    desktop.reset();
+    QVERIFY(!QFile::exists(socket));
+    QVERIFY(!QFile::exists(lock));
+    QVERIFY(!QFile::exists(home));
+    QCOMPARE(busSockets(), busSocketsBefore);
 }
 
 QTEST_GUILESS_MAIN(PrivateDesktopTest)

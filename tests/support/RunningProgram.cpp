@@ -30,8 +30,8 @@ RunningProgram::RunningProgram(const QString& program, const QStringList& argume
     m_process.setStandardOutputFile(m_outputFile);
     m_process.setStandardErrorFile(m_errorFile);
     m_process.setProcessEnvironment(environment);
-    // Nothing may be left behind when a test crashes or runs out of time.
-    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    // The program also ends when the test crashes or times out.
+    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
     m_process.start(program, arguments);
     if (!m_process.waitForStarted()) {
         throw std::runtime_error("cannot start " + program.toStdString());
@@ -41,6 +41,11 @@ RunningProgram::RunningProgram(const QString& program, const QStringList& argume
 
 RunningProgram::~RunningProgram()
 {
+    constexpr int patienceMs = 2000;
+    if (isRunning()) {
+        m_process.terminate();
+        m_process.waitForFinished(patienceMs);
+    }
     kill();
 }
 

@@ -11,14 +11,14 @@
 
 namespace tintwick {
 
-/// A program that runs as long as this object lives at most; it ends with the test even when the test
-/// crashes.
+/// A child process. It ends with this object at the latest, and also when the test process crashes.
 class RunningProgram final
 {
 public:
-    /// Output goes to files in `folder`. Throws std::runtime_error when the program cannot be started.
+    /// Writes the output to files in `folder`. Throws std::runtime_error when the program cannot be started.
     RunningProgram(const QString& program, const QStringList& arguments,
                    const QProcessEnvironment& environment, const QString& folder);
+    /// Sends SIGTERM, so that an X server can remove its socket and lock file; kills after two seconds.
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
@@ -28,10 +28,10 @@ public:
     [[nodiscard]] QByteArray standardOutput() const;
     [[nodiscard]] QByteArray standardError() const;
 
-    /// The status the program ended with, minus the signal's number when a signal ended it; none when it
-    /// still runs at the deadline.
+    /// The exit status, or the negative signal number when a signal ended the program. None when it still runs at
+    /// the deadline.
     [[nodiscard]] std::optional<int> waitForEnd(std::chrono::milliseconds deadline = std::chrono::seconds(5));
-    /// SIGKILL, and waits until the process is gone.
+    /// Sends SIGKILL and waits for the end of the process.
     void kill();
 
 private:
