@@ -59,7 +59,7 @@ private:
 
 int runBenchmarks(int argc, char** argv)
 {
-    // What stands on the command line comes later and wins.
+    // Arguments of the command line come later and take precedence.
     std::string repetitions = "--benchmark_repetitions=5";
     std::string leastTime = "--benchmark_min_time=0.1";
     std::vector<char*> arguments{argv[0], repetitions.data(), leastTime.data()};

@@ -4,8 +4,8 @@
 
 namespace tintwick {
 
-/// Prints one line of the table that all benchmarks share. `what` names its aim, where there is one, in brackets; `beside`
-/// is the floor or peer that the figure stands beside.
+/// Prints one line of the table of all benchmarks. `what` includes the target, if any, in brackets; `beside`
+/// is the lower bound or the other program to compare with.
 void printRow(const std::string& what, double figure, const std::string& unit,
               const std::string& beside = {});
 

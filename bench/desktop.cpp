@@ -1,5 +1,5 @@
-// What only a whole desktop shows: how soon the user sees something, and what the program costs while it waits. Each
-// figure stands beside a floor or a peer measured in the same minute on the same machine.
+// Measurements on a whole desktop: the time until something is visible, and the cost of the idle program. Each
+// figure is compared with a lower bound or another program, measured in the same run.
 //
 // usage: tintwick_bench_desktop [--idle-seconds N]
 
@@ -72,7 +72,7 @@ QByteArray contents(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// What stands behind `key:` in the file; empty when nothing does.
+/// The text after `key:` in the file; empty when there is none.
 QByteArray valueOf(const QString& path, const QByteArray& key)
 {
     for (const QByteArray& line : contents(path).split('\n')) {
@@ -102,7 +102,7 @@ ThreadFigures ofThreads(qint64 process, const std::function<double(const QString
     return figures;
 }
 
-/// Processor time in ms, at the scheduler's own precision: the ticks of `stat` are far too coarse.
+/// Processor time in ms with the scheduler's precision; the ticks of `stat` are too coarse.
 double processorTime(qint64 process)
 {
     const ThreadFigures times = ofThreads(process, [](const QString& folder) {
@@ -113,7 +113,7 @@ double processorTime(qint64 process)
     return std::accumulate(times.begin(), times.end(), 0.0);
 }
 
-/// How often each thread was woken: every wake-up ends with waiting of its own accord once more.
+/// How often each thread was woken: each wake-up ends with one voluntary context switch.
 ThreadFigures wakeUps(qint64 process)
 {
     return ofThreads(process, [](const QString& folder) {
@@ -127,14 +127,14 @@ double wakeUpsBetween(const ThreadFigures& before, const ThreadFigures& after)
     for (auto thread = after.begin(); thread != after.end(); ++thread) {
         sum += thread.value() - before.value(thread.key());
     }
-    // A thread that has ended was woken to do so.
+    // A thread that ended was woken for that.
     for (auto thread = before.begin(); thread != before.end(); ++thread) {
         sum += after.contains(thread.key()) ? 0 : 1;
     }
     return sum;
 }
 
-/// Returns when the program has finished what it does after its start.
+/// Returns when the program has finished its work after the start.
 void waitForRest(qint64 process)
 {
     constexpr int enough = 2000;
@@ -151,7 +151,7 @@ void waitForRest(qint64 process)
             "the program does not come to rest");
 }
 
-/// Watches an idle process.
+/// Measures an idle process.
 void printWakeUps(const char* what, qint64 process, std::chrono::seconds watched)
 {
     const ThreadFigures before = wakeUps(process);
@@ -176,7 +176,7 @@ bool ownsViewableWindow(PrivateDesktop& desktop, qint64 process, const QByteArra
     });
 }
 
-/// From starting the program to its first window on the screen.
+/// From the start of the program to its first window on the screen.
 double startTime(PrivateDesktop& desktop, const QString& program, const QStringList& arguments)
 {
     std::vector<double> times;
@@ -227,11 +227,11 @@ std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connecti
     return windows;
 }
 
-/// From what `begin` does to the loupe's first frame on the screen; ends the pick.
+/// From the call of `begin` to the loupe's first frame on the screen. Ends the pick.
 double timeToLoupe(PrivateDesktop& desktop, TintwickProcess& program, const std::function<void()>& begin)
 {
     const QRect place = loupePlace(desktop.pointer(), desktop.screen());
-    // The ring is drawn with the first frame; below it was something else.
+    // The first frame draws the ring over another colour.
     const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
     const QRgb before = desktop.pixel(onRing);
     const auto start = Clock::now();
@@ -301,7 +301,7 @@ double processorTimePerMove(PrivateDesktop& desktop, TintwickProcess& program)
     for (int step = 0; step < count; ++step) {
         const QPoint position = onPath(step);
         desktop.movePointer(position);
-        // Each move is waited for, so that none is merged with the next.
+        // Wait for each move, so that none is merged with the next.
         const QRect place = loupePlace(position, desktop.screen());
         require(waitUntil([&] { return program.loupe() == place; }), "the loupe does not follow");
     }
@@ -398,7 +398,7 @@ void measurePanel(PrivateDesktop::Compositor compositor)
     waitForRest(process);
     const QRect icon = program.trayIcon();
     desktop.movePointer(icon.center());
-    // The button that picks, in the upper part of the panel.
+    // The pick button, in the upper part of the panel.
     const QPoint inside(icon.center().x() - 100, icon.bottom() + 90);
     const QRgb without = desktop.pixel(inside);
     std::vector<double> times;
@@ -436,10 +436,10 @@ bool canTypeInto(PrivateDesktop& desktop, const QByteArray& title)
     return reply && desktop.connection().property(reply->focus, "_NET_WM_NAME") == title;
 }
 
-/// One run through the panel's screens: the memory of each stays with the program for the next.
+/// Opens each of the panel's screens once. The memory that a screen allocates is still there for the next.
 void measureScreens()
 {
-    // Inside the panel, from its top left corner.
+    // In pixels from the top left corner of the panel.
     constexpr QPoint pickButton(190, 72);
     constexpr QPoint back(23, 25);
     constexpr QPoint gear(350, 25);

@@ -40,7 +40,7 @@ std::vector<CapturedColor> randomColors()
     return colors;
 }
 
-/// A data folder of its own, on the disk that temporary files go to.
+/// A data folder on the disk of the temporary files.
 class DataFolder final
 {
 public:
@@ -96,8 +96,8 @@ void decode(benchmark::State& state)
 }
 BENCHMARK(decode)->Unit(benchmark::kMicrosecond);
 
-/// The floor of a save: the same bytes written, synchronised, renamed over the old file, and the folder
-/// synchronised.
+/// Lower bound of a save: writes the same bytes, synchronises, renames over the old file, and synchronises the
+/// folder.
 bool writeBare(const QByteArray& folder, const QByteArray& text)
 {
     const QByteArray target = folder + "/data.json";
@@ -119,8 +119,8 @@ double median(std::vector<double> values)
     return values.at(values.size() / 2);
 }
 
-/// 100 colours and 20 collections. The bare write is made in turn with it, since the disk is another from one second to the
-/// next; both as the user waits for them.
+/// 100 colours and 20 collections, alternating with the bare write, since the speed of the disk changes within seconds.
+/// Both are measured in elapsed time.
 void save(benchmark::State& state)
 {
     state.SetLabel("(aim 1.5 times bare)");

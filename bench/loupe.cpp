@@ -1,4 +1,4 @@
-// What one frame of the loupe costs the client, without the grab and the upload.
+// The cost of one frame of the loupe in the client, without the grab and the upload.
 
 #include "RunBenchmarks.h"
 
@@ -39,7 +39,7 @@ void renderFrame(benchmark::State& state)
     view.render(look, scale);
     int frame = 0;
     for ([[maybe_unused]] auto _ : state) {
-        // As over a photograph: with every move another text.
+        // Each move changes the text, as over a photograph.
         ++frame;
         view.setPixels(grid);
         view.setCenterColor(SampledColor{(frame % 251) / 255.0, (frame % 83) / 255.0, 0.5});
@@ -47,7 +47,7 @@ void renderFrame(benchmark::State& state)
     }
 }
 
-/// The first frame of a pick: everything that is kept from then on is made.
+/// The first frame of a pick, which builds all caches.
 void renderFirstFrame(benchmark::State& state)
 {
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
@@ -60,7 +60,7 @@ void renderFirstFrame(benchmark::State& state)
     }
 }
 
-/// A frame after a step of the zoom: the grid's lines are made anew.
+/// A frame after a zoom step, which draws the grid's lines again.
 void renderAfterZoom(benchmark::State& state)
 {
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};

@@ -1,4 +1,4 @@
-// What a frame of the panel's screens costs.
+// The cost of a frame of the panel's screens.
 
 #include "FullPayload.h"
 #include "RunBenchmarks.h"
@@ -37,7 +37,7 @@ namespace {
 
 using namespace tintwick;
 
-/// A screen as it stands in the panel, of a user with many colours.
+/// A screen of the panel for a user with many colours.
 class Panel final : public QWidget
 {
 public:
@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    /// What the state loads, and may save to.
+    /// The data folder of the state.
     class DataFolder final
     {
     public:
@@ -71,7 +71,7 @@ private:
     Appearance m_appearance{*this};
 };
 
-/// A full history, every fifth colour translucent, is turned by one notch of the wheel; all that is in view is drawn anew.
+/// Scrolls a full history, with every fifth colour translucent, by one notch of the wheel and repaints the view.
 void scrolledFrameOfTheHistory(benchmark::State& state)
 {
     state.SetLabel("(aim 4 ms)");
@@ -103,7 +103,7 @@ void drag(QWidget& widget, QEvent::Type type, QPoint position)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// In a palette of 100 a row is carried up and down over its neighbours, which make room and come back.
+/// Drags a row of a palette of 100 up and down over its neighbours, which make room and move back.
 void draggedFrameOfAPalette(benchmark::State& run)
 {
     run.SetLabel("(aim 4 ms)");
@@ -112,7 +112,7 @@ void draggedFrameOfAPalette(benchmark::State& run)
     });
     auto* screen = panel.findChild<CollectionDetailView*>();
     ColorDetailRow* row = screen->rows().at(2);
-    // The row moves; the list, in whose coordinates the pointer goes, does not.
+    // Pointer positions are in coordinates of the list, which does not move with the row.
     QWidget* list = row->parentWidget();
     const auto pointer = [&](int y) { return row->mapFromGlobal(list->mapToGlobal(QPoint(160, y))); };
     constexpr int start = 130;
@@ -143,7 +143,7 @@ void hover(QWidget& widget, QEvent::Type type)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// The pointer comes and goes; every frame of the way there and back is measured.
+/// The pointer enters and leaves; measures each frame of both animations.
 void hoverFrames(benchmark::State& run, QWidget& view)
 {
     bool isOver = false;

@@ -25,10 +25,10 @@ const QString red = u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s;
 const QString green = u"3F2504E0-4F89-41D3-9A0C-0305E82C3302"_s;
 const QString unknown = u"3F2504E0-4F89-41D3-9A0C-0305E82C33FF"_s;
 
-// Inside the panel, from its top left corner.
+// In pixels from the top left corner of the panel.
 namespace place {
 
-/// Where the dashboard alone is blue.
+/// A pixel that is blue on the dashboard and on no other screen.
 constexpr QPoint pickButton(190, 72);
 constexpr QPoint seeAll(340, 147);
 constexpr QPoint firstSwatch(47, 200);
@@ -72,7 +72,7 @@ QStringList keptIds(const TintwickProcess& program)
     return result;
 }
 
-/// Another program beside ours: a text that can be dragged, and a field below it that takes texts.
+/// Another program: a text that can be dragged, and below it a field that accepts texts.
 class OtherProgram final
 {
 public:
@@ -100,7 +100,7 @@ public:
     [[nodiscard]] QPoint text() const { return m_place.center() - QPoint(0, m_place.height() / 4); }
     [[nodiscard]] QPoint field() const { return m_place.center() + QPoint(0, m_place.height() / 4); }
 
-    /// What it said, line by line.
+    /// The lines that it printed.
     [[nodiscard]] QByteArrayList said() const { return m_process->standardOutput().trimmed().split('\n'); }
     [[nodiscard]] bool waitUntilItSays(const QByteArray& line) const
     {
@@ -160,7 +160,7 @@ public:
         return waitUntil([this] { return desktop.pixel(at(place::firstTile)) == qRgb(255, 0, 0); });
     }
 
-    /// Presses, and moves until what lies there is being dragged.
+    /// Presses the button there, and moves the pointer until a drag starts.
     [[nodiscard]] bool beginDrag(QPoint from)
     {
         desktop.movePointer(from);
@@ -168,7 +168,7 @@ public:
         return moveUntil(from + QPoint(0, 20),
                          [this] { return desktop.connection().selectionOwner("XdndSelection") != XCB_NONE; });
     }
-    /// Drags on to a place, and moves about there until something comes of it.
+    /// Drags to a place, and moves the pointer there until the condition holds.
     [[nodiscard]] bool moveUntil(QPoint to, const std::function<bool()>& condition)
     {
         int step = 0;
@@ -177,19 +177,19 @@ public:
             return condition();
         });
     }
-    /// Drags on to a place in the panel until it shows at `outline` that it would take a drop.
+    /// Drags to a place in the panel until the panel shows at `outline` that it accepts the drop.
     [[nodiscard]] bool dragOver(QPoint target, QPoint outline)
     {
         const QImage atRest = desktop.settledScreenshot({at(outline), QSize(1, 1)});
         return moveUntil(at(target), [&] { return desktop.pixel(at(outline)) != atRest.pixel(0, 0); });
     }
-    /// Whether the panel is still there when all that was done has had its effect.
+    /// Whether the panel is still visible after all input was processed.
     [[nodiscard]] bool panelStays()
     {
         static_cast<void>(desktop.settledScreenshot());
         return !program->panel().isEmpty();
     }
-    /// Whether the panel hides at a click as ever.
+    /// Whether a click elsewhere hides the panel.
     [[nodiscard]] bool clickElsewhereHides()
     {
         click(bareDesktop);
@@ -218,15 +218,15 @@ private Q_SLOTS:
     void aTextWithAnIdIsDroppedOntoACard();
     void aTextWithAnIdIsDroppedOntoAPalette_data();
     void aTextWithAnIdIsDroppedOntoAPalette();
-    void anotherButtonDuringTheDragLeavesThePanel();
-    void aPlainClickInTheOtherProgramHidesThePanel_data();
-    void aPlainClickInTheOtherProgramHidesThePanel();
-    void aSelectionOfTextHidesThePanelWhenItEnds();
-    void twoButtonsMakeOneClick();
-    void aReleaseWithoutItsPressIsNoClick();
+    void anotherButtonDuringADragDoesNotHideThePanel();
+    void aClickInTheOtherProgramHidesThePanel_data();
+    void aClickInTheOtherProgramHidesThePanel();
+    void selectingTextHidesThePanelAtTheRelease();
+    void pressingTwoButtonsIsOneClick();
+    void aReleaseWithoutAPressIsNoClick();
     void aColorIsDraggedToTheOtherProgram_data();
     void aColorIsDraggedToTheOtherProgram();
-    void aColorDroppedOntoNothingLeavesThePanel();
+    void aColorDroppedOntoNothingDoesNotHideThePanel();
 };
 
 void DragTest::aTextWithAnIdIsDroppedOntoACard_data()
@@ -290,12 +290,12 @@ void DragTest::aTextWithAnIdIsDroppedOntoAPalette()
     QCOMPARE(keptIds(*scene.program), after);
 }
 
-void DragTest::anotherButtonDuringTheDragLeavesThePanel()
+void DragTest::anotherButtonDuringADragDoesNotHideThePanel()
 {
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
     QVERIFY(scene.beginDrag(scene.other.text()));
-    // The toolkit of that program ends the drag at the first button that comes up.
+    // The toolkit of the other program ends the drag when the first button is released.
     scene.desktop.click(Button::Right);
     QVERIFY(scene.other.waitUntilItSays("not taken"));
     scene.desktop.release(Button::Left);
@@ -304,19 +304,19 @@ void DragTest::anotherButtonDuringTheDragLeavesThePanel()
     QVERIFY(scene.clickElsewhereHides());
 }
 
-void DragTest::aPlainClickInTheOtherProgramHidesThePanel_data()
+void DragTest::aClickInTheOtherProgramHidesThePanel_data()
 {
     QTest::addColumn<Button>("button");
     QTest::newRow("left") << Button::Left;
     QTest::newRow("right") << Button::Right;
 }
 
-void DragTest::aPlainClickInTheOtherProgramHidesThePanel()
+void DragTest::aClickInTheOtherProgramHidesThePanel()
 {
     QFETCH(const Button, button);
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
-    // A drag that has been leaves no trace.
+    // An earlier drag has no effect.
     QVERIFY(scene.beginDrag(scene.other.text()));
     QVERIFY(scene.moveUntil(bareDesktop, [] { return true; }));
     scene.desktop.release(Button::Left);
@@ -328,7 +328,7 @@ void DragTest::aPlainClickInTheOtherProgramHidesThePanel()
     QVERIFY(waitUntil([&] { return scene.other.said().count("pressed") == 2; }));
 }
 
-void DragTest::aSelectionOfTextHidesThePanelWhenItEnds()
+void DragTest::selectingTextHidesThePanelAtTheRelease()
 {
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
@@ -340,7 +340,7 @@ void DragTest::aSelectionOfTextHidesThePanelWhenItEnds()
     QVERIFY(scene.program->waitForPanelToHide());
 }
 
-void DragTest::twoButtonsMakeOneClick()
+void DragTest::pressingTwoButtonsIsOneClick()
 {
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
@@ -354,14 +354,14 @@ void DragTest::twoButtonsMakeOneClick()
     QVERIFY(scene.program->waitForPanelToHide());
 }
 
-void DragTest::aReleaseWithoutItsPressIsNoClick()
+void DragTest::aReleaseWithoutAPressIsNoClick()
 {
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
     scene.desktop.movePointer(scene.other.text());
     scene.desktop.press(Button::Left);
     QVERIFY(scene.other.waitUntilItSays("pressed"));
-    // The panel goes and comes again while the button is down.
+    // The panel is hidden and shown again while the button is down.
     scene.program->clickIconWithoutPointer();
     QVERIFY(scene.program->waitForPanelToHide());
     scene.program->clickIconWithoutPointer();
@@ -385,7 +385,7 @@ void DragTest::aColorIsDraggedToTheOtherProgram()
     QVERIFY(scene.openPanel());
     QVERIFY(!fromHistory || scene.openHistory());
     QVERIFY(scene.beginDrag(scene.at(fromHistory ? place::firstTile : place::firstSwatch)));
-    // It is asked again only after it has answered that it would take the text.
+    // It is asked again only after it answered that it accepts the text.
     QVERIFY(
         scene.moveUntil(scene.other.field(), [&] { return scene.other.said().count("dragged over") >= 2; }));
     scene.desktop.release(Button::Left);
@@ -395,7 +395,7 @@ void DragTest::aColorIsDraggedToTheOtherProgram()
     QCOMPARE(scene.desktop.clipboard(), QByteArray());
 }
 
-void DragTest::aColorDroppedOntoNothingLeavesThePanel()
+void DragTest::aColorDroppedOntoNothingDoesNotHideThePanel()
 {
     Scene scene({red}, green);
     QVERIFY(scene.openPanel());

@@ -31,7 +31,7 @@ using namespace Qt::StringLiterals;
 
 using Button = PrivateDesktop::Button;
 
-// Inside the panel, from its top left corner.
+// In pixels from the top left corner of the panel.
 constexpr QPoint firstSwatch(47, 200);
 constexpr QPoint card(120, 355);
 
@@ -57,7 +57,7 @@ const QByteArray json = R"json([
   }
 ])json";
 
-/// The exports of a card's menu, counted from its end, behind "Delete".
+/// The export items of a card's menu, counted from the end, where "Delete" is.
 enum class Export { Png = 1, Json = 2, Css = 3 };
 
 void keepOnePalette(const PrivateDesktop& desktop)
@@ -80,7 +80,7 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Waits while the objects that this process has on a bus answer.
+/// Waits, and lets the D-Bus objects of this process answer meanwhile.
 [[nodiscard]] bool waitServing(const std::function<bool()>& condition)
 {
     return waitUntil([&] {
@@ -94,7 +94,7 @@ class Desk final
 {
 public:
     explicit Desk(bool withSessionBus = false)
-        // So high that the panel and a dialog in the middle do not meet.
+        // High enough that the panel and a dialog in the middle do not overlap.
         : desktop({.size = {1280, 1600}, .sessionBus = withSessionBus})
         , program([this]() -> PrivateDesktop& {
             keepOnePalette(desktop);
@@ -112,10 +112,10 @@ public:
         return program.waitForPanel();
     }
 
-    /// Chooses an export in the card's menu.
+    /// Chooses an export item in the card's menu.
     [[nodiscard]] bool choose(Export what)
     {
-        // Two quick clicks at the same place would be one double click.
+        // Two quick clicks at one place would be a double click.
         m_onCard += QPoint(20, 0);
         desktop.clickAt(program.panel().topLeft() + m_onCard, Button::Right);
         if (!waitServing(
@@ -148,7 +148,7 @@ public:
         return desktop.connection().focusedWindow() == window;
     }
 
-    /// Waits for so many save dialogs, of which the newest takes the keys.
+    /// Waits until this many save dialogs are open and the newest has the keyboard focus.
     [[nodiscard]] bool waitForDialogs(std::size_t count)
     {
         return waitServing([&] {
@@ -159,7 +159,7 @@ public:
         });
     }
 
-    /// Gives the topmost save dialog, or the question it asks, the keys.
+    /// Gives the keyboard focus to the topmost save dialog, or to the question that it asks.
     [[nodiscard]] bool focusDialog()
     {
         const xcb_window_t dialog = windows("Save As").back();
@@ -176,7 +176,7 @@ private:
     QPoint m_onCard = card;
 };
 
-/// A desktop's portal that shows no dialog: the test answers in its user's place.
+/// A file chooser portal without a dialog: the test answers for the user.
 class Portal final : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -207,7 +207,7 @@ public:
     [[nodiscard]] const Question& question() const { return m_questions.last(); }
     [[nodiscard]] qsizetype questionCount() const { return m_questions.size(); }
 
-    /// Success is 0, cancelled by the user 1, ended otherwise 2.
+    /// Result codes: 0 success, 1 cancelled by the user, 2 ended otherwise.
     void answer(const Question& question, unsigned code, const QString& uri = {})
     {
         QDBusMessage response = QDBusMessage::createTargetedSignal(
@@ -217,13 +217,13 @@ public:
     }
     void answer(unsigned code, const QString& uri = {}) { answer(question(), code, uri); }
 
-    /// Before its service is called AfterAnswer.
+    /// With AfterAnswer, call this before the service is used.
     void prepareAnswer(const QString& uri) { m_uri = uri; }
 
     void goAway() { m_bus.unregisterService(u"org.freedesktop.portal.Desktop"_s); }
 
 public Q_SLOTS:
-    // The name is the protocol's.
+    // D-Bus defines this name.
     QDBusObjectPath SaveFile(const QString& parentWindow, const QString& title, const QVariantMap& options)
     {
         const QString sender = message().service();
@@ -249,7 +249,7 @@ private:
     QString m_uri;
 };
 
-/// What a portal sees as its object for one question, which the program may close.
+/// The portal's object for one request. The program may close it.
 class PortalRequest final : public QObject
 {
     Q_OBJECT
@@ -264,7 +264,7 @@ public:
     [[nodiscard]] bool isClosed() const { return m_isClosed; }
 
 public Q_SLOTS:
-    // The name is the protocol's.
+    // D-Bus defines this name.
     void Close() { m_isClosed = true; }
 
 private:
@@ -275,34 +275,34 @@ private:
 
 Q_DECLARE_METATYPE(Portal::Reply)
 
-/// Exports from the panel: the real dialogs, keys and files.
+/// Exports from the panel, with real dialogs, keys and files.
 class ExportTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theSuggestedNameIsTaken_data();
-    void theSuggestedNameIsTaken();
+    void theSuggestedNameIsUsed_data();
+    void theSuggestedNameIsUsed();
     void aTypedNameGetsTheSuffix();
-    void cancellingLeavesNothing();
-    void replacingAsksAndHoldsUpNothing();
-    void whileADialogIsOpenThePanelWorksAndStays();
-    void theNextDialogBeginsInTheLastFolder();
-    void quittingTakesOpenDialogsAlong();
+    void cancellingWritesNothing();
+    void replacingAsksWithoutBlockingThePanel();
+    void thePanelWorksAndStaysVisibleWhileADialogIsOpen();
+    void theNextDialogStartsInTheLastFolder();
+    void quittingClosesOpenDialogs();
 
-    void thePortalIsAskedWhereThereIsOne();
-    void thePortalsAnswerIsTakenInEveryOrder_data();
-    void thePortalsAnswerIsTakenInEveryOrder();
-    void whatThePortalDoesNotChooseIsNotWritten_data();
-    void whatThePortalDoesNotChooseIsNotWritten();
-    void aClickInThePortalsDialogLeavesThePanel();
-    void withoutAWorkingPortalTheToolkitAsks_data();
-    void withoutAWorkingPortalTheToolkitAsks();
-    void thePortalIsToldOfTheLastFolder();
+    void thePortalIsUsedIfThereIsOne();
+    void thePortalsAnswerIsAcceptedInEveryOrder_data();
+    void thePortalsAnswerIsAcceptedInEveryOrder();
+    void nothingIsWrittenUnlessThePortalReturnsALocalFile_data();
+    void nothingIsWrittenUnlessThePortalReturnsALocalFile();
+    void aClickInThePortalsDialogDoesNotHideThePanel();
+    void withoutAWorkingPortalTheToolkitsDialogIsShown_data();
+    void withoutAWorkingPortalTheToolkitsDialogIsShown();
+    void thePortalGetsTheLastFolder();
     void quittingClosesThePortalsDialog();
 };
 
-void ExportTest::theSuggestedNameIsTaken_data()
+void ExportTest::theSuggestedNameIsUsed_data()
 {
     QTest::addColumn<int>("what");
     QTest::addColumn<QString>("name");
@@ -312,7 +312,7 @@ void ExportTest::theSuggestedNameIsTaken_data()
     QTest::newRow("PNG") << static_cast<int>(Export::Png) << u"palette.png"_s << QByteArray();
 }
 
-void ExportTest::theSuggestedNameIsTaken()
+void ExportTest::theSuggestedNameIsUsed()
 {
     QFETCH(const int, what);
     QFETCH(const QString, name);
@@ -336,7 +336,7 @@ void ExportTest::theSuggestedNameIsTaken()
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList({u"*palette*"_s}, QDir::Files | QDir::Hidden),
              QStringList{name});
 
-    // A click elsewhere is one again.
+    // A click elsewhere hides the panel again.
     desk.desktop.clickAt({40, 700});
     QVERIFY(desk.program.waitForPanelToHide());
 }
@@ -354,7 +354,7 @@ void ExportTest::aTypedNameGetsTheSuffix()
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"sea.json"_s)) == json; }));
 }
 
-void ExportTest::cancellingLeavesNothing()
+void ExportTest::cancellingWritesNothing()
 {
     Desk desk;
     QVERIFY(desk.openPanel());
@@ -364,14 +364,14 @@ void ExportTest::cancellingLeavesNothing()
     desk.desktop.typeKey(XK_Escape);
     QVERIFY(desk.waitForDialogs(0));
     QVERIFY(!desk.program.panel().isEmpty());
-    // The program has dealt with the end of the dialog once it lets a click elsewhere hide the panel.
+    // The program has processed the end of the dialog when a click elsewhere hides the panel.
     desk.desktop.clickAt({40, 700});
     QVERIFY(desk.program.waitForPanelToHide());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList({u"*palette*"_s}), QStringList());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList(), before);
 }
 
-void ExportTest::replacingAsksAndHoldsUpNothing()
+void ExportTest::replacingAsksWithoutBlockingThePanel()
 {
     Desk desk;
     QFile old(desk.home(u"palette.json"_s));
@@ -390,7 +390,7 @@ void ExportTest::replacingAsksAndHoldsUpNothing()
     desk.desktop.clickAt(desk.program.panel().topLeft() + firstSwatch);
     QVERIFY(desk.program.waitForClipboard("#FF00FF"));
 
-    // "No" comes first, and goes back to the dialog.
+    // "No" is the first button and returns to the dialog.
     QVERIFY(desk.focusDialog());
     desk.desktop.typeKey(XK_Return);
     QVERIFY(desk.waitForDialogs(1));
@@ -404,20 +404,20 @@ void ExportTest::replacingAsksAndHoldsUpNothing()
     QVERIFY(!desk.program.panel().isEmpty());
 }
 
-void ExportTest::whileADialogIsOpenThePanelWorksAndStays()
+void ExportTest::thePanelWorksAndStaysVisibleWhileADialogIsOpen()
 {
     Desk desk;
     QVERIFY(desk.openPanel());
     QVERIFY(desk.choose(Export::Json));
     QVERIFY(desk.waitForDialogs(1));
-    // Neither a click on the dialog nor one elsewhere.
+    // Neither a click on the dialog nor a click elsewhere hides the panel.
     QVERIFY(desk.focusDialog());
     desk.desktop.clickAt({40, 700});
 
     QVERIFY(desk.choose(Export::Css));
     QVERIFY(desk.waitForDialogs(2));
     desk.desktop.typeKey(XK_Return);
-    // The keys go back to the panel, not to the dialog that is still open.
+    // The panel gets the keyboard focus back, although a dialog is still open.
     QVERIFY(waitUntil([&] { return desk.windows("Save As").size() == 1; }));
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"brand-kit-palette.css"_s)) == css; }));
     QVERIFY(!desk.program.panel().isEmpty());
@@ -429,7 +429,7 @@ void ExportTest::whileADialogIsOpenThePanelWorksAndStays()
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"palette.json"_s)) == json; }));
 }
 
-void ExportTest::theNextDialogBeginsInTheLastFolder()
+void ExportTest::theNextDialogStartsInTheLastFolder()
 {
     Desk desk;
     QVERIFY(QDir().mkpath(desk.home(u"b"_s)));
@@ -450,7 +450,7 @@ void ExportTest::theNextDialogBeginsInTheLastFolder()
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"b/brand-kit-palette.css"_s)) == css; }));
 }
 
-void ExportTest::quittingTakesOpenDialogsAlong()
+void ExportTest::quittingClosesOpenDialogs()
 {
     Desk desk;
     QVERIFY(desk.openPanel());
@@ -463,7 +463,7 @@ void ExportTest::quittingTakesOpenDialogsAlong()
     QVERIFY(!QFile::exists(desk.home(u"palette.json"_s)));
 }
 
-void ExportTest::thePortalIsAskedWhereThereIsOne()
+void ExportTest::thePortalIsUsedIfThereIsOne()
 {
     Desk desk(true);
     Portal portal(desk.desktop);
@@ -472,7 +472,7 @@ void ExportTest::thePortalIsAskedWhereThereIsOne()
     QVERIFY(waitServing([&] { return portal.questionCount() == 1; }));
     const Portal::Question question = portal.question();
     QCOMPARE(question.title, u"Save As"_s);
-    // The panel, by its number in the server.
+    // The panel's X11 window id.
     QVERIFY(question.parentWindow.startsWith("x11:"_L1));
     const xcb_window_t parent = question.parentWindow.mid(4).toUInt(nullptr, 16);
     QCOMPARE(desk.desktop.connection().geometry(parent), desk.program.panel());
@@ -508,14 +508,14 @@ void ExportTest::thePortalIsAskedWhereThereIsOne()
     QVERIFY(desk.windows("Save As").empty());
 }
 
-void ExportTest::thePortalsAnswerIsTakenInEveryOrder_data()
+void ExportTest::thePortalsAnswerIsAcceptedInEveryOrder_data()
 {
     QTest::addColumn<Portal::Reply>("reply");
     QTest::newRow("the answer comes before the reply") << Portal::Reply::AfterAnswer;
     QTest::newRow("an old portal chooses another name for the request") << Portal::Reply::OldHandle;
 }
 
-void ExportTest::thePortalsAnswerIsTakenInEveryOrder()
+void ExportTest::thePortalsAnswerIsAcceptedInEveryOrder()
 {
     QFETCH(const Portal::Reply, reply);
     Desk desk(true);
@@ -532,7 +532,7 @@ void ExportTest::thePortalsAnswerIsTakenInEveryOrder()
     QVERIFY(desk.windows("Save As").empty());
 }
 
-void ExportTest::whatThePortalDoesNotChooseIsNotWritten_data()
+void ExportTest::nothingIsWrittenUnlessThePortalReturnsALocalFile_data()
 {
     QTest::addColumn<unsigned>("code");
     QTest::addColumn<QString>("uri");
@@ -543,7 +543,7 @@ void ExportTest::whatThePortalDoesNotChooseIsNotWritten_data()
     QTest::newRow("elsewhere in the net") << 0U << u"sftp://host%1/x.json"_s;
 }
 
-void ExportTest::whatThePortalDoesNotChooseIsNotWritten()
+void ExportTest::nothingIsWrittenUnlessThePortalReturnsALocalFile()
 {
     QFETCH(const unsigned, code);
     QFETCH(const QString, uri);
@@ -553,7 +553,7 @@ void ExportTest::whatThePortalDoesNotChooseIsNotWritten()
     QVERIFY(desk.choose(Export::Json));
     QVERIFY(waitServing([&] { return portal.questionCount() == 1; }));
     portal.answer(code, uri.isEmpty() ? uri : uri.arg(desk.desktop.homeFolder()));
-    // The program has taken the answer once it lets a click elsewhere hide the panel.
+    // The program has processed the answer when a click elsewhere hides the panel.
     QVERIFY(waitServing([&] {
         desk.desktop.clickAt({40, 700});
         return desk.program.panel().isEmpty();
@@ -562,7 +562,7 @@ void ExportTest::whatThePortalDoesNotChooseIsNotWritten()
     QVERIFY(desk.windows("Save As").empty());
 }
 
-void ExportTest::aClickInThePortalsDialogLeavesThePanel()
+void ExportTest::aClickInThePortalsDialogDoesNotHideThePanel()
 {
     Desk desk(true);
     Portal portal(desk.desktop);
@@ -577,12 +577,12 @@ void ExportTest::aClickInThePortalsDialogLeavesThePanel()
         desk.desktop.connection().dispatchEvents();
         return !dialog.events().empty();
     }));
-    // What the panel does later shows that it has heard of the click before.
+    // A later action of the panel shows that it has processed the click before.
     desk.desktop.clickAt(desk.program.panel().topLeft() + firstSwatch);
     QVERIFY(desk.program.waitForClipboard("#FF00FF"));
     QVERIFY(!desk.program.panel().isEmpty());
 
-    // Two questions at a time: the panel stays until both are answered.
+    // With two open requests the panel stays until both are answered.
     QVERIFY(desk.choose(Export::Css));
     QVERIFY(waitServing([&] { return portal.questionCount() == 2; }));
     portal.answer(0, QUrl::fromLocalFile(desk.home(u"x.css"_s)).toString());
@@ -592,7 +592,7 @@ void ExportTest::aClickInThePortalsDialogLeavesThePanel()
     QVERIFY(!desk.program.panel().isEmpty());
 }
 
-void ExportTest::withoutAWorkingPortalTheToolkitAsks_data()
+void ExportTest::withoutAWorkingPortalTheToolkitsDialogIsShown_data()
 {
     QTest::addColumn<Portal::Reply>("reply");
     QTest::addColumn<bool>("goesAway");
@@ -601,7 +601,7 @@ void ExportTest::withoutAWorkingPortalTheToolkitAsks_data()
     QTest::newRow("it goes away with the dialog open") << Portal::Reply::Handle << true;
 }
 
-void ExportTest::withoutAWorkingPortalTheToolkitAsks()
+void ExportTest::withoutAWorkingPortalTheToolkitsDialogIsShown()
 {
     QFETCH(const Portal::Reply, reply);
     QFETCH(const bool, goesAway);
@@ -614,7 +614,7 @@ void ExportTest::withoutAWorkingPortalTheToolkitAsks()
         portal.goAway();
     }
     QVERIFY(desk.waitForDialogs(1));
-    // An answer that comes too late is none.
+    // A late answer is ignored.
     portal.answer(0, QUrl::fromLocalFile(desk.home(u"late.json"_s)).toString());
     desk.desktop.typeKey(XK_Return);
     QVERIFY(desk.waitForDialogs(0));
@@ -622,7 +622,7 @@ void ExportTest::withoutAWorkingPortalTheToolkitAsks()
     QVERIFY(!QFile::exists(desk.home(u"late.json"_s)));
 }
 
-void ExportTest::thePortalIsToldOfTheLastFolder()
+void ExportTest::thePortalGetsTheLastFolder()
 {
     Desk desk(true);
     Portal portal(desk.desktop);

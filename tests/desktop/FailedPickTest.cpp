@@ -54,7 +54,7 @@ public:
     }
 
 public Q_SLOTS:
-    // Named by the protocol.
+    // D-Bus defines this name.
     uint Notify(const QString& application, uint replaced, const QString& icon, const QString& summary,
                 const QString& body, const QStringList& actions, const QVariantMap& hints, int timeout)
     {

@@ -16,33 +16,33 @@
 
 using namespace tintwick;
 
-/// The shortcut of the real program under the user's hand, whatever else goes on on the desktop.
+/// The global shortcut of the real program, with other programs on the desktop.
 class GlobalShortcutTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theKeysReleaseBeginsThePickAndNotItsPress();
-    void theShortcutPicksAndTheTerminalGetsNothingOfItsKey_data();
-    void theShortcutPicksAndTheTerminalGetsNothingOfItsKey();
-    void aHeldKeyIsOnePick();
+    void theReleaseOfTheKeyStartsThePick();
+    void theShortcutStartsAPickAndTheTerminalDoesNotGetItsKey_data();
+    void theShortcutStartsAPickAndTheTerminalDoesNotGetItsKey();
+    void aHeldKeyStartsOnePick();
     void theShortcutIsIgnoredWhilePicking();
-    void whatPilesUpDuringAPickIsTakenInItsOrder_data();
-    void whatPilesUpDuringAPickIsTakenInItsOrder();
-    void pressedTwiceQuicklyItIsOnePick();
+    void queuedInputIsProcessedInItsOrder_data();
+    void queuedInputIsProcessedInItsOrder();
+    void twoQuickPressesStartOnePick();
     void anOpenMenuClosesForThePickAndDoesNotGetTheKey_data();
     void anOpenMenuClosesForThePickAndDoesNotGetTheKey();
     void theDefaultIsStoredOnAFreshStart();
-    void aStoredShortcutIsTakenAtTheNextStart_data();
-    void aStoredShortcutIsTakenAtTheNextStart();
-    void whereNoShortcutIsStoredNoneIsTaken_data();
-    void whereNoShortcutIsStoredNoneIsTaken();
-    void aShortcutThatAnotherProgramHoldsIsToldInOneLine_data();
-    void aShortcutThatAnotherProgramHoldsIsToldInOneLine();
-    void aShortcutTakenWhileTheMenuIsOpenIsToldInTheLayoutOfThatMoment();
-    void aSecondCopySaysSoAndGoesOn();
-    void theShortcutKeepsItsPlaceInEveryLayout_data();
-    void theShortcutKeepsItsPlaceInEveryLayout();
+    void aStoredShortcutIsGrabbedAtTheNextStart_data();
+    void aStoredShortcutIsGrabbedAtTheNextStart();
+    void aDisabledShortcutIsNotGrabbed_data();
+    void aDisabledShortcutIsNotGrabbed();
+    void aShortcutOfAnotherProgramIsReportedInOneLine_data();
+    void aShortcutOfAnotherProgramIsReportedInOneLine();
+    void aShortcutTakenWhileTheMenuIsOpenIsReportedInTheCurrentLayout();
+    void aSecondCopyReportsTheTakenShortcutAndRuns();
+    void theShortcutKeepsItsKeyInEveryLayout_data();
+    void theShortcutKeepsItsKeyInEveryLayout();
     void theShortcutFollowsAltToAnotherModifier();
     void killingTheProgramFreesTheShortcut();
 };
@@ -67,7 +67,7 @@ constexpr std::uint8_t keycode(int key)
     return static_cast<std::uint8_t>(key + 8);
 }
 
-/// Counts how often a loupe came onto the screen. Its name is asked for, so it has to be counted while it is there.
+/// Counts how often a loupe was mapped. It reads the window's name, so it must run while the loupe is shown.
 class ShownLoupes final
 {
 public:
@@ -97,7 +97,7 @@ private:
     int m_count = 0;
 };
 
-/// Another program in the foreground, which is being typed into, and a hand on the keyboard.
+/// Another program that has the keyboard focus, and a keyboard.
 class Scene final
 {
 public:
@@ -164,12 +164,12 @@ public:
         return waitUntil([&] { return combination.isFree(other); });
     }
 
-    /// Waits for the loupe of the pick that is the first, the second, ... of this scene.
+    /// Waits for the loupe of the n-th pick of this scene, counted from 1.
     [[nodiscard]] bool waitForLoupe(TintwickProcess& program, int pick = 1)
     {
         return waitUntil([&] { return program.loupe() && loupes.count() == pick; });
     }
-    /// Ends the pick with Escape, and waits until the keyboard is everybody's again.
+    /// Ends the pick with Escape, and waits until the keyboard grab is released.
     [[nodiscard]] bool cancel(TintwickProcess& program)
     {
         static_cast<void>(loupes.count());
@@ -177,7 +177,7 @@ public:
         return program.waitForPickToEnd() && waitUntil([&] { return other.inputIsFree(); });
     }
 
-    /// The keys that were pressed in the terminal since the last call.
+    /// The keys that the terminal received since the last call.
     [[nodiscard]] Keys typed()
     {
         Keys keys;
@@ -203,7 +203,7 @@ TestWindow::InputEvent presses(int key)
     return {XCB_KEY_PRESS, keycode(key)};
 }
 
-/// How often the program was woken: every wake-up ends with waiting of its own accord once more.
+/// How often the program was woken: each wake-up ends with one voluntary context switch.
 int wakeUps(TintwickProcess& program)
 {
     QFile status(QStringLiteral("/proc/%1/status").arg(program.process().processId()));
@@ -220,7 +220,7 @@ QStringList layout(const char* layouts, const char* variant = "")
 
 } // namespace
 
-void GlobalShortcutTest::theKeysReleaseBeginsThePickAndNotItsPress()
+void GlobalShortcutTest::theReleaseOfTheKeyStartsThePick()
 {
     Scene scene;
     QVERIFY(scene.store(Scene::preferencesWith('"' + altShiftCStored + '"') + panelByAltShiftV));
@@ -229,7 +229,7 @@ void GlobalShortcutTest::theKeysReleaseBeginsThePickAndNotItsPress()
     const QPoint position(500, 400);
     scene.desktop.movePointer(position);
     scene.press(altShiftCKeys);
-    // What comes after the press is answered.
+    // The program processes what follows the press.
     scene.hand.tap(KEY_V);
     QVERIFY(program.waitForPanel());
     QCOMPARE(scene.loupes.count(), 0);
@@ -242,7 +242,7 @@ void GlobalShortcutTest::theKeysReleaseBeginsThePickAndNotItsPress()
     QVERIFY(program.waitForClipboard(hexText(patternPixel(position.x(), position.y()))));
 }
 
-void GlobalShortcutTest::theShortcutPicksAndTheTerminalGetsNothingOfItsKey_data()
+void GlobalShortcutTest::theShortcutStartsAPickAndTheTerminalDoesNotGetItsKey_data()
 {
     QTest::addColumn<Keys>("lockKeys");
     QTest::addColumn<int>("locked");
@@ -264,7 +264,7 @@ void GlobalShortcutTest::theShortcutPicksAndTheTerminalGetsNothingOfItsKey_data(
         << Keys{KEY_C, KEY_RIGHTALT, KEY_RIGHTSHIFT};
 }
 
-void GlobalShortcutTest::theShortcutPicksAndTheTerminalGetsNothingOfItsKey()
+void GlobalShortcutTest::theShortcutStartsAPickAndTheTerminalDoesNotGetItsKey()
 {
     QFETCH(const Keys, lockKeys);
     QFETCH(const int, locked);
@@ -293,7 +293,7 @@ void GlobalShortcutTest::theShortcutPicksAndTheTerminalGetsNothingOfItsKey()
     QCOMPARE(scene.loupes.count(), 1);
 }
 
-void GlobalShortcutTest::aHeldKeyIsOnePick()
+void GlobalShortcutTest::aHeldKeyStartsOnePick()
 {
     Scene scene;
     TintwickProcess program(scene.desktop);
@@ -302,14 +302,14 @@ void GlobalShortcutTest::aHeldKeyIsOnePick()
         scene.desktop.start(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("rate"),
                                                      QStringLiteral("60"), QStringLiteral("100")});
     QCOMPARE(xset->waitForEnd(), 0);
-    // What is usual in two seconds.
+    // The usual number of repeats in two seconds.
     constexpr int repeats = 50;
     scene.hand.press(KEY_A);
     QVERIFY(waitUntil([&] { return std::ranges::count(scene.terminal.events(), presses(KEY_A)) > repeats; }));
     scene.hand.release(KEY_A);
 
     scene.press(altShiftCKeys);
-    // Nobody else gets them now, but the program is woken for each.
+    // No other program gets them now, but each wakes the program.
     const int before = wakeUps(program);
     QVERIFY(waitUntil([&] { return wakeUps(program) >= before + repeats; }));
     QCOMPARE(scene.loupes.count(), 0);
@@ -330,7 +330,7 @@ void GlobalShortcutTest::theShortcutIsIgnoredWhilePicking()
     scene.pressAndRelease(altShiftCKeys);
     QVERIFY(scene.waitForLoupe(program));
     scene.pressAndRelease(altShiftCKeys);
-    // The pick goes on as if nothing had been.
+    // The pick continues unchanged.
     const QPoint position(300, 600);
     scene.desktop.movePointer(position);
     QVERIFY(program.waitForCenterCell(patternPixel(position.x(), position.y())));
@@ -340,7 +340,7 @@ void GlobalShortcutTest::theShortcutIsIgnoredWhilePicking()
     QVERIFY(scene.waitForLoupe(program, 2));
 }
 
-void GlobalShortcutTest::whatPilesUpDuringAPickIsTakenInItsOrder_data()
+void GlobalShortcutTest::queuedInputIsProcessedInItsOrder_data()
 {
     QTest::addColumn<bool>("clicksFirst");
     QTest::addColumn<QByteArray>("text");
@@ -348,7 +348,7 @@ void GlobalShortcutTest::whatPilesUpDuringAPickIsTakenInItsOrder_data()
     QTest::newRow("the shortcut, a click, Escape") << true << hexText(patternPixel(300, 600));
 }
 
-void GlobalShortcutTest::whatPilesUpDuringAPickIsTakenInItsOrder()
+void GlobalShortcutTest::queuedInputIsProcessedInItsOrder()
 {
     QFETCH(const bool, clicksFirst);
     QFETCH(const QByteArray, text);
@@ -378,7 +378,7 @@ void GlobalShortcutTest::whatPilesUpDuringAPickIsTakenInItsOrder()
     QVERIFY(scene.waitForLoupe(program, 2));
 }
 
-void GlobalShortcutTest::pressedTwiceQuicklyItIsOnePick()
+void GlobalShortcutTest::twoQuickPressesStartOnePick()
 {
     Scene scene;
     TintwickProcess program(scene.desktop);
@@ -399,7 +399,7 @@ void GlobalShortcutTest::anOpenMenuClosesForThePickAndDoesNotGetTheKey_data()
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<Keys>("keys");
     QTest::newRow("C") << altShiftCStored << altShiftCKeys;
-    // In the menu they would choose "Quit Tintwick", or move away from it.
+    // If the menu got these keys, they would choose "Quit Tintwick" or move away from it.
     QTest::newRow("Return") << QByteArray(R"({\"carbonKeyCode\":36,\"carbonModifiers\":2560})")
                             << Keys{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_ENTER};
     QTest::newRow("Escape") << QByteArray(R"({\"carbonKeyCode\":53,\"carbonModifiers\":256})")
@@ -420,7 +420,7 @@ void GlobalShortcutTest::anOpenMenuClosesForThePickAndDoesNotGetTheKey()
     const QImage atQuit = scene.desktop.settledScreenshot(program.menuPlace());
 
     scene.press(keys);
-    // The menu gets the next key, so it would have had this one.
+    // The menu gets the next key, so it would also have got this one.
     scene.hand.tap(KEY_DOWN);
     QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(program.menuPlace()) != atQuit; }));
     QCOMPARE(scene.loupes.count(), 0);
@@ -445,7 +445,7 @@ void GlobalShortcutTest::theDefaultIsStoredOnAFreshStart()
     QCOMPARE(program.process().standardOutput(), QByteArray());
 }
 
-void GlobalShortcutTest::aStoredShortcutIsTakenAtTheNextStart_data()
+void GlobalShortcutTest::aStoredShortcutIsGrabbedAtTheNextStart_data()
 {
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<Keys>("keys");
@@ -458,7 +458,7 @@ void GlobalShortcutTest::aStoredShortcutIsTakenAtTheNextStart_data()
         << QByteArray(R"({\"carbonModifiers\":0,\"carbonKeyCode\":111})") << Keys{KEY_F12} << 0;
 }
 
-void GlobalShortcutTest::aStoredShortcutIsTakenAtTheNextStart()
+void GlobalShortcutTest::aStoredShortcutIsGrabbedAtTheNextStart()
 {
     QFETCH(const QByteArray, stored);
     QFETCH(const Keys, keys);
@@ -476,21 +476,21 @@ void GlobalShortcutTest::aStoredShortcutIsTakenAtTheNextStart()
     QCOMPARE(program.process().standardOutput(), QByteArray());
 }
 
-void GlobalShortcutTest::whereNoShortcutIsStoredNoneIsTaken_data()
+void GlobalShortcutTest::aDisabledShortcutIsNotGrabbed_data()
 {
     QTest::addColumn<QByteArray>("stored");
     QTest::newRow("removed") << QByteArray("false");
     QTest::newRow("no JSON") << QByteArray("abc");
 }
 
-void GlobalShortcutTest::whereNoShortcutIsStoredNoneIsTaken()
+void GlobalShortcutTest::aDisabledShortcutIsNotGrabbed()
 {
     QFETCH(const QByteArray, stored);
     Scene scene(true);
     const QByteArray preferences = Scene::preferencesWith(stored);
     QVERIFY(scene.store(preferences));
     TintwickProcess program(scene.desktop);
-    // The menu is there once the start is over, and what was given back for it is taken again when it closes.
+    // The menu opens after the start. The grab released for it is taken again when it closes.
     QVERIFY(program.startPicking());
     QVERIFY(scene.cancel(program));
     QVERIFY(altShiftC.isFree(scene.other));
@@ -502,7 +502,7 @@ void GlobalShortcutTest::whereNoShortcutIsStoredNoneIsTaken()
     QCOMPARE(program.process().standardOutput(), QByteArray());
 }
 
-void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine_data()
+void GlobalShortcutTest::aShortcutOfAnotherProgramIsReportedInOneLine_data()
 {
     QTest::addColumn<QStringList>("keymap");
     QTest::addColumn<int>("key");
@@ -521,7 +521,7 @@ void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine_data()
     QTest::newRow("ru alone") << layout("ru") << KEY_C << altShiftCStored << altShiftCRefused;
 }
 
-void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine()
+void GlobalShortcutTest::aShortcutOfAnotherProgramIsReportedInOneLine()
 {
     QFETCH(const QStringList, keymap);
     QFETCH(const int, key);
@@ -553,7 +553,7 @@ void GlobalShortcutTest::aShortcutThatAnotherProgramHoldsIsToldInOneLine()
     QCOMPARE(scene.preferences(), preferences);
 }
 
-void GlobalShortcutTest::aShortcutTakenWhileTheMenuIsOpenIsToldInTheLayoutOfThatMoment()
+void GlobalShortcutTest::aShortcutTakenWhileTheMenuIsOpenIsReportedInTheCurrentLayout()
 {
     Scene scene(true);
     TintwickProcess program(scene.desktop);
@@ -567,7 +567,7 @@ void GlobalShortcutTest::aShortcutTakenWhileTheMenuIsOpenIsToldInTheLayoutOfThat
     QCOMPARE(program.process().standardOutput(), QByteArray("Error registering hotkey ⌥⇧J: -9878\n"));
 }
 
-void GlobalShortcutTest::aSecondCopySaysSoAndGoesOn()
+void GlobalShortcutTest::aSecondCopyReportsTheTakenShortcutAndRuns()
 {
     Scene scene(true);
     TintwickProcess first(scene.desktop);
@@ -587,7 +587,7 @@ void GlobalShortcutTest::aSecondCopySaysSoAndGoesOn()
     QCOMPARE(second.process().standardOutput(), altShiftCRefused);
 }
 
-void GlobalShortcutTest::theShortcutKeepsItsPlaceInEveryLayout_data()
+void GlobalShortcutTest::theShortcutKeepsItsKeyInEveryLayout_data()
 {
     QTest::addColumn<QStringList>("keymap");
     QTest::addColumn<int>("group");
@@ -598,7 +598,7 @@ void GlobalShortcutTest::theShortcutKeepsItsPlaceInEveryLayout_data()
     QTest::newRow("dvorak, where another key types C") << layout("us", "dvorak") << 0;
 }
 
-void GlobalShortcutTest::theShortcutKeepsItsPlaceInEveryLayout()
+void GlobalShortcutTest::theShortcutKeepsItsKeyInEveryLayout()
 {
     QFETCH(const QStringList, keymap);
     QFETCH(const int, group);
@@ -639,7 +639,7 @@ void GlobalShortcutTest::killingTheProgramFreesTheShortcut()
     {
         TintwickProcess program(scene.desktop);
         QVERIFY(scene.waitUntilHeld(altShiftC));
-        // Killed while it writes the preferences it would leave their lock behind, and the next copy would wait for it.
+        // If it is killed while it writes the preferences, their lock file remains and the next copy waits for it.
         QVERIFY(waitUntil([&] { return !scene.preferences().isEmpty(); }));
         program.process().kill();
     }

@@ -8,19 +8,19 @@ using namespace tintwick;
 
 using Compositor = PrivateDesktop::Compositor;
 
-/// What happens below the loupe is seen while the pointer rests.
+/// The loupe shows changes below it while the pointer rests.
 class LiveTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aWindowThatChangesIsSampledAsItIsNow_data();
-    void aWindowThatChangesIsSampledAsItIsNow();
+    void aChangedWindowIsSampledInItsCurrentState_data();
+    void aChangedWindowIsSampledInItsCurrentState();
     void windowsThatMoveOpenAndCloseAreFollowed_data();
     void windowsThatMoveOpenAndCloseAreFollowed();
     void aTranslucentWindowThatOpensIsBlended();
-    void aClickTakesWhatIsThereNow_data();
-    void aClickTakesWhatIsThereNow();
+    void aClickPicksTheCurrentColor_data();
+    void aClickPicksTheCurrentColor();
     void theLoupeNeverSamplesItself_data();
     void theLoupeNeverSamplesItself();
     void aMenuThatHasClosedIsNotSampled_data();
@@ -47,12 +47,12 @@ PrivateDesktop::Options desktopOfRow()
 
 } // namespace
 
-void LiveTest::aWindowThatChangesIsSampledAsItIsNow_data()
+void LiveTest::aChangedWindowIsSampledInItsCurrentState_data()
 {
     addCompositors();
 }
 
-void LiveTest::aWindowThatChangesIsSampledAsItIsNow()
+void LiveTest::aChangedWindowIsSampledInItsCurrentState()
 {
     PrivateDesktop desktop(desktopOfRow());
     const auto picture = desktop.showPicture();
@@ -139,12 +139,12 @@ void LiveTest::aTranslucentWindowThatOpensIsBlended()
     QVERIFY(program.waitForCenterCell(qRgb(80, 40, 51)));
 }
 
-void LiveTest::aClickTakesWhatIsThereNow_data()
+void LiveTest::aClickPicksTheCurrentColor_data()
 {
     addCompositors();
 }
 
-void LiveTest::aClickTakesWhatIsThereNow()
+void LiveTest::aClickPicksTheCurrentColor()
 {
     PrivateDesktop desktop(desktopOfRow());
     const auto picture = desktop.showPicture();
@@ -173,7 +173,7 @@ void LiveTest::theLoupeNeverSamplesItself()
     const auto picture = desktop.showPicture();
     TintwickProcess program(desktop);
     QVERIFY(program.startPicking());
-    // Held in the corner, the loupe stays where it is while the pointer goes over all of it: grid, ring and label.
+    // In the corner the loupe does not move, while the pointer moves over its grid, ring and label.
     const QPoint corner(2, desktop.screen().bottom() - 2);
     desktop.movePointer(corner);
     const QRect place = loupePlace(corner, desktop.screen());
@@ -200,7 +200,7 @@ void LiveTest::aMenuThatHasClosedIsNotSampled()
     const QRect menu = program.menuPlace();
     program.choosePick();
     QVERIFY(program.waitForLoupe());
-    // Clear of the icon, whose own window and shadow lie above the picture.
+    // Not over the icon, whose window and shadow are above the picture.
     for (int y = menu.bottom() - 2; y > menu.center().y(); y -= 3) {
         for (int x = menu.left() + 1; x < menu.right(); x += 11) {
             desktop.movePointer({x, y});

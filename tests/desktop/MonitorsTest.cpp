@@ -12,7 +12,7 @@ using Monitors = std::vector<PrivateDesktop::Monitor>;
 
 Q_DECLARE_METATYPE(Monitors)
 
-/// The loupe keeps to the monitor under the pointer, however the monitors lie.
+/// The loupe stays inside the monitor under the pointer in every layout of monitors.
 class MonitorsTest final : public QObject
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ class MonitorsTest final : public QObject
 private Q_SLOTS:
     void theLoupeStaysInsideTheMonitorUnderThePointer_data();
     void theLoupeStaysInsideTheMonitorUnderThePointer();
-    void aMonitorThatVanishesLeavesTheOthersPickable_data();
-    void aMonitorThatVanishesLeavesTheOthersPickable();
+    void afterAMonitorIsRemovedTheOthersCanBePicked_data();
+    void afterAMonitorIsRemovedTheOthersCanBePicked();
 };
 
 namespace {
@@ -83,7 +83,7 @@ void MonitorsTest::theLoupeStaysInsideTheMonitorUnderThePointer()
                          .toUtf8()
                          .constData());
             QVERIFY(frame.contains(program.loupe().value()));
-            // Where the tray is, something else is seen.
+            // The tray covers the picture here.
             if (position.y() > 40) {
                 QVERIFY(program.waitForCenterCell(patternPixel(position.x(), position.y())));
             }
@@ -91,7 +91,7 @@ void MonitorsTest::theLoupeStaysInsideTheMonitorUnderThePointer()
     }
 }
 
-void MonitorsTest::aMonitorThatVanishesLeavesTheOthersPickable_data()
+void MonitorsTest::afterAMonitorIsRemovedTheOthersCanBePicked_data()
 {
     QTest::addColumn<Monitors>("monitors");
     QTest::newRow("right of the primary one")
@@ -100,7 +100,7 @@ void MonitorsTest::aMonitorThatVanishesLeavesTheOthersPickable_data()
                                                  {"goes", {800, 300, 800, 600}, true}};
 }
 
-void MonitorsTest::aMonitorThatVanishesLeavesTheOthersPickable()
+void MonitorsTest::afterAMonitorIsRemovedTheOthersCanBePicked()
 {
     QFETCH(const Monitors, monitors);
     PrivateDesktop desktop({.size = desktopSize});

@@ -15,7 +15,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The part of a desktop's bar that takes the icons of programs in and draws them in a window of its own.
+/// The part of a desktop's panel that draws tray icons in its own window (StatusNotifierHost).
 class NotifierHost final : public QObject
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
         });
     }
 
-    /// Tells the program of a click on its icon; true once the program has dealt with it.
+    /// Reports a click on the icon to the program; true when the program has answered.
     [[nodiscard]] bool activate(QPoint position) const
     {
         QDBusMessage click = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
@@ -56,7 +56,7 @@ public:
     }
 
 public Q_SLOTS:
-    // The name is the protocol's.
+    // D-Bus defines this name.
     void RegisterStatusNotifierItem(const QString& service) { m_items.append(service); }
 
 private:
@@ -66,16 +66,16 @@ private:
 
 } // namespace
 
-/// Trays that draw the icon themselves, do not tell where, and pass clicks on.
+/// Trays that draw the icon themselves, do not report its position, and forward clicks.
 class NotifierHostTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePanelComesToThePointer();
+    void thePanelOpensAtThePointer();
     void theClickThatHidesThePanelDoesNotShowItAgain();
-    void aHostThatTellsAtThePressTogglesThePanelToo();
-    void aClickElsewhereIsNotTakenForOneOnTheIcon();
+    void aHostThatReportsThePressTogglesThePanel();
+    void aClickElsewhereIsNotMistakenForOneOnTheIcon();
 
 private:
     struct Desk
@@ -86,7 +86,7 @@ private:
     };
 };
 
-void NotifierHostTest::thePanelComesToThePointer()
+void NotifierHostTest::thePanelOpensAtThePointer()
 {
     Desk desk;
     QVERIFY(desk.host.waitForItem());
@@ -106,7 +106,7 @@ void NotifierHostTest::theClickThatHidesThePanelDoesNotShowItAgain()
     QVERIFY(desk.host.activate(onIcon));
     QVERIFY(desk.program.waitForPanel());
 
-    // The press falls on the host's window, which tells of it a little later.
+    // The host's window receives the press and reports it a little later.
     desk.desktop.click();
     QVERIFY(desk.program.waitForPanelToHide());
     QVERIFY(desk.host.activate(onIcon));
@@ -116,7 +116,7 @@ void NotifierHostTest::theClickThatHidesThePanelDoesNotShowItAgain()
     QVERIFY(desk.program.waitForPanel());
 }
 
-void NotifierHostTest::aHostThatTellsAtThePressTogglesThePanelToo()
+void NotifierHostTest::aHostThatReportsThePressTogglesThePanel()
 {
     using Button = PrivateDesktop::Button;
     Desk desk;
@@ -138,7 +138,7 @@ void NotifierHostTest::aHostThatTellsAtThePressTogglesThePanelToo()
     }
 }
 
-void NotifierHostTest::aClickElsewhereIsNotTakenForOneOnTheIcon()
+void NotifierHostTest::aClickElsewhereIsNotMistakenForOneOnTheIcon()
 {
     Desk desk;
     QVERIFY(desk.host.waitForItem());

@@ -11,7 +11,7 @@ using namespace tintwick;
 
 using Compositor = PrivateDesktop::Compositor;
 
-/// While picking the input is ours alone, and afterwards everything is as it was.
+/// During a pick all input goes to the program; afterwards the previous state is restored.
 class OursAloneTest final : public QObject
 {
     Q_OBJECT
@@ -23,17 +23,17 @@ private Q_SLOTS:
     void theReleaseOfTheEndingClickOrKeyIsSwallowed();
     void thePointerIsHiddenWhilePickingOnly_data();
     void thePointerIsHiddenWhilePickingOnly();
-    void killingTheProgramGivesEverythingBack();
+    void killingTheProgramReleasesAllGrabs();
     void aRefusedGrabEndsThePickCleanly_data();
     void aRefusedGrabEndsThePickCleanly();
     void noWindowOfOursIsAsLargeAsTheScreen();
-    void aClickThatEscapeFollowsAtOnceStillTakesItsColor();
-    void aPickBegunWithTheButtonStillDownObeys();
+    void aClickFollowedByEscapeStillPicksItsColor();
+    void aPickStartedWithTheButtonDownReactsToInput();
 };
 
 namespace {
 
-/// A program in the foreground that sees all input that gets past us.
+/// A program with the keyboard focus that records all input that reaches it.
 std::unique_ptr<TestWindow> recorder(DesktopConnection& connection, const QRect& screen)
 {
     auto window = std::make_unique<TestWindow>(
@@ -54,7 +54,7 @@ QByteArray described(const std::vector<TestWindow::InputEvent>& events)
     return text;
 }
 
-// Keys and buttons only: to notice that the pointer is over it again is a window's right.
+// Keys and buttons only: a window may receive enter events again.
 std::vector<TestWindow::InputEvent> keysAndButtons(TestWindow& window)
 {
     auto events = window.events();
@@ -96,7 +96,7 @@ void OursAloneTest::nothingReachesAnotherProgram()
     desktop.typeKey(XK_minus, {XK_Control_L});
     desktop.typeKey(XK_Left);
     desktop.typeKey(XK_Right, {XK_Shift_L});
-    // The server has handed out all of this before the loupe is where the last key moved it.
+    // The server has delivered all of this when the loupe is where the last key moved it.
     QVERIFY(program.waitForCenterCell(patternPixel(509, 500)));
     QVERIFY2(window->events().empty(), described(window->events()).constData());
 
@@ -146,7 +146,7 @@ void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed()
         desktop.releaseKey(key);
     }
     QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
-    // The grab goes with the release, and nobody else has to wait for it.
+    // The release ends the grab, and no other program has to wait for it.
     QVERIFY(waitUntil([&] { return other.grabPointer() && other.grabKeyboard(); }));
     other.ungrabAll();
     QVERIFY2(keysAndButtons(*window).empty(), described(window->events()).constData());
@@ -181,7 +181,7 @@ void OursAloneTest::thePointerIsHiddenWhilePickingOnly()
     QVERIFY(waitUntil([&] { return desktop.pointerIsVisible(); }));
 }
 
-void OursAloneTest::killingTheProgramGivesEverythingBack()
+void OursAloneTest::killingTheProgramReleasesAllGrabs()
 {
     PrivateDesktop desktop({});
     DesktopConnection other(desktop.display());
@@ -230,10 +230,10 @@ void OursAloneTest::aRefusedGrabEndsThePickCleanly()
     QVERIFY(program.openMenuWithoutPointer());
     program.choosePickWithoutPointer();
     QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
-    // Neither half of the grab is kept.
+    // Neither the pointer nor the keyboard stays grabbed.
     QVERIFY(holdsPointer || waitUntil([&] { return other.grabPointer(); }));
     QVERIFY(holdsKeyboard || waitUntil([&] { return other.grabKeyboard(); }));
-    // The program answers a second click, so it has given up on the first.
+    // The program answers a second click, so the first pick has ended.
     QVERIFY(program.openMenuWithoutPointer());
     QVERIFY(!program.loupe());
     QVERIFY(desktop.pointerIsVisible());
@@ -264,14 +264,14 @@ void OursAloneTest::noWindowOfOursIsAsLargeAsTheScreen()
     }
 }
 
-void OursAloneTest::aClickThatEscapeFollowsAtOnceStillTakesItsColor()
+void OursAloneTest::aClickFollowedByEscapeStillPicksItsColor()
 {
     PrivateDesktop desktop({});
     const auto picture = desktop.showPicture();
     TintwickProcess program(desktop);
     DesktopConnection other(desktop.display());
     QVERIFY(program.waitForTrayIcon());
-    // Whether both arrive together is up to the scheduler, so it gets several chances.
+    // The scheduler decides whether both arrive together, so repeat this several times.
     for (int x = 600; x < 620; ++x) {
         QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
         desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
@@ -284,7 +284,7 @@ void OursAloneTest::aClickThatEscapeFollowsAtOnceStillTakesItsColor()
     }
 }
 
-void OursAloneTest::aPickBegunWithTheButtonStillDownObeys()
+void OursAloneTest::aPickStartedWithTheButtonDownReactsToInput()
 {
     PrivateDesktop desktop({});
     const auto picture = desktop.showPicture();

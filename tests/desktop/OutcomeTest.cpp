@@ -18,30 +18,30 @@ using Keys = std::vector<xcb_keysym_t>;
 
 Q_DECLARE_METATYPE(Keys)
 
-/// From the tray's menu to the clipboard and the data file.
+/// A pick from the menu of the tray icon to the clipboard and the data file.
 class OutcomeTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPickIsCopiedNamedAndKept_data();
-    void aPickIsCopiedNamedAndKept();
+    void aPickIsCopiedNamedAndSaved_data();
+    void aPickIsCopiedNamedAndSaved();
     void theNewestPickIsTheFirst();
     void dataFolderAndFileArePrivate();
-    void escapeLeavesNoTrace_data();
-    void escapeLeavesNoTrace();
-    void returnAndSpaceTakeTheColor_data();
-    void returnAndSpaceTakeTheColor();
+    void escapeChangesNothing_data();
+    void escapeChangesNothing();
+    void returnAndSpacePickTheColor_data();
+    void returnAndSpacePickTheColor();
     void arrowKeysMoveThePointer_data();
     void arrowKeysMoveThePointer();
     void theWheelZooms();
     void keysZoom_data();
     void keysZoom();
-    void everyPickBeginsWithTheDefaultZoom();
+    void everyPickStartsWithTheDefaultZoom();
     void aTextCopiedElsewhereDuringThePickIsReplaced();
     void quitEndsTheProgramWithSuccess();
-    void desktopsThatCannotBeServedAreRefusedInOneLine_data();
-    void desktopsThatCannotBeServedAreRefusedInOneLine();
+    void unsupportedDesktopsAreReportedInOneLine_data();
+    void unsupportedDesktopsAreReportedInOneLine();
 };
 
 namespace {
@@ -60,7 +60,7 @@ QJsonArray history(const TintwickProcess& program)
 constexpr int defaultRadius = 7;
 const QPoint middle(640, 400);
 
-// The outermost cells tell a zoom from the next; those beside the middle lie under its outline when cells are small.
+// The outermost cells differ between zoom levels; the outline of the centre cell may cover its neighbours.
 bool showsRadius(TintwickProcess& program, int radius)
 {
     for (const int offset : {-radius, -2, 0, 2, radius}) {
@@ -74,7 +74,7 @@ bool showsRadius(TintwickProcess& program, int radius)
 
 } // namespace
 
-void OutcomeTest::aPickIsCopiedNamedAndKept_data()
+void OutcomeTest::aPickIsCopiedNamedAndSaved_data()
 {
     QTest::addColumn<QColor>("color");
     QTest::addColumn<QByteArray>("text");
@@ -92,7 +92,7 @@ void OutcomeTest::aPickIsCopiedNamedAndKept_data()
                            << ChosenBy::Pointer;
 }
 
-void OutcomeTest::aPickIsCopiedNamedAndKept()
+void OutcomeTest::aPickIsCopiedNamedAndSaved()
 {
     QFETCH(const QColor, color);
     QFETCH(const QByteArray, text);
@@ -158,7 +158,7 @@ void OutcomeTest::dataFolderAndFileArePrivate()
     desktop.click();
     QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
     constexpr auto own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-    // Qt reports the owner's rights a second time as the user's.
+    // Qt reports the permissions of the owner also as those of the user.
     constexpr auto ownAndUser = own | QFileDevice::ReadUser | QFileDevice::WriteUser;
     QCOMPARE(QFileInfo(program.dataFile()).permissions(), QFileDevice::Permissions(ownAndUser));
     QCOMPARE(QFileInfo(program.dataFolder()).permissions(),
@@ -167,14 +167,14 @@ void OutcomeTest::dataFolderAndFileArePrivate()
              QStringList{QStringLiteral("data.json")});
 }
 
-void OutcomeTest::escapeLeavesNoTrace_data()
+void OutcomeTest::escapeChangesNothing_data()
 {
     QTest::addColumn<bool>("hasPickedBefore");
     QTest::newRow("first run") << false;
     QTest::newRow("with a colour in the history") << true;
 }
 
-void OutcomeTest::escapeLeavesNoTrace()
+void OutcomeTest::escapeChangesNothing()
 {
     QFETCH(const bool, hasPickedBefore);
     PrivateDesktop desktop({});
@@ -195,7 +195,7 @@ void OutcomeTest::escapeLeavesNoTrace()
     QVERIFY(program.waitForCenterCell(patternPixel(200, 600)));
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPickToEnd());
-    // The program has come round to answering the next click.
+    // The program processes the next click.
     QVERIFY(program.openMenu());
     QCOMPARE(desktop.clipboard(), QByteArray("precious"));
     QCOMPARE(QFile::exists(program.dataFile()), hasPickedBefore);
@@ -203,7 +203,7 @@ void OutcomeTest::escapeLeavesNoTrace()
     QCOMPARE(QFileInfo(program.dataFile()).lastModified(), modified);
 }
 
-void OutcomeTest::returnAndSpaceTakeTheColor_data()
+void OutcomeTest::returnAndSpacePickTheColor_data()
 {
     QTest::addColumn<xcb_keysym_t>("key");
     QTest::newRow("Return") << xcb_keysym_t{XK_Return};
@@ -211,7 +211,7 @@ void OutcomeTest::returnAndSpaceTakeTheColor_data()
     QTest::newRow("Space") << xcb_keysym_t{XK_space};
 }
 
-void OutcomeTest::returnAndSpaceTakeTheColor()
+void OutcomeTest::returnAndSpacePickTheColor()
 {
     QFETCH(const xcb_keysym_t, key);
     PrivateDesktop desktop({});
@@ -271,7 +271,7 @@ void OutcomeTest::theWheelZooms()
         return waitUntil([&] { return showsRadius(program, radius); });
     };
     QVERIFY(waitForRadius(defaultRadius));
-    // A notch is three of the five that a step takes, and what is left over counts on.
+    // A notch is three of the five units of a step, and the rest carries over.
     desktop.scroll(2);
     QVERIFY(waitForRadius(6));
     desktop.scroll(2);
@@ -306,13 +306,13 @@ void OutcomeTest::keysZoom()
     QVERIFY(program.startPicking());
     desktop.movePointer(middle);
     QVERIFY(waitUntil([&] { return showsRadius(program, defaultRadius); }));
-    // Without a modifier the key means nothing here.
+    // Without a modifier the key has no effect.
     desktop.typeKey(key);
     desktop.typeKey(key, {held});
     QVERIFY(waitUntil([&] { return showsRadius(program, radius); }));
 }
 
-void OutcomeTest::everyPickBeginsWithTheDefaultZoom()
+void OutcomeTest::everyPickStartsWithTheDefaultZoom()
 {
     PrivateDesktop desktop({});
     const auto picture = desktop.showPicture();
@@ -353,7 +353,7 @@ void OutcomeTest::quitEndsTheProgramWithSuccess()
     QCOMPARE(program.process().standardError(), QByteArray());
 }
 
-void OutcomeTest::desktopsThatCannotBeServedAreRefusedInOneLine_data()
+void OutcomeTest::unsupportedDesktopsAreReportedInOneLine_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("value");
@@ -364,7 +364,7 @@ void OutcomeTest::desktopsThatCannotBeServedAreRefusedInOneLine_data()
     QTest::newRow("no server at the named display") << QStringLiteral("DISPLAY") << QStringLiteral(":29999");
 }
 
-void OutcomeTest::desktopsThatCannotBeServedAreRefusedInOneLine()
+void OutcomeTest::unsupportedDesktopsAreReportedInOneLine()
 {
     QFETCH(const QString, variable);
     QFETCH(const QString, value);

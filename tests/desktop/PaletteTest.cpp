@@ -19,8 +19,8 @@ using Compositor = PrivateDesktop::Compositor;
 const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89-41D3-9A0C-0305E82C3302"_s,
                       u"3F2504E0-4F89-41D3-9A0C-0305E82C3303"_s};
 
-// Inside the panel, from its top left corner: the only card of the dashboard below one row of colours, and what is left
-// of the first row's square on the screen of a palette.
+// In pixels from the top left corner of the panel: the only card of the dashboard, below one row of colours, and the left
+// side of the first row's square on the screen of a palette.
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
 constexpr int rowHeight = 54;
@@ -54,7 +54,7 @@ QStringList storedIds(const TintwickProcess& program)
 
 } // namespace
 
-/// The screen of a palette with a real pointer and real keys.
+/// The screen of a palette, with a real pointer and real keys.
 class PaletteTest final : public QObject
 {
     Q_OBJECT
@@ -62,10 +62,10 @@ class PaletteTest final : public QObject
 private Q_SLOTS:
     void aRowIsDraggedToAnotherPlace_data();
     void aRowIsDraggedToAnotherPlace();
-    void escapeEndsTheDragAndLeavesThePanel();
+    void escapeEndsTheDragAndDoesNotHideThePanel();
 
 private:
-    /// Clicks through to the palette and waits for its rows.
+    /// Opens the palette by clicks and waits for its rows.
     static bool openPalette(PrivateDesktop& desktop, TintwickProcess& program);
     static QRgb rowColor(PrivateDesktop& desktop, TintwickProcess& program, int position);
     static void dragFirstRowToTheEnd(PrivateDesktop& desktop, TintwickProcess& program);
@@ -115,7 +115,7 @@ void PaletteTest::aRowIsDraggedToAnotherPlace()
     QVERIFY(openPalette(desktop, program));
 
     dragFirstRowToTheEnd(desktop, program);
-    // The others make room before the row is let go.
+    // The other rows make room before the row is dropped.
     QVERIFY(waitUntil([&] {
         return rowColor(desktop, program, 0) == qRgb(0, 255, 0) &&
                rowColor(desktop, program, 1) == qRgb(0, 0, 255) &&
@@ -132,7 +132,7 @@ void PaletteTest::aRowIsDraggedToAnotherPlace()
     QVERIFY(!program.panel().isEmpty());
 }
 
-void PaletteTest::escapeEndsTheDragAndLeavesThePanel()
+void PaletteTest::escapeEndsTheDragAndDoesNotHideThePanel()
 {
     PrivateDesktop desktop({});
     keepAPalette(desktop);
@@ -147,7 +147,7 @@ void PaletteTest::escapeEndsTheDragAndLeavesThePanel()
     QVERIFY(!program.panel().isEmpty());
     QCOMPARE(storedIds(program), ids);
 
-    // Without a drag it hides the panel.
+    // Without a drag, Escape hides the panel.
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
     QCOMPARE(storedIds(program), ids);

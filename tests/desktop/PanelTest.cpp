@@ -19,7 +19,7 @@ using Compositor = PrivateDesktop::Compositor;
 
 const QString colorId = u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s;
 
-// Inside the panel, from its top left corner.
+// In pixels from the top left corner of the panel.
 constexpr QPoint header(190, 25);
 constexpr QPoint pickButton(190, 92);
 constexpr QPoint firstSwatch(47, 200);
@@ -44,7 +44,7 @@ QJsonArray collections(const TintwickProcess& program)
 
 } // namespace
 
-/// The panel from outside: the tray icon, other programs' windows, real clicks and keys.
+/// The panel, the tray icon and windows of other programs, with real clicks and keys.
 class PanelTest final : public QObject
 {
     Q_OBJECT
@@ -52,24 +52,24 @@ class PanelTest final : public QObject
 private Q_SLOTS:
     void theTrayIconTogglesThePanelUnderIt_data();
     void theTrayIconTogglesThePanelUnderIt();
-    void fromATrayAtTheFootThePanelStandsUp();
+    void aboveATrayAtTheBottomThePanelOpensUpwards();
     void aClickElsewhereHidesIt_data();
     void aClickElsewhereHidesIt();
-    void aClickInsideActsAtOnceAndLeavesIt();
-    void theMenuOfTheIconLeavesTheToggleAlone();
-    void theMenuOfTheIconIsDressedLikeThePanel_data();
-    void theMenuOfTheIconIsDressedLikeThePanel();
+    void aClickInsideActsAtOnceAndDoesNotHideIt();
+    void theMenuOfTheIconDoesNotToggleIt();
+    void theMenuOfTheIconLooksLikeThePanel_data();
+    void theMenuOfTheIconLooksLikeThePanel();
     void withoutACompositorItsCornersAreCutOff();
-    void withACompositorItCastsOneShadow_data();
-    void withACompositorItCastsOneShadow();
+    void withACompositorItHasOneShadow_data();
+    void withACompositorItHasOneShadow();
     void appearingTakesNoFocusAndTypingWorks();
     void escapeHidesIt();
     void aColorIsDraggedOntoACollection();
     void aPickFromThePanelHidesItFirst();
-    void aPickByTheShortcutLeavesIt();
-    void aTrayThatComesBackGetsTheIconBack();
+    void aPickByTheShortcutDoesNotHideIt();
+    void aRestartedTrayGetsTheIconAgain();
     void withoutATrayTheShortcutOpensIt();
-    void onALowScreenAllOfItIsOnTheScreen();
+    void onALowScreenItIsCompletelyVisible();
 };
 
 void PanelTest::theTrayIconTogglesThePanelUnderIt_data()
@@ -100,7 +100,7 @@ void PanelTest::theTrayIconTogglesThePanelUnderIt()
     }
 }
 
-void PanelTest::fromATrayAtTheFootThePanelStandsUp()
+void PanelTest::aboveATrayAtTheBottomThePanelOpensUpwards()
 {
     PrivateDesktop desktop({.tray = false});
     const auto tray = desktop.start(u"trayer"_s, {u"--edge"_s, u"bottom"_s, u"--align"_s, u"right"_s,
@@ -136,7 +136,7 @@ void PanelTest::aClickElsewhereHidesIt()
     desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
 
-    // Neither the wheel nor the pointer alone.
+    // Neither the wheel nor a pointer move hides it.
     desktop.movePointer({140, 400});
     desktop.scroll(-1);
     desktop.clickAt(program.panel().topLeft() + header);
@@ -145,13 +145,13 @@ void PanelTest::aClickElsewhereHidesIt()
     other.forgetEvents();
     desktop.clickAt({140, 400}, button);
     QVERIFY(program.waitForPanelToHide());
-    // The other program gets its click all the same.
+    // The other program gets the click too.
     QCOMPARE(!other.events().empty(), onAWindow);
     desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
 }
 
-void PanelTest::aClickInsideActsAtOnceAndLeavesIt()
+void PanelTest::aClickInsideActsAtOnceAndDoesNotHideIt()
 {
     PrivateDesktop desktop({});
     keepOneColor(desktop, false);
@@ -167,7 +167,7 @@ void PanelTest::aClickInsideActsAtOnceAndLeavesIt()
     QVERIFY(!program.panel().isEmpty());
 }
 
-void PanelTest::theMenuOfTheIconLeavesTheToggleAlone()
+void PanelTest::theMenuOfTheIconDoesNotToggleIt()
 {
     PrivateDesktop desktop({});
     TintwickProcess program(desktop);
@@ -184,7 +184,7 @@ void PanelTest::theMenuOfTheIconLeavesTheToggleAlone()
     QVERIFY(program.waitForPanelToHide());
 }
 
-void PanelTest::theMenuOfTheIconIsDressedLikeThePanel_data()
+void PanelTest::theMenuOfTheIconLooksLikeThePanel_data()
 {
     QTest::addColumn<QByteArray>("preference");
     QTest::addColumn<QRgb>("ground");
@@ -192,7 +192,7 @@ void PanelTest::theMenuOfTheIconIsDressedLikeThePanel_data()
     QTest::newRow("dark") << QByteArray("dark") << qRgb(0x2A, 0x2A, 0x2F);
 }
 
-void PanelTest::theMenuOfTheIconIsDressedLikeThePanel()
+void PanelTest::theMenuOfTheIconLooksLikeThePanel()
 {
     QFETCH(const QByteArray, preference);
     QFETCH(const QRgb, ground);
@@ -200,7 +200,7 @@ void PanelTest::theMenuOfTheIconIsDressedLikeThePanel()
     keepPreferences(desktop, "colorSchemePref=" + preference + '\n');
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    // The panel is there, so what it looks like is known.
+    // The panel is visible, so its appearance can be compared.
     desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
     QVERIFY(program.openMenu());
@@ -225,7 +225,7 @@ void PanelTest::withoutACompositorItsCornersAreCutOff()
     for (const QPoint corner : {panel.bottomLeft(), panel.bottomRight()}) {
         QCOMPARE(desktop.pixel(corner), qRgb(0, 200, 0));
     }
-    // No pixel near a corner is darker than what is in front and behind.
+    // No pixel near a corner is darker than both the panel and the background.
     const QImage picture = desktop.connection().screenshot(QRect(panel.left(), panel.bottom() - 19, 20, 20));
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
@@ -234,15 +234,15 @@ void PanelTest::withoutACompositorItsCornersAreCutOff()
     }
 }
 
-void PanelTest::withACompositorItCastsOneShadow_data()
+void PanelTest::withACompositorItHasOneShadow_data()
 {
     QTest::addColumn<Compositor>("compositor");
     QTest::newRow("with a compositor") << Compositor::Plain;
     QTest::newRow("with one that draws shadows itself") << Compositor::WithShadows;
 }
 
-// Black at 0.25, blurred by a deviation of 12, 8 points lower than the panel.
-void PanelTest::withACompositorItCastsOneShadow()
+// Black with opacity 0.25, blurred with a standard deviation of 12, 8 points below the panel.
+void PanelTest::withACompositorItHasOneShadow()
 {
     QFETCH(const Compositor, compositor);
     PrivateDesktop desktop({.compositor = compositor});
@@ -260,14 +260,14 @@ void PanelTest::withACompositorItCastsOneShadow()
         const int x = panel.center().x();
         const int below = panel.bottom() + 1;
         const auto isNear = [](int value, int expected) { return std::abs(value - expected) <= 3; };
-        // The edge of the shadow is where it has half of its darkness, and 12 points further it has a sixth.
+        // At its edge the shadow has half of its darkness; 12 points further out, a sixth.
         QVERIFY(waitUntil([&] { return isNear(grayAt(x, below + 8), 175); }));
         QVERIFY(isNear(grayAt(x, below + 20), 192));
         QVERIFY(isNear(grayAt(x, below + 50), 200));
-        // On both sides alike, and half as dark as beside its middle.
+        // Equal on both sides, and half as dark as beside the middle.
         QVERIFY(isNear(grayAt(panel.left() - 1, panel.center().y()), 176));
         QVERIFY(isNear(grayAt(panel.right() + 1, panel.center().y()), 176));
-        // What lies under the shadow is clicked.
+        // A click on the shadow reaches the window below it.
         desktop.clickAt({x, below + 10});
         QVERIFY(program.waitForPanelToHide());
         QVERIFY(waitUntil([&] { return grayAt(x, below + 8) == 200; }));
@@ -330,8 +330,8 @@ void PanelTest::aColorIsDraggedOntoACollection()
     for (int step = 1; step <= 10; ++step) {
         desktop.movePointer(from + (to - from) * step / 10);
     }
-    // The card takes a drop once it shows that it would. A hand that drags is never quite still, and a drag is told of
-    // a place by moves alone.
+    // The card accepts a drop when it shows so. Keep moving the pointer: a drag is reported to
+    // a window only by moves.
     bool isRight = false;
     QVERIFY(waitUntil([&] {
         isRight = !isRight;
@@ -365,7 +365,7 @@ void PanelTest::aPickFromThePanelHidesItFirst()
     QVERIFY(program.panel().isEmpty());
 }
 
-void PanelTest::aPickByTheShortcutLeavesIt()
+void PanelTest::aPickByTheShortcutDoesNotHideIt()
 {
     PrivateDesktop desktop({});
     TestWindow other(desktop.connection(), {.geometry = {40, 300, 200, 200}});
@@ -387,7 +387,7 @@ void PanelTest::aPickByTheShortcutLeavesIt()
     QVERIFY(program.waitForPanelToHide());
 }
 
-void PanelTest::aTrayThatComesBackGetsTheIconBack()
+void PanelTest::aRestartedTrayGetsTheIconAgain()
 {
     PrivateDesktop desktop({.tray = false});
     TintwickProcess program(desktop);
@@ -432,7 +432,7 @@ void PanelTest::withoutATrayTheShortcutOpensIt()
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
 
-    // One press shows it and lets it be typed into.
+    // One press shows it and gives it the keyboard focus.
     other.focus();
     QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
     pressShortcut();
@@ -442,7 +442,7 @@ void PanelTest::withoutATrayTheShortcutOpensIt()
     QVERIFY(program.waitForPanelToHide());
 }
 
-void PanelTest::onALowScreenAllOfItIsOnTheScreen()
+void PanelTest::onALowScreenItIsCompletelyVisible()
 {
     PrivateDesktop desktop({.size = {1024, 560}});
     TintwickProcess program(desktop);

@@ -30,19 +30,19 @@ constexpr std::uint16_t shift = 0x01, alt = 0x08, super = 0x40;
 constexpr KeyCombination altShiftC{KEY_C, alt | shift};
 constexpr KeyCombination superShiftP{KEY_P, super | shift};
 
-/// What is picked, in this order.
+/// The picked colours, in this order.
 constexpr std::array patches{qRgb(0xFF, 0x88, 0x00), qRgb(0x00, 0x88, 0xFF), qRgb(0x22, 0xAA, 0x44),
                              qRgb(0xCC, 0x33, 0x66), qRgb(0xFF, 0xEE, 0x00)};
 constexpr QRect patchWindow(40, 100, 100, 600);
 constexpr int patchHeight = 120;
 
-// Inside the panel, from its top left corner.
+// In pixels from the top left corner of the panel.
 namespace place {
 
 constexpr QPoint back(23, 25);
 constexpr QPoint gear(350, 25);
 constexpr QPoint done(335, 25);
-/// Where the dashboard alone is blue.
+/// A pixel that is blue on the dashboard and on no other screen.
 constexpr QPoint pickButton(190, 72);
 
 constexpr QPoint pickerRecorder(230, 149);
@@ -70,7 +70,7 @@ constexpr int rowStep = 54;
 /// The order of the items in the export menu.
 enum class Export : std::uint8_t { Css, Json, Png };
 
-/// Whether it is the colour of what can be pressed, or that is about to be.
+/// Whether this is the colour of a button, or of a button under the pointer.
 bool isAccent(QRgb color)
 {
     return qBlue(color) - qRed(color) > 60;
@@ -99,7 +99,7 @@ QByteArray contents(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A user at the desktop. What he does returns whether it had the effect that he then sees.
+/// A user at the desktop. Each action returns whether its effect became visible.
 class User final
 {
 public:
@@ -129,14 +129,14 @@ public:
             desktop.movePointer(m_panel + from + (to - from) * step / steps);
         }
     }
-    /// Drags a swatch onto the card, and lets go when the card shows that it would take it.
+    /// Drags a swatch onto the card, and drops it when the card shows that it accepts it.
     [[nodiscard]] bool dropsOntoCard(QPoint swatch)
     {
         if (!waitUntil([&] { return !isAccent(seen(place::cardOutline)); })) {
             return false;
         }
         drag(swatch, place::card);
-        // A hand that drags is never quite still, and a drag is told of a place by moves alone.
+        // Keep moving the pointer: a drag is reported to a window only by moves.
         bool isRight = false;
         if (!waitUntil([&] {
                 isRight = !isRight;
@@ -151,7 +151,7 @@ public:
     void type(const QString& text)
     {
         for (const QChar character : text) {
-            // The symbol of a key that types a character of Latin 1 has the character's number.
+            // The keysym of a Latin-1 character has the character's number.
             const auto key = static_cast<xcb_keysym_t>(character.toLower().unicode());
             desktop.typeKey(key, character.isUpper() ? std::vector<xcb_keysym_t>{XK_Shift_L}
                                                      : std::vector<xcb_keysym_t>{});
@@ -180,7 +180,7 @@ public:
                        title;
         });
     }
-    /// Waits until all keys go to one receiver alone, such as a menu.
+    /// Waits until a client, such as a menu, has grabbed the keyboard.
     [[nodiscard]] bool keyboardIsTaken()
     {
         return waitUntil([&] { return !desktop.connection().keyboardIsFree(); });
@@ -233,7 +233,7 @@ public:
                program.waitForClipboard(hexText(patches.at(patch)));
     }
 
-    /// Whether the other program gets the key of a shortcut that is nobody's any more.
+    /// Whether the other program gets the key of a shortcut that was removed.
     [[nodiscard]] bool typesOldShortcutIntoOtherProgram()
     {
         otherProgram.focus();
@@ -246,7 +246,7 @@ public:
         });
     }
 
-    /// Chooses "Rename…" in the open menu of a colour, which ends with it and "Delete", and types the name.
+    /// Chooses "Rename…" in the open menu of a colour, the last item but one, and types the name.
     [[nodiscard]] bool renamesFromMenu(const QString& name)
     {
         if (!keyboardIsTaken()) {
@@ -263,7 +263,7 @@ public:
         return waitUntil([&] { return !isAccent(seen(place::save)); });
     }
 
-    /// Presses Tab until the ring of the keyboard's focus is seen here.
+    /// Presses Tab until the focus ring is visible here.
     [[nodiscard]] bool tabsTo(QPoint ring)
     {
         constexpr int enough = 20;
@@ -281,7 +281,7 @@ public:
         return false;
     }
 
-    /// Exports the palette that is shown into a file of the home folder, whose whole path is typed.
+    /// Exports the open palette into a file of the home folder by typing its whole path.
     [[nodiscard]] bool exports(Export kind, const QString& name)
     {
         const QString path = pathOf(name);
@@ -296,7 +296,7 @@ public:
         if (!canTypeInto("Save As")) {
             return false;
         }
-        // The name it suggests is not always selected when the keys come to it.
+        // The suggested name is not always selected when the dialog gets the keyboard focus.
         desktop.typeKey(XK_a, {XK_Control_L});
         type(path);
         desktop.typeKey(XK_Return);
@@ -349,27 +349,27 @@ QJsonArray colorIds(const TintwickProcess& program)
 
 } // namespace
 
-/// The whole product once, from a fresh home to the second start, as a user goes through it.
+/// All functions in one session, from an empty home folder to the second start.
 class ProductWalkTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatAUserMakesIsThereAfterARestart_data();
-    void whatAUserMakesIsThereAfterARestart();
+    void dataAndPreferencesArePresentAfterARestart_data();
+    void dataAndPreferencesArePresentAfterARestart();
 
 private:
     static void checkExports(const User& user);
 };
 
-void ProductWalkTest::whatAUserMakesIsThereAfterARestart_data()
+void ProductWalkTest::dataAndPreferencesArePresentAfterARestart_data()
 {
     QTest::addColumn<Compositor>("compositor");
     QTest::newRow("without a compositor") << Compositor::None;
     QTest::newRow("with a compositor") << Compositor::Plain;
 }
 
-void ProductWalkTest::whatAUserMakesIsThereAfterARestart()
+void ProductWalkTest::dataAndPreferencesArePresentAfterARestart()
 {
     QFETCH(const Compositor, compositor);
     User user(compositor);
@@ -389,7 +389,7 @@ void ProductWalkTest::whatAUserMakesIsThereAfterARestart()
         QVERIFY(!program.loupe());
         QVERIFY(user.sees(place::firstSwatch, patches[4]));
 
-        // Two names: the menu under the pointer, and the keyboard alone.
+        // Two names: one by the context menu, one by the keyboard only.
         user.click(place::seeAll);
         QVERIFY(user.sees(place::firstTile, patches[4]));
         QVERIFY(user.leavesDashboard());
@@ -416,7 +416,7 @@ void ProductWalkTest::whatAUserMakesIsThereAfterARestart()
         }
         QCOMPARE(colorIds(program), (QJsonArray{idOf(program, 0), idOf(program, 1), idOf(program, 2)}));
 
-        // The first of them last.
+        // Move the first to the end.
         user.click(place::card);
         QVERIFY(user.sees(place::firstRowSquare, patches[4]));
         const QPoint twoRows(0, 2 * place::rowStep);

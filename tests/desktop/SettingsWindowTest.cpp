@@ -8,18 +8,18 @@
 
 using namespace tintwick;
 
-/// "Settings…" in the menu of the tray icon, and the window it opens.
+/// The item "Settings…" in the menu of the tray icon, and the settings window.
 class SettingsWindowTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theMenuOpensItWithTheKeyboard();
-    void askedForAgainItComesToTheFront();
-    void closingItQuitsNothing();
+    void theMenuOpensItWithTheKeyboardFocus();
+    void openingItAgainRaisesIt();
+    void closingItDoesNotQuitTheProgram();
 };
 
-void SettingsWindowTest::theMenuOpensItWithTheKeyboard()
+void SettingsWindowTest::theMenuOpensItWithTheKeyboardFocus()
 {
     PrivateDesktop desktop({});
     TestWindow other(desktop.connection(),
@@ -36,7 +36,7 @@ void SettingsWindowTest::theMenuOpensItWithTheKeyboard()
     QVERIFY(program.panel().isEmpty());
 }
 
-void SettingsWindowTest::askedForAgainItComesToTheFront()
+void SettingsWindowTest::openingItAgainRaisesIt()
 {
     PrivateDesktop desktop({});
     TintwickProcess program(desktop);
@@ -46,7 +46,7 @@ void SettingsWindowTest::askedForAgainItComesToTheFront()
     const xcb_window_t window = program.settingsWindow();
     QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == window; }));
 
-    // Another program's window over most of it.
+    // A window of another program that covers most of it.
     const QPoint inside = desktop.connection().geometry(window).bottomRight() - QPoint(5, 5);
     TestWindow other(desktop.connection(), {.geometry = desktop.screen().adjusted(100, 100, -100, -100),
                                             .management = TestWindow::Management::Managed});
@@ -61,7 +61,7 @@ void SettingsWindowTest::askedForAgainItComesToTheFront()
     QCOMPARE(program.settingsWindow(), window);
 }
 
-void SettingsWindowTest::closingItQuitsNothing()
+void SettingsWindowTest::closingItDoesNotQuitTheProgram()
 {
     PrivateDesktop desktop({});
     TintwickProcess program(desktop);

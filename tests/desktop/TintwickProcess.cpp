@@ -45,7 +45,7 @@ xcb_window_t TintwickProcess::trayIconWindow()
     DesktopConnection& connection = m_desktop.connection();
     const auto topLevel = connection.children(connection.root());
     for (const xcb_window_t window : connection.tree(connection.root())) {
-        // Window managers put our windows into frames of theirs, but mark them.
+        // Windows that a window manager put into a frame have WM_STATE.
         const bool isEmbedded = std::find(topLevel.begin(), topLevel.end(), window) == topLevel.end() &&
                                 !connection.hasProperty(window, "WM_STATE");
         if (isEmbedded && belongsToProgram(window) && connection.isViewable(window) && !isPanel(window)) {
@@ -62,7 +62,7 @@ QRect TintwickProcess::trayIcon()
 
 bool TintwickProcess::waitForTrayIcon()
 {
-    // The tray embeds the icon first, then makes room for it, and comes back to its place at the edge only after that.
+    // The tray embeds the icon, then grows, and then moves back to its place at the edge.
     return waitUntil([this] {
         const QRect icon = trayIcon();
         return icon.width() > 4 && trayInItsPlace().contains(icon);
@@ -97,7 +97,7 @@ bool TintwickProcess::isSettingsWindow(xcb_window_t window)
 
 bool TintwickProcess::isPanel(xcb_window_t window)
 {
-    // The tray icon has the same title, and menus are of another type.
+    // The tray icon has the same title; menus have another type.
     DesktopConnection& connection = m_desktop.connection();
     const xcb_atom_t utility = connection.atom("_NET_WM_WINDOW_TYPE_UTILITY");
     return connection.property(window, "_NET_WM_WINDOW_TYPE")
@@ -117,7 +117,7 @@ QRect TintwickProcess::panel()
 
 bool TintwickProcess::waitForPanel()
 {
-    // A window manager may put it in a frame and then in its place.
+    // A window manager may put it into a frame first and then move it.
     return waitUntil([this] {
         const QRect place = panel();
         return !place.isEmpty() && place == panel();
@@ -148,14 +148,14 @@ QRect TintwickProcess::menuPlace()
 
 bool TintwickProcess::openMenu()
 {
-    // The end of a pick before is not over until the last button is up and the input is given back.
+    // A previous pick has ended when the last button is up and the grabs are released.
     DesktopConnection& connection = m_desktop.connection();
     if (!waitForTrayIcon() || !waitUntil([&] { return connection.inputIsFree(); })) {
         return false;
     }
     m_desktop.movePointer(trayIcon().center());
     m_desktop.click(PrivateDesktop::Button::Right);
-    // A menu that is seen does not listen until it holds the keyboard.
+    // A visible menu reacts to input only when it has grabbed the keyboard.
     return waitUntil([&] { return menu() != XCB_NONE && !connection.keyboardIsFree(); });
 }
 
@@ -195,7 +195,7 @@ void TintwickProcess::sendClick(xcb_window_t window, PrivateDesktop::Button butt
     for (const std::uint8_t type : {std::uint8_t{XCB_BUTTON_PRESS}, std::uint8_t{XCB_BUTTON_RELEASE}}) {
         event.response_type = type;
         event.state = static_cast<std::uint16_t>(type == XCB_BUTTON_PRESS ? 0U : 1U << (7U + event.detail));
-        // An empty mask sends it to the window's own program.
+        // With an empty mask the event goes to the client that created the window.
         xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                        reinterpret_cast<const char*>(&event));
     }
@@ -204,7 +204,7 @@ void TintwickProcess::sendClick(xcb_window_t window, PrivateDesktop::Button butt
 
 void TintwickProcess::pointAtPick()
 {
-    // A few items share the menu's height: a seventh of it is inside the first.
+    // The menu has three items; a seventh of its height is inside the first.
     const QRect place = menuPlace();
     m_desktop.movePointer({place.center().x(), place.top() + place.height() / 7});
 }
@@ -222,7 +222,7 @@ void TintwickProcess::choosePick(ChosenBy chosenBy)
 
 void TintwickProcess::chooseSettings()
 {
-    // The middle of three.
+    // The second of three items.
     m_desktop.movePointer(menuPlace().center());
     m_desktop.click();
 }
@@ -291,7 +291,7 @@ QRgb TintwickProcess::cell(int column, int row, int radius, double scale)
     if (!place) {
         return 0;
     }
-    // The scope is the square at the top of the loupe; its ring takes 3.5 points on either side.
+    // The grid is the square at the top of the loupe; its ring takes 3.5 points on each side.
     constexpr double ringWidth = 3.5;
     const double middle = place->width() / 2.0;
     const double cellSide = (place->width() - 2 * ringWidth * scale) / (2 * radius + 1);

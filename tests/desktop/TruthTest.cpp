@@ -12,7 +12,7 @@ using namespace tintwick;
 
 using Compositor = PrivateDesktop::Compositor;
 
-/// The pixel under the pointer is the pixel in the loupe's centre cell is the text on the clipboard.
+/// The pixel under the pointer, the loupe's centre cell and the text on the clipboard agree.
 class TruthTest final : public QObject
 {
     Q_OBJECT
@@ -25,13 +25,13 @@ private Q_SLOTS:
     void everyCellShowsItsPixel_data();
     void everyCellShowsItsPixel();
     void cellsBeyondTheScreenAreDarkGray();
-    void overlappingWindowsAreSampledAsTheyAreSeen_data();
-    void overlappingWindowsAreSampledAsTheyAreSeen();
+    void overlappingWindowsAreSampledAsShown_data();
+    void overlappingWindowsAreSampledAsShown();
 };
 
 namespace {
 
-// Where positions are told from each other the hardest: corners, and points along each edge beside the tray.
+// Positions with the most special cases: corners, and points along each edge beside the tray.
 std::vector<QPoint> cornersAndEdges(const QRect& screen)
 {
     const int right = screen.right();
@@ -177,7 +177,7 @@ void TruthTest::everyCellShowsItsPixel()
     const QPoint pointer(700, 430);
     desktop.movePointer(pointer);
     QVERIFY(program.waitForCenterCell(patternPixel(pointer.x(), pointer.y())));
-    // The corners are rounded off.
+    // The corners are rounded.
     constexpr int radius = 7;
     for (int row = -radius + 1; row < radius; ++row) {
         for (int column = -radius + 1; column < radius; ++column) {
@@ -204,7 +204,7 @@ void TruthTest::cellsBeyondTheScreenAreDarkGray()
     QCOMPARE(program.cell(1, 0, 7), patternPixel(1, 500));
 }
 
-void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen_data()
+void TruthTest::overlappingWindowsAreSampledAsShown_data()
 {
     QTest::addColumn<bool>("windowManager");
     QTest::addColumn<Compositor>("compositor");
@@ -215,7 +215,7 @@ void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen_data()
     QTest::newRow("compositor with shadows") << true << Compositor::WithShadows;
 }
 
-void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen()
+void TruthTest::overlappingWindowsAreSampledAsShown()
 {
     PrivateDesktop desktop(desktopOfRow());
     const auto picture = desktop.showPicture();
@@ -236,7 +236,7 @@ void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen()
     framed.setColor(QColor(200, 200, 20));
     framed.show();
 
-    // A busy compositor comes late; until then the server shows what the window itself holds.
+    // A busy compositor is late; until then the server shows the window's own content.
     QFETCH(const Compositor, compositor);
     const QPoint inMoreGlass(575, 600);
     constexpr QRgb notBlended = qRgb(0, 50, 64);
@@ -252,7 +252,7 @@ void TruthTest::overlappingWindowsAreSampledAsTheyAreSeen()
         const QRgb expected = before.pixel(position);
         QVERIFY2(program.waitForLoupeAt(loupePlace(position, desktop.screen())), "the loupe did not follow");
         QVERIFY2(program.waitForCenterCell(expected), difference(position, program, expected).constData());
-        // Nothing changes below, so what is shown does not either, once the loupe itself has come to rest.
+        // Nothing changes below, so the picture stays the same once the loupe does not move.
         static_cast<void>(desktop.settledScreenshot(loupePlace(position, desktop.screen())));
         QVERIFY2(program.centerCell() == expected, difference(position, program, expected).constData());
     }

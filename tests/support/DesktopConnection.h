@@ -18,7 +18,7 @@
 
 namespace tintwick {
 
-/// Replies, errors and events are the receiver's to free.
+/// Owns a reply, error or event, which the receiver must free.
 struct FreeServerMemory
 {
     void operator()(void* memory) const { std::free(memory); }
@@ -26,7 +26,7 @@ struct FreeServerMemory
 template <typename Reply>
 using ServerReply = std::unique_ptr<Reply, FreeServerMemory>;
 
-/// A client of the private X server: one of the "other programs" of a test, or the hand that drives the
+/// A client of the private X server: one of the "other programs" of a test, or the client that sends input to the
 /// desktop. Positions are pixels from the top left of the root window.
 class DesktopConnection final
 {
@@ -47,43 +47,43 @@ public:
 
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name);
     [[nodiscard]] std::uint32_t newId() const { return xcb_generate_id(m_connection); }
-    /// Returns once the server has carried out everything sent so far.
+    /// Returns when the server has processed all requests sent so far.
     void sync() const;
 
-    /// XCB_NONE when nobody owns the selection.
+    /// XCB_NONE when the selection has no owner.
     [[nodiscard]] xcb_window_t selectionOwner(const QByteArray& selection);
-    /// The window that keys go to now.
+    /// The window with the keyboard focus.
     [[nodiscard]] xcb_window_t focusedWindow() const;
     /// The raw bytes of a property, empty when the window has none.
     [[nodiscard]] QByteArray property(xcb_window_t window, const QByteArray& name);
     [[nodiscard]] bool hasProperty(xcb_window_t window, const QByteArray& name);
     /// The children, bottom to top.
     [[nodiscard]] std::vector<xcb_window_t> children(xcb_window_t window) const;
-    /// The window and everything inside it.
+    /// The window and all its descendants.
     [[nodiscard]] std::vector<xcb_window_t> tree(xcb_window_t window) const;
-    /// Whether the window and all it lies in are mapped.
+    /// Whether the window and all its ancestors are mapped.
     [[nodiscard]] bool isViewable(xcb_window_t window) const;
-    /// The window's inside in root coordinates; empty when it is gone.
+    /// The window's content rectangle in root coordinates; empty when the window no longer exists.
     [[nodiscard]] QRect geometry(xcb_window_t window) const;
 
-    /// What the screen shows there, without the pointer's image.
+    /// The picture on the screen in this rectangle, without the pointer.
     [[nodiscard]] QImage screenshot(const QRect& rect) const;
-    /// The opaque colour the screen shows at one place.
+    /// The opaque colour on the screen at this position.
     [[nodiscard]] QRgb pixel(QPoint position) const;
 
-    /// Whether another program holds neither pointer nor keyboard, so that we now do.
+    /// Grabs the pointer or the keyboard; false when another client holds it.
     [[nodiscard]] bool grabPointer();
     [[nodiscard]] bool grabKeyboard();
     void ungrabAll();
-    /// Whether nobody holds the pointer or the keyboard; to ask disturbs nobody who is about to.
+    /// Whether no client has grabbed the pointer or the keyboard. The query takes no grab.
     [[nodiscard]] bool inputIsFree();
-    /// The keyboard alone: a window manager holds the pointer for a moment at every click.
+    /// The keyboard only: a window manager grabs the pointer briefly at each click.
     [[nodiscard]] bool keyboardIsFree();
 
-    /// The handler gets the events of the window until it is removed.
+    /// Calls the handler for each event of the window until it is removed.
     void setEventHandler(xcb_window_t window, const EventHandler& handler);
     void removeEventHandler(xcb_window_t window);
-    /// Hands out every event the server has sent until now.
+    /// Dispatches all events that the server has sent so far.
     void dispatchEvents();
 
 private:

@@ -36,7 +36,7 @@ ChildEnd runInChild(const std::function<QByteArray()>& work)
     }
     const pid_t child = ::fork();
     if (child == 0) {
-        // The test's own handlers would report the end of the child as an end of the test.
+        // The test's own signal handlers would report the end of the child as the end of the test.
         qInstallMessageHandler(nullptr);
         for (const int signal : {SIGABRT, SIGXFSZ, SIGSEGV, SIGBUS}) {
             std::signal(signal, SIG_DFL);

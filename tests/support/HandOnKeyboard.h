@@ -10,8 +10,8 @@
 
 namespace tintwick {
 
-/// A user's hand on the keyboard of a desktop. Keys are positions (KEY_C is the key right of X, whatever
-/// the layout prints on it). At its end no key is down and no lock is on.
+/// The keyboard of a private desktop. Keys are positions (KEY_C is the key to the right of X, whatever
+/// the layout assigns to it). The destructor releases all keys and locks.
 class HandOnKeyboard final
 {
 public:
@@ -23,12 +23,12 @@ public:
     void press(int key);
     void release(int key);
     void tap(int key);
-    /// Presses all in order and releases them in the opposite order.
+    /// Presses all keys in order and releases them in reverse order.
     void chord(std::initializer_list<int> keys);
 
-    /// The modifier bits that are down or locked.
+    /// The modifier bits that are pressed or locked.
     [[nodiscard]] std::uint16_t modifiers();
-    /// Chooses one of the layouts that are loaded, the first one is 0.
+    /// Selects one of the loaded layouts; the first is 0.
     void chooseGroup(std::uint8_t group);
 
     [[nodiscard]] DesktopConnection& connection() { return m_connection; }

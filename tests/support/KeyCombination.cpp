@@ -8,7 +8,7 @@ namespace {
 
 constexpr int firstKeycode = 8;
 constexpr std::uint16_t lock = 0x02, numLock = 0x10;
-/// What may be locked without being a part of the combination.
+/// Lock modifiers, which are not part of the combination.
 constexpr std::array<std::uint16_t, 4> locks{0, lock, numLock, lock | numLock};
 
 bool grab(DesktopConnection& connection, std::uint8_t keycode, std::uint16_t modifiers)

@@ -6,17 +6,17 @@
 
 namespace tintwick {
 
-/// A shortcut of the whole desktop as the server knows it: a key by its position (KEY_C, ...), and the modifier bits.
+/// A global key combination: a key by its position (KEY_C, ...), and the X11 modifier bits.
 struct KeyCombination
 {
     int key;
     std::uint16_t modifiers;
 
-    /// The connection's program takes the combination; false when another holds it.
+    /// Grabs the combination for the connection; false when another client holds it.
     [[nodiscard]] bool take(DesktopConnection& connection) const;
-    /// Whether another program holds it, whatever is locked; to ask disturbs nobody who is about to take it.
+    /// Whether another client has grabbed it with any lock modifiers. The query leaves no grab.
     [[nodiscard]] bool isHeld(DesktopConnection& connection) const;
-    /// Whether no other program holds it, whatever is locked.
+    /// Whether no other client has grabbed it with any lock modifiers.
     [[nodiscard]] bool isFree(DesktopConnection& connection) const;
 };
 

@@ -10,8 +10,8 @@
 
 namespace tintwick::test {
 
-/// What the process writes to standard output meanwhile, as far as it was flushed. Compare the result outside: the
-/// report of a failure is output too.
+/// The text that the process writes to standard output and flushes during the action. Compare the result outside it,
+/// because a failed comparison writes there too.
 inline QByteArray outputOf(const std::function<void()>& action)
 {
     QTemporaryFile file;

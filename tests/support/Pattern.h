@@ -6,16 +6,16 @@
 
 namespace tintwick {
 
-/// The opaque colour of the test picture at (x, y). Within 4096 × 4096 pixels no colour comes twice, so a
-/// pixel read one place off is always seen as wrong.
+/// The opaque colour of the test picture at (x, y). All 4096 × 4096 pixels differ, so a
+/// pixel read at a wrong position is always detected.
 [[nodiscard]] constexpr QRgb patternPixel(int x, int y)
 {
-    // Multiplying by an odd number is one-to-one modulo 2^24.
+    // Multiplication by an odd number is a bijection modulo 2^24.
     const auto position = (static_cast<unsigned>(x) & 0xfffU) | ((static_cast<unsigned>(y) & 0xfffU) << 12U);
     return 0xff000000U | ((position * 0x9e3779U) & 0xffffffU);
 }
 
-/// The part of the test picture that lies in the rectangle.
+/// The part of the test picture inside the rectangle.
 [[nodiscard]] QImage patternImage(const QRect& rect);
 
 } // namespace tintwick

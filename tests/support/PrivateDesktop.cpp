@@ -41,7 +41,7 @@ PrivateDesktop::PrivateDesktop(const Options& options)
 PrivateDesktop::~PrivateDesktop()
 {
     m_connection.reset();
-    // The server goes last: the others would write about losing it.
+    // End the server last: the other programs would print errors when they lose it.
     while (!m_programs.empty()) {
         m_programs.pop_back();
     }
@@ -75,7 +75,7 @@ void PrivateDesktop::startServer()
     showArrowOnRoot();
 }
 
-// A bare server shows no pointer until someone asks for one, and then nobody could tell a hidden one.
+// Without a cursor on the root window the server shows no pointer, and a hidden one could not be recognised.
 void PrivateDesktop::showArrowOnRoot()
 {
     constexpr std::uint16_t leftPointer = 68;
@@ -97,7 +97,7 @@ void PrivateDesktop::startHelpers()
         m_programs.push_back(start(QStringLiteral("dbus-daemon"),
                                    {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                     QStringLiteral("--print-address=1"),
-                                    // Its default place is /tmp, where a killed bus leaves it.
+                                    // The default is /tmp, where a killed bus leaves its socket.
                                     QStringLiteral("--address=unix:path=%1/bus").arg(m_folder.path())}));
         const RunningProgram& bus = *m_programs.back();
         require(waitUntil([&] { return bus.standardOutput().endsWith('\n'); }),
@@ -135,7 +135,7 @@ void PrivateDesktop::startHelpers()
     }
 }
 
-// A window manager announces itself before it listens, and may leave what comes in between lying until the
+// A window manager announces itself before it selects events. It may process earlier requests only at the
 // next event.
 bool PrivateDesktop::windowManagerAnswers()
 {
@@ -153,7 +153,7 @@ bool PrivateDesktop::windowManagerAnswers()
     });
 }
 
-// A compositor, too, takes its selection before it listens.
+// A compositor also takes its selection before it processes events.
 bool PrivateDesktop::compositorBlends()
 {
     const QRect place(0, 0, 8, 8);
@@ -173,7 +173,7 @@ QProcessEnvironment PrivateDesktop::environment() const
 {
     QProcessEnvironment environment;
     const auto outer = QProcessEnvironment::systemEnvironment();
-    // ASAN_OPTIONS and the like are for the programs under test.
+    // The programs under test need ASAN_OPTIONS and the like.
     for (const QString& name : outer.keys()) {
         if (name == QLatin1StringView("PATH") || name.endsWith(QLatin1StringView("SAN_OPTIONS"))) {
             environment.insert(name, outer.value(name));
@@ -189,7 +189,7 @@ QProcessEnvironment PrivateDesktop::environment() const
     set("XDG_CONFIG_HOME", configHome());
     set("XDG_CACHE_HOME", m_folder.filePath(QStringLiteral("cache")));
     set("XDG_RUNTIME_DIR", m_folder.filePath(QStringLiteral("runtime")));
-    // Without an address some programs would go and look for a bus, or start one.
+    // Without an address some programs would search for a bus, or start one.
     set("DBUS_SESSION_BUS_ADDRESS",
         m_busAddress.isEmpty() ? QStringLiteral("disabled:") : QString::fromLatin1(m_busAddress));
     set("NO_AT_BRIDGE", QStringLiteral("1"));

@@ -24,8 +24,8 @@
 
 namespace tintwick {
 
-/// A desktop of our own: an X server without a screen, and what a user's desktop has besides. It has its own
-/// home folder; everything ends with the object. Positions are pixels from the top left of the whole desktop.
+/// A headless desktop: an X server, and on request a window manager, a compositor, a tray and a bus. It has its own
+/// home folder; all ends with the object. Positions are pixels from the top left corner of the whole desktop.
 class PrivateDesktop final
 {
 public:
@@ -50,11 +50,11 @@ public:
 
     enum class Button : std::uint8_t { Left = 1, Middle = 2, Right = 3, WheelUp = 4, WheelDown = 5 };
 
-    /// Returns when everything asked for is up; throws std::runtime_error naming what did not come.
+    /// Returns when all requested programs are ready; throws std::runtime_error that names the one that is not.
     explicit PrivateDesktop(const Options& options);
     ~PrivateDesktop();
 
-    /// The connection that drives the desktop.
+    /// The connection that sends the input.
     [[nodiscard]] DesktopConnection& connection() { return *m_connection; }
     [[nodiscard]] QByteArray display() const { return m_display; }
     [[nodiscard]] QRect screen() const { return {QPoint(0, 0), m_options.size}; }
@@ -63,15 +63,15 @@ public:
     /// $XDG_DATA_HOME and $XDG_CONFIG_HOME of the programs started here.
     [[nodiscard]] QString dataHome() const { return m_folder.filePath(QStringLiteral("data")); }
     [[nodiscard]] QString configHome() const { return m_folder.filePath(QStringLiteral("config")); }
-    /// What programs started here inherit: this desktop, and nothing of the desktop the tests run on.
+    /// The environment of programs started here: this desktop, and nothing of the desktop that runs the tests.
     [[nodiscard]] QProcessEnvironment environment() const;
 
     [[nodiscard]] std::unique_ptr<RunningProgram> start(const QString& program,
                                                         const QStringList& arguments = {},
                                                         const QProcessEnvironment& additions = {});
-    /// What another program reads from the clipboard; empty when there is nothing to read.
+    /// The clipboard text that another program reads; empty when there is none.
     [[nodiscard]] QByteArray clipboard();
-    /// Another program puts a text on the clipboard; returns when it owns it.
+    /// Lets another program own the clipboard with this text, and waits until it does.
     void takeClipboard(const QByteArray& text);
 
     void movePointer(QPoint position);
@@ -86,11 +86,11 @@ public:
     /// Keys are keysyms (XK_Escape, ...).
     void pressKey(xcb_keysym_t key);
     void releaseKey(xcb_keysym_t key);
-    /// Presses and releases the key while the others are held.
+    /// Presses and releases the key while the others are down.
     void typeKey(xcb_keysym_t key, const std::vector<xcb_keysym_t>& held = {});
 
     [[nodiscard]] QImage screenshot() { return m_connection->screenshot(screen()); }
-    /// The screen, or a part of it, once it looks the same many times in a row: window manager and compositor have
+    /// The screen, or a part of it, once several pictures in a row are equal: window manager and compositor have
     /// finished.
     [[nodiscard]] QImage settledScreenshot() { return settledScreenshot(screen()); }
     [[nodiscard]] QImage settledScreenshot(const QRect& part);
@@ -99,7 +99,7 @@ public:
     /// Covers the whole desktop with the test picture, below everything else.
     [[nodiscard]] std::unique_ptr<TestWindow> showPicture();
 
-    /// Cuts the desktop into these monitors. The server's only output belongs to the first, which cannot be
+    /// Divides the desktop into these monitors. The server's only output belongs to the first, which cannot be
     /// removed.
     void setMonitors(const std::vector<Monitor>& monitors);
     void removeMonitor(const QByteArray& name);

@@ -10,8 +10,8 @@
 
 namespace tintwick {
 
-/// Runs the tests of a class in a desktop of their own, for tests that are themselves a client of it: the toolkit
-/// connects to the display it finds at its start, so the program starts itself once more in there.
+/// Runs a test class as a client of a private desktop. Qt connects to the display of the process
+/// at its start, so the program starts itself a second time on that desktop.
 template <typename Test>
 int runOnPrivateDesktop(int argc, char** argv, const PrivateDesktop::Options& options)
 {

@@ -14,28 +14,28 @@
 
 using namespace tintwick;
 
-/// The desktop that the whole-program tests stand on does what they take for granted.
+/// Tests of the private desktop that all desktop tests use.
 class PrivateDesktopTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void noTwoPixelsOfThePictureAreAlike();
+    void allPixelsOfThePictureDiffer();
     void windowsShowTheirColorsAndPictures();
     void translucentWindowsAreBlendedByACompositor();
     void shapedWindowsLetTheScreenThrough();
-    void keysAndButtonsReachTheWindowBelowThePointer();
-    void aGrabKeepsInputFromTheOthers();
-    void thePointerCanBeSeenToBeHidden();
+    void keysAndButtonsReachTheWindowUnderThePointer();
+    void aGrabKeepsInputFromOtherClients();
+    void aHiddenPointerIsRecognised();
     void aManagedWindowGetsAFrame();
-    void theClipboardGoesFromProgramToProgram();
+    void theClipboardIsSharedBetweenPrograms();
     void monitorsCanBeLaidOutAndRemoved();
-    void everyHelperComesUp();
+    void everyHelperStarts();
     void aProgramReportsHowItEnded();
     void aDesktopRemovesItsFilesWhenItEnds();
 };
 
-void PrivateDesktopTest::noTwoPixelsOfThePictureAreAlike()
+void PrivateDesktopTest::allPixelsOfThePictureDiffer()
 {
     const QImage picture = patternImage({0, 0, 640, 480});
     std::set<QRgb> colors;
@@ -101,7 +101,7 @@ void PrivateDesktopTest::shapedWindowsLetTheScreenThrough()
     QCOMPARE(desktop.pixel({60, 10}), qRgb(0, 255, 0));
 }
 
-void PrivateDesktopTest::keysAndButtonsReachTheWindowBelowThePointer()
+void PrivateDesktopTest::keysAndButtonsReachTheWindowUnderThePointer()
 {
     PrivateDesktop desktop({.size = {640, 480}, .windowManager = false, .tray = false});
     TestWindow window(desktop.connection(),
@@ -125,7 +125,7 @@ void PrivateDesktopTest::keysAndButtonsReachTheWindowBelowThePointer()
     QCOMPARE(events[5].type, std::uint8_t{XCB_KEY_RELEASE});
 }
 
-void PrivateDesktopTest::aGrabKeepsInputFromTheOthers()
+void PrivateDesktopTest::aGrabKeepsInputFromOtherClients()
 {
     PrivateDesktop desktop({.size = {640, 480}, .windowManager = false, .tray = false});
     TestWindow window(desktop.connection(),
@@ -147,7 +147,7 @@ void PrivateDesktopTest::aGrabKeepsInputFromTheOthers()
     QCOMPARE(window.events().size(), std::size_t{2});
 }
 
-void PrivateDesktopTest::thePointerCanBeSeenToBeHidden()
+void PrivateDesktopTest::aHiddenPointerIsRecognised()
 {
     PrivateDesktop desktop({.size = {640, 480}, .windowManager = false, .tray = false});
     QVERIFY(desktop.pointerIsVisible());
@@ -175,7 +175,7 @@ void PrivateDesktopTest::aManagedWindowGetsAFrame()
     QVERIFY(waitUntil([&] { return desktop.connection().hasProperty(window.id(), "_NET_FRAME_EXTENTS"); }));
 }
 
-void PrivateDesktopTest::theClipboardGoesFromProgramToProgram()
+void PrivateDesktopTest::theClipboardIsSharedBetweenPrograms()
 {
     PrivateDesktop desktop({.size = {640, 480}, .windowManager = false, .tray = false});
     QCOMPARE(desktop.clipboard(), QByteArray());
@@ -200,7 +200,7 @@ void PrivateDesktopTest::monitorsCanBeLaidOutAndRemoved()
     QVERIFY(names().startsWith("Monitors: 1"));
 }
 
-void PrivateDesktopTest::everyHelperComesUp()
+void PrivateDesktopTest::everyHelperStarts()
 {
     PrivateDesktop desktop(
         {.compositor = PrivateDesktop::Compositor::WithShadows, .tray = true, .sessionBus = true});

@@ -7,7 +7,7 @@
 
 namespace tintwick::testing {
 
-/// A temporary folder for tests that save very often: in memory where the system has such a place, so that
+/// A temporary folder for tests that save often: in memory where the system has /dev/shm, so that
 /// they do not wait for a disk.
 [[nodiscard]] inline std::unique_ptr<QTemporaryDir> quickTemporaryDir()
 {

@@ -9,7 +9,7 @@ namespace {
 template <typename PixelAt>
 ScreenImage imageOf(int width, int height, PixelAt pixelAt)
 {
-    // Rows with a gap after them, as window systems give them.
+    // Rows with padding, as window systems deliver them.
     const int bytesPerRow = width * 4 + 12;
     ScreenImage image{width, height, bytesPerRow, 8, {}};
     image.bytes.assign(static_cast<std::size_t>(bytesPerRow) * static_cast<std::size_t>(height), 0xEE);

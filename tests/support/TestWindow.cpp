@@ -80,7 +80,7 @@ void TestWindow::setPicture(const QImage& picture)
     xcb_create_pixmap(server, m_depth, pixmap, m_window, width, static_cast<std::uint16_t>(pixels.height()));
     const xcb_gcontext_t context = m_connection.newId();
     xcb_create_gc(server, context, pixmap, 0, nullptr);
-    // A request has a largest size, so a big picture goes over in bands.
+    // The size of a request is limited, so send a large picture in bands.
     constexpr int bandHeight = 64;
     for (int y = 0; y < pixels.height(); y += bandHeight) {
         const int rows = std::min(bandHeight, pixels.height() - y);

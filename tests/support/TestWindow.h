@@ -11,14 +11,14 @@
 
 namespace tintwick {
 
-/// A window of another program. What it shows is a background of the server's, so it needs nobody to repaint
+/// A window of another program. Its content is a window background, so the server repaints
 /// it.
 class TestWindow final
 {
 public:
     enum class Visual : std::uint8_t { Opaque, Translucent };
     enum class Management : std::uint8_t {
-        /// Stays where it is put, without a frame; the window manager does not see it.
+        /// Override-redirect: without a frame, not managed by the window manager.
         Unmanaged,
         Managed
     };
@@ -32,7 +32,7 @@ public:
         Input input = Input::Ignored;
     };
 
-    /// One key, button or pointer event that reached the window; `type` is the server's number of the event.
+    /// One key, button or pointer event that reached the window; `type` is the X11 event code.
     struct InputEvent
     {
         std::uint8_t type = 0;
@@ -41,7 +41,7 @@ public:
         friend bool operator==(const InputEvent&, const InputEvent&) = default;
     };
 
-    /// The connection must outlive the window. Nothing is on the screen before show().
+    /// The connection must outlive the window. The window is not mapped before show().
     TestWindow(DesktopConnection& connection, const Options& options);
     ~TestWindow();
     TestWindow(const TestWindow&) = delete;
@@ -49,11 +49,11 @@ public:
 
     [[nodiscard]] xcb_window_t id() const { return m_window; }
 
-    /// Fills the window; an alpha below 255 has meaning in a translucent one only.
+    /// Fills the window; alpha below 255 has an effect in a translucent window only.
     void setColor(const QColor& color);
     /// Tiles the window with the picture.
     void setPicture(const QImage& picture);
-    /// Cuts the window down to these parts of it, in its own coordinates.
+    /// Shapes the window to these rectangles, in its own coordinates.
     void setShape(const std::vector<QRect>& parts);
     void show();
     void hide();
@@ -61,10 +61,10 @@ public:
     void resize(QSize size);
     void raise();
     void lower();
-    /// Makes keys go to this window.
+    /// Gives this window the keyboard focus.
     void focus();
 
-    /// Every input event since the last forgetEvents().
+    /// All input events since the last forgetEvents().
     [[nodiscard]] std::vector<InputEvent> events();
     void forgetEvents();
 

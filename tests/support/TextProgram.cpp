@@ -20,7 +20,7 @@ void say(const QString& line)
     std::fflush(stdout);
 }
 
-/// A text that can be dragged away: it stays where it was copied, and is gone where it was moved.
+/// A text that can be dragged: it stays after a copy and disappears after a move.
 class DraggableText final : public QLabel
 {
 public:
@@ -79,8 +79,8 @@ protected:
 
 } // namespace
 
-/// A program as others are: the upper half of its window is the text given to it, which can be dragged away, and the
-/// lower half a field. It says on standard output what is done to it, one line each.
+/// A typical other program: the upper half of its window is the given text, which can be dragged, and the
+/// lower half is a text field. It prints one line on standard output for each action.
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);

@@ -11,7 +11,7 @@ bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
         if (std::chrono::steady_clock::now() >= end) {
             return false;
         }
-        // The programs that are waited for need the processor too.
+        // Leave processor time to the other programs.
         ::poll(nullptr, 0, 1);
     }
     return true;

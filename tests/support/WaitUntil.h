@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// Looks at the condition again and again until it holds; false when it still does not at the deadline. The
-/// only place where a test of the desktop passes time.
+/// Checks the condition repeatedly until it holds; false when it does not hold at the deadline. The
+/// only place where a desktop test waits.
 [[nodiscard]] bool waitUntil(const std::function<bool()>& condition,
                              std::chrono::milliseconds deadline = std::chrono::seconds(5));
 
