@@ -202,7 +202,7 @@ void AtomicWriteTest::aFolderThatIsNotThereIsRefused()
 void AtomicWriteTest::theSizeLimitLeavesTheOldFileWhole()
 {
     put(target(), oldText);
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit half{static_cast<rlim_t>(newText.size() / 2), static_cast<rlim_t>(newText.size() / 2)};
         if (::setrlimit(RLIMIT_FSIZE, &half) != 0) {
@@ -225,7 +225,7 @@ void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole_data()
 void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole()
 {
     QFETCH(const bool, isThere);
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         if (!mountSmallDisk(m_folder->path())) {
             return cannotMount;
         }
@@ -243,7 +243,7 @@ void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole()
 /// Runs it as a user who owns the folder and what is in it, because permissions mean nothing to root.
 QByteArray AtomicWriteTest::asAnotherUser(const QString& folder, const std::function<QByteArray()>& work)
 {
-    return testing::runInChild([&]() -> QByteArray {
+    return test::runInChild([&]() -> QByteArray {
                if (::geteuid() == 0) {
                    QStringList paths{folder};
                    for (const QString& name : filesIn(folder)) {

@@ -2,7 +2,7 @@
 
 #include "PayloadCoding.h"
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 bool checkPayload(QByteArrayView bytes)
 {
@@ -22,4 +22,4 @@ bool checkPayload(QByteArrayView bytes)
     return true;
 }
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

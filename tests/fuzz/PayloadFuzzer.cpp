@@ -7,6 +7,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    tintwick::testing::checkPayload({data, static_cast<qsizetype>(size)});
+    tintwick::test::checkPayload({data, static_cast<qsizetype>(size)});
     return 0;
 }

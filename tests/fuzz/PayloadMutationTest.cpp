@@ -115,7 +115,7 @@ void PayloadMutationTest::theCorpusHasFilesOfBothKinds()
 {
     qsizetype accepted = 0;
     for (const QByteArray& text : m_corpus) {
-        accepted += testing::checkPayload(text) ? 1 : 0;
+        accepted += test::checkPayload(text) ? 1 : 0;
     }
     QVERIFY(accepted >= 2);
     QVERIFY(accepted < m_corpus.size());
@@ -128,7 +128,7 @@ void PayloadMutationTest::mutatedFilesAreAcceptedOrRefusedAndNothingElse()
     int refused = 0;
     for (int round = 0; round < 2000; ++round) {
         for (const QByteArray& text : m_corpus) {
-            ++(testing::checkPayload(mutator.mutated(text)) ? accepted : refused);
+            ++(test::checkPayload(mutator.mutated(text)) ? accepted : refused);
         }
     }
     QVERIFY(accepted > 100);

@@ -253,7 +253,7 @@ void CapturedColorTest::aComponentThatIsNotFiniteStopsTheProcess()
     QFETCH(double, value);
     QFETCH(int, end);
     const auto endOf = [](auto format) {
-        return testing::runInChild([&] {
+        return test::runInChild([&] {
                    format();
                    return QByteArray();
                })

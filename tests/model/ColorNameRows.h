@@ -1,6 +1,6 @@
 #pragma once
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 /// Number, name and value, three columns to a row, as the table of names is printed.
 inline constexpr const char* colorNameRows =
@@ -52,4 +52,4 @@ inline constexpr const char* colorNameRows =
     "45 | Lime Green | 32CD32 | 90 | Blanched Almond | FFEBCD |  |  |\n";
 // clang-format on
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

@@ -24,7 +24,7 @@ struct PrintedRow
 QList<PrintedRow> printedRows()
 {
     QList<PrintedRow> rows(133);
-    for (const QString& line : QString::fromLatin1(testing::colorNameRows).split(u'\n', Qt::SkipEmptyParts)) {
+    for (const QString& line : QString::fromLatin1(test::colorNameRows).split(u'\n', Qt::SkipEmptyParts)) {
         const QStringList cells = line.split(u'|');
         for (qsizetype cell = 0; cell + 2 < cells.size(); cell += 3) {
             if (const int number = cells[cell].trimmed().toInt()) {

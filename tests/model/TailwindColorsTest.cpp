@@ -21,7 +21,7 @@ CapturedColor colorOf(uint rgb, double alpha = 1)
 QList<QStringList> printedRows()
 {
     QList<QStringList> rows;
-    for (const QString& line : QString::fromLatin1(testing::tailwindRows).split(u'\n', Qt::SkipEmptyParts)) {
+    for (const QString& line : QString::fromLatin1(test::tailwindRows).split(u'\n', Qt::SkipEmptyParts)) {
         QStringList cells;
         for (const QString& cell : line.split(u'|')) {
             cells += cell.trimmed();

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 /// The palette as it is printed: a family to a row, its shades from 50 to 950.
 inline constexpr const char* tailwindRows =
@@ -29,4 +29,4 @@ inline constexpr const char* tailwindRows =
     "rose | FFF1F2 | FFE4E6 | FECDD3 | FDA4AF | FB7185 | F43F5E | E11D48 | BE123C | 9F1239 | 881337 | 4C0519\n";
 // clang-format on
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

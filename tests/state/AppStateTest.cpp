@@ -184,7 +184,7 @@ private:
 
 void AppStateTest::init()
 {
-    m_dataHome = testing::quickTemporaryDir();
+    m_dataHome = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
 }
 

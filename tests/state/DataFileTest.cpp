@@ -253,7 +253,7 @@ void DataFileTest::aFileLargerThanIsReadIsRefused()
 void DataFileTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
 {
     constexpr int kills = 600;
-    m_dataHome = testing::quickTemporaryDir();
+    m_dataHome = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
     save(stateNumber(0));
 
@@ -274,7 +274,7 @@ void DataFileTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
                            std::chrono::microseconds(1);
         std::array<int, 2> finished{};
         QVERIFY(::pipe(finished.data()) == 0);
-        const auto end = testing::runInChild([&]() -> QByteArray {
+        const auto end = test::runInChild([&]() -> QByteArray {
             beKilledAfter(delay);
             for (int number = current + 1;; ++number) {
                 save(stateNumber(number));
@@ -312,7 +312,7 @@ void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
 {
     QFETCH(rlim_t, limit);
     save(stateNumber(3));
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         const rlimit sizes{limit, limit};
         if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0) {
             return "no limit";
@@ -328,7 +328,7 @@ void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
 void DataFileTest::aFullDiskLeavesTheOldFileWhole()
 {
     QVERIFY(QDir().mkpath(folder()));
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
             ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
             return cannotMount;
@@ -353,7 +353,7 @@ void DataFileTest::aFullDiskLeavesTheOldFileWhole()
 void DataFileTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
 {
     QVERIFY(QDir().mkpath(folder()));
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
             ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=64k,mode=0700") != 0) {
             return cannotMount;
@@ -378,7 +378,7 @@ void DataFileTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
 void DataFileTest::aFullDiskLeavesNoFileWhereNoneWas()
 {
     QVERIFY(QDir().mkpath(folder()));
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         if (!enterOwnMounts() ||
             ::mount("none", QFile::encodeName(folder()).constData(), "tmpfs", 0, "size=8k,mode=0700") != 0) {
             return cannotMount;
@@ -396,7 +396,7 @@ void DataFileTest::aFullDiskLeavesNoFileWhereNoneWas()
 void DataFileTest::aReadOnlyFileSystemLeavesTheOldFileWhole()
 {
     save(stateNumber(3));
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         const QByteArray path = QFile::encodeName(folder());
         if (!enterOwnMounts() ||
             ::mount(path.constData(), path.constData(), nullptr, MS_BIND, nullptr) != 0 ||
@@ -429,7 +429,7 @@ void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
     save(stateNumber(before));
     const QByteArray home = QFile::encodeName(m_dataHome->path());
     const QByteArray path = QFile::encodeName(folder());
-    const auto end = testing::runInChild([&]() -> QByteArray {
+    const auto end = test::runInChild([&]() -> QByteArray {
         // Permissions mean nothing to root.
         if (::geteuid() == 0) {
             const QByteArray file = QFile::encodeName(dataFile());

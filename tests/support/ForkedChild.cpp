@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 namespace {
 
@@ -62,4 +62,4 @@ ChildEnd runInChild(const std::function<QByteArray()>& work)
     return end;
 }
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 /// How a forked child ended.
 struct ChildEnd
@@ -19,4 +19,4 @@ struct ChildEnd
 /// end, do not affect this process.
 [[nodiscard]] ChildEnd runInChild(const std::function<QByteArray()>& work);
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

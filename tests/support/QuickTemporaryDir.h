@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace tintwick::testing {
+namespace tintwick::test {
 
 /// A temporary folder for tests that save often: in memory where the system has /dev/shm, so that
 /// they do not wait for a disk.
@@ -18,4 +18,4 @@ namespace tintwick::testing {
     return std::make_unique<QTemporaryDir>();
 }
 
-} // namespace tintwick::testing
+} // namespace tintwick::test

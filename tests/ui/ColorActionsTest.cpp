@@ -50,7 +50,7 @@ private:
 
 void ColorActionsTest::init()
 {
-    m_dataHome = testing::quickTemporaryDir();
+    m_dataHome = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
 }
 

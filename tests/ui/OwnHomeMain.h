@@ -11,7 +11,7 @@ namespace tintwick::test {
 template <typename Test>
 int runWithOwnHome(int argc, char** argv)
 {
-    const auto home = testing::quickTemporaryDir();
+    const auto home = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", home->path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home->path().toUtf8());
     const QApplication application(argc, argv);
