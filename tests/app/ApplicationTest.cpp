@@ -9,7 +9,7 @@
 using namespace tintwick;
 using namespace Qt::StringLiterals;
 
-/// What an idle program needs of the toolkit.
+/// Settings of the toolkit that keep an idle program from waking up.
 class ApplicationTest final : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ void ApplicationTest::noPixmapStartsTheTimerOfThePixmapCache()
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::red);
     QVERIFY(!QPixmapCache::insert(u"red"_s, pixmap));
-    // As the tray does.
+    // Like the tray icon.
     QIcon icon(pixmap);
     QVERIFY(!icon.pixmap(16, 16).isNull());
 }

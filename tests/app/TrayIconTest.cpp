@@ -10,12 +10,12 @@ class TrayIconTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itsIconIsSeenOnEveryBar();
+    void iconContrastsWithEveryBar();
 };
 
 namespace {
 
-/// The colour of the pixel of the icon that is covered best.
+/// The colour of the most opaque pixel of the icon.
 QColor ink(const TrayIcon& item)
 {
     const QImage picture = item.icon().pixmap(22, 22).toImage().convertToFormat(QImage::Format_ARGB32);
@@ -32,7 +32,7 @@ QColor ink(const TrayIcon& item)
 
 } // namespace
 
-void TrayIconTest::itsIconIsSeenOnEveryBar()
+void TrayIconTest::iconContrastsWithEveryBar()
 {
     TrayIcon item;
     QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));

@@ -4,7 +4,7 @@ class QDir;
 
 namespace tintwick {
 
-/// The whole history in each of its states, with made-up colours.
+/// The history screen in each of its states, with sample colours.
 void shootHistory(const QDir& folder);
 
 } // namespace tintwick

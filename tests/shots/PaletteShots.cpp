@@ -54,7 +54,7 @@ void press(QWidget& widget, QEvent::Type type, const QPointF& place)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// Lifts a row and holds it so far from its place.
+/// Drags a row by an offset and does not release it.
 void carry(ColorDetailRow& row, double by)
 {
     hover(row);

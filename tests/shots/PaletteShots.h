@@ -4,7 +4,7 @@ class QDir;
 
 namespace tintwick {
 
-/// The screen of a palette in each of its states, with made-up colours.
+/// The screen of a palette in each of its states, with sample colours.
 void shootPalette(const QDir& folder);
 
 } // namespace tintwick

@@ -27,7 +27,7 @@ struct Palette
     int members;
 };
 
-/// What the user has made, in a view that owns it.
+/// The panel with its own state.
 class DemoPanel final : public QWidget
 {
 public:

@@ -4,7 +4,7 @@ class QDir;
 
 namespace tintwick {
 
-/// The main panel in each of its states, with made-up colours.
+/// The panel in each of its states, with sample colours.
 void shootMainPanel(const QDir& folder);
 
 } // namespace tintwick

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int keyC = 8, keyD = 2, keyQ = 12;
 
-/// A panel with the two rows of the settings that have a recorder, on a desktop that holds ⌘D.
+/// A panel with the two recorder rows of the settings, on a desktop where ⌘D is taken.
 class DemoRecorders final : public View
 {
 public:

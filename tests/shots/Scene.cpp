@@ -51,7 +51,7 @@ QList<QColor> manyColors(int count)
 {
     QList<QColor> colors;
     for (int i = 0; i < count; ++i) {
-        // Steps of the golden angle keep neighbours apart.
+        // Steps of the golden angle give neighbours different hues.
         colors.append(QColor::fromHsv((210 + i * 137) % 360, 150 + (i * 31) % 100, 150 + (i * 53) % 105));
     }
     return colors;

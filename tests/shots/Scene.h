@@ -10,27 +10,27 @@ namespace tintwick {
 
 class AppState;
 
-// What the shots of several screens are made of.
+// Helpers for the shots of several screens.
 
 [[nodiscard]] QList<QColor> manyColors(int count);
-/// From one that cannot be seen to one that is nearly opaque.
+/// From a transparent colour to a nearly opaque one.
 [[nodiscard]] QList<QColor> translucentColors(int count);
-/// Leaves nothing in the state but these colours, the first one as the newest.
+/// Replaces all colours in the state; the first one is the newest.
 void fill(AppState& state, const QList<QColor>& colors);
 
-/// Puts the pointer over a widget.
+/// Hovers a widget.
 void hover(QWidget& widget);
-/// Shows an open menu, which is a window of its own, in the picture of a screen: at a place in it, pulled inside.
+/// Draws an open menu, which is a separate window, into the picture of a screen, moved inside it if needed.
 void showMenu(QWidget& screen, QMenu& menu, QPoint place);
 
-/// The ground that the panel leaves to a screen below its header and the rule.
+/// The area of the panel below its header and the rule.
 class ScreenGround : public QWidget
 {
 public:
     ScreenGround();
 
 protected:
-    /// Makes `screen` the whole of it.
+    /// Fills the area with `screen`.
     void setScreen(QWidget* screen);
 
     void paintEvent(QPaintEvent* event) override;

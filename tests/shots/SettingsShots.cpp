@@ -25,7 +25,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The panel with the settings open, over some colours.
+/// The panel with the settings open and some colours in the history.
 class DemoSettings final : public QWidget
 {
 public:
@@ -105,7 +105,7 @@ void shootSettings(const QDir& folder)
         button(view, u"Default Format"_s).setFocus(Qt::TabFocusReason);
     });
     shootTab(u"general-format-menu"_s, SettingsTab::General, [](DemoSettings& view) {
-        // With room for the menu, which begins to the left of its control.
+        // Wide enough for the menu, which starts left of its control.
         view.move(100, 100);
         view.state().setDefaultFormat(ColorFormat::Hsl);
         auto& picker = *view.findChild<PopUpPicker*>();

@@ -4,7 +4,7 @@ class QDir;
 
 namespace tintwick {
 
-/// Both tabs of the settings in their states, and the window that points to them.
+/// Both settings tabs in their states, and the settings window.
 void shootSettings(const QDir& folder);
 
 } // namespace tintwick

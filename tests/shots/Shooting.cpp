@@ -14,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Longer than any motion.
+/// Longer than any animation.
 constexpr double settled = 60;
 
 void save(QWidget& view, const QString& path, int scale)

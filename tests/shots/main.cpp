@@ -15,7 +15,7 @@
 
 int main(int argc, char** argv)
 {
-    // The user's own colours and settings stay out of it.
+    // Do not use the user's colours and settings.
     const QTemporaryDir home;
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());

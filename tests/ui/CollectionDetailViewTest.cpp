@@ -38,10 +38,10 @@ using namespace tintwick::test;
 
 namespace {
 
-/// The room that the panel leaves below its header.
+/// The area of the panel below its header.
 constexpr QSize screenSize(380, 529);
 
-/// A palette of some colours on its screen, without a clock.
+/// The screen of a palette with colours, with animations advanced by hand.
 class PaletteFixture final
 {
 public:
@@ -66,7 +66,7 @@ public:
         settle();
     }
 
-    /// The newest colour, without a name of its own.
+    /// Adds a colour without a name to the history and returns it.
     CapturedColor capture(unsigned rgb)
     {
         state.colorCaptured(colorOf(rgb));
@@ -77,9 +77,9 @@ public:
     [[nodiscard]] const ColorCollection& collection() const { return state.collections().first(); }
     [[nodiscard]] ColorDetailRow& row(qsizetype position) const { return *view->rows().at(position); }
 
-    /// The codes in the order in which the state has them, for example "#000001 #000002".
+    /// The codes in the order of the state, for example "#000001 #000002".
     [[nodiscard]] QString stored() const { return codes(collection().colors(state.history())); }
-    /// The same as they stand on the screen.
+    /// The codes in the order of the rows.
     [[nodiscard]] QString shown() const
     {
         QList<ColorDetailRow*> rows = view->rows();
@@ -90,7 +90,7 @@ public:
         }
         return codes(colors);
     }
-    /// But for the title of the export menu.
+    /// Except the title of the export menu.
     [[nodiscard]] QStringList texts() const
     {
         QStringList result;
@@ -115,7 +115,7 @@ public:
         return inWindow(row(position), QPoint(100, ColorDetailRow::height / 2));
     }
 
-    // What the user's hand does, through the window.
+    // Pointer events, sent to the window.
     void press(const QPoint& place) const
     {
         QTest::mousePress(m_window.windowHandle(), Qt::LeftButton, {}, place);
@@ -125,7 +125,7 @@ public:
     {
         QTest::mouseRelease(m_window.windowHandle(), Qt::LeftButton, {}, place);
     }
-    /// In small steps, with time for what moves.
+    /// Moves in small steps and advances animations.
     void drag(const QPoint& from, const QPoint& to) const
     {
         constexpr int steps = 12;
@@ -148,7 +148,7 @@ public:
 
     const QUuid palette;
     AppState state;
-    /// Belongs to the window.
+    /// Owned by the window.
     CollectionDetailView* view;
 
 private:
@@ -158,7 +158,7 @@ private:
                                       (rgb & 0xffU) / 255.0, 1);
     }
 
-    /// Leaves the data file with one palette of nameless colours, and returns its id.
+    /// Writes a data file with one palette of colours without names; returns its id.
     static QUuid store(const QList<unsigned>& colors)
     {
         QList<CapturedColor> history;
@@ -212,53 +212,53 @@ class CollectionDetailViewTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theToolbarNamesAndCounts_data();
-    void theToolbarNamesAndCounts();
-    void theScreenIsLaidOutToThePoint();
-    void aRowSaysItsCodeAndItsNameWhenItHasOne();
-    void longNamesAreCutAndToldWhole();
-    void withoutColorsTheScreenSaysHowTheyCome();
-    void colorsMissingInTheHistoryAreLeftOut();
-    void whatIsShownCanBeExported();
-    void theScreenFollowsTheState();
-    void aPaletteThatIsGoneShowsNothing();
-    void aClickCopiesInTheDefaultFormat();
-    void theHeaderShowsACopyAndTheScreenGoesWithItsPalette();
-    void theMenuOffersAllFormatsInTheirOrder();
+    void toolbarShowsNameAndCount_data();
+    void toolbarShowsNameAndCount();
+    void layoutIsExact();
+    void rowShowsCodeAndName();
+    void longNamesAreElidedWithToolTip();
+    void emptyScreenExplainsHowToAddColors();
+    void colorsMissingFromTheHistoryAreNotShown();
+    void shownColorsAreExported();
+    void screenFollowsTheState();
+    void deletedPaletteShowsNoColors();
+    void clickCopiesInTheDefaultFormat();
+    void headerShowsCopyAndScreenClosesWithItsPalette();
+    void menuOffersAllFormatsInOrder();
     void removingARowKeepsTheColor();
-    void theButtonsOfARowLightUpUnderThePointer();
+    void buttonsOfARowHaveAHoverState();
     void droppedTexts_data();
     void droppedTexts();
-    void aDropOnARowIsADropOnTheScreen();
-    void theScreenIsADropTargetWhileADragIsOverIt();
-    void aColorDroppedIntoALongListIsSeen();
+    void dropOnARowCountsAsDropOnTheScreen();
+    void dragOverTheScreenHighlightsIt();
+    void droppedColorIsScrolledIntoView();
 
     void draggingMovesARow_data();
     void draggingMovesARow();
-    void theOthersMakeRoomForACarriedRow();
-    void aShakyClickIsAClick();
-    void aDragIsNoClick();
-    void escapeBringsTheRowBack();
-    void otherEndsOfADragMoveNothing_data();
-    void otherEndsOfADragMoveNothing();
-    void aColorDeletedUnderADragEndsIt_data();
-    void aColorDeletedUnderADragEndsIt();
-    void aRowHeldToAnEdgeScrollsTheList_data();
-    void aRowHeldToAnEdgeScrollsTheList();
-    void theWheelScrollsUnderACarriedRow();
-    void rowsAreMovedByTheirPlacesWhereIdsAreMissing();
-    void withoutMotionRowsAreThereAtOnce();
+    void otherRowsMakeRoomForADraggedRow();
+    void pressWithSmallMoveIsAClick();
+    void dragIsNotAClick();
+    void escapeCancelsADrag();
+    void interruptedDragMovesNothing_data();
+    void interruptedDragMovesNothing();
+    void deletingAColorEndsItsDrag_data();
+    void deletingAColorEndsItsDrag();
+    void rowDraggedToAnEdgeScrollsTheList_data();
+    void rowDraggedToAnEdgeScrollsTheList();
+    void wheelScrollsDuringADrag();
+    void movesUseListPositionsWhenIdsAreMissing();
+    void reducedMotionMovesRowsAtOnce();
 
     void altAndArrowsMoveTheFocusedRow_data();
     void altAndArrowsMoveTheFocusedRow();
     void arrowsMoveTheFocus_data();
     void arrowsMoveTheFocus();
-    void tabGoesThroughTheRowsInTheirOrder();
-    void aRowMovedByTheKeyboardStaysInSight();
-    void screenReadersAreToldWhatThereIs();
+    void tabVisitsRowsInOrder();
+    void rowMovedByKeyboardStaysVisible();
+    void screenReadersGetNamesAndRoles();
 };
 
-void CollectionDetailViewTest::theToolbarNamesAndCounts_data()
+void CollectionDetailViewTest::toolbarShowsNameAndCount_data()
 {
     QTest::addColumn<unsigned>("colors");
     QTest::addColumn<QString>("count");
@@ -267,7 +267,7 @@ void CollectionDetailViewTest::theToolbarNamesAndCounts_data()
     QTest::newRow("twelve") << 12U << QStringLiteral("12 colors");
 }
 
-void CollectionDetailViewTest::theToolbarNamesAndCounts()
+void CollectionDetailViewTest::toolbarShowsNameAndCount()
 {
     QFETCH(const unsigned, colors);
     QFETCH(const QString, count);
@@ -275,13 +275,13 @@ void CollectionDetailViewTest::theToolbarNamesAndCounts()
     QCOMPARE(screen.texts().mid(0, 2), (QStringList{QStringLiteral("Brand"), count}));
 }
 
-void CollectionDetailViewTest::theScreenIsLaidOutToThePoint()
+void CollectionDetailViewTest::layoutIsExact()
 {
     PaletteFixture screen({0x1ABF80, 0x3B82F6});
     const QImage picture = screen.picture();
     const QRgb accent = qRgb(97, 102, 224);
     const QRgb ground = theme::bg.in(Scheme::Light).rgb();
-    // The tile is 32 a side, 16 from the left; name and count beside it are higher than it.
+    // The tile is 32 x 32 and 16 from the left. Name and count beside it are taller.
     const QWidget& toolbar = *screen.view->findChild<Label*>()->parentWidget()->parentWidget();
     const int middle = toolbar.height() / 2;
     QCOMPARE(picture.pixel(15, middle), ground);
@@ -289,7 +289,7 @@ void CollectionDetailViewTest::theScreenIsLaidOutToThePoint()
     QCOMPARE(picture.pixel(47, middle), accent);
     QVERIFY(picture.pixel(48, middle) != accent);
 
-    // Rows of 4 + 2 + 42 + 2 + 4, the square 12 from the left.
+    // A row is 4 + 2 + 42 + 2 + 4 high; the square is 12 from the left.
     QCOMPARE(screen.row(0).geometry(), QRect(0, 0, 380, 54));
     QCOMPARE(screen.row(1).geometry(), QRect(0, 54, 380, 54));
     const int top = screen.inWindow(screen.row(0), {}).y();
@@ -304,7 +304,7 @@ void CollectionDetailViewTest::theScreenIsLaidOutToThePoint()
     QCOMPARE(picture.pixel(33, top + 46), color);
     QVERIFY(picture.pixel(33, top + 49) != color);
 
-    // A line between the rows, none above the first and none below the last.
+    // A rule between rows, none above the first or below the last.
     QVERIFY(picture.pixel(200, top + 54) != ground);
     QCOMPARE(picture.pixel(200, top), ground);
     QCOMPARE(picture.pixel(200, top + 108), ground);
@@ -316,7 +316,7 @@ void CollectionDetailViewTest::theScreenIsLaidOutToThePoint()
     QCOMPARE(QRect(remove.mapTo(&screen.row(0), QPoint()), remove.size()), QRect(344, 15, 24, 24));
 }
 
-void CollectionDetailViewTest::aRowSaysItsCodeAndItsNameWhenItHasOne()
+void CollectionDetailViewTest::rowShowsCodeAndName()
 {
     PaletteFixture screen({0x3B82F6});
     QCOMPARE(screen.texts().mid(2), QStringList{QStringLiteral("#3B82F6")});
@@ -328,7 +328,7 @@ void CollectionDetailViewTest::aRowSaysItsCodeAndItsNameWhenItHasOne()
     QCOMPARE(screen.texts().mid(2), QStringList{QStringLiteral("#3B82F6")});
 }
 
-void CollectionDetailViewTest::longNamesAreCutAndToldWhole()
+void CollectionDetailViewTest::longNamesAreElidedWithToolTip()
 {
     const QString longName =
         QStringLiteral("The blue of the third door in the street behind the harbour office");
@@ -347,13 +347,13 @@ void CollectionDetailViewTest::longNamesAreCutAndToldWhole()
     screen.state.renameColor(screen.row(0).color().id, longName);
     screen.settle();
     QCOMPARE(nameLabel()->toolTip(), longName);
-    // All the room up to the buttons is used.
+    // The name ends at the buttons.
     QCOMPARE(nameLabel()->mapTo(&screen.row(0), QPoint(nameLabel()->width(), 0)).x(), 302 - 12 - 12);
     QCOMPARE(screen.row(0).size(), QSize(380, 54));
     QCOMPARE(screen.view->size(), screenSize);
 }
 
-void CollectionDetailViewTest::withoutColorsTheScreenSaysHowTheyCome()
+void CollectionDetailViewTest::emptyScreenExplainsHowToAddColors()
 {
     PaletteFixture screen({});
     QVERIFY(screen.texts().contains(emptyText));
@@ -364,7 +364,7 @@ void CollectionDetailViewTest::withoutColorsTheScreenSaysHowTheyCome()
     QVERIFY(screen.row(0).isVisible());
 }
 
-void CollectionDetailViewTest::colorsMissingInTheHistoryAreLeftOut()
+void CollectionDetailViewTest::colorsMissingFromTheHistoryAreNotShown()
 {
     PaletteFixture screen({0x111111, 0x222222});
     screen.state.addColor(QUuid::createUuid(), screen.palette);
@@ -373,7 +373,7 @@ void CollectionDetailViewTest::colorsMissingInTheHistoryAreLeftOut()
     QCOMPARE(screen.shown(), QStringLiteral("#111111 #222222"));
     QCOMPARE(screen.texts().at(1), QStringLiteral("2 colors"));
 
-    // 100 later captures drop both colours from the history, and the palette still counts on their return.
+    // 100 later captures drop both colours from the history. The palette keeps their ids.
     for (unsigned i = 0; i < 100; ++i) {
         screen.state.colorCaptured(CapturedColor::capture(0, 0, i / 255.0, 1));
     }
@@ -382,13 +382,13 @@ void CollectionDetailViewTest::colorsMissingInTheHistoryAreLeftOut()
     QCOMPARE(screen.texts(), (QStringList{QStringLiteral("Brand"), QStringLiteral("0 colors"), emptyText}));
 }
 
-void CollectionDetailViewTest::whatIsShownCanBeExported()
+void CollectionDetailViewTest::shownColorsAreExported()
 {
     PaletteFixture screen({0x111111, 0x222222});
     QVERIFY(screen.exportMenu().isEnabled());
     const QPoint edge = screen.inWindow(screen.exportMenu(), QPoint(4, screen.exportMenu().height() / 2));
     QVERIFY(screen.picture().pixel(edge) != theme::surfaceHigh.in(Scheme::Light).rgb());
-    // At the end of the toolbar, 16 from the edge.
+    // At the right end of the toolbar, 16 from the edge.
     QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 364);
 
     screen.state.clearHistory();
@@ -396,14 +396,14 @@ void CollectionDetailViewTest::whatIsShownCanBeExported()
     QVERIFY(!screen.exportMenu().isEnabled());
     QCOMPARE(screen.picture().pixel(edge), theme::surfaceHigh.in(Scheme::Light).rgb());
 
-    // Ids that lead nowhere are nothing to export.
+    // Ids without a colour are not exported.
     screen.state.addColor(QUuid::createUuid(), screen.palette);
     screen.settle();
     QVERIFY(!screen.exportMenu().isEnabled());
     QCOMPARE(screen.texts(), (QStringList{QStringLiteral("Brand"), QStringLiteral("0 colors"), emptyText}));
 }
 
-void CollectionDetailViewTest::theScreenFollowsTheState()
+void CollectionDetailViewTest::screenFollowsTheState()
 {
     PaletteFixture screen({0x111111, 0x222222, 0x333333});
     const ColorDetailRow* kept = &screen.row(2);
@@ -419,7 +419,7 @@ void CollectionDetailViewTest::theScreenFollowsTheState()
     QVERIFY(screen.view->findChildren<ColorDetailRow*>().isEmpty());
 }
 
-void CollectionDetailViewTest::aPaletteThatIsGoneShowsNothing()
+void CollectionDetailViewTest::deletedPaletteShowsNoColors()
 {
     PaletteFixture screen({0x111111});
     screen.state.deleteCollection(screen.palette);
@@ -435,7 +435,7 @@ void CollectionDetailViewTest::aPaletteThatIsGoneShowsNothing()
     QVERIFY(never.rows().isEmpty());
 }
 
-void CollectionDetailViewTest::aClickCopiesInTheDefaultFormat()
+void CollectionDetailViewTest::clickCopiesInTheDefaultFormat()
 {
     PaletteFixture screen({0x111111, 0x3B82F6});
     screen.state.setDefaultFormat(ColorFormat::Rgb);
@@ -451,7 +451,7 @@ void CollectionDetailViewTest::aClickCopiesInTheDefaultFormat()
     }
 }
 
-void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette()
+void CollectionDetailViewTest::headerShowsCopyAndScreenClosesWithItsPalette()
 {
     test::PanelFixture panel;
     const QUuid palette = panel.state.createCollection(QStringLiteral("Brand")).id;
@@ -469,7 +469,7 @@ void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette
     QVERIFY(pill->isVisible());
     QCOMPARE(clipboardText(), QStringLiteral("#3B82F6"));
 
-    // The screen and what is dragged on it go with the palette.
+    // Deleting the palette deletes the screen during its own drag.
     QTest::mousePress(screen->rows().first(), Qt::LeftButton, {}, QPoint(100, 27));
     QTest::mouseMove(screen->rows().first(), QPoint(100, 67));
     panel.state.deleteCollection(palette);
@@ -481,7 +481,7 @@ void CollectionDetailViewTest::theHeaderShowsACopyAndTheScreenGoesWithItsPalette
     QVERIFY(!escape.isAccepted());
 }
 
-void CollectionDetailViewTest::theMenuOffersAllFormatsInTheirOrder()
+void CollectionDetailViewTest::menuOffersAllFormatsInOrder()
 {
     PaletteFixture screen({0x3B82F6});
     const QPoint place = screen.inWindow(screen.row(0).copyButton(), QPoint(15, 15));
@@ -497,7 +497,7 @@ void CollectionDetailViewTest::theMenuOffersAllFormatsInTheirOrder()
              (QStringList{QStringLiteral("HEX"), QStringLiteral("HEX+A"), QStringLiteral("RGB"),
                           QStringLiteral("RGBA"), QStringLiteral("HSL"), QStringLiteral("HSLA"),
                           QStringLiteral("CSS Var"), QStringLiteral("Tailwind"), QStringLiteral("Name")}));
-    // Opening it has copied nothing.
+    // Opening the menu does not copy.
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
     menu->actions().at(4)->trigger();
     menu->close();
@@ -520,7 +520,7 @@ void CollectionDetailViewTest::removingARowKeepsTheColor()
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
 }
 
-void CollectionDetailViewTest::theButtonsOfARowLightUpUnderThePointer()
+void CollectionDetailViewTest::buttonsOfARowHaveAHoverState()
 {
     PaletteFixture screen({0x111111, 0x222222});
     const QPoint copy = screen.inWindow(screen.row(0).copyButton(), QPoint(3, 15));
@@ -530,7 +530,7 @@ void CollectionDetailViewTest::theButtonsOfARowLightUpUnderThePointer()
     QCOMPARE(before.pixel(copy), ground);
 
     hover(screen.row(0), QEvent::HoverEnter);
-    // A tenth of (0.38, 0.40, 0.88) over 0xF5F5F7.
+    // 10 % of (0.38, 0.40, 0.88) over 0xF5F5F7.
     const QRgb lit = screen.picture().pixel(copy);
     QVERIFY(std::abs(qRed(lit) - 230) <= 1 && std::abs(qGreen(lit) - 231) <= 1 &&
             std::abs(qBlue(lit) - 245) <= 1);
@@ -539,7 +539,7 @@ void CollectionDetailViewTest::theButtonsOfARowLightUpUnderThePointer()
 
     hover(screen.row(0), QEvent::HoverLeave);
     QVERIFY(screen.picture() == before);
-    // Half the time is half the way.
+    // After half of the time the fade is half done.
     hover(screen.row(0), QEvent::HoverEnter);
     Ticker::shared().advance(0.06);
     QVERIFY(Ticker::shared().hasMotion());
@@ -553,11 +553,11 @@ void CollectionDetailViewTest::droppedTexts_data()
     QTest::addColumn<QString>("after");
     // %1 is a member, %2 and %3 are other colours of the history.
     QTest::newRow("another color") << QStringLiteral("%2") << QStringLiteral("#111111 #222222");
-    QTest::newRow("in lower case and braces") << QStringLiteral("{%2}") << QStringLiteral("#111111 #222222");
+    QTest::newRow("in lower case with braces") << QStringLiteral("{%2}") << QStringLiteral("#111111 #222222");
     QTest::newRow("a member") << QStringLiteral("%1") << QStringLiteral("#111111");
-    QTest::newRow("no id") << QStringLiteral("a text of any kind") << QStringLiteral("#111111");
-    QTest::newRow("nothing") << QString() << QStringLiteral("#111111");
-    QTest::newRow("several, in their order")
+    QTest::newRow("not an id") << QStringLiteral("a text of any kind") << QStringLiteral("#111111");
+    QTest::newRow("empty") << QString() << QStringLiteral("#111111");
+    QTest::newRow("several, in order")
         << QStringLiteral("%3\nno id\n%1\n%2\n") << QStringLiteral("#111111 #333333 #222222");
 }
 
@@ -579,7 +579,7 @@ void CollectionDetailViewTest::droppedTexts()
     QVERIFY(!screen.view->isDropTarget());
 }
 
-void CollectionDetailViewTest::aDropOnARowIsADropOnTheScreen()
+void CollectionDetailViewTest::dropOnARowCountsAsDropOnTheScreen()
 {
     PaletteFixture screen({0x111111});
     const CapturedColor other = screen.capture(0x222222);
@@ -594,7 +594,7 @@ void CollectionDetailViewTest::aDropOnARowIsADropOnTheScreen()
     QCOMPARE(empty.shown(), QStringLiteral("#333333"));
 }
 
-void CollectionDetailViewTest::theScreenIsADropTargetWhileADragIsOverIt()
+void CollectionDetailViewTest::dragOverTheScreenHighlightsIt()
 {
     PaletteFixture screen({0x111111});
     const QImage before = screen.picture();
@@ -611,7 +611,7 @@ void CollectionDetailViewTest::theScreenIsADropTargetWhileADragIsOverIt()
     QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(screen.view, &enter);
     QVERIFY(screen.view->isDropTarget());
-    // The frame lies 6 inside the screen.
+    // The frame is inset by 6.
     QVERIFY(screen.picture().pixel(6, 300) != before.pixel(6, 300));
     QVERIFY(screen.picture().pixel(4, 300) == before.pixel(4, 300));
     QDragLeaveEvent leave;
@@ -620,7 +620,7 @@ void CollectionDetailViewTest::theScreenIsADropTargetWhileADragIsOverIt()
     QVERIFY(screen.picture() == before);
 }
 
-void CollectionDetailViewTest::aColorDroppedIntoALongListIsSeen()
+void CollectionDetailViewTest::droppedColorIsScrolledIntoView()
 {
     PaletteFixture screen(numbered(30));
     const CapturedColor other = screen.capture(0xABCDEF);
@@ -669,7 +669,7 @@ void CollectionDetailViewTest::draggingMovesARow()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
+void CollectionDetailViewTest::otherRowsMakeRoomForADraggedRow()
 {
     PaletteFixture screen(numbered(4));
     const QImage before = screen.picture();
@@ -678,7 +678,7 @@ void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
     screen.drag(start, start + QPoint(0, 70));
     QVERIFY(screen.list().isCarrying());
     QCOMPARE(screen.row(0).y(), 70);
-    // Nothing jumps: the second row is on its way up.
+    // The second row is animated: it is between its old and new place.
     QVERIFY(screen.row(1).y() > 0);
     QVERIFY(screen.row(1).y() < 54);
     screen.settle();
@@ -686,7 +686,7 @@ void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
     QCOMPARE(screen.row(1).y(), 0);
     QCOMPARE(screen.row(2).y(), 108);
     QCOMPARE(screen.stored(), QStringLiteral("#000001 #000002 #000003 #000004"));
-    // A lifted row lies on a plate of its own.
+    // A dragged row has a background.
     const QPoint onPlate = screen.inWindow(screen.row(0), QPoint(200, 27));
     QCOMPARE(screen.picture().pixel(onPlate), theme::surface.in(Scheme::Light).rgb());
 
@@ -699,7 +699,7 @@ void CollectionDetailViewTest::theOthersMakeRoomForACarriedRow()
              theme::bg.in(Scheme::Light).rgb());
 }
 
-void CollectionDetailViewTest::aShakyClickIsAClick()
+void CollectionDetailViewTest::pressWithSmallMoveIsAClick()
 {
     PaletteFixture screen(numbered(4));
     const QPoint start = screen.leftMiddle(1);
@@ -710,7 +710,7 @@ void CollectionDetailViewTest::aShakyClickIsAClick()
     QCOMPARE(clipboardText(), QStringLiteral("#000002"));
 }
 
-void CollectionDetailViewTest::aDragIsNoClick()
+void CollectionDetailViewTest::dragIsNotAClick()
 {
     PaletteFixture screen(numbered(4));
     const QPoint start = screen.leftMiddle(1);
@@ -723,13 +723,13 @@ void CollectionDetailViewTest::aDragIsNoClick()
     QCOMPARE(screen.stored(), QStringLiteral("#000001 #000002 #000003 #000004"));
     screen.settle();
 
-    // The next click is one again.
+    // The next click works.
     screen.press(start);
     screen.release(start);
     QCOMPARE(clipboardText(), QStringLiteral("#000002"));
 }
 
-void CollectionDetailViewTest::escapeBringsTheRowBack()
+void CollectionDetailViewTest::escapeCancelsADrag()
 {
     PaletteFixture screen(numbered(4));
     const QPoint start = screen.leftMiddle(0);
@@ -739,7 +739,7 @@ void CollectionDetailViewTest::escapeBringsTheRowBack()
     QTest::keyClick(screen.view->window(), Qt::Key_Escape);
     QVERIFY(!screen.list().isCarrying());
     QVERIFY(screen.view->window()->isVisible());
-    // It glides back.
+    // The row is animated back.
     QCOMPARE(screen.row(0).y(), 120);
     Ticker::shared().advance(0.05);
     QVERIFY(screen.row(0).y() < 120);
@@ -748,7 +748,7 @@ void CollectionDetailViewTest::escapeBringsTheRowBack()
     QCOMPARE(screen.row(0).y(), 0);
     QCOMPARE(screen.row(1).y(), 54);
 
-    // What the hand does until it lets go means nothing any more.
+    // Moves until the release have no effect.
     screen.drag(start + QPoint(0, 120), start + QPoint(0, 60));
     QCOMPARE(screen.row(0).y(), 0);
     screen.drag(start + QPoint(0, 60), start);
@@ -756,22 +756,22 @@ void CollectionDetailViewTest::escapeBringsTheRowBack()
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
     QCOMPARE(screen.stored(), QStringLiteral("#000001 #000002 #000003 #000004"));
 
-    // Without a drag, Escape is the window's.
+    // Without a drag, Escape reaches the window.
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QApplication::sendEvent(&screen.row(0), &escape);
     QVERIFY(!escape.isAccepted());
 }
 
-void CollectionDetailViewTest::otherEndsOfADragMoveNothing_data()
+void CollectionDetailViewTest::interruptedDragMovesNothing_data()
 {
     QTest::addColumn<int>("end");
-    QTest::newRow("the window goes to the back") << static_cast<int>(QEvent::WindowDeactivate);
-    QTest::newRow("the screen is left") << static_cast<int>(QEvent::Hide);
+    QTest::newRow("the window is deactivated") << static_cast<int>(QEvent::WindowDeactivate);
+    QTest::newRow("the screen is hidden") << static_cast<int>(QEvent::Hide);
     QTest::newRow("the grab is lost") << static_cast<int>(QEvent::UngrabMouse);
-    QTest::newRow("the release went elsewhere") << static_cast<int>(QEvent::MouseMove);
+    QTest::newRow("the release was not delivered") << static_cast<int>(QEvent::MouseMove);
 }
 
-void CollectionDetailViewTest::otherEndsOfADragMoveNothing()
+void CollectionDetailViewTest::interruptedDragMovesNothing()
 {
     QFETCH(const int, end);
     PaletteFixture screen(numbered(4));
@@ -809,16 +809,16 @@ void CollectionDetailViewTest::otherEndsOfADragMoveNothing()
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
 }
 
-void CollectionDetailViewTest::aColorDeletedUnderADragEndsIt_data()
+void CollectionDetailViewTest::deletingAColorEndsItsDrag_data()
 {
     QTest::addColumn<qsizetype>("deleted");
     QTest::addColumn<QString>("after");
-    QTest::newRow("the carried one") << qsizetype{1} << QStringLiteral("#000001 #000003 #000004");
+    QTest::newRow("the dragged one") << qsizetype{1} << QStringLiteral("#000001 #000003 #000004");
     QTest::newRow("another one") << qsizetype{3} << QStringLiteral("#000001 #000002 #000003");
     QTest::newRow("all") << qsizetype{-1} << QString();
 }
 
-void CollectionDetailViewTest::aColorDeletedUnderADragEndsIt()
+void CollectionDetailViewTest::deletingAColorEndsItsDrag()
 {
     QFETCH(const qsizetype, deleted);
     QFETCH(const QString, after);
@@ -843,7 +843,7 @@ void CollectionDetailViewTest::aColorDeletedUnderADragEndsIt()
     }
     QVERIFY(!Ticker::shared().hasMotion());
 
-    // A colour taken meanwhile changes nothing here, and a drag goes on.
+    // A colour captured during the drag changes nothing here.
     if (deleted == 3) {
         screen.press(start);
         screen.drag(start, start + QPoint(0, 60));
@@ -854,14 +854,14 @@ void CollectionDetailViewTest::aColorDeletedUnderADragEndsIt()
     }
 }
 
-void CollectionDetailViewTest::aRowHeldToAnEdgeScrollsTheList_data()
+void CollectionDetailViewTest::rowDraggedToAnEdgeScrollsTheList_data()
 {
     QTest::addColumn<bool>("down");
     QTest::newRow("to the lower edge") << true;
     QTest::newRow("to the upper edge") << false;
 }
 
-void CollectionDetailViewTest::aRowHeldToAnEdgeScrollsTheList()
+void CollectionDetailViewTest::rowDraggedToAnEdgeScrollsTheList()
 {
     QFETCH(const bool, down);
     PaletteFixture screen(numbered(30));
@@ -880,7 +880,7 @@ void CollectionDetailViewTest::aRowHeldToAnEdgeScrollsTheList()
     QCOMPARE(bar.value(), down ? 0 : bar.maximum());
 
     screen.move(edge);
-    // The hand holds still; the list goes on below it, frame by frame, and the row stays under the pointer.
+    // The pointer rests; the list scrolls frame by frame and the row stays under the pointer.
     int last = bar.value();
     int frames = 0;
     while (bar.value() != (down ? bar.maximum() : 0)) {
@@ -900,28 +900,28 @@ void CollectionDetailViewTest::aRowHeldToAnEdgeScrollsTheList()
     QCOMPARE(screen.collection().colorIds.size(), 30);
 }
 
-void CollectionDetailViewTest::theWheelScrollsUnderACarriedRow()
+void CollectionDetailViewTest::wheelScrollsDuringADrag()
 {
     PaletteFixture screen(numbered(30));
     const QPoint start = screen.leftMiddle(2);
     screen.press(start);
     screen.drag(start, start + QPoint(0, 60));
     const int before = screen.inWindow(screen.row(2), {}).y();
-    // Two notches are 120 points.
+    // Two notches scroll by 120 points.
     QWheelEvent wheel(start + QPoint(0, 60), screen.view->window()->mapToGlobal(start + QPoint(0, 60)), {},
                       QPoint(0, -240), Qt::LeftButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    // Qt passes only a real one on to parents.
+    // Qt propagates only spontaneous wheel events to parents.
     QSpontaneKeyEvent::setSpontaneous(&wheel);
     qApp->notify(screen.view->window()->windowHandle(), &wheel);
     QCOMPARE(screen.scrollArea().verticalScrollBar()->value(), 120);
     QCOMPARE(screen.inWindow(screen.row(2), {}).y(), before);
     screen.release(start + QPoint(0, 60));
-    // From 2 * 54 by 60 and 120 points to 288, which is nearest to the slot at 270.
+    // From 2 * 54 = 108 by 60 + 120 points to 288; the nearest slot is at 270.
     QCOMPARE(screen.stored().left(8 * 6 - 1),
              QStringLiteral("#000001 #000002 #000004 #000005 #000006 #000003"));
 }
 
-void CollectionDetailViewTest::rowsAreMovedByTheirPlacesWhereIdsAreMissing()
+void CollectionDetailViewTest::movesUseListPositionsWhenIdsAreMissing()
 {
     PaletteFixture screen({0x111111, 0x222222});
     const QUuid missing = QUuid::createUuid();
@@ -931,7 +931,7 @@ void CollectionDetailViewTest::rowsAreMovedByTheirPlacesWhereIdsAreMissing()
     const QList<QUuid> ids = screen.collection().colorIds;
     QCOMPARE(screen.shown(), QStringLiteral("#111111 #222222 #333333"));
 
-    // The last row, third of those shown, goes to the start; the third id is the missing one.
+    // The third shown row moves to the start. The third id is missing from the history.
     const QPoint start = screen.leftMiddle(2);
     screen.press(start);
     screen.drag(start, start - QPoint(0, 108));
@@ -942,7 +942,7 @@ void CollectionDetailViewTest::rowsAreMovedByTheirPlacesWhereIdsAreMissing()
     QCOMPARE(screen.row(2).y(), 108);
 }
 
-void CollectionDetailViewTest::withoutMotionRowsAreThereAtOnce()
+void CollectionDetailViewTest::reducedMotionMovesRowsAtOnce()
 {
     PaletteFixture screen(numbered(30));
     Ticker::shared().setMotionReduced(true);
@@ -951,7 +951,7 @@ void CollectionDetailViewTest::withoutMotionRowsAreThereAtOnce()
     screen.move(start + QPoint(0, 60));
     QCOMPARE(screen.row(1).y(), 114);
     QCOMPARE(screen.row(2).y(), 54);
-    // At the edge each movement of the hand scrolls a little, never at once to the end.
+    // At the edge each pointer move scrolls by less than a row, not to the end.
     const QWidget& viewport = *screen.scrollArea().viewport();
     screen.move(screen.inWindow(viewport, QPoint(100, viewport.height() - 1)));
     const int scrolled = screen.scrollArea().verticalScrollBar()->value();
@@ -1027,7 +1027,7 @@ void CollectionDetailViewTest::arrowsMoveTheFocus()
     QCOMPARE(clipboardText(), screen.row(to).color().hex6());
 }
 
-void CollectionDetailViewTest::tabGoesThroughTheRowsInTheirOrder()
+void CollectionDetailViewTest::tabVisitsRowsInOrder()
 {
     PaletteFixture screen(numbered(3));
     screen.state.moveColors(screen.palette, {2}, 0);
@@ -1043,7 +1043,7 @@ void CollectionDetailViewTest::tabGoesThroughTheRowsInTheirOrder()
     }
 }
 
-void CollectionDetailViewTest::aRowMovedByTheKeyboardStaysInSight()
+void CollectionDetailViewTest::rowMovedByKeyboardStaysVisible()
 {
     PaletteFixture screen(numbered(30));
     ColorDetailRow* focused = &screen.row(0);
@@ -1056,7 +1056,7 @@ void CollectionDetailViewTest::aRowMovedByTheKeyboardStaysInSight()
     QCOMPARE(focused->visibleRegion().boundingRect().height(), 54);
 }
 
-void CollectionDetailViewTest::screenReadersAreToldWhatThereIs()
+void CollectionDetailViewTest::screenReadersGetNamesAndRoles()
 {
     PaletteFixture screen({0x1E90FF, 0x111111});
     screen.state.renameColor(screen.row(0).color().id, QStringLiteral("Dodger Blue"));

@@ -30,46 +30,46 @@ class DashboardViewTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutAHistoryThereIsNoRecentRow();
-    void theRecentRowShowsTheFirstFifteenInOrder();
-    void theScreenIsLaidOutToThePoint();
-    void thePageEndsAsFarFromItsLastRowAsItBegins();
-    void theShadowsOfTheRecentRowAreWhole();
-    void aSwatchGrowsUnderThePointer();
-    void hoveringBlursNoShadowAnew();
-    void whatIsPressedAnswers();
-    void aFocusOutOfSightIsBroughtIntoView();
-    void theButtonPicks();
-    void aClickOnASwatchCopiesItInTheDefaultFormat();
-    void aCardEndsInAChevron();
-    void aNameTooLongForItsCardIsInItsHelp();
-    void theFirstPaletteByKeyboardLeadsToTheNext();
+    void emptyHistoryHidesTheRecentRow();
+    void recentRowShowsTheFirstFifteenInOrder();
+    void layoutIsExact();
+    void bottomPaddingEqualsTopPadding();
+    void shadowsOfTheRecentRowAreNotClipped();
+    void hoveredSwatchGrows();
+    void hoveringBlursNoNewShadow();
+    void pressedControlsShowIt();
+    void focusedControlIsScrolledIntoView();
+    void pickButtonRequestsAPick();
+    void clickOnASwatchCopiesInTheDefaultFormat();
+    void cardEndsWithAChevron();
+    void toolTipOfACardIsItsElidedName();
+    void creatingTheFirstPaletteByKeyboardFocusesTheNext();
     void cardsCountTheirIds_data();
     void cardsCountTheirIds();
-    void aCardOfDeletedColorsShowsNoSquaresButCountsThem();
-    void aCardPreviewsTheFirstFourIdsThatAreLeft();
-    void theSixthCardHasTheGradientOfTheFirst();
+    void cardCountsDeletedColorsButShowsNoSquares();
+    void cardPreviewsTheExistingAmongTheFirstFour();
+    void sixthCardHasTheGradientOfTheFirst();
     void droppedTexts_data();
     void droppedTexts();
-    void aCardIsADropTargetWhileADragIsOverIt();
-    void aProposedMoveEndsAsACopy();
-    void theSwatchMenuOffersPalettesOnceThereAreSome();
-    void deletingFromTheMenuTakesTheColorAway();
-    void theCardMenuDeletesTheCollection();
-    void aCardExportsTheMembersThatTheHistoryHolds();
-    void blankNamesMakeNoPalette_data();
-    void blankNamesMakeNoPalette();
-    void aNewPaletteHasTheTrimmedName();
-    void aCancelledNameIsThereAgain();
-    void tabGoesFromTopToBottomWhateverCameLast();
+    void dragOverACardHighlightsIt();
+    void proposedMoveBecomesACopy();
+    void swatchMenuOffersExistingPalettes();
+    void deleteInTheMenuRemovesTheColor();
+    void cardMenuDeletesTheCollection();
+    void cardExportsItsMembersInTheHistory();
+    void blankNameCreatesNoPalette_data();
+    void blankNameCreatesNoPalette();
+    void newPaletteHasTheTrimmedName();
+    void cancelledNameIsKept();
+    void tabGoesFromTopToBottom();
     void arrowKeysMoveAlongTheRecentRow();
-    void whatIsPickedWhileThePanelIsHiddenHasItsRoom();
+    void colorPickedWhileHiddenIsLaidOut();
     void returnAndSpaceCopyTheFocusedSwatch();
-    void aNewColorLeavesTheFocusWhereItIs();
-    void swatchesAndCardsTellScreenReadersWhatTheyAre();
+    void newColorKeepsTheFocus();
+    void screenReadersGetNamesOfSwatchesAndCards();
 };
 
-void DashboardViewTest::withoutAHistoryThereIsNoRecentRow()
+void DashboardViewTest::emptyHistoryHidesTheRecentRow()
 {
     PanelFixture panel;
     panel.settle();
@@ -84,7 +84,7 @@ void DashboardViewTest::withoutAHistoryThereIsNoRecentRow()
     QVERIFY(panel.dashboard().swatches().first()->isVisible());
 }
 
-void DashboardViewTest::theRecentRowShowsTheFirstFifteenInOrder()
+void DashboardViewTest::recentRowShowsTheFirstFifteenInOrder()
 {
     PanelFixture panel;
     for (unsigned i = 0; i < 40; ++i) {
@@ -101,7 +101,7 @@ void DashboardViewTest::theRecentRowShowsTheFirstFifteenInOrder()
     QCOMPARE(panel.dashboard().findChildren<DashboardSwatchView*>().size(), 15);
 }
 
-void DashboardViewTest::theScreenIsLaidOutToThePoint()
+void DashboardViewTest::layoutIsExact()
 {
     PanelFixture panel;
     panel.capture(0xF54D4D);
@@ -109,7 +109,7 @@ void DashboardViewTest::theScreenIsLaidOutToThePoint()
     const QImage picture = panel.picture();
     QCOMPARE(picture.size(), QSize(380, 580));
 
-    // The header takes 10 + 30 + 10, the rule 1, then come the 16 of the column.
+    // Header 10 + 30 + 10, rule 1, padding 16.
     QCOMPARE(placeIn(*panel.view, *button(panel.dashboard(), QStringLiteral("Pick a Color"))),
              QRect(16, 67, 348, 50));
     const QRect swatch = placeIn(*panel.view, *panel.dashboard().swatches().first());
@@ -125,18 +125,18 @@ void DashboardViewTest::theScreenIsLaidOutToThePoint()
     const QRect add = placeIn(*panel.view, *button(panel.dashboard(), QStringLiteral("New Palette")));
     QCOMPARE(add, QRect(16, card.top() + 2 + 64 + 10, 348, 68));
 
-    // The corners of the panel let the desktop through.
+    // The corners of the panel are transparent.
     QCOMPARE(qAlpha(picture.convertToFormat(QImage::Format_ARGB32).pixel(380 / 2, 579)), 255);
 }
 
-void DashboardViewTest::aSwatchGrowsUnderThePointer()
+void DashboardViewTest::hoveredSwatchGrows()
 {
     PanelFixture panel;
     panel.capture(0x1ABF80);
     panel.settle();
     DashboardSwatchView& swatch = *panel.dashboard().swatches().first();
     const int middle = placeIn(*panel.view, swatch).top() + 33;
-    // At 1.05 the square of 62 reaches 1.55 further.
+    // Scaled by 1.05, the square of 62 extends 1.55 further.
     const QRgb before = panel.picture().pixel(15, middle);
     hover(swatch, QEvent::HoverEnter);
     const QRgb hovered = panel.picture().pixel(15, middle);
@@ -146,7 +146,7 @@ void DashboardViewTest::aSwatchGrowsUnderThePointer()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void DashboardViewTest::thePageEndsAsFarFromItsLastRowAsItBegins()
+void DashboardViewTest::bottomPaddingEqualsTopPadding()
 {
     PanelFixture panel;
     for (int i = 0; i < 9; ++i) {
@@ -159,8 +159,8 @@ void DashboardViewTest::thePageEndsAsFarFromItsLastRowAsItBegins()
     QCOMPARE(placeIn(*page->widget(), *add).bottom(), page->widget()->height() - 1 - 16);
 }
 
-// The square casts .4 of its colour at 3 deviations of 3 points; it is seen as far as it reaches beside a white square.
-void DashboardViewTest::theShadowsOfTheRecentRowAreWhole()
+// The shadow has 0.4 of the colour and extends 3 deviations of 3 points; it is visible beside a white square.
+void DashboardViewTest::shadowsOfTheRecentRowAreNotClipped()
 {
     PanelFixture panel;
     panel.capture(0x000000);
@@ -168,7 +168,7 @@ void DashboardViewTest::theShadowsOfTheRecentRowAreWhole()
     const int middle = placeIn(*panel.view, *panel.dashboard().swatches().first()).top() + 2 + 31;
     int before = qGray(picture.pixel(15, middle));
     QVERIFY(before < 215);
-    // Ever lighter toward the edge of the panel, without a step where something is cut off.
+    // Monotonically lighter toward the edge of the panel, without a step.
     for (int x = 14; x >= 4; --x) {
         const int now = qGray(picture.pixel(x, middle));
         QVERIFY2(now >= before && now - before <= 14, qPrintable(QStringLiteral("%1 at %2").arg(now).arg(x)));
@@ -177,7 +177,7 @@ void DashboardViewTest::theShadowsOfTheRecentRowAreWhole()
     QCOMPARE(picture.pixel(4, middle), qRgb(0xF5, 0xF5, 0xF7));
 }
 
-void DashboardViewTest::hoveringBlursNoShadowAnew()
+void DashboardViewTest::hoveringBlursNoNewShadow()
 {
     PanelFixture panel;
     panel.capture(0x1ABF81);
@@ -192,7 +192,7 @@ void DashboardViewTest::hoveringBlursNoShadowAnew()
             panel.view->grab();
         }
     };
-    // Each of the two shadows of the card is blurred once.
+    // The card has two shadows, each blurred once.
     panel.settle();
     runThrough(QEvent::HoverEnter);
     const int before = blurCount();
@@ -203,7 +203,7 @@ void DashboardViewTest::hoveringBlursNoShadowAnew()
     QCOMPARE(blurCount(), before);
 }
 
-void DashboardViewTest::whatIsPressedAnswers()
+void DashboardViewTest::pressedControlsShowIt()
 {
     PanelFixture panel;
     panel.capture(0x1ABF80);
@@ -215,14 +215,14 @@ void DashboardViewTest::whatIsPressedAnswers()
         const QRgb before = panel.picture().pixel(inside);
         QTest::mousePress(control, Qt::LeftButton, Qt::NoModifier, QPoint(32, 8));
         QVERIFY(qGray(panel.picture().pixel(inside)) < qGray(before) - 10);
-        // Let go elsewhere, it has not been clicked.
+        // A release outside the button is not a click.
         QTest::mouseMove(control, QPoint(-20, -20));
         QTest::mouseRelease(control, Qt::LeftButton, Qt::NoModifier, QPoint(-20, -20));
         QCOMPARE(panel.picture().pixel(inside), before);
     }
 }
 
-void DashboardViewTest::aFocusOutOfSightIsBroughtIntoView()
+void DashboardViewTest::focusedControlIsScrolledIntoView()
 {
     PanelFixture panel;
     for (int i = 0; i < 9; ++i) {
@@ -231,7 +231,7 @@ void DashboardViewTest::aFocusOutOfSightIsBroughtIntoView()
     panel.settle();
     QWidget* add = button(panel.dashboard(), QStringLiteral("New Palette"));
     QVERIFY(!panel.view->rect().contains(placeIn(*panel.view, *add)));
-    // Backwards from the first control of the panel to the last.
+    // Backtab on the first control of the panel focuses the last.
     auto* first = panel.view->findChild<PlainButton*>();
     first->setFocus(Qt::TabFocusReason);
     QTest::keyClick(first, Qt::Key_Backtab);
@@ -239,7 +239,7 @@ void DashboardViewTest::aFocusOutOfSightIsBroughtIntoView()
     QVERIFY(panel.view->rect().contains(placeIn(*panel.view, *add)));
 }
 
-void DashboardViewTest::theButtonPicks()
+void DashboardViewTest::pickButtonRequestsAPick()
 {
     PanelFixture panel;
     const QSignalSpy picks(panel.view.get(), &PanelView::pickRequested);
@@ -247,7 +247,7 @@ void DashboardViewTest::theButtonPicks()
     QCOMPARE(picks.count(), 1);
 }
 
-void DashboardViewTest::aClickOnASwatchCopiesItInTheDefaultFormat()
+void DashboardViewTest::clickOnASwatchCopiesInTheDefaultFormat()
 {
     PanelFixture panel;
     panel.capture(0x3B82F6);
@@ -259,7 +259,7 @@ void DashboardViewTest::aClickOnASwatchCopiesItInTheDefaultFormat()
     QVERIFY(panel.state.showCopiedFeedback());
 }
 
-void DashboardViewTest::aCardEndsInAChevron()
+void DashboardViewTest::cardEndsWithAChevron()
 {
     PanelFixture panel;
     const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
@@ -268,7 +268,7 @@ void DashboardViewTest::aCardEndsInAChevron()
     };
     const QImage empty = panel.picture();
     QRect card = place();
-    // In the last 12 points before the padding, as high as a letter, and nothing else beside it.
+    // In the last 12 points before the padding, as high as a letter.
     const auto inkBetween = [&](const QImage& picture, int left, int right) {
         int ink = 0;
         for (int x = left; x < right; ++x) {
@@ -286,7 +286,7 @@ void DashboardViewTest::aCardEndsInAChevron()
     const QImage one = panel.picture();
     card = place();
     QVERIFY(inkBetween(one, edge - 14, edge) > 8);
-    // 12 apart from the square of 30.
+    // 12 points from the square of 30.
     const int chevron = qRound(symbolSide(11));
     const int middle = card.center().y();
     QCOMPARE(one.pixel(edge - chevron - 12 - 1, middle), qRgb(0x11, 0x22, 0x33));
@@ -294,7 +294,7 @@ void DashboardViewTest::aCardEndsInAChevron()
     QVERIFY(one.pixel(edge - chevron - 12, middle) != qRgb(0x11, 0x22, 0x33));
 }
 
-void DashboardViewTest::aNameTooLongForItsCardIsInItsHelp()
+void DashboardViewTest::toolTipOfACardIsItsElidedName()
 {
     PanelFixture panel;
     const QString fits = QStringLiteral("Everything from the sea");
@@ -305,7 +305,7 @@ void DashboardViewTest::aNameTooLongForItsCardIsInItsHelp()
     const auto& cards = panel.dashboard().cards();
     QCOMPARE(cards[0]->toolTip(), QString());
     QCOMPARE(cards[1]->toolTip(), tooLong);
-    // Its colours take room from the name.
+    // The preview leaves less room for the name.
     for (unsigned i = 0; i < 4; ++i) {
         panel.state.addColor(panel.capture(i).id, sea.id);
     }
@@ -314,7 +314,7 @@ void DashboardViewTest::aNameTooLongForItsCardIsInItsHelp()
     QCOMPARE(cards[0]->toolTip(), QString());
 }
 
-void DashboardViewTest::theFirstPaletteByKeyboardLeadsToTheNext()
+void DashboardViewTest::creatingTheFirstPaletteByKeyboardFocusesTheNext()
 {
     const PanelFixture panel;
     panel.settle();
@@ -355,7 +355,7 @@ void DashboardViewTest::cardsCountTheirIds()
     QCOMPARE(panel.dashboard().cards().first()->countText(), text);
 }
 
-void DashboardViewTest::aCardOfDeletedColorsShowsNoSquaresButCountsThem()
+void DashboardViewTest::cardCountsDeletedColorsButShowsNoSquares()
 {
     PanelFixture panel;
     const QUuid id = panel.state.createCollection(QStringLiteral("Gone")).id;
@@ -366,7 +366,7 @@ void DashboardViewTest::aCardOfDeletedColorsShowsNoSquaresButCountsThem()
     QCOMPARE(card.countText(), QStringLiteral("2 Colors"));
 }
 
-void DashboardViewTest::aCardPreviewsTheFirstFourIdsThatAreLeft()
+void DashboardViewTest::cardPreviewsTheExistingAmongTheFirstFour()
 {
     PanelFixture panel;
     const QUuid id = panel.state.createCollection(QStringLiteral("Brand")).id;
@@ -375,12 +375,12 @@ void DashboardViewTest::aCardPreviewsTheFirstFourIdsThatAreLeft()
         colors.append(panel.capture(0x101010 * i));
         panel.state.addColor(i == 1 ? QUuid::createUuid() : colors.last().id, id);
     }
-    // The second of the first four is no longer there, and the fifth does not take its place.
+    // The second of the first four is missing; the fifth does not replace it.
     QCOMPARE(panel.dashboard().cards().first()->previewColors(),
              (QList<CapturedColor>{colors[0], colors[2], colors[3]}));
 }
 
-void DashboardViewTest::theSixthCardHasTheGradientOfTheFirst()
+void DashboardViewTest::sixthCardHasTheGradientOfTheFirst()
 {
     PanelFixture panel;
     for (int i = 0; i < 6; ++i) {
@@ -389,7 +389,7 @@ void DashboardViewTest::theSixthCardHasTheGradientOfTheFirst()
     panel.settle();
     QList<QRgb> tiles;
     for (CollectionRowCard* card : panel.dashboard().cards()) {
-        // 4 points into the tile of 44, half way down: 26 / 88 of the way along the gradient.
+        // 4 points into the tile of 44, at half its height: 26 / 88 along the gradient.
         tiles.append(card->grab().toImage().pixel(2 + 12 + 4, 2 + 10 + 22));
     }
     QVERIFY(isNear(tiles[0], qRgb(252, 138, 45)));
@@ -406,12 +406,12 @@ void DashboardViewTest::droppedTexts_data()
     const QString one = QStringLiteral("3F2504E0-4F89-41D3-9A0C-0305E82C3301");
     const QString two = QStringLiteral("7D444840-9DC0-11D1-B245-5FFDCE74FAD2");
     QTest::newRow("an id") << one << QStringList{one};
-    QTest::newRow("in small letters") << one.toLower() << QStringList{one};
+    QTest::newRow("in lower case") << one.toLower() << QStringList{one};
     QTest::newRow("two ids") << one + u'\n' + two << QStringList{one, two};
     QTest::newRow("an id among other text") << QStringLiteral("hello\n") + two << QStringList{two};
     QTest::newRow("the same id twice") << one + u'\n' + one << QStringList{one};
     QTest::newRow("other text") << QStringLiteral("hello") << QStringList();
-    QTest::newRow("most of an id") << one.left(35) << QStringList();
+    QTest::newRow("an incomplete id") << one.left(35) << QStringList();
     QTest::newRow("empty") << QString() << QStringList();
 }
 
@@ -429,7 +429,7 @@ void DashboardViewTest::droppedTexts()
     QCOMPARE(ids, added);
 }
 
-void DashboardViewTest::aCardIsADropTargetWhileADragIsOverIt()
+void DashboardViewTest::dragOverACardHighlightsIt()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Brand"));
@@ -451,8 +451,8 @@ void DashboardViewTest::aCardIsADropTargetWhileADragIsOverIt()
     QVERIFY(!card.isDropTarget());
 }
 
-// An editor that proposes a move would delete its text.
-void DashboardViewTest::aProposedMoveEndsAsACopy()
+// An editor that proposes a move would delete its text after it.
+void DashboardViewTest::proposedMoveBecomesACopy()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Brand"));
@@ -476,14 +476,14 @@ void DashboardViewTest::aProposedMoveEndsAsACopy()
     QCOMPARE(dropped.dropAction(), Qt::CopyAction);
     QCOMPARE(panel.state.collections().first().colorIds.size(), 1);
 
-    // Who offers a move alone is refused.
+    // A drag that offers only a move is refused.
     QDragEnterEvent moveOnly(inside, Qt::MoveAction, &text, Qt::LeftButton, Qt::NoModifier);
     moveOnly.ignore();
     QApplication::sendEvent(&card, &moveOnly);
     QVERIFY(!moveOnly.isAccepted());
 }
 
-void DashboardViewTest::theSwatchMenuOffersPalettesOnceThereAreSome()
+void DashboardViewTest::swatchMenuOffersExistingPalettes()
 {
     PanelFixture panel;
     panel.capture(0x3B82F6);
@@ -510,7 +510,7 @@ void DashboardViewTest::theSwatchMenuOffersPalettesOnceThereAreSome()
     menu->close();
 }
 
-void DashboardViewTest::deletingFromTheMenuTakesTheColorAway()
+void DashboardViewTest::deleteInTheMenuRemovesTheColor()
 {
     PanelFixture panel;
     const CapturedColor kept = panel.capture(0x111111);
@@ -525,7 +525,7 @@ void DashboardViewTest::deletingFromTheMenuTakesTheColorAway()
     QCOMPARE(panel.dashboard().swatches().size(), 1);
 }
 
-void DashboardViewTest::theCardMenuDeletesTheCollection()
+void DashboardViewTest::cardMenuDeletesTheCollection()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Brand"));
@@ -544,7 +544,7 @@ void DashboardViewTest::theCardMenuDeletesTheCollection()
     QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
 }
 
-void DashboardViewTest::aCardExportsTheMembersThatTheHistoryHolds()
+void DashboardViewTest::cardExportsItsMembersInTheHistory()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Brand"));
@@ -558,7 +558,7 @@ void DashboardViewTest::aCardExportsTheMembersThatTheHistoryHolds()
     const CollectionRowCard& card = *panel.dashboard().cards().first();
     QCOMPARE(card.exportColors(), members);
 
-    // One more than the history holds drops its oldest.
+    // One colour beyond the limit drops the oldest.
     for (int i = 0; i < 95; ++i) {
         panel.capture(0x777777);
     }
@@ -567,15 +567,15 @@ void DashboardViewTest::aCardExportsTheMembersThatTheHistoryHolds()
     QCOMPARE(card.exportColors(), members.sliced(1));
 }
 
-void DashboardViewTest::blankNamesMakeNoPalette_data()
+void DashboardViewTest::blankNameCreatesNoPalette_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("nothing") << QString();
+    QTest::newRow("empty") << QString();
     QTest::newRow("three spaces") << QStringLiteral("   ");
-    QTest::newRow("white space of other kinds") << QStringLiteral("\t\u2003");
+    QTest::newRow("other white space") << QStringLiteral("\t\u2003");
 }
 
-void DashboardViewTest::blankNamesMakeNoPalette()
+void DashboardViewTest::blankNameCreatesNoPalette()
 {
     QFETCH(const QString, name);
     PanelFixture panel;
@@ -588,7 +588,7 @@ void DashboardViewTest::blankNamesMakeNoPalette()
     QVERIFY(Overlay::of(*panel.view));
 }
 
-void DashboardViewTest::aNewPaletteHasTheTrimmedName()
+void DashboardViewTest::newPaletteHasTheTrimmedName()
 {
     PanelFixture panel;
     QTest::mouseClick(button(panel.dashboard(), QStringLiteral("Create your first palette")), Qt::LeftButton);
@@ -605,7 +605,7 @@ void DashboardViewTest::aNewPaletteHasTheTrimmedName()
     QCOMPARE(panel.view->findChild<QLineEdit*>()->text(), QString());
 }
 
-void DashboardViewTest::aCancelledNameIsThereAgain()
+void DashboardViewTest::cancelledNameIsKept()
 {
     PanelFixture panel;
     panel.dashboard().openNewPaletteOverlay();
@@ -623,7 +623,7 @@ void DashboardViewTest::aCancelledNameIsThereAgain()
     QVERIFY(panel.state.collections().isEmpty());
 }
 
-void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
+void DashboardViewTest::tabGoesFromTopToBottom()
 {
     PanelFixture panel;
     panel.capture(0x111111);
@@ -648,7 +648,7 @@ void DashboardViewTest::tabGoesFromTopToBottomWhateverCameLast()
     }
 }
 
-void DashboardViewTest::whatIsPickedWhileThePanelIsHiddenHasItsRoom()
+void DashboardViewTest::colorPickedWhileHiddenIsLaidOut()
 {
     PanelFixture panel;
     panel.view->hide();
@@ -699,7 +699,7 @@ void DashboardViewTest::returnAndSpaceCopyTheFocusedSwatch()
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#222222"));
 }
 
-void DashboardViewTest::aNewColorLeavesTheFocusWhereItIs()
+void DashboardViewTest::newColorKeepsTheFocus()
 {
     PanelFixture panel;
     panel.capture(0x111111);
@@ -712,7 +712,7 @@ void DashboardViewTest::aNewColorLeavesTheFocusWhereItIs()
     QCOMPARE(panel.dashboard().swatches().at(1), focused);
 }
 
-void DashboardViewTest::swatchesAndCardsTellScreenReadersWhatTheyAre()
+void DashboardViewTest::screenReadersGetNamesOfSwatchesAndCards()
 {
     PanelFixture panel;
     panel.capture(0x1E90FF);

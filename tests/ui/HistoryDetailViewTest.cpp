@@ -31,7 +31,7 @@ constexpr QRgb surfaceHigh = qRgb(0xE9, 0xE9, 0xEE);
 /// Header 50, rule 1, toolbar 50, rule 1, padding 14.
 constexpr int firstRow = 116;
 
-/// The panel at the history screen.
+/// The panel with the history screen open.
 class HistoryFixture final : public PanelFixture
 {
 public:
@@ -53,8 +53,8 @@ public:
     [[nodiscard]] TextField* field() const { return view->findChild<TextField*>(); }
 };
 
-/// The square of the swatch at a position of the grid. A column is 64 wide; a swatch of 48 with 3 on both sides stands in
-/// its middle.
+/// The square of the swatch at a position of the grid. A column is 64 wide; a swatch of 48 with 3 on both sides is
+/// centred in it.
 QRect squareAt(const HistoryFixture& panel, qsizetype position)
 {
     return {placeIn(*panel.view, panel.swatch(position)).topLeft() + QPoint(5, 2), QSize(48, 48)};
@@ -67,59 +67,59 @@ class HistoryDetailViewTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theToolbarCounts_data();
-    void theToolbarCounts();
-    void oneColorStandsInTheFirstOfFiveColumns();
+    void toolbarShowsTheCount_data();
+    void toolbarShowsTheCount();
+    void oneColorIsInTheFirstOfFiveColumns();
     void colorsFillRowsOfFiveInOrder();
-    void withoutColorsTheScreenSaysHowToGetSome();
-    void theExportMenuIsGreyWithoutColors();
-    void theExportMenuOffersThreeFormats();
-    void anExportIsOfTheWholeHistory();
-    void theClearButtonClearsAtOnce_data();
-    void theClearButtonClearsAtOnce();
+    void emptyScreenExplainsHowToPick();
+    void exportMenuIsDisabledWithoutColors();
+    void exportMenuOffersThreeFormats();
+    void exportContainsTheWholeHistory();
+    void clearButtonClearsAtOnce_data();
+    void clearButtonClearsAtOnce();
     void captureAndDeletionShowAtOnce();
-    void deletingFromItsOwnMenuTakesTheHoveredSwatchAway();
-    void aHundredColorsCanBeScrolledThrough();
+    void deletingFromItsMenuRemovesTheHoveredSwatch();
+    void hundredColorsCanBeScrolled();
     void tabGoesFromTheToolbarThroughTheGrid();
     void arrowKeysMoveThroughTheGrid_data();
     void arrowKeysMoveThroughTheGrid();
-    void theFocusComesIntoView();
+    void focusedSwatchIsScrolledIntoView();
 
-    void checksShowThroughTranslucentColors_data();
-    void checksShowThroughTranslucentColors();
-    void theLabelIsTheCodeAlone();
-    void hoveringChangesAllAtOnceAndLeavesNoTrace();
-    void onTheWayTheHoveredLookIsHalfThere();
+    void checkerboardShowsThroughTranslucentColors_data();
+    void checkerboardShowsThroughTranslucentColors();
+    void labelIsTheCode();
+    void hoverChangesTheLookAndLeavingRestoresIt();
+    void hoverAnimationPassesThroughTheMiddle();
     void clicksAndKeysCopyInTheDefaultFormat();
-    void theMenuOffersCollectionsOnceThereAreSome();
-    void theMenuCopiesInAnyFormat_data();
-    void theMenuCopiesInAnyFormat();
-    void theMenuAddsToACollection();
-    void screenReadersAndHelpNameTheColor();
+    void menuOffersExistingCollections();
+    void menuCopiesInAnyFormat_data();
+    void menuCopiesInAnyFormat();
+    void menuAddsToACollection();
+    void screenReadersAndToolTipNameTheColor();
 
-    void renamingByKeysAlone();
-    void theOverlayIsLaidOutToThePoint();
-    void theOverlayBeginsWithTheNameSelected_data();
-    void theOverlayBeginsWithTheNameSelected();
-    void anEmptyNameIsSavedToo();
-    void aNameIsSavedAsTyped();
-    void aColorDeletedUnderItsMenuOrOverlayHarmsNothing();
-    void aMenuTakesThePointerAway();
+    void renamingByKeyboard();
+    void layoutOfTheOverlayIsExact();
+    void overlayStartsWithTheNameSelected_data();
+    void overlayStartsWithTheNameSelected();
+    void emptyNameIsSaved();
+    void nameIsSavedAsTyped();
+    void colorMayBeDeletedWhileItsMenuOrOverlayIsOpen();
+    void openMenuEndsTheHoverState();
     void cancellingChangesNothing_data();
     void cancellingChangesNothing();
 };
 
-void HistoryDetailViewTest::theToolbarCounts_data()
+void HistoryDetailViewTest::toolbarShowsTheCount_data()
 {
     QTest::addColumn<unsigned>("colors");
     QTest::addColumn<QString>("text");
     QTest::newRow("none") << 0U << u"0 colors"_s;
     QTest::newRow("one") << 1U << u"1 color"_s;
     QTest::newRow("twelve") << 12U << u"12 colors"_s;
-    QTest::newRow("all there can be") << 101U << u"100 colors"_s;
+    QTest::newRow("the maximum") << 101U << u"100 colors"_s;
 }
 
-void HistoryDetailViewTest::theToolbarCounts()
+void HistoryDetailViewTest::toolbarShowsTheCount()
 {
     QFETCH(const unsigned, colors);
     QFETCH(const QString, text);
@@ -127,7 +127,7 @@ void HistoryDetailViewTest::theToolbarCounts()
     QCOMPARE(visibleTexts(panel.screen()).first(), text);
 }
 
-void HistoryDetailViewTest::oneColorStandsInTheFirstOfFiveColumns()
+void HistoryDetailViewTest::oneColorIsInTheFirstOfFiveColumns()
 {
     HistoryFixture panel;
     panel.capture(0xF54D4D);
@@ -145,7 +145,7 @@ void HistoryDetailViewTest::oneColorStandsInTheFirstOfFiveColumns()
     QVERIFY(isNear(picture.pixel(46, firstRow), red, 30));
     QVERIFY(isNear(picture.pixel(46, firstRow + 47), red, 30));
     QVERIFY(!isNear(picture.pixel(46, firstRow + 48), red, 30));
-    // The corners are round.
+    // The corners are rounded.
     QVERIFY(!isNear(picture.pixel(22, firstRow), red, 60));
 }
 
@@ -160,7 +160,7 @@ void HistoryDetailViewTest::colorsFillRowsOfFiveInOrder()
     }
 }
 
-void HistoryDetailViewTest::withoutColorsTheScreenSaysHowToGetSome()
+void HistoryDetailViewTest::emptyScreenExplainsHowToPick()
 {
     HistoryFixture panel;
     QVERIFY(visibleTexts(panel.screen()).contains(u"No colors yet\nPress ⌥⇧C to snip a color"_s));
@@ -168,7 +168,7 @@ void HistoryDetailViewTest::withoutColorsTheScreenSaysHowToGetSome()
     const Label* text = panel.screen().findChildren<Label*>().last();
     const QRect place = placeIn(*panel.view, *text);
     QVERIFY(std::abs(place.center().x() - 190) <= 1);
-    // Symbol, gap of 8 and text stand in the middle between the rule and the edge.
+    // Symbol, gap of 8 and text are centred between the rule and the bottom.
     QVERIFY(std::abs((place.top() - 8 - symbolSide(28) + place.bottom()) / 2 - (102 + 580) / 2.0) <= 1);
 
     panel.capture(0x3B82F6);
@@ -177,7 +177,7 @@ void HistoryDetailViewTest::withoutColorsTheScreenSaysHowToGetSome()
     QVERIFY(panel.swatch(0).isVisible());
 }
 
-void HistoryDetailViewTest::theExportMenuIsGreyWithoutColors()
+void HistoryDetailViewTest::exportMenuIsDisabledWithoutColors()
 {
     HistoryFixture panel;
     const QRect place = placeIn(*panel.view, panel.exportButton());
@@ -188,11 +188,11 @@ void HistoryDetailViewTest::theExportMenuIsGreyWithoutColors()
 
     panel.capture(0x3B82F6);
     QVERIFY(panel.exportButton().isEnabled());
-    // A tenth of the accent, 97, 102, 224, on the ground.
+    // 10 % of the accent (97, 102, 224) on the background.
     QVERIFY(isNear(panel.picture().pixel(place.left() + 4, place.center().y()), qRgb(230, 231, 245)));
 }
 
-void HistoryDetailViewTest::theExportMenuOffersThreeFormats()
+void HistoryDetailViewTest::exportMenuOffersThreeFormats()
 {
     const HistoryFixture panel(1);
     QTest::keyClick(&panel.exportButton(), Qt::Key_Down);
@@ -210,7 +210,7 @@ void HistoryDetailViewTest::theExportMenuOffersThreeFormats()
     QCOMPARE(interface->text(QAccessible::Name), u"Export"_s);
 }
 
-void HistoryDetailViewTest::anExportIsOfTheWholeHistory()
+void HistoryDetailViewTest::exportContainsTheWholeHistory()
 {
     HistoryFixture panel;
     panel.capture(0x111111);
@@ -240,14 +240,14 @@ void HistoryDetailViewTest::anExportIsOfTheWholeHistory()
     QVERIFY(text.contains("#111111"));
 }
 
-void HistoryDetailViewTest::theClearButtonClearsAtOnce_data()
+void HistoryDetailViewTest::clearButtonClearsAtOnce_data()
 {
     QTest::addColumn<unsigned>("colors");
     QTest::newRow("a history") << 3U;
-    QTest::newRow("an empty one") << 0U;
+    QTest::newRow("an empty history") << 0U;
 }
 
-void HistoryDetailViewTest::theClearButtonClearsAtOnce()
+void HistoryDetailViewTest::clearButtonClearsAtOnce()
 {
     QFETCH(const unsigned, colors);
     HistoryFixture panel(colors);
@@ -281,14 +281,14 @@ void HistoryDetailViewTest::captureAndDeletionShowAtOnce()
     QCOMPARE(squareAt(panel, 0).topLeft(), QPoint(22, firstRow));
 }
 
-void HistoryDetailViewTest::deletingFromItsOwnMenuTakesTheHoveredSwatchAway()
+void HistoryDetailViewTest::deletingFromItsMenuRemovesTheHoveredSwatch()
 {
     HistoryFixture panel(3);
     const QPointer<ColorSwatchView> swatch = &panel.swatch(1);
     const QUuid id = swatch->color().id;
     hover(*swatch, QEvent::HoverEnter);
     QMenu* menu = contextMenu(*swatch);
-    // While it is on its way to the hovered look.
+    // During its hover animation.
     Ticker::shared().advance(0.05);
     choose(*menu, u"Delete"_s);
     panel.settle();
@@ -300,7 +300,7 @@ void HistoryDetailViewTest::deletingFromItsOwnMenuTakesTheHoveredSwatchAway()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void HistoryDetailViewTest::aHundredColorsCanBeScrolledThrough()
+void HistoryDetailViewTest::hundredColorsCanBeScrolled()
 {
     const HistoryFixture panel(100);
     QCOMPARE(panel.screen().swatches().size(), 100);
@@ -339,7 +339,7 @@ void HistoryDetailViewTest::arrowKeysMoveThroughTheGrid_data()
     QTest::newRow("left of the first") << 0 << Qt::Key_Left << 0;
     QTest::newRow("above the first row") << 3 << Qt::Key_Up << 3;
     QTest::newRow("right of the last") << 6 << Qt::Key_Right << 6;
-    QTest::newRow("below what there is") << 4 << Qt::Key_Down << 4;
+    QTest::newRow("below the last row") << 4 << Qt::Key_Down << 4;
 }
 
 void HistoryDetailViewTest::arrowKeysMoveThroughTheGrid()
@@ -354,7 +354,7 @@ void HistoryDetailViewTest::arrowKeysMoveThroughTheGrid()
     QVERIFY(panel.swatch(to).showsFocusRing());
 }
 
-void HistoryDetailViewTest::theFocusComesIntoView()
+void HistoryDetailViewTest::focusedSwatchIsScrolledIntoView()
 {
     const HistoryFixture panel(100);
     panel.swatch(2).setFocus(Qt::TabFocusReason);
@@ -370,20 +370,20 @@ void HistoryDetailViewTest::theFocusComesIntoView()
     }
 }
 
-void HistoryDetailViewTest::checksShowThroughTranslucentColors_data()
+void HistoryDetailViewTest::checkerboardShowsThroughTranslucentColors_data()
 {
     QTest::addColumn<unsigned>("rgb");
     QTest::addColumn<double>("alpha");
     QTest::addColumn<QRgb>("onWhite");
     QTest::addColumn<QRgb>("onGrey");
     QTest::newRow("opaque") << 0x336699U << 1.0 << qRgb(0x33, 0x66, 0x99) << qRgb(0x33, 0x66, 0x99);
-    // 3 of 255 steps of the checks are left, of which the grey ones have three quarters.
+    // 3 of 255 steps of the checkerboard remain; its grey is 0.75 of white.
     QTest::newRow("almost opaque") << 0x000000U << 0.99 << qRgb(3, 3, 3) << qRgb(2, 2, 2);
     QTest::newRow("half") << 0x000000U << 0.5 << qRgb(127, 127, 127) << qRgb(95, 95, 95);
-    QTest::newRow("not there") << 0x000000U << 0.0 << qRgb(255, 255, 255) << qRgb(191, 191, 191);
+    QTest::newRow("transparent") << 0x000000U << 0.0 << qRgb(255, 255, 255) << qRgb(191, 191, 191);
 }
 
-void HistoryDetailViewTest::checksShowThroughTranslucentColors()
+void HistoryDetailViewTest::checkerboardShowsThroughTranslucentColors()
 {
     QFETCH(const unsigned, rgb);
     QFETCH(const double, alpha);
@@ -393,7 +393,7 @@ void HistoryDetailViewTest::checksShowThroughTranslucentColors()
     panel.capture(rgb, alpha);
     const QImage picture = panel.picture();
     const QPoint corner = squareAt(panel, 0).topLeft();
-    // Each cell is looked at where it begins and where it ends; the sum of row and column tells its tone.
+    // Checks the first and last pixel of each cell; the parity of row + column gives its tone.
     for (int row = 2; row < 10; ++row) {
         for (int column = 2; column < 10; ++column) {
             const QRgb expected = (row + column) % 2 == 0 ? onWhite : onGrey;
@@ -406,13 +406,13 @@ void HistoryDetailViewTest::checksShowThroughTranslucentColors()
     }
 }
 
-void HistoryDetailViewTest::theLabelIsTheCodeAlone()
+void HistoryDetailViewTest::labelIsTheCode()
 {
     HistoryFixture panel;
     panel.capture(0x3B82F6);
     const QImage picture = panel.picture();
     const QRect square = squareAt(panel, 0);
-    // The label is as wide as the place of the swatch, in the colour of secondary text.
+    // The label is as wide as the swatch and has the secondary text colour.
     const QFontMetrics metrics(theme::monospacedFont(9, QFont::Medium));
     const int width = metrics.horizontalAdvance(u"3B82F6"_s);
     int left = 380;
@@ -431,7 +431,7 @@ void HistoryDetailViewTest::theLabelIsTheCodeAlone()
     QVERIFY(std::abs(left + right - (square.left() + square.right())) <= 2);
 }
 
-void HistoryDetailViewTest::hoveringChangesAllAtOnceAndLeavesNoTrace()
+void HistoryDetailViewTest::hoverChangesTheLookAndLeavingRestoresIt()
 {
     HistoryFixture panel(7);
     panel.capture(0x1ABF80);
@@ -451,18 +451,18 @@ void HistoryDetailViewTest::hoveringChangesAllAtOnceAndLeavesNoTrace()
     const QImage hovered = panel.picture();
 
     QCOMPARE(before.pixel(middle, square.top() + 10), qRgb(0x1A, 0xBF, 0x80));
-    // The veil takes a quarter away.
+    // The veil darkens by a quarter.
     QVERIFY(isNear(hovered.pixel(middle, square.top() + 10), qRgb(0x14, 0x8F, 0x60)));
-    // At 1.06 the square of 48 reaches 1.44 further, and white at 0.7, 1.5 wide, is its border.
+    // Scaled by 1.06, the square of 48 extends 1.44 further. Its border is white at 0.7, 1.5 wide.
     QVERIFY(isNear(before.pixel(middle, square.top() - 1), panelGround, 30));
     QVERIFY(isNear(hovered.pixel(middle, square.top() - 1), qRgb(0xB8, 0xDD, 0xCF), 6));
     QVERIFY(isNear(hovered.pixel(middle, square.top() + 2), qRgb(0x14, 0x8F, 0x60)));
-    // The shadow of the square's colour reaches further and is stronger.
+    // The shadow is larger and stronger.
     QVERIFY(qRed(hovered.pixel(middle, square.bottom() + 5)) <
             qRed(before.pixel(middle, square.bottom() + 5)) - 30);
     QVERIFY(before.pixel(square.left() - 6, square.center().y()) == panelGround);
     QVERIFY(hovered.pixel(square.left() - 6, square.center().y()) != panelGround);
-    // The symbol is white; the label goes from secondary to primary text.
+    // The symbol is white; the label has the primary text colour.
     const QRect around(square.center() - QPoint(8, 8), QSize(16, 16));
     bool hasWhite = false;
     for (int y = around.top(); y <= around.bottom(); ++y) {
@@ -478,7 +478,7 @@ void HistoryDetailViewTest::hoveringChangesAllAtOnceAndLeavesNoTrace()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void HistoryDetailViewTest::onTheWayTheHoveredLookIsHalfThere()
+void HistoryDetailViewTest::hoverAnimationPassesThroughTheMiddle()
 {
     HistoryFixture panel;
     panel.capture(0x808080);
@@ -511,7 +511,7 @@ void HistoryDetailViewTest::clicksAndKeysCopyInTheDefaultFormat()
     QCOMPARE(QApplication::clipboard()->text(), u"rgb(59, 130, 246)"_s);
 }
 
-void HistoryDetailViewTest::theMenuOffersCollectionsOnceThereAreSome()
+void HistoryDetailViewTest::menuOffersExistingCollections()
 {
     HistoryFixture panel(1);
     QMenu* menu = contextMenu(panel.swatch(0));
@@ -530,7 +530,7 @@ void HistoryDetailViewTest::theMenuOffersCollectionsOnceThereAreSome()
     menu->close();
 }
 
-void HistoryDetailViewTest::theMenuCopiesInAnyFormat_data()
+void HistoryDetailViewTest::menuCopiesInAnyFormat_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("text");
@@ -541,7 +541,7 @@ void HistoryDetailViewTest::theMenuCopiesInAnyFormat_data()
     QTest::newRow("name") << u"Name"_s << u"Dodger Blue"_s;
 }
 
-void HistoryDetailViewTest::theMenuCopiesInAnyFormat()
+void HistoryDetailViewTest::menuCopiesInAnyFormat()
 {
     QFETCH(const QString, format);
     QFETCH(const QString, text);
@@ -555,7 +555,7 @@ void HistoryDetailViewTest::theMenuCopiesInAnyFormat()
     QVERIFY(panel.state.showCopiedFeedback());
 }
 
-void HistoryDetailViewTest::theMenuAddsToACollection()
+void HistoryDetailViewTest::menuAddsToACollection()
 {
     HistoryFixture panel(2);
     panel.state.createCollection(u"Brand"_s);
@@ -565,7 +565,7 @@ void HistoryDetailViewTest::theMenuAddsToACollection()
     QCOMPARE(panel.state.collections().at(1).colorIds, QList<QUuid>{panel.swatch(1).color().id});
 }
 
-void HistoryDetailViewTest::screenReadersAndHelpNameTheColor()
+void HistoryDetailViewTest::screenReadersAndToolTipNameTheColor()
 {
     HistoryFixture panel;
     const QUuid id = panel.capture(0x1E90FF).id;
@@ -580,7 +580,7 @@ void HistoryDetailViewTest::screenReadersAndHelpNameTheColor()
     QCOMPARE(panel.swatch(0).toolTip(), u"#1E90FF"_s);
 }
 
-void HistoryDetailViewTest::renamingByKeysAlone()
+void HistoryDetailViewTest::renamingByKeyboard()
 {
     HistoryFixture panel;
     panel.capture(0x1E90FF);
@@ -595,7 +595,7 @@ void HistoryDetailViewTest::renamingByKeysAlone()
     QTest::keyClick(menu, Qt::Key_Return);
     panel.settle();
     QVERIFY(Overlay::of(*panel.view));
-    // A desktop never took the activation away for a menu, as this platform does.
+    // The offscreen platform deactivates the window for a menu; a desktop does not.
     panel.view->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(panel.view.get()));
     QCOMPARE(QApplication::focusWidget(), panel.field());
@@ -606,12 +606,12 @@ void HistoryDetailViewTest::renamingByKeysAlone()
     QCOMPARE(QApplication::focusWidget(), &panel.swatch(0));
 }
 
-void HistoryDetailViewTest::theOverlayIsLaidOutToThePoint()
+void HistoryDetailViewTest::layoutOfTheOverlayIsExact()
 {
     HistoryFixture panel;
     openRenameColorOverlay(*panel.view, panel.state, panel.capture(0xF54D4D));
     const QImage picture = panel.picture();
-    // 300 wide in the middle of 380; the padding is 20.
+    // 300 wide, centred in 380; the padding is 20.
     const QRect field = placeIn(*panel.view, *panel.field());
     QCOMPARE(field.left(), 60);
     QCOMPARE(field.width(), 260);
@@ -633,15 +633,15 @@ void HistoryDetailViewTest::theOverlayIsLaidOutToThePoint()
     QCOMPARE(interface->text(QAccessible::Name), u"Rename Color"_s);
 }
 
-void HistoryDetailViewTest::theOverlayBeginsWithTheNameSelected_data()
+void HistoryDetailViewTest::overlayStartsWithTheNameSelected_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("a name") << u"Harbour at dusk"_s;
-    QTest::newRow("a long one") << QString(200, u'x');
-    QTest::newRow("none") << QString();
+    QTest::newRow("a long name") << QString(200, u'x');
+    QTest::newRow("no name") << QString();
 }
 
-void HistoryDetailViewTest::theOverlayBeginsWithTheNameSelected()
+void HistoryDetailViewTest::overlayStartsWithTheNameSelected()
 {
     QFETCH(const QString, name);
     HistoryFixture panel(1);
@@ -654,7 +654,7 @@ void HistoryDetailViewTest::theOverlayBeginsWithTheNameSelected()
     QCOMPARE(panel.field()->width(), 260);
 }
 
-void HistoryDetailViewTest::anEmptyNameIsSavedToo()
+void HistoryDetailViewTest::emptyNameIsSaved()
 {
     HistoryFixture panel;
     const QUuid id = panel.capture(0x1E90FF).id;
@@ -668,7 +668,7 @@ void HistoryDetailViewTest::anEmptyNameIsSavedToo()
     QVERIFY(!Overlay::of(*panel.view));
 }
 
-void HistoryDetailViewTest::aNameIsSavedAsTyped()
+void HistoryDetailViewTest::nameIsSavedAsTyped()
 {
     HistoryFixture panel(1);
     choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
@@ -683,7 +683,7 @@ void HistoryDetailViewTest::aNameIsSavedAsTyped()
     QVERIFY(!panel.state.history().first().customName);
 }
 
-void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrOverlayHarmsNothing()
+void HistoryDetailViewTest::colorMayBeDeletedWhileItsMenuOrOverlayIsOpen()
 {
     HistoryFixture panel(3);
     const QPointer<QMenu> menu = contextMenu(panel.swatch(1));
@@ -705,17 +705,17 @@ void HistoryDetailViewTest::aColorDeletedUnderItsMenuOrOverlayHarmsNothing()
     panel.settle();
     QVERIFY(!Overlay::of(*panel.view));
     QCOMPARE(panel.state.history(), QList{left});
-    // The keys are heard where the swatch was.
+    // The panel has the focus instead of the deleted swatch.
     QCOMPARE(panel.view->focusWidget(), panel.view.get());
 }
 
-void HistoryDetailViewTest::aMenuTakesThePointerAway()
+void HistoryDetailViewTest::openMenuEndsTheHoverState()
 {
     const HistoryFixture panel(1);
     hover(panel.swatch(0), QEvent::HoverEnter);
     QMenu* menu = contextMenu(panel.swatch(0));
     QVERIFY(panel.swatch(0).isHovered());
-    // The leaving is not told: the pointer is on the menu.
+    // No leave event: the pointer is over the menu.
     menu->close();
     QVERIFY(!panel.swatch(0).isHovered());
     hover(panel.swatch(0), QEvent::HoverMove);

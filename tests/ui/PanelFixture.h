@@ -15,7 +15,7 @@
 
 namespace tintwick::test {
 
-/// The main panel over an empty state, without a window manager, a clock or a desktop that prefers dark.
+/// The panel with an empty state, in light appearance, with animations advanced by hand.
 class PanelFixture
 {
 public:
@@ -39,7 +39,7 @@ public:
 
     [[nodiscard]] DashboardView& dashboard() const { return view->dashboard(); }
 
-    /// The newest colour, for example 0x3B82F6.
+    /// Adds a colour, for example 0x3B82F6, to the history and returns it.
     CapturedColor capture(unsigned rgb, double alpha = 1)
     {
         state.colorCaptured(CapturedColor::capture(
@@ -47,7 +47,7 @@ public:
         return state.history().first();
     }
 
-    /// What the clock would do once the time of the newest copy is over.
+    /// Ends the feedback of the newest copy, as the timer does.
     void letFeedbackEnd() const
     {
         if (m_later) {
@@ -55,7 +55,7 @@ public:
         }
     }
 
-    /// Everything that moves has come to rest, and all is laid out.
+    /// Finishes animations and layout.
     void settle() const { test::settle(); }
 
     [[nodiscard]] QImage picture() const
@@ -65,7 +65,7 @@ public:
     }
 
 private:
-    // Declared first, because the state calls into it.
+    // Declared first, because the state uses it.
     std::function<void()> m_later;
 
 public:

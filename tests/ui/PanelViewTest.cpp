@@ -27,34 +27,34 @@ class PanelViewTest final : public QObject
 
 private Q_SLOTS:
     void init();
-    void theAppearanceButtonTellsAndCycles_data();
-    void theAppearanceButtonTellsAndCycles();
+    void appearanceButtonShowsAndCyclesTheScheme_data();
+    void appearanceButtonShowsAndCyclesTheScheme();
     void autoFollowsTheDesktop();
-    void autoFollowsThePaletteWhereTheDesktopSaysNothing();
-    void aChosenAppearanceDoesNot();
-    void onALowScreenThePageEndsWithThePanel();
-    void thePillComesWithACopyAndFadesAway();
-    void thePillLeavesTheAppearanceButtonWhereItIs();
-    void seeAllOpensTheHistoryAndTheTitleLeadsBack();
-    void aCardOpensItsCollection();
-    void aSelectionOfNothingShowsTheDashboard();
-    void aCollectionThatIsDeletedGivesWayToTheDashboard();
-    void theGearOpensTheSettingsAndDoneClosesThem();
-    void theSettingsComeBackToWhereTheyWereOpened();
-    void whoOnlyClicksSeesNoFocusRing();
-    void thePillIsNotInTheSettings();
-    void aLongNameLeavesTheButtonsTheirPlace();
-    void altLeftLeadsBack();
-    void theHeaderFadesFromOneScreenToTheOther();
-    void theTitleOfADeletedCollectionIsPalette();
-    void aNameOfSeveralLinesIsATitleOfOne();
-    void everyControlTellsItsNameAndRole_data();
-    void everyControlTellsItsNameAndRole();
-    void theKeyboardGoesAlongAndComesBack_data();
-    void theKeyboardGoesAlongAndComesBack();
-    void aClickLeavesNoFocusRing();
-    void nothingHasTheFocusUntilTabIsPressed();
-    void aNoticeIsShownBelowTheHeader();
+    void autoFollowsThePaletteWithoutADesktopPreference();
+    void chosenSchemeIgnoresTheDesktop();
+    void screenFitsALowPanel();
+    void pillAppearsAfterACopyAndFades();
+    void pillDoesNotMoveTheAppearanceButton();
+    void seeAllOpensTheHistoryAndTheTitleGoesBack();
+    void cardOpensItsCollection();
+    void noSelectionShowsTheDashboard();
+    void deletedCollectionIsReplacedByTheDashboard();
+    void gearOpensTheSettingsAndDoneClosesThem();
+    void closingTheSettingsReturnsToTheScreenBefore();
+    void clicksShowNoFocusRing();
+    void pillIsHiddenInTheSettings();
+    void longNameDoesNotMoveTheButtons();
+    void altLeftGoesBack();
+    void headerCrossFades();
+    void titleOfADeletedCollectionIsPalette();
+    void nameOfSeveralLinesBecomesATitleOfOne();
+    void everyControlHasANameAndARole_data();
+    void everyControlHasANameAndARole();
+    void keyboardFocusFollowsTheScreenAndReturns_data();
+    void keyboardFocusFollowsTheScreenAndReturns();
+    void noFocusRingAfterAClick();
+    void noControlHasFocusBeforeTab();
+    void noticeIsShownBelowTheHeader();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -101,7 +101,7 @@ void PanelViewTest::init()
     QSettings().clear();
 }
 
-void PanelViewTest::theAppearanceButtonTellsAndCycles_data()
+void PanelViewTest::appearanceButtonShowsAndCyclesTheScheme_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("help");
@@ -116,7 +116,7 @@ void PanelViewTest::theAppearanceButtonTellsAndCycles_data()
     QTest::newRow("another case") << QStringLiteral("Dark") << help("Auto") << QStringLiteral("light");
 }
 
-void PanelViewTest::theAppearanceButtonTellsAndCycles()
+void PanelViewTest::appearanceButtonShowsAndCyclesTheScheme()
 {
     QFETCH(const QString, stored);
     QFETCH(const QString, help);
@@ -138,11 +138,11 @@ void PanelViewTest::autoFollowsTheDesktop()
     QCOMPARE(ground(panel), light);
 }
 
-void PanelViewTest::autoFollowsThePaletteWhereTheDesktopSaysNothing()
+void PanelViewTest::autoFollowsThePaletteWithoutADesktopPreference()
 {
     const QPalette before = QApplication::palette();
     const PanelFixture panel;
-    // As in the program, where the window is another widget.
+    // In the program the window is another widget.
     QWidget window;
     panel.view->setParent(&window);
     window.show();
@@ -160,7 +160,7 @@ void PanelViewTest::autoFollowsThePaletteWhereTheDesktopSaysNothing()
     QCOMPARE(byDay, light);
 }
 
-void PanelViewTest::onALowScreenThePageEndsWithThePanel()
+void PanelViewTest::screenFitsALowPanel()
 {
     PanelFixture panel;
     for (int i = 0; i < 3; ++i) {
@@ -175,7 +175,7 @@ void PanelViewTest::onALowScreenThePageEndsWithThePanel()
     QVERIFY(page->verticalScrollBar()->maximum() > 0);
 }
 
-void PanelViewTest::aChosenAppearanceDoesNot()
+void PanelViewTest::chosenSchemeIgnoresTheDesktop()
 {
     QSettings().setValue(key, QStringLiteral("dark"));
     const PanelFixture panel;
@@ -187,7 +187,7 @@ void PanelViewTest::aChosenAppearanceDoesNot()
     QCOMPARE(ground(panel), light);
 }
 
-void PanelViewTest::thePillComesWithACopyAndFadesAway()
+void PanelViewTest::pillAppearsAfterACopyAndFades()
 {
     PanelFixture panel;
     const auto* pill = panel.view->findChild<CopiedPill*>();
@@ -207,7 +207,7 @@ void PanelViewTest::thePillComesWithACopyAndFadesAway()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void PanelViewTest::thePillLeavesTheAppearanceButtonWhereItIs()
+void PanelViewTest::pillDoesNotMoveTheAppearanceButton()
 {
     PanelFixture panel;
     panel.settle();
@@ -220,7 +220,7 @@ void PanelViewTest::thePillLeavesTheAppearanceButtonWhereItIs()
     QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 296 - 10);
 }
 
-void PanelViewTest::seeAllOpensTheHistoryAndTheTitleLeadsBack()
+void PanelViewTest::seeAllOpensTheHistoryAndTheTitleGoesBack()
 {
     PanelFixture panel;
     panel.capture(0x3B82F6);
@@ -235,7 +235,7 @@ void PanelViewTest::seeAllOpensTheHistoryAndTheTitleLeadsBack()
     QVERIFY(!button(panel, QStringLiteral("Back from All History")));
 }
 
-void PanelViewTest::aCardOpensItsCollection()
+void PanelViewTest::cardOpensItsCollection()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Sea"));
@@ -246,7 +246,7 @@ void PanelViewTest::aCardOpensItsCollection()
     QVERIFY(button(panel, QStringLiteral("Back from Sand")));
 }
 
-void PanelViewTest::aSelectionOfNothingShowsTheDashboard()
+void PanelViewTest::noSelectionShowsTheDashboard()
 {
     const PanelFixture panel;
     panel.view->setSelectedCollectionId(QUuid::createUuid());
@@ -254,7 +254,7 @@ void PanelViewTest::aSelectionOfNothingShowsTheDashboard()
     QVERIFY(button(panel, QStringLiteral("Back from Palette")));
 }
 
-void PanelViewTest::aCollectionThatIsDeletedGivesWayToTheDashboard()
+void PanelViewTest::deletedCollectionIsReplacedByTheDashboard()
 {
     PanelFixture panel;
     const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
@@ -266,7 +266,7 @@ void PanelViewTest::aCollectionThatIsDeletedGivesWayToTheDashboard()
     QVERIFY(panel.dashboard().isVisible());
 }
 
-void PanelViewTest::theGearOpensTheSettingsAndDoneClosesThem()
+void PanelViewTest::gearOpensTheSettingsAndDoneClosesThem()
 {
     const PanelFixture panel;
     QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
@@ -280,7 +280,7 @@ void PanelViewTest::theGearOpensTheSettingsAndDoneClosesThem()
     QVERIFY(!button(panel, QStringLiteral("Done")));
 }
 
-void PanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
+void PanelViewTest::closingTheSettingsReturnsToTheScreenBefore()
 {
     const PanelFixture panel;
     panel.view->setSelectedCollectionId(PanelView::historySelectionId);
@@ -291,7 +291,7 @@ void PanelViewTest::theSettingsComeBackToWhereTheyWereOpened()
     QVERIFY(button(panel, QStringLiteral("Back from All History")));
 }
 
-void PanelViewTest::whoOnlyClicksSeesNoFocusRing()
+void PanelViewTest::clicksShowNoFocusRing()
 {
     const PanelFixture panel;
     const auto showsRing = [&] {
@@ -310,7 +310,7 @@ void PanelViewTest::whoOnlyClicksSeesNoFocusRing()
     QVERIFY(showsRing());
 }
 
-void PanelViewTest::thePillIsNotInTheSettings()
+void PanelViewTest::pillIsHiddenInTheSettings()
 {
     PanelFixture panel;
     panel.view->setShowingSettings(true);
@@ -322,7 +322,7 @@ void PanelViewTest::thePillIsNotInTheSettings()
     QVERIFY(panel.view->findChild<CopiedPill*>()->isVisible());
 }
 
-void PanelViewTest::aLongNameLeavesTheButtonsTheirPlace()
+void PanelViewTest::longNameDoesNotMoveTheButtons()
 {
     PanelFixture panel;
     const QString name = QStringLiteral("Everything that was ever picked in the long summer by the sea");
@@ -341,7 +341,7 @@ void PanelViewTest::aLongNameLeavesTheButtonsTheirPlace()
             pill->mapTo(panel.view.get(), QPoint(0, 0)).x() - 10);
 }
 
-void PanelViewTest::altLeftLeadsBack()
+void PanelViewTest::altLeftGoesBack()
 {
     const PanelFixture panel;
     panel.view->setSelectedCollectionId(PanelView::historySelectionId);
@@ -352,7 +352,7 @@ void PanelViewTest::altLeftLeadsBack()
     QVERIFY(panel.dashboard().isVisible());
 }
 
-void PanelViewTest::theHeaderFadesFromOneScreenToTheOther()
+void PanelViewTest::headerCrossFades()
 {
     const PanelFixture panel;
     const auto header = [&panel] { return panel.view->grab(QRect(0, 0, 380, 50)).toImage(); };
@@ -371,7 +371,7 @@ void PanelViewTest::theHeaderFadesFromOneScreenToTheOther()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void PanelViewTest::theTitleOfADeletedCollectionIsPalette()
+void PanelViewTest::titleOfADeletedCollectionIsPalette()
 {
     PanelFixture panel;
     const ColorCollection sea = panel.state.createCollection(QStringLiteral("Sea"));
@@ -381,7 +381,7 @@ void PanelViewTest::theTitleOfADeletedCollectionIsPalette()
     QVERIFY(button(panel, QStringLiteral("Back from Palette")));
 }
 
-void PanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
+void PanelViewTest::nameOfSeveralLinesBecomesATitleOfOne()
 {
     PanelFixture panel;
     const ColorCollection collection = panel.state.createCollection(QStringLiteral("Sea\nand\tsand"));
@@ -393,13 +393,13 @@ void PanelViewTest::aNameOfSeveralLinesIsATitleOfOne()
              QStringLiteral("Sea and sand"));
 }
 
-void PanelViewTest::everyControlTellsItsNameAndRole_data()
+void PanelViewTest::everyControlHasANameAndARole_data()
 {
     QTest::addColumn<int>("colors");
     QTest::addColumn<int>("collections");
     QTest::addColumn<QString>("screen");
     QTest::addColumn<int>("controls");
-    // The appearance and the settings are on every screen, and the way back on all but the first.
+    // Every screen has the appearance and settings buttons; all but the dashboard have the back button.
     QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 2 + 2;
     QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1;
     QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
@@ -409,7 +409,7 @@ void PanelViewTest::everyControlTellsItsNameAndRole_data()
     QTest::newRow("the overlay of a new palette") << 1 << 0 << QStringLiteral("overlay") << 2;
 }
 
-void PanelViewTest::everyControlTellsItsNameAndRole()
+void PanelViewTest::everyControlHasANameAndARole()
 {
     QFETCH(const int, colors);
     QFETCH(const int, collections);
@@ -446,14 +446,14 @@ void PanelViewTest::everyControlTellsItsNameAndRole()
         if (screen == u"overlay") {
             continue;
         }
-        // In reading order: what is on a line of its own is below what came before.
+        // In reading order: each control is below the previous one or right of it.
         const QRect place = tintwick::test::placeIn(*panel.view, *control);
         QVERIFY2(place.bottom() > lowest, qPrintable(known->text(QAccessible::Name)));
         lowest = place.top();
     }
 }
 
-void PanelViewTest::theKeyboardGoesAlongAndComesBack_data()
+void PanelViewTest::keyboardFocusFollowsTheScreenAndReturns_data()
 {
     QTest::addColumn<QString>("opener");
     QTest::addColumn<QString>("there");
@@ -463,7 +463,7 @@ void PanelViewTest::theKeyboardGoesAlongAndComesBack_data()
     QTest::newRow("the settings") << QStringLiteral("Settings") << QString();
 }
 
-void PanelViewTest::theKeyboardGoesAlongAndComesBack()
+void PanelViewTest::keyboardFocusFollowsTheScreenAndReturns()
 {
     QFETCH(const QString, opener);
     QFETCH(const QString, there);
@@ -486,7 +486,7 @@ void PanelViewTest::theKeyboardGoesAlongAndComesBack()
     QVERIFY(Clickable::showsFocusRing(control));
 }
 
-void PanelViewTest::aClickLeavesNoFocusRing()
+void PanelViewTest::noFocusRingAfterAClick()
 {
     PanelFixture panel;
     panel.capture(0x3B82F6);
@@ -496,7 +496,7 @@ void PanelViewTest::aClickLeavesNoFocusRing()
     };
     QTest::mouseClick(button(panel, QStringLiteral("Settings")), Qt::LeftButton);
     QVERIFY(!hasRing());
-    // As the settings do, which take what is typed.
+    // The real settings screen takes the focus.
     panel.view->currentScreen().setFocus();
     QTest::mouseClick(button(panel, QStringLiteral("Done")), Qt::LeftButton);
     QVERIFY(!hasRing());
@@ -508,14 +508,14 @@ void PanelViewTest::aClickLeavesNoFocusRing()
     QVERIFY(!hasRing());
     QTest::mouseClick(button(panel, QStringLiteral("Back from All History")), Qt::LeftButton);
     QVERIFY(!hasRing());
-    // Keys are heard all the same.
+    // The keyboard works.
     panel.view->setSelectedCollectionId(PanelView::historySelectionId);
     QVERIFY(panel.view->focusWidget());
     QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
     QVERIFY(panel.dashboard().isVisible());
 }
 
-void PanelViewTest::nothingHasTheFocusUntilTabIsPressed()
+void PanelViewTest::noControlHasFocusBeforeTab()
 {
     const PanelFixture panel;
     QCOMPARE(panel.view->focusWidget(), panel.view.get());
@@ -525,7 +525,7 @@ void PanelViewTest::nothingHasTheFocusUntilTabIsPressed()
     QCOMPARE(panel.view->focusWidget(), toggle(panel));
 }
 
-void PanelViewTest::aNoticeIsShownBelowTheHeader()
+void PanelViewTest::noticeIsShownBelowTheHeader()
 {
     const PanelFixture panel;
     auto* notice = panel.view->findChild<NoticeView*>();
@@ -544,7 +544,7 @@ void PanelViewTest::aNoticeIsShownBelowTheHeader()
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(notice);
     QCOMPARE(spoken->role(), QAccessible::StaticText);
     QCOMPARE(spoken->text(QAccessible::Name), sentence);
-    // Two lines, both whole.
+    // Room for two lines.
     const QFontMetrics metrics(notice->font());
     QVERIFY(notice->contentsRect().height() >= 2 * metrics.height());
     QCOMPARE(dashboardTop(), before + notice->height());

@@ -13,9 +13,9 @@
 
 namespace tintwick::test {
 
-// What tests of views see and do as a user would.
+// Helpers that look at views and operate them like a user.
 
-/// Everything that moves has come to rest, all is laid out, and what was to be deleted is.
+/// Finishes animations, layout and deferred deletions.
 inline void settle()
 {
     QApplication::processEvents();
@@ -24,7 +24,7 @@ inline void settle()
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// The visible button of a name, or null.
+/// The visible button with an accessible name; null without one.
 inline QAbstractButton* button(const QWidget& root, const QString& name)
 {
     for (auto* candidate : root.findChildren<QAbstractButton*>()) {
@@ -66,7 +66,7 @@ inline void hover(QWidget& widget, QEvent::Type type)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// Drags a text onto a widget and lets go of it; whether the drop was taken, as a copy.
+/// Drags a text onto a widget and drops it; returns whether it was accepted as a copy.
 inline bool drop(QWidget& target, const QString& text)
 {
     QMimeData data;
@@ -85,7 +85,7 @@ inline bool drop(QWidget& target, const QString& text)
     return dropped.isAccepted() && dropped.dropAction() == Qt::CopyAction;
 }
 
-/// The lines of a menu; a separator is "-".
+/// The entries of a menu; "-" for a separator.
 inline QStringList titles(const QMenu& menu)
 {
     QStringList result;
@@ -95,7 +95,7 @@ inline QStringList titles(const QMenu& menu)
     return result;
 }
 
-/// What Tab reaches, in its order, from one control once around.
+/// The widgets that Tab reaches, in order, once around.
 inline QList<QWidget*> reachedByTab(const QWidget& window)
 {
     QList<QWidget*> reached;
@@ -117,7 +117,7 @@ inline QMenu* contextMenu(QWidget& widget)
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-/// Chooses a line of an open menu, or of the submenu of one, as a click does.
+/// Chooses an entry of an open menu or of its submenus, as a click does.
 inline void choose(QMenu& menu, const QString& title)
 {
     for (QAction* action : menu.actions()) {

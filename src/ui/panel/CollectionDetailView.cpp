@@ -34,7 +34,7 @@ constexpr theme::Color dropFrameTint = theme::accent.opacity(0.06);
 
 } // namespace
 
-/// Says that the screen takes what is dragged over it. It lies below the screen's content, so that colours stay as they are.
+/// The tint and frame of the screen while a drag is over it. Lies below the content, so that it does not tint the colours.
 class CollectionDetailView::DropFrame final : public QWidget
 {
 public:
@@ -107,7 +107,7 @@ QWidget* CollectionDetailView::toolbar()
     m_name = label({}, theme::font(14, QFont::Bold));
     m_count = label({}, theme::font(11), theme::textSecond);
     m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
-    // Where room is short, the name gives way.
+    // The name shrinks first.
     m_export->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // clang-format off
     return row(gap(10), padding(16, 10),

@@ -18,8 +18,8 @@ class ExportMenu;
 class Label;
 class SymbolView;
 
-/// The screen of one collection: its colours as a list that can be put into another order. Colours dropped anywhere on the
-/// screen are added. A collection that is gone shows no colours.
+/// The screen of one collection: a list of its colours that the user can reorder. Colours dropped anywhere on the screen
+/// are added. After the collection is deleted the list is empty.
 class CollectionDetailView final : public View
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ class CollectionDetailView final : public View
 public:
     CollectionDetailView(AppState& appState, const QUuid& collectionId);
 
-    /// One per colour that the history still holds.
+    /// One row per colour that the history still contains.
     [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
     [[nodiscard]] bool isDropTarget() const;
 
@@ -42,12 +42,12 @@ private:
 
     void showCollection();
     void addDropped(const QList<QUuid>& colorIds);
-    /// Tab goes through the rows in their order, and through the buttons of each.
+    /// Sets the tab order: row by row, each row before its buttons.
     void orderFocus() const;
 
     AppState& m_appState;
     QUuid m_collectionId;
-    /// As it was last, when it is gone.
+    /// The last known value after the collection is deleted.
     ColorCollection m_collection;
 
     SymbolView* m_icon = nullptr;

@@ -4,8 +4,7 @@
 
 namespace tintwick {
 
-/// The name of the symbol to draw for a collection's stored `icon` text. Empty, which draws nothing, for any text that the
-/// program does not store itself.
+/// Returns the symbol for the stored `icon` text of a collection; empty, which draws nothing, for an unknown text.
 [[nodiscard]] QString collectionSymbol(const QString& storedIcon);
 
 } // namespace tintwick

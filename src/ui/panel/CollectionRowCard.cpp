@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 constexpr double cardRadius = 14;
 constexpr double hoverScale = 1.01;
-// Room for the hovered card around the one at rest.
+// Margin around the card at rest for the larger hovered one.
 constexpr int growth = 2;
 constexpr QMargins shadowExtents(20, 20, 20, 20);
 
@@ -69,7 +69,7 @@ CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(cons
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     onClick([this] { m_onTap(m_collection.id); });
-    // The squares are those of the history.
+    // The preview shows colours of the history.
     connect(&m_appState, &AppState::historyChanged, this, [this] {
         updateHelp();
         update();

@@ -21,14 +21,14 @@ namespace tintwick {
 
 class AppState;
 
-/// A collection in the list of the dashboard: its icon, name and size, and its first colours. Colours can be dropped
-/// on it.
+/// A collection in the list of the dashboard: icon, name, number of colours and the first colours. Accepts dropped
+/// colours.
 class CollectionRowCard final : public Clickable, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
 public:
-    /// `onTap` opens the collection of this id.
+    /// `onTap` is called with the id of the collection.
     CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap);
 
     void setCollection(const ColorCollection& collection);
@@ -37,9 +37,9 @@ public:
     [[nodiscard]] const ColorCollection& collection() const { return m_collection; }
     /// "1 Color", "7 Colors"
     [[nodiscard]] QString countText() const;
-    /// Those of the first four members that the history still holds.
+    /// Those of the first four members that the history still contains.
     [[nodiscard]] QList<CapturedColor> previewColors() const;
-    /// The members that the history still holds, in the collection's order.
+    /// The members that the history still contains, in the order of the collection.
     [[nodiscard]] QList<CapturedColor> exportColors() const;
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
@@ -50,7 +50,7 @@ public:
 protected:
     void hoverChanged() override;
     void resizeEvent(QResizeEvent* event) override;
-    /// The card at rest.
+    /// The card without the margin for its hovered state.
     [[nodiscard]] QRectF answerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     [[nodiscard]] bool tintsHover() const override { return false; }
@@ -58,19 +58,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// Where the parts are, from left to right.
+    /// The places of the parts, from left to right.
     struct Parts
     {
         QRectF tile;
         QRectF text;
-        /// The first of the preview's squares.
+        /// The first square of the preview.
         QRectF square;
         QRectF chevron;
     };
     [[nodiscard]] Parts partsWith(qsizetype squares) const;
 
     void setDropTarget(bool isDropTarget);
-    /// The whole name is in the help while there is no room for it.
+    /// The tool tip is the whole name while the name is cut.
     void updateHelp();
     void paintPreview(QPainter& painter, const QList<CapturedColor>& colors, QRectF square) const;
     [[nodiscard]] double scale() const;

@@ -11,7 +11,7 @@ namespace tintwick {
 
 QColor paintColor(const CapturedColor& color)
 {
-    // A data file may hold any finite numbers.
+    // A data file may contain any finite number.
     const auto component = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
     return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
                             component(color.alpha));

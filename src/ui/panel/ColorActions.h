@@ -11,24 +11,24 @@ namespace tintwick {
 
 class AppState;
 
-// What every view of a colour lets the user do with it.
+// Actions and texts that all views of a colour share.
 
-/// The colour as it is painted, sRGB with its alpha.
+/// The sRGB colour to paint, with its alpha. Clamps components to 0 to 1.
 [[nodiscard]] QColor paintColor(const CapturedColor& color);
-/// "3B82F6", as it stands below a swatch.
+/// The label below a swatch, for example "3B82F6".
 [[nodiscard]] QString swatchLabel(const CapturedColor& color);
-/// "Dodger Blue, #3B82F6", or the code alone: what a screen reader says.
+/// The text for screen readers: "Dodger Blue, #1E90FF", or the code alone.
 [[nodiscard]] QString spokenName(const CapturedColor& color);
 
-/// Puts the colour's text on the clipboard and lets the panel say so.
+/// Copies the colour's text to the clipboard and shows the feedback in the panel.
 void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color);
 
-/// The submenu "Copy as…", one line per format.
+/// The submenu "Copy as…" with one entry per format.
 [[nodiscard]] MenuEntry copyAsMenu(AppState& state, const CapturedColor& color);
-/// A submenu with one line per collection, which adds the colour to it.
+/// A submenu with one entry per collection, which adds the colour to it.
 [[nodiscard]] MenuEntry addToCollectionMenu(AppState& state, const CapturedColor& color,
                                             const QString& title);
-/// The line "Delete", which takes the colour out of the history and out of every collection.
+/// The entry "Delete", which removes the colour from the history and from every collection.
 [[nodiscard]] MenuEntry deleteColorEntry(AppState& state, const CapturedColor& color);
 
 } // namespace tintwick

@@ -27,7 +27,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr double hoverSeconds = 0.12;
-// Of the row in the list, and of its parts in the row.
+// Margins of the row in the list and of the parts in the row.
 constexpr int listInset = 4;
 constexpr int verticalPadding = 2;
 constexpr int lineGap = 2;
@@ -82,7 +82,7 @@ private:
     QColor m_color;
 };
 
-/// A symbol in the middle of its box that fades from one look into another.
+/// A centred symbol that fades between two looks.
 class ColorDetailRow::HoverSymbol final : public QWidget
 {
 public:

@@ -15,14 +15,14 @@ class Label;
 class MenuButton;
 class PlainButton;
 
-/// A colour in the list of a palette: its square, its code and its name. A click copies it; at its end are a menu of all
-/// formats and a button that takes it out of the palette.
+/// A colour in the list of a palette: square, code and name. A click copies it. At the end are a menu of all formats and
+/// a button that removes the colour from the palette.
 class ColorDetailRow final : public Clickable
 {
     Q_OBJECT
 
 public:
-    /// With the room around the row's parts, in points.
+    /// Including the padding, in points.
     static constexpr int height = 54;
     static constexpr int inset = 12;
 
@@ -38,7 +38,7 @@ protected:
     [[nodiscard]] QRectF answerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     void hoverChanged() override;
-    // Its buttons tell that the pointer is over it.
+    // The row is hovered while one of its buttons is.
     [[nodiscard]] bool tintsHover() const override { return false; }
     void paintEvent(QPaintEvent* event) override;
 

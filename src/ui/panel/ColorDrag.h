@@ -12,15 +12,15 @@ class QWidget;
 
 namespace tintwick {
 
-// Colours are dragged as plain text: the id, in the form in which the data file writes it.
+// Colours are dragged as plain text: the id as in the data file.
 
-/// Carries the colour away under the pointer as `picture`, held at `hotSpot` (in points), until it is dropped.
-/// `source` may be gone afterwards.
+/// Runs a drag of the colour and returns when it ends. `picture` follows the pointer, which is at `hotSpot` in it (in
+/// points). `source` may be deleted when the function returns.
 void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& picture, QPoint hotSpot);
 
-/// Whether a drag carries plain text, which every place that takes colours accepts.
+/// Whether the drag has plain text. Every drop target for colours accepts plain text.
 [[nodiscard]] bool carriesText(const QMimeData& data);
-/// The ids in a dropped text, one to a line; what is no id is skipped.
+/// The ids in a dropped text, one per line. Skips lines that are not an id.
 [[nodiscard]] QList<QUuid> droppedColorIds(const QMimeData& data);
 
 } // namespace tintwick

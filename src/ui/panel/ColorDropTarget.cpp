@@ -12,7 +12,7 @@ namespace tintwick {
 
 namespace {
 
-// Never as a move, which many editors propose: they would delete the text that was dropped.
+// As a copy. Many editors propose a move and delete the dropped text after one.
 void acceptAsCopy(QDropEvent& event)
 {
     event.setDropAction(Qt::CopyAction);

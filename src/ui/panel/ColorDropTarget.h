@@ -11,8 +11,8 @@ class QWidget;
 
 namespace tintwick {
 
-/// Lets a widget take dropped colours, from the panel or from any other program: each line of a plain text that is an id.
-/// A drop always counts as taken, whatever was in it. A member of the view that is the target.
+/// Makes a widget accept colours dropped from the panel or another program, as ids in a plain text, one per line. Accepts
+/// every plain text. A member of the view that is the target.
 class ColorDropTarget final : public QObject
 {
     Q_OBJECT

@@ -4,14 +4,13 @@
 
 namespace tintwick {
 
-/// A colour in the grid of the whole history.
+/// A colour in the grid of the history.
 class ColorSwatchView final : public SwatchView
 {
     Q_OBJECT
 
 public:
-    /// `size` is the side of the square in points; with the label it is 6 wider. The overlay for a new name opens over
-    /// `panel`.
+    /// `size` is the side of the square in points; the label is 6 points wider. The overlay for renaming opens over `panel`.
     ColorSwatchView(AppState& appState, int size, QWidget& panel);
 
 protected:

@@ -9,7 +9,7 @@ namespace tintwick {
 
 class AppState;
 
-/// Says "Copied!" for as long as the state does. It comes and goes by growing a little while it fades.
+/// Shows "Copied!" while the state's copy feedback is on. Fades and scales in and out.
 class CopiedPill final : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ protected:
 private:
     void follow(bool isShown);
 
-    /// 0 gone, 1 there.
+    /// 0 hidden, 1 shown.
     EaseInOut m_presence;
     Animator m_animator;
 };

@@ -18,7 +18,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The row of recent colours shows no more than these.
+/// Maximum length of the row of recent colours.
 constexpr qsizetype recentLimit = 15;
 constexpr theme::Gradient pickGradient{{0.38, 0.40, 0.80}, {0.24, 0.26, 0.68}};
 constexpr Shadow pickShadow{theme::Color(0.24, 0.26, 0.68).opacity(0.35), 10, QPointF(0, 4)};
@@ -162,7 +162,7 @@ void DashboardView::createCollection()
     m_newCollectionName.clear();
     const bool isFromKeyboard = m_newPaletteOverlay->isFromKeyboard();
     m_newPaletteOverlay->dismiss();
-    // The button for the first palette is gone with it.
+    // The focused button for the first palette is hidden now.
     if (isFromKeyboard && m_appState.collections().size() == 1) {
         m_add->setFocus(Qt::TabFocusReason);
     }

@@ -17,19 +17,19 @@ class CollectionRowCard;
 class DashboardSwatchView;
 class Overlay;
 
-/// The home screen: the button that picks, the recent colours, and the collections.
+/// The first screen: the pick button, the recent colours and the collections.
 class DashboardView final : public View
 {
     Q_OBJECT
 
 public:
-    /// Overlays open over `panel`, which contains the view.
+    /// `panel` contains the view and is what overlays cover.
     DashboardView(AppState& appState, QWidget& panel);
 
     [[nodiscard]] const QList<DashboardSwatchView*>& swatches() const { return m_swatches.views(); }
     [[nodiscard]] const QList<CollectionRowCard*>& cards() const { return m_cards.views(); }
 
-    /// A name that was typed and not used is there again.
+    /// Starts with the name that was typed before a cancel.
     void openNewPaletteOverlay();
 
 Q_SIGNALS:
@@ -52,7 +52,7 @@ private:
 
     void showHistory();
     void showCollections();
-    /// Tab goes through the screen from top to bottom, whatever came into it last.
+    /// Sets the tab order: top to bottom.
     void orderFocus() const;
     void createCollection();
 

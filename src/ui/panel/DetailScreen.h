@@ -6,11 +6,11 @@ namespace tintwick {
 
 class Stack;
 
-// What the screens of the history and of a collection have in common.
+// Parts that the screens of the history and of a collection share.
 
 /// "1 color", "7 colors"
 [[nodiscard]] QString colorCountText(qsizetype count);
-/// What stands in the middle of a screen without colours: a symbol, and below it how colours come.
+/// The centre of a screen without colours: a symbol and below it a text, both centred.
 [[nodiscard]] Stack* emptyState(const QString& symbolName, const QString& text);
 
 } // namespace tintwick

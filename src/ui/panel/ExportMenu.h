@@ -14,16 +14,16 @@ class Label;
 class Stack;
 class SymbolView;
 
-/// The button of a list of colours that offers to write them to a file.
+/// The button that exports a list of colours to a file.
 class ExportMenu final : public View
 {
     Q_OBJECT
 
 public:
-    /// Both are asked when a format is chosen.
+    /// Both are called when the user chooses a format.
     ExportMenu(std::function<QList<CapturedColor>()> colors, std::function<QString()> paletteName);
 
-    /// Without colours there is nothing to export: the button is disabled and grey.
+    /// Disable it when there are no colours; it is grey then.
     void setHasColors(bool hasColors);
 
 private:

@@ -12,13 +12,13 @@ namespace tintwick {
 class AppState;
 class ExportMenu;
 
-/// The whole history as a grid.
+/// The screen of the history: a grid of all its colours.
 class HistoryDetailView final : public View
 {
     Q_OBJECT
 
 public:
-    /// Overlays open over `panel`, which contains the view.
+    /// `panel` contains the view and is what overlays cover.
     HistoryDetailView(AppState& appState, QWidget& panel);
 
     [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_swatches.views(); }
@@ -33,7 +33,7 @@ private:
     [[nodiscard]] Bound<QString> countText() const;
 
     void showHistory();
-    /// Tab goes from the toolbar through the grid, whatever came into it last.
+    /// Sets the tab order: toolbar, then grid.
     void orderFocus() const;
 
     AppState& m_appState;

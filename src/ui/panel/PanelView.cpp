@@ -86,7 +86,7 @@ Stack* PanelView::panelHeader()
     m_title = label({}, theme::font(18, QFont::Bold));
     m_done = prominentButton(tr("Done"), [this] { setShowingSettings(false); });
     m_outsideSettings = row(gap(10), new CopiedPill(m_appState), colorSchemeToggle(), settingsButton());
-    // As high with the settings' button as with the others: the screen below stays where it is.
+    // A fixed height, so that the screen does not move when the buttons change.
     return row(fixedHeight(50), gap(10), padding(14, 10), m_title, backButton(), spacer(), m_outsideSettings,
                m_done);
 }
@@ -228,7 +228,7 @@ QString PanelView::selectionTitle() const
 
 void PanelView::showSelection()
 {
-    // Read first: what has the focus may be hidden, and the focus would stray.
+    // Hiding the focused widget moves the focus, so read it first.
     QWidget* const focused = window()->focusWidget();
     const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
     const ScreenChoice before = m_shownScreen;
@@ -272,12 +272,12 @@ void PanelView::showScreen(const ScreenChoice& choice)
     }
     if (left != nullptr) {
         m_screens->remove(left);
-        // What it is doing may have led here.
+        // One of its own events may be on the call stack.
         left->deleteLater();
     }
 }
 
-// Without a focus the window would give it to the first control it has.
+// A window without a focus widget focuses its first control.
 void PanelView::showEvent(QShowEvent* event)
 {
     View::showEvent(event);
@@ -313,7 +313,7 @@ void PanelView::changeEvent(QEvent* event)
     View::changeEvent(event);
 }
 
-// Windows alone are told of the application's palette.
+// Only windows get ApplicationPaletteChange.
 bool PanelView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationPaletteChange) {
@@ -329,7 +329,7 @@ void PanelView::paintEvent(QPaintEvent*)
     if (window()->mask().isEmpty()) {
         fillRounded(painter, rect(), theme::panelRadius, ground);
     } else {
-        // The window itself is cut to the shape, and where it is not wholly covered it is black.
+        // The window has a mask, and uncovered pixels inside it are black.
         painter.fillRect(rect(), ground);
     }
 }

@@ -22,8 +22,8 @@ class Stack;
 class SymbolView;
 class TextButton;
 
-/// All that the main panel shows: a header and the screen below it, on a rounded ground. The screen is the settings, the
-/// whole history, a collection, or the dashboard.
+/// The content of the panel: a header, and below it the settings, the history, a collection or the dashboard. Paints the
+/// rounded background.
 class PanelView final : public View
 {
     Q_OBJECT
@@ -31,18 +31,17 @@ class PanelView final : public View
 public:
     using MakeSettings = std::function<QWidget*(QWidget& panel)>;
 
-    /// Selects the whole history; no collection has this id.
+    /// Selects the history. No collection has this id.
     static constexpr QUuid historySelectionId{};
 
-    /// `makeSettings` makes the settings screen anew each time it is shown.
+    /// `makeSettings` is called each time the settings are shown.
     PanelView(AppState& appState, Preferences& preferences, MakeSettings makeSettings);
 
-    /// What the desktop prefers, where it says so; without it the palette of the toolkit decides. The user's choice
-    /// in the panel comes before both.
+    /// Sets the preference of the desktop. Without one the palette of the toolkit decides. The user's choice in the panel
+    /// overrides both.
     void setSystemScheme(std::optional<Scheme> scheme);
 
-    /// Shows a collection, or the history for `historySelectionId`; none shows the dashboard, and so does a collection
-    /// that does not exist.
+    /// Shows a collection, or the history for `historySelectionId`. Shows the dashboard for none and for an unknown id.
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
     /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it.
@@ -50,11 +49,11 @@ public:
 
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
-    /// What is below the header now; another widget, or a new one, for each screen.
+    /// The screen below the header. The settings, the history and a collection get a new widget each time.
     [[nodiscard]] QWidget& currentScreen() const;
 
 Q_SIGNALS:
-    /// The button that picks a colour was clicked.
+    /// The pick button was clicked.
     void pickRequested();
 
 protected:
@@ -65,7 +64,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// A later one is reached from an earlier one.
+    /// In order of depth: a screen is opened from one before it.
     enum class ScreenKind { Dashboard, History, Collection, Settings };
     struct ScreenChoice
     {
@@ -84,7 +83,7 @@ private:
     [[nodiscard]] ScreenChoice chosenScreen() const;
     [[nodiscard]] QWidget* makeScreen(const ScreenChoice& choice);
     void showHeader();
-    /// Header, screen and focus, after what is selected has changed.
+    /// Updates header, screen and focus after the selection has changed.
     void showSelection();
     void showScreen(const ScreenChoice& choice);
     [[nodiscard]] QString selectionTitle() const;
@@ -101,14 +100,14 @@ private:
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;
     ScreenChoice m_shownScreen;
-    /// What the keyboard was on when a screen was left for one that comes back to it.
+    /// The focused control of a screen when a deeper one was opened by keyboard; it gets the focus back.
     QHash<ScreenKind, QPointer<QWidget>> m_openers;
 
     Stack* m_header = nullptr;
     Label* m_title = nullptr;
     PlainButton* m_back = nullptr;
     Label* m_backTitle = nullptr;
-    /// Shown while the settings are not.
+    /// Hidden while the settings are shown.
     QWidget* m_outsideSettings = nullptr;
     SymbolView* m_schemeSymbol = nullptr;
     PlainButton* m_schemeToggle = nullptr;
@@ -117,7 +116,7 @@ private:
     NoticeView* m_notice = nullptr;
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
-    /// The screen in the dashboard's place, if any.
+    /// The screen shown instead of the dashboard; null for the dashboard.
     QWidget* m_detail = nullptr;
 };
 

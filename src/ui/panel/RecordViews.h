@@ -9,13 +9,13 @@
 
 namespace tintwick {
 
-/// The children at the head of a stack, grid or list that stand for the records of a list, in its order. A view lives as
-/// long as its record is in the list, so that it keeps the pointer, the focus and what is moving in it.
+/// The first children of a stack, grid or list: one view per record of a list, in its order. A view lives as long as its
+/// record is in the list, so that it keeps hover, focus and animations.
 template <typename View, typename Record, typename Container>
 class RecordViews final
 {
 public:
-    /// A view for a record; it is given the record by its `set` afterwards.
+    /// Creates a view; `set` assigns its record afterwards.
     using Make = std::function<View*()>;
     using Set = std::function<void(View& view, const Record& record, qsizetype position)>;
 
@@ -46,12 +46,12 @@ public:
         }
         for (View* view : std::as_const(old)) {
             m_container.remove(view);
-            // It may be the one whose own menu or drop changed the list.
+            // Its own menu or drop may have changed the list and be on the call stack.
             view->deleteLater();
         }
     }
 
-    /// Moves the focus from a view by so many places; it stays where there is no view to take it.
+    /// Moves the focus by a number of views; does nothing beyond the ends.
     void moveFocus(const View& from, qsizetype step) const
     {
         const qsizetype target = m_views.indexOf(&from) + step;
@@ -65,7 +65,7 @@ private:
     Make m_make;
     Set m_set;
     QList<View*> m_views;
-    // A data file may hold an id twice.
+    // A data file may contain an id twice.
     QMultiHash<QUuid, View*> m_byId;
 };
 

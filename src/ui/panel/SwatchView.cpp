@@ -20,7 +20,7 @@ namespace tintwick {
 
 namespace {
 
-// Room for the hovered square around the one at rest.
+// Margin around the square at rest for the larger hovered one.
 constexpr int growth = 2;
 constexpr QStringView copySymbol = u"copy-filled";
 
@@ -124,7 +124,7 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
 
 void SwatchView::paintShadow(QPainter& painter) const
 {
-    // Half of a shadow over the other half of the same one is fainter than the whole.
+    // Two equal shadows blended half and half are fainter than one, so only one is painted then.
     const bool changes = m_look.atRest.shadow != m_look.hovered.shadow;
     scaleAboutMiddle(painter, squareAtRest(), scale());
     drawShadowBetween(painter, squareAtRest(), m_look.cornerRadius, shadowIn(m_look.atRest),
@@ -157,7 +157,7 @@ void SwatchView::paintSquare(QPainter& painter, double hovered) const
         painter.save();
         painter.setOpacity(hovered);
         fillRounded(painter, square, m_look.cornerRadius, m_look.hoverVeil.in(scheme));
-        // One picture for all the way, crisp where it ends.
+        // Drawn at its final size and scaled: one cached image serves the whole animation and is crisp at its end.
         scaleAboutMiddle(painter, square, 1 / m_look.hoverScale);
         const double size = m_look.symbolSize * m_look.hoverScale;
         drawSymbolShadow(painter, copySymbol, size, SymbolWeight::Semibold, m_look.symbolShadow.in(scheme),
@@ -173,7 +173,7 @@ void SwatchView::paintSquare(QPainter& painter, double hovered) const
 void SwatchView::updateAll()
 {
     update();
-    // A spring goes a little beyond its end.
+    // A spring overshoots.
     constexpr QMargins beyond(1, 1, 1, 1);
     updateShadow(*this, shadowIn(m_look.hovered).extents() + beyond);
 }

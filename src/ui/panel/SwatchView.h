@@ -16,7 +16,7 @@ namespace tintwick {
 
 class AppState;
 
-/// How a kind of swatch looks. Lengths in points.
+/// The look of a kind of swatch. Lengths in points.
 struct SwatchLook
 {
     struct Shadow
@@ -27,7 +27,7 @@ struct SwatchLook
 
         friend bool operator==(const Shadow&, const Shadow&) = default;
     };
-    /// What changes under the pointer.
+    /// Differences of the hovered state.
     struct State
     {
         theme::Color border;
@@ -37,11 +37,11 @@ struct SwatchLook
     };
 
     int side = 0;
-    /// On both sides of the square, for the label to reach into.
+    /// Room on both sides of the square for a label wider than it.
     int sideRoom = 0;
     double cornerRadius = 0;
     int labelGap = 0;
-    /// Whether a translucent colour lies on a checkerboard.
+    /// Draw a checkerboard below a translucent colour.
     bool showsChecks = false;
     State atRest;
     State hovered;
@@ -49,11 +49,11 @@ struct SwatchLook
     theme::Color hoverVeil;
     int symbolSize = 0;
     theme::Color symbolShadow;
-    /// Moves from 0 at rest to 1 under the pointer.
+    /// Animates from 0 at rest to 1 when hovered.
     Spring hover;
 };
 
-/// A square of a colour with its code below. A click copies it, and it can be dragged onto a collection.
+/// A coloured square with its code below. A click copies the colour; it can be dragged onto a collection.
 class SwatchView : public Clickable, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ public:
     [[nodiscard]] QMargins overhang() const override;
 
 Q_SIGNALS:
-    /// The focus is to go on by so many swatches; negative is to the left and up.
+    /// An arrow key asks to move the focus by a number of swatches; negative is left or up.
     void stepRequested(int columns, int rows);
 
 protected:
@@ -87,12 +87,12 @@ protected:
 
 private:
     void updateAll();
-    /// The square at its size at rest; `hovered` is 1 under the pointer.
+    /// Paints the square at its size at rest; `hovered` is 0 at rest and 1 when hovered.
     void paintSquare(QPainter& painter, double hovered) const;
     [[nodiscard]] Shadow shadowIn(const SwatchLook::State& state) const;
     [[nodiscard]] QRectF squareAtRest() const;
     [[nodiscard]] QRectF labelRect() const;
-    /// Of the square, which grows under the pointer.
+    /// Scale of the square, which grows when hovered.
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;

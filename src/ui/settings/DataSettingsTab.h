@@ -7,13 +7,13 @@ namespace tintwick {
 
 class AppState;
 
-/// How many colours are kept, the ways to be rid of them and to take them elsewhere, and what the program is.
+/// The tab for the history (its size, clear, export) and the version of the program.
 class DataSettingsTab final : public View
 {
     Q_OBJECT
 
 public:
-    /// Without a page of the project there is no link to it. The state must outlive the view.
+    /// Without a project page there is no link. The state must outlive the view.
     explicit DataSettingsTab(AppState& appState, const std::optional<QUrl>& projectPage = findProjectPage());
 
 private:

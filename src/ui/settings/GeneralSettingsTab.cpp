@@ -27,7 +27,7 @@ auto at(const Values& values, qsizetype position)
     return values.at(static_cast<std::size_t>(position));
 }
 
-/// None where the user has stored a value that is not offered.
+/// None when the stored value is not among those offered.
 template <typename Values, typename Value>
 std::optional<qsizetype> positionOf(const Value& value, const Values& values)
 {
@@ -44,7 +44,7 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferen
     , m_preferences(preferences)
     , m_grabber(grabber)
 {
-    setContent(column(gap(16), shortcutsSection(recording, panel), scopeSection(), copyFormatSection(),
+    setContent(column(gap(16), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
                       screenRecordingSection()));
 }
 
@@ -60,7 +60,7 @@ QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording,
                                          recorderRow(ShortcutAction::OpenMainWindow)}));
 }
 
-QWidget* GeneralSettingsTab::scopeSection()
+QWidget* GeneralSettingsTab::loupeSection()
 {
     auto* shape = new SegmentedPicker(tr("Shape"), {tr("Square"), tr("Circle")},
                                       positionOf(m_preferences.loupeShape(), allLoupeShapes));

@@ -10,20 +10,20 @@ class Preferences;
 class ScreenGrabber;
 struct RecorderServices;
 
-/// The shortcuts, the loupe, the format of copies and the permission to read the screen. A change is stored at once and
-/// holds from the next pick on.
+/// The tab for shortcuts, loupe, copy format and screen permission. Changes are stored at once and apply to the next
+/// pick.
 class GeneralSettingsTab final : public View
 {
     Q_OBJECT
 
 public:
-    /// Alerts come up over `panel`. All must outlive the view.
+    /// Alerts open over `panel`. All arguments must outlive the view.
     GeneralSettingsTab(AppState& appState, Preferences& preferences, const RecorderServices& recording,
                        const ScreenGrabber& grabber, QWidget& panel);
 
 private:
     [[nodiscard]] static QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
-    [[nodiscard]] QWidget* scopeSection();
+    [[nodiscard]] QWidget* loupeSection();
     [[nodiscard]] QWidget* copyFormatSection();
     [[nodiscard]] QWidget* screenRecordingSection();
     [[nodiscard]] PopUpPicker* formatPicker();

@@ -47,7 +47,7 @@ QWidget* PermissionStatus::denied()
 void PermissionStatus::paintEvent(QPaintEvent*)
 {
     if (m_isPermitted != m_grabber.captureIsPermitted()) {
-        // Views do not change while they are drawn.
+        // Queued, because a view must not change its children while it paints.
         QMetaObject::invokeMethod(this, &PermissionStatus::ask, Qt::QueuedConnection);
     }
 }

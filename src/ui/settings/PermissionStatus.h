@@ -8,8 +8,8 @@ namespace tintwick {
 
 class ScreenGrabber;
 
-/// Whether the program may read the screen, and the way to change it where the desktop has one. The desktop is asked
-/// each time this is drawn, because the answer is changed elsewhere.
+/// Shows whether the program may read the screen, and a button to change that where the desktop has one. Asks the
+/// desktop at every paint, because the permission changes outside the program.
 class PermissionStatus final : public View
 {
     Q_OBJECT

@@ -7,9 +7,9 @@
 
 namespace tintwick {
 
-/// The places where the project's own page may be on this machine: where it is installed, then where it was built.
+/// Where the project page may be on this machine: the installed file, then the one in the source tree.
 [[nodiscard]] QStringList projectPagePlaces();
-/// The first of some files that exists, or nothing.
+/// The first file that exists; none without one.
 [[nodiscard]] std::optional<QUrl> findProjectPage(const QStringList& places = projectPagePlaces());
 
 } // namespace tintwick

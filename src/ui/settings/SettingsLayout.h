@@ -7,13 +7,13 @@
 
 namespace tintwick {
 
-// What all settings are laid out by.
+// The layout of both settings tabs.
 
-/// A group: its title above its content, which lies on a card.
+/// A title above its content, which is on a card.
 [[nodiscard]] Stack* settingsSection(const QString& title, QWidget* content);
-/// The content of a section that has several rows: a rule parts each from the next.
+/// Several rows as the content of a section, separated by rules.
 [[nodiscard]] Stack* settingsRows(const QList<QWidget*>& rows);
-/// One row: the text in a column of 150 points, then the control.
+/// A row: the text in a column of 150 points, then the control.
 [[nodiscard]] Stack* settingsRow(const QString& text, QWidget* control);
 
 } // namespace tintwick

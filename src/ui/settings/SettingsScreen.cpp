@@ -23,7 +23,7 @@ QStringList titles()
 
 } // namespace
 
-/// Holds the tab that is shown.
+/// Contains the current tab.
 class SettingsScreen::Screen final : public View
 {
 public:
@@ -73,7 +73,7 @@ void SettingsScreen::showTab()
     m_screen->setContent(verticalScroll(column(Padding{{16, 12, 16, 16}}, tab, spacer())));
 }
 
-// The keys of what was there before are no longer wanted.
+// Otherwise a control of the previous screen would keep the focus.
 void SettingsScreen::showEvent(QShowEvent* event)
 {
     View::showEvent(event);

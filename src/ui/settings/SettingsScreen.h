@@ -11,13 +11,13 @@ class Preferences;
 class ScreenGrabber;
 class SegmentedPicker;
 
-/// The settings as a screen of the panel: two tabs, of which the first is shown when it is made.
+/// The settings screen of the panel: two tabs. Starts with the first.
 class SettingsScreen final : public View
 {
     Q_OBJECT
 
 public:
-    /// Alerts come up over `panel`, which contains the view. All must outlive the view.
+    /// `panel` contains the view and is what alerts cover. All arguments must outlive the view.
     SettingsScreen(AppState& appState, Preferences& preferences, const RecorderServices& recording,
                    const ScreenGrabber& grabber, QWidget& panel);
 

@@ -9,7 +9,7 @@ namespace tintwick {
 
 enum class SettingsTab { General, Data };
 
-/// In the order in which they stand.
+/// In order of appearance.
 inline constexpr std::array allSettingsTabs{SettingsTab::General, SettingsTab::Data};
 
 [[nodiscard]] inline QString title(SettingsTab tab)

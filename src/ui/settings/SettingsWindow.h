@@ -6,16 +6,16 @@
 
 namespace tintwick {
 
-/// The separate window that points to the settings in the panel.
+/// The window of the tray menu's "Settings…". It tells the user that the settings are in the panel.
 class SettingsWindow final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Wears what another one wears, which must outlive the window.
+    /// Follows an appearance, which must outlive the window.
     explicit SettingsWindow(const Appearance& like);
 
-    /// Opens the window, or brings it to the front, and gives it the keyboard.
+    /// Shows and raises the window and gives it the keyboard.
     void present();
 
 protected:

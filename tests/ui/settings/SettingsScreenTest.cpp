@@ -31,7 +31,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Takes the place of the desktop's programs that open addresses.
+/// Handles URLs instead of the desktop's programs.
 class AddressOpener final : public QObject
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ private:
     QString m_scheme;
 };
 
-/// The keys that reach a window, or pass through it.
+/// Records key presses that reach a window or pass through it.
 class KeysSeen final : public QObject
 {
 public:
@@ -71,7 +71,7 @@ protected:
     }
 };
 
-/// What a program that starts now would read.
+/// The stored value as a program that starts now reads it.
 QJsonObject storedData()
 {
     QFile file(qEnvironmentVariable("XDG_DATA_HOME") + u"/Tintwick/data.json"_s);
@@ -81,7 +81,7 @@ QJsonObject storedData()
 void click(QWidget* widget)
 {
     QVERIFY(widget != nullptr);
-    // On the window, as the desktop delivers it: the place in the window is right too.
+    // Sent to the window, as the desktop does, so that the position in the window is right.
     QWidget* window = widget->window();
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       widget->mapTo(window, widget->rect().center()));
@@ -97,46 +97,46 @@ private Q_SLOTS:
     void init();
 
     void generalIsShownFirst();
-    void theTabsAreSwitchedByPointerAndKeys();
-    void allIsSaidInOrder_data();
-    void allIsSaidInOrder();
+    void tabsAreSwitchedByPointerAndKeys();
+    void textsAreInOrder_data();
+    void textsAreInOrder();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void tabGoesFromTopToBottom();
-    void itTakesTheKeysWhenItComes();
-    void escapeIsLeftToThePanel();
+    void takesTheFocusWhenShown();
+    void escapeReachesThePanel();
 
-    void theTabShowsWhatIsStored_data();
-    void theTabShowsWhatIsStored();
-    void aChoiceIsStoredAtOnce_data();
-    void aChoiceIsStoredAtOnce();
-    void theNextPickHasTheZoomAndTheSize();
-    void aZoomThatIsNotOfferedIsStillTheNextPicks();
+    void tabShowsStoredValues_data();
+    void tabShowsStoredValues();
+    void choiceIsStoredAtOnce_data();
+    void choiceIsStoredAtOnce();
+    void nextPickUsesZoomAndSize();
+    void nextPickUsesAStoredZoomThatIsNotOffered();
 
-    void aRecordedShortcutIsStoredAndTaken();
-    void theFormatIsChosenAndKept();
-    void theFormatFollowsTheState();
+    void recordedShortcutIsStoredAndGrabbed();
+    void chosenFormatIsSaved();
+    void formatFollowsTheState();
 
-    void thePermissionIsTold_data();
-    void thePermissionIsTold();
-    void aRevokedPermissionIsSeenAtTheNextDrawing();
-    void theButtonOpensTheSystemSettings();
+    void permissionIsShown_data();
+    void permissionIsShown();
+    void revokedPermissionIsShownAtTheNextPaint();
+    void buttonOpensTheSystemSettings();
 
-    void theCountFollowsTheHistory();
-    void clearIsDoneAtOnce();
-    void allHistoryIsExported_data();
-    void allHistoryIsExported();
-    void anEmptyHistoryHasNoPicture();
+    void countFollowsTheHistory();
+    void clearClearsAtOnce();
+    void wholeHistoryIsExported_data();
+    void wholeHistoryIsExported();
+    void emptyHistoryExportsNoPicture();
 
-    void theVersionIsTheBuilds();
-    void theCreditLinksToThePage();
-    void withoutAPageThereIsNoLink();
-    void thePageIsTheFirstThatExists_data();
-    void thePageIsTheFirstThatExists();
-    void thePageIsThere();
+    void versionIsThatOfTheBuild();
+    void creditLinksToTheProjectPage();
+    void noLinkWithoutAProjectPage();
+    void projectPageIsTheFirstFileThatExists_data();
+    void projectPageIsTheFirstFileThatExists();
+    void projectPageExists();
 
-    void theWindowPointsToThePanel();
-    void theWindowWearsWhatThePanelWears();
+    void windowRefersToThePanel();
+    void windowHasTheAppearanceOfThePanel();
 };
 
 void SettingsScreenTest::init()
@@ -155,7 +155,7 @@ void SettingsScreenTest::generalIsShownFirst()
     QCOMPARE(fixture.view->tab(), SettingsTab::General);
 }
 
-void SettingsScreenTest::theTabsAreSwitchedByPointerAndKeys()
+void SettingsScreenTest::tabsAreSwitchedByPointerAndKeys()
 {
     const SettingsFixture fixture;
     click(fixture.segment(u"Tab"_s, u"Data"_s));
@@ -171,7 +171,7 @@ void SettingsScreenTest::theTabsAreSwitchedByPointerAndKeys()
     QVERIFY(fixture.segment(u"Tab"_s, u"General"_s)->hasFocus());
 }
 
-void SettingsScreenTest::allIsSaidInOrder_data()
+void SettingsScreenTest::textsAreInOrder_data()
 {
     QTest::addColumn<SettingsTab>("tab");
     QTest::addColumn<QStringList>("texts");
@@ -206,7 +206,7 @@ void SettingsScreenTest::allIsSaidInOrder_data()
                                          u"Read Me"_s};
 }
 
-void SettingsScreenTest::allIsSaidInOrder()
+void SettingsScreenTest::textsAreInOrder()
 {
     QFETCH(const SettingsTab, tab);
     const SettingsFixture fixture(tab);
@@ -231,7 +231,7 @@ void SettingsScreenTest::nothingIsCutOff()
     fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
     fixture.platform.grabber.isPermitted = isPermitted;
     fixture.draw();
-    // All of it is seen without scrolling.
+    // Everything is visible without scrolling.
     const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
     for (const QWidget* each : fixture.view->findChildren<QWidget*>()) {
         if (qobject_cast<const Label*>(each) == nullptr &&
@@ -260,7 +260,7 @@ void SettingsScreenTest::tabGoesFromTopToBottom()
                                  u"Default Format"_s}));
 }
 
-void SettingsScreenTest::itTakesTheKeysWhenItComes()
+void SettingsScreenTest::takesTheFocusWhenShown()
 {
     SettingsFixture fixture;
     QLineEdit before(&fixture.panel);
@@ -270,7 +270,7 @@ void SettingsScreenTest::itTakesTheKeysWhenItComes()
     fixture.open();
     QVERIFY(fixture.view->hasFocus());
 
-    // What is reached in it stays so while the panel is away.
+    // The focused control keeps the focus while the panel is hidden.
     QAbstractButton* reached = fixture.segment(u"Scope Size"_s, u"M"_s);
     reached->setFocus(Qt::TabFocusReason);
     fixture.panel.hide();
@@ -278,7 +278,7 @@ void SettingsScreenTest::itTakesTheKeysWhenItComes()
     QCOMPARE(fixture.panel.focusWidget(), reached);
 }
 
-void SettingsScreenTest::escapeIsLeftToThePanel()
+void SettingsScreenTest::escapeReachesThePanel()
 {
     SettingsFixture fixture;
     KeysSeen seen(fixture.panel);
@@ -289,7 +289,7 @@ void SettingsScreenTest::escapeIsLeftToThePanel()
     QCOMPARE(seen.keys, (QList<int>{Qt::Key_Escape, Qt::Key_Escape}));
 }
 
-void SettingsScreenTest::theTabShowsWhatIsStored_data()
+void SettingsScreenTest::tabShowsStoredValues_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QVariant>("value");
@@ -305,7 +305,7 @@ void SettingsScreenTest::theTabShowsWhatIsStored_data()
     row("no shape", u"none"_s, 0, u"Shape"_s, u"Square"_s);
     row("square", shape, u"square"_s, u"Shape"_s, u"Square"_s);
     row("circle", shape, u"circle"_s, u"Shape"_s, u"Circle"_s);
-    // The loupe is a square then.
+    // Reads as square.
     row("a shape in another case", shape, u"Circle"_s, u"Shape"_s, u"Square"_s);
     row("no size", u"none"_s, 0, u"Scope Size"_s, u"M"_s);
     row("small", size, u"small"_s, u"Scope Size"_s, u"S"_s);
@@ -318,12 +318,12 @@ void SettingsScreenTest::theTabShowsWhatIsStored_data()
     row("radius 11", radius, 11, u"Default Zoom"_s, u"Far"_s);
     row("radius 9", radius, 9, u"Default Zoom"_s, QString());
     row("radius 40", radius, 40, u"Default Zoom"_s, QString());
-    // Picks begin with 7 then.
+    // Reads as 7.
     row("radius 0", radius, 0, u"Default Zoom"_s, u"Mid"_s);
     row("a negative radius", radius, -4, u"Default Zoom"_s, u"Mid"_s);
 }
 
-void SettingsScreenTest::theTabShowsWhatIsStored()
+void SettingsScreenTest::tabShowsStoredValues()
 {
     QFETCH(const QString, key);
     QFETCH(const QVariant, value);
@@ -333,7 +333,7 @@ void SettingsScreenTest::theTabShowsWhatIsStored()
     QTEST(fixture.selected(picker), "selected");
 }
 
-void SettingsScreenTest::aChoiceIsStoredAtOnce_data()
+void SettingsScreenTest::choiceIsStoredAtOnce_data()
 {
     QTest::addColumn<QString>("picker");
     QTest::addColumn<QString>("title");
@@ -353,13 +353,13 @@ void SettingsScreenTest::aChoiceIsStoredAtOnce_data()
     row(u"Default Zoom"_s, u"Far"_s, u"scopeDefaultRadius"_s, 11);
 }
 
-void SettingsScreenTest::aChoiceIsStoredAtOnce()
+void SettingsScreenTest::choiceIsStoredAtOnce()
 {
     QFETCH(const QString, picker);
     QFETCH(const QString, title);
     QFETCH(const QString, key);
     const SettingsFixture fixture;
-    // From another one, because what is selected already is not selected again.
+    // Starts with another choice, because selecting the current one does nothing.
     for (auto* other : fixture.control<SegmentedPicker>(picker)->findChildren<QAbstractButton*>()) {
         if (other->accessibleName() != title) {
             click(other);
@@ -370,7 +370,7 @@ void SettingsScreenTest::aChoiceIsStoredAtOnce()
     QTEST(QSettings().value(key), "value");
 }
 
-void SettingsScreenTest::theNextPickHasTheZoomAndTheSize()
+void SettingsScreenTest::nextPickUsesZoomAndSize()
 {
     SettingsFixture fixture;
     fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
@@ -391,7 +391,7 @@ void SettingsScreenTest::theNextPickHasTheZoomAndTheSize()
     QCOMPARE(loupeWidth(), 160);
 }
 
-void SettingsScreenTest::aZoomThatIsNotOfferedIsStillTheNextPicks()
+void SettingsScreenTest::nextPickUsesAStoredZoomThatIsNotOffered()
 {
     QSettings().setValue(u"scopeDefaultRadius"_s, 9);
     SettingsFixture fixture;
@@ -403,7 +403,7 @@ void SettingsScreenTest::aZoomThatIsNotOfferedIsStillTheNextPicks()
     QCOMPARE(static_cast<int>(fixture.platform.grabber.grabs.back().rect.width), 19);
 }
 
-void SettingsScreenTest::aRecordedShortcutIsStoredAndTaken()
+void SettingsScreenTest::recordedShortcutIsStoredAndGrabbed()
 {
     SettingsFixture fixture;
     fixture.platform.shortcuts.journal.clear();
@@ -419,7 +419,7 @@ void SettingsScreenTest::aRecordedShortcutIsStoredAndTaken()
     QVERIFY(fixture.control<ShortcutRecorder>(u"Open Main Window shortcut"_s) != nullptr);
 }
 
-void SettingsScreenTest::theFormatIsChosenAndKept()
+void SettingsScreenTest::chosenFormatIsSaved()
 {
     SettingsFixture fixture;
     auto* picker = fixture.control<PopUpPicker>(u"Default Format"_s);
@@ -441,14 +441,14 @@ void SettingsScreenTest::theFormatIsChosenAndKept()
     QCOMPARE(AppState().defaultFormat(), ColorFormat::Rgb);
 }
 
-void SettingsScreenTest::theFormatFollowsTheState()
+void SettingsScreenTest::formatFollowsTheState()
 {
     SettingsFixture fixture;
     fixture.state.setDefaultFormat(ColorFormat::ColorName);
     QCOMPARE(fixture.control<PopUpPicker>(u"Default Format"_s)->selectedTitle(), u"Name"_s);
 }
 
-void SettingsScreenTest::thePermissionIsTold_data()
+void SettingsScreenTest::permissionIsShown_data()
 {
     QTest::addColumn<bool>("isPermitted");
     QTest::addColumn<QUrl>("settings");
@@ -461,7 +461,7 @@ void SettingsScreenTest::thePermissionIsTold_data()
     QTest::newRow("not granted, nothing to change it") << false << QUrl() << u"Not granted"_s << false;
 }
 
-void SettingsScreenTest::thePermissionIsTold()
+void SettingsScreenTest::permissionIsShown()
 {
     QFETCH(const bool, isPermitted);
     QFETCH(const QUrl, settings);
@@ -481,7 +481,7 @@ void SettingsScreenTest::thePermissionIsTold()
     QTEST(fixture.control<TextButton>(u"Open System Settings"_s) != nullptr, "hasButton");
 }
 
-void SettingsScreenTest::aRevokedPermissionIsSeenAtTheNextDrawing()
+void SettingsScreenTest::revokedPermissionIsShownAtTheNextPaint()
 {
     SettingsFixture fixture;
     fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
@@ -497,7 +497,7 @@ void SettingsScreenTest::aRevokedPermissionIsSeenAtTheNextDrawing()
     QVERIFY(fixture.control<TextButton>(u"Open System Settings"_s) == nullptr);
 }
 
-void SettingsScreenTest::theButtonOpensTheSystemSettings()
+void SettingsScreenTest::buttonOpensTheSystemSettings()
 {
     AddressOpener opener(u"settings"_s);
     SettingsFixture fixture;
@@ -508,7 +508,7 @@ void SettingsScreenTest::theButtonOpensTheSystemSettings()
     QCOMPARE(opener.opened, QList<QUrl>{QUrl(u"settings:privacy"_s)});
 }
 
-void SettingsScreenTest::theCountFollowsTheHistory()
+void SettingsScreenTest::countFollowsTheHistory()
 {
     SettingsFixture fixture(SettingsTab::Data);
     QVERIFY(fixture.texts().contains(u"0 / 100"_s));
@@ -520,7 +520,7 @@ void SettingsScreenTest::theCountFollowsTheHistory()
     QVERIFY(fixture.texts().contains(u"99 / 100"_s));
 }
 
-void SettingsScreenTest::clearIsDoneAtOnce()
+void SettingsScreenTest::clearClearsAtOnce()
 {
     SettingsFixture fixture(SettingsTab::Data);
     fixture.capture(100);
@@ -531,7 +531,7 @@ void SettingsScreenTest::clearIsDoneAtOnce()
     QVERIFY(AppState().history().isEmpty());
 }
 
-void SettingsScreenTest::allHistoryIsExported_data()
+void SettingsScreenTest::wholeHistoryIsExported_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("suggestedName");
@@ -542,7 +542,7 @@ void SettingsScreenTest::allHistoryIsExported_data()
     QTest::newRow("PNG") << u"Export PNG"_s << u"palette.png"_s << QByteArray("\x89PNG");
 }
 
-void SettingsScreenTest::allHistoryIsExported()
+void SettingsScreenTest::wholeHistoryIsExported()
 {
     QFETCH(const QString, button);
     QFETCH(const QString, suggestedName);
@@ -576,7 +576,7 @@ void SettingsScreenTest::allHistoryIsExported()
     }
 }
 
-void SettingsScreenTest::anEmptyHistoryHasNoPicture()
+void SettingsScreenTest::emptyHistoryExportsNoPicture()
 {
     const SettingsFixture fixture(SettingsTab::Data);
     auto* button = fixture.control<PlainButton>(u"Export PNG"_s);
@@ -588,7 +588,7 @@ void SettingsScreenTest::anEmptyHistoryHasNoPicture()
     }
 }
 
-void SettingsScreenTest::theVersionIsTheBuilds()
+void SettingsScreenTest::versionIsThatOfTheBuild()
 {
     QApplication::setApplicationVersion(u"7.8.9"_s);
     const SettingsFixture fixture(SettingsTab::Data);
@@ -596,7 +596,7 @@ void SettingsScreenTest::theVersionIsTheBuilds()
     QApplication::setApplicationVersion(u"1.0.0"_s);
 }
 
-void SettingsScreenTest::theCreditLinksToThePage()
+void SettingsScreenTest::creditLinksToTheProjectPage()
 {
     AddressOpener opener(u"file"_s);
     const SettingsFixture fixture(SettingsTab::Data);
@@ -607,7 +607,7 @@ void SettingsScreenTest::theCreditLinksToThePage()
     QCOMPARE(page.readLine().trimmed(), QByteArray("# Tintwick"));
 }
 
-void SettingsScreenTest::withoutAPageThereIsNoLink()
+void SettingsScreenTest::noLinkWithoutAProjectPage()
 {
     SettingsFixture fixture;
     const DataSettingsTab tab(fixture.state, std::nullopt);
@@ -621,7 +621,7 @@ void SettingsScreenTest::withoutAPageThereIsNoLink()
     QVERIFY(texts.contains(u"Made by the Tintwick developers"_s));
 }
 
-void SettingsScreenTest::thePageIsTheFirstThatExists_data()
+void SettingsScreenTest::projectPageIsTheFirstFileThatExists_data()
 {
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("found");
@@ -630,7 +630,7 @@ void SettingsScreenTest::thePageIsTheFirstThatExists_data()
     QTest::newRow("none") << QStringList{} << QString();
 }
 
-void SettingsScreenTest::thePageIsTheFirstThatExists()
+void SettingsScreenTest::projectPageIsTheFirstFileThatExists()
 {
     QFETCH(const QStringList, present);
     QFETCH(const QString, found);
@@ -639,7 +639,7 @@ void SettingsScreenTest::thePageIsTheFirstThatExists()
         QFile file(folder.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
     }
-    // A folder is no page.
+    // A folder is not a page.
     const auto page =
         findProjectPage({folder.path(), folder.filePath(u"one.md"_s), folder.filePath(u"two.md"_s)});
     QCOMPARE(page.has_value(), !found.isEmpty());
@@ -648,14 +648,14 @@ void SettingsScreenTest::thePageIsTheFirstThatExists()
     }
 }
 
-void SettingsScreenTest::thePageIsThere()
+void SettingsScreenTest::projectPageExists()
 {
     QVERIFY(
         projectPagePlaces().contains(qEnvironmentVariable("XDG_DATA_HOME") + u"/doc/tintwick/README.md"_s));
     QVERIFY(findProjectPage().has_value());
 }
 
-void SettingsScreenTest::theWindowPointsToThePanel()
+void SettingsScreenTest::windowRefersToThePanel()
 {
     QWidget panel;
     const Appearance appearance(panel, Scheme::Light);
@@ -676,7 +676,7 @@ void SettingsScreenTest::theWindowPointsToThePanel()
     QVERIFY(window.isVisible());
 }
 
-void SettingsScreenTest::theWindowWearsWhatThePanelWears()
+void SettingsScreenTest::windowHasTheAppearanceOfThePanel()
 {
     QWidget panel;
     Appearance appearance(panel, Scheme::Dark);

@@ -22,7 +22,7 @@ namespace tintwick {
 namespace {
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
-/// As _NET_WM_USER_TIME: the window does not get the focus when it is mapped.
+/// A _NET_WM_USER_TIME of 0: the window manager does not focus the window when it is mapped.
 constexpr std::uint32_t noUserTime = 0;
 
 /// The window itself, or the frame that a window manager has put it in; none when the window is gone.
@@ -100,7 +100,6 @@ void X11PanelHost::adopt(PanelWindow& panel)
     m_panel = &panel;
     m_widget = &panel.widget();
     m_widget->winId();
-    // The same panel may be shown many times. A filter is installed once only.
     m_widget->installEventFilter(this);
     connect(m_widget, &QObject::destroyed, this, &X11PanelHost::handleHide, Qt::UniqueConnection);
     m_widget->windowHandle()->installEventFilter(this);
@@ -126,7 +125,7 @@ void X11PanelHost::setWindowManagerHints(const QWidget& widget) const
                         XCB_ATOM_CARDINAL, 32, 1, &noUserTime);
 }
 
-// While a button is down on one of our windows, the pointer may have been dragged off it.
+// During a drag that started on one of our windows the pointer may be elsewhere.
 void X11PanelHost::handlePress()
 {
     m_pressDismisses = m_isDismissible && QGuiApplication::mouseButtons() == Qt::NoButton;

@@ -14,8 +14,8 @@
 
 namespace tintwick {
 
-/// Keeps task bars and pagers away from the panel by window manager hints, and lays the shadow below it as a window of its
-/// own where a compositor runs.
+/// Sets window manager hints that keep the panel out of task bars and pagers. Shows the shadow as a separate window below
+/// the panel while a compositor runs.
 class X11PanelHost final : public PanelHost
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private:
     void setWindowManagerHints(const QWidget& widget) const;
     void handlePress();
     void handleClick();
-    /// Answers once for each dismissal.
+    /// True at most once per dismissal.
     [[nodiscard]] bool isClickThatDismissed(const PanelAnchor& anchor);
     void handleHide();
     void showShadow();

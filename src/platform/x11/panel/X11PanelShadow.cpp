@@ -32,7 +32,7 @@ X11PanelShadow::X11PanelShadow(XcbConnection& connection, xcb_visualid_t translu
     xcb_create_window(c, depth, m_window.id(), connection.root(), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, translucentVisual,
                       XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_COLORMAP, values.data());
-    // Compositors do not fade in what is dragged.
+    // Compositors do not fade in windows of this type.
     const xcb_atom_t type = connection.atom("_NET_WM_WINDOW_TYPE_DND");
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), connection.atom("_NET_WM_WINDOW_TYPE"),
                         XCB_ATOM_ATOM, 32, 1, &type);
@@ -66,7 +66,7 @@ void X11PanelShadow::hide()
     m_connection.flush();
 }
 
-// As the background of the window, which the server paints itself whenever it must.
+// As the background pixmap, which the server repaints without us.
 void X11PanelShadow::setPicture(const QImage& picture)
 {
     xcb_connection_t* c = m_connection.get();
@@ -77,7 +77,7 @@ void X11PanelShadow::setPicture(const QImage& picture)
                       static_cast<std::uint16_t>(picture.height()));
     xcb_create_gc(c, gc.id(), pixmap.id(), 0, nullptr);
     const auto rowBytes = static_cast<std::uint32_t>(picture.bytesPerLine());
-    // A request holds so many bytes.
+    // The maximum length of a request is in units of four bytes.
     constexpr std::uint32_t requestHeader = 64;
     const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
     const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));

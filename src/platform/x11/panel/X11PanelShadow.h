@@ -8,17 +8,17 @@
 
 namespace tintwick {
 
-/// Tells a compositor that draws shadows of its own to draw none for this child of the root.
+/// Asks the compositor not to draw its own shadow for this child of the root window.
 void declineShadow(XcbConnection& connection, xcb_window_t window);
 
-/// A picture on the desktop that is nothing else: no window manager touches it, and every click falls through it.
+/// An override-redirect window that shows a picture and passes all input through.
 class X11PanelShadow final
 {
 public:
-    /// On a screen that can show translucent windows.
+    /// `translucentVisual` has a depth of 32.
     X11PanelShadow(XcbConnection& connection, xcb_visualid_t translucentVisual);
 
-    /// Puts the premultiplied picture below another window of the desktop, both of them children of the root.
+    /// Shows the premultiplied picture directly below `window`, a child of the root. `topLeft` is in pixels of the root.
     void showBelow(xcb_window_t window, const QImage& picture, QPoint topLeft);
     void hide();
 
