@@ -56,7 +56,7 @@ constexpr Position positions[] = {
     {keycode::eight, KEY_8},
     {keycode::nine, KEY_9},
 
-    // The key left of 1. On ISO keyboards it stays there too, and the extra key is the one beside the left Shift.
+    // The key left of 1, on ISO keyboards too. Their additional key is beside the left Shift.
     {keycode::backtick, KEY_GRAVE},
     {keycode::isoSection, KEY_102ND},
     {keycode::jisYen, KEY_YEN},
@@ -65,7 +65,7 @@ constexpr Position positions[] = {
     {keycode::equal, KEY_EQUAL},
     {keycode::leftBracket, KEY_LEFTBRACE},
     {keycode::rightBracket, KEY_RIGHTBRACE},
-    // The kernel gives the ISO key left of Return the same code as the ANSI key above it.
+    // The kernel gives the ISO key left of Return the code of the ANSI key above Return.
     {keycode::backslash, KEY_BACKSLASH},
     {keycode::semicolon, KEY_SEMICOLON},
     {keycode::quote, KEY_APOSTROPHE},
@@ -79,8 +79,8 @@ constexpr Position positions[] = {
     {keycode::deleteKey, KEY_BACKSPACE},
     {keycode::escape, KEY_ESC},
     {keycode::deleteForward, KEY_DELETE},
-    // Help and Insert are one position above Delete, with two names; a keyboard that prints "Help" there
-    // sends Insert's USB usage. The kernel's KEY_HELP is a media key elsewhere on the board.
+    // Help and Insert are two names of the position above Delete. A keyboard that prints "Help" there sends the USB usage
+    // of Insert. KEY_HELP of the kernel is a media key.
     {keycode::help, KEY_INSERT},
     {keycode::home, KEY_HOME},
     {keycode::end, KEY_END},
@@ -100,7 +100,7 @@ constexpr Position positions[] = {
     {keycode::rightAlt, KEY_RIGHTALT},
     {keycode::super, KEY_LEFTMETA},
     {keycode::rightSuper, KEY_RIGHTMETA},
-    // Most laptops keep this key to themselves, and its evdev code lies above what an X keycode can hold.
+    // Most laptops handle this key in firmware. Its evdev code is larger than an X keycode can be.
     {keycode::function, KEY_FN},
 
     {keycode::mute, KEY_MUTE},
@@ -119,8 +119,7 @@ constexpr Position positions[] = {
     {keycode::f10, KEY_F10},
     {keycode::f11, KEY_F11},
     {keycode::f12, KEY_F12},
-    // Not Print Screen, Scroll Lock and Pause, which sit where some keyboards have F13 to F15: those have
-    // codes, and duties, of their own here.
+    // Some keyboards have F13 to F15 in place of Print Screen, Scroll Lock and Pause. Those three have their own codes.
     {keycode::f13, KEY_F13},
     {keycode::f14, KEY_F14},
     {keycode::f15, KEY_F15},
@@ -140,7 +139,7 @@ constexpr Position positions[] = {
     {keycode::keypad7, KEY_KP7},
     {keycode::keypad8, KEY_KP8},
     {keycode::keypad9, KEY_KP9},
-    // USB has one usage for "Keypad Num Lock and Clear", which the kernel reports as Num Lock.
+    // USB has one usage for Num Lock and Clear of the keypad. The kernel reports it as Num Lock.
     {keycode::keypadClear, KEY_NUMLOCK},
     {keycode::keypadDecimal, KEY_KPDOT},
     {keycode::keypadMultiply, KEY_KPASTERISK},

@@ -4,16 +4,16 @@
 
 namespace tintwick {
 
-// The key codes of KeyCode.h and those of the Linux kernel (linux/input-event-codes.h, "evdev") name the same
-// thing, a position on the keyboard. Each named key has exactly one evdev code and the other way round. On an
-// X server with the evdev or libinput driver the X keycode is the evdev code + 8.
+// Converts between the key codes of KeyCode.h and the kernel's codes (linux/input-event-codes.h, "evdev"). Both name a
+// position on the keyboard. Each key of KeyCode.h has exactly one evdev code. With the evdev and libinput drivers the X
+// keycode is the evdev code + xKeycodeOffset.
 
 inline constexpr int xKeycodeOffset = 8;
 
-/// None when the key code is not one of the named keys.
+/// None when KeyCode.h does not list the key code.
 [[nodiscard]] std::optional<int> evdevForKeyCode(int keyCode);
 
-/// None when no named key sits at that position (media keys, mouse buttons).
+/// None when KeyCode.h has no key at that position (media keys, mouse buttons).
 [[nodiscard]] std::optional<int> keyCodeForEvdev(int evdev);
 
 } // namespace tintwick

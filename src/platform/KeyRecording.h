@@ -2,38 +2,36 @@
 
 #include "KeyPress.h"
 
+#include <QObject>
+
 #include <cstdint>
 
 namespace tintwick {
 
-/// Takes the keyboard of the whole desktop: while a recording runs, its listener gets every key press and no other client
-/// does, including combinations that other programs have grabbed. The pointer is not affected.
-class KeyRecording
+/// Takes the keyboard of the whole desktop: while a recording runs, keyPressed() reports every key press and no other client
+/// gets it, including combinations that other programs have grabbed. The pointer is not affected.
+class KeyRecording : public QObject
 {
+    Q_OBJECT
+
 public:
-    class Listener
-    {
-    public:
-        /// The key code is -1 also for a key pressed with a modifier that no shortcut can have.
-        virtual void keyPressed(const KeyPress& press) = 0;
-        /// Another listener began a recording, which ended this one. Do not call end().
-        virtual void recordingLost() = 0;
-
-    protected:
-        ~Listener() = default;
-    };
-
     enum class Outcome : std::uint8_t { Started, Refused };
 
-    virtual ~KeyRecording() = default;
+    using QObject::QObject;
 
-    /// Refused when another client holds the keyboard grab and does not release it within a moment. The listener must live
-    /// until end() or recordingLost().
-    [[nodiscard]] virtual Outcome begin(Listener& listener) = 0;
+    /// Starts a recording; one that runs already is ended with lost(). Refused when another client holds the keyboard grab
+    /// and does not release it within a moment.
+    [[nodiscard]] virtual Outcome begin() = 0;
 
     /// Releases the keyboard once no key is down, so that no other client gets the release or a repetition of a recorded
-    /// key. Does nothing when the listener has no recording.
-    virtual void end(Listener& listener) = 0;
+    /// key. Does nothing when no recording runs.
+    virtual void end() = 0;
+
+Q_SIGNALS:
+    /// The key code is -1 also for a key pressed with a modifier that no shortcut can have.
+    void keyPressed(const tintwick::KeyPress& press);
+    /// begin() was called again and ended the recording that ran.
+    void lost();
 };
 
 } // namespace tintwick

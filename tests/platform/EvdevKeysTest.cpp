@@ -16,7 +16,7 @@ struct NamedKey
     int evdev;
 };
 
-// Every named key.
+// Every key of KeyCode.h.
 constexpr NamedKey namedKeys[] = {
     {"a", 0, 30},
     {"b", 11, 48},
@@ -144,7 +144,7 @@ class EvdevKeysTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachNamedKeyHasItsPlaceAndBack_data()
+    void eachKeyConvertsToItsPositionAndBack_data()
     {
         QTest::addColumn<int>("keyCode");
         QTest::addColumn<int>("evdev");
@@ -152,7 +152,7 @@ private Q_SLOTS:
             QTest::newRow(name) << keyCode << evdev;
         }
     }
-    void eachNamedKeyHasItsPlaceAndBack()
+    void eachKeyConvertsToItsPositionAndBack()
     {
         QFETCH(const int, keyCode);
         QFETCH(const int, evdev);
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QCOMPARE(keyCodeForEvdev(evdev), std::optional(keyCode));
     }
 
-    void nothingButTheNamedKeysIsMappedAndNoneTwice()
+    void onlyTheKeysOfTheTableAreMappedAndEachOnce()
     {
         std::set<int> evdevs;
         for (int keyCode = -1024; keyCode <= 1024; ++keyCode) {
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QCOMPARE(keyCodes.size(), std::size_t{117});
     }
 
-    void positionsWithoutANameAreRefused_data()
+    void otherPositionsHaveNoKeyCode_data()
     {
         QTest::addColumn<int>("evdev");
         QTest::newRow("Menu") << 127;
@@ -189,7 +189,7 @@ private Q_SLOTS:
         QTest::newRow("no key") << 0;
         QTest::newRow("below every code") << -8;
     }
-    void positionsWithoutANameAreRefused()
+    void otherPositionsHaveNoKeyCode()
     {
         QFETCH(const int, evdev);
         QCOMPARE(keyCodeForEvdev(evdev), std::optional<int>());

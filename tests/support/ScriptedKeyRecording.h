@@ -6,43 +6,35 @@
 
 namespace tintwick::test {
 
-/// The keyboard of a desktop that exists only in the test. The listener gets a key at once; without a recording nobody gets
-/// it.
+/// The keyboard of a desktop that exists only in the test. Keys are reported at once, and only while a recording runs.
 class ScriptedKeyRecording final : public KeyRecording
 {
 public:
     Outcome outcome = Outcome::Started;
 
-    [[nodiscard]] bool isOn() const { return m_listener != nullptr; }
+    [[nodiscard]] bool isOn() const { return m_isOn; }
     void press(int keyCode, int modifiers = 0) { send({keyCode, modifiers, false, 0}); }
     void repeat(int keyCode, int modifiers = 0) { send({keyCode, modifiers, true, 0}); }
 
-    [[nodiscard]] Outcome begin(Listener& listener) override
+    [[nodiscard]] Outcome begin() override
     {
-        if (m_listener && m_listener != &listener) {
-            std::exchange(m_listener, nullptr)->recordingLost();
+        if (std::exchange(m_isOn, false)) {
+            Q_EMIT lost();
         }
-        if (outcome == Outcome::Started) {
-            m_listener = &listener;
-        }
+        m_isOn = outcome == Outcome::Started;
         return outcome;
     }
-    void end(Listener& listener) override
-    {
-        if (m_listener == &listener) {
-            m_listener = nullptr;
-        }
-    }
+    void end() override { m_isOn = false; }
 
 private:
     void send(const KeyPress& press)
     {
-        if (m_listener) {
-            m_listener->keyPressed(press);
+        if (m_isOn) {
+            Q_EMIT keyPressed(press);
         }
     }
 
-    Listener* m_listener = nullptr;
+    bool m_isOn = false;
 };
 
 } // namespace tintwick::test

@@ -4,6 +4,7 @@
 #include "Appearance.h"
 #include "Button.h"
 #include "FocusRing.h"
+#include "KeyRecording.h"
 #include "Overlay.h"
 #include "Paint.h"
 #include "RecordedKey.h"
@@ -96,6 +97,24 @@ ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAct
     });
     connect(&m_services.shortcuts, &ShortcutRegistry::keyboardLayoutChanged, this,
             &ShortcutRecorder::refreshText);
+    if (m_services.keys) {
+        connectToKeys(*m_services.keys);
+    }
+}
+
+// All recorders share one recording. A recorder is in the state Recording while it runs for this one.
+void ShortcutRecorder::connectToKeys(const KeyRecording& keys)
+{
+    connect(&keys, &KeyRecording::keyPressed, this, [this](const KeyPress& press) {
+        if (m_state == State::Recording) {
+            handleKey(press);
+        }
+    });
+    connect(&keys, &KeyRecording::lost, this, [this] {
+        if (m_state == State::Recording) {
+            endRecording();
+        }
+    });
 }
 
 ShortcutRecorder::~ShortcutRecorder()
@@ -153,7 +172,7 @@ void ShortcutRecorder::start(Qt::FocusReason reason)
     }
     const bool hadFocus = hasFocus();
     setFocus(reason);
-    if (m_services.keys->begin(*this) == KeyRecording::Outcome::Refused) {
+    if (m_services.keys->begin() == KeyRecording::Outcome::Refused) {
         QApplication::beep();
         if (!hadFocus) {
             clearFocus();
@@ -173,7 +192,7 @@ void ShortcutRecorder::endRecording()
     }
     setState(State::Idle);
     qApp->removeEventFilter(this);
-    m_services.keys->end(*this);
+    m_services.keys->end();
     if (m_alert) {
         m_alert->dismiss();
     }
@@ -191,7 +210,7 @@ void ShortcutRecorder::setState(State state)
     QAccessible::updateAccessibility(&changed);
 }
 
-void ShortcutRecorder::keyPressed(const KeyPress& press)
+void ShortcutRecorder::handleKey(const KeyPress& press)
 {
     const RecordedKey key = recordedKey(press, m_services);
     switch (key.meaning) {
@@ -228,12 +247,12 @@ void ShortcutRecorder::keyPressed(const KeyPress& press)
     }
 }
 
-// The user can answer the alert with keys, so the recording ends.
+// Recording ends while the alert is shown, because the user can answer it with keys.
 void ShortcutRecorder::ask(const QString& message, const QString& informativeText, const QStringList& buttons,
                            const std::function<void()>& onSecondButton)
 {
     setState(State::Asking);
-    m_services.keys->end(*this);
+    m_services.keys->end();
     m_alert = showAlert(m_panel, {message, informativeText, buttons},
                         [recorder = QPointer(this), onSecondButton](int button) {
                             if (!recorder || recorder->m_state != State::Asking) {
@@ -250,7 +269,7 @@ void ShortcutRecorder::ask(const QString& message, const QString& informativeTex
 void ShortcutRecorder::goOnRecording()
 {
     m_alert = nullptr;
-    if (m_services.keys->begin(*this) == KeyRecording::Outcome::Refused) {
+    if (m_services.keys->begin() == KeyRecording::Outcome::Refused) {
         QApplication::beep();
         endRecording();
         return;

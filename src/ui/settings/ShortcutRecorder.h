@@ -1,6 +1,5 @@
 #pragma once
 
-#include "KeyRecording.h"
 #include "RecorderServices.h"
 #include "ShortcutAction.h"
 
@@ -12,13 +11,15 @@
 
 namespace tintwick {
 
+class KeyRecording;
 class Overlay;
 class PlainButton;
+struct KeyPress;
 
 /// The field in which the user sets or removes the shortcut of one action. It shows the shortcut. After a click, or Return
 /// or Space, it records the next combination and stores it at once. Where the desktop chooses the keys, a click opens the
 /// desktop's dialog. Where neither is possible, the field shows the shortcut and cannot be changed.
-class ShortcutRecorder final : public QWidget, private KeyRecording::Listener
+class ShortcutRecorder final : public QWidget
 {
     Q_OBJECT
 
@@ -61,8 +62,8 @@ private:
         Asking,
     };
 
-    void keyPressed(const KeyPress& press) override;
-    void recordingLost() override { endRecording(); }
+    void connectToKeys(const KeyRecording& keys);
+    void handleKey(const KeyPress& press);
 
     void start(Qt::FocusReason reason);
     void endRecording();

@@ -2,7 +2,7 @@
 
 namespace tintwick {
 
-/// Makes shortcut recorders known to screen readers: as a field for a hot key, with the shortcut as its value.
+/// Registers the accessibility interface of shortcut recorders: a hot key field whose value is the shortcut.
 void describeRecordersToScreenReaders();
 
 } // namespace tintwick

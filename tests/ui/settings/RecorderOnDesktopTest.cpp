@@ -31,7 +31,7 @@ constexpr int super = 0x100, shift = 0x200, alt = 0x800;
 constexpr int keyB = 11, keyC = 8, keyD = 2;
 constexpr std::uint8_t keycodeOffset = 8;
 
-/// Hears the bell of the desktop.
+/// Counts the bells of the desktop.
 class Bell final
 {
 public:
@@ -46,7 +46,7 @@ public:
         xcb_xkb_select_events_aux(c, XCB_XKB_ID_USE_CORE_KBD, bell, 0, bell, 0, 0, nullptr);
         m_connection.sync();
     }
-    /// How often it rang until now.
+    /// The number of bells until now.
     [[nodiscard]] int count()
     {
         m_connection.sync();
@@ -62,7 +62,7 @@ private:
     int m_count = 0;
 };
 
-/// A recorder in a window as the main panel is one, in a program with one shortcut, under the user's hands.
+/// A recorder in a window with the flags of the main panel, in a program with one shortcut.
 struct Scene
 {
     static constexpr QPoint onField{120, 52};
@@ -100,7 +100,7 @@ struct Scene
         [&] { QVERIFY(QTest::qWaitForWindowActive(&panel)); }();
     }
 
-    /// Where that is on the screen the server tells; the toolkit may not know it yet.
+    /// Asks the server where the panel is; the toolkit may not know it yet.
     void click(QPoint inPanel)
     {
         const auto window = static_cast<xcb_window_t>(panel.winId());
@@ -122,8 +122,8 @@ struct Scene
         return QTest::qWaitFor([this] { return recorder->isRecording(); });
     }
 
-    /// To be asked again: the window manager may still be busy giving it to the panel.
-    [[nodiscard]] bool givesTheFocusTo(TestWindow& other) const
+    /// Call it repeatedly: the window manager may still be giving the focus to the panel.
+    [[nodiscard]] bool isFocusGivenTo(TestWindow& other) const
     {
         if (panel.isActiveWindow()) {
             other.focus();
@@ -143,7 +143,7 @@ const Shortcut altShiftC{keyC, alt | shift};
 
 } // namespace
 
-/// The recorder under real keys and a window manager.
+/// The recorder with real keys and a window manager.
 class RecorderOnDesktopTest final : public QObject
 {
     Q_OBJECT
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
-    void aKeyboardThatCannotBeHadRingsTheBell()
+    void aRefusedKeyboardRingsTheBell()
     {
         Scene scene;
         QVERIFY(scene.hand.connection().grabKeyboard());
@@ -210,7 +210,7 @@ private Q_SLOTS:
         scene.hand.connection().ungrabAll();
     }
 
-    void deleteRemovesTheShortcutAndFreesItsKeys()
+    void deleteRemovesTheShortcutAndReleasesItsKeys()
     {
         Scene scene;
         QVERIFY(scene.startByClick());
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(scene.stored(), altShiftC);
     }
 
-    void returnStartsItForWhoComesByTab()
+    void returnStartsRecordingAfterTab()
     {
         Scene scene;
         scene.hand.tap(KEY_TAB);
@@ -247,7 +247,7 @@ private Q_SLOTS:
         QCOMPARE(scene.bell.count(), 0);
     }
 
-    void aShortcutOfTheWindowManagerIsAskedAndForced()
+    void aShortcutOfTheWindowManagerNeedsAConfirmation()
     {
         Scene scene;
         QTRY_VERIFY(scene.registry.isTaken({keyD, super}));
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.alert());
         QTRY_VERIFY(scene.keyboardIsFree());
         QVERIFY(scene.panel.isActiveWindow());
-        // The first button refuses, and recording goes on.
+        // The first button keeps the old shortcut, and recording continues.
         scene.hand.tap(KEY_ENTER);
         QTRY_VERIFY(!scene.alert());
         QVERIFY(scene.recorder->isRecording());
@@ -288,13 +288,13 @@ private Q_SLOTS:
         QVERIFY(scene.panel.isVisible());
     }
 
-    void anotherWindowThatGetsTheFocusEndsIt()
+    void recordingEndsWhenAnotherWindowGetsTheFocus()
     {
         Scene scene;
         TestWindow terminal(scene.hand.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         QVERIFY(scene.startByClick());
-        QTRY_VERIFY(scene.givesTheFocusTo(terminal));
+        QTRY_VERIFY(scene.isFocusGivenTo(terminal));
         QVERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
         QVERIFY(!scene.registry.isPaused());
@@ -302,12 +302,12 @@ private Q_SLOTS:
         QTRY_VERIFY(!terminal.events().empty());
     }
 
-    void itRecordsInAWindowThatIsNotTheActiveOneYet()
+    void recordingStartsInAWindowThatIsNotActiveYet()
     {
         Scene scene;
         TestWindow terminal(scene.hand.connection(), {.geometry = QRect(0, 0, 50, 50)});
         terminal.show();
-        QTRY_VERIFY(scene.givesTheFocusTo(terminal));
+        QTRY_VERIFY(scene.isFocusGivenTo(terminal));
         QVERIFY(scene.startByClick());
         scene.panel.activateWindow();
         QTRY_VERIFY(scene.panel.isActiveWindow());
@@ -316,7 +316,7 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
-    void hidingThePanelEndsIt()
+    void recordingEndsWhenThePanelIsHidden()
     {
         Scene scene;
         QVERIFY(scene.startByClick());
@@ -325,7 +325,7 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
-    void aClickBesideTheFieldEndsIt()
+    void aClickOutsideTheFieldEndsRecording()
     {
         Scene scene;
         QVERIFY(scene.startByClick());
@@ -334,7 +334,7 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
-    // Last, because a change of the keymap makes the window manager take its keys anew.
+    // This test is the last, because the window manager takes its keys again after a change of the keymap.
     void theTextFollowsTheLayout()
     {
         Scene scene;
@@ -343,7 +343,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.recorder->text(), u"⌥⇧J"_s);
         QVERIFY(scene.startByClick());
         scene.hand.chord({KEY_LEFTCTRL, KEY_Q});
-        // What Dvorak types there is no letter of our menu.
+        // Dvorak has no letter of the menu at that position.
         QTRY_COMPARE(scene.recorder->text(), u"⌃'"_s);
     }
 };

@@ -18,7 +18,7 @@ QFont font()
 
 constexpr QSize place(130, 24);
 
-/// Black on white, in the middle of a field.
+/// The text in black, centred in a white field.
 QImage drawn(const QString& text)
 {
     QImage image(place, QImage::Format_RGB32);
@@ -34,7 +34,7 @@ bool hasInk(const QImage& image, int x, int y)
     return qGray(image.pixel(x, y)) < 160;
 }
 
-/// Where something is drawn in that part of an image.
+/// The bounds of the pixels drawn in that part of an image.
 QRect ink(const QImage& image, const QRect& part)
 {
     QRect found;
@@ -55,14 +55,14 @@ class ShortcutTextTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aKeyOfTheKeypadStandsInItsFrame_data();
-    void aKeyOfTheKeypadStandsInItsFrame();
-    void whatIsInNoFrameIsPlainText();
-    void theWidthIsThatOfWhatIsDrawn_data();
-    void theWidthIsThatOfWhatIsDrawn();
+    void aKeypadKeyIsDrawnInAFrame_data();
+    void aKeypadKeyIsDrawnInAFrame();
+    void otherTextsAreDrawnWithoutAFrame();
+    void theWidthMatchesTheDrawnText_data();
+    void theWidthMatchesTheDrawnText();
 };
 
-void ShortcutTextTest::aKeyOfTheKeypadStandsInItsFrame_data()
+void ShortcutTextTest::aKeypadKeyIsDrawnInAFrame_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("5") << u"5\u20E3"_s;
@@ -70,13 +70,13 @@ void ShortcutTextTest::aKeyOfTheKeypadStandsInItsFrame_data()
     QTest::newRow("Help") << u"?\u20DD"_s;
 }
 
-void ShortcutTextTest::aKeyOfTheKeypadStandsInItsFrame()
+void ShortcutTextTest::aKeypadKeyIsDrawnInAFrame()
 {
     QFETCH(const QString, text);
     const QImage image = drawn(text);
     const QRect frame(57, 4, 16, 16);
     QCOMPARE(ink(image, image.rect()), frame);
-    // The four sides, and the key in the middle of nothing else.
+    // The four sides of the frame, and the key alone inside it.
     QVERIFY(hasInk(image, 57, 12) && hasInk(image, 72, 12) && hasInk(image, 65, 4) && hasInk(image, 65, 19));
     const QRect key = ink(image, frame.adjusted(3, 3, -3, -3));
     QVERIFY(!key.isEmpty());
@@ -84,7 +84,7 @@ void ShortcutTextTest::aKeyOfTheKeypadStandsInItsFrame()
     QVERIFY(!hasInk(image, 57, 4) && !hasInk(image, 72, 19));
 }
 
-void ShortcutTextTest::whatIsInNoFrameIsPlainText()
+void ShortcutTextTest::otherTextsAreDrawnWithoutAFrame()
 {
     QImage plain(place, QImage::Format_RGB32);
     plain.fill(Qt::white);
@@ -97,7 +97,7 @@ void ShortcutTextTest::whatIsInNoFrameIsPlainText()
     QVERIFY(ink(drawn(QString()), QRect(QPoint(), place)).isEmpty());
 }
 
-void ShortcutTextTest::theWidthIsThatOfWhatIsDrawn_data()
+void ShortcutTextTest::theWidthMatchesTheDrawnText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("beyondThePlainPart");
@@ -106,7 +106,7 @@ void ShortcutTextTest::theWidthIsThatOfWhatIsDrawn_data()
     QTest::newRow("Help") << u"H?\u20DD"_s << 18.0;
 }
 
-void ShortcutTextTest::theWidthIsThatOfWhatIsDrawn()
+void ShortcutTextTest::theWidthMatchesTheDrawnText()
 {
     QFETCH(const QString, text);
     QFETCH(const double, beyondThePlainPart);

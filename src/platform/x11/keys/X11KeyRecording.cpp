@@ -20,17 +20,16 @@ X11KeyRecording::X11KeyRecording(XcbConnection& connection, XkbKeymap& keymap)
 
 X11KeyRecording::~X11KeyRecording()
 {
-    m_listener = nullptr;
     giveBack();
 }
 
-KeyRecording::Outcome X11KeyRecording::begin(Listener& listener)
+KeyRecording::Outcome X11KeyRecording::begin()
 {
-    if (auto* const previous = m_listener; previous && previous != &listener) {
-        end(*previous);
-        previous->recordingLost();
+    if (m_isRecording) {
+        end();
+        Q_EMIT lost();
     }
-    // What the toolkit has already given back must not look taken.
+    // Wait until the server has processed a release of the toolkit's own grab.
     toolkit::sync();
     const auto keyboard = m_extension != 0 ? masterKeyboard(m_connection) : std::nullopt;
     const auto map = ModifierMap::read(m_connection);
@@ -43,7 +42,7 @@ KeyRecording::Outcome X11KeyRecording::begin(Listener& listener)
     if (!retryGrab([this] { return grab(); })) {
         return Outcome::Refused;
     }
-    m_listener = &listener;
+    m_isRecording = true;
     if (!std::exchange(m_holdsKeyboard, true)) {
         m_subscription = m_connection.subscribe(*this);
         QCoreApplication::instance()->installNativeEventFilter(this);
@@ -51,13 +50,9 @@ KeyRecording::Outcome X11KeyRecording::begin(Listener& listener)
     return Outcome::Started;
 }
 
-void X11KeyRecording::end(Listener& listener)
+void X11KeyRecording::end()
 {
-    if (m_listener != &listener) {
-        return;
-    }
-    m_listener = nullptr;
-    if (m_keysDown.none()) {
+    if (std::exchange(m_isRecording, false) && m_keysDown.none()) {
         giveBack();
     }
 }
@@ -73,14 +68,14 @@ void X11KeyRecording::handleEvent(const xcb_generic_event_t& event)
     }
     const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
     if (generic.event_type == XCB_INPUT_KEY_PRESS) {
-        keyPressed(key);
+        handlePress(key);
     } else if (generic.event_type == XCB_INPUT_KEY_RELEASE) {
-        keyReleased(key.detail);
+        handleRelease(key.detail);
     }
 }
 
-// The toolkit is told that its window lost the keyboard to our grab; it would take the window for inactive. The focus
-// itself has not moved: where it does, that is told with another mode.
+// The server sends the toolkit a FocusOut event for our grab, after which the toolkit would deactivate its window. The focus
+// itself has not moved: an event for that has another mode.
 bool X11KeyRecording::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
 {
     if (eventType != QByteArrayLiteral("xcb_generic_event_t")) {
@@ -91,14 +86,14 @@ bool X11KeyRecording::nativeEventFilter(const QByteArray& eventType, void* messa
            reinterpret_cast<const xcb_focus_out_event_t&>(event).mode == XCB_NOTIFY_MODE_GRAB;
 }
 
-void X11KeyRecording::keyPressed(const xcb_input_key_press_event_t& event)
+void X11KeyRecording::handlePress(const xcb_input_key_press_event_t& event)
 {
     const auto keycode = event.detail;
     if (keycode >= m_keysDown.size()) {
         return;
     }
     m_keysDown.set(keycode);
-    if (!m_listener || m_modifierKeys.test(keycode)) {
+    if (!m_isRecording || m_modifierKeys.test(keycode)) {
         return;
     }
     const auto modifiers = m_modifierMap.shortcutModifiers(event.mods.effective);
@@ -108,15 +103,15 @@ void X11KeyRecording::keyPressed(const xcb_input_key_press_event_t& event)
     press.modifiers = modifiers.value_or(0);
     press.isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
     press.character = m_keymap.character(keycode, event.mods.effective, event.group.effective);
-    m_listener->keyPressed(press);
+    Q_EMIT keyPressed(press);
 }
 
-void X11KeyRecording::keyReleased(std::uint32_t keycode)
+void X11KeyRecording::handleRelease(std::uint32_t keycode)
 {
     if (keycode < m_keysDown.size()) {
         m_keysDown.reset(keycode);
     }
-    if (!m_listener && m_keysDown.none()) {
+    if (!m_isRecording && m_keysDown.none()) {
         giveBack();
     }
 }

@@ -14,8 +14,8 @@
 
 namespace tintwick {
 
-/// An active grab of the keyboard, which comes before all passive ones. The server gives it back when the connection
-/// closes, however the process ends.
+/// Records with an active keyboard grab, which has priority over passive grabs. The server releases it when the connection
+/// closes, also when the process is killed.
 class X11KeyRecording final : public KeyRecording,
                               private XcbConnection::Sink,
                               private QAbstractNativeEventFilter
@@ -25,15 +25,15 @@ public:
     X11KeyRecording(XcbConnection& connection, XkbKeymap& keymap);
     ~X11KeyRecording() override;
 
-    [[nodiscard]] Outcome begin(Listener& listener) override;
-    void end(Listener& listener) override;
+    [[nodiscard]] Outcome begin() override;
+    void end() override;
 
 private:
     void handleEvent(const xcb_generic_event_t& event) override;
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-    void keyPressed(const xcb_input_key_press_event_t& event);
-    void keyReleased(std::uint32_t keycode);
+    void handlePress(const xcb_input_key_press_event_t& event);
+    void handleRelease(std::uint32_t keycode);
     [[nodiscard]] bool grab();
     void giveBack();
 
@@ -44,8 +44,8 @@ private:
     ModifierMap m_modifierMap;
     std::bitset<256> m_modifierKeys;
 
-    /// None while idle, and while only the releases of the last recording are awaited.
-    Listener* m_listener = nullptr;
+    bool m_isRecording = false;
+    /// Stays true after end() until every recorded key is released.
     bool m_holdsKeyboard = false;
     std::bitset<256> m_keysDown;
     XcbConnection::Subscription m_subscription;
