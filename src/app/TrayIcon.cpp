@@ -44,7 +44,7 @@ TrayIcon::TrayIcon(QObject* parent)
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &TrayIcon::quitRequested);
 
-    dressMenu(m_menu);
+    styleMenu(m_menu);
     setMenuScheme(Scheme::Light);
     connect(&m_menu, &QMenu::aboutToShow, this, &TrayIcon::menuAboutToShow);
 

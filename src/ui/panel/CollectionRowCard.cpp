@@ -127,7 +127,7 @@ void CollectionRowCard::hoverChanged()
     m_animator.start();
 }
 
-QRectF CollectionRowCard::answerRect() const
+QRectF CollectionRowCard::stateLayerRect() const
 {
     return QRectF(rect()).adjusted(growth, growth, -growth, -growth);
 }
@@ -161,15 +161,15 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
 
 void CollectionRowCard::paintShadow(QPainter& painter) const
 {
-    scaleAboutMiddle(painter, answerRect(), scale());
-    drawShadowBetween(painter, answerRect(), cardRadius, shadowAtRest, hoverShadow, m_hover.fraction(),
+    scaleAboutMiddle(painter, stateLayerRect(), scale());
+    drawShadowBetween(painter, stateLayerRect(), cardRadius, shadowAtRest, hoverShadow, m_hover.fraction(),
                       Appearance::of(this));
 }
 
 void CollectionRowCard::paintEvent(QPaintEvent*)
 {
     const Scheme scheme = Appearance::of(this);
-    const QRectF card = answerRect();
+    const QRectF card = stateLayerRect();
     QPainter painter(this);
     scaleAboutMiddle(painter, card, scale());
 
@@ -208,13 +208,13 @@ void CollectionRowCard::paintEvent(QPaintEvent*)
     strokeInside(painter, card, cardRadius,
                  mixed(hovered, theme::accent.opacity(0.6).in(scheme), m_drop.fraction()),
                  std::lerp(1, 1.5, m_drop.fraction()));
-    paintAnswer(painter);
+    paintStateLayer(painter);
 }
 
 CollectionRowCard::Parts CollectionRowCard::partsWith(qsizetype squares) const
 {
     const QRectF inside =
-        answerRect().adjusted(horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
+        stateLayerRect().adjusted(horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
     const double chevronSide = std::round(symbolSide(chevronSize));
     Parts parts;
     parts.tile = QRectF(inside.topLeft(), QSizeF(tileSide, tileSide));

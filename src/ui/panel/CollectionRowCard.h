@@ -51,7 +51,7 @@ protected:
     void hoverChanged() override;
     void resizeEvent(QResizeEvent* event) override;
     /// The card without the margin for its hovered state.
-    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] QRectF stateLayerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] QList<MenuEntry> contextMenu() const override;

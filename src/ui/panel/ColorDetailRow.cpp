@@ -212,7 +212,7 @@ double ColorDetailRow::cornerRadius() const
     return ReorderList::plateRadius;
 }
 
-QRectF ColorDetailRow::answerRect() const
+QRectF ColorDetailRow::stateLayerRect() const
 {
     return rect().marginsRemoved(ReorderList::plateMargins);
 }
@@ -220,7 +220,7 @@ QRectF ColorDetailRow::answerRect() const
 void ColorDetailRow::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    paintAnswer(painter);
+    paintStateLayer(painter);
 }
 
 } // namespace tintwick

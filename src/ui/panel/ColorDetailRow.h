@@ -35,7 +35,7 @@ public:
     [[nodiscard]] PlainButton& removeButton() const { return *m_remove; }
 
 protected:
-    [[nodiscard]] QRectF answerRect() const override;
+    [[nodiscard]] QRectF stateLayerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     void hoverChanged() override;
     // The row is hovered while one of its buttons is.

@@ -142,7 +142,7 @@ void SwatchView::paintEvent(QPaintEvent*)
 
     scaleAboutMiddle(painter, squareAtRest(), scale());
     paintSquare(painter, hovered);
-    paintAnswer(painter);
+    paintStateLayer(painter);
 }
 
 void SwatchView::paintSquare(QPainter& painter, double hovered) const

@@ -76,7 +76,7 @@ protected:
     [[nodiscard]] AppState& appState() const { return m_appState; }
 
     void hoverChanged() override;
-    [[nodiscard]] QRectF answerRect() const override { return squareAtRest(); }
+    [[nodiscard]] QRectF stateLayerRect() const override { return squareAtRest(); }
     [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
     [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] bool hitButton(const QPoint& position) const override;

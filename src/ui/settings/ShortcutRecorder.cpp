@@ -3,7 +3,7 @@
 #include "Alert.h"
 #include "Appearance.h"
 #include "Button.h"
-#include "FocusRing.h"
+#include "Clickable.h"
 #include "KeyRecording.h"
 #include "Overlay.h"
 #include "Paint.h"
@@ -345,7 +345,7 @@ bool ShortcutRecorder::isOnField(const QWidget& clicked, const QMouseEvent& even
 
 void ShortcutRecorder::focusInEvent(QFocusEvent* event)
 {
-    m_showsFocusRing = focusRingIsShown(event->reason(), m_showsFocusRing);
+    m_showsFocusRing = Clickable::focusRingIsShown(event->reason(), m_showsFocusRing);
     QWidget::focusInEvent(event);
     update();
 }

@@ -1,8 +1,8 @@
 #include "Stack.h"
 #include "Appearance.h"
+#include "Bound.h"
 #include "Label.h"
 #include "Overhang.h"
-#include "ShownWhen.h"
 
 #include <QImage>
 #include <QTest>

@@ -67,7 +67,7 @@ void TextButton::paintEvent(QPaintEvent*)
     }
     painter.setPen((isProminent ? theme::white : theme::textPrimary).in(scheme));
     painter.drawText(rect(), Qt::AlignCenter, m_title);
-    paintAnswer(painter);
+    paintStateLayer(painter);
 }
 
 PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,

@@ -1,7 +1,6 @@
 #include "Clickable.h"
 
 #include "Appearance.h"
-#include "FocusRing.h"
 #include "HelpBubble.h"
 #include "Paint.h"
 #include "StackLayout.h"
@@ -25,10 +24,10 @@ constexpr double plainRadius = 6;
 
 } // namespace
 
-class Clickable::Answer final : public QWidget
+class Clickable::StateLayer final : public QWidget
 {
 public:
-    explicit Answer(Clickable& control)
+    explicit StateLayer(Clickable& control)
         : QWidget(&control)
         , m_control(control)
     {
@@ -39,7 +38,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        m_control.paintAnswer(painter);
+        m_control.paintStateLayer(painter);
     }
 
 private:
@@ -49,18 +48,34 @@ private:
 Clickable::Clickable(const QString& name)
 {
     setAccessibleName(name);
-    // Clicking must not take the focus away from where the user is typing.
+    // A click must not take the focus from a text field.
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(this, &QAbstractButton::pressed, this, &Clickable::updateAnswer);
-    connect(this, &QAbstractButton::released, this, &Clickable::updateAnswer);
+    connect(this, &QAbstractButton::pressed, this, &Clickable::updateStateLayer);
+    connect(this, &QAbstractButton::released, this, &Clickable::updateStateLayer);
 }
 
 bool Clickable::showsFocusRing(const QWidget* widget)
 {
     const auto* control = qobject_cast<const Clickable*>(widget);
     return control != nullptr && control->showsFocusRing();
+}
+
+bool Clickable::focusRingIsShown(Qt::FocusReason reason, bool shown)
+{
+    switch (reason) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        return true;
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+        // The focus returns from another window or popup.
+        return shown;
+    default:
+        return false;
+    }
 }
 
 void Clickable::onClick(std::function<void()> action)
@@ -82,25 +97,25 @@ void Clickable::setContent(QWidget* content)
 {
     content->setAttribute(Qt::WA_TransparentForMouseEvents);
     fillWith(*this, content);
-    m_answer = new Answer(*this);
-    m_answer->setGeometry(rect());
+    m_stateLayer = new StateLayer(*this);
+    m_stateLayer->setGeometry(rect());
 }
 
-void Clickable::paintAnswer(QPainter& painter) const
+void Clickable::paintStateLayer(QPainter& painter) const
 {
     const Scheme scheme = Appearance::of(this);
     if (isEnabled() && (isDown() || (isHovered() && tintsHover()))) {
-        fillRounded(painter, answerRect(), cornerRadius(),
+        fillRounded(painter, stateLayerRect(), cornerRadius(),
                     theme::textPrimary.opacity(isDown() ? pressTint : hoverTint).in(scheme));
     }
     if (showsFocusRing()) {
-        drawFocusRing(painter, answerRect(), cornerRadius(), scheme);
+        drawFocusRing(painter, stateLayerRect(), cornerRadius(), scheme);
     }
 }
 
 void Clickable::hoverChanged()
 {
-    updateAnswer();
+    updateStateLayer();
 }
 
 QList<MenuEntry> Clickable::contextMenu() const
@@ -131,7 +146,7 @@ bool Clickable::event(QEvent* event)
         setHovered(true);
         break;
     case QEvent::HoverMove:
-        // While a button is held down, the pointer is heard of beside the view too.
+        // While a mouse button is held, moves are reported outside the view, too.
         setHovered(rect().contains(static_cast<QHoverEvent*>(event)->position().toPoint()));
         break;
     case QEvent::HoverLeave:
@@ -151,7 +166,7 @@ void Clickable::focusInEvent(QFocusEvent* event)
 {
     m_showsFocusRing = focusRingIsShown(event->reason(), m_showsFocusRing);
     QAbstractButton::focusInEvent(event);
-    updateAnswer();
+    updateStateLayer();
 }
 
 void Clickable::focusOutEvent(QFocusEvent* event)
@@ -160,7 +175,7 @@ void Clickable::focusOutEvent(QFocusEvent* event)
         m_showsFocusRing = false;
     }
     QAbstractButton::focusOutEvent(event);
-    updateAnswer();
+    updateStateLayer();
 }
 
 void Clickable::keyPressEvent(QKeyEvent* event)
@@ -177,7 +192,7 @@ void Clickable::keyPressEvent(QKeyEvent* event)
         contextMenuEvent(&request);
         return;
     }
-    // The arrow keys of a plain button would wander through its siblings in no order.
+    // QAbstractButton would move the focus between siblings with the arrow keys.
     if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
         QAbstractButton::keyPressEvent(event);
     } else {
@@ -188,9 +203,9 @@ void Clickable::keyPressEvent(QKeyEvent* event)
 void Clickable::resizeEvent(QResizeEvent* event)
 {
     QAbstractButton::resizeEvent(event);
-    if (m_answer != nullptr) {
-        m_answer->setGeometry(rect());
-        m_answer->raise();
+    if (m_stateLayer != nullptr) {
+        m_stateLayer->setGeometry(rect());
+        m_stateLayer->raise();
     }
 }
 
@@ -204,11 +219,11 @@ void Clickable::setHovered(bool isHovered)
     }
 }
 
-void Clickable::updateAnswer()
+void Clickable::updateStateLayer()
 {
     update();
-    if (m_answer != nullptr) {
-        m_answer->update();
+    if (m_stateLayer != nullptr) {
+        m_stateLayer->update();
     }
 }
 

@@ -9,24 +9,24 @@
 
 namespace tintwick {
 
-/// What can be clicked: hover, keyboard focus and its ring, Space and Return, a context menu, and a name for screen
-/// readers. A subclass either composes its content or paints itself; then it calls `paintAnswer()` last.
+/// The base of all controls that can be clicked: hover, keyboard focus and its ring, Space and Return, a context menu, and an
+/// accessible name. A subclass either sets a content, or paints itself and calls `paintStateLayer()` last.
 class Clickable : public QAbstractButton
 {
     Q_OBJECT
 
 public:
-    /// `name` is what a screen reader says.
+    /// `name` is for screen readers.
     explicit Clickable(const QString& name);
 
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
-    /// Whether the focus came by the keyboard and is to be seen.
+    /// Whether the control has the focus and got it by the keyboard.
     [[nodiscard]] bool showsFocusRing() const { return m_showsFocusRing; }
-    /// The same of any widget, or of none.
+    /// The same for any widget. False for null and for widgets that are not `Clickable`.
     [[nodiscard]] static bool showsFocusRing(const QWidget* widget);
-
-    /// To be called when something else has taken the pointer, which is not told as its leaving.
-    void forgetPointer() { setHovered(false); }
+    /// Whether a control that gets the focus for `reason` shows the focus ring. `shown` is whether it showed the ring when it
+    /// had the focus last.
+    [[nodiscard]] static bool focusRingIsShown(Qt::FocusReason reason, bool shown);
 
     void onClick(std::function<void()> action);
 
@@ -34,17 +34,18 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    /// Makes `content` the whole of the control. Clicks go through it to the control.
+    /// Makes `content` fill the control. Mouse events pass through it to the control.
     void setContent(QWidget* content);
-    /// Tints what is hovered or pressed, and draws the ring of keyboard focus.
-    void paintAnswer(QPainter& painter) const;
+    /// Paints the tint of a hovered or pressed control and its focus ring.
+    void paintStateLayer(QPainter& painter) const;
     virtual void hoverChanged();
-    /// What the secondary button, the menu key and Shift+F10 open; nothing while it is empty.
+    /// The entries of the menu that opens on the right button, the menu key and Shift+F10. Empty for no menu.
     [[nodiscard]] virtual QList<MenuEntry> contextMenu() const;
-    /// The shape of tint and ring.
-    [[nodiscard]] virtual QRectF answerRect() const { return rect(); }
+    /// The rectangle of tint and focus ring.
+    [[nodiscard]] virtual QRectF stateLayerRect() const { return rect(); }
+    /// Of tint and focus ring, in points.
     [[nodiscard]] virtual double cornerRadius() const;
-    /// No for a view that shows in its own way that the pointer is over it.
+    /// False for a view that shows hovering in another way.
     [[nodiscard]] virtual bool tintsHover() const { return true; }
 
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -56,13 +57,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    class Answer;
+    class StateLayer;
 
     void setHovered(bool isHovered);
-    void updateAnswer();
+    void updateStateLayer();
 
-    /// Above the content.
-    Answer* m_answer = nullptr;
+    /// Above the content; null without one.
+    StateLayer* m_stateLayer = nullptr;
     bool m_isHovered = false;
     bool m_showsFocusRing = false;
 };

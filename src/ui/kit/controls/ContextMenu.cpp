@@ -1,14 +1,14 @@
 #include "ContextMenu.h"
 
 #include "Appearance.h"
-#include "Clickable.h"
 #include "InOneLine.h"
 #include "KitStyle.h"
 #include "PopupWindow.h"
 #include "Symbol.h"
 #include "Theme.h"
 
-#include <QEvent>
+#include <QCoreApplication>
+#include <QHoverEvent>
 #include <QMenu>
 #include <QScreen>
 
@@ -16,10 +16,10 @@ namespace tintwick {
 
 namespace {
 
-/// Between a button and the menu that it drops.
+/// Points between a button and its drop-down menu.
 constexpr int dropDownGap = 4;
 
-/// Fits the corners of a menu to the size it has when it opens.
+/// Rounds the corners of a menu when its size is known.
 class CornerFitter final : public QObject
 {
 public:
@@ -34,15 +34,27 @@ public:
     }
 };
 
-/// Titles are people's own words, in which an ampersand is one and a tab sets off no shortcut.
+/// A title that shows the user's text as it is: QMenu takes a single ampersand for a mnemonic and a tab for the start of a
+/// shortcut.
 QString literal(const QString& title)
 {
     return inOneLine(title).replace(u'&', QStringLiteral("&&"));
 }
 
+/// Ends the hover state of `owner` and of the widgets that contain it. Qt sends no leave event when a menu grabs the pointer.
+void sendHoverLeave(QWidget& owner)
+{
+    for (QWidget* widget = &owner; widget != nullptr; widget = widget->parentWidget()) {
+        if (widget->testAttribute(Qt::WA_Hover)) {
+            QHoverEvent leave(QEvent::HoverLeave, QPointF(-1, -1), QPointF(-1, -1), QPointF(-1, -1));
+            QCoreApplication::sendEvent(widget, &leave);
+        }
+    }
+}
+
 } // namespace
 
-void dressMenu(QMenu& menu)
+void styleMenu(QMenu& menu)
 {
     menu.setStyle(KitStyle::shared());
     menu.setFont(theme::font(13));
@@ -53,7 +65,7 @@ void dressMenu(QMenu& menu)
 
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
 {
-    dressMenu(menu);
+    styleMenu(menu);
     for (const MenuEntry& entry : entries) {
         switch (entry.kind) {
         case MenuEntry::Kind::Separator:
@@ -123,13 +135,7 @@ QMenu* makeMenu(QWidget& owner, const QList<MenuEntry>& entries)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setPalette(Appearance::palette(Appearance::of(&owner)));
     fillMenu(*menu, entries);
-    QObject::connect(menu, &QMenu::aboutToHide, &owner, [&owner] {
-        for (QWidget* below = &owner; below != nullptr; below = below->parentWidget()) {
-            if (auto* control = qobject_cast<Clickable*>(below)) {
-                control->forgetPointer();
-            }
-        }
-    });
+    QObject::connect(menu, &QMenu::aboutToHide, &owner, [&owner] { sendHoverLeave(owner); });
     return menu;
 }
 

@@ -17,7 +17,7 @@ Label::Label(const QString& text, const QFont& font, const theme::Color& color)
     : m_text(text)
     , m_color(color)
 {
-    describeToScreenReaders();
+    describeToScreenReaders<Label>(QAccessible::StaticText);
     setFont(font);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setAccessibleName(text);

@@ -1,6 +1,7 @@
 #include "MenuButton.h"
 
 #include "Accessibility.h"
+#include "AccessibleMenuButton.h"
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -16,7 +17,9 @@ MenuButton::MenuButton(const QString& name, std::function<QList<MenuEntry>()> en
     , m_entries(std::move(entries))
     , m_cornerRadius(cornerRadius)
 {
-    describeToScreenReaders();
+    describeToScreenReaders<MenuButton>([](QWidget& button) {
+        return new AccessibleMenuButton(static_cast<MenuButton&>(button), QAccessible::ButtonMenu);
+    });
     setContent(content);
     onClick([this] { open(); });
 }
@@ -62,7 +65,7 @@ void MenuButton::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// A plain button acts on the release of what was pressed, which the menu may have taken by then.
+// QAbstractButton would click on the release of a key whose press opened the menu.
 void MenuButton::keyReleaseEvent(QKeyEvent* event)
 {
     event->ignore();

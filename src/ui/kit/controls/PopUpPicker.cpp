@@ -1,11 +1,12 @@
 #include "PopUpPicker.h"
 
+#include "Accessibility.h"
+#include "AccessibleMenuButton.h"
 #include "KitStyle.h"
 #include "Label.h"
 #include "Stack.h"
 #include "SymbolView.h"
 
-#include <QAccessible>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -21,6 +22,24 @@ constexpr int pickerHeight = 28;
 constexpr double radius = 8;
 constexpr int titlePadding = 12;
 constexpr int chevronPadding = 8;
+
+class AccessiblePopUpPicker final : public AccessibleMenuButton
+{
+public:
+    explicit AccessiblePopUpPicker(PopUpPicker& picker)
+        : AccessibleMenuButton(picker, QAccessible::ComboBox)
+        , m_picker(picker)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? m_picker.selectedTitle() : QAccessibleWidget::text(kind);
+    }
+
+private:
+    PopUpPicker& m_picker;
+};
 
 } // namespace
 
@@ -40,6 +59,8 @@ PopUpPicker::PopUpPicker(const QString& name, QStringList titles, qsizetype sele
     , m_selected(selected)
     , m_title(title)
 {
+    describeToScreenReaders<PopUpPicker>(
+        [](QWidget& picker) { return new AccessiblePopUpPicker(static_cast<PopUpPicker&>(picker)); });
 }
 
 void PopUpPicker::setSelected(qsizetype position)
@@ -81,7 +102,7 @@ QList<MenuEntry> PopUpPicker::choices()
 QMenu* PopUpPicker::openMenu(const QList<MenuEntry>& entries)
 {
     QMenu* menu = makeMenu(*this, entries);
-    // The chosen title lies over itself, and the menu ends where the control does or beyond.
+    // The chosen line covers the title of the control, and the menu is at least as wide as the control.
     const int left = titlePadding - KitStyle::checkedTitleInset;
     menu->setMinimumWidth(width() - left);
     QAction* chosen = menu->actions().at(m_selected);

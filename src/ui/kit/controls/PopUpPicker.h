@@ -10,21 +10,21 @@ namespace tintwick {
 
 class Label;
 
-/// A button that shows the chosen one of several titles and opens the menu of all of them, the chosen one over its own
-/// place. To a screen reader it is a combo box whose value is the title.
+/// A button that shows the chosen title and opens a menu of all titles, with the chosen line over the button. Screen readers
+/// see a combo box whose value is the title.
 class PopUpPicker final : public MenuButton
 {
     Q_OBJECT
 
 public:
-    /// `name` is what a screen reader calls it. `selected` is a position in `titles`.
+    /// `name` is for screen readers. `selected` is an index of `titles`.
     PopUpPicker(const QString& name, const QStringList& titles, qsizetype selected);
 
     [[nodiscard]] qsizetype selected() const { return m_selected; }
     [[nodiscard]] QString selectedTitle() const { return m_titles.at(m_selected); }
-    /// Does not call what `onSelect()` was given.
+    /// Does not run the action of `onSelect()`.
     void setSelected(qsizetype position);
-    /// `action` is called with the position that the user has chosen, when it was not chosen before.
+    /// Runs `action` with the index when the user chooses another title.
     void onSelect(std::function<void(qsizetype position)> action);
 
 protected:

@@ -70,7 +70,7 @@ ReorderList::ReorderList(const QString& name, int rowHeight, int separatorInset)
     , m_lift(liftResponse, 1)
     , m_animator([this](double seconds) { return advance(seconds); })
 {
-    describeToScreenReaders();
+    describeToScreenReaders<ReorderList>(QAccessible::List);
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

@@ -61,7 +61,7 @@ protected:
         painter.setFont(titleFont());
         painter.setPen((isChecked() ? theme::textPrimary : theme::textSecond).in(scheme));
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_title);
-        paintAnswer(painter);
+        paintStateLayer(painter);
     }
 
 private:
@@ -78,7 +78,7 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& titles,
         return isMoving;
     })
 {
-    describeToScreenReaders();
+    describeToScreenReaders<SegmentedPicker>(QAccessible::Grouping);
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (const QString& title : titles) {

@@ -1,5 +1,6 @@
 #include "SymbolView.h"
 
+#include "Accessibility.h"
 #include "Appearance.h"
 
 #include <QPainter>
@@ -14,6 +15,7 @@ SymbolView::SymbolView(QString name, int size, SymbolWeight weight, const theme:
     , m_weight(weight)
     , m_color(color)
 {
+    describeToScreenReaders<SymbolView>(QAccessible::Graphic);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QObject>
+#include <QWidget>
 
 #include <functional>
 #include <utility>
@@ -8,7 +8,7 @@
 
 namespace tintwick {
 
-/// A value computed from state, together with the signals that say when to compute it again.
+/// A value computed from state, and the signals after which it is computed again.
 template <typename Value>
 class Bound final
 {
@@ -18,7 +18,7 @@ public:
     {
     }
 
-    /// Computes anew whenever `sender` emits `signal`. Further calls add further signals.
+    /// Adds a signal after which the value is computed again. `sender` must outlive the receivers.
     template <typename Sender, typename Signal>
     [[nodiscard]] Bound changedBy(const Sender& sender, Signal signal) &&
     {
@@ -28,7 +28,7 @@ public:
         return std::move(*this);
     }
 
-    /// Calls `apply` with the value, now and after every change, as long as `receiver` lives.
+    /// Calls `apply` with the value now and after every signal, while `receiver` lives.
     void follow(QObject& receiver, const std::function<void(const Value&)>& apply) const
     {
         apply(m_value());
@@ -49,6 +49,21 @@ template <typename Function>
 [[nodiscard]] auto bound(Function value)
 {
     return Bound<std::decay_t<decltype(value())>>(std::move(value));
+}
+
+/// Hides `widget`, which also takes it out of its layout, while the condition is false. Returns `widget`.
+template <typename Widget>
+[[nodiscard]] Widget* shownWhen(const Bound<bool>& condition, Widget* widget)
+{
+    condition.follow(*widget, [widget](bool shown) {
+        // A widget without a parent would become a window.
+        if (!shown) {
+            widget->hide();
+        } else if (widget->parentWidget() != nullptr) {
+            widget->show();
+        }
+    });
+    return widget;
 }
 
 } // namespace tintwick

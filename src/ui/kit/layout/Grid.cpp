@@ -69,7 +69,7 @@ void Grid::resizeEvent(QResizeEvent*)
 void Grid::changed()
 {
     updateGeometry();
-    // Several changes in a row are laid out once.
+    // Posted, so that several changes cause one layout.
     QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 

@@ -14,9 +14,11 @@ struct GridShape
     int padding;
 };
 
-/// Children from left to right and from top to bottom, in columns that share the width equally and rows as high as the
-/// highest child. A child keeps its own size, in the middle of its column and at the top of its row; what overhangs its
-/// place finds room in the gaps and the padding.
+/// Lays children out from left to right and from top to bottom, in columns of equal width and rows as high as the highest
+/// child. A child keeps its size, centred in its column at the top of its row. Overhangs extend into gaps and padding.
+///
+/// Not QGridLayout: it has no overhang, gives columns different widths when the division leaves a remainder, and cannot move a
+/// child to another position.
 class Grid final : public QWidget
 {
     Q_OBJECT
@@ -24,9 +26,9 @@ class Grid final : public QWidget
 public:
     explicit Grid(const GridShape& shape);
 
-    /// Before the child at a position; one that is a child already is moved there.
+    /// Inserts before the child at `position`, or moves there what is a child already.
     void insert(int position, QWidget* child);
-    /// Takes a child out; it stays its child and is hidden.
+    /// Takes a child out of the layout and hides it. It stays a child widget.
     void remove(QWidget* child);
 
     [[nodiscard]] QSize sizeHint() const override;

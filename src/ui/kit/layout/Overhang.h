@@ -6,8 +6,8 @@ class QWidget;
 
 namespace tintwick {
 
-/// A view that reaches beyond the place it takes in a row or column, such as one that grows a little when hovered. Its
-/// widget is larger than its place by the overhang on each side; sizes, gaps and paddings speak of the place alone.
+/// A view that paints outside its place in a layout, for instance because it grows when hovered. Its widget is larger than the
+/// place by the overhang on each side. Sizes, gaps and paddings refer to the place.
 class Overhanging
 {
 public:
@@ -22,7 +22,7 @@ protected:
     Overhanging() = default;
 };
 
-/// None for a widget that is not `Overhanging`.
+/// Zero for a widget that is not `Overhanging`.
 [[nodiscard]] QMargins overhangOf(const QWidget& widget);
 
 } // namespace tintwick

@@ -1,5 +1,6 @@
 #include "Rule.h"
 
+#include "Accessibility.h"
 #include "Appearance.h"
 #include "Paint.h"
 #include "Theme.h"
@@ -10,6 +11,7 @@ namespace tintwick {
 
 Rule::Rule()
 {
+    describeToScreenReaders<Rule>(QAccessible::Separator);
     setFixedHeight(1);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

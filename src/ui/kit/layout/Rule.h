@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// A line over the full width, half a point high in a box of one point.
+/// A horizontal line over the full width, half a point thick in a box of one point.
 class Rule final : public QWidget
 {
     Q_OBJECT

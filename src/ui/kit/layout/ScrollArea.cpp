@@ -13,14 +13,15 @@ namespace tintwick {
 
 namespace {
 
-/// Of the eighths of a degree in which wheels are told: one notch, 120 of them, is 60 points.
+/// Wheel events count eighths of a degree. One notch is 120 of them and scrolls 60 points.
 constexpr double pointsPerEighth = 0.5;
 
-/// Beside a row, for shadows; one that begins to be cut off fades over as many points as shadows mostly reach.
+/// Room for shadows at the left and right of a row. The shadow of a child fades out while the child is scrolled out of view
+/// by the first `shadowFade` points.
 constexpr QMargins shadowRoom(16, 0, 16, 0);
 constexpr double shadowFade = 8;
 
-/// So much of what is beside the focus comes into view with it.
+/// Points that are scrolled into view around the focused widget.
 constexpr int seenBesideFocus = 32;
 
 } // namespace
@@ -48,7 +49,7 @@ ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargi
 
 ScrollArea::~ScrollArea()
 {
-    // What has the focus in it loses it when the content is deleted, which is later than this.
+    // Deleting the content later moves the focus, and the slot must not run then.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -64,7 +65,7 @@ QSize ScrollArea::minimumSizeHint() const
 
 bool ScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
-    // A layout that is hidden tells of its first change only.
+    // A hidden layout requests only its first change, so showing it counts as a change.
     if (watched == widget() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)) {
         fitContent();
     }
@@ -87,9 +88,9 @@ void ScrollArea::wheelEvent(QWheelEvent* event)
         event->ignore();
         return;
     }
-    m_owed -= eighths * pointsPerEighth;
-    const int points = static_cast<int>(std::trunc(m_owed));
-    m_owed -= points;
+    m_remainder -= eighths * pointsPerEighth;
+    const int points = static_cast<int>(std::trunc(m_remainder));
+    m_remainder -= points;
     const int before = bar->value();
     bar->setValue(before + points);
     event->setAccepted(bar->value() != before || points == 0);
@@ -123,7 +124,7 @@ void ScrollArea::paintShadow(QPainter& painter) const
 
 void ScrollArea::fitContent()
 {
-    // What does not fit is to be scrolled, not squeezed.
+    // Content that does not fit is scrolled, not squeezed.
     if (m_direction == Qt::Vertical) {
         widget()->setMinimumHeight(widget()->sizeHint().height());
     } else {
@@ -134,7 +135,7 @@ void ScrollArea::fitContent()
 
 void ScrollArea::follow(const QWidget* before, QWidget* focused)
 {
-    // A window that is left and come back to stays as it was scrolled.
+    // When a window becomes active again, its scroll position stays.
     const bool isMoved = before != nullptr && before->isVisible();
     if (!isMoved || focused == nullptr || !widget()->isAncestorOf(focused)) {
         return;

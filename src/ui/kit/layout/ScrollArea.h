@@ -7,8 +7,10 @@
 
 namespace tintwick {
 
-/// A view onto content that is longer than its room in one direction. It has no indicators. What gets the focus in it
-/// comes into view.
+/// Scrolls content in one direction, without scroll bars. A widget in it that gets the focus is scrolled into view.
+///
+/// More than QScrollArea, because a wheel turned up and down must scroll a horizontal area only when no page around it can
+/// scroll, fine wheels need fractions of a point, and the shadows of a row must be visible outside the viewport.
 class ScrollArea final : public QScrollArea, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
@@ -20,7 +22,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QMargins overhang() const override { return m_overhang; }
-    /// What a row cuts off beside it: the shadows of what is wholly in view.
+    /// Paints the parts of shadows that the viewport clips at the left and right, for children that are wholly in view.
     void paintShadow(QPainter& painter) const override;
 
 protected:
@@ -30,19 +32,19 @@ protected:
 private:
     void fitContent();
     void follow(const QWidget* before, QWidget* focused);
-    /// Whether a turn up or down is for what this area stands in.
+    /// Whether a vertical area around this one can scroll.
     [[nodiscard]] bool isInScrollingPage() const;
 
     Qt::Orientation m_direction;
     QMargins m_overhang;
-    /// Parts of a point that a fine wheel has turned so far.
-    double m_owed = 0;
+    /// The fraction of a point that wheel events have added up to.
+    double m_remainder = 0;
 };
 
-/// Scrolls up and down; as wide as it is given room.
+/// Scrolls vertically and takes all available width.
 [[nodiscard]] ScrollArea* verticalScroll(QWidget* content);
-/// Scrolls to the sides, as high as its content. A wheel that turns up and down is the page's, where there is one to
-/// scroll, unless Shift is held. It reaches `overhang` points beyond its place on the left and on the right.
+/// Scrolls horizontally and is as high as its content. A wheel turned up and down scrolls it only when no page around it can
+/// scroll or while Shift is held. It overhangs its place by `overhang` points at the left and right.
 [[nodiscard]] ScrollArea* horizontalScroll(QWidget* content, int overhang = 0);
 
 } // namespace tintwick

@@ -1,19 +1,24 @@
 #include "ShadowCaster.h"
 
-#include "Stack.h"
-
 #include <QAbstractScrollArea>
 #include <QPainter>
+#include <QWidget>
 
 namespace tintwick {
 
 namespace {
 
-/// The room that a scroll area clips its content to, and a window, end the search for a ground.
+/// A window and the viewport of a scroll area, which clips its content, end the search for a ground.
 bool endsSearch(const QWidget& widget)
 {
     return widget.isWindow() || widget.parentWidget() == nullptr ||
            qobject_cast<const QAbstractScrollArea*>(widget.parentWidget()) != nullptr;
+}
+
+bool hasGround(const QWidget& widget)
+{
+    const auto* ground = dynamic_cast<const ShadowGround*>(&widget);
+    return ground != nullptr && ground->hasGround();
 }
 
 const QWidget* groundAbove(const QWidget& widget)
@@ -21,11 +26,11 @@ const QWidget* groundAbove(const QWidget& widget)
     const QWidget* outermost = nullptr;
     for (const QWidget* above = &widget; !endsSearch(*above);) {
         above = above->parentWidget();
-        if (const auto* stack = qobject_cast<const Stack*>(above)) {
-            outermost = stack;
-            if (stack->hasGround()) {
-                break;
-            }
+        if (dynamic_cast<const ShadowGround*>(above) != nullptr) {
+            outermost = above;
+        }
+        if (hasGround(*above)) {
+            break;
         }
     }
     return outermost;
@@ -44,9 +49,7 @@ void paintShadowsBelow(const QWidget& widget, const QWidget& ground, QPainter& p
             caster->paintShadow(painter);
             painter.restore();
         }
-        const auto* stack = qobject_cast<const Stack*>(child);
-        const bool hasOwnGround = stack != nullptr && stack->hasGround();
-        if (!hasOwnGround && qobject_cast<const QAbstractScrollArea*>(child) == nullptr) {
+        if (!hasGround(*child) && qobject_cast<const QAbstractScrollArea*>(child) == nullptr) {
             paintShadowsBelow(*child, ground, painter);
         }
     }
@@ -61,17 +64,16 @@ void paintShadowsOn(const QWidget& ground, QPainter& painter)
 
 bool isShadowGround(const QWidget& widget)
 {
-    const auto* stack = qobject_cast<const Stack*>(&widget);
-    return (stack != nullptr && stack->hasGround()) || groundAbove(widget) == nullptr;
+    return hasGround(widget) || groundAbove(widget) == nullptr;
 }
 
 void updateShadow(QWidget& caster, const QMargins& extents)
 {
-    // The ground is changed in what it shows only.
+    // Only a repaint is requested of the ground.
     if (auto* ground =
             const_cast<QWidget*>(groundAbove(caster))) { // NOLINT(cppcoreguidelines-pro-type-const-cast)
         ground->update(caster.rect().marginsAdded(extents).translated(caster.mapTo(ground, QPoint(0, 0))));
-        // A row lets shadows of what it shows fall beside itself.
+        // A horizontal scroll area paints the shadows of its content outside itself.
         QWidget* viewport = ground->parentWidget();
         if (viewport != nullptr && dynamic_cast<ShadowCaster*>(viewport->parentWidget()) != nullptr) {
             updateShadow(*viewport->parentWidget(), extents);

@@ -6,8 +6,8 @@ class QWidget;
 
 namespace tintwick {
 
-/// A view whose shadow falls beyond its own rectangle. The nearest stack with a ground (or the outermost one) paints it,
-/// below all views on it.
+/// A view whose shadow falls outside its own rectangle. The nearest shadow ground above it paints the shadow, below all views
+/// on that ground.
 class ShadowCaster
 {
 public:
@@ -15,18 +15,33 @@ public:
     ShadowCaster(const ShadowCaster&) = delete;
     ShadowCaster& operator=(const ShadowCaster&) = delete;
 
-    /// In the caster's own coordinates.
+    /// Paints in the coordinates of the caster.
     virtual void paintShadow(QPainter& painter) const = 0;
 
 protected:
     ShadowCaster() = default;
 };
 
-/// Paints the shadows of all casters upon `ground`, down to the next grounds.
+/// A view that paints the shadows of the casters in it.
+class ShadowGround
+{
+public:
+    virtual ~ShadowGround() = default;
+    ShadowGround(const ShadowGround&) = delete;
+    ShadowGround& operator=(const ShadowGround&) = delete;
+
+    /// Whether it draws a background that shadows fall on. Without one it paints shadows only if no ground is above it.
+    [[nodiscard]] virtual bool hasGround() const = 0;
+
+protected:
+    ShadowGround() = default;
+};
+
+/// Paints the shadows of all casters in `ground`, except of those on a nested ground.
 void paintShadowsOn(const QWidget& ground, QPainter& painter);
-/// Whether shadows of what lies on `widget` fall on itself.
+/// Whether `widget` paints the shadows of the casters in it.
 [[nodiscard]] bool isShadowGround(const QWidget& widget);
-/// To be called by a caster when its shadow has changed, which reaches `extents` points beyond it.
+/// Repaints the ground after the shadow of `caster` has changed. The shadow reaches `extents` points beyond the caster.
 void updateShadow(QWidget& caster, const QMargins& extents);
 
 } // namespace tintwick

@@ -47,7 +47,7 @@ QSize StackItem::minimumSize() const
 
 QSize StackItem::maximumSize() const
 {
-    // A box layout would make all its items as narrow as the narrowest that does not grow.
+    // A box layout limits all items to the smallest maximum.
     QSize size = QWidgetItem::maximumSize().shrunkBy(overhangOf(*widget()));
     if (m_direction == Qt::Vertical) {
         size.setWidth(QWIDGETSIZE_MAX);

@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// The place of a widget in a row or column, without its overhang. One that can grow across it fills the room, any other
-/// keeps its own extent and stands where `across` says.
+/// The place of a widget in a row or column, without its overhang. A widget that can grow across the direction fills the room;
+/// any other keeps its extent and is aligned by `across`.
 class StackItem final : public QWidgetItem
 {
 public:
@@ -22,19 +22,19 @@ private:
     Qt::Alignment m_across;
 };
 
-/// Room that grows, with the gaps of the stack on both of its sides.
+/// Room that grows, with the gap of the stack on both sides.
 class SpacerItem final : public QSpacerItem
 {
 public:
     explicit SpacerItem(Qt::Orientation direction);
 
-    /// A box layout leaves no gap beside what is empty.
+    /// Not empty, because a box layout leaves no gap beside an empty item.
     [[nodiscard]] bool isEmpty() const override { return false; }
 };
 
 [[nodiscard]] bool canGrow(QSizePolicy::Policy policy);
 
-/// Lays `content` out as the whole of `host`, which takes its size from it.
+/// Lays `content` out so that it fills `host` and determines its size.
 void fillWith(QWidget& host, QWidget* content);
 
 } // namespace tintwick

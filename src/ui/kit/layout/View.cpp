@@ -1,8 +1,14 @@
 #include "View.h"
 
+#include "Accessibility.h"
 #include "StackLayout.h"
 
 namespace tintwick {
+
+View::View()
+{
+    describeToScreenReaders<View>(QAccessible::Pane);
+}
 
 void View::setContent(QWidget* content)
 {

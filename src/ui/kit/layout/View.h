@@ -4,13 +4,15 @@
 
 namespace tintwick {
 
-/// A view that is composed of others: its constructor says `setContent(column(...))`.
+/// A view composed of others. Its constructor calls `setContent(column(...))`.
 class View : public QWidget
 {
     Q_OBJECT
 
 protected:
-    /// Makes `content` the whole of the view; what was there before is deleted.
+    View();
+
+    /// Makes `content` fill the view. Deletes the previous content.
     void setContent(QWidget* content);
     [[nodiscard]] QWidget* content() const { return m_content; }
 

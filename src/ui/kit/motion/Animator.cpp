@@ -1,7 +1,5 @@
 #include "Animator.h"
 
-#include "Ticker.h"
-
 #include <utility>
 
 namespace tintwick {

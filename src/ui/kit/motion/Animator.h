@@ -1,26 +1,26 @@
 #pragma once
 
+#include "Ticker.h"
+
 #include <functional>
 
 namespace tintwick {
 
-/// Moves its owner's springs on with every frame until they rest. A member of the view whose values it moves.
-class Animator final
+/// Advances the springs of a view frame by frame until they rest. A member of that view.
+class Animator final : private Motion
 {
 public:
-    /// Given the seconds since the last frame; returns whether anything still moves.
+    /// Receives the seconds since the last frame and returns whether anything still moves.
     using Step = std::function<bool(double seconds)>;
 
     explicit Animator(Step step);
-    ~Animator();
-    Animator(const Animator&) = delete;
-    Animator& operator=(const Animator&) = delete;
+    ~Animator() override;
 
-    /// Goes on until the step says that all is at rest. Where motion is reduced, that is before this returns.
+    /// Runs until the step returns false. With reduced motion the step has run to its end before this returns.
     void start();
 
 private:
-    friend class Ticker;
+    bool advance(double seconds) override { return m_step(seconds); }
 
     Step m_step;
 };

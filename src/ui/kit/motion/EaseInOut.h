@@ -2,7 +2,7 @@
 
 namespace tintwick {
 
-/// A value that goes to its target in a given time, slowly at both ends.
+/// A value that reaches its target in a fixed time, slow at both ends.
 class EaseInOut final
 {
 public:
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] constexpr double target() const { return m_target; }
     [[nodiscard]] constexpr bool isMoving() const { return m_elapsed < m_duration; }
 
-    /// Sets out from where it is now.
+    /// Starts from the present position.
     void setTarget(double target);
     /// Returns whether it still moves.
     bool advance(double seconds);

@@ -1,7 +1,5 @@
 #include "Ticker.h"
 
-#include "Animator.h"
-
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -10,9 +8,10 @@ namespace tintwick {
 
 namespace {
 
-/// Longer than anything here takes to come to rest.
+/// Seconds; longer than any motion takes to come to rest.
 constexpr double allMotion = 3600;
 
+/// In milliseconds.
 int frameInterval(double rate)
 {
     return static_cast<int>(1000 / std::clamp(rate > 0 ? rate : 60, 30.0, 144.0));
@@ -29,7 +28,7 @@ Ticker& Ticker::shared()
 void Ticker::setMode(Mode mode)
 {
     m_mode = mode;
-    runOrRest();
+    updateTimer();
 }
 
 void Ticker::setRefreshRate(double rate)
@@ -47,14 +46,14 @@ void Ticker::setMotionReduced(bool reduced)
 
 void Ticker::advance(double seconds)
 {
-    // A step may start or end the motion of others.
-    const std::vector<Animator*> now = m_moving;
-    for (Animator* animator : now) {
-        if (std::ranges::find(m_moving, animator) != m_moving.end() && !animator->m_step(seconds)) {
-            std::erase(m_moving, animator);
+    // A copy, because a step may start or stop other motions.
+    const std::vector<Motion*> now = m_moving;
+    for (Motion* motion : now) {
+        if (std::ranges::find(m_moving, motion) != m_moving.end() && !motion->advance(seconds)) {
+            std::erase(m_moving, motion);
         }
     }
-    runOrRest();
+    updateTimer();
 }
 
 void Ticker::timerEvent(QTimerEvent* event)
@@ -65,25 +64,25 @@ void Ticker::timerEvent(QTimerEvent* event)
     }
 }
 
-void Ticker::start(Animator& animator)
+void Ticker::start(Motion& motion)
 {
     if (m_motionReduced) {
-        animator.m_step(allMotion);
+        motion.advance(allMotion);
         return;
     }
-    if (std::ranges::find(m_moving, &animator) == m_moving.end()) {
-        m_moving.push_back(&animator);
-        runOrRest();
+    if (std::ranges::find(m_moving, &motion) == m_moving.end()) {
+        m_moving.push_back(&motion);
+        updateTimer();
     }
 }
 
-void Ticker::stop(Animator& animator)
+void Ticker::stop(Motion& motion)
 {
-    std::erase(m_moving, &animator);
-    runOrRest();
+    std::erase(m_moving, &motion);
+    updateTimer();
 }
 
-void Ticker::runOrRest()
+void Ticker::updateTimer()
 {
     const bool run = m_mode == Mode::Clock && !m_moving.empty();
     if (run && !m_timer.isActive()) {

@@ -51,7 +51,7 @@ Overlay::Overlay(QWidget& host, const QString& title, Stack* form, std::function
         return moves;
     })
 {
-    describeToScreenReaders();
+    describeToScreenReaders<Overlay>(QAccessible::Dialog);
     setAccessibleName(title);
     setFocusPolicy(Qt::NoFocus);
     m_card->setParent(this);

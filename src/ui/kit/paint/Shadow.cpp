@@ -1,6 +1,7 @@
 #include "Shadow.h"
 
 #include "Corners.h"
+#include "GaussianBlur.h"
 #include "Paint.h"
 
 #include <QCache>
@@ -11,20 +12,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace tintwick {
 
 namespace {
 
-/// Beyond this many standard deviations a shadow is fainter than one step of a byte.
-constexpr double visibleDeviations = 3;
-/// Kilobytes of tinted shapes that are kept; a panel full of swatches needs some hundreds, four times as much at scale 2.
+/// Kilobytes of cached tinted shapes. A panel full of swatches needs some hundred, four times as much at scale 2.
 constexpr qsizetype tintedLimit = 3072;
-/// The same of the blurred shapes, of which there are a few for each scale.
+/// Kilobytes of cached blurred shapes, of which there are a few for each scale.
 constexpr qsizetype blurredLimit = 1024;
 
-/// All that a blur depends on.
+/// Everything that the result of a blur depends on.
 struct Shape
 {
     double cornerRadius;
@@ -49,54 +47,18 @@ struct Key
 
 int reachOf(double shadowRadius)
 {
-    return static_cast<int>(std::ceil(visibleDeviations * shadowRadius / 2));
+    return GaussianBlur{.standardDeviation = shadowRadius / 2}.reach();
 }
 
-/// Blurs along rows; called twice with the picture turned in between it blurs both ways.
-QImage blurredAndTurned(const QImage& source, const std::vector<float>& weights)
-{
-    const int reach = static_cast<int>(weights.size()) / 2;
-    QImage result(source.height(), source.width(), QImage::Format_Alpha8);
-    std::vector<float> padded(static_cast<std::size_t>(source.width() + 2 * reach));
-    for (int y = 0; y < source.height(); ++y) {
-        std::ranges::fill(padded, 0.0F);
-        std::copy_n(source.constScanLine(y), source.width(), padded.begin() + reach);
-        for (int x = 0; x < source.width(); ++x) {
-            float sum = 0;
-            for (std::size_t tap = 0; tap < weights.size(); ++tap) {
-                sum += padded[static_cast<std::size_t>(x) + tap] * weights[tap];
-            }
-            result.scanLine(x)[y] = static_cast<uchar>(std::lround(sum));
-        }
-    }
-    return result;
-}
-
-std::vector<float> gaussian(double deviation)
-{
-    const int reach = static_cast<int>(std::ceil(visibleDeviations * deviation));
-    std::vector<float> weights;
-    float sum = 0;
-    for (int distance = -reach; distance <= reach; ++distance) {
-        const double x = distance / deviation;
-        weights.push_back(static_cast<float>(std::exp(-0.5 * x * x)));
-        sum += weights.back();
-    }
-    for (float& weight : weights) {
-        weight /= sum;
-    }
-    return weights;
-}
-
-/// The points from an outer edge of the picture to where only the colour of the edge goes on: the part that is painted
-/// unstretched.
+/// The size in points of a corner of the blurred picture, which is painted unstretched. Between two corners the picture is the
+/// same along the edge.
 int cornerPart(double cornerRadius, double shadowRadius)
 {
     return static_cast<int>(std::ceil(1.3 * cornerRadius)) + 2 * reachOf(shadowRadius);
 }
 
-/// The shadow of the smallest shape with such corners, without a colour.
-QImage blurred(const Shape& key)
+/// The blurred alpha of the smallest rounded rectangle that has such corners.
+QImage blurredShape(const Shape& key)
 {
     const double scale = key.devicePixelRatio;
     const int reach = reachOf(key.shadowRadius);
@@ -110,11 +72,7 @@ QImage blurred(const Shape& key)
     painter.fillPath(roundedPath(QRectF(reach, reach, side - 2 * reach, side - 2 * reach), key.cornerRadius),
                      Qt::black);
     painter.end();
-    if (key.shadowRadius > 0) {
-        const std::vector<float> weights = gaussian(key.shadowRadius / 2 * scale);
-        shape = blurredAndTurned(blurredAndTurned(shape, weights), weights);
-    }
-    return shape;
+    return blurred(shape, {.standardDeviation = key.shadowRadius / 2 * scale});
 }
 
 QImage tinted(const QImage& shape, QRgb color)
@@ -138,7 +96,7 @@ QImage cached(QCache<Key, QImage>& cache, const Key& key, const Make& make)
     return made;
 }
 
-/// Whether a rectangle is in what a widget is asked to paint. Of a long list in a scroll area most is not.
+/// Whether a rectangle touches the region that the widget is asked to paint. Most of a long list in a scroll area does not.
 bool canBeSeen(const QPainter& painter, const QRectF& rect)
 {
     const QRegion asked = painter.paintEngine()->systemClip();
@@ -154,7 +112,7 @@ QImage shadowOf(const Key& key)
     return cached(tintedShapes, key, [&] {
         const QImage shape = cached(blurredShapes, key.shape, [&] {
             ++blurs;
-            return blurred(key.shape);
+            return blurredShape(key.shape);
         });
         return tinted(shape, key.color);
     });
@@ -189,7 +147,7 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
     const double part = cornerPart(fitting, shadow.radius);
     const double side = 2 * part + 1;
     const double pixel = image.width() / side;
-    // A shape smaller than its blur has no middle: its corners are drawn as far as they go.
+    // A shape smaller than its blur has no middle. Its corners are cut.
     const double partX = std::min(part, target.width() / 2);
     const double partY = std::min(part, target.height() / 2);
     const double targetX[] = {target.left(), target.left() + partX, target.right() - partX, target.right()};
@@ -198,13 +156,13 @@ void drawShadow(QPainter& painter, const QRectF& rect, double cornerRadius, cons
     const double fromY[] = {0, partY, side - partY, side};
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    // Where two pieces meet inside a pixel, both would cover it in part and a seam would show.
+    // With antialiasing, two pieces that meet inside a pixel would leave a visible seam.
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             const QRectF to(QPointF(targetX[column], targetY[row]),
                             QPointF(targetX[column + 1], targetY[row + 1]));
-            // The middle strip is the same everywhere: one point of it is enough.
+            // The middle strip is uniform, so one point of it is stretched.
             const double left = column == 1 ? part : fromX[column];
             const double top = row == 1 ? part : fromY[row];
             const double right = column == 1 ? part + 1 : fromX[column + 1];
