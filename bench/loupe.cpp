@@ -12,20 +12,16 @@ using namespace tintwick;
 
 namespace {
 
-PixelGrid colorfulGrid(int radius)
+QImage colorfulPixels(int radius)
 {
     const int side = 2 * radius + 1;
-    PixelGrid grid;
-    grid.reserve(static_cast<std::size_t>(side));
+    QImage pixels(side, side, QImage::Format_RGB32);
     for (int r = 0; r < side; ++r) {
-        std::vector<SampledColor> row;
-        row.reserve(static_cast<std::size_t>(side));
         for (int c = 0; c < side; ++c) {
-            row.push_back({(c * 8 % 256) / 255.0, (r * 8 % 256) / 255.0, ((r + c) * 4 % 256) / 255.0, 1});
+            pixels.setPixel(c, r, qRgb(c * 8 % 256, r * 8 % 256, (r + c) * 4 % 256));
         }
-        grid.push_back(row);
     }
-    return grid;
+    return pixels;
 }
 
 /// Arguments: side in points, scale in percent, radius.
@@ -33,16 +29,15 @@ void renderFrame(benchmark::State& state)
 {
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
     const double scale = static_cast<double>(state.range(1)) / 100;
-    const PixelGrid grid = colorfulGrid(static_cast<int>(state.range(2)));
+    const QImage grid = colorfulPixels(static_cast<int>(state.range(2)));
     LoupeRenderer view;
-    view.setPixels(grid);
     view.render(look, scale);
     int frame = 0;
     for ([[maybe_unused]] auto _ : state) {
         // Each move changes the text, as over a photograph.
         ++frame;
         view.setPixels(grid);
-        view.setCenterColor(SampledColor{(frame % 251) / 255.0, (frame % 83) / 255.0, 0.5});
+        view.setCenterColor(qRgb(frame % 251, frame % 83, 128));
         benchmark::DoNotOptimize(view.render(look, scale).constBits());
     }
 }
@@ -52,7 +47,7 @@ void renderFirstFrame(benchmark::State& state)
 {
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
     const double scale = static_cast<double>(state.range(1)) / 100;
-    const PixelGrid grid = colorfulGrid(static_cast<int>(state.range(2)));
+    const QImage grid = colorfulPixels(static_cast<int>(state.range(2)));
     for ([[maybe_unused]] auto _ : state) {
         LoupeRenderer view;
         view.setPixels(grid);
@@ -65,8 +60,8 @@ void renderAfterZoom(benchmark::State& state)
 {
     const LoupeLook look{.isCircle = false, .side = static_cast<double>(state.range(0))};
     const double scale = static_cast<double>(state.range(1)) / 100;
-    const PixelGrid grids[] = {colorfulGrid(static_cast<int>(state.range(2))),
-                               colorfulGrid(static_cast<int>(state.range(2)) - 1)};
+    const QImage grids[] = {colorfulPixels(static_cast<int>(state.range(2))),
+                            colorfulPixels(static_cast<int>(state.range(2)) - 1)};
     LoupeRenderer view;
     std::size_t step = 0;
     for ([[maybe_unused]] auto _ : state) {

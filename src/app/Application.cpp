@@ -32,6 +32,11 @@ std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
     return prefersDark ? std::optional(*prefersDark ? Scheme::Dark : Scheme::Light) : std::nullopt;
 }
 
+CapturedColor captured(QRgb color)
+{
+    return CapturedColor::capture(qRed(color) / 255.0, qGreen(color) / 255.0, qBlue(color) / 255.0, 1);
+}
+
 } // namespace
 
 void Application::setUpToolkit()
@@ -48,8 +53,8 @@ void Application::setUpToolkit()
 
 Application::Application(std::unique_ptr<Platform> platform)
     : m_platform(std::move(platform))
-    , m_capture(m_platform->screenGrabber())
-    , m_picker(*m_platform, m_capture, m_preferences)
+    , m_picker(*m_platform, m_preferences,
+               [this](QRgb color) { return m_appState.copiedText(captured(color)); })
     , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences)
 {
 }
@@ -115,15 +120,14 @@ QWidget* Application::createSettings(QWidget& panel)
     return new SettingsScreen(
         m_appState, m_preferences,
         {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(), m_trayIcon.menu()},
-        m_platform->screenGrabber(), panel);
+        *m_platform, panel);
 }
 
 void Application::setupPicker()
 {
-    m_picker.setOnColorCaptured([this](const SampledColor& color) {
-        m_platform->prepareClipboard();
-        m_appState.colorCaptured(CapturedColor::capture(color.red, color.green, color.blue, color.alpha));
-    });
+    connect(&m_picker, &Picker::picked, this,
+            [this](QRgb color) { m_appState.colorCaptured(captured(color)); });
+    connect(&m_picker, &Picker::failed, this, &Application::reportFailedPick);
 }
 
 void Application::togglePanel()
@@ -212,11 +216,7 @@ void Application::startPick(PickOrigin origin)
     if (m_panelView) {
         m_panelView->showNotice({});
     }
-    m_picker.showPicker();
-    if (!m_picker.isPicking()) {
-        reportFailedPick(
-            tr("Another program is using the pointer or the keyboard, for example with an open menu."));
-    }
+    m_picker.start();
 }
 
 void Application::reportFailedPick(const QString& reason)

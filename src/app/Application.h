@@ -1,12 +1,11 @@
 #pragma once
 
 #include "AppState.h"
-#include "ColorPickerService.h"
 #include "Notifier.h"
 #include "PanelHost.h"
+#include "Picker.h"
 #include "Platform.h"
 #include "Preferences.h"
-#include "ScreenCaptureService.h"
 #include "ShortcutRegistry.h"
 #include "TrayIcon.h"
 
@@ -61,7 +60,7 @@ private:
     /// Hides the panel first, so that the user can pick what it covers.
     void pickFromPanel();
     void startPick(PickOrigin origin);
-    /// Says why no pick has begun: in the panel if its button was used, else in a notification.
+    /// Shows why no pick has begun: in the panel if its button was used, else in a notification.
     void reportFailedPick(const QString& reason);
 
     std::unique_ptr<Platform> m_platform;
@@ -70,8 +69,7 @@ private:
     TrayIcon m_trayIcon;
     Notifier m_notifier;
     PickOrigin m_pickOrigin = PickOrigin::Elsewhere;
-    ScreenCaptureService m_capture;
-    ColorPickerService m_picker;
+    Picker m_picker;
     /// Owned by the panel.
     PanelView* m_panelView = nullptr;
     std::unique_ptr<Panel> m_panel;

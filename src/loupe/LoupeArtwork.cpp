@@ -98,12 +98,12 @@ QImage LoupeArtwork::opening() const
     QImage image = blank(QImage::Format_Alpha8);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(scopeOpening(), Qt::black);
+    painter.fillPath(lensOpening(), Qt::black);
     painter.fillPath(pillShape(0), Qt::black);
     return image;
 }
 
-QImage LoupeArtwork::aboveScope(int count) const
+QImage LoupeArtwork::aboveLens(int count) const
 {
     QImage image = blank(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
@@ -135,17 +135,17 @@ QPainterPath LoupeArtwork::ringPath() const
 {
     const double scale = m_geometry.scale();
     const double inset = loupe::borderWidth * scale / 2;
-    const QRectF rect = QRectF(m_geometry.scope()).adjusted(inset, inset, -inset, -inset);
+    const QRectF rect = QRectF(m_geometry.lens()).adjusted(inset, inset, -inset, -inset);
     QPainterPath path;
     if (m_look.isCircle) {
         path.addEllipse(rect);
     } else {
-        path.addRoundedRect(rect, loupe::scopeCorner * scale, loupe::scopeCorner * scale);
+        path.addRoundedRect(rect, loupe::lensCorner * scale, loupe::lensCorner * scale);
     }
     return path;
 }
 
-QPainterPath LoupeArtwork::scopeOpening() const
+QPainterPath LoupeArtwork::lensOpening() const
 {
     // One pixel wider than the cells' area: the ring covers that pixel, and no half-transparent seam is left
     // where the antialiased edges of the ring and the opening would meet.
@@ -155,7 +155,7 @@ QPainterPath LoupeArtwork::scopeOpening() const
     if (m_look.isCircle) {
         path.addEllipse(rect);
     } else {
-        const double corner = (loupe::scopeCorner - loupe::borderWidth) * m_geometry.scale() + overlap;
+        const double corner = (loupe::lensCorner - loupe::borderWidth) * m_geometry.scale() + overlap;
         path.addRoundedRect(rect, corner, corner);
     }
     return path;
@@ -183,19 +183,19 @@ void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
     const double exactWidth = gridLineWidth * m_geometry.scale();
     const int width = std::max(1, qRound(exactWidth));
     const QColor color = gray(0, 0.13 * exactWidth / width);
-    const QRect scope = m_geometry.scope();
+    const QRect lens = m_geometry.lens();
     const std::vector<int> edges = m_geometry.cellEdges(count);
 
     painter.save();
-    painter.setClipPath(scopeOpening());
+    painter.setClipPath(lensOpening());
     // Where lines cross they are not to add up.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (int i = 1; i < count; ++i) {
         // On the side away from the middle, so that the centre cell keeps all its pixels.
         const int edge = edges[static_cast<std::size_t>(i)];
         const int start = 2 * i <= count ? edge - width : edge;
-        painter.fillRect(start, scope.top(), width, scope.height(), color);
-        painter.fillRect(scope.left(), start, scope.width(), width, color);
+        painter.fillRect(start, lens.top(), width, lens.height(), color);
+        painter.fillRect(lens.left(), start, lens.width(), width, color);
     }
     painter.restore();
 }

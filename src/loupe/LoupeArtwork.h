@@ -24,14 +24,14 @@ public:
     [[nodiscard]] QImage opening() const;
     /// Above the cells: grid lines for `count` cells a side, the centre cell's outlines, the ring.
     /// Premultiplied ARGB32.
-    [[nodiscard]] QImage aboveScope(int count) const;
+    [[nodiscard]] QImage aboveLens(int count) const;
     /// Above the pill's colour: its outline. Premultiplied ARGB32.
     [[nodiscard]] QImage abovePill(PillTone tone) const;
 
 private:
     [[nodiscard]] QImage blank(QImage::Format format) const;
     [[nodiscard]] QPainterPath ringPath() const;
-    [[nodiscard]] QPainterPath scopeOpening() const;
+    [[nodiscard]] QPainterPath lensOpening() const;
     [[nodiscard]] QPainterPath pillShape(double inset) const;
     void strokeRing(QPainter& painter) const;
     void drawGridLines(QPainter& painter, int count) const;

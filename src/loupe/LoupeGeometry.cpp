@@ -9,7 +9,7 @@ namespace tintwick {
 
 namespace {
 
-/// Halves go down, that is away from the middle for positions in the scope's first half: the centre cell is
+/// Halves go down, that is away from the middle for positions in the lens's first half: the centre cell is
 /// never the one that loses a pixel.
 int nearestPixel(double position)
 {
@@ -26,7 +26,7 @@ LoupeGeometry::LoupeGeometry(double side, double scale)
 {
 }
 
-QRect LoupeGeometry::scope() const
+QRect LoupeGeometry::lens() const
 {
     return {0, 0, m_size.width(), m_size.width()};
 }
@@ -34,7 +34,7 @@ QRect LoupeGeometry::scope() const
 QRectF LoupeGeometry::inner() const
 {
     const double border = loupe::borderWidth * m_scale;
-    return QRectF(scope()).adjusted(border, border, -border, -border);
+    return QRectF(lens()).adjusted(border, border, -border, -border);
 }
 
 QRect LoupeGeometry::pill() const
@@ -69,24 +69,14 @@ QRect LoupeGeometry::centerCell(int count) const
     return {start, start, side - 2 * start, side - 2 * start};
 }
 
-std::optional<Screen> screenAt(GlobalPoint pointer, const std::vector<Screen>& screens)
+QPointF loupePlace(QPointF pointer, QSize loupe, QSize screen, double margin)
 {
-    if (screens.empty()) {
-        return std::nullopt;
-    }
-    const CoordinateFlip flip(screens.front().frame);
-    const auto found = std::ranges::find_if(
-        screens, [&](const Screen& screen) { return flip.toGlobal(screen.frame).contains(pointer); });
-    return found == screens.end() ? screens.front() : *found;
-}
-
-GlobalPoint loupeOrigin(GlobalPoint pointer, QSize loupe, double scopeSide, const GlobalRect& screen,
-                        double margin)
-{
-    const double x = pointer.x - loupe.width() / 2.0;
-    const double y = pointer.y - (loupe.height() - scopeSide / 2);
-    return {std::max(screen.minX() + margin, std::min(screen.maxX() - loupe.width() - margin, x)),
-            std::max(screen.minY() + margin, std::min(screen.maxY() - loupe.height() - margin, y))};
+    // The lens is as wide as the loupe, and square.
+    const double lensRadius = loupe.width() / 2.0;
+    const double rightmost = screen.width() - loupe.width() - margin;
+    const double lowest = screen.height() - loupe.height() - margin;
+    return {std::max(margin, std::min(rightmost, pointer.x() - lensRadius)),
+            std::min(lowest, std::max(margin, pointer.y() - lensRadius))};
 }
 
 } // namespace tintwick

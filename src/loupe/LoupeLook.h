@@ -6,7 +6,7 @@ namespace tintwick {
 struct LoupeLook
 {
     bool isCircle = false;
-    /// Side of the scope in points.
+    /// Side of the lens in points.
     double side = 130;
 
     friend constexpr bool operator==(const LoupeLook&, const LoupeLook&) = default;

@@ -11,17 +11,8 @@ namespace tintwick {
 
 namespace {
 
-constexpr SampledColor emptyGridColor{0.94, 0.94, 0.94, 1};
-constexpr SampledColor noCenterColor{0.95, 0.95, 0.95, 1};
-
-/// Rounded, so that a byte that was read from the screen is the byte that is shown.
-QRgb toPixel(const SampledColor& color)
-{
-    const auto byte = [](double component) {
-        return static_cast<int>(std::clamp(component, 0.0, 1.0) * 255 + 0.5);
-    };
-    return qRgb(byte(color.red), byte(color.green), byte(color.blue));
-}
+constexpr QRgb emptyLensColor = qRgb(240, 240, 240);
+constexpr QRgb noCenterColor = qRgb(242, 242, 242);
 
 QRgb* pixelRow(QImage& image, int y)
 {
@@ -43,12 +34,14 @@ LoupeRenderer::Prepared::Prepared(const LoupeLook& ofLook, double scale)
 {
 }
 
-void LoupeRenderer::setPixels(PixelGrid pixels)
+void LoupeRenderer::setPixels(const QImage& pixels)
 {
-    m_pixels = std::move(pixels);
+    Q_ASSERT(pixels.isNull() ||
+             (pixels.format() == QImage::Format_RGB32 && pixels.width() == pixels.height()));
+    m_pixels = pixels;
 }
 
-void LoupeRenderer::setCenterColor(std::optional<SampledColor> color)
+void LoupeRenderer::setCenterColor(std::optional<QRgb> color)
 {
     m_centerColor = color;
 }
@@ -56,7 +49,7 @@ void LoupeRenderer::setCenterColor(std::optional<SampledColor> color)
 const QImage& LoupeRenderer::render(const LoupeLook& look, double scale)
 {
     prepare(look, scale);
-    drawScope();
+    drawLens();
     drawInfoPill();
     return m_image;
 }
@@ -68,43 +61,38 @@ void LoupeRenderer::prepare(const LoupeLook& look, double scale)
         m_image = QImage(m_prepared->geometry.size(), QImage::Format_ARGB32_Premultiplied);
     }
     Prepared& prepared = *m_prepared;
-    const int cellCount = m_pixels.empty() ? loupe::emptyGridSide : static_cast<int>(m_pixels.size());
+    const int cellCount = m_pixels.isNull() ? loupe::emptyGridSide : m_pixels.width();
     if (prepared.cellCount != cellCount) {
         const QRect aboveThePill(0, 0, m_image.width(), prepared.geometry.pill().top());
         prepared.cellCount = cellCount;
         prepared.cellEdges = prepared.geometry.cellEdges(cellCount);
-        prepared.scope.emplace(prepared.below, prepared.opening, prepared.artwork.aboveScope(cellCount),
-                               aboveThePill);
+        prepared.lens.emplace(prepared.below, prepared.opening, prepared.artwork.aboveLens(cellCount),
+                              aboveThePill);
     }
 }
 
-void LoupeRenderer::drawScope()
+void LoupeRenderer::drawLens()
 {
     Prepared& prepared = *m_prepared;
-    const LoupeStencil& stencil = *prepared.scope;
+    const LoupeStencil& stencil = *prepared.lens;
     const std::vector<int>& edges = prepared.cellEdges;
     QRgb* const live = prepared.liveRow.data();
-    const std::ptrdiff_t width = stencil.width();
-
     const auto composeRows = [&](int from, int to) {
         for (int y = from; y < to; ++y) {
             stencil.composeRow(y, live, pixelRow(m_image, y));
         }
     };
-    if (m_pixels.empty()) {
-        std::fill_n(live, width, toPixel(emptyGridColor));
+    if (m_pixels.isNull()) {
+        std::fill_n(live, stencil.width(), emptyLensColor);
         composeRows(0, edges.back());
     }
-    for (std::size_t r = 0; r < m_pixels.size(); ++r) {
-        const std::vector<SampledColor>& row = m_pixels[r];
-        const std::size_t cells = std::min(row.size(), m_pixels.size());
-        for (std::size_t c = 0; c < cells; ++c) {
-            std::fill(live + edges[c], live + edges[c + 1], toPixel(row[c]));
+    for (int row = 0; row < m_pixels.height(); ++row) {
+        const auto* pixels = reinterpret_cast<const QRgb*>(m_pixels.constScanLine(row));
+        const auto edge = edges.begin() + row;
+        for (std::size_t column = 0; column + 1 < edges.size(); ++column) {
+            std::fill(live + edges[column], live + edges[column + 1], pixels[column]);
         }
-        for (int y = edges[r]; y < edges[r + 1]; ++y) {
-            std::copy(stencil.rowBelow(y) + edges[cells], stencil.rowBelow(y) + width, live + edges[cells]);
-            composeRows(y, y + 1);
-        }
+        composeRows(edge[0], edge[1]);
     }
     // Nothing live shows in the gap above the pill.
     composeRows(edges.back(), prepared.geometry.pill().top());
@@ -113,13 +101,13 @@ void LoupeRenderer::drawScope()
 void LoupeRenderer::drawInfoPill()
 {
     Prepared& prepared = *m_prepared;
-    const SampledColor color = m_centerColor.value_or(noCenterColor);
+    const QRgb color = m_centerColor.value_or(noCenterColor);
     const PillContent content = PillContent::of(color);
     const LoupeStencil& stencil =
         content.tone == PillTone::LightBackground ? prepared.lightPill : prepared.darkPill;
     const QRect pill = prepared.geometry.pill();
 
-    std::ranges::fill(prepared.liveRow, toPixel(color));
+    std::ranges::fill(prepared.liveRow, color);
     for (int y = 0; y < pill.height(); ++y) {
         stencil.composeRow(y, prepared.liveRow.data(), pixelRow(m_image, pill.top() + y));
     }

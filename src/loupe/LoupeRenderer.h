@@ -4,7 +4,6 @@
 #include "LoupeLabel.h"
 #include "LoupeLook.h"
 #include "LoupeStencil.h"
-#include "PixelGrid.h"
 
 #include <QImage>
 
@@ -13,24 +12,22 @@
 
 namespace tintwick {
 
-/// Draws the loupe: the scope with the enlarged pixels, and below it the pill with the colour under the
-/// pointer, its hexadecimal code and its name. It has no window; whoever shows the picture asks for the next
-/// frame.
+/// Draws the loupe: the lens with the enlarged pixels, and below it the pill with the colour under the pointer, its
+/// hexadecimal code and its name. It draws pictures only; the caller shows them.
 class LoupeRenderer final
 {
 public:
-    /// An empty grid shows a light field; a row shorter than the grid has rows leaves the rest of itself
-    /// clear.
-    void setPixels(PixelGrid pixels);
+    /// One pixel of the square picture (Format_RGB32) is one cell of the lens. A null picture shows a light field.
+    void setPixels(const QImage& pixels);
     /// Without a colour the pill is light grey.
-    void setCenterColor(std::optional<SampledColor> color);
+    void setCenterColor(std::optional<QRgb> color);
 
-    /// Draws one frame, `scale` physical pixels per point. The picture is premultiplied ARGB32 of side × scale by
-    /// (side + 56) × scale pixels, rounded. The image is reused: the next call draws into it again.
+    /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, side × scale by (side + 56) × scale
+    /// pixels, rounded. The next call draws into the same image.
     const QImage& render(const LoupeLook& look, double scale);
 
 private:
-    /// All that depends on shape, size and scale only, made once for many frames.
+    /// Everything that depends on shape, size and scale only.
     struct Prepared
     {
         Prepared(const LoupeLook& ofLook, double scale);
@@ -44,18 +41,18 @@ private:
         LoupeStencil darkPill;
         LoupeLabel label;
         std::vector<QRgb> liveRow;
-        /// For the number of cells a side in the last frame.
+        /// Cells per side in the last frame.
         int cellCount = 0;
         std::vector<int> cellEdges;
-        std::optional<LoupeStencil> scope;
+        std::optional<LoupeStencil> lens;
     };
 
     void prepare(const LoupeLook& look, double scale);
-    void drawScope();
+    void drawLens();
     void drawInfoPill();
 
-    PixelGrid m_pixels;
-    std::optional<SampledColor> m_centerColor;
+    QImage m_pixels;
+    std::optional<QRgb> m_centerColor;
     std::optional<Prepared> m_prepared;
     QImage m_image;
 };

@@ -19,7 +19,6 @@ LoupeStencil::LoupeStencil(const QImage& below, const QImage& opening, const QIm
     : m_width(part.width())
 {
     const auto count = static_cast<std::size_t>(part.width()) * static_cast<std::size_t>(part.height());
-    m_below.reserve(count);
     m_kept.reserve(count);
     m_added.reserve(count);
     for (int y = part.top(); y <= part.bottom(); ++y) {
@@ -41,7 +40,6 @@ LoupeStencil::LoupeStencil(const QImage& below, const QImage& opening, const QIm
             const auto added = [&](int topChannel, int baseChannel) {
                 return std::min(static_cast<int>(fixed(topChannel, baseChannel) + 0.5F), addedAlpha);
             };
-            m_below.push_back(base);
             m_kept.push_back(qRgba(kept, kept, kept, kept));
             m_added.push_back(qRgba(added(qRed(top), qRed(base)), added(qGreen(top), qGreen(base)),
                                     added(qBlue(top), qBlue(base)), addedAlpha));

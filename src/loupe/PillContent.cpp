@@ -3,31 +3,28 @@
 #include "CapturedColor.h"
 #include "ColorNames.h"
 
-#include <algorithm>
-
 namespace tintwick {
 
 namespace {
 
-/// The weights of Rec. 709 luminance, on the components as they are, without linearization.
-double luminance(const SampledColor& color)
+/// 0 to 1; the weights of Rec. 709 on the encoded components, without linearization.
+double luminance(QRgb color)
 {
-    return 0.2126 * color.red + 0.7152 * color.green + 0.0722 * color.blue;
+    return (0.2126 * qRed(color) + 0.7152 * qGreen(color) + 0.0722 * qBlue(color)) / 255;
 }
 
 } // namespace
 
-PillContent PillContent::of(const SampledColor& color)
+PillContent PillContent::of(QRgb color)
 {
-    // Undoing a premultiplication that was not one can give more than 1.
-    const auto bounded = [](double component) { return std::clamp(component, 0.0, 1.0); };
-    const auto byte = [&](double component) { return static_cast<unsigned>(bounded(component) * 255); };
-    // Only the components count for the name; a whole capture would cost a random identity with every frame.
+    // Only the components count for the name; CapturedColor::capture() would create a random id for every frame.
     CapturedColor unnamed;
-    unnamed.red = bounded(color.red);
-    unnamed.green = bounded(color.green);
-    unnamed.blue = bounded(color.blue);
-    return {.hex = QString::asprintf("%02X%02X%02X", byte(color.red), byte(color.green), byte(color.blue)),
+    unnamed.red = qRed(color) / 255.0;
+    unnamed.green = qGreen(color) / 255.0;
+    unnamed.blue = qBlue(color) / 255.0;
+    return {.hex =
+                QString::asprintf("%02X%02X%02X", static_cast<unsigned>(qRed(color)),
+                                  static_cast<unsigned>(qGreen(color)), static_cast<unsigned>(qBlue(color))),
             .name = ColorNames::shared().nearest(unnamed),
             .tone = luminance(color) > 0.45 ? PillTone::LightBackground : PillTone::DarkBackground};
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "PixelGrid.h"
-
+#include <QColor>
 #include <QString>
 
 namespace tintwick {
@@ -9,17 +8,16 @@ namespace tintwick {
 /// Whether dark or light text stands on the pill's colour.
 enum class PillTone { LightBackground, DarkBackground };
 
-/// What the loupe's pill says about a colour.
+/// The texts of the loupe's pill for a colour.
 struct PillContent
 {
-    /// Six upper-case digits without "#". Components are truncated to bytes here, not rounded as in the texts
-    /// of a captured colour; for a colour that came from bytes it makes no difference.
+    /// Six upper-case digits without "#".
     QString hex;
     /// The nearest named colour.
     QString name;
     PillTone tone = PillTone::LightBackground;
 
-    [[nodiscard]] static PillContent of(const SampledColor& color);
+    [[nodiscard]] static PillContent of(QRgb color);
 
     friend bool operator==(const PillContent&, const PillContent&) = default;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "CapturePermission.h"
+#include "PickingSession.h"
 
 #include <memory>
 
@@ -9,10 +10,7 @@ namespace tintwick {
 class GlobalShortcuts;
 class KeyboardLayout;
 class KeyRecording;
-class LoupeSurface;
 class PanelHost;
-class PickingInput;
-class ScreenGrabber;
 
 /// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program; what it
 /// offers is used once the application object exists.
@@ -21,14 +19,14 @@ class Platform
 public:
     virtual ~Platform() = default;
 
-    [[nodiscard]] virtual ScreenGrabber& screenGrabber() = 0;
-    [[nodiscard]] virtual PickingInput& pickingInput() = 0;
-    /// Never none.
-    [[nodiscard]] virtual std::unique_ptr<LoupeSurface> createLoupeSurface() = 0;
+    /// Call once, as soon as the application object exists and before the first pick.
+    virtual void preparePicking() = 0;
+    /// Starts a pick; the first report, or `refused()`, follows from the event loop. Never returns none. One session at a
+    /// time: end the one before first. The listener must outlive the session.
+    [[nodiscard]] virtual std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) = 0;
+    [[nodiscard]] virtual CapturePermission capturePermission() const = 0;
+
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
-    /// To be called before something is put on the clipboard that no event of our own windows asked for; a desktop may
-    /// refuse it otherwise. Runs a nested event loop without input.
-    virtual void prepareClipboard() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
     /// Null when the desktop does not let a program take the keyboard.

@@ -85,9 +85,7 @@ void AppState::colorCaptured(const CapturedColor& color)
         m_history.removeLast();
     }
     Q_EMIT historyChanged();
-
-    m_clipboard.copy(copiedText(color));
-    showCopyFeedback(m_defaultFormat, named(color));
+    showCopyFeedback(m_defaultFormat, m_history.first());
     save();
 }
 

@@ -50,10 +50,10 @@ public:
 
     [[nodiscard]] const Clipboard& clipboard() const { return m_clipboard; }
 
-    /// The text that is copied when the colour is captured: in the default format, after the colour is named.
+    /// The text that a pick of the colour copies: in the default format, with the name that the history will give it.
     [[nodiscard]] QString copiedText(const CapturedColor& color) const;
-    /// Names the colour from the table of names if it has no name, puts it at the head of the history, drops the oldest
-    /// beyond the limit, and copies its text.
+    /// Takes in a picked colour whose text has been copied: names it by the table of names if it has no name, puts it at
+    /// the head of the history and drops the oldest beyond the limit.
     void colorCaptured(const CapturedColor& color);
     /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);

@@ -86,7 +86,6 @@ void OursAloneTest::nothingReachesAnotherProgram()
     window->forgetEvents();
 
     desktop.movePointer({500, 500});
-    desktop.click(PrivateDesktop::Button::Right);
     desktop.click(PrivateDesktop::Button::Middle);
     desktop.scroll(3);
     desktop.scroll(-3);
@@ -114,16 +113,20 @@ void OursAloneTest::nothingReachesAnotherProgram()
 
 void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed_data()
 {
+    using Button = PrivateDesktop::Button;
     QTest::addColumn<xcb_keysym_t>("key");
-    QTest::newRow("click") << xcb_keysym_t{XCB_NO_SYMBOL};
-    QTest::newRow("Escape") << xcb_keysym_t{XK_Escape};
-    QTest::newRow("Return") << xcb_keysym_t{XK_Return};
-    QTest::newRow("Space") << xcb_keysym_t{XK_space};
+    QTest::addColumn<Button>("button");
+    QTest::newRow("click") << xcb_keysym_t{XCB_NO_SYMBOL} << Button::Left;
+    QTest::newRow("right click") << xcb_keysym_t{XCB_NO_SYMBOL} << Button::Right;
+    QTest::newRow("Escape") << xcb_keysym_t{XK_Escape} << Button::Left;
+    QTest::newRow("Return") << xcb_keysym_t{XK_Return} << Button::Left;
+    QTest::newRow("Space") << xcb_keysym_t{XK_space} << Button::Left;
 }
 
 void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed()
 {
     QFETCH(const xcb_keysym_t, key);
+    QFETCH(const PrivateDesktop::Button, button);
     PrivateDesktop desktop({});
     DesktopConnection other(desktop.display());
     const auto window = recorder(other, desktop.screen());
@@ -134,14 +137,14 @@ void OursAloneTest::theReleaseOfTheEndingClickOrKeyIsSwallowed()
     window->focus();
     window->forgetEvents();
     if (key == XCB_NO_SYMBOL) {
-        desktop.press(PrivateDesktop::Button::Left);
+        desktop.press(button);
     } else {
         desktop.pressKey(key);
     }
     QVERIFY(program.waitForPickToEnd());
     QVERIFY(waitUntil([&] { return desktop.pointerIsVisible(); }));
     if (key == XCB_NO_SYMBOL) {
-        desktop.release(PrivateDesktop::Button::Left);
+        desktop.release(button);
     } else {
         desktop.releaseKey(key);
     }

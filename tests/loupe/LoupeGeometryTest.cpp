@@ -6,9 +6,6 @@
 
 using namespace tintwick;
 
-Q_DECLARE_METATYPE(tintwick::GlobalPoint)
-Q_DECLARE_METATYPE(tintwick::GlobalRect)
-Q_DECLARE_METATYPE(std::vector<tintwick::Screen>)
 Q_DECLARE_METATYPE(std::vector<int>)
 
 class LoupeGeometryTest : public QObject
@@ -16,27 +13,24 @@ class LoupeGeometryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePictureIsMadeOfScopeGapAndPill_data();
-    void thePictureIsMadeOfScopeGapAndPill();
-    void cellsFillTheScopeOnWholePixels_data();
-    void cellsFillTheScopeOnWholePixels();
+    void thePictureIsMadeOfLensGapAndPill_data();
+    void thePictureIsMadeOfLensGapAndPill();
+    void cellsFillTheLensOnWholePixels_data();
+    void cellsFillTheLensOnWholePixels();
     void cellsAreSymmetricAndNeverLosePixels_data();
     void cellsAreSymmetricAndNeverLosePixels();
     void theCenterCellIsInTheMiddle_data();
     void theCenterCellIsInTheMiddle();
     void theLoupeFollowsThePointerInsideTheScreen_data();
     void theLoupeFollowsThePointerInsideTheScreen();
-    void thePointerIsOnTheScreenThatContainsIt_data();
-    void thePointerIsOnTheScreenThatContainsIt();
-    void withoutScreensThePointerIsOnNone();
 };
 
-void LoupeGeometryTest::thePictureIsMadeOfScopeGapAndPill_data()
+void LoupeGeometryTest::thePictureIsMadeOfLensGapAndPill_data()
 {
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
     QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("scope");
+    QTest::addColumn<QRect>("lens");
     QTest::addColumn<QRectF>("inner");
     QTest::addColumn<QRect>("pill");
 
@@ -54,18 +48,18 @@ void LoupeGeometryTest::thePictureIsMadeOfScopeGapAndPill_data()
                                     << QRectF(7, 7, 306, 306) << QRect(0, 340, 320, 92);
 }
 
-void LoupeGeometryTest::thePictureIsMadeOfScopeGapAndPill()
+void LoupeGeometryTest::thePictureIsMadeOfLensGapAndPill()
 {
     QFETCH(const double, side);
     QFETCH(const double, scale);
     const LoupeGeometry geometry(side, scale);
     QTEST(geometry.size(), "size");
-    QTEST(geometry.scope(), "scope");
+    QTEST(geometry.lens(), "lens");
     QTEST(geometry.inner(), "inner");
     QTEST(geometry.pill(), "pill");
 }
 
-void LoupeGeometryTest::cellsFillTheScopeOnWholePixels_data()
+void LoupeGeometryTest::cellsFillTheLensOnWholePixels_data()
 {
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
@@ -84,7 +78,7 @@ void LoupeGeometryTest::cellsFillTheScopeOnWholePixels_data()
     QTest::newRow("two cells") << 130.0 << 1.0 << 2 << std::vector{0, 65, 130};
 }
 
-void LoupeGeometryTest::cellsFillTheScopeOnWholePixels()
+void LoupeGeometryTest::cellsFillTheLensOnWholePixels()
 {
     QFETCH(const double, side);
     QFETCH(const double, scale);
@@ -146,102 +140,43 @@ void LoupeGeometryTest::theCenterCellIsInTheMiddle()
 
 void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen_data()
 {
-    QTest::addColumn<GlobalPoint>("pointer");
+    QTest::addColumn<QPointF>("pointer");
     QTest::addColumn<double>("scale");
-    QTest::addColumn<GlobalRect>("screen");
-    QTest::addColumn<GlobalPoint>("origin");
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QPointF>("place");
 
-    // The loupe is 130 × 186 points: the scope's middle lies 65 from the left and 121 above the bottom.
-    const GlobalRect full{0, 0, 1920, 1080};
-    QTest::newRow("middle") << GlobalPoint{960, 540} << 1.0 << full << GlobalPoint{895, 419};
-    QTest::newRow("left edge") << GlobalPoint{0, 540} << 1.0 << full << GlobalPoint{4, 419};
-    QTest::newRow("right edge") << GlobalPoint{1919, 540} << 1.0 << full << GlobalPoint{1786, 419};
-    QTest::newRow("top edge") << GlobalPoint{960, 1080} << 1.0 << full << GlobalPoint{895, 890};
-    QTest::newRow("bottom edge") << GlobalPoint{960, 1} << 1.0 << full << GlobalPoint{895, 4};
-    QTest::newRow("bottom left corner") << GlobalPoint{0, 1} << 1.0 << full << GlobalPoint{4, 4};
-    QTest::newRow("bottom right corner") << GlobalPoint{1919, 1} << 1.0 << full << GlobalPoint{1786, 4};
-    QTest::newRow("top left corner") << GlobalPoint{0, 1080} << 1.0 << full << GlobalPoint{4, 890};
-    QTest::newRow("top right corner") << GlobalPoint{1919, 1080} << 1.0 << full << GlobalPoint{1786, 890};
-    QTest::newRow("just free of the left margin")
-        << GlobalPoint{69, 540} << 1.0 << full << GlobalPoint{4, 419};
-    QTest::newRow("one further") << GlobalPoint{70, 540} << 1.0 << full << GlobalPoint{5, 419};
-    QTest::newRow("just free of the bottom margin")
-        << GlobalPoint{960, 125} << 1.0 << full << GlobalPoint{895, 4};
-    QTest::newRow("a fractional pointer")
-        << GlobalPoint{960.25, 540.5} << 1.0 << full << GlobalPoint{895.25, 419.5};
-
-    QTest::newRow("scale 2, middle") << GlobalPoint{960, 540} << 2.0 << full << GlobalPoint{830, 298};
-    QTest::newRow("scale 2, bottom left corner") << GlobalPoint{0, 1} << 2.0 << full << GlobalPoint{8, 8};
-    QTest::newRow("scale 2, top right corner")
-        << GlobalPoint{1919, 1080} << 2.0 << full << GlobalPoint{1652, 700};
-    // 163 × 233 pixels, a margin of 5: 1920 − 163 − 5 and 1080 − 233 − 5
-    QTest::newRow("scale 1.25, top right corner")
-        << GlobalPoint{1919, 1080} << 1.25 << full << GlobalPoint{1752, 842};
-
-    const GlobalRect left{-1280, -200, 1280, 1024};
-    QTest::newRow("left screen, its right edge")
-        << GlobalPoint{-1, 300} << 1.0 << left << GlobalPoint{-134, 179};
-    QTest::newRow("left screen, bottom left")
-        << GlobalPoint{-1280, -199} << 1.0 << left << GlobalPoint{-1276, -196};
-    const GlobalRect above{300, 1080, 800, 600};
-    QTest::newRow("screen above, its bottom")
-        << GlobalPoint{700, 1081} << 1.0 << above << GlobalPoint{635, 1084};
-    QTest::newRow("screen above, its top left")
-        << GlobalPoint{300, 1680} << 1.0 << above << GlobalPoint{304, 1490};
-
-    QTest::newRow("too narrow: the left margin wins")
-        << GlobalPoint{50, 500} << 1.0 << GlobalRect{0, 0, 100, 1000} << GlobalPoint{4, 379};
-    QTest::newRow("too low: the bottom margin wins")
-        << GlobalPoint{500, 50} << 1.0 << GlobalRect{0, 0, 1000, 100} << GlobalPoint{435, 4};
+    // At scale 1 the loupe is 130 × 186, its lens 130 × 130.
+    const QSize full(1920, 1080);
+    const auto row = [](const char* name, QPointF pointer, double scale, QSize screen, QPointF place) {
+        QTest::newRow(name) << pointer << scale << screen << place;
+    };
+    row("middle", {960, 540}, 1, full, {895, 475});
+    row("left edge", {0, 540}, 1, full, {4, 475});
+    row("right edge", {1919, 540}, 1, full, {1786, 475});
+    row("top edge", {960, 0}, 1, full, {895, 4});
+    row("bottom edge", {960, 1079}, 1, full, {895, 890});
+    row("top left corner", {0, 0}, 1, full, {4, 4});
+    row("bottom right corner", {1919, 1079}, 1, full, {1786, 890});
+    row("the last place that the left margin decides", {69, 540}, 1, full, {4, 475});
+    row("one further", {70, 540}, 1, full, {5, 475});
+    row("the first place that the bottom margin decides", {960, 955}, 1, full, {895, 890});
+    row("a fraction", {960.25, 540.5}, 1, full, {895.25, 475.5});
+    row("scale 2, middle", {960, 540}, 2, full, {830, 410});
+    row("scale 2, bottom left corner", {0, 1079}, 2, full, {8, 700});
+    row("scale 2, top right corner", {1919, 0}, 2, full, {1652, 8});
+    row("scale 1.25, top right corner", {1919, 0}, 1.25, full, {1752, 5});
+    row("outside the screen", {-500, 2000}, 1, full, {4, 890});
+    row("too narrow: the left margin wins", {50, 500}, 1, {100, 1000}, {4, 435});
+    row("too low: the bottom margin wins", {500, 50}, 1, {1000, 100}, {435, -90});
 }
 
 void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen()
 {
-    QFETCH(const GlobalPoint, pointer);
+    QFETCH(const QPointF, pointer);
     QFETCH(const double, scale);
-    QFETCH(const GlobalRect, screen);
-    QFETCH(const GlobalPoint, origin);
+    QFETCH(const QSize, screen);
     const LoupeGeometry geometry(130, scale);
-    const GlobalPoint actual =
-        loupeOrigin(pointer, geometry.size(), geometry.scope().width(), screen, loupe::screenMargin * scale);
-    QCOMPARE(actual.x, origin.x);
-    QCOMPARE(actual.y, origin.y);
-}
-
-void LoupeGeometryTest::thePointerIsOnTheScreenThatContainsIt_data()
-{
-    QTest::addColumn<GlobalPoint>("pointer");
-    QTest::addColumn<int>("index");
-
-    // The top edge belongs to a screen, the bottom edge to the one below.
-    QTest::newRow("primary") << GlobalPoint{100, 100} << 0;
-    QTest::newRow("primary, top left pixel") << GlobalPoint{0, 1080} << 0;
-    QTest::newRow("primary, bottom right pixel") << GlobalPoint{1919, 1} << 0;
-    QTest::newRow("right, leftmost column") << GlobalPoint{1920, 500} << 1;
-    QTest::newRow("left, rightmost column") << GlobalPoint{-1, 500} << 2;
-    QTest::newRow("above, bottom row") << GlobalPoint{400, 1081} << 3;
-    QTest::newRow("above, top row") << GlobalPoint{400, 1680} << 3;
-    QTest::newRow("the part of the right one below the primary") << GlobalPoint{2000, -100} << 1;
-    QTest::newRow("nowhere: the primary") << GlobalPoint{5000, 5000} << 0;
-    QTest::newRow("below everything: the primary") << GlobalPoint{100, 0} << 0;
-}
-
-void LoupeGeometryTest::thePointerIsOnTheScreenThatContainsIt()
-{
-    QFETCH(const GlobalPoint, pointer);
-    QFETCH(const int, index);
-    const std::vector<Screen> screens{
-        {.frame = {1280, 600, 1920, 1080}, .scale = 1},
-        {.frame = {3200, 600, 2560, 1440}, .scale = 2},
-        {.frame = {0, 600, 1280, 1024}, .scale = 1},
-        {.frame = {1280, 0, 800, 600}, .scale = 1.5},
-    };
-    QCOMPARE(screenAt(pointer, screens), screens[static_cast<std::size_t>(index)]);
-}
-
-void LoupeGeometryTest::withoutScreensThePointerIsOnNone()
-{
-    QVERIFY(!screenAt({10, 10}, {}).has_value());
+    QTEST(loupePlace(pointer, geometry.size(), screen, loupe::screenMargin * scale), "place");
 }
 
 QTEST_APPLESS_MAIN(LoupeGeometryTest)

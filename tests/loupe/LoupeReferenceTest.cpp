@@ -18,21 +18,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Every cell differs from its neighbours; `base` decides how light the centre is.
-PixelGrid gradientGrid(int count, int base)
+QImage gradientPixels(int count, int base)
 {
-    PixelGrid grid;
+    QImage pixels(count, count, QImage::Format_RGB32);
     for (int r = 0; r < count; ++r) {
-        std::vector<SampledColor> row;
         for (int c = 0; c < count; ++c) {
             const int checker = (r + c) % 2 == 0 ? 0 : 24;
             const int red = base + 60 * c / count;
             const int green = base + 40 + 60 * r / count;
             const int blue = base + 110 - 90 * c / count + checker;
-            row.push_back({red / 255.0, green / 255.0, blue / 255.0, 1});
+            pixels.setPixel(c, r, qRgb(red, green, blue));
         }
-        grid.push_back(row);
     }
-    return grid;
+    return pixels;
 }
 
 constexpr int dark = 10;
@@ -89,10 +87,9 @@ void LoupeReferenceTest::thePictureEqualsItsReference()
 
     LoupeRenderer view;
     if (count > 0) {
-        const PixelGrid grid = gradientGrid(count, base);
-        const auto middle = static_cast<std::size_t>(count / 2);
-        view.setCenterColor(grid[middle][middle]);
-        view.setPixels(grid);
+        const QImage pixels = gradientPixels(count, base);
+        view.setCenterColor(pixels.pixel(count / 2, count / 2));
+        view.setPixels(pixels);
     }
     // As PNG keeps it.
     const QImage actual =

@@ -42,7 +42,7 @@ public:
         m_view = new PanelView(m_appState, m_preferences, [this, tab](QWidget& panel) {
             auto* settings = new SettingsScreen(
                 m_appState, m_preferences, {m_shortcuts, &m_platform.recording, m_platform.layout, m_menu},
-                m_platform.grabber, panel);
+                m_platform, panel);
             settings->setTab(tab);
             return settings;
         });
@@ -117,13 +117,13 @@ void shootSettings(const QDir& folder)
         view.findChildren<ShortcutRecorder*>().first()->startRecording();
     });
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
-        view.platform().grabber.settings = QUrl(u"settings:privacy"_s);
-        view.platform().grabber.isPermitted = false;
+        view.platform().permission.settings = QUrl(u"settings:privacy"_s);
+        view.platform().permission.isGranted = false;
         view.grab();
         QApplication::processEvents();
     });
     shootTab(u"general-denied-for-good"_s, SettingsTab::General, [](DemoSettings& view) {
-        view.platform().grabber.isPermitted = false;
+        view.platform().permission.isGranted = false;
         view.grab();
         QApplication::processEvents();
     });

@@ -144,7 +144,7 @@ private Q_SLOTS:
     void anUnreadableFileStartsEmptyAndIsReplaced();
     void aLongerHistoryIsTakenAsItIs();
 
-    void aCaptureIsNamedKeptCopiedAndSaved();
+    void aCapturedColorIsNamedKeptAndSaved();
     void aCaptureKeepsTheNameItHas();
     void capturingTheSameColorTwiceGivesTwoEntries();
     void theHistoryDropsTheOldestBeyondTheLimit();
@@ -264,7 +264,7 @@ void AppStateTest::aLongerHistoryIsTakenAsItIs()
     QCOMPARE(state.history().size(), 103);
 }
 
-void AppStateTest::aCaptureIsNamedKeptCopiedAndSaved()
+void AppStateTest::aCapturedColorIsNamedKeptAndSaved()
 {
     ManualTime time;
     AppState state(time.runLater());
@@ -283,7 +283,7 @@ void AppStateTest::aCaptureIsNamedKeptCopiedAndSaved()
     QCOMPARE(state.history()[0].id, newer.id);
     QCOMPARE(state.history()[0].customName, QStringLiteral("Dodger Blue"));
     QCOMPARE(state.history()[1].customName, QStringLiteral("Black"));
-    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("--dodger-blue: #1E90FF;"));
+    QCOMPARE(state.copiedText(newer), QStringLiteral("--dodger-blue: #1E90FF;"));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("--dodger-blue: #1E90FF;"));
     QVERIFY(state.showCopiedFeedback());
     QVERIFY(wasSaved());

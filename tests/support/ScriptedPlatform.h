@@ -4,40 +4,32 @@
 #include "support/ScriptedGlobalShortcuts.h"
 #include "support/ScriptedKeyRecording.h"
 #include "support/ScriptedKeyboardLayout.h"
-#include "support/ScriptedLoupeSurface.h"
 #include "support/ScriptedPanelHost.h"
-#include "support/ScriptedPickingInput.h"
-#include "support/ScriptedScreenGrabber.h"
+#include "support/ScriptedPickingSession.h"
 
 namespace tintwick::test {
 
-/// A desktop that exists only in the test: it feeds images, moves and keys, and records what was asked of it in order.
+/// A desktop that exists only in the test, which scripts all its parts.
 class ScriptedPlatform final : public Platform
 {
 public:
-    /// What was asked of all parts, in order, one line each.
-    QStringList journal;
-    ScriptedScreenGrabber grabber{journal};
-    ScriptedPickingInput input{journal};
+    ScriptedDesktop desktop;
+    CapturePermission permission;
     ScriptedPanelHost panels;
     ScriptedGlobalShortcuts shortcuts;
     ScriptedKeyboardLayout layout;
     ScriptedKeyRecording recording;
-    /// Every frame of every loupe.
-    std::vector<ScriptedLoupeSurface::Frame> frames;
 
-    [[nodiscard]] ScreenGrabber& screenGrabber() override { return grabber; }
-    [[nodiscard]] PickingInput& pickingInput() override { return input; }
-    /// The first loupe has the id 1, the next one 2, ...
-    [[nodiscard]] std::unique_ptr<LoupeSurface> createLoupeSurface() override;
+    void preparePicking() override {}
+    [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override
+    {
+        return std::make_unique<ScriptedPickingSession>(desktop, listener);
+    }
+    [[nodiscard]] CapturePermission capturePermission() const override { return permission; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
-    void prepareClipboard() override { journal << QStringLiteral("prepare clipboard"); }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return &recording; }
-
-private:
-    SurfaceId m_loupes = 0;
 };
 
 } // namespace tintwick::test

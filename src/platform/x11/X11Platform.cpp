@@ -1,7 +1,5 @@
 #include "X11Platform.h"
 
-#include "X11LoupeSurface.h"
-
 #include <xcb/randr.h>
 
 #include <algorithm>
@@ -90,19 +88,18 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
 X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
     : m_connection(std::move(connection))
     , m_keymap(*m_connection)
-    , m_pickingInput(*m_connection)
     , m_panelHost(*m_connection)
 {
 }
 
-X11ScreenGrabber& X11Platform::x11ScreenGrabber()
+void X11Platform::preparePicking()
 {
-    return m_screenGrabber ? *m_screenGrabber : m_screenGrabber.emplace(*m_connection);
+    m_picking.emplace(*m_connection, m_keymap);
 }
 
-std::unique_ptr<LoupeSurface> X11Platform::createLoupeSurface()
+std::unique_ptr<PickingSession> X11Platform::startPick(PickingSession::Listener& listener)
 {
-    return std::make_unique<X11LoupeSurface>(*m_connection, x11ScreenGrabber());
+    return std::make_unique<X11PickingSession>(*m_picking, listener);
 }
 
 GlobalShortcuts& X11Platform::globalShortcuts()

@@ -38,11 +38,11 @@ std::optional<qsizetype> positionOf(const Value& value, const Values& values)
 } // namespace
 
 GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferences,
-                                       const RecorderServices& recording, const ScreenGrabber& grabber,
+                                       const RecorderServices& recording, const Platform& platform,
                                        QWidget& panel)
     : m_appState(appState)
     , m_preferences(preferences)
-    , m_grabber(grabber)
+    , m_platform(platform)
 {
     setContent(column(gap(16), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
                       screenRecordingSection()));
@@ -108,7 +108,7 @@ QWidget* GeneralSettingsTab::screenRecordingSection()
     return settingsSection(
         tr("Screen Recording"),
         column(gap(3), fillWidth(), Across::Leading,
-               settingsRow(tr("Permission"), new PermissionStatus(m_grabber)),
+               settingsRow(tr("Permission"), new PermissionStatus(m_platform)),
                label(tr("Required to sample screen colors"), theme::caption(), theme::textSecond)));
 }
 

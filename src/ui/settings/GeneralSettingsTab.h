@@ -6,8 +6,8 @@ namespace tintwick {
 
 class AppState;
 class PopUpPicker;
+class Platform;
 class Preferences;
-class ScreenGrabber;
 struct RecorderServices;
 
 /// The tab for shortcuts, loupe, copy format and screen permission. Changes are stored at once and apply to the next
@@ -19,7 +19,7 @@ class GeneralSettingsTab final : public View
 public:
     /// Alerts open over `panel`. All arguments must outlive the view.
     GeneralSettingsTab(AppState& appState, Preferences& preferences, const RecorderServices& recording,
-                       const ScreenGrabber& grabber, QWidget& panel);
+                       const Platform& platform, QWidget& panel);
 
 private:
     [[nodiscard]] static QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
@@ -30,7 +30,7 @@ private:
 
     AppState& m_appState;
     Preferences& m_preferences;
-    const ScreenGrabber& m_grabber;
+    const Platform& m_platform;
 };
 
 } // namespace tintwick

@@ -2,7 +2,7 @@
 
 #include "Button.h"
 #include "Label.h"
-#include "ScreenGrabber.h"
+#include "Platform.h"
 #include "Stack.h"
 #include "SymbolView.h"
 #include "Theme.h"
@@ -14,15 +14,15 @@ namespace tintwick {
 
 using namespace Qt::StringLiterals;
 
-PermissionStatus::PermissionStatus(const ScreenGrabber& grabber)
-    : m_grabber(grabber)
+PermissionStatus::PermissionStatus(const Platform& platform)
+    : m_platform(platform)
 {
     ask();
 }
 
 void PermissionStatus::ask()
 {
-    const bool isPermitted = m_grabber.captureIsPermitted();
+    const bool isPermitted = m_platform.capturePermission().isGranted;
     if (m_isPermitted != isPermitted) {
         m_isPermitted = isPermitted;
         setContent(isPermitted ? granted() : denied());
@@ -37,7 +37,7 @@ QWidget* PermissionStatus::granted()
 
 QWidget* PermissionStatus::denied()
 {
-    const QUrl settings = m_grabber.permissionSettings();
+    const QUrl settings = m_platform.capturePermission().settings;
     if (settings.isEmpty()) {
         return label(tr("Not granted"), theme::font(13), theme::red);
     }
@@ -46,7 +46,7 @@ QWidget* PermissionStatus::denied()
 
 void PermissionStatus::paintEvent(QPaintEvent*)
 {
-    if (m_isPermitted != m_grabber.captureIsPermitted()) {
+    if (m_isPermitted != m_platform.capturePermission().isGranted) {
         // Queued, because a view must not change its children while it paints.
         QMetaObject::invokeMethod(this, &PermissionStatus::ask, Qt::QueuedConnection);
     }

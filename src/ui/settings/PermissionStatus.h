@@ -6,7 +6,7 @@
 
 namespace tintwick {
 
-class ScreenGrabber;
+class Platform;
 
 /// Shows whether the program may read the screen, and a button to change that where the desktop has one. Asks the
 /// desktop at every paint, because the permission changes outside the program.
@@ -15,8 +15,8 @@ class PermissionStatus final : public View
     Q_OBJECT
 
 public:
-    /// The grabber must outlive the view.
-    explicit PermissionStatus(const ScreenGrabber& grabber);
+    /// The platform must outlive the view.
+    explicit PermissionStatus(const Platform& platform);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,7 +26,7 @@ private:
     [[nodiscard]] QWidget* granted();
     [[nodiscard]] QWidget* denied();
 
-    const ScreenGrabber& m_grabber;
+    const Platform& m_platform;
     std::optional<bool> m_isPermitted;
 };
 

@@ -31,12 +31,11 @@ public:
 };
 
 SettingsScreen::SettingsScreen(AppState& appState, Preferences& preferences,
-                               const RecorderServices& recording, const ScreenGrabber& grabber,
-                               QWidget& panel)
+                               const RecorderServices& recording, const Platform& platform, QWidget& panel)
     : m_appState(appState)
     , m_preferences(preferences)
     , m_recording(recording)
-    , m_grabber(grabber)
+    , m_platform(platform)
     , m_panel(panel)
     , m_tabPicker(new SegmentedPicker(tr("Tab"), titles(), 0))
     , m_screen(new Screen)
@@ -64,7 +63,7 @@ void SettingsScreen::showTab()
     QWidget* tab = nullptr;
     switch (m_tab) {
     case SettingsTab::General:
-        tab = new GeneralSettingsTab(m_appState, m_preferences, m_recording, m_grabber, m_panel);
+        tab = new GeneralSettingsTab(m_appState, m_preferences, m_recording, m_platform, m_panel);
         break;
     case SettingsTab::Data:
         tab = new DataSettingsTab(m_appState);

@@ -7,8 +7,8 @@
 namespace tintwick {
 
 class AppState;
+class Platform;
 class Preferences;
-class ScreenGrabber;
 class SegmentedPicker;
 
 /// The settings screen of the panel: two tabs. Starts with the first.
@@ -19,7 +19,7 @@ class SettingsScreen final : public View
 public:
     /// `panel` contains the view and is what alerts cover. All arguments must outlive the view.
     SettingsScreen(AppState& appState, Preferences& preferences, const RecorderServices& recording,
-                   const ScreenGrabber& grabber, QWidget& panel);
+                   const Platform& platform, QWidget& panel);
 
     [[nodiscard]] SettingsTab tab() const { return m_tab; }
     void setTab(SettingsTab tab);
@@ -35,7 +35,7 @@ private:
     AppState& m_appState;
     Preferences& m_preferences;
     RecorderServices m_recording;
-    const ScreenGrabber& m_grabber;
+    const Platform& m_platform;
     QWidget& m_panel;
     SettingsTab m_tab = SettingsTab::General;
     SegmentedPicker* m_tabPicker;

@@ -46,7 +46,7 @@ public:
     {
         view = std::make_unique<SettingsScreen>(
             state, preferences, RecorderServices{shortcuts, &platform.recording, platform.layout, menu},
-            platform.grabber, panel);
+            platform, panel);
         view->setParent(&panel);
         view->setGeometry(0, 51, 380, 529);
         view->show();

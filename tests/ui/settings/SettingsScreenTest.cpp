@@ -1,14 +1,12 @@
 #include "SettingsScreen.h"
 
 #include "Button.h"
-#include "ColorPickerService.h"
 #include "DataSettingsTab.h"
+#include "Picker.h"
 #include "PopUpPicker.h"
-#include "ScreenCaptureService.h"
 #include "SegmentedPicker.h"
 #include "SettingsWindow.h"
 #include "ShortcutRecorder.h"
-#include "support/TestPictures.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/settings/SettingsFixture.h"
 
@@ -228,8 +226,8 @@ void SettingsScreenTest::nothingIsCutOff()
     QFETCH(const bool, isPermitted);
     SettingsFixture fixture(tab);
     fixture.capture(100);
-    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
-    fixture.platform.grabber.isPermitted = isPermitted;
+    fixture.platform.permission.settings = QUrl(u"settings:privacy"_s);
+    fixture.platform.permission.isGranted = isPermitted;
     fixture.draw();
     // Everything is visible without scrolling.
     const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
@@ -373,20 +371,21 @@ void SettingsScreenTest::choiceIsStoredAtOnce()
 void SettingsScreenTest::nextPickUsesZoomAndSize()
 {
     SettingsFixture fixture;
-    fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
-    ScreenCaptureService capture(fixture.platform.grabber);
-    ColorPickerService service(fixture.platform, capture, fixture.preferences);
-    const auto side = [&] { return static_cast<int>(fixture.platform.grabber.grabs.back().rect.width); };
-    const auto loupeWidth = [&] { return fixture.platform.frames.back().picture.width(); };
+    ScriptedDesktop& desktop = fixture.platform.desktop;
+    Picker picker(fixture.platform, fixture.preferences, [](QRgb) { return QString(); });
+    const auto side = [&] { return desktop.grabs.back().pixels.width(); };
+    const auto loupeWidth = [&] { return desktop.frames.back().picture.width(); };
 
-    service.showPicker();
+    picker.start();
+    QCoreApplication::processEvents();
     QCOMPARE(side(), 15);
     QCOMPARE(loupeWidth(), 130);
     click(fixture.segment(u"Default Zoom"_s, u"Far"_s));
     click(fixture.segment(u"Scope Size"_s, u"L"_s));
-    service.hidePicker();
+    picker.cancel();
 
-    service.showPicker();
+    picker.start();
+    QCoreApplication::processEvents();
     QCOMPARE(side(), 23);
     QCOMPARE(loupeWidth(), 160);
 }
@@ -396,11 +395,10 @@ void SettingsScreenTest::nextPickUsesAStoredZoomThatIsNotOffered()
     QSettings().setValue(u"scopeDefaultRadius"_s, 9);
     SettingsFixture fixture;
     QCOMPARE(fixture.selected(u"Default Zoom"_s), QString());
-    fixture.platform.grabber.answer = [](const DesktopRect& rect) { return worldImage(rect); };
-    ScreenCaptureService capture(fixture.platform.grabber);
-    ColorPickerService service(fixture.platform, capture, fixture.preferences);
-    service.showPicker();
-    QCOMPARE(static_cast<int>(fixture.platform.grabber.grabs.back().rect.width), 19);
+    Picker picker(fixture.platform, fixture.preferences, [](QRgb) { return QString(); });
+    picker.start();
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.platform.desktop.grabs.back().pixels.width(), 19);
 }
 
 void SettingsScreenTest::recordedShortcutIsStoredAndGrabbed()
@@ -467,8 +465,8 @@ void SettingsScreenTest::permissionIsShown()
     QFETCH(const QUrl, settings);
     QFETCH(const QString, text);
     SettingsFixture fixture;
-    fixture.platform.grabber.isPermitted = isPermitted;
-    fixture.platform.grabber.settings = settings;
+    fixture.platform.permission.isGranted = isPermitted;
+    fixture.platform.permission.settings = settings;
     fixture.open();
     SettingsFixture::settle();
     QStringList answers;
@@ -484,14 +482,14 @@ void SettingsScreenTest::permissionIsShown()
 void SettingsScreenTest::revokedPermissionIsShownAtTheNextPaint()
 {
     SettingsFixture fixture;
-    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
+    fixture.platform.permission.settings = QUrl(u"settings:privacy"_s);
     fixture.draw();
     QVERIFY(fixture.texts().contains(u"Granted"_s));
-    fixture.platform.grabber.isPermitted = false;
+    fixture.platform.permission.isGranted = false;
     fixture.draw();
     QVERIFY(!fixture.texts().contains(u"Granted"_s));
     QVERIFY(fixture.control<TextButton>(u"Open System Settings"_s)->isVisible());
-    fixture.platform.grabber.isPermitted = true;
+    fixture.platform.permission.isGranted = true;
     fixture.draw();
     QVERIFY(fixture.texts().contains(u"Granted"_s));
     QVERIFY(fixture.control<TextButton>(u"Open System Settings"_s) == nullptr);
@@ -501,8 +499,8 @@ void SettingsScreenTest::buttonOpensTheSystemSettings()
 {
     AddressOpener opener(u"settings"_s);
     SettingsFixture fixture;
-    fixture.platform.grabber.settings = QUrl(u"settings:privacy"_s);
-    fixture.platform.grabber.isPermitted = false;
+    fixture.platform.permission.settings = QUrl(u"settings:privacy"_s);
+    fixture.platform.permission.isGranted = false;
     fixture.draw();
     click(fixture.control<TextButton>(u"Open System Settings"_s));
     QCOMPARE(opener.opened, QList<QUrl>{QUrl(u"settings:privacy"_s)});

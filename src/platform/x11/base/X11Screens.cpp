@@ -30,7 +30,7 @@ QString atomName(xcb_connection_t* c, xcb_get_atom_name_cookie_t cookie)
                  : QString();
 }
 
-std::vector<Screen> wholeRoot(const XcbConnection& connection)
+std::vector<X11Screen> wholeRoot(const XcbConnection& connection)
 {
     xcb_connection_t* c = connection.get();
     const XcbReply<xcb_get_geometry_reply_t> root(
@@ -38,13 +38,12 @@ std::vector<Screen> wholeRoot(const XcbConnection& connection)
     if (!root) {
         return {};
     }
-    const DesktopRect frame{0, 0, static_cast<double>(root->width), static_cast<double>(root->height)};
-    return {Screen{frame, scaleOfScreen({})}};
+    return {X11Screen{QRect(0, 0, root->width, root->height), scaleOfScreen({})}};
 }
 
 } // namespace
 
-std::vector<Screen> queryScreens(const XcbConnection& connection)
+std::vector<X11Screen> queryScreens(const XcbConnection& connection)
 {
     xcb_connection_t* c = connection.get();
     const xcb_query_extension_reply_t* extension = xcb_get_extension_data(c, &xcb_randr_id);
@@ -64,17 +63,16 @@ std::vector<Screen> queryScreens(const XcbConnection& connection)
         monitors.push_back(monitor.data);
         nameCookies.push_back(xcb_get_atom_name(c, monitor.data->name));
     }
-    std::vector<Screen> screens;
+    std::vector<X11Screen> screens;
     for (std::size_t i = 0; i < monitors.size(); ++i) {
         const xcb_randr_monitor_info_t& monitor = *monitors[i];
         const double scale = scaleOfScreen(atomName(c, nameCookies[i]));
         if (monitor.width == 0 || monitor.height == 0) {
             continue;
         }
-        const DesktopRect frame{static_cast<double>(monitor.x), static_cast<double>(monitor.y),
-                                static_cast<double>(monitor.width), static_cast<double>(monitor.height)};
+        const QRect frame(monitor.x, monitor.y, monitor.width, monitor.height);
         const auto place = monitor.primary != 0 ? screens.begin() : screens.end();
-        screens.insert(place, Screen{frame, scale});
+        screens.insert(place, X11Screen{frame, scale});
     }
     return screens;
 }

@@ -1,14 +1,26 @@
 #pragma once
 
-#include "ScreenGrabber.h"
 #include "XcbConnection.h"
+
+#include <QRect>
 
 #include <vector>
 
 namespace tintwick {
 
-/// The monitors as RandR tells them, the primary one first, each with the scale the toolkit uses there. Without RandR
-/// the root window is the one monitor.
-[[nodiscard]] std::vector<Screen> queryScreens(const XcbConnection& connection);
+/// One monitor of the X server.
+struct X11Screen
+{
+    /// In root coordinates, that is in physical pixels.
+    QRect frame;
+    /// Physical pixels per point, as the toolkit has it there.
+    double scale = 1;
+
+    friend bool operator==(const X11Screen&, const X11Screen&) = default;
+};
+
+/// The monitors that RandR reports, the primary one first. Without RandR the root window is the one monitor. Empty when the
+/// server does not answer.
+[[nodiscard]] std::vector<X11Screen> queryScreens(const XcbConnection& connection);
 
 } // namespace tintwick

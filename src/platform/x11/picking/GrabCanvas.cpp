@@ -4,6 +4,7 @@
 
 #include <xcb/render.h>
 
+#include <cstring>
 #include <vector>
 
 namespace tintwick {
@@ -41,13 +42,6 @@ bool GrabCanvas::begin(const QRect& area)
     xcb_render_create_picture(c, m_picture.id(), m_pixmap.id(), formatOfDepth(c, translucentDepth), 0,
                               nullptr);
     return true;
-}
-
-void GrabCanvas::release()
-{
-    m_picture = {};
-    m_pixmap = {};
-    m_size = {};
 }
 
 void GrabCanvas::clip(const QRegion& region)
@@ -88,25 +82,23 @@ void GrabCanvas::drawWindow(const StackedWindow& window, const QRect& area, bool
         static_cast<std::uint16_t>(part.width()), static_cast<std::uint16_t>(part.height()));
 }
 
-std::optional<ScreenImage> GrabCanvas::read() const
+QImage GrabCanvas::read() const
 {
     xcb_connection_t* c = m_connection.get();
     const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_pixmap.id(), 0, 0,
                                       static_cast<std::uint16_t>(m_area.width()),
                                       static_cast<std::uint16_t>(m_area.height()), ~0U);
     const XcbReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(c, cookie, nullptr));
-    if (!reply) {
-        return std::nullopt;
+    const qsizetype bytes = qsizetype{4} * m_area.width() * m_area.height();
+    if (!reply || xcb_get_image_data_length(reply.get()) < bytes) {
+        return {};
     }
-    ScreenImage image;
-    image.width = m_area.width();
-    image.height = m_area.height();
-    image.bytesPerRow = m_area.width() * 4;
-    const std::uint8_t* data = xcb_get_image_data(reply.get());
-    image.bytes.assign(data, data + xcb_get_image_data_length(reply.get()));
-    // Without a compositor a translucent window shows its colours as they are; what is on a screen is opaque.
-    for (std::size_t i = 3; i < image.bytes.size(); i += 4) {
-        image.bytes[i] = 0xff;
+    QImage image(m_area.size(), QImage::Format_RGB32);
+    std::memcpy(image.bits(), xcb_get_image_data(reply.get()), static_cast<std::size_t>(bytes));
+    // Without a compositor a translucent window's colours are shown opaque.
+    auto* pixels = reinterpret_cast<QRgb*>(image.bits());
+    for (qsizetype i = 0; i < bytes / 4; ++i) {
+        pixels[i] |= 0xff000000;
     }
     return image;
 }

@@ -1,19 +1,20 @@
 #pragma once
 
-#include "ScreenGrabber.h"
 #include "WindowStack.h"
 #include "XcbConnection.h"
 #include "XcbHandle.h"
 
+#include <QImage>
 #include <QRect>
 #include <QRegion>
+#include <QSize>
 
-#include <optional>
+#include <cstdint>
 
 namespace tintwick {
 
-/// Where a grab is put together on the server, so that one answer brings all its pixels. All positions are in root
-/// coordinates; whatever the depth of the screen, the canvas has eight bits for each component.
+/// Composes a grab on the server, so that one reply brings all its pixels. All positions are in root coordinates; whatever
+/// the depth of the screen, the canvas has eight bits for each component.
 class GrabCanvas final
 {
 public:
@@ -23,21 +24,19 @@ public:
     {
     }
 
-    /// Begins a grab of this part of the root; false when it is too large. The server keeps the largest canvas asked for.
+    /// Begins a grab of this part of the root; returns false when it is empty or too large. The server keeps the largest
+    /// canvas requested until this object is destroyed.
     [[nodiscard]] bool begin(const QRect& area);
-    /// Forgets what the server keeps.
-    void release();
-
-    /// Where the following drawing takes effect.
+    /// Limits the following drawing to a region.
     void clip(const QRegion& region);
-    /// The colour of what no monitor shows.
+    /// Fills the area with the colour of what no monitor shows.
     void fillDarkGray();
-    /// A picture that covers the root, such as a copy of the screen or a repeating background.
+    /// Draws a picture that covers the root, such as a copy of the screen or a repeating background.
     void drawRootPicture(std::uint32_t picture, const QRect& area);
+    /// Draws the part of a window in the area; `blends` says whether its alpha channel counts.
     void drawWindow(const StackedWindow& window, const QRect& area, bool blends);
-
-    /// The finished grab; none when the server does not answer.
-    [[nodiscard]] std::optional<ScreenImage> read() const;
+    /// The finished grab (Format_RGB32); null when the server does not answer.
+    [[nodiscard]] QImage read() const;
 
 private:
     XcbConnection& m_connection;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PickingInput.h"
+#include "ScrollDelta.h"
 
 #include <map>
 #include <optional>

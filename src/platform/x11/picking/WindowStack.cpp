@@ -1,6 +1,7 @@
 #include "WindowStack.h"
 
 #include "ClientResources.h"
+#include "PickingExtensions.h"
 #include "RenderFormats.h"
 
 #include <xcb/composite.h>
@@ -27,7 +28,7 @@ QRect outerFrame(int x, int y, int width, int height, int border)
     return {x, y, width + 2 * border, height + 2 * border};
 }
 
-// The server's own windows are the stage on which a compositor shows what it made of the others, and the screen saver.
+// The server's own windows are the one that a compositor paints on and the screen saver.
 bool isFromServer(xcb_window_t id, const xcb_setup_t& anyClient)
 {
     return (id & ~anyClient.resource_id_mask) == 0;
@@ -51,7 +52,7 @@ void dropContent(StackedWindow& window)
     window.contentIsMissing = false;
 }
 
-// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window of this
+// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window with this
 // name.
 bool isGuardWindow(xcb_connection_t* c, xcb_window_t id)
 {
@@ -70,10 +71,9 @@ QRect withShadow(const QRect& frame)
     return frame.adjusted(-shadowExtent, -shadowExtent, shadowExtent, shadowExtent);
 }
 
-WindowStack::WindowStack(XcbConnection& connection)
+WindowStack::WindowStack(XcbConnection& connection, const PickingExtensions& extensions)
     : m_connection(connection)
-    , m_damageEvent(xcb_get_extension_data(connection.get(), &xcb_damage_id)->first_event)
-    , m_shapeEvent(xcb_get_extension_data(connection.get(), &xcb_shape_id)->first_event)
+    , m_extensions(extensions)
 {
     xcb_connection_t* c = m_connection.get();
     const XcbReply<xcb_query_tree_reply_t> tree(
@@ -111,95 +111,118 @@ WindowStack::~WindowStack()
 QRegion WindowStack::handleEvent(const xcb_generic_event_t& event)
 {
     const int type = event.response_type & 0x7f;
-    if (type == m_damageEvent + XCB_DAMAGE_NOTIFY) {
-        const auto& notify = as<xcb_damage_notify_event_t>(event);
-        const StackedWindow* window = find(notify.drawable);
-        if (!window || window->damage.id() != notify.damage) {
-            return {};
-        }
-        // The next change is told again only after this one was taken back.
-        xcb_damage_subtract(m_connection.get(), notify.damage, XCB_NONE, XCB_NONE);
-        // Sequence numbers wrap around, so their distance counts.
-        if (static_cast<std::int32_t>(event.full_sequence - m_damageCountsFrom) < 0) {
-            return {};
-        }
-        return QRect(notify.geometry.x + notify.area.x, notify.geometry.y + notify.area.y, notify.area.width,
-                     notify.area.height);
+    if (type == m_extensions.damageEvent + XCB_DAMAGE_NOTIFY) {
+        return handleDamage(event);
     }
-    if (type == m_shapeEvent + XCB_SHAPE_NOTIFY) {
-        const auto& notify = as<xcb_shape_notify_event_t>(event);
-        StackedWindow* window = find(notify.affected_window);
-        if (!window || notify.shape_kind != XCB_SHAPE_SK_BOUNDING) {
-            return {};
-        }
-        window->isShaped = notify.shaped != 0;
-        dropContent(*window);
-        return visibleArea(*window);
+    if (type == m_extensions.shapeEvent + XCB_SHAPE_NOTIFY) {
+        return handleShape(as<xcb_shape_notify_event_t>(event));
     }
-
     switch (type) {
-    case XCB_CREATE_NOTIFY: {
-        const auto& notify = as<xcb_create_notify_event_t>(event);
-        if (notify.parent == m_connection.root()) {
-            add(notify.window);
+    case XCB_CREATE_NOTIFY:
+        if (as<xcb_create_notify_event_t>(event).parent == m_connection.root()) {
+            add(as<xcb_create_notify_event_t>(event).window);
         }
         return {};
-    }
     case XCB_DESTROY_NOTIFY:
         return remove(as<xcb_destroy_notify_event_t>(event).window);
-    case XCB_REPARENT_NOTIFY: {
-        const auto& notify = as<xcb_reparent_notify_event_t>(event);
-        if (notify.parent != m_connection.root()) {
-            return remove(notify.window);
-        }
-        add(notify.window);
-        return {};
-    }
-    case XCB_MAP_NOTIFY: {
-        StackedWindow* window = find(as<xcb_map_notify_event_t>(event).window);
-        if (!window) {
-            return {};
-        }
-        describe({window});
-        window->isMapped = true;
-        dropContent(*window);
-        watch(*window);
-        return visibleArea(*window);
-    }
-    case XCB_UNMAP_NOTIFY: {
-        StackedWindow* window = find(as<xcb_unmap_notify_event_t>(event).window);
-        if (!window) {
-            return {};
-        }
-        const QRegion changed = visibleArea(*window);
-        window->isMapped = false;
-        dropContent(*window);
-        return changed;
-    }
-    case XCB_CONFIGURE_NOTIFY: {
-        const auto& notify = as<xcb_configure_notify_event_t>(event);
-        StackedWindow* window = find(notify.window);
-        if (!window) {
-            return {};
-        }
-        const QRect before = window->frame;
-        QRegion changed = visibleArea(*window);
-        window->border = notify.border_width;
-        window->frame = outerFrame(notify.x, notify.y, notify.width, notify.height, notify.border_width);
-        if (window->frame.size() != before.size()) {
-            dropContent(*window);
-        }
-        changed = window->frame != before ? changed + visibleArea(*window) : QRegion();
-        return changed + moveAbove(notify.window, notify.above_sibling);
-    }
-    case XCB_CIRCULATE_NOTIFY: {
-        const auto& notify = as<xcb_circulate_notify_event_t>(event);
-        const bool toTop = notify.place == XCB_PLACE_ON_TOP && !m_windows.empty();
-        return moveAbove(notify.window, toTop ? m_windows.back().id : xcb_window_t{XCB_WINDOW_NONE});
-    }
+    case XCB_REPARENT_NOTIFY:
+        return handleReparent(as<xcb_reparent_notify_event_t>(event));
+    case XCB_MAP_NOTIFY:
+        return handleMap(as<xcb_map_notify_event_t>(event));
+    case XCB_UNMAP_NOTIFY:
+        return handleUnmap(as<xcb_unmap_notify_event_t>(event));
+    case XCB_CONFIGURE_NOTIFY:
+        return handleConfigure(as<xcb_configure_notify_event_t>(event));
+    case XCB_CIRCULATE_NOTIFY:
+        return handleCirculate(as<xcb_circulate_notify_event_t>(event));
     default:
         return {};
     }
+}
+
+QRegion WindowStack::handleDamage(const xcb_generic_event_t& event)
+{
+    const auto& notify = as<xcb_damage_notify_event_t>(event);
+    const StackedWindow* window = find(notify.drawable);
+    if (!window || window->damage.id() != notify.damage) {
+        return {};
+    }
+    // The server reports the next change only after this one was subtracted.
+    xcb_damage_subtract(m_connection.get(), notify.damage, XCB_NONE, XCB_NONE);
+    // Sequence numbers wrap around, so their distance counts.
+    if (static_cast<std::int32_t>(event.full_sequence - m_damageCountsFrom) < 0) {
+        return {};
+    }
+    return QRect(notify.geometry.x + notify.area.x, notify.geometry.y + notify.area.y, notify.area.width,
+                 notify.area.height);
+}
+
+QRegion WindowStack::handleShape(const xcb_shape_notify_event_t& event)
+{
+    StackedWindow* window = find(event.affected_window);
+    if (!window || event.shape_kind != XCB_SHAPE_SK_BOUNDING) {
+        return {};
+    }
+    window->isShaped = event.shaped != 0;
+    dropContent(*window);
+    return visibleArea(*window);
+}
+
+QRegion WindowStack::handleMap(const xcb_map_notify_event_t& event)
+{
+    StackedWindow* window = find(event.window);
+    if (!window) {
+        return {};
+    }
+    describe({window});
+    window->isMapped = true;
+    dropContent(*window);
+    watch(*window);
+    return visibleArea(*window);
+}
+
+QRegion WindowStack::handleUnmap(const xcb_unmap_notify_event_t& event)
+{
+    StackedWindow* window = find(event.window);
+    if (!window) {
+        return {};
+    }
+    const QRegion changed = visibleArea(*window);
+    window->isMapped = false;
+    dropContent(*window);
+    return changed;
+}
+
+QRegion WindowStack::handleConfigure(const xcb_configure_notify_event_t& event)
+{
+    StackedWindow* window = find(event.window);
+    if (!window) {
+        return {};
+    }
+    const QRect before = window->frame;
+    QRegion changed = visibleArea(*window);
+    window->border = event.border_width;
+    window->frame = outerFrame(event.x, event.y, event.width, event.height, event.border_width);
+    if (window->frame.size() != before.size()) {
+        dropContent(*window);
+    }
+    changed = window->frame != before ? changed + visibleArea(*window) : QRegion();
+    return changed + moveAbove(event.window, event.above_sibling);
+}
+
+QRegion WindowStack::handleReparent(const xcb_reparent_notify_event_t& event)
+{
+    if (event.parent != m_connection.root()) {
+        return remove(event.window);
+    }
+    add(event.window);
+    return {};
+}
+
+QRegion WindowStack::handleCirculate(const xcb_circulate_notify_event_t& event)
+{
+    const bool toTop = event.place == XCB_PLACE_ON_TOP && !m_windows.empty();
+    return moveAbove(event.window, toTop ? m_windows.back().id : xcb_window_t{XCB_WINDOW_NONE});
 }
 
 void WindowStack::keepContents(const QRect& rect)
@@ -241,7 +264,7 @@ StackedWindow* WindowStack::find(xcb_window_t id)
     return window == m_windows.end() ? nullptr : &*window;
 }
 
-// Asks the server about the windows, with one wait for all of them.
+// Reads the attributes of all windows with one round trip.
 void WindowStack::describe(std::vector<StackedWindow*> windows)
 {
     struct Questions
@@ -319,7 +342,7 @@ void WindowStack::watch(StackedWindow& window)
     xcb_shape_select_input(c, window.id, 1);
 }
 
-// Top to bottom; what opaque windows hide is left out.
+// Top to bottom, without what opaque windows hide.
 std::vector<StackedWindow*> WindowStack::windowsSeenIn(const QRect& rect)
 {
     std::vector<StackedWindow*> seen;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PickingExtensions.h"
 #include "XcbConnection.h"
 #include "XcbHandle.h"
 
@@ -20,22 +21,21 @@ struct StackedWindow
     QRect frame;
     int border = 0;
     bool isMapped = false;
-    /// True for our own windows, the server's own and those that only take input: they have a place in the order and
-    /// no picture.
+    /// True for our own windows, the server's own and input-only windows: they count in the order and have no picture.
     bool showsNothing = false;
-    /// What lies below this one is not shown although it is mapped.
+    /// Windows below this one are not shown although they are mapped.
     bool isGuard = false;
     xcb_render_pictformat_t format = XCB_NONE;
     bool hasAlpha = false;
     bool isShaped = false;
-    /// Tells when something is drawn in the window.
+    /// Reports what is drawn in the window.
     XcbDamage damage;
-    /// Whether the server keeps the window's content whole for us, also where other windows lie on it.
+    /// Whether the server keeps the content whole for us, also where other windows cover it.
     bool isRedirected = false;
-    /// The content, once it was needed; none where the server has none.
+    /// The content, read when first needed; none where the server has none.
     XcbPixmap pixmap;
     XcbPicture picture;
-    /// What of the frame a shaped window shows, from the frame's top left corner; known with the content.
+    /// The part of the frame that a shaped window shows, from the frame's top left corner; read with the content.
     QRegion shape;
     bool contentIsMissing = false;
 
@@ -46,37 +46,45 @@ struct StackedWindow
 /// The frame with the room around it in which a compositor may draw the window's shadow.
 [[nodiscard]] QRect withShadow(const QRect& frame);
 
-/// The children of the root window from bottom to top, kept up to date by the root's substructure events. What our own
-/// connection shows (the loupe) is never part of a picture.
+/// The children of the root window from bottom to top, kept up to date by the root's substructure events. Windows of our
+/// own connection (the loupe) are never part of a picture.
 class WindowStack final
 {
 public:
-    /// Reads the tree and starts to watch each window for damage. The root's substructure events must already be selected.
-    explicit WindowStack(XcbConnection& connection);
-    /// Lets the server forget the contents it kept for us.
+    /// Reads the tree and watches each window for damage. Select the root's substructure events before. Both arguments must
+    /// outlive the stack.
+    WindowStack(XcbConnection& connection, const PickingExtensions& extensions);
+    /// The server drops the contents that it kept for us.
     ~WindowStack();
     WindowStack(const WindowStack&) = delete;
     WindowStack& operator=(const WindowStack&) = delete;
 
-    /// What was drawn before the request with this sequence number counts as seen. The server also reports each window
-    /// whole when it begins to be watched.
-    void forgetDamageBefore(std::uint32_t sequence) { m_damageCountsFrom = sequence; }
+    /// Ignores damage from before the request with this sequence number. The server reports each window whole when it begins
+    /// to be watched.
+    void ignoreDamageBefore(std::uint32_t sequence) { m_damageCountsFrom = sequence; }
 
     /// Follows the event; returns the region of the root that may look different now.
     [[nodiscard]] QRegion handleEvent(const xcb_generic_event_t& event);
 
-    /// From now on the server keeps the contents of the windows seen in the rectangle, although the loupe comes to lie
-    /// on them. Costs a copy for each window met for the first time, so only windows that need it are kept.
+    /// From now on the server keeps the contents of the windows seen in the rectangle, also where the loupe covers them.
+    /// Costs the server a copy for each window that is kept for the first time.
     void keepContents(const QRect& rect);
 
-    /// The windows seen in the rectangle, bottom to top, with their content; those without any are left out. The
-    /// pointers are good until the next event.
+    /// The windows seen in the rectangle, bottom to top, with their content; those without any are left out. The pointers
+    /// are valid until the next event.
     [[nodiscard]] std::vector<const StackedWindow*> contentsIn(const QRect& rect);
 
     /// Frames of all visible windows.
     [[nodiscard]] QRegion coveredRegion() const;
 
 private:
+    [[nodiscard]] QRegion handleDamage(const xcb_generic_event_t& event);
+    [[nodiscard]] QRegion handleShape(const xcb_shape_notify_event_t& event);
+    [[nodiscard]] QRegion handleMap(const xcb_map_notify_event_t& event);
+    [[nodiscard]] QRegion handleUnmap(const xcb_unmap_notify_event_t& event);
+    [[nodiscard]] QRegion handleConfigure(const xcb_configure_notify_event_t& event);
+    [[nodiscard]] QRegion handleReparent(const xcb_reparent_notify_event_t& event);
+    [[nodiscard]] QRegion handleCirculate(const xcb_circulate_notify_event_t& event);
     [[nodiscard]] StackedWindow* find(xcb_window_t id);
     void describe(std::vector<StackedWindow*> windows);
     void add(xcb_window_t id);
@@ -88,8 +96,7 @@ private:
     [[nodiscard]] QRegion moveAbove(xcb_window_t id, xcb_window_t sibling);
 
     XcbConnection& m_connection;
-    std::uint8_t m_damageEvent = 0;
-    std::uint8_t m_shapeEvent = 0;
+    const PickingExtensions& m_extensions;
     std::uint32_t m_damageCountsFrom = 0;
     std::vector<StackedWindow> m_windows;
 };

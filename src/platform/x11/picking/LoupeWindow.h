@@ -1,41 +1,43 @@
 #pragma once
 
-#include "LoupeSurface.h"
 #include "XcbConnection.h"
 #include "XcbHandle.h"
 
 #include <QImage>
+#include <QPoint>
 #include <QSize>
 
+#include <cstdint>
 #include <vector>
 
 namespace tintwick {
 
-class X11ScreenGrabber;
+class ScreenReader;
 
-/// A small window that no window manager touches, above all others, through which every click falls. With a compositor
-/// its translucent pixels blend; without one it is cut to the outline of its picture.
-class X11LoupeSurface final : public LoupeSurface, private XcbConnection::Sink
+/// The window that shows the loupe: not managed by any window manager, above all others, open to every click. With a
+/// compositor its translucent pixels blend; without one it is cut to the outline of its picture.
+class LoupeWindow final : private XcbConnection::Sink
 {
 public:
-    X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber);
-    ~X11LoupeSurface() = default;
+    /// Both must outlive the window, which is mapped with its first picture.
+    LoupeWindow(XcbConnection& connection, ScreenReader& reader);
+    ~LoupeWindow() = default;
 
-    /// What covers it is seen only while the grabber has a session.
-    [[nodiscard]] SurfaceId id() const override { return m_window.id(); }
-    void present(const QImage& picture, DesktopPoint topLeft) override;
+    /// Picture (premultiplied ARGB32) and place change together; `topLeft` is in root coordinates.
+    void show(const QImage& picture, QPoint topLeft);
 
 private:
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsDrained() override;
     void createWindow();
+    void setProperties() const;
     void setSize(const QSize& size);
     void cutToOutline(const QImage& picture);
     void upload(const QImage& picture);
     [[nodiscard]] const QImage& withHardEdges(const QImage& picture);
 
     XcbConnection& m_connection;
-    X11ScreenGrabber& m_grabber;
+    ScreenReader& m_reader;
     bool m_isComposited;
     XcbColormap m_colormap;
     XcbWindow m_window;
@@ -44,7 +46,8 @@ private:
     QPoint m_place;
     std::uint8_t m_depth = 0;
     bool m_isMapped = false;
-    bool m_isOvertaken = false;
+    /// Whether another window has come above this one.
+    bool m_isCovered = false;
     /// Indices of the pixels on the outline, which without a compositor must become opaque.
     std::vector<qsizetype> m_edgePixels;
     QImage m_hardEdged;

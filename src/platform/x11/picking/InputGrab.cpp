@@ -1,21 +1,15 @@
-#include "X11PickingInput.h"
+#include "InputGrab.h"
 
 #include "EvdevKeys.h"
-#include "KeyCode.h"
+#include "GrabRetry.h"
 #include "ToolkitConnection.h"
 #include "XInput.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <ctime>
+#include <utility>
 
 namespace tintwick {
 
 namespace {
-
-// A grab that another program holds for a moment (a menu that is closing) is worth waiting for.
-constexpr int grabAttempts = 30;
-constexpr timespec pauseBetweenAttempts{0, 5'000'000};
 
 constexpr std::uint32_t pointerEvents =
     XCB_INPUT_XI_EVENT_MASK_MOTION | XCB_INPUT_XI_EVENT_MASK_BUTTON_PRESS |
@@ -51,16 +45,6 @@ PointerButton toButton(std::uint32_t button)
     }
 }
 
-int toModifiers(std::uint32_t mods)
-{
-    int result = 0;
-    result |= (mods & XCB_MOD_MASK_SHIFT) != 0 ? modifier::shift : 0;
-    result |= (mods & XCB_MOD_MASK_CONTROL) != 0 ? modifier::control : 0;
-    result |= (mods & XCB_MOD_MASK_1) != 0 ? modifier::alt : 0;
-    result |= (mods & XCB_MOD_MASK_4) != 0 ? modifier::super : 0;
-    return result;
-}
-
 XcbCursor createBlankCursor(XcbConnection& connection)
 {
     xcb_connection_t* c = connection.get();
@@ -78,78 +62,93 @@ XcbCursor createBlankCursor(XcbConnection& connection)
 
 } // namespace
 
-X11PickingInput::X11PickingInput(XcbConnection& connection)
+InputGrab::InputGrab(XcbConnection& connection, XkbKeymap& keymap)
     : m_connection(connection)
     , m_extension(openInputExtension(connection))
     , m_tappingProperty(connection.atom("libinput Tapping Enabled"))
+    , m_keymap(keymap)
 {
 }
 
-X11PickingInput::~X11PickingInput()
+InputGrab::~InputGrab()
 {
     m_buttonsDown.clear();
     m_keysDown.clear();
     end();
 }
 
-PickingInput::Outcome X11PickingInput::begin(Listener& listener)
+InputGrab::Outcome InputGrab::begin(Listener& listener)
 {
-    // What the toolkit has already given back must not look taken.
+    // What the toolkit has already released must not look grabbed.
     toolkit::sync();
     if (m_extension == 0 || !findDevices()) {
-        return Outcome::Refused;
+        return Outcome::NoInputExtension;
     }
     if (!m_blankCursor) {
         m_blankCursor = createBlankCursor(m_connection);
     }
-    for (int attempt = 1; !grabBoth(); ++attempt) {
-        if (attempt == grabAttempts) {
-            m_holdsPointer = m_holdsKeyboard = false;
-            m_buttonsDown.clear();
-            m_keysDown.clear();
-            m_subscription = {};
-            m_connection.flush();
-            return Outcome::Refused;
+    Outcome outcome = Outcome::Started;
+    const auto grabBoth = [&] {
+        if (!grabPointer(m_blankCursor.id())) {
+            outcome = Outcome::PointerIsHeld;
+            return false;
         }
-        nanosleep(&pauseBetweenAttempts, nullptr);
+        if (!grabKeyboard()) {
+            outcome = Outcome::KeyboardIsHeld;
+            ungrab(m_pointer);
+            return false;
+        }
+        return true;
+    };
+    if (!retryGrab(grabBoth)) {
+        m_holdsPointer = m_holdsKeyboard = false;
+        m_buttonsDown.clear();
+        m_keysDown.clear();
+        m_subscription = {};
+        m_connection.flush();
+        return outcome;
     }
     m_holdsPointer = m_holdsKeyboard = true;
     m_listener = &listener;
     m_pendingMove.reset();
-    // Numbers of devices are given anew when devices come and go.
+    // Devices that were plugged in meanwhile may have the numbers of others; the layout may be another one.
     m_scrollsInPoints.clear();
+    m_modifiers.reset();
+    m_lastWarp = 0;
     m_subscription = m_connection.subscribe(*this);
     return Outcome::Started;
 }
 
-void X11PickingInput::end()
+void InputGrab::end()
 {
     m_listener = nullptr;
     m_pendingMove.reset();
-    releaseWhatIsUp();
+    releaseIdleGrabs();
     if (m_holdsPointer) {
         // The release of the button is still ours, but the pointer shows again.
         static_cast<void>(grabPointer(XCB_CURSOR_NONE));
     }
 }
 
-DesktopPoint X11PickingInput::pointerPosition() const
+QPointF InputGrab::pointerPosition() const
 {
     xcb_connection_t* c = m_connection.get();
     const XcbReply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(c, xcb_query_pointer(c, m_connection.root()), nullptr));
-    return pointer ? DesktopPoint{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)}
-                   : DesktopPoint{};
+    return pointer ? QPointF(pointer->root_x, pointer->root_y) : QPointF();
 }
 
-void X11PickingInput::movePointerBy(double dx, double dy)
+void InputGrab::warpPointer(QPoint position)
 {
-    xcb_warp_pointer(m_connection.get(), XCB_NONE, XCB_NONE, 0, 0, 0, 0, static_cast<std::int16_t>(dx),
-                     static_cast<std::int16_t>(dy));
+    m_pendingMove.reset();
+    m_lastWarp =
+        xcb_warp_pointer(m_connection.get(), XCB_NONE, m_connection.root(), 0, 0, 0, 0,
+                         static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y()))
+            .sequence;
     m_connection.flush();
 }
 
-void X11PickingInput::handleEvent(const xcb_generic_event_t& event)
+void InputGrab::handleEvent(const xcb_generic_event_t& event)
 {
     if ((event.response_type & 0x7f) != XCB_GE_GENERIC) {
         return;
@@ -181,17 +180,17 @@ void X11PickingInput::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
-void X11PickingInput::eventsDrained()
+void InputGrab::eventsDrained()
 {
     deliverPendingMove();
 }
 
-void X11PickingInput::handleButton(const xcb_input_button_press_event_t& event, bool isPress)
+void InputGrab::handleButton(const xcb_input_button_press_event_t& event, bool isPress)
 {
     deliverPendingMove();
     const bool isWheel = event.detail >= wheelUp && event.detail < firstPlainButtonAfterWheel;
     if (isWheel) {
-        // A smooth wheel sends these beside its axis.
+        // The server adds these to the events of a smooth wheel's axis.
         const bool isEcho = (event.flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
         if (isPress && !isEcho && m_listener && (event.detail == wheelUp || event.detail == wheelDown)) {
             m_listener->scrolled({event.detail == wheelUp ? 1.0 : -1.0, false});
@@ -201,11 +200,11 @@ void X11PickingInput::handleButton(const xcb_input_button_press_event_t& event, 
     if (!isPress) {
         m_buttonsDown.erase(event.detail);
         if (!m_listener) {
-            releaseWhatIsUp();
+            releaseIdleGrabs();
         }
         return;
     }
-    // A press that was under way when its device was given back is not ours to wait for.
+    // A press from before the ungrab can still arrive; its release will not.
     if (m_holdsPointer) {
         m_buttonsDown.insert(event.detail);
     }
@@ -214,13 +213,13 @@ void X11PickingInput::handleButton(const xcb_input_button_press_event_t& event, 
     }
 }
 
-void X11PickingInput::handleKey(const xcb_input_key_press_event_t& event, bool isPress)
+void InputGrab::handleKey(const xcb_input_key_press_event_t& event, bool isPress)
 {
     deliverPendingMove();
     if (!isPress) {
         m_keysDown.erase(event.detail);
         if (!m_listener) {
-            releaseWhatIsUp();
+            releaseIdleGrabs();
         }
         return;
     }
@@ -228,18 +227,31 @@ void X11PickingInput::handleKey(const xcb_input_key_press_event_t& event, bool i
         m_keysDown.insert(event.detail);
     }
     if (m_listener) {
-        const bool isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
-        const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
-        m_listener->keyPressed({position.value_or(-1), toModifiers(event.mods.effective), isRepeat, 0});
+        m_listener->keyPressed(toKeyPress(event));
     }
 }
 
-void X11PickingInput::handleMotion(const xcb_input_motion_event_t& event)
+KeyPress InputGrab::toKeyPress(const xcb_input_key_press_event_t& event)
+{
+    if (!m_modifiers) {
+        m_modifiers = ModifierMap::read(m_connection).value_or(ModifierMap{});
+    }
+    const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
+    return {.keyCode = position.value_or(-1),
+            .modifiers = m_modifiers->modifiers(event.mods.effective),
+            .isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0,
+            .character = m_keymap.character(event.detail, event.mods.effective, event.group.effective)};
+}
+
+void InputGrab::handleMotion(const xcb_input_motion_event_t& event)
 {
     if (!m_listener) {
         return;
     }
-    m_pendingMove = DesktopPoint{toDouble(event.root_x), toDouble(event.root_y)};
+    // Sequence numbers wrap around, so their distance counts.
+    if (m_lastWarp == 0 || static_cast<std::int32_t>(event.full_sequence - m_lastWarp) >= 0) {
+        m_pendingMove = QPointF{toDouble(event.root_x), toDouble(event.root_y)};
+    }
     if (!m_scrollAxes.hasAxis()) {
         return;
     }
@@ -257,15 +269,15 @@ void X11PickingInput::handleMotion(const xcb_input_motion_event_t& event)
     }
 }
 
-void X11PickingInput::deliverPendingMove()
+void InputGrab::deliverPendingMove()
 {
     if (m_listener && m_pendingMove) {
-        const DesktopPoint position = *std::exchange(m_pendingMove, std::nullopt);
+        const QPointF position = *std::exchange(m_pendingMove, std::nullopt);
         m_listener->pointerMoved(position);
     }
 }
 
-bool X11PickingInput::findDevices()
+bool InputGrab::findDevices()
 {
     xcb_connection_t* c = m_connection.get();
     const XcbReply<xcb_input_xi_get_client_pointer_reply_t> client(
@@ -285,7 +297,7 @@ bool X11PickingInput::findDevices()
     return true;
 }
 
-void X11PickingInput::readScrollAxes(xcb_input_device_class_iterator_t classes)
+void InputGrab::readScrollAxes(xcb_input_device_class_iterator_t classes)
 {
     m_scrollAxes.clear();
     std::map<int, double> values;
@@ -307,7 +319,7 @@ void X11PickingInput::readScrollAxes(xcb_input_device_class_iterator_t classes)
 }
 
 // Touchpads scroll by distances, wheels by notches; only a touchpad can be tapped.
-bool X11PickingInput::scrollsInPoints(xcb_input_device_id_t device)
+bool InputGrab::scrollsInPoints(xcb_input_device_id_t device)
 {
     const auto known = m_scrollsInPoints.find(device);
     if (known != m_scrollsInPoints.end()) {
@@ -319,7 +331,7 @@ bool X11PickingInput::scrollsInPoints(xcb_input_device_id_t device)
     return m_scrollsInPoints[device] = property && property->type != XCB_ATOM_NONE;
 }
 
-bool X11PickingInput::grab(xcb_input_device_id_t device, xcb_cursor_t cursor, std::uint32_t events) const
+bool InputGrab::grab(xcb_input_device_id_t device, xcb_cursor_t cursor, std::uint32_t events) const
 {
     xcb_connection_t* c = m_connection.get();
     const auto cookie = xcb_input_xi_grab_device(c, m_connection.root(), XCB_CURRENT_TIME, cursor, device,
@@ -330,35 +342,23 @@ bool X11PickingInput::grab(xcb_input_device_id_t device, xcb_cursor_t cursor, st
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
-bool X11PickingInput::grabBoth() const
-{
-    if (!grabPointer(m_blankCursor.id())) {
-        return false;
-    }
-    if (!grabKeyboard()) {
-        ungrab(m_pointer);
-        return false;
-    }
-    return true;
-}
-
-bool X11PickingInput::grabPointer(xcb_cursor_t cursor) const
+bool InputGrab::grabPointer(xcb_cursor_t cursor) const
 {
     return grab(m_pointer, cursor, pointerEvents);
 }
 
-bool X11PickingInput::grabKeyboard() const
+bool InputGrab::grabKeyboard() const
 {
     return grab(m_keyboard, XCB_CURSOR_NONE, keyboardEvents);
 }
 
-void X11PickingInput::ungrab(xcb_input_device_id_t device) const
+void InputGrab::ungrab(xcb_input_device_id_t device) const
 {
     xcb_input_xi_ungrab_device(m_connection.get(), XCB_CURRENT_TIME, device);
 }
 
-// Gives back the pointer once no button, and the keyboard once no key of the ended pick is down.
-void X11PickingInput::releaseWhatIsUp()
+// Releases the pointer once no button is down, and the keyboard once no key is.
+void InputGrab::releaseIdleGrabs()
 {
     if (m_buttonsDown.empty() && std::exchange(m_holdsPointer, false)) {
         ungrab(m_pointer);

@@ -1,7 +1,7 @@
-#include "X11LoupeSurface.h"
+#include "LoupeWindow.h"
 
+#include "ScreenReader.h"
 #include "TranslucentVisual.h"
-#include "X11ScreenGrabber.h"
 
 #include <xcb/shape.h>
 
@@ -20,26 +20,26 @@ constexpr std::string_view windowClass{"tintwick\0tintwick\0", 18};
 
 } // namespace
 
-X11LoupeSurface::X11LoupeSurface(XcbConnection& connection, X11ScreenGrabber& grabber)
+LoupeWindow::LoupeWindow(XcbConnection& connection, ScreenReader& reader)
     : m_connection(connection)
-    , m_grabber(grabber)
-    , m_isComposited(grabber.isComposited())
+    , m_reader(reader)
+    , m_isComposited(reader.isComposited())
 {
     createWindow();
     m_subscription = m_connection.subscribe(*this);
 }
 
-void X11LoupeSurface::present(const QImage& picture, DesktopPoint topLeft)
+void LoupeWindow::show(const QImage& picture, QPoint topLeft)
 {
     xcb_connection_t* c = m_connection.get();
-    const bool isComposited = m_grabber.isComposited();
+    const bool isComposited = m_reader.isComposited();
     if (picture.size() != m_size || isComposited != m_isComposited) {
         m_isComposited = isComposited;
         setSize(picture.size());
         cutToOutline(picture);
     }
-    m_place = QPoint(static_cast<int>(std::lround(topLeft.x)), static_cast<int>(std::lround(topLeft.y)));
-    m_grabber.loupeWillCover(QRect(m_place, m_size));
+    m_place = topLeft;
+    m_reader.loupeWillCover(QRect(m_place, m_size));
     const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(m_place.x()),
                                              static_cast<std::uint32_t>(m_place.y())};
     if (m_isMapped) {
@@ -54,28 +54,28 @@ void X11LoupeSurface::present(const QImage& picture, DesktopPoint topLeft)
     m_connection.flush();
 }
 
-void X11LoupeSurface::handleEvent(const xcb_generic_event_t& event)
+void LoupeWindow::handleEvent(const xcb_generic_event_t& event)
 {
     const int type = event.response_type & 0x7f;
     if (type == XCB_MAP_NOTIFY) {
-        m_isOvertaken |= reinterpret_cast<const xcb_map_notify_event_t&>(event).window != m_window.id();
+        m_isCovered |= reinterpret_cast<const xcb_map_notify_event_t&>(event).window != m_window.id();
     } else if (type == XCB_CONFIGURE_NOTIFY) {
         const auto& notify = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        m_isOvertaken |= notify.above_sibling == m_window.id();
+        m_isCovered |= notify.above_sibling == m_window.id();
     }
 }
 
-// A window that opens, or is raised, comes above the loupe.
-void X11LoupeSurface::eventsDrained()
+// A window that opens or is raised comes above the loupe.
+void LoupeWindow::eventsDrained()
 {
-    if (std::exchange(m_isOvertaken, false)) {
-        m_grabber.loupeWillCover(QRect(m_place, m_size));
+    if (std::exchange(m_isCovered, false)) {
+        m_reader.loupeWillCover(QRect(m_place, m_size));
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.get(), m_window.id(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
     }
 }
 
-void X11LoupeSurface::createWindow()
+void LoupeWindow::createWindow()
 {
     xcb_connection_t* c = m_connection.get();
     const xcb_visualid_t visual = translucentVisual(m_connection.screen());
@@ -93,6 +93,14 @@ void X11LoupeSurface::createWindow()
     m_gc = XcbGraphicsContext::withNewId(c);
     xcb_create_gc(c, m_gc.id(), m_window.id(), 0, nullptr);
 
+    setProperties();
+    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(),
+                         0, 0, 0, nullptr);
+}
+
+void LoupeWindow::setProperties() const
+{
+    xcb_connection_t* c = m_connection.get();
     const auto setText = [&](xcb_atom_t property, xcb_atom_t type, std::string_view text) {
         xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), property, type, 8,
                             static_cast<std::uint32_t>(text.size()), text.data());
@@ -100,15 +108,13 @@ void X11LoupeSurface::createWindow()
     setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, windowClass);
     setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, title);
     setText(m_connection.atom("_NET_WM_NAME"), m_connection.atom("UTF8_STRING"), title);
-    // Compositors neither fade in nor shadow what is dragged under the pointer.
+    // Compositors neither fade in nor shadow windows of this type.
     const xcb_atom_t type = m_connection.atom("_NET_WM_WINDOW_TYPE_DND");
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), m_connection.atom("_NET_WM_WINDOW_TYPE"),
                         XCB_ATOM_ATOM, 32, 1, &type);
-    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(),
-                         0, 0, 0, nullptr);
 }
 
-void X11LoupeSurface::setSize(const QSize& size)
+void LoupeWindow::setSize(const QSize& size)
 {
     m_size = size;
     const std::array<std::uint32_t, 2> values{static_cast<std::uint32_t>(size.width()),
@@ -117,7 +123,7 @@ void X11LoupeSurface::setSize(const QSize& size)
                          XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
 }
 
-void X11LoupeSurface::cutToOutline(const QImage& picture)
+void LoupeWindow::cutToOutline(const QImage& picture)
 {
     if (m_isComposited) {
         xcb_shape_mask(m_connection.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window.id(), 0, 0,
@@ -150,12 +156,12 @@ void X11LoupeSurface::cutToOutline(const QImage& picture)
                          static_cast<std::uint32_t>(runs.size()), runs.data());
 }
 
-void X11LoupeSurface::upload(const QImage& picture)
+void LoupeWindow::upload(const QImage& picture)
 {
     const QImage& source = m_isComposited ? picture : withHardEdges(picture);
     xcb_connection_t* c = m_connection.get();
     const auto rowBytes = static_cast<std::uint32_t>(source.bytesPerLine());
-    // A request holds so many bytes; a loupe at scale 2 may take several.
+    // The server limits a request; a loupe at scale 2 may take several.
     constexpr std::uint32_t requestHeader = 64;
     const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
     const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
@@ -168,8 +174,8 @@ void X11LoupeSurface::upload(const QImage& picture)
     }
 }
 
-// Half-covered pixels would show their share of black.
-const QImage& X11LoupeSurface::withHardEdges(const QImage& picture)
+// Translucent pixels would show their share of black.
+const QImage& LoupeWindow::withHardEdges(const QImage& picture)
 {
     std::copy_n(picture.constBits(), picture.sizeInBytes(), m_hardEdged.bits());
     auto* pixels = reinterpret_cast<QRgb*>(m_hardEdged.bits());

@@ -1,0 +1,253 @@
+#include "PickSession.h"
+
+#include "KeyCode.h"
+#include "LoupeGeometry.h"
+#include "Platform.h"
+#include "ZoomRadius.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+constexpr char32_t escapeCharacter = U'\u001B';
+
+/// What a key means to a pick, by the character it types, else by its position.
+enum class PickKey : std::uint8_t { None, Cancel, Pick, ZoomIn, ZoomOut, Left, Right, Up, Down };
+
+PickKey meaningOf(const KeyPress& press)
+{
+    switch (press.character) {
+    case escapeCharacter:
+        return PickKey::Cancel;
+    case U'+':
+    case U'=':
+        return PickKey::ZoomIn;
+    case U'-':
+        return PickKey::ZoomOut;
+    default:
+        break;
+    }
+    switch (press.keyCode) {
+    case keycode::escape:
+        return PickKey::Cancel;
+    case keycode::returnKey:
+    case keycode::keypadEnter:
+    case keycode::space:
+        return PickKey::Pick;
+    case keycode::equal:
+    case keycode::keypadPlus:
+        return PickKey::ZoomIn;
+    case keycode::minus:
+    case keycode::keypadMinus:
+        return PickKey::ZoomOut;
+    case keycode::leftArrow:
+        return PickKey::Left;
+    case keycode::rightArrow:
+        return PickKey::Right;
+    case keycode::upArrow:
+        return PickKey::Up;
+    case keycode::downArrow:
+        return PickKey::Down;
+    default:
+        return PickKey::None;
+    }
+}
+
+QRect squareAround(QPoint pixel, int radius)
+{
+    return {pixel.x() - radius, pixel.y() - radius, 2 * radius + 1, 2 * radius + 1};
+}
+
+/// What the lens shows while the desktop gives no picture.
+QImage darkPixels(int side)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(qRgb(0x55, 0x55, 0x55));
+    return image;
+}
+
+} // namespace
+
+PickSession::PickSession(Platform& platform, Options options, QObject* parent)
+    : QObject(parent)
+    , m_options(std::move(options))
+    , m_radius(zoomradius::atStart(m_options.radius))
+{
+    m_contentTimer.setSingleShot(true);
+    m_contentTimer.setInterval(0);
+    connect(&m_contentTimer, &QTimer::timeout, this, &PickSession::updateLoupe);
+    m_session = platform.startPick(*this);
+}
+
+void PickSession::cancel()
+{
+    end({PickOutcome::Kind::Cancelled});
+}
+
+void PickSession::refused(const QString& reason)
+{
+    end({PickOutcome::Kind::Failed, 0, reason});
+}
+
+void PickSession::pointerMoved(const ScreenPosition& position)
+{
+    // A warp of ours is reported too.
+    if (!m_hasPosition || position != m_position) {
+        m_hasPosition = true;
+        m_position = position;
+        updateLoupe();
+    }
+}
+
+void PickSession::buttonPressed(PointerButton button, const ScreenPosition& position)
+{
+    if (button == PointerButton::Primary) {
+        pick(position);
+    } else if (button == PointerButton::Secondary) {
+        cancel();
+    }
+}
+
+void PickSession::scrolled(ScrollDelta delta)
+{
+    zoomBy(m_scroll.add(delta));
+}
+
+void PickSession::keyPressed(const KeyPress& press)
+{
+    // Window managers often hold the combinations of Super; Control works everywhere.
+    const bool zooms = (press.modifiers & (modifier::super | modifier::control)) != 0;
+    const int distance = (press.modifiers & modifier::shift) != 0 ? 10 : 1;
+    switch (meaningOf(press)) {
+    case PickKey::Cancel:
+        if (!press.isRepeat) {
+            cancel();
+        }
+        break;
+    case PickKey::Pick:
+        // The key that started the pick may still be held down.
+        if (!press.isRepeat && m_hasPosition) {
+            pick(m_position);
+        }
+        break;
+    case PickKey::ZoomIn:
+        zoomBy(zooms ? 1 : 0);
+        break;
+    case PickKey::ZoomOut:
+        zoomBy(zooms ? -1 : 0);
+        break;
+    case PickKey::Left:
+        moveBy({-distance, 0});
+        break;
+    case PickKey::Right:
+        moveBy({distance, 0});
+        break;
+    case PickKey::Up:
+        moveBy({0, -distance});
+        break;
+    case PickKey::Down:
+        moveBy({0, distance});
+        break;
+    case PickKey::None:
+        break;
+    }
+}
+
+void PickSession::contentChanged()
+{
+    m_contentTimer.start();
+}
+
+void PickSession::lost()
+{
+    cancel();
+}
+
+void PickSession::moveBy(QPoint distance)
+{
+    const QSize size = screenSize(m_position);
+    if (!m_hasPosition || size.isEmpty()) {
+        return;
+    }
+    const QPoint pixel = m_position.pixel() + distance;
+    ScreenPosition target{m_position.screen, pixel};
+    if (!isOnScreen(target)) {
+        const QPoint nearest(std::clamp(pixel.x(), 0, size.width() - 1),
+                             std::clamp(pixel.y(), 0, size.height() - 1));
+        target = m_session->onScreen(target).value_or(ScreenPosition{m_position.screen, nearest});
+    }
+    if (target == m_position) {
+        return;
+    }
+    m_position = target;
+    m_session->warpPointer(target);
+    updateLoupe();
+}
+
+void PickSession::zoomBy(int steps)
+{
+    const int radius = zoomradius::zoomedBy(m_radius, steps);
+    if (steps == 0 || radius == m_radius) {
+        return;
+    }
+    m_radius = radius;
+    updateLoupe();
+}
+
+void PickSession::pick(const ScreenPosition& position)
+{
+    if (!isOnScreen(position)) {
+        return;
+    }
+    const QImage pixel = m_session->grab(position.screen, squareAround(position.pixel(), 0));
+    if (pixel.isNull()) {
+        return;
+    }
+    const QRgb color = pixel.pixel(0, 0) | 0xff000000;
+    m_session->copyText(m_options.copiedText(color));
+    end({PickOutcome::Kind::Picked, color});
+}
+
+void PickSession::end(const PickOutcome& outcome)
+{
+    if (std::exchange(m_hasEnded, true)) {
+        return;
+    }
+    m_contentTimer.stop();
+    m_session->end();
+    Q_EMIT ended(outcome);
+}
+
+void PickSession::updateLoupe()
+{
+    // Whatever change was reported is in this grab.
+    m_contentTimer.stop();
+    const auto screen = static_cast<std::size_t>(m_position.screen);
+    if (!m_hasPosition || screen >= m_session->screens().size()) {
+        return;
+    }
+    const auto [size, scale] = m_session->screens()[screen];
+    const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
+    m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
+    m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));
+    const QImage& picture = m_loupe.render(m_options.look, scale);
+    const QPointF place = loupePlace(m_position.point, picture.size(), size, loupe::screenMargin * scale);
+    m_session->showLoupe(picture, m_position.screen, place.toPoint());
+}
+
+QSize PickSession::screenSize(const ScreenPosition& position) const
+{
+    const auto screen = static_cast<std::size_t>(position.screen);
+    return screen < m_session->screens().size() ? m_session->screens()[screen].size : QSize();
+}
+
+bool PickSession::isOnScreen(const ScreenPosition& position) const
+{
+    return QRect(QPoint(), screenSize(position)).contains(position.pixel());
+}
+
+} // namespace tintwick

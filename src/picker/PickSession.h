@@ -1,0 +1,91 @@
+#pragma once
+
+#include "LoupeLook.h"
+#include "LoupeRenderer.h"
+#include "PickingSession.h"
+#include "ScrollAccumulator.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace tintwick {
+
+class Platform;
+
+/// How a pick ended.
+struct PickOutcome
+{
+    enum class Kind : std::uint8_t { Picked, Cancelled, Failed };
+
+    Kind kind = Kind::Cancelled;
+    /// The colour of the pixel, opaque. Only of Picked.
+    QRgb color = 0;
+    /// One sentence for the user. Only of Failed.
+    QString reason = {};
+
+    friend bool operator==(const PickOutcome&, const PickOutcome&) = default;
+};
+
+/// One pick, from the request to its outcome. Owns the loupe, the zoom and the position: the pixel that the loupe shows is
+/// the pixel that is picked.
+class PickSession final : public QObject, private PickingSession::Listener
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        LoupeLook look;
+        /// Pixels on each side of the middle one when the pick begins; at least 1, not bounded above.
+        int radius = 7;
+        /// The text that a picked colour puts on the clipboard.
+        std::function<QString(QRgb color)> copiedText;
+    };
+
+    /// Asks the platform for the pick, which begins from the event loop. The platform must outlive this object.
+    PickSession(Platform& platform, Options options, QObject* parent = nullptr);
+
+    /// Ends the pick without a colour. Does nothing when it has ended.
+    void cancel();
+
+Q_SIGNALS:
+    /// Emitted once, when the desktop has its input back. The session must not be destroyed from a slot: use deleteLater().
+    void ended(const tintwick::PickOutcome& outcome);
+
+private:
+    void refused(const QString& reason) override;
+    void pointerMoved(const ScreenPosition& position) override;
+    void buttonPressed(PointerButton button, const ScreenPosition& position) override;
+    void scrolled(ScrollDelta delta) override;
+    void keyPressed(const KeyPress& press) override;
+    void contentChanged() override;
+    void lost() override;
+
+    void moveBy(QPoint distance);
+    void zoomBy(int steps);
+    void pick(const ScreenPosition& position);
+    void end(const PickOutcome& outcome);
+    /// Shows the loupe with the pixels that are there now.
+    void updateLoupe();
+    [[nodiscard]] QSize screenSize(const ScreenPosition& position) const;
+    [[nodiscard]] bool isOnScreen(const ScreenPosition& position) const;
+
+    Options m_options;
+    bool m_hasEnded = false;
+    /// Whether m_position is known, and with it the loupe shown.
+    bool m_hasPosition = false;
+    ScreenPosition m_position;
+    int m_radius;
+    ScrollAccumulator m_scroll;
+    LoupeRenderer m_loupe;
+    /// Merges the content changes of one turn of the event loop.
+    QTimer m_contentTimer;
+    // Destroyed first, because it reports to this object.
+    std::unique_ptr<PickingSession> m_session;
+};
+
+} // namespace tintwick

@@ -1,0 +1,72 @@
+#include "Picker.h"
+
+#include "LoupeRenderer.h"
+#include "Platform.h"
+#include "Preferences.h"
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+LoupeLook lookIn(const Preferences& preferences)
+{
+    return {.isCircle = preferences.loupeShape() == LoupeShape::Circle,
+            .side = loupeSide(preferences.loupeSize())};
+}
+
+} // namespace
+
+Picker::Picker(Platform& platform, const Preferences& preferences,
+               std::function<QString(QRgb color)> copiedText, QObject* parent)
+    : QObject(parent)
+    , m_platform(platform)
+    , m_preferences(preferences)
+    , m_copiedText(std::move(copiedText))
+{
+    m_platform.preparePicking();
+}
+
+void Picker::prepare() const
+{
+    static_cast<void>(LoupeRenderer().render(lookIn(m_preferences), 1));
+}
+
+void Picker::start()
+{
+    if (m_session) {
+        return;
+    }
+    m_session = new PickSession(
+        m_platform,
+        {.look = lookIn(m_preferences), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText},
+        this);
+    connect(m_session, &PickSession::ended, this, &Picker::finish);
+}
+
+void Picker::cancel()
+{
+    if (m_session) {
+        m_session->cancel();
+    }
+}
+
+void Picker::finish(const PickOutcome& outcome)
+{
+    // The session is still emitting.
+    std::exchange(m_session, nullptr)->deleteLater();
+    switch (outcome.kind) {
+    case PickOutcome::Kind::Picked:
+        Q_EMIT picked(outcome.color);
+        break;
+    case PickOutcome::Kind::Cancelled:
+        Q_EMIT cancelled();
+        break;
+    case PickOutcome::Kind::Failed:
+        Q_EMIT failed(outcome.reason);
+        break;
+    }
+}
+
+} // namespace tintwick

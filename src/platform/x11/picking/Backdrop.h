@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ScreenCopy.h"
+#include "XcbConnection.h"
+#include "XcbHandle.h"
+
+#include <QRegion>
+
+#include <optional>
+
+namespace tintwick {
+
+/// A repeating picture of what is seen where no window is: the wallpaper if a program has published it (`_XROOTPMAP_ID`),
+/// else the colour that the copy of the screen has where no window was, else black, as the server paints it.
+class Backdrop final
+{
+public:
+    /// `bareRegion` is where no window was when the copy was made, in root coordinates.
+    Backdrop(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
+             const QRegion& bareRegion);
+
+    [[nodiscard]] xcb_render_picture_t picture() const { return m_picture.id(); }
+
+private:
+    [[nodiscard]] bool useWallpaper(const XcbConnection& connection);
+    void useOneColor(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
+                     const QRegion& bareRegion);
+
+    XcbPixmap m_pixmap;
+    XcbPicture m_picture;
+};
+
+/// The property of the root window that names the wallpaper's pixmap.
+[[nodiscard]] xcb_atom_t wallpaperProperty(const XcbConnection& connection);
+
+} // namespace tintwick

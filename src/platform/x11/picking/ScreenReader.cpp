@@ -1,0 +1,238 @@
+#include "ScreenReader.h"
+
+#include "RenderFormats.h"
+#include "ToolkitConnection.h"
+#include "X11Compositor.h"
+
+#include <xcb/damage.h>
+#include <xcb/randr.h>
+#include <xcb/xfixes.h>
+
+namespace tintwick {
+
+namespace {
+
+// A region with more rectangles becomes its bounding box: composing too much is correct, only slower.
+constexpr int maximumRegionComplexity = 64;
+
+// The longest that a compositor takes to show where the loupe went.
+constexpr std::chrono::milliseconds compositorDelay{300};
+
+} // namespace
+
+ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& extensions,
+                           const QRegion& closing)
+    : m_connection(connection)
+    , m_extensions(extensions)
+    , m_compositorSelection(compositorSelection(connection))
+    , m_wallpaperProperty(wallpaperProperty(connection))
+    , m_canvas(connection)
+{
+    // A menu of ours that has just closed must be gone before the screen is copied.
+    toolkit::sync();
+    m_subscription = m_connection.subscribe(*this);
+    readScreens();
+    m_isComposited = hasCompositor(m_connection);
+    selectEvents(true);
+    if (m_extensions.canReadBelowLoupe) {
+        // Watched before the copy is made, so that nothing drawn after it is missed.
+        m_windows.emplace(m_connection, m_extensions);
+        m_bareRegion = m_screenRegion - m_windows->coveredRegion();
+    }
+    const QRect bounds = m_screenRegion.boundingRect();
+    if (bounds.isEmpty()) {
+        return;
+    }
+    m_copy.emplace(m_connection, QSize(bounds.right() + 1, bounds.bottom() + 1));
+    if (m_windows) {
+        m_windows->ignoreDamageBefore(m_copy->sequence());
+    }
+    if (m_isComposited) {
+        if (m_extensions.canReadBelowLoupe) {
+            m_screenDamage = XcbDamage::withNewId(m_connection.get());
+            xcb_damage_create(m_connection.get(), m_screenDamage.id(), m_connection.root(),
+                              XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
+        }
+        m_changed = closing;
+    }
+}
+
+ScreenReader::~ScreenReader()
+{
+    m_subscription = {};
+    selectEvents(false);
+    m_connection.flush();
+}
+
+QImage ScreenReader::grab(const QRect& rect)
+{
+    m_lastGrab = rect;
+    if (!m_canvas.begin(rect)) {
+        return {};
+    }
+    const QRegion visible = m_screenRegion & rect;
+    if (visible != rect) {
+        m_canvas.clip(rect);
+        m_canvas.fillDarkGray();
+    }
+    m_canvas.clip(visible);
+    if (!m_copy) {
+        m_canvas.drawRootPicture(createRootPicture().id(), rect);
+        return m_canvas.read();
+    }
+    const QRegion live = m_windows ? visible & m_changed : QRegion();
+    if (live != visible) {
+        m_canvas.drawRootPicture(m_copy->picture(), rect);
+    }
+    if (!live.isEmpty()) {
+        drawLive(live);
+    }
+    return m_canvas.read();
+}
+
+void ScreenReader::loupeWillCover(const QRect& area)
+{
+    const auto now = std::chrono::steady_clock::now();
+    m_loupeTrail.push_back({withShadow(area), now});
+    while (m_loupeTrail.front().when < now - compositorDelay) {
+        m_loupeTrail.pop_front();
+    }
+    if (m_windows) {
+        m_windows->keepContents(area);
+    }
+}
+
+void ScreenReader::handleEvent(const xcb_generic_event_t& event)
+{
+    const int type = event.response_type & 0x7f;
+    if (isScreenChange(event)) {
+        const std::vector<X11Screen> before = m_screens;
+        readScreens();
+        if (m_screens != before) {
+            // New parts of the desktop are not in the copy.
+            m_changed = m_screenRegion;
+            Q_EMIT screensChanged();
+        }
+    } else if (isCompositorChange(event)) {
+        m_isComposited = hasCompositor(m_connection);
+        markChanged(m_screenRegion);
+    } else if (type == XCB_PROPERTY_NOTIFY &&
+               reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_wallpaperProperty) {
+        m_backdrop.reset();
+        markChanged(m_screenRegion);
+    } else if (m_screenDamage && type == m_extensions.damageEvent + XCB_DAMAGE_NOTIFY &&
+               reinterpret_cast<const xcb_damage_notify_event_t&>(event).damage == m_screenDamage.id()) {
+        const auto& area = reinterpret_cast<const xcb_damage_notify_event_t&>(event).area;
+        handleScreenDamage({area.x, area.y, area.width, area.height});
+    } else if (m_windows) {
+        markChanged(m_windows->handleEvent(event));
+    }
+}
+
+bool ScreenReader::isScreenChange(const xcb_generic_event_t& event) const
+{
+    const int type = event.response_type & 0x7f;
+    const int randr = m_extensions.randrEvent;
+    const bool isRandr =
+        randr != 0 && (type == randr + XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == randr + XCB_RANDR_NOTIFY);
+    return isRandr ||
+           (type == XCB_CONFIGURE_NOTIFY &&
+            reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == m_connection.root());
+}
+
+bool ScreenReader::isCompositorChange(const xcb_generic_event_t& event) const
+{
+    const int type = event.response_type & 0x7f;
+    return m_extensions.xfixesEvent != 0 && type == m_extensions.xfixesEvent + XCB_XFIXES_SELECTION_NOTIFY &&
+           reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event).selection ==
+               m_compositorSelection;
+}
+
+void ScreenReader::selectEvents(bool select) const
+{
+    xcb_connection_t* c = m_connection.get();
+    const std::uint32_t rootEvents = select ? XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                  XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY |
+                                                  XCB_EVENT_MASK_PROPERTY_CHANGE
+                                            : XCB_EVENT_MASK_NO_EVENT;
+    xcb_change_window_attributes(c, m_connection.root(), XCB_CW_EVENT_MASK, &rootEvents);
+    if (m_extensions.randrEvent != 0) {
+        const int monitors = XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
+                             XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE;
+        xcb_randr_select_input(c, m_connection.root(), static_cast<std::uint16_t>(select ? monitors : 0));
+    }
+    if (m_extensions.canReadBelowLoupe) {
+        const std::uint32_t owners = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                     XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                     XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+        xcb_xfixes_select_selection_input(c, m_connection.root(), m_compositorSelection, select ? owners : 0);
+    }
+}
+
+// A compositor shows what happened before the copy was made a moment after it, and fades out windows that are gone. What
+// it paints because of the loupe is no change, nor is a repaint of the whole screen.
+void ScreenReader::handleScreenDamage(const QRect& area)
+{
+    QRect loupe;
+    for (const LoupePlace& place : m_loupeTrail) {
+        loupe |= place.area;
+    }
+    const QRect screen = m_screenRegion.boundingRect();
+    if (!area.contains(screen) && !loupe.contains(area & screen)) {
+        markChanged(area);
+    }
+}
+
+void ScreenReader::markChanged(const QRegion& region)
+{
+    if (region.isEmpty()) {
+        return;
+    }
+    m_changed += region;
+    if (m_changed.rectCount() > maximumRegionComplexity) {
+        m_changed = m_changed.boundingRect();
+    }
+    if (region.intersects(m_lastGrab)) {
+        Q_EMIT contentChanged();
+    }
+}
+
+void ScreenReader::readScreens()
+{
+    m_screens = queryScreens(m_connection);
+    m_screenRegion = {};
+    for (const X11Screen& screen : m_screens) {
+        m_screenRegion += screen.frame;
+    }
+}
+
+void ScreenReader::drawLive(const QRegion& region)
+{
+    const QRect area = region.boundingRect();
+    m_canvas.clip(region);
+    if (!m_backdrop) {
+        m_backdrop.emplace(m_connection, m_copy, m_bareRegion);
+    }
+    m_canvas.drawRootPicture(m_backdrop->picture(), area);
+    for (const StackedWindow* window : m_windows->contentsIn(area)) {
+        // The server honours a clip of the destination, not one of the source.
+        if (window->isShaped) {
+            m_canvas.clip(region & window->shape.translated(window->frame.topLeft()));
+        }
+        m_canvas.drawWindow(*window, area, window->hasAlpha && m_isComposited);
+        if (window->isShaped) {
+            m_canvas.clip(region);
+        }
+    }
+}
+
+XcbPicture ScreenReader::createRootPicture() const
+{
+    XcbPicture picture = XcbPicture::withNewId(m_connection.get());
+    const std::uint32_t includeInferiors = XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS;
+    xcb_render_create_picture(m_connection.get(), picture.id(), m_connection.root(), rootFormat(m_connection),
+                              XCB_RENDER_CP_SUBWINDOW_MODE, &includeInferiors);
+    return picture;
+}
+
+} // namespace tintwick

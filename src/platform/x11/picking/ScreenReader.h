@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Backdrop.h"
+#include "GrabCanvas.h"
+#include "PickingExtensions.h"
+#include "ScreenCopy.h"
+#include "WindowStack.h"
+#include "X11Screens.h"
+#include "XcbConnection.h"
+#include "XcbHandle.h"
+
+#include <QImage>
+#include <QObject>
+#include <QRegion>
+
+#include <chrono>
+#include <deque>
+#include <optional>
+#include <vector>
+
+namespace tintwick {
+
+/// Reads the screen below the loupe during one pick, live. All rectangles and regions are in root coordinates.
+///
+/// The loupe covers the pixels that it magnifies, so there are two sources. One is a copy of the screen, made before the
+/// loupe is shown: exactly what the user sees. The other is the windows' own pixmaps, which the Composite extension keeps
+/// whole below other windows; one is requested when the loupe first covers its window, because without a compositor each
+/// costs the server a copy. Where nothing has changed since the copy was made, the copy is read; elsewhere the windows are
+/// composed. Without Composite the copy is the only source.
+class ScreenReader final : public QObject, private XcbConnection::Sink
+{
+    Q_OBJECT
+
+public:
+    /// Make it before anything of ours is shown. The connection must outlive it. Pixels of `closing` count as changed from
+    /// the start: a compositor still shows windows there that have just closed.
+    ScreenReader(XcbConnection& connection, const PickingExtensions& extensions, const QRegion& closing);
+    ~ScreenReader() override;
+
+    /// The primary one first.
+    [[nodiscard]] const std::vector<X11Screen>& screens() const { return m_screens; }
+    /// Whether a compositor blends translucent windows; without one their colours are shown opaque.
+    [[nodiscard]] bool isComposited() const { return m_isComposited; }
+
+    /// The rectangle without the loupe and without windows above it (Format_RGB32); dark grey where no monitor is; null when
+    /// the server gives no picture.
+    [[nodiscard]] QImage grab(const QRect& rect);
+    /// Call before the loupe covers the area: without a compositor the server would drop what windows below it draw.
+    void loupeWillCover(const QRect& area);
+
+Q_SIGNALS:
+    /// Pixels of the last grab may look different now.
+    void contentChanged();
+    void screensChanged();
+
+private:
+    struct LoupePlace
+    {
+        QRect area;
+        std::chrono::steady_clock::time_point when;
+    };
+
+    void handleEvent(const xcb_generic_event_t& event) override;
+    /// Whether the event says that monitors have changed.
+    [[nodiscard]] bool isScreenChange(const xcb_generic_event_t& event) const;
+    /// Whether the event says that a compositor has come or gone.
+    [[nodiscard]] bool isCompositorChange(const xcb_generic_event_t& event) const;
+    void selectEvents(bool select) const;
+    void handleScreenDamage(const QRect& area);
+    void markChanged(const QRegion& region);
+    void readScreens();
+    void drawLive(const QRegion& region);
+    [[nodiscard]] XcbPicture createRootPicture() const;
+
+    XcbConnection& m_connection;
+    const PickingExtensions& m_extensions;
+    xcb_atom_t m_compositorSelection = XCB_ATOM_NONE;
+    xcb_atom_t m_wallpaperProperty = XCB_ATOM_NONE;
+    std::vector<X11Screen> m_screens;
+    QRegion m_screenRegion;
+    bool m_isComposited = false;
+    std::optional<ScreenCopy> m_copy;
+    std::optional<WindowStack> m_windows;
+    /// Where no window was when the copy was made.
+    QRegion m_bareRegion;
+    /// Made when first needed.
+    std::optional<Backdrop> m_backdrop;
+    /// Reports what a compositor paints on the screen.
+    XcbDamage m_screenDamage;
+    /// Where the loupe has been lately, the newest last.
+    std::deque<LoupePlace> m_loupeTrail;
+    /// Where the copy no longer is what the user sees.
+    QRegion m_changed;
+    QRect m_lastGrab;
+    GrabCanvas m_canvas;
+    XcbConnection::Subscription m_subscription;
+};
+
+} // namespace tintwick

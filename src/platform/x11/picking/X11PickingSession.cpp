@@ -1,0 +1,191 @@
+#include "X11PickingSession.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+bool contains(const QRect& frame, QPointF position)
+{
+    return position.x() >= frame.x() && position.x() < frame.x() + frame.width() &&
+           position.y() >= frame.y() && position.y() < frame.y() + frame.height();
+}
+
+} // namespace
+
+X11PickingParts::X11PickingParts(XcbConnection& ofConnection, XkbKeymap& keymap)
+    : connection(ofConnection)
+    , extensions(ofConnection)
+    , closedWindows(ofConnection)
+    , input(ofConnection, keymap)
+{
+}
+
+X11PickingSession::X11PickingSession(X11PickingParts& parts, PickingSession::Listener& listener)
+    : m_parts(parts)
+    , m_listener(&listener)
+{
+    QMetaObject::invokeMethod(this, &X11PickingSession::start, Qt::QueuedConnection);
+}
+
+X11PickingSession::~X11PickingSession()
+{
+    end();
+}
+
+void X11PickingSession::start()
+{
+    if (!m_listener) {
+        return;
+    }
+    // The reader comes first: it copies the screen, and nothing of ours belongs in the copy.
+    m_reader.emplace(m_parts.connection, m_parts.extensions, m_parts.closedWindows.region());
+    const InputGrab::Outcome outcome = m_parts.input.begin(*this);
+    if (outcome != InputGrab::Outcome::Started) {
+        refuse(outcome);
+        return;
+    }
+    connect(&*m_reader, &ScreenReader::contentChanged, this, [this] { m_listener->contentChanged(); });
+    connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::readScreens);
+    // Not from within the reader's own signal, since the listener may end the session.
+    connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::followScreens,
+            Qt::QueuedConnection);
+    readScreens();
+    if (!m_screens.empty()) {
+        m_listener->pointerMoved(toScreen(m_parts.input.pointerPosition()));
+    }
+}
+
+void X11PickingSession::refuse(InputGrab::Outcome outcome)
+{
+    m_reader.reset();
+    PickingSession::Listener& listener = *std::exchange(m_listener, nullptr);
+    switch (outcome) {
+    case InputGrab::Outcome::PointerIsHeld:
+        listener.refused(tr("No color can be picked now: another program holds the pointer."));
+        return;
+    case InputGrab::Outcome::KeyboardIsHeld:
+        listener.refused(tr("No color can be picked now: another program holds the keyboard."));
+        return;
+    case InputGrab::Outcome::NoInputExtension:
+    case InputGrab::Outcome::Started:
+        break;
+    }
+    listener.refused(tr("No color can be picked: this X server lacks the X Input extension 2."));
+}
+
+QImage X11PickingSession::grab(int screen, const QRect& pixels)
+{
+    return m_reader ? m_reader->grab(pixels.translated(originOf(screen))) : QImage();
+}
+
+void X11PickingSession::showLoupe(const QImage& picture, int screen, QPoint topLeft)
+{
+    if (!m_reader) {
+        return;
+    }
+    if (!m_loupe) {
+        m_loupe.emplace(m_parts.connection, *m_reader);
+    }
+    m_loupe->show(picture, originOf(screen) + topLeft);
+}
+
+std::optional<ScreenPosition> X11PickingSession::onScreen(const ScreenPosition& position) const
+{
+    const ScreenPosition found = toScreen(position.point + originOf(position.screen));
+    const auto screen = static_cast<std::size_t>(found.screen);
+    const bool isThere =
+        screen < m_screens.size() && contains(QRect(QPoint(), m_screens[screen].size), found.point);
+    return isThere ? std::optional(found) : std::nullopt;
+}
+
+bool X11PickingSession::warpPointer(const ScreenPosition& position)
+{
+    m_parts.input.warpPointer(position.pixel() + originOf(position.screen));
+    return true;
+}
+
+// The server refuses a clipboard that is set with an older time than another program's, and the toolkit knows only the
+// time of the last event of its own windows.
+void X11PickingSession::copyText(const QString& text)
+{
+    m_parts.toolkitClock.bringUpToDate();
+    QGuiApplication::clipboard()->setText(text);
+}
+
+void X11PickingSession::end()
+{
+    if (!std::exchange(m_listener, nullptr) || !m_reader) {
+        return;
+    }
+    m_loupe.reset();
+    m_parts.input.end();
+    m_reader.reset();
+}
+
+void X11PickingSession::pointerMoved(QPointF position)
+{
+    m_listener->pointerMoved(toScreen(position));
+}
+
+void X11PickingSession::buttonPressed(PointerButton button, QPointF position)
+{
+    m_listener->buttonPressed(button, toScreen(position));
+}
+
+void X11PickingSession::scrolled(ScrollDelta delta)
+{
+    m_listener->scrolled(delta);
+}
+
+void X11PickingSession::keyPressed(const KeyPress& press)
+{
+    m_listener->keyPressed(press);
+}
+
+void X11PickingSession::readScreens()
+{
+    m_screens.clear();
+    for (const X11Screen& screen : m_reader->screens()) {
+        m_screens.push_back({screen.frame.size(), screen.scale});
+    }
+}
+
+void X11PickingSession::followScreens()
+{
+    if (!m_listener) {
+        return;
+    }
+    if (m_screens.empty()) {
+        m_listener->lost();
+    } else {
+        // The server moves the pointer to a screen that is left.
+        m_listener->pointerMoved(toScreen(m_parts.input.pointerPosition()));
+    }
+}
+
+QPoint X11PickingSession::originOf(int screen) const
+{
+    const auto index = static_cast<std::size_t>(screen);
+    return m_reader && index < m_reader->screens().size() ? m_reader->screens()[index].frame.topLeft()
+                                                          : QPoint();
+}
+
+ScreenPosition X11PickingSession::toScreen(QPointF position) const
+{
+    if (m_screens.empty()) {
+        return {0, position};
+    }
+    const std::vector<X11Screen>& screens = m_reader->screens();
+    const auto found = std::ranges::find_if(
+        screens, [&](const X11Screen& screen) { return contains(screen.frame, position); });
+    const auto& screen = found == screens.end() ? screens.front() : *found;
+    return {static_cast<int>(&screen - screens.data()), position - screen.frame.topLeft()};
+}
+
+} // namespace tintwick

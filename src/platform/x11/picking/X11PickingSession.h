@@ -1,0 +1,71 @@
+#pragma once
+
+#include "ClosedWindows.h"
+#include "InputGrab.h"
+#include "LoupeWindow.h"
+#include "PickingExtensions.h"
+#include "PickingSession.h"
+#include "ScreenReader.h"
+#include "ToolkitConnection.h"
+#include "XcbConnection.h"
+
+#include <QObject>
+
+#include <optional>
+#include <vector>
+
+namespace tintwick {
+
+/// What the picks on one connection share.
+struct X11PickingParts
+{
+    /// The application object must exist; both must outlive this object.
+    X11PickingParts(XcbConnection& connection, XkbKeymap& keymap);
+
+    XcbConnection& connection;
+    PickingExtensions extensions;
+    ClosedWindows closedWindows;
+    InputGrab input;
+    toolkit::Clock toolkitClock;
+};
+
+/// One pick on an X server. Screens are the monitors of the root window, the primary one first; a pointer that is on none
+/// of them is reported relative to the primary one.
+class X11PickingSession final : public QObject, public PickingSession, private InputGrab::Listener
+{
+    Q_OBJECT
+
+public:
+    /// Starts from the event loop. Both must outlive the session.
+    X11PickingSession(X11PickingParts& parts, PickingSession::Listener& listener);
+    ~X11PickingSession() override;
+
+    [[nodiscard]] const std::vector<Screen>& screens() const override { return m_screens; }
+    [[nodiscard]] QImage grab(int screen, const QRect& pixels) override;
+    void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
+    [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
+    bool warpPointer(const ScreenPosition& position) override;
+    void copyText(const QString& text) override;
+    void end() override;
+
+private:
+    void start();
+    void refuse(InputGrab::Outcome outcome);
+    void pointerMoved(QPointF position) override;
+    void buttonPressed(PointerButton button, QPointF position) override;
+    void scrolled(ScrollDelta delta) override;
+    void keyPressed(const KeyPress& press) override;
+    void readScreens();
+    void followScreens();
+    [[nodiscard]] QPoint originOf(int screen) const;
+    [[nodiscard]] ScreenPosition toScreen(QPointF position) const;
+
+    X11PickingParts& m_parts;
+    /// Null once the session has ended.
+    PickingSession::Listener* m_listener;
+    std::vector<Screen> m_screens;
+    std::optional<ScreenReader> m_reader;
+    std::optional<LoupeWindow> m_loupe;
+};
+
+} // namespace tintwick

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "PickingSession.h"
+
+#include <QImage>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tintwick::test {
+
+/// A desktop for picks that exists only in the test: the test moves, clicks and types, and sees what was grabbed and shown.
+/// It stays as it is from one session to the next.
+struct ScriptedDesktop
+{
+    /// The loupe, as one call showed it.
+    struct Frame
+    {
+        QImage picture;
+        int screen = 0;
+        QPoint topLeft;
+    };
+
+    struct Grab
+    {
+        int screen = 0;
+        QRect pixels;
+
+        friend bool operator==(const Grab&, const Grab&) = default;
+    };
+
+    /// What sessions did, in order: "start", "grab", "show loupe", "warp", "copy <text>", "end".
+    QStringList journal;
+    /// The monitors; `origins` places them beside each other, in physical pixels.
+    std::vector<Screen> screens{{{1920, 1080}, 1}};
+    std::vector<QPoint> origins{{0, 0}};
+    /// Where the pointer is when a session begins.
+    ScreenPosition pointer;
+    /// The next session is refused with this reason.
+    std::optional<QString> refusal;
+    bool canWarp = true;
+    /// The pixels of a grab, which the world below gives by default; null for no picture.
+    std::function<QImage(const Grab&)> picture;
+    std::vector<Grab> grabs;
+    std::vector<Frame> frames;
+    /// Of the running session; null while there is none.
+    PickingSession::Listener* listener = nullptr;
+
+    ScriptedDesktop();
+
+    [[nodiscard]] bool isPicking() const { return listener != nullptr; }
+    // Reach the running session at once, and nobody when there is none.
+    void move(const ScreenPosition& to);
+    void press(PointerButton button, const ScreenPosition& at);
+    void scroll(ScrollDelta delta) const;
+    void key(const KeyPress& press) const;
+    void reportChange() const;
+    void lose() const;
+};
+
+/// Reports and records through a ScriptedDesktop, which must outlive it. It starts from the event loop.
+class ScriptedPickingSession final : public PickingSession
+{
+public:
+    ScriptedPickingSession(ScriptedDesktop& desktop, Listener& listener);
+    ~ScriptedPickingSession() override;
+
+    [[nodiscard]] const std::vector<Screen>& screens() const override { return m_desktop.screens; }
+    [[nodiscard]] QImage grab(int screen, const QRect& pixels) override;
+    void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
+    [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
+    bool warpPointer(const ScreenPosition& position) override;
+    void copyText(const QString& text) override;
+    void end() override;
+
+private:
+    void start();
+
+    ScriptedDesktop& m_desktop;
+    /// Null once the session has ended.
+    Listener* m_listener;
+    /// Receives the queued start; gone with the session.
+    QObject m_context;
+};
+
+/// The colour of a pixel of the scripted world: different for neighbours, and for each screen.
+[[nodiscard]] QRgb worldColor(int screen, int x, int y);
+
+} // namespace tintwick::test
