@@ -1,4 +1,5 @@
 #include "desktop/TintwickProcess.h"
+#include "support/KeyCombination.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@
 #include <QVariantMap>
 
 #include <X11/keysym.h>
+#include <linux/input-event-codes.h>
 
 using namespace tintwick;
 
@@ -19,6 +21,8 @@ using namespace Qt::StringLiterals;
 constexpr QPoint pickButton(190, 92);
 constexpr QPoint noticeBar(25, 80);
 constexpr QPoint pickButtonBelowNotice(190, 145);
+
+constexpr KeyCombination altShiftC{KEY_C, XCB_MOD_MASK_1 | XCB_MOD_MASK_SHIFT};
 
 constexpr QRgb accent = qRgb(97, 102, 224);
 
@@ -139,6 +143,7 @@ void FailedPickTest::aPickByTheShortcutReportsInANotification()
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     DesktopConnection other(desktop.display());
+    QVERIFY(waitUntil([&] { return altShiftC.isHeld(other); }));
     QVERIFY(other.grabPointer());
     desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
     QVERIFY(service.waitForNotifications(1));
