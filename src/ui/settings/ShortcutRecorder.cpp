@@ -1,5 +1,7 @@
 #include "ShortcutRecorder.h"
 
+#include "Accessibility.h"
+#include "AccessibleHotkeyField.h"
 #include "Alert.h"
 #include "Appearance.h"
 #include "Button.h"
@@ -8,7 +10,6 @@
 #include "Overlay.h"
 #include "Paint.h"
 #include "RecordedKey.h"
-#include "ShortcutRecorderAccessibility.h"
 #include "ShortcutRegistry.h"
 #include "ShortcutText.h"
 #include "Stack.h"
@@ -64,6 +65,14 @@ int widthOf(const QString& text)
     return static_cast<int>(std::ceil(widthOfShortcut(text, fieldFont())));
 }
 
+QAccessibleInterface* accessibleField(QWidget& widget)
+{
+    auto& recorder = static_cast<ShortcutRecorder&>(widget);
+    return new AccessibleHotkeyField(recorder, {[&recorder] { return recorder.text(); },
+                                                [&recorder] { return recorder.placeholder(); },
+                                                [&recorder] { recorder.startRecording(); }});
+}
+
 } // namespace
 
 ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAction action, QWidget& panel)
@@ -71,7 +80,7 @@ ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAct
     , m_action(action)
     , m_panel(panel)
 {
-    describeRecordersToScreenReaders();
+    describeToScreenReaders<ShortcutRecorder>(accessibleField);
     setAccessibleName(tr("%1 shortcut").arg(titleOf(action)));
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
