@@ -1,11 +1,13 @@
 #include "DesktopSettings.h"
 
-#include <QDBusArgument>
+#include "Portal.h"
+#include "SettingsProxy.h"
+
 #include <QDBusConnection>
-#include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QMap>
 #include <QStringList>
 
 namespace tintwick {
@@ -13,10 +15,6 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-const QString service = u"org.freedesktop.portal.Desktop"_s;
-const QString path = u"/org/freedesktop/portal/desktop"_s;
-const QString interface = u"org.freedesktop.portal.Settings"_s;
 
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
@@ -29,15 +27,14 @@ enum PortalColorScheme : unsigned { NoPreference = 0, PreferDark = 1, PreferLigh
 DesktopSettings::DesktopSettings(QObject* parent)
     : QObject(parent)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return;
     }
-    // The whole message: Qt 6.4 does not call a slot that asks for a QDBusVariant among its arguments here.
-    bus.connect(service, path, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
-    question << QStringList{appearanceSpace, gnomeSpace, kdeSpace};
-    auto* call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    qDBusRegisterMetaType<SettingsByNamespace>();
+    auto* proxy = new SettingsProxy(portal::service, portal::path, bus, this);
+    connect(proxy, &SettingsProxy::SettingChanged, this, &DesktopSettings::takeChange);
+    auto* call = new QDBusPendingCallWatcher(proxy->ReadAll({appearanceSpace, gnomeSpace, kdeSpace}), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::takeAll);
 }
 
@@ -68,25 +65,19 @@ void DesktopSettings::take(const QString& space, const QString& key, const QVari
     }
 }
 
-void DesktopSettings::settingChanged(const QDBusMessage& message)
+void DesktopSettings::takeChange(const QString& space, const QString& key, const QDBusVariant& value)
 {
-    const QVariantList arguments = message.arguments();
-    if (message.signature() == "ssv"_L1) {
-        take(arguments.at(0).toString(), arguments.at(1).toString(),
-             arguments.at(2).value<QDBusVariant>().variant());
-    }
+    take(space, key, value.variant());
 }
 
 void DesktopSettings::takeAll(QDBusPendingCallWatcher* call)
 {
     call->deleteLater();
-    // a{sa{sv}}
-    const QDBusMessage answer = call->reply();
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
+    const QDBusPendingReply<SettingsByNamespace> reply = *call;
+    if (reply.isError()) {
         return;
     }
-    const auto spaces =
-        qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments().constFirst().value<QDBusArgument>());
+    const SettingsByNamespace spaces = reply.value();
     for (auto space = spaces.cbegin(); space != spaces.cend(); ++space) {
         for (auto setting = space->cbegin(); setting != space->cend(); ++setting) {
             take(space.key(), setting.key(), setting.value());

@@ -6,35 +6,33 @@
 
 #include <optional>
 
-class QDBusMessage;
 class QDBusPendingCallWatcher;
+class QDBusVariant;
 
 namespace tintwick {
 
-/// What the desktop wishes of the look of its programs, from the settings that its portal (org.freedesktop.portal.Settings)
-/// makes known, and live. Without a portal, or until it has answered, it wishes nothing.
+/// The desktop's preferences for the look of programs, from the portal org.freedesktop.portal.Settings, which also reports
+/// changes. There are no preferences without a portal and until it has answered.
 class DesktopSettings final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Asks the portal; the answer arrives later, and `changed()` with it.
+    /// Asks the portal; changed() follows when the answer has arrived.
     explicit DesktopSettings(QObject* parent = nullptr);
 
-    /// Nothing where the desktop has no preference or does not tell.
+    /// None where the desktop has no preference or reports none.
     [[nodiscard]] std::optional<bool> prefersDark() const { return m_prefersDark; }
     [[nodiscard]] bool prefersReducedMotion() const;
 
-    /// Takes in one setting, as the portal names and types it; unknown ones change nothing.
+    /// Takes one setting, with the portal's names and type. An unknown setting changes nothing.
     void take(const QString& space, const QString& key, const QVariant& value);
 
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void settingChanged(const QDBusMessage& message);
-
 private:
+    void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
     void takeAll(QDBusPendingCallWatcher* call);
 
     std::optional<bool> m_prefersDark;

@@ -1,0 +1,102 @@
+#include "PortalRequest.h"
+
+#include "Portal.h"
+#include "RequestProxy.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr unsigned success = 0;
+
+QString nextToken()
+{
+    static int number = 0;
+    return u"tintwick"_s + QString::number(++number);
+}
+
+/// Where a portal puts the object for a request with this token.
+QString handlePath(const QDBusConnection& bus, const QString& token)
+{
+    const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
+    return portal::path + u"/request/"_s + sender + u'/' + token;
+}
+
+} // namespace
+
+PortalRequest::PortalRequest(QObject* parent)
+    : QObject(parent)
+{
+}
+
+PortalRequest::~PortalRequest()
+{
+    if (!m_hasEnded && !m_handle.isEmpty()) {
+        RequestProxy(portal::service, m_handle, QDBusConnection::sessionBus()).Close();
+    }
+}
+
+void PortalRequest::send(const Call& call)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        giveUp();
+        return;
+    }
+    auto* watcher =
+        new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::giveUp);
+    // Subscribes before the call, because the answer may come before the reply; and to every path, which the proxy cannot
+    // do, because an old portal chooses the path itself and reports it only in the reply.
+    bus.connect(portal::service, {}, QLatin1StringView(RequestProxy::staticInterfaceName()), u"Response"_s,
+                this, SLOT(takeResponse(QDBusMessage)));
+
+    const QString token = nextToken();
+    m_handle = handlePath(bus, token);
+    auto* reply = new QDBusPendingCallWatcher(call(token), this);
+    connect(reply, &QDBusPendingCallWatcher::finished, this, &PortalRequest::takeHandle);
+}
+
+void PortalRequest::takeHandle(QDBusPendingCallWatcher* call)
+{
+    call->deleteLater();
+    const QDBusPendingReply<QDBusObjectPath> reply = *call;
+    if (reply.isError()) {
+        giveUp();
+        return;
+    }
+    m_handle = reply.value().path();
+}
+
+void PortalRequest::takeResponse(const QDBusMessage& message)
+{
+    if (message.path() != m_handle || message.signature() != "ua{sv}"_L1 || !end()) {
+        return;
+    }
+    const QVariantList arguments = message.arguments();
+    takeAnswer(arguments.at(0).toUInt() == success, qdbus_cast<QVariantMap>(arguments.at(1)));
+}
+
+void PortalRequest::giveUp()
+{
+    if (end()) {
+        Q_EMIT unavailable();
+    }
+}
+
+bool PortalRequest::end()
+{
+    return !std::exchange(m_hasEnded, true);
+}
+
+} // namespace tintwick

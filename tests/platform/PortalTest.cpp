@@ -1,0 +1,154 @@
+#include "DesktopSettings.h"
+#include "FileChooser.h"
+#include "PortalTypes.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+
+} // namespace
+
+/// The settings of a desktop, served on the test's bus.
+class SettingsPortal final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    SettingsByNamespace settings;
+    QStringList asked;
+
+    /// Sends the signal of the portal.
+    static void report(QDBusConnection bus, const QString& space, const QString& key, const QVariant& value)
+    {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        signal << space << key << QVariant::fromValue(QDBusVariant(value));
+        bus.send(signal);
+    }
+
+public Q_SLOTS:
+    // The names are the protocol's.
+    tintwick::SettingsByNamespace ReadAll(const QStringList& namespaces)
+    {
+        asked = namespaces;
+        return settings;
+    }
+};
+
+class PortalTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+    void settingsAreReadAtTheStart();
+    void aChangedSettingIsReported();
+    void withoutTheServiceThereAreNoPreferences();
+    void withoutTheServiceTheFileChooserIsUnavailable();
+
+private:
+    QTemporaryDir m_folder;
+    QProcess m_bus;
+    SettingsPortal* m_portal = nullptr;
+};
+
+void PortalTest::initTestCase()
+{
+    const QString address = u"unix:path="_s + m_folder.filePath(u"bus"_s);
+    m_bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
+                                   u"--address="_s + address});
+    QVERIFY(m_bus.waitForReadyRead());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address.toUtf8());
+    qDBusRegisterMetaType<SettingsByNamespace>();
+}
+
+void PortalTest::init()
+{
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(QString::fromUtf8(qgetenv("DBUS_SESSION_BUS_ADDRESS")), u"portal"_s);
+    QVERIFY(bus.isConnected());
+    m_portal = new SettingsPortal;
+    QVERIFY(bus.registerObject(portalPath, m_portal, QDBusConnection::ExportAllSlots));
+}
+
+void PortalTest::cleanup()
+{
+    delete std::exchange(m_portal, nullptr);
+    QDBusConnection::disconnectFromBus(u"portal"_s);
+}
+
+void PortalTest::cleanupTestCase()
+{
+    QDBusConnection::disconnectFromBus(u"qt_default_session_bus"_s);
+    m_bus.terminate();
+    QVERIFY(m_bus.waitForFinished());
+}
+
+void PortalTest::settingsAreReadAtTheStart()
+{
+    m_portal->settings = {{u"org.freedesktop.appearance"_s, {{u"color-scheme"_s, 1U}}},
+                          {u"org.gnome.desktop.interface"_s, {{u"enable-animations"_s, false}}}};
+    QVERIFY(QDBusConnection(u"portal"_s).registerService(u"org.freedesktop.portal.Desktop"_s));
+    const DesktopSettings settings;
+    QTRY_COMPARE(settings.prefersDark(), std::optional(true));
+    QTRY_VERIFY(settings.prefersReducedMotion());
+    QCOMPARE(m_portal->asked, (QStringList{u"org.freedesktop.appearance"_s, u"org.gnome.desktop.interface"_s,
+                                           u"org.kde.kdeglobals.KDE"_s}));
+}
+
+void PortalTest::aChangedSettingIsReported()
+{
+    QDBusConnection bus(u"portal"_s);
+    QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+    const DesktopSettings settings;
+    QTRY_VERIFY(!m_portal->asked.isEmpty());
+    QSignalSpy changed(&settings, &DesktopSettings::changed);
+    SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
+    QTRY_COMPARE(settings.prefersDark(), std::optional(false));
+    SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 0U);
+    QTRY_COMPARE(settings.prefersDark(), std::nullopt);
+    QCOMPARE(changed.count(), 2);
+}
+
+void PortalTest::withoutTheServiceThereAreNoPreferences()
+{
+    QDBusConnection bus(u"portal"_s);
+    const DesktopSettings settings;
+    // The portal may start later.
+    QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+    SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
+    QTRY_COMPARE(settings.prefersDark(), std::optional(true));
+}
+
+void PortalTest::withoutTheServiceTheFileChooserIsUnavailable()
+{
+    FileChooser chooser;
+    QSignalSpy unavailable(&chooser, &FileChooser::unavailable);
+    chooser.saveFile({.parentWindow = {},
+                      .title = u"Save"_s,
+                      .suggestedName = u"a.css"_s,
+                      .folder = {},
+                      .kind = u"CSS"_s,
+                      .suffix = u"css"_s});
+    QTRY_COMPARE(unavailable.count(), 1);
+}
+
+QTEST_GUILESS_MAIN(PortalTest)
+#include "PortalTest.moc"
