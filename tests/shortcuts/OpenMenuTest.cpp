@@ -3,12 +3,14 @@
 #include "X11GlobalShortcuts.h"
 #include "X11KeyboardLayout.h"
 #include "support/HandOnKeyboard.h"
+#include "support/KeyCombination.h"
 #include "support/PrivateDesktopMain.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -204,6 +206,45 @@ private Q_SLOTS:
         QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
         hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.calls, once);
+    }
+
+    void aShortcutStoredWhileAMenuIsOpenWorksThereAndAfterwards()
+    {
+        Program program;
+        HandOnKeyboard hand;
+        Menu menu;
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        program.registry.setShortcut(ShortcutAction::ActivatePicker,
+                                     Shortcut{keycode::v, modifier::alt | modifier::shift});
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QTRY_COMPARE(program.calls, once);
+        QVERIFY(menu.isVisible());
+        menu.close();
+        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
+        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QTRY_COMPARE(program.calls, once + once);
+    }
+
+    void aShortcutTakenWhileAMenuIsOpenIsRefusedOnceWhenItCloses()
+    {
+        constexpr std::uint16_t alt = 0x08, shift = 0x01;
+        Program program;
+        HandOnKeyboard hand;
+        QSignalSpy refusals(&program.desktop, &GlobalShortcuts::refused);
+        Menu menu;
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QVERIFY((KeyCombination{KEY_C, alt | shift}.take(hand.connection())));
+        menu.close();
+        QCOMPARE(refusals.count(), 1);
+        QCOMPARE(refusals.at(0).at(0).toString(), QStringLiteral("activatePicker"));
+        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
+        menu.popup(QPoint(100, 100));
+        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        menu.close();
+        QCOMPARE(refusals.count(), 1);
+        QCOMPARE(program.calls, QStringList());
     }
 
     void theShortcutWorksInTheMenuOfATextField()

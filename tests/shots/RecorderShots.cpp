@@ -28,13 +28,16 @@ constexpr int keyC = 8, keyD = 2, keyQ = 12;
 class DemoRecorders final : public View
 {
 public:
-    DemoRecorders()
+    enum class Keyboard { CanBeTaken, CannotBeTaken };
+
+    explicit DemoRecorders(Keyboard keyboard)
     {
         m_layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
         m_desktop.taken = {{keyD, modifier::super}};
         m_registry.start();
         m_menu.addAction(u"Quit Tintwick"_s)->setShortcut(Qt::CTRL | Qt::Key_Q);
-        const RecorderServices services{m_registry, &m_keys, m_layout, m_menu};
+        const RecorderServices services{m_registry, keyboard == Keyboard::CanBeTaken ? &m_keys : nullptr,
+                                        m_layout, m_menu};
         m_recorder = new ShortcutRecorder(services, ShortcutAction::ActivatePicker, *this);
         m_empty = new ShortcutRecorder(services, ShortcutAction::OpenMainWindow, *this);
         setContent(column(
@@ -63,9 +66,10 @@ private:
 
 void shootRecorder(const QDir& folder)
 {
-    const auto shootState = [&](const QString& name, const std::function<void(DemoRecorders&)>& arrange) {
+    const auto shootState = [&](const QString& name, const std::function<void(DemoRecorders&)>& arrange,
+                                DemoRecorders::Keyboard keyboard = DemoRecorders::Keyboard::CanBeTaken) {
         shoot(
-            folder, u"recorder-"_s + name, [] { return std::make_unique<DemoRecorders>(); },
+            folder, u"recorder-"_s + name, [keyboard] { return std::make_unique<DemoRecorders>(keyboard); },
             [&](QWidget& widget) {
                 widget.activateWindow();
                 widget.setFocus();
@@ -73,6 +77,8 @@ void shootRecorder(const QDir& folder)
             });
     };
     shootState(u"idle"_s, [](DemoRecorders&) {});
+    shootState(
+        u"unavailable"_s, [](DemoRecorders&) {}, DemoRecorders::Keyboard::CannotBeTaken);
     shootState(u"focus"_s, [](DemoRecorders& demo) { demo.recorder().setFocus(Qt::TabFocusReason); });
     shootState(u"keypad"_s, [](DemoRecorders& demo) {
         demo.recorder().startRecording();
