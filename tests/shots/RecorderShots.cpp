@@ -46,6 +46,13 @@ public:
             settingsRow(u"Open Main Window"_s, m_empty), spacer()));
     }
 
+    /// The recorders use the members below, which end before the children of a widget do.
+    ~DemoRecorders() override
+    {
+        delete m_recorder;
+        delete m_empty;
+    }
+
     [[nodiscard]] ShortcutRecorder& recorder() const { return *m_recorder; }
     [[nodiscard]] ShortcutRecorder& empty() const { return *m_empty; }
     void press(int keyCode, int modifiers) { m_keys.press(keyCode, modifiers); }

@@ -51,6 +51,9 @@ public:
         setFixedSize(theme::panelSize);
     }
 
+    /// The view uses the members below, which end before the children of a widget do.
+    ~DemoSettings() override { delete m_view; }
+
     [[nodiscard]] PanelView& view() { return *m_view; }
     [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
     [[nodiscard]] AppState& state() { return m_appState; }
