@@ -212,6 +212,9 @@ void Application::pickFromPanel()
 
 void Application::startPick(PickOrigin origin)
 {
+    if (m_picker.isPicking()) {
+        return;
+    }
     m_pickOrigin = origin;
     if (m_panelView) {
         m_panelView->showNotice({});
@@ -222,7 +225,9 @@ void Application::startPick(PickOrigin origin)
 void Application::reportFailedPick(const QString& reason)
 {
     if (m_pickOrigin == PickOrigin::Panel) {
-        showPanel({m_trayIcon.frame()}, PanelHost::Focus::Keep);
+        if (!m_panel->isVisible()) {
+            m_platform->panelHost().showAgain(*m_panel);
+        }
         m_panelView->showNotice(reason);
     } else {
         m_notifier.notify(tr("Could not pick a color"), reason);

@@ -57,6 +57,9 @@ public:
     /// icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or destroyed.
     virtual void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) = 0;
 
+    /// Shows a hidden panel where it was shown last, without the keyboard.
+    virtual void showAgain(PanelWindow& panel) = 0;
+
     /// False keeps the panel open on clicks elsewhere, for example while a dialog in another process is open. A click
     /// counts by the state at its press. True at first.
     virtual void setDismissible(bool isDismissible) = 0;

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void theClickThatHidesThePanelDoesNotShowItAgain();
     void aHostThatReportsThePressTogglesThePanel();
     void aClickElsewhereIsNotMistakenForOneOnTheIcon();
+    void afterAFailedPickThePanelReturnsToItsPlace();
 
 private:
     struct Desk
@@ -152,6 +153,24 @@ void NotifierHostTest::aClickElsewhereIsNotMistakenForOneOnTheIcon()
     desk.desktop.movePointer(onIcon);
     QVERIFY(desk.host.activate(onIcon));
     QVERIFY(desk.program.waitForPanel());
+}
+
+void NotifierHostTest::afterAFailedPickThePanelReturnsToItsPlace()
+{
+    Desk desk;
+    QVERIFY(desk.host.waitForItem());
+    const QPoint onIcon(300, 5);
+    desk.desktop.movePointer(onIcon);
+    QVERIFY(desk.host.activate(onIcon));
+    QVERIFY(desk.program.waitForPanel());
+    const QRect place = desk.program.panel();
+    DesktopConnection other(desk.desktop.display());
+    QVERIFY(other.grabKeyboard());
+    desk.desktop.clickAt(place.topLeft() + QPoint(190, 92));
+    // The accent colour of the notice.
+    QVERIFY(waitUntil(
+        [&] { return desk.desktop.pixel(place.topLeft() + QPoint(25, 80)) == qRgb(97, 102, 224); }));
+    QCOMPARE(desk.program.panel(), place);
 }
 
 QTEST_GUILESS_MAIN(NotifierHostTest)

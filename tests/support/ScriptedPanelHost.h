@@ -31,6 +31,7 @@ public:
         panel.setBlended(blends);
         panel.widget().show();
     }
+    void showAgain(PanelWindow& panel) override { show(panel, lastAnchor, Focus::Keep); }
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
 
 private:

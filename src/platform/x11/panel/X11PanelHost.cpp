@@ -80,9 +80,20 @@ void X11PanelHost::show(PanelWindow& panel, const PanelAnchor& anchor, Focus foc
     if (isClickThatDismissed(anchor)) {
         return;
     }
+    m_lastAnchor = anchorRect(anchor);
+    showAtLastAnchor(panel, focus);
+}
+
+void X11PanelHost::showAgain(PanelWindow& panel)
+{
+    showAtLastAnchor(panel, Focus::Keep);
+}
+
+void X11PanelHost::showAtLastAnchor(PanelWindow& panel, Focus focus)
+{
     adopt(panel);
     QWidget& widget = *m_widget;
-    const QRect place = placePanel(anchorRect(anchor), panelScreens(), widget.sizeHint());
+    const QRect place = placePanel(m_lastAnchor, panelScreens(), widget.sizeHint());
     widget.setFixedSize(place.size());
     widget.move(place.topLeft());
     panel.setBlended(hasCompositor(m_connection));

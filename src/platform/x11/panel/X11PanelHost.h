@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
 #include <QWidget>
 
 #include <optional>
@@ -24,6 +25,7 @@ public:
     explicit X11PanelHost(XcbConnection& connection);
 
     void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
+    void showAgain(PanelWindow& panel) override;
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
 
 protected:
@@ -31,6 +33,7 @@ protected:
 
 private:
     void adopt(PanelWindow& panel);
+    void showAtLastAnchor(PanelWindow& panel, Focus focus);
     void setWindowManagerHints(const QWidget& widget) const;
     void handlePress();
     void handleClick();
@@ -45,6 +48,8 @@ private:
     PanelWindow* m_panel = nullptr;
     /// The widget of `m_panel`; null once that is destroyed.
     QPointer<QWidget> m_widget;
+    /// In points from the top left of the desktop.
+    std::optional<QRect> m_lastAnchor;
     bool m_hasShadow = false;
     bool m_isDismissible = true;
     bool m_pressDismisses = false;
