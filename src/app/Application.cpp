@@ -2,6 +2,7 @@
 
 #include "Appearance.h"
 #include "CapturedColor.h"
+#include "ColorExport.h"
 #include "DesktopSettings.h"
 #include "OpenSaveRequests.h"
 #include "Panel.h"
@@ -110,6 +111,7 @@ void Application::setupPanel()
     connect(m_panel.get(), &Panel::hidden, this, [this] { m_panelView->showNotice({}); });
     PanelHost& host = m_platform->panelHost();
     connect(&host, &PanelHost::dismissed, this, &Application::hidePanel);
+    ColorExport::setPortalHandle([&host](const QWidget& window) { return host.portalHandle(window); });
     connect(&OpenSaveRequests::shared(), &OpenSaveRequests::anyChanged, this,
             [&host](bool isAny) { host.setDismissible(!isAny); });
     followDesktopAppearance();

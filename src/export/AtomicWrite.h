@@ -5,9 +5,9 @@ class QString;
 
 namespace tintwick {
 
-/// Puts `data` into the file at `path` whole, or leaves what was there as it was; returns which. A file that is replaced
-/// hands its permissions on, a new one gets those that new files of the user have. A link stays one, and the file it leads
-/// to is replaced. Anything but a file of its own, such as a device, is refused.
-bool writeAtomically(const QString& path, const QByteArray& data);
+/// Writes `data` to the file at `path` completely or leaves the old content. False when it fails; then `whyNot`, if any,
+/// is the reason in the user's language. A replaced file keeps its permissions, a new one gets the usual ones. A link
+/// stays a link, and its target is replaced. Fails for anything but a regular file, such as a device.
+bool writeAtomically(const QString& path, const QByteArray& data, QString* whyNot = nullptr);
 
 } // namespace tintwick

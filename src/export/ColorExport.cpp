@@ -3,6 +3,7 @@
 #include "ContentType.h"
 #include "SaveRequest.h"
 #include "Slug.h"
+#include "SuggestedName.h"
 #include "TailwindColors.h"
 
 #include <QBuffer>
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tintwick {
 
@@ -30,7 +32,9 @@ constexpr QRgb swatchGround = qRgb(38, 38, 38);
 // One pixel is one point.
 constexpr int dotsPerMeter = 2835;
 
-/// What a colour is on an opaque ground. Mixed before it is drawn, because the painter mixes in fewer steps.
+ColorExport::PortalHandle portalHandles;
+
+/// A colour blended over an opaque ground. Blended before it is drawn, because the painter rounds more coarsely.
 QColor mixedOver(QRgb ground, const CapturedColor& color)
 {
     // A data file may hold any finite numbers.
@@ -45,9 +49,14 @@ QColor mixedOver(QRgb ground, const CapturedColor& color)
 
 } // namespace
 
+void ColorExport::setPortalHandle(PortalHandle portalHandle)
+{
+    portalHandles = std::move(portalHandle);
+}
+
 void ColorExport::exportCSS(const QList<CapturedColor>& colors, const QString& paletteName) const
 {
-    save(buildCSS(colors, paletteName).toUtf8(), slugify(paletteName) + u"-palette.css"_s,
+    save(buildCSS(colors, paletteName).toUtf8(), suggestedName(slugify(paletteName), u"-palette.css"_s),
          {u"CSS"_s, u"css"_s});
 }
 
@@ -131,9 +140,9 @@ std::optional<QByteArray> ColorExport::buildPNG(const QList<CapturedColor>& colo
 
 void ColorExport::save(const QByteArray& data, const QString& suggestedName, const ContentType& contentType)
 {
-    // Not from within what asked for it, such as a menu that is about to close.
-    auto* panel = new SaveRequest(data, suggestedName, contentType);
-    QMetaObject::invokeMethod(panel, &SaveRequest::begin, Qt::QueuedConnection);
+    // Queued, because the caller may be a menu that is about to close.
+    auto* request = new SaveRequest(data, suggestedName, contentType, portalHandles);
+    QMetaObject::invokeMethod(request, &SaveRequest::begin, Qt::QueuedConnection);
 }
 
 } // namespace tintwick

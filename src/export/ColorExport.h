@@ -7,35 +7,43 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
+
+class QWidget;
 
 namespace tintwick {
 
 struct ContentType;
 
-/// Writes colours to a file that the user chooses in a save panel. The operations return at once: the panel opens later,
-/// by itself, and stays open beside everything else. Colours are written in the order given. Failures are silent: without
-/// a file to write to, or when it cannot be written, nothing happens.
+/// Writes colours to a file that the user chooses in a save dialog. The operations return at once; the dialog opens from
+/// the event loop and does not block the program. Colours are written in the order given. When the file cannot be
+/// written, the user sees the reason and may choose another one.
 class ColorExport final
 {
 public:
-    /// CSS custom properties. The palette's name stands in the file and, as a slug, in the suggested file name.
+    /// Gives the name that desktop portals use for a window of ours ("x11:1a0"); empty where it has none.
+    using PortalHandle = std::function<QString(const QWidget& window)>;
+    /// Without this, a dialog of the desktop does not know the window it belongs to. Must stay valid while dialogs open.
+    static void setPortalHandle(PortalHandle portalHandle);
+
+    /// CSS custom properties. The file contains the palette's name, and the suggested file name its slug.
     void exportCSS(const QList<CapturedColor>& colors, const QString& paletteName) const;
     void exportJSON(const QList<CapturedColor>& colors) const;
-    /// A picture of swatches; nothing for an empty list.
+    /// A picture of swatches; does nothing for an empty list.
     void exportPNG(const QList<CapturedColor>& colors) const;
 
-    // What the files hold.
+    // The content of the files.
 
-    /// A rule that declares one variable per colour, named by the slug of the colour's name or by its position. Names are
-    /// not made unique, and opacity is left out.
+    /// A rule that declares one variable per colour, named by the slug of the colour's name or by its position. Two
+    /// variables may have one name; opacity is left out.
     [[nodiscard]] static QString buildCSS(const QList<CapturedColor>& colors, const QString& paletteName);
     /// An array with one object of strings per colour, UTF-8.
     [[nodiscard]] static QByteArray buildJSON(const QList<CapturedColor>& colors);
-    /// Swatches of 60 pixels in rows of ten on a dark ground, through which translucent ones let see. The picture is
-    /// opaque and tagged as sRGB; a null one for an empty list.
+    /// Swatches of 60 pixels in rows of ten, blended over a dark ground. The picture is opaque and tagged as sRGB; it is
+    /// null for an empty list.
     [[nodiscard]] static QImage buildSwatchImage(const QList<CapturedColor>& colors);
-    /// That picture as a file, or nothing where there is none.
+    /// That picture as a PNG file; none for an empty list.
     [[nodiscard]] static std::optional<QByteArray> buildPNG(const QList<CapturedColor>& colors);
 
 private:

@@ -4,12 +4,12 @@
 
 namespace tintwick {
 
-/// What kind of file is saved.
+/// The kind of a saved file.
 struct ContentType
 {
-    /// As a save dialog shows it.
+    /// The name in a save dialog.
     QString name;
-    /// Of a file of this kind, without the dot.
+    /// Without the dot.
     QString suffix;
 };
 

@@ -5,8 +5,9 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QScreen>
+
+#include <utility>
 
 namespace tintwick {
 
@@ -14,7 +15,7 @@ namespace {
 
 bool belongsTo(const QWidget& window, const QWidget& dialog)
 {
-    // What completes a text belongs to nobody, but leaves the keys to the field.
+    // The popup of a completer has no parent; its focus proxy is the field.
     const QWidget* each = window.parentWidget() ? window.parentWidget() : window.focusProxy();
     while (each && each != &dialog) {
         each = each->parentWidget();
@@ -24,9 +25,11 @@ bool belongsTo(const QWidget& window, const QWidget& dialog)
 
 } // namespace
 
-SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName)
+SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName,
+                       Write write)
+    : m_write(std::move(write))
 {
-    // The toolkit's own question whether to replace a file would hold up every window of the program.
+    // The toolkit's own question about replacing a file is modal for all windows of the program.
     setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     setAcceptMode(QFileDialog::AcceptSave);
     setFileMode(QFileDialog::AnyFile);
@@ -34,7 +37,7 @@ SaveDialog::SaveDialog(const ContentType& contentType, const QString& folder, co
     setDefaultSuffix(contentType.suffix);
     setDirectory(folder);
     selectFile(suggestedName);
-    // The panel stays on top, and would stay on top of this.
+    // The panel stays on top too, and would cover the dialog.
     setWindowFlag(Qt::WindowStaysOnTopHint);
     qApp->installEventFilter(this);
 }
@@ -49,8 +52,8 @@ void SaveDialog::showOn(const QScreen& screen)
     activateWindow();
 }
 
-// A window does not inherit the palette of the one it belongs to: menus, questions and the list of names to choose from
-// would be light above a dark dialog.
+// A window does not inherit the palette of its parent: menus, messages and the list of names would be light above a dark
+// dialog.
 bool SaveDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Polish && watched->isWidgetType()) {
@@ -69,21 +72,40 @@ void SaveDialog::accept()
         QFileDialog::accept();
         return;
     }
-    auto* question =
-        new QMessageBox(QMessageBox::Warning, windowTitle(),
-                        tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
-                        QMessageBox::Yes | QMessageBox::No, this);
-    // A window inherits no palette.
-    question->setPalette(palette());
-    question->setTextFormat(Qt::PlainText);
+    QMessageBox* question =
+        createMessage(tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+                      QMessageBox::Yes | QMessageBox::No);
     question->setDefaultButton(QMessageBox::No);
-    question->setAttribute(Qt::WA_DeleteOnClose);
     connect(question, &QMessageBox::finished, this, [this](int answer) {
         if (answer == QMessageBox::Yes) {
             QFileDialog::accept();
         }
     });
     question->open();
+}
+
+void SaveDialog::done(int result)
+{
+    if (result == Accepted) {
+        const QString path = selectedFiles().value(0);
+        if (const std::optional<QString> reason = m_write(path)) {
+            createMessage(tr("%1 cannot be saved.\n%2").arg(QFileInfo(path).fileName(), *reason),
+                          QMessageBox::Ok)
+                ->open();
+            return;
+        }
+    }
+    QFileDialog::done(result);
+}
+
+QMessageBox* SaveDialog::createMessage(const QString& text, QMessageBox::StandardButtons buttons)
+{
+    auto* message = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
+    // A window inherits no palette.
+    message->setPalette(palette());
+    message->setTextFormat(Qt::PlainText);
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    return message;
 }
 
 } // namespace tintwick

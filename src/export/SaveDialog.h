@@ -1,26 +1,42 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QMessageBox>
+
+#include <functional>
+#include <optional>
 
 namespace tintwick {
 
 struct ContentType;
 
-/// The toolkit's dialog for saving a file, free-standing. Closing it, confirmed or not, emits `finished()`.
+/// The toolkit's save dialog, without a parent window. It writes the file itself and stays open with the reason when that
+/// fails. Emits `finished()` when it closes, Accepted after the file was written.
 class SaveDialog final : public QFileDialog
 {
     Q_OBJECT
 
 public:
-    SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName);
+    /// Writes the file at a path; returns the reason in the user's language when it cannot.
+    using Write = std::function<std::optional<QString>(const QString& path)>;
 
-    /// Shows it in the middle of a screen, in front of all windows, ready for typing.
+    SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName,
+               Write write);
+
+    /// Shows the dialog in the middle of a screen, above all windows, and gives it the keyboard.
     void showOn(const QScreen& screen);
+
+    void done(int result) override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    /// A file that is there is replaced only once the user has said so.
+    /// Asks before an existing file is replaced.
     void accept() override;
+
+private:
+    [[nodiscard]] QMessageBox* createMessage(const QString& text, QMessageBox::StandardButtons buttons);
+
+    Write m_write;
 };
 
 } // namespace tintwick

@@ -1,8 +1,8 @@
 #include "SaveRequest.h"
 
 #include "AtomicWrite.h"
+#include "FileChooser.h"
 #include "OpenSaveRequests.h"
-#include "PortalSaveDialog.h"
 #include "SaveDialog.h"
 
 #include <QApplication>
@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 QString lastFolder;
 
-/// Where the user begins to look.
+/// The folder that a dialog shows first.
 QString firstFolder()
 {
     if (QFileInfo(lastFolder).isDir()) {
@@ -33,21 +33,14 @@ QString firstFolder()
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
-/// The view the user asked from, if it is ours.
-const QWidget* asker()
+/// The widget of ours that has the keyboard, or null.
+const QWidget* focusedView()
 {
     const QWidget* focused = QApplication::focusWidget();
     return focused ? focused : QApplication::activeWindow();
 }
 
-/// The window of a view as a portal names it, so that it puts its dialog above it; empty where it has no such name.
-QString portalName(const QWidget* view)
-{
-    const bool isOnX11 = QGuiApplication::platformName() == "xcb"_L1;
-    return view && isOnX11 ? u"x11:"_s + QString::number(view->window()->winId(), 16) : QString();
-}
-
-/// What a view inherits counts for nothing in the palette of another widget.
+/// The palette with every role set, because what a widget has inherited has no effect in the palette of another.
 QPalette ownPalette(const QPalette& inherited)
 {
     QPalette palette;
@@ -62,10 +55,12 @@ QPalette ownPalette(const QPalette& inherited)
 
 } // namespace
 
-SaveRequest::SaveRequest(QByteArray data, QString suggestedName, ContentType contentType)
+SaveRequest::SaveRequest(QByteArray data, QString suggestedName, ContentType contentType,
+                         PortalHandle portalHandle)
     : m_data(std::move(data))
     , m_suggestedName(std::move(suggestedName))
     , m_contentType(std::move(contentType))
+    , m_portalHandle(std::move(portalHandle))
 {
     OpenSaveRequests::shared().add();
     // A window must not outlive the application.
@@ -79,29 +74,43 @@ SaveRequest::~SaveRequest()
 
 void SaveRequest::begin()
 {
-    auto* portal = new PortalSaveDialog(this);
-    connect(portal, &PortalSaveDialog::chosen, this, [this](const QString& path) {
-        write(path);
-        end();
+    askPortal(tr("Save As"));
+}
+
+void SaveRequest::askPortal(const QString& title)
+{
+    auto* chooser = new FileChooser(this);
+    connect(chooser, &FileChooser::chosen, this, [this, chooser](const QString& path) {
+        chooser->deleteLater();
+        if (const std::optional<QString> reason = write(path)) {
+            // The portal has closed its dialog, so a new one shows the reason.
+            askPortal(tr("%1 cannot be saved: %2").arg(QFileInfo(path).fileName(), *reason));
+        } else {
+            end();
+        }
     });
-    connect(portal, &PortalSaveDialog::cancelled, this, &SaveRequest::end);
-    connect(portal, &PortalSaveDialog::unavailable, this, &SaveRequest::askToolkit);
-    portal->ask({portalName(asker()), tr("Save As"), m_suggestedName, lastFolder}, m_contentType);
+    connect(chooser, &FileChooser::cancelled, this, &SaveRequest::end);
+    connect(chooser, &FileChooser::unavailable, this, &SaveRequest::askToolkit);
+    const QWidget* view = focusedView();
+    chooser->saveFile({.parentWindow = view && m_portalHandle ? m_portalHandle(*view->window()) : QString(),
+                       .title = title,
+                       .suggestedName = m_suggestedName,
+                       .folder = lastFolder,
+                       .kind = m_contentType.name,
+                       .suffix = m_contentType.suffix});
 }
 
 void SaveRequest::askToolkit()
 {
-    const QWidget* view = asker();
-    m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName);
+    const QWidget* view = focusedView();
+    m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName,
+                                            [this](const QString& path) { return write(path); });
     if (view) {
         m_askedFrom = view->window();
         m_dialog->setPalette(ownPalette(view->palette()));
     }
-    connect(m_dialog.get(), &SaveDialog::finished, this, [this](int result) {
-        if (result == QDialog::Accepted) {
-            write(m_dialog->selectedFiles().value(0));
-        }
-        // A window manager would not give the keys back to the panel of its own accord.
+    connect(m_dialog.get(), &SaveDialog::finished, this, [this] {
+        // A window manager does not give the keyboard back to the panel by itself.
         if (m_askedFrom && m_askedFrom->isVisible()) {
             m_askedFrom->activateWindow();
         }
@@ -110,10 +119,14 @@ void SaveRequest::askToolkit()
     m_dialog->showOn(view ? *view->screen() : *QGuiApplication::primaryScreen());
 }
 
-void SaveRequest::write(const QString& path)
+std::optional<QString> SaveRequest::write(const QString& path) const
 {
+    QString whyNot;
+    if (!writeAtomically(path, m_data, &whyNot)) {
+        return whyNot;
+    }
     lastFolder = QFileInfo(path).path();
-    writeAtomically(path, m_data);
+    return std::nullopt;
 }
 
 void SaveRequest::end()

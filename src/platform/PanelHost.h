@@ -3,6 +3,7 @@
 #include <QMargins>
 #include <QObject>
 #include <QRect>
+#include <QString>
 
 #include <optional>
 
@@ -59,6 +60,9 @@ public:
 
     /// Shows a hidden panel where it was shown last, without the keyboard.
     virtual void showAgain(PanelWindow& panel) = 0;
+
+    /// The name that desktop portals use for a window of ours ("x11:1a0"); empty where windows have none.
+    [[nodiscard]] virtual QString portalHandle(const QWidget&) const { return {}; }
 
     /// False keeps the panel open on clicks elsewhere, for example while a dialog in another process is open. A click
     /// counts by the state at its press. True at first.

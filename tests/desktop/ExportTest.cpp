@@ -295,6 +295,7 @@ private Q_SLOTS:
     void thePortalsAnswerIsAcceptedInEveryOrder();
     void nothingIsWrittenUnlessThePortalReturnsALocalFile_data();
     void nothingIsWrittenUnlessThePortalReturnsALocalFile();
+    void afterAFailedWriteThePortalIsAskedAgainWithTheReason();
     void aClickInThePortalsDialogDoesNotHideThePanel();
     void withoutAWorkingPortalTheToolkitsDialogIsShown_data();
     void withoutAWorkingPortalTheToolkitsDialogIsShown();
@@ -560,6 +561,27 @@ void ExportTest::nothingIsWrittenUnlessThePortalReturnsALocalFile()
     }));
     QVERIFY(!QFile::exists(desk.home(u"x.json"_s)));
     QVERIFY(desk.windows("Save As").empty());
+}
+
+void ExportTest::afterAFailedWriteThePortalIsAskedAgainWithTheReason()
+{
+    Desk desk(true);
+    Portal portal(desk.desktop);
+    QVERIFY(desk.openPanel());
+    QVERIFY(desk.choose(Export::Json));
+    QVERIFY(waitServing([&] { return portal.questionCount() == 1; }));
+    portal.answer(0, QUrl::fromLocalFile(desk.home(u"not/there.json"_s)).toString());
+    QVERIFY(waitServing([&] { return portal.questionCount() == 2; }));
+    QVERIFY(portal.question().title.startsWith("there.json cannot be saved: "_L1));
+    QCOMPARE(portal.question().options.value(u"current_name"_s).toString(), u"palette.json"_s);
+    // The dialog still belongs to the panel, and a click in it leaves the panel.
+    QVERIFY(portal.question().parentWindow.startsWith("x11:"_L1));
+    desk.desktop.clickAt({40, 700});
+
+    portal.answer(0, QUrl::fromLocalFile(desk.home(u"there.json"_s)).toString());
+    QVERIFY(waitServing([&] { return contentOf(desk.home(u"there.json"_s)) == json; }));
+    QVERIFY(!desk.program.panel().isEmpty());
+    QCOMPARE(portal.questionCount(), 2);
 }
 
 void ExportTest::aClickInThePortalsDialogDoesNotHideThePanel()

@@ -182,7 +182,9 @@ void AtomicWriteTest::aLinkToNothingLeadsToTheNewFile()
 void AtomicWriteTest::whatIsNoFileIsRefused()
 {
     QVERIFY(QDir().mkpath(target()));
-    QVERIFY(!writeAtomically(target(), newText));
+    QString whyNot;
+    QVERIFY(!writeAtomically(target(), newText, &whyNot));
+    QCOMPARE(whyNot, u"This is not a file"_s);
     QVERIFY(QFileInfo(target()).isDir());
 
     const QString pipe = m_folder->filePath(u"pipe"_s);
@@ -195,7 +197,9 @@ void AtomicWriteTest::whatIsNoFileIsRefused()
 
 void AtomicWriteTest::aFolderThatIsNotThereIsRefused()
 {
-    QVERIFY(!writeAtomically(m_folder->filePath(u"not/there.css"_s), newText));
+    QString whyNot;
+    QVERIFY(!writeAtomically(m_folder->filePath(u"not/there.css"_s), newText, &whyNot));
+    QVERIFY(!whyNot.isEmpty());
     QVERIFY(filesIn(m_folder->path()).isEmpty());
 }
 

@@ -12,10 +12,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 using namespace tintwick;
 using namespace Qt::StringLiterals;
@@ -34,9 +37,17 @@ struct DarkDialog
         dialog->setPalette(dark);
     }
 
+    void save() const { dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click(); }
+
     QTemporaryDir folder;
-    std::unique_ptr<SaveDialog> dialog =
-        std::make_unique<SaveDialog>(ContentType{u"CSS"_s, u"css"_s}, folder.path(), u"a.css"_s);
+    /// What the dialog was to write, and why the next write fails.
+    QStringList paths;
+    std::optional<QString> failure;
+    std::unique_ptr<SaveDialog> dialog = std::make_unique<SaveDialog>(
+        ContentType{u"CSS"_s, u"css"_s}, folder.path(), u"a.css"_s, [this](const QString& path) {
+            paths.append(path);
+            return std::exchange(failure, std::nullopt);
+        });
 };
 
 QColor groundOf(const QWidget& widget)
@@ -51,13 +62,15 @@ class SaveDialogTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theQuestionWearsWhatTheDialogWears();
-    void soDoTheMenusInIt();
-    void soDoesTheListOfNames();
-    void otherWindowsKeepTheirColors();
+    void theQuestionHasThePaletteOfTheDialog();
+    void menusHaveThePaletteOfTheDialog();
+    void theListOfNamesHasThePaletteOfTheDialog();
+    void otherWindowsKeepTheirPalette();
+    void aFailedWriteKeepsTheDialogOpenWithTheReason();
+    void afterAFailedWriteTheUserMayCancel();
 };
 
-void SaveDialogTest::theQuestionWearsWhatTheDialogWears()
+void SaveDialogTest::theQuestionHasThePaletteOfTheDialog()
 {
     DarkDialog dark;
     QFile there(dark.folder.filePath(u"a.css"_s));
@@ -72,7 +85,7 @@ void SaveDialogTest::theQuestionWearsWhatTheDialogWears()
     QCOMPARE(groundOf(*questions.first()), darkGround);
 }
 
-void SaveDialogTest::soDoTheMenusInIt()
+void SaveDialogTest::menusHaveThePaletteOfTheDialog()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
@@ -82,7 +95,7 @@ void SaveDialogTest::soDoTheMenusInIt()
     QCOMPARE(groundOf(menu), darkGround);
 }
 
-void SaveDialogTest::soDoesTheListOfNames()
+void SaveDialogTest::theListOfNamesHasThePaletteOfTheDialog()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
@@ -93,7 +106,7 @@ void SaveDialogTest::soDoesTheListOfNames()
     QCOMPARE(groundOf(*names), darkGround);
 }
 
-void SaveDialogTest::otherWindowsKeepTheirColors()
+void SaveDialogTest::otherWindowsKeepTheirPalette()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
@@ -103,6 +116,46 @@ void SaveDialogTest::otherWindowsKeepTheirColors()
     menu.popup(QPoint());
     QCOMPARE(groundOf(menu), QApplication::palette().color(QPalette::Window));
     QVERIFY(groundOf(menu) != darkGround);
+}
+
+void SaveDialogTest::aFailedWriteKeepsTheDialogOpenWithTheReason()
+{
+    DarkDialog dark;
+    const QSignalSpy finished(dark.dialog.get(), &SaveDialog::finished);
+    dark.dialog->showOn(*QGuiApplication::primaryScreen());
+    dark.failure = u"Permission denied"_s;
+    dark.save();
+    QCOMPARE(dark.paths, QStringList{dark.folder.filePath(u"a.css"_s)});
+    QVERIFY(dark.dialog->isVisible());
+    QCOMPARE(finished.count(), 0);
+    const auto messages = dark.dialog->findChildren<QMessageBox*>();
+    QCOMPARE(messages.size(), 1);
+    QVERIFY(messages.first()->isVisible());
+    QCOMPARE(messages.first()->text(), u"a.css cannot be saved.\nPermission denied"_s);
+    QCOMPARE(groundOf(*messages.first()), darkGround);
+
+    messages.first()->button(QMessageBox::Ok)->click();
+    QVERIFY(dark.dialog->isVisible());
+    dark.dialog->selectFile(u"b.css"_s);
+    dark.save();
+    QCOMPARE(dark.paths.last(), dark.folder.filePath(u"b.css"_s));
+    QVERIFY(!dark.dialog->isVisible());
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.first().first().toInt(), static_cast<int>(QDialog::Accepted));
+}
+
+void SaveDialogTest::afterAFailedWriteTheUserMayCancel()
+{
+    DarkDialog dark;
+    const QSignalSpy finished(dark.dialog.get(), &SaveDialog::finished);
+    dark.dialog->showOn(*QGuiApplication::primaryScreen());
+    dark.failure = u"Permission denied"_s;
+    dark.save();
+    dark.dialog->findChild<QMessageBox*>()->button(QMessageBox::Ok)->click();
+    dark.dialog->reject();
+    QCOMPARE(dark.paths.size(), 1);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.first().first().toInt(), static_cast<int>(QDialog::Rejected));
 }
 
 QTEST_MAIN(SaveDialogTest)

@@ -230,4 +230,10 @@ void X11PanelHost::showShadow()
     m_shadow->showBelow(frame, picture, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
 }
 
+QString X11PanelHost::portalHandle(const QWidget& window) const
+{
+    constexpr int hexadecimal = 16;
+    return QStringLiteral("x11:") + QString::number(window.winId(), hexadecimal);
+}
+
 } // namespace tintwick

@@ -26,6 +26,7 @@ public:
 
     void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
     void showAgain(PanelWindow& panel) override;
+    [[nodiscard]] QString portalHandle(const QWidget& window) const override;
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
 
 protected:
