@@ -26,7 +26,7 @@ void Appearance::setScheme(Scheme scheme)
 
 Scheme Appearance::of(const QWidget* widget)
 {
-    // Palettes are handed down to every child and announced to it when they change, which is all that is needed.
+    // Qt propagates palettes to children and notifies them of changes, so the palette carries the scheme.
     const QColor ground = widget->palette().color(QPalette::Window);
     return ground == theme::bg.in(Scheme::Dark) ? Scheme::Dark : Scheme::Light;
 }

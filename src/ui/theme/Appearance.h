@@ -9,23 +9,23 @@ class QWidget;
 
 namespace tintwick {
 
-/// Which scheme a tree of widgets wears. The panel owns one for itself; every view below asks `of()` when it paints
-/// and is repainted when the scheme changes.
+/// The scheme of a tree of widgets. The root owns one. Views below it call `of()` when they paint and are repainted when the
+/// scheme changes.
 class Appearance final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `root` and all it will ever contain wear this appearance.
+    /// Applies to `root` and all its present and future children.
     explicit Appearance(QWidget& root, Scheme scheme = Scheme::Light);
 
     [[nodiscard]] Scheme scheme() const { return m_scheme; }
     void setScheme(Scheme scheme);
 
-    /// The scheme around a widget; light where no appearance has been given.
+    /// The scheme that applies to a widget; light if none was set.
     [[nodiscard]] static Scheme of(const QWidget* widget);
 
-    /// For a window outside of the tree, such as a menu.
+    /// The palette for a window outside the tree, such as a menu.
     [[nodiscard]] static QPalette palette(Scheme scheme);
 
 Q_SIGNALS:

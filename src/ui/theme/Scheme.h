@@ -2,7 +2,7 @@
 
 namespace tintwick {
 
-/// The two appearances that everything on screen can take.
+/// The two colour schemes.
 enum class Scheme { Light, Dark };
 
 } // namespace tintwick

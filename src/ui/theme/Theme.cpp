@@ -9,7 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Without a desktop to ask, Qt answers with the generic name of a family, which is nobody's choice.
+/// Without a desktop Qt returns the generic name of a family, which the user did not choose.
 bool isGeneric(const QString& family)
 {
     static const QStringList generic{u"sans"_s,  u"sans serif"_s, u"sans-serif"_s, u"system-ui"_s,
@@ -28,7 +28,7 @@ QFont fontOf(const QStringList& families, QFont::StyleHint hint, int size, QFont
     QFont result;
     result.setFamilies(families);
     result.setStyleHint(hint, QFont::PreferAntialias);
-    // Glyphs that are fitted to whole pixels change their widths from scale to scale.
+    // With full hinting, the widths of glyphs depend on the scale.
     result.setHintingPreference(QFont::PreferVerticalHinting);
     result.setPixelSize(size);
     result.setWeight(weight);

@@ -9,7 +9,7 @@
 #include <array>
 #include <cstdint>
 
-/// The design's tokens. All components are sRGB, 0 to 1.
+/// The tokens of the design. Colour components are sRGB, 0 to 1.
 namespace tintwick::theme {
 
 struct Components
@@ -20,7 +20,7 @@ struct Components
     double alpha = 1;
 };
 
-/// A colour of the design: one value for each appearance, which are the same for a fixed colour.
+/// A colour with one value per appearance. A fixed colour has the same value twice.
 class Color final
 {
 public:
@@ -35,7 +35,7 @@ public:
         , m_dark{components(dark)}
     {
     }
-    /// A fixed colour from anywhere else, such as one that the user took.
+    /// A fixed colour that is not part of the design, such as one that the user picked.
     explicit Color(const QColor& fixed);
 
     /// The same colour with its alpha multiplied.
@@ -59,40 +59,40 @@ private:
     Components m_dark;
 };
 
-/// From the top-leading to the bottom-trailing corner.
+/// From the top-left to the bottom-right corner.
 struct Gradient
 {
     Color start;
     Color end;
 };
 
-// The window, what lies on it, what can be pressed, what separates, and three levels of text.
-// The texts keep 4.5 to 1, the third level 3 to 1, on each of the three grounds.
+// The window, cards on it, buttons, borders, and three levels of text. The contrast of text is at least 4.5 to 1 on each of the
+// three grounds, of the third level 3 to 1.
 //                                       light     dark
 inline constexpr Color bg /*         */ {0xF5F5F7, 0x1F1F23};
 inline constexpr Color surface /*    */ {0xFFFFFF, 0x2A2A2F};
 inline constexpr Color surfaceHigh /**/ {0xE9E9EE, 0x37373E};
-/// What can be typed into.
+/// The ground of text fields.
 inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
-/// What slides or lies on `surfaceHigh`.
+/// A thumb on `surfaceHigh`.
 inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
 inline constexpr Color textThird /*  */ {0x82828C, 0x8C8C97};
 
-/// Of text that can be clicked.
+/// Of links.
 inline constexpr Color link /*       */ {0x4B50DC, 0x9A9EFF};
 
 inline constexpr Color accent{0.38, 0.40, 0.88};
 inline constexpr Color white{1, 1, 1};
 inline constexpr Color black{0, 0, 0};
 inline constexpr Color clear{0, 0, 0, 0};
-/// Of what has been done.
+/// Of success.
 inline constexpr Color green{0x218739, 0x3ECF63};
-/// Of what cannot be undone.
+/// Of actions that cannot be undone.
 inline constexpr Color red{0xC9252D, 0xFF6B6B};
-/// The same under white text.
+/// The same as a ground of white text.
 inline constexpr Color destructiveGround{0xC9252D, 0xD03B40};
 
 inline constexpr std::array cardAccents{
@@ -103,16 +103,16 @@ inline constexpr std::array cardAccents{
     Gradient{{0.18, 0.74, 0.56}, {0.10, 0.60, 0.44}}, // green
 };
 
-/// Around what the keyboard acts on.
+/// Around the control that has the keyboard focus.
 inline constexpr Color focusRing{0x4B50DC, 0x8F93FF};
 
 /// Of the main panel, in points.
 inline constexpr QSize panelSize{380, 580};
 inline constexpr double panelRadius = 16;
 
-/// The desktop's interface font; Inter where the desktop names none. Sizes in points of the interface.
+/// The general font of the desktop, or Inter if the desktop names none. `size` is in points of the interface.
 [[nodiscard]] QFont font(int size, QFont::Weight weight = QFont::Normal);
-/// The desktop's fixed-width font, for codes whose digits must stand under each other.
+/// The fixed-width font of the desktop, for codes whose digits must align.
 [[nodiscard]] QFont monospacedFont(int size, QFont::Weight weight = QFont::Normal);
 [[nodiscard]] QFont headline();
 [[nodiscard]] QFont caption();

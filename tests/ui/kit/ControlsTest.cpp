@@ -1,12 +1,12 @@
 #include "Button.h"
 #include "ContextMenu.h"
-#include "HelpBubble.h"
 #include "InOneLine.h"
 #include "Label.h"
 #include "Rule.h"
 #include "Stack.h"
 #include "SymbolView.h"
 #include "TextField.h"
+#include "ToolTip.h"
 
 #include <QAccessible>
 #include <QMenu>
@@ -27,30 +27,30 @@ class ControlsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyKindIsKnownToScreenReaders_data();
-    void everyKindIsKnownToScreenReaders();
+    void everyKindHasAnAccessibleRole_data();
+    void everyKindHasAnAccessibleRole();
     void aScreenReaderCanPress();
     void keysAct_data();
     void keysAct();
     void aHeldReturnActsOnce();
     void aDisabledButtonDoesNothing();
     void aClickOnTheContentPresses();
-    void aClickLeavesTheFocusWhereItIs();
-    void theRingIsOfTheKeyboardAlone();
+    void aClickKeepsTheFocus();
+    void onlyKeyboardFocusShowsTheRing();
     void tabGoesInReadingOrder();
-    void aFieldIsTypedInto();
-    void aMenuIsWhatWasWrittenDown();
-    void aMenuRunsWhatIsChosen();
+    void aFieldAcceptsText();
+    void aMenuShowsItsEntries();
+    void aMenuRunsTheChosenAction();
     void aMenuIsNoWiderThanItsLongestTitleMayBe();
     void aMenuLongerThanTheScreenStaysInOneColumn();
-    void longHelpTakesSeveralLines();
-    void wordsInOneLine_data();
-    void wordsInOneLine();
+    void aLongToolTipWraps();
+    void controlCharactersBecomeSpaces_data();
+    void controlCharactersBecomeSpaces();
     void aRuleIsAHairlineAtEveryScale_data();
     void aRuleIsAHairlineAtEveryScale();
 };
 
-void ControlsTest::everyKindIsKnownToScreenReaders_data()
+void ControlsTest::everyKindHasAnAccessibleRole_data()
 {
     QTest::addColumn<QWidget*>("widget");
     QTest::addColumn<QAccessible::Role>("role");
@@ -69,7 +69,7 @@ void ControlsTest::everyKindIsKnownToScreenReaders_data()
     row("symbol", symbol(u"add"_s, 10, SymbolWeight::Regular, theme::accent), QAccessible::Graphic, {});
 }
 
-void ControlsTest::everyKindIsKnownToScreenReaders()
+void ControlsTest::everyKindHasAnAccessibleRole()
 {
     QFETCH(QWidget*, widget);
     const std::unique_ptr<QWidget> owned(widget);
@@ -147,7 +147,7 @@ void ControlsTest::aClickOnTheContentPresses()
     QCOMPARE(presses, 1);
 }
 
-void ControlsTest::aClickLeavesTheFocusWhereItIs()
+void ControlsTest::aClickKeepsTheFocus()
 {
     auto* field = new TextField(u"Palette name"_s);
     auto* button = borderedButton(u"Cancel"_s, nothing);
@@ -160,7 +160,7 @@ void ControlsTest::aClickLeavesTheFocusWhereItIs()
     QVERIFY(field->hasFocus());
 }
 
-void ControlsTest::theRingIsOfTheKeyboardAlone()
+void ControlsTest::onlyKeyboardFocusShowsTheRing()
 {
     auto* first = borderedButton(u"Cancel"_s, nothing);
     auto* second = borderedButton(u"Create"_s, nothing);
@@ -201,7 +201,7 @@ void ControlsTest::tabGoesInReadingOrder()
     QVERIFY(one->hasFocus());
 }
 
-void ControlsTest::aFieldIsTypedInto()
+void ControlsTest::aFieldAcceptsText()
 {
     TextField field(u"Palette name"_s, u"Sea"_s);
     QCOMPARE(field.text(), u"Sea"_s);
@@ -210,7 +210,7 @@ void ControlsTest::aFieldIsTypedInto()
     QCOMPARE(field.sizeHint().height(), 30);
 }
 
-void ControlsTest::aMenuIsWhatWasWrittenDown()
+void ControlsTest::aMenuShowsItsEntries()
 {
     QMenu menu;
     fillMenu(menu, {menuAction(u"Open Palette"_s, u"open"_s, nothing), menuSeparator(),
@@ -226,7 +226,7 @@ void ControlsTest::aMenuIsWhatWasWrittenDown()
     QCOMPARE(actions.at(3)->text(), u"Delete"_s);
 }
 
-void ControlsTest::aMenuRunsWhatIsChosen()
+void ControlsTest::aMenuRunsTheChosenAction()
 {
     QString chosen;
     QWidget owner;
@@ -247,7 +247,7 @@ void ControlsTest::aMenuIsNoWiderThanItsLongestTitleMayBe()
     QMenu menu;
     fillMenu(menu,
              {menuAction(QString(300, u'W'), [] {}), menuAction(QStringLiteral("Sea\tand\nsand"), [] {})});
-    // 5 around, 10 beside the title, and 20 for the sign of a submenu.
+    // A margin of 5, 10 at each side of the title, and 20 for the arrow of a submenu.
     QCOMPARE(menu.sizeHint().width(), 260 + 2 * 5 + 2 * 10 + 20);
     QCOMPARE(menu.actions()[1]->text(), QStringLiteral("Sea and sand"));
 }
@@ -267,28 +267,28 @@ void ControlsTest::aMenuLongerThanTheScreenStaysInOneColumn()
     menu.close();
 }
 
-void ControlsTest::longHelpTakesSeveralLines()
+void ControlsTest::aLongToolTipWraps()
 {
     const QScopedPointer<PlainButton> owner(plainButton(
         {}, [] {}, label({}, theme::font(12))));
     owner->show();
-    const auto sizeOfHelp = [&owner](const QString& text) {
+    const auto sizeOfToolTip = [&owner](const QString& text) {
         owner->setToolTip(text);
-        HelpBubble::show(*owner, QPoint(10, 10));
-        return owner->findChild<HelpBubble*>()->size();
+        ToolTip::show(*owner, QPoint(10, 10));
+        return owner->findChild<ToolTip*>()->size();
     };
-    const QSize one = sizeOfHelp(QStringLiteral("Settings"));
+    const QSize one = sizeOfToolTip(QStringLiteral("Settings"));
     QVERIFY(one.width() < 100);
     QVERIFY(one.height() < 30);
-    const QSize words = sizeOfHelp(QStringLiteral("by the sea ").repeated(30));
+    const QSize words = sizeOfToolTip(QStringLiteral("by the sea ").repeated(30));
     QVERIFY(words.width() <= 320 + 2 * 8);
     QVERIFY(words.height() > 4 * (one.height() - 10));
-    const QSize unbroken = sizeOfHelp(QString(300, u'W'));
+    const QSize unbroken = sizeOfToolTip(QString(300, u'W'));
     QVERIFY(unbroken.width() <= 320 + 2 * 8);
     QVERIFY(unbroken.height() > 8 * (one.height() - 10));
 }
 
-void ControlsTest::wordsInOneLine_data()
+void ControlsTest::controlCharactersBecomeSpaces_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QString>("line");
@@ -304,7 +304,7 @@ void ControlsTest::wordsInOneLine_data()
         << QStringLiteral("🏖\uFE0F👩‍🎨") << QStringLiteral("🏖\uFE0F👩‍🎨");
 }
 
-void ControlsTest::wordsInOneLine()
+void ControlsTest::controlCharactersBecomeSpaces()
 {
     QFETCH(const QString, words);
     QFETCH(const QString, line);
@@ -315,7 +315,7 @@ void ControlsTest::aRuleIsAHairlineAtEveryScale_data()
 {
     QTest::addColumn<double>("scale");
     QTest::addColumn<QRgb>("color");
-    // Half a point of black at 0.1 on F5F5F7: it covers so much of the first row of pixels.
+    // Half a point of black with alpha 0.1 on F5F5F7, which covers the first row of pixels in part.
     QTest::newRow("1") << 1.0 << qRgb(0xE9, 0xE9, 0xEA);
     QTest::newRow("1.25") << 1.25 << qRgb(0xE6, 0xE6, 0xE7);
     QTest::newRow("1.5") << 1.5 << qRgb(0xE3, 0xE3, 0xE5);
@@ -326,7 +326,7 @@ void ControlsTest::aRuleIsAHairlineAtEveryScale()
 {
     QFETCH(const double, scale);
     QFETCH(const QRgb, color);
-    // Below a header of 49 points, which end inside a pixel at a fractional scale.
+    // The header of 49 points ends inside a pixel at a fractional scale.
     constexpr int above = 49;
     auto* header = new QWidget;
     header->setFixedSize(40, above);

@@ -22,16 +22,16 @@ private Q_SLOTS:
     void cleanup();
     void keysOpenIt_data();
     void keysOpenIt();
-    void theMenuDropsBelowTheButton();
-    void withoutRoomBelowTheMenuStandsAbove();
+    void theMenuOpensBelowTheButton();
+    void withoutRoomBelowTheMenuOpensAbove();
     void itLooksPressedUntilTheMenuCloses();
     void aSecondClickClosesTheMenu();
     void theChosenEntryRuns();
-    void theEntriesAreThoseOfNow();
-    void aScreenReaderMeetsAMenuButton();
+    void entriesAreComputedWhenTheMenuOpens();
+    void screenReadersSeeAMenuButton();
 
 private:
-    /// As a user does, through the window: menus take what is pressed beside them.
+    /// Through the window, as by a user: an open menu receives clicks outside itself.
     void click(const QWidget& widget) const;
 
     std::unique_ptr<QWidget> m_window;
@@ -108,7 +108,7 @@ void MenuButtonTest::keysOpenIt()
     }
 }
 
-void MenuButtonTest::theMenuDropsBelowTheButton()
+void MenuButtonTest::theMenuOpensBelowTheButton()
 {
     click(*m_button);
     QVERIFY(m_button->menu());
@@ -116,7 +116,7 @@ void MenuButtonTest::theMenuDropsBelowTheButton()
     QCOMPARE(m_button->menu()->activeAction(), nullptr);
 }
 
-void MenuButtonTest::withoutRoomBelowTheMenuStandsAbove()
+void MenuButtonTest::withoutRoomBelowTheMenuOpensAbove()
 {
     m_window->move(100, m_window->screen()->availableGeometry().bottom() - 60);
     click(*m_button);
@@ -156,7 +156,7 @@ void MenuButtonTest::theChosenEntryRuns()
     QVERIFY(!m_button->menu());
 }
 
-void MenuButtonTest::theEntriesAreThoseOfNow()
+void MenuButtonTest::entriesAreComputedWhenTheMenuOpens()
 {
     QTest::keyClick(m_button, Qt::Key_Down);
     QTest::keyClick(m_button->menu(), Qt::Key_Escape);
@@ -166,7 +166,7 @@ void MenuButtonTest::theEntriesAreThoseOfNow()
     QCOMPARE(m_button->menu()->actions().first()->text(), u"PNG Swatch"_s);
 }
 
-void MenuButtonTest::aScreenReaderMeetsAMenuButton()
+void MenuButtonTest::screenReadersSeeAMenuButton()
 {
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_button);
     QCOMPARE(interface->role(), QAccessible::ButtonMenu);

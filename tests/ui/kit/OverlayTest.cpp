@@ -21,16 +21,16 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void itCoversItsHostAndStandsInTheMiddle();
+    void itCoversItsHostWithTheCardInTheCentre();
     void itGrowsWithItsHost();
-    void typingGoesToTheFieldAtOnce();
+    void theFirstFieldHasTheFocus();
     void returnInTheFieldAccepts();
     void returnOnCancelCancels();
     void escapeDismisses();
-    void focusGoesBackWhereItWas();
+    void theFocusReturns();
     void tabStaysInside();
     void clicksDoNotPassThrough();
-    void aScreenReaderMeetsADialog();
+    void screenReadersSeeADialog();
 
 private:
     std::unique_ptr<QWidget> m_host;
@@ -76,7 +76,7 @@ void OverlayTest::cleanup()
     m_host.reset();
 }
 
-void OverlayTest::itCoversItsHostAndStandsInTheMiddle()
+void OverlayTest::itCoversItsHostWithTheCardInTheCentre()
 {
     QCOMPARE(Overlay::of(*m_host), m_overlay.data());
     QCOMPARE(m_overlay->geometry(), QRect(0, 0, 380, 580));
@@ -96,7 +96,7 @@ void OverlayTest::itGrowsWithItsHost()
     QCOMPARE(m_form->x(), 100);
 }
 
-void OverlayTest::typingGoesToTheFieldAtOnce()
+void OverlayTest::theFirstFieldHasTheFocus()
 {
     QVERIFY(m_field->hasFocus());
 }
@@ -129,7 +129,7 @@ void OverlayTest::escapeDismisses()
     QTRY_VERIFY(!m_overlay);
 }
 
-void OverlayTest::focusGoesBackWhereItWas()
+void OverlayTest::theFocusReturns()
 {
     QTest::keyClick(m_field, Qt::Key_Escape);
     QVERIFY(m_below->hasFocus());
@@ -164,7 +164,7 @@ void OverlayTest::clicksDoNotPassThrough()
     QVERIFY(Overlay::of(*m_host) != nullptr);
 }
 
-void OverlayTest::aScreenReaderMeetsADialog()
+void OverlayTest::screenReadersSeeADialog()
 {
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_overlay.data());
     QCOMPARE(interface->role(), QAccessible::Dialog);

@@ -40,35 +40,35 @@ class PaintTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aCornerKeepsBetweenItsLandmarks_data();
-    void aCornerKeepsBetweenItsLandmarks();
+    void aCornerStaysWithinItsBounds_data();
+    void aCornerStaysWithinItsBounds();
     void aRadiusTooLargeMakesACapsule();
     void checksBeginWhiteInTheTopLeftCorner_data();
     void checksBeginWhiteInTheTopLeftCorner();
     void checksEndAtTheEdge();
-    void checksWithoutRoomAreNone();
-    void checksAreCutOffAtTheCorners();
+    void anEmptyRectHasNoChecks();
+    void checksAreClippedAtTheCorners();
     void aStrokeLiesInside();
-    void aShadowIsSeenWhereverAWidgetIsAskedToPaint_data();
-    void aShadowIsSeenWhereverAWidgetIsAskedToPaint();
-    void aShadowTellsHowFarItReaches_data();
-    void aShadowTellsHowFarItReaches();
+    void aShadowIsPaintedInEveryPaintedRegion_data();
+    void aShadowIsPaintedInEveryPaintedRegion();
+    void aShadowReportsItsExtents_data();
+    void aShadowReportsItsExtents();
     void aShadowStaysWithinItsExtents_data();
     void aShadowStaysWithinItsExtents();
     void aShadowHasNoSeams_data();
     void aShadowHasNoSeams();
-    void aGrowingShadowHasNoSeamsEither();
-    void aShadowOnItsWayIsBothInPart();
-    void aMovingShadowIsNotBlurredAnew();
+    void aGrowingShadowHasNoSeams();
+    void aShadowBetweenTwoMixesBoth();
+    void aMovingShadowIsBlurredOnce();
     void shadowsOfOneShapeAreBlurredOnce();
     void everySymbolDraws_data();
     void everySymbolDraws();
     void anUnknownSymbolDrawsNothing();
-    void weightsDifferInTheirStrokes();
+    void weightsHaveDifferentStrokes();
 };
 
-// A shape of 100 × 100 with radius 20, at rest on the circle's arc in the middle of the corner.
-void PaintTest::aCornerKeepsBetweenItsLandmarks_data()
+// A shape of 100 × 100 with radius 20 whose corner is the circular arc in its middle.
+void PaintTest::aCornerStaysWithinItsBounds_data()
 {
     QTest::addColumn<QPointF>("point");
     QTest::addColumn<bool>("inside");
@@ -78,7 +78,7 @@ void PaintTest::aCornerKeepsBetweenItsLandmarks_data()
     // The arc begins at 20·(1 − sin 22.5°) = 12.346, 20·(1 − cos 22.5°) = 1.522.
     QTest::newRow("inside the arc's beginning") << QPointF(12.346, 1.56) << true;
     QTest::newRow("outside the arc's beginning") << QPointF(12.346, 1.48) << false;
-    // A circle's arc would still be on the side here; the continuous corner has left it.
+    // A circular arc would not have left the side here, but the continuous corner has.
     QTest::newRow("cut before the circle would") << QPointF(20, 0.05) << false;
     QTest::newRow("by very little") << QPointF(20, 0.25) << true;
     QTest::newRow("where the side is straight") << QPointF(25.7, 0.01) << true;
@@ -86,7 +86,7 @@ void PaintTest::aCornerKeepsBetweenItsLandmarks_data()
     QTest::newRow("outside the opposite corner") << QPointF(94.2, 94.2) << false;
 }
 
-void PaintTest::aCornerKeepsBetweenItsLandmarks()
+void PaintTest::aCornerStaysWithinItsBounds()
 {
     QFETCH(const QPointF, point);
     QTEST(roundedPath(QRectF(0, 0, 100, 100), 20).contains(point), "inside");
@@ -135,7 +135,7 @@ void PaintTest::checksEndAtTheEdge()
     QCOMPARE(image.pixel(11, 2), qRgb(255, 255, 255));
 }
 
-void PaintTest::checksWithoutRoomAreNone()
+void PaintTest::anEmptyRectHasNoChecks()
 {
     QImage image = blank(20, 20);
     QPainter painter(&image);
@@ -144,7 +144,7 @@ void PaintTest::checksWithoutRoomAreNone()
     QVERIFY(inkOf(image).isNull());
 }
 
-void PaintTest::checksAreCutOffAtTheCorners()
+void PaintTest::checksAreClippedAtTheCorners()
 {
     QImage image = blank(20, 20);
     QPainter painter(&image);
@@ -168,7 +168,7 @@ void PaintTest::aStrokeLiesInside()
     QCOMPARE(qAlpha(image.pixel(12, 20)), 0);
 }
 
-void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint_data()
+void PaintTest::aShadowIsPaintedInEveryPaintedRegion_data()
 {
     QTest::addColumn<double>("devicePixelRatio");
     QTest::addColumn<QRect>("asked");
@@ -183,7 +183,7 @@ void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint_data()
     }
 }
 
-void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint()
+void PaintTest::aShadowIsPaintedInEveryPaintedRegion()
 {
     QFETCH(const double, devicePixelRatio);
     QFETCH(const QRect, asked);
@@ -217,7 +217,7 @@ void PaintTest::aShadowIsSeenWhereverAWidgetIsAskedToPaint()
     QCOMPARE(picture(asked), expected);
 }
 
-void PaintTest::aShadowTellsHowFarItReaches_data()
+void PaintTest::aShadowReportsItsExtents_data()
 {
     QTest::addColumn<double>("radius");
     QTest::addColumn<QPointF>("offset");
@@ -228,7 +228,7 @@ void PaintTest::aShadowTellsHowFarItReaches_data()
     QTest::newRow("sharp") << 0.0 << QPointF(0, 2) << QMargins(0, 0, 0, 2);
 }
 
-void PaintTest::aShadowTellsHowFarItReaches()
+void PaintTest::aShadowReportsItsExtents()
 {
     QFETCH(const double, radius);
     QFETCH(const QPointF, offset);
@@ -256,7 +256,7 @@ void PaintTest::aShadowStaysWithinItsExtents()
     const QRect allowed =
         QRectF(19 * scale, 22 * scale, 82 * scale, 82 * scale).toAlignedRect().adjusted(-1, -1, 1, 1);
     QVERIFY(allowed.contains(inkOf(image)));
-    // Whole in the middle, half at the edge of what casts it, which is moved down by 3.
+    // Full in the middle and half at the edge of the shape, which is moved down by 3.
     const auto at = [&](double x, double y) { return qAlpha(image.pixel(int(x * scale), int(y * scale))); };
     QCOMPARE(at(60, 60), 255);
     QVERIFY(std::abs(at(28, 63) - 127) < 40);
@@ -285,7 +285,7 @@ void PaintTest::aShadowHasNoSeams()
     }
 }
 
-void PaintTest::aGrowingShadowHasNoSeamsEither()
+void PaintTest::aGrowingShadowHasNoSeams()
 {
     const Shadow shadow{.color = theme::black.opacity(0.5), .radius = 8, .offset = {0, 2}};
     const QRectF rect(17, 23, 321, 64);
@@ -302,7 +302,7 @@ void PaintTest::aGrowingShadowHasNoSeamsEither()
     }
 }
 
-void PaintTest::aShadowOnItsWayIsBothInPart()
+void PaintTest::aShadowBetweenTwoMixesBoth()
 {
     const Shadow from{.color = theme::black.opacity(0.2), .radius = 3, .offset = {0, 1}};
     const Shadow to{.color = theme::black.opacity(0.6), .radius = 8, .offset = {0, 3}};
@@ -315,12 +315,12 @@ void PaintTest::aShadowOnItsWayIsBothInPart()
     };
     QCOMPARE(alphaAt(0, 1), 51);
     QCOMPARE(alphaAt(1, 1), 153);
-    // A half of each, the one over the other: 0.1 + 0.3 - 0.1 * 0.3.
+    // One half of each, composed: 0.1 + 0.3 - 0.1 * 0.3.
     QVERIFY(std::abs(alphaAt(0.5, 1) - 94) <= 1);
     QVERIFY(std::abs(alphaAt(1, 0.5) - 77) <= 1);
 }
 
-void PaintTest::aMovingShadowIsNotBlurredAnew()
+void PaintTest::aMovingShadowIsBlurredOnce()
 {
     const Shadow from{.color = theme::black.opacity(0.21), .radius = 3, .offset = {0, 1}};
     const Shadow to{.color = theme::black.opacity(0.51), .radius = 8, .offset = {0, 3}};
@@ -398,7 +398,7 @@ void PaintTest::anUnknownSymbolDrawsNothing()
     QVERIFY(symbolPixmap(u"no-such-symbol", 14, SymbolWeight::Regular, Qt::black, 1).isNull());
 }
 
-void PaintTest::weightsDifferInTheirStrokes()
+void PaintTest::weightsHaveDifferentStrokes()
 {
     const auto inkAmount = [](SymbolWeight weight) {
         const QImage image = symbolPixmap(u"add", 20, weight, Qt::black, 2).toImage();

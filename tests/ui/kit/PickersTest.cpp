@@ -20,7 +20,7 @@ const QStringList formats{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"CSS & more"_s};
 
 using Position = std::optional<qsizetype>;
 
-/// A picker in a window that has the keyboard, and what it told.
+/// A picker in an active window, and the selections that it reported.
 struct Segments
 {
     explicit Segments(Position selected)
@@ -45,7 +45,7 @@ struct Segments
         }
         return states;
     }
-    /// Which segments have the thumb's colour behind their title.
+    /// The segments that have the colour of the thumb as their background.
     [[nodiscard]] QList<bool> thumbs() const
     {
         Ticker::shared().advance(60);
@@ -63,7 +63,7 @@ struct Segments
     QList<qsizetype> told;
 };
 
-/// The same for the other picker.
+/// The same for a PopUpPicker.
 struct PopUp
 {
     explicit PopUp(qsizetype selected)
@@ -96,25 +96,25 @@ class PickersTest final : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void theSelectedSegmentIsDrawnAndTold_data();
-    void theSelectedSegmentIsDrawnAndTold();
-    void aClickSelectsAndTellsOnce();
+    void theSelectedSegmentIsDrawnAndReported_data();
+    void theSelectedSegmentIsDrawnAndReported();
+    void aClickSelectsAndReportsOnce();
     void keysMoveTheSelection_data();
     void keysMoveTheSelection();
-    void tabGoesToTheSelectedSegmentAlone();
-    void withoutASelectionTabGoesToTheFirst();
-    void selectingFromCodeTellsNobody();
+    void tabReachesOnlyTheSelectedSegment();
+    void withoutASelectionTabReachesTheFirst();
+    void selectingFromCodeRunsNoAction();
     void theThumbSlides();
     void segmentsAreEqualAndFillTheWidth();
-    void aGroupOfRadioButtons();
+    void screenReadersSeeAGroupOfRadioButtons();
     void theMenuMarksTheChosenTitle();
-    void theChosenTitleLiesOverItself();
+    void theChosenLineCoversTheTitle();
     void keysOpenTheMenu_data();
     void keysOpenTheMenu();
-    void choosingTellsAndShows();
-    void choosingTheSameTellsNobody();
+    void choosingReportsAndShows();
+    void choosingTheSameRunsNoAction();
     void escapeChangesNothing();
-    void aComboBoxWithItsValue();
+    void screenReadersSeeAComboBoxWithAValue();
     void aScreenReaderOpensTheMenu();
 };
 
@@ -123,7 +123,7 @@ void PickersTest::initTestCase()
     Ticker::shared().setMode(Ticker::Mode::ByHand);
 }
 
-void PickersTest::theSelectedSegmentIsDrawnAndTold_data()
+void PickersTest::theSelectedSegmentIsDrawnAndReported_data()
 {
     QTest::addColumn<Position>("selected");
     QTest::addColumn<QList<bool>>("states");
@@ -132,21 +132,21 @@ void PickersTest::theSelectedSegmentIsDrawnAndTold_data()
     QTest::newRow("none") << Position() << QList<bool>{false, false, false};
 }
 
-void PickersTest::theSelectedSegmentIsDrawnAndTold()
+void PickersTest::theSelectedSegmentIsDrawnAndReported()
 {
     QFETCH(const Position, selected);
     QFETCH(const QList<bool>, states);
     const Segments segments(selected);
     QCOMPARE(segments.checked(), states);
     QCOMPARE(segments.thumbs(), states);
-    // From another selection too.
+    // Also from another selection.
     const Segments others(Position(1));
     others.picker->setSelected(selected);
     QCOMPARE(others.checked(), states);
     QCOMPARE(others.thumbs(), states);
 }
 
-void PickersTest::aClickSelectsAndTellsOnce()
+void PickersTest::aClickSelectsAndReportsOnce()
 {
     const Segments segments(Position(0));
     QTest::mouseClick(segments.segment(2), Qt::LeftButton);
@@ -188,7 +188,7 @@ void PickersTest::keysMoveTheSelection()
     QVERIFY(segments.segment(now.value_or(0))->hasFocus());
 }
 
-void PickersTest::tabGoesToTheSelectedSegmentAlone()
+void PickersTest::tabReachesOnlyTheSelectedSegment()
 {
     auto* one = new SegmentedPicker(u"Shape"_s, sizes, 1);
     auto* other = new SegmentedPicker(u"Scope Size"_s, sizes, 2);
@@ -203,14 +203,14 @@ void PickersTest::tabGoesToTheSelectedSegmentAlone()
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(order, (QStringList{u"M"_s, u"L"_s, u"M"_s}));
-    // Where the selection goes, there Tab goes.
+    // Tab reaches the new selection.
     QTest::keyClick(window->focusWidget(), Qt::Key_Home);
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     QCOMPARE(window->focusWidget()->accessibleName(), u"S"_s);
 }
 
-void PickersTest::withoutASelectionTabGoesToTheFirst()
+void PickersTest::withoutASelectionTabReachesTheFirst()
 {
     const Segments segments{Position()};
     QCOMPARE(segments.segment(0)->focusPolicy(), Qt::TabFocus);
@@ -218,7 +218,7 @@ void PickersTest::withoutASelectionTabGoesToTheFirst()
     QCOMPARE(segments.segment(2)->focusPolicy(), Qt::NoFocus);
 }
 
-void PickersTest::selectingFromCodeTellsNobody()
+void PickersTest::selectingFromCodeRunsNoAction()
 {
     const Segments segments(Position(0));
     segments.picker->setSelected(1);
@@ -253,7 +253,7 @@ void PickersTest::segmentsAreEqualAndFillTheWidth()
     QCOMPARE(left, 198);
 }
 
-void PickersTest::aGroupOfRadioButtons()
+void PickersTest::screenReadersSeeAGroupOfRadioButtons()
 {
     const Segments segments(Position(1));
     QAccessibleInterface* group = QAccessible::queryAccessibleInterface(segments.picker);
@@ -285,7 +285,7 @@ void PickersTest::theMenuMarksTheChosenTitle()
     QCOMPARE(popUp.menu()->activeAction(), popUp.menu()->actions().at(1));
 }
 
-void PickersTest::theChosenTitleLiesOverItself()
+void PickersTest::theChosenLineCoversTheTitle()
 {
     const PopUp popUp(1);
     popUp.window->move(200, 200);
@@ -294,7 +294,7 @@ void PickersTest::theChosenTitleLiesOverItself()
     const QRect chosen = menu->actionGeometry(menu->actions().at(1));
     const QPoint middle = popUp.picker->mapToGlobal(popUp.picker->rect().center());
     QCOMPARE(menu->mapToGlobal(chosen.center()).y(), middle.y());
-    // Titles begin 39 points from the menu's edge and 12 from the control's.
+    // Titles begin 39 points from the edge of the menu and 12 from the edge of the control.
     QCOMPARE(menu->mapToGlobal(QPoint(39, 0)).x(), popUp.picker->mapToGlobal(QPoint(12, 0)).x());
     QVERIFY(menu->geometry().right() >= popUp.picker->mapToGlobal(popUp.picker->rect().topRight()).x());
 }
@@ -320,7 +320,7 @@ void PickersTest::keysOpenTheMenu()
     QTEST(popUp.menu() != nullptr, "opens");
 }
 
-void PickersTest::choosingTellsAndShows()
+void PickersTest::choosingReportsAndShows()
 {
     const PopUp popUp(0);
     const QPointer<QMenu> menu = popUp.openMenu();
@@ -332,7 +332,7 @@ void PickersTest::choosingTellsAndShows()
     QTRY_VERIFY(!menu);
 }
 
-void PickersTest::choosingTheSameTellsNobody()
+void PickersTest::choosingTheSameRunsNoAction()
 {
     const PopUp popUp(2);
     const QPointer<QMenu> menu = popUp.openMenu();
@@ -353,7 +353,7 @@ void PickersTest::escapeChangesNothing()
     QCOMPARE(popUp.picker->selected(), 2);
 }
 
-void PickersTest::aComboBoxWithItsValue()
+void PickersTest::screenReadersSeeAComboBoxWithAValue()
 {
     const PopUp popUp(0);
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(popUp.picker);

@@ -13,8 +13,8 @@ private Q_SLOTS:
     void theGapIsAtTheNearestSlot();
     void aCarriedRowStaysInTheList_data();
     void aCarriedRowStaysInTheList();
-    void theOthersMakeRoom_data();
-    void theOthersMakeRoom();
+    void theOtherRowsMakeRoom_data();
+    void theOtherRowsMakeRoom();
     void theDestinationIsCountedBeforeTheMove_data();
     void theDestinationIsCountedBeforeTheMove();
     void theListScrollsFasterCloserToAnEdge_data();
@@ -62,7 +62,7 @@ void ReorderingTest::aCarriedRowStaysInTheList()
     QCOMPARE(carriedTop(wanted, 50, count), top);
 }
 
-void ReorderingTest::theOthersMakeRoom_data()
+void ReorderingTest::theOtherRowsMakeRoom_data()
 {
     QTest::addColumn<qsizetype>("carried");
     QTest::addColumn<qsizetype>("gap");
@@ -70,7 +70,7 @@ void ReorderingTest::theOthersMakeRoom_data()
     const auto row = [](const char* name, qsizetype carried, qsizetype gap, const QList<qsizetype>& places) {
         QTest::newRow(name) << carried << gap << places;
     };
-    // The entry of the carried row itself says nothing.
+    // The value for the carried row itself has no meaning.
     row("at its own place", 2, 2, {0, 1, 2, 3, 4});
     row("down by one", 1, 2, {0, 1, 1, 3, 4});
     row("down to the end", 1, 4, {0, 1, 1, 2, 3});
@@ -78,7 +78,7 @@ void ReorderingTest::theOthersMakeRoom_data()
     row("up to the start", 3, 0, {1, 2, 3, 3, 4});
 }
 
-void ReorderingTest::theOthersMakeRoom()
+void ReorderingTest::theOtherRowsMakeRoom()
 {
     QFETCH(const qsizetype, carried);
     QFETCH(const qsizetype, gap);
@@ -114,7 +114,7 @@ void ReorderingTest::theListScrollsFasterCloserToAnEdge_data()
 {
     QTest::addColumn<double>("pointer");
     QTest::addColumn<double>("speed");
-    // Of 400 points seen, 36 at each end.
+    // 36 points at each end of 400 visible points.
     QTest::newRow("in the middle") << 200.0 << 0.0;
     QTest::newRow("where the lower edge begins") << 364.0 << 0.0;
     QTest::newRow("half way into it") << 382.0 << 450.0;

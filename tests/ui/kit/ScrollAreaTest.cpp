@@ -19,7 +19,7 @@ QWheelEvent wheel(const QWidget& widget, const QPoint& eighths, Qt::KeyboardModi
         false};
 }
 
-/// Turns a wheel over a widget; returns whether the widget took it.
+/// Sends a wheel event to a widget and returns whether the widget accepted it.
 bool turn(QWidget& widget, const QPoint& eighths)
 {
     QWheelEvent event = wheel(widget, eighths);
@@ -28,7 +28,7 @@ bool turn(QWidget& widget, const QPoint& eighths)
     return event.isAccepted();
 }
 
-/// Turns it as a hand does: what the widget does not take is its parent's.
+/// Sends a wheel event that propagates to the parent when the widget ignores it.
 void turnByHand(QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held)
 {
     QWheelEvent event = wheel(widget, eighths, held);
@@ -50,20 +50,20 @@ class ScrollAreaTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aRowTakesTheWheelUntilItsEnd();
+    void aRowConsumesTheWheelUntilItsEnd();
     void aRowIsAsHighAsItsContent();
-    void aRowReachesBeyondItsColumn();
-    void aColumnScrollsDownOnly();
-    void fineTurnsAddUp();
+    void aRowOverhangsItsColumn();
+    void aColumnScrollsVertically();
+    void smallWheelStepsAddUp();
     void contentThatGrowsCanBeReached();
-    void aPageTakesTheWheelBeforeARowInIt_data();
-    void aPageTakesTheWheelBeforeARowInIt();
-    void whatGetsTheFocusComesIntoView_data();
-    void whatGetsTheFocusComesIntoView();
-    void aWindowThatIsCameBackToStaysAsItWasScrolled();
+    void aPageConsumesTheWheelBeforeARowInIt_data();
+    void aPageConsumesTheWheelBeforeARowInIt();
+    void aFocusedWidgetScrollsIntoView_data();
+    void aFocusedWidgetScrollsIntoView();
+    void reactivatingAWindowKeepsItsScrollPosition();
 };
 
-void ScrollAreaTest::aRowTakesTheWheelUntilItsEnd()
+void ScrollAreaTest::aRowConsumesTheWheelUntilItsEnd()
 {
     const std::unique_ptr<ScrollArea> area(horizontalScroll(row(gap(10), box(100, 40), box(100, 40))));
     area->resize(150, 40);
@@ -86,7 +86,7 @@ void ScrollAreaTest::aRowIsAsHighAsItsContent()
     QCOMPARE(area->minimumSizeHint().height(), 48);
 }
 
-void ScrollAreaTest::aRowReachesBeyondItsColumn()
+void ScrollAreaTest::aRowOverhangsItsColumn()
 {
     auto* swatch = box(62, 80);
     auto* area = horizontalScroll(row(gap(12), padding(2, 4), swatch, box(400, 80)), 2);
@@ -97,7 +97,7 @@ void ScrollAreaTest::aRowReachesBeyondItsColumn()
     QCOMPARE(swatch->mapTo(stack.get(), QPoint()), QPoint(16, 20));
 }
 
-void ScrollAreaTest::aColumnScrollsDownOnly()
+void ScrollAreaTest::aColumnScrollsVertically()
 {
     const std::unique_ptr<ScrollArea> area(verticalScroll(column(gap(10), box(50, 300), box(50, 300))));
     area->resize(200, 200);
@@ -112,7 +112,7 @@ void ScrollAreaTest::aColumnScrollsDownOnly()
     QCOMPARE(area->verticalScrollBar()->value(), 60);
 }
 
-void ScrollAreaTest::fineTurnsAddUp()
+void ScrollAreaTest::smallWheelStepsAddUp()
 {
     const std::unique_ptr<ScrollArea> area(verticalScroll(column(box(50, 600))));
     area->resize(100, 100);
@@ -136,7 +136,7 @@ void ScrollAreaTest::contentThatGrowsCanBeReached()
     QTRY_COMPARE(area->verticalScrollBar()->maximum(), 80);
 }
 
-void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt_data()
+void ScrollAreaTest::aPageConsumesTheWheelBeforeARowInIt_data()
 {
     QTest::addColumn<int>("pageHeight");
     QTest::addColumn<QPoint>("eighths");
@@ -152,7 +152,7 @@ void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt_data()
     QTest::newRow("down, over a page with nothing to scroll") << 10 << QPoint(0, -60) << nothing << 0 << 30;
 }
 
-void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt()
+void ScrollAreaTest::aPageConsumesTheWheelBeforeARowInIt()
 {
     QFETCH(const int, pageHeight);
     QFETCH(const QPoint, eighths);
@@ -166,7 +166,7 @@ void ScrollAreaTest::aPageTakesTheWheelBeforeARowInIt()
     QTEST(inner->horizontalScrollBar()->value(), "row");
 }
 
-void ScrollAreaTest::whatGetsTheFocusComesIntoView_data()
+void ScrollAreaTest::aFocusedWidgetScrollsIntoView_data()
 {
     QTest::addColumn<QWidget*>("target");
     const auto nothing = [] {};
@@ -174,8 +174,8 @@ void ScrollAreaTest::whatGetsTheFocusComesIntoView_data()
     QTest::newRow("a field") << static_cast<QWidget*>(new TextField(QStringLiteral("Name")));
 }
 
-// From a control outside of the page to one that is out of sight in both directions.
-void ScrollAreaTest::whatGetsTheFocusComesIntoView()
+// From a control outside the page to one that is scrolled out in both directions.
+void ScrollAreaTest::aFocusedWidgetScrollsIntoView()
 {
     QFETCH(QWidget*, target);
     target->setFixedWidth(80);
@@ -195,7 +195,7 @@ void ScrollAreaTest::whatGetsTheFocusComesIntoView()
     QVERIFY(page->geometry().contains(place));
 }
 
-void ScrollAreaTest::aWindowThatIsCameBackToStaysAsItWasScrolled()
+void ScrollAreaTest::reactivatingAWindowKeepsItsScrollPosition()
 {
     auto* button = borderedButton(QStringLiteral("Done"), [] {});
     const std::unique_ptr<ScrollArea> page(verticalScroll(column(button, box(50, 500))));

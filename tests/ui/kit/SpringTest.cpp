@@ -12,19 +12,19 @@ class SpringTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itMovesAsTheEquationSays_data();
-    void itMovesAsTheEquationSays();
-    void theLengthOfTheStepsDoesNotMatter();
-    void aTurnKeepsPositionAndVelocity();
+    void itFollowsTheEquation_data();
+    void itFollowsTheEquation();
+    void theMotionIsIndependentOfTheStepLength();
+    void aNewTargetKeepsPositionAndVelocity();
     void itComesToRestOnItsTarget();
-    void aJumpIsAtRestAtOnce();
-    void easingGoesThroughItsPoints_data();
-    void easingGoesThroughItsPoints();
-    void easingTurnsFromWhereItIs();
+    void aJumpRestsAtOnce();
+    void easingFollowsItsCurve_data();
+    void easingFollowsItsCurve();
+    void easingTurnsAtItsPosition();
 };
 
 // The expected values are from a Runge-Kutta integration of x" + 2·fraction·w·x' + w²·(x − target) = 0, w = 2π/response.
-void SpringTest::itMovesAsTheEquationSays_data()
+void SpringTest::itFollowsTheEquation_data()
 {
     QTest::addColumn<double>("response");
     QTest::addColumn<double>("dampingFraction");
@@ -42,7 +42,7 @@ void SpringTest::itMovesAsTheEquationSays_data()
     QTest::newRow("damped critically") << 0.3 << 1.0 << 0.0 << 1.0 << 0.1 << 0.618942 << 5.40173;
 }
 
-void SpringTest::itMovesAsTheEquationSays()
+void SpringTest::itFollowsTheEquation()
 {
     QFETCH(const double, response);
     QFETCH(const double, dampingFraction);
@@ -60,7 +60,7 @@ void SpringTest::itMovesAsTheEquationSays()
              qPrintable(QString::number(spring.velocity(), 'g', 9)));
 }
 
-void SpringTest::theLengthOfTheStepsDoesNotMatter()
+void SpringTest::theMotionIsIndependentOfTheStepLength()
 {
     Spring once(0.2, 0.7);
     Spring often(0.2, 0.7);
@@ -74,7 +74,7 @@ void SpringTest::theLengthOfTheStepsDoesNotMatter()
     QVERIFY(std::abs(once.velocity() - often.velocity()) < 1e-9);
 }
 
-void SpringTest::aTurnKeepsPositionAndVelocity()
+void SpringTest::aNewTargetKeepsPositionAndVelocity()
 {
     Spring spring(0.18, 0.75);
     spring.setTarget(1);
@@ -101,7 +101,7 @@ void SpringTest::itComesToRestOnItsTarget()
     QVERIFY(!spring.isMoving());
 }
 
-void SpringTest::aJumpIsAtRestAtOnce()
+void SpringTest::aJumpRestsAtOnce()
 {
     Spring spring(0.18, 0.8);
     spring.setTarget(1);
@@ -111,7 +111,7 @@ void SpringTest::aJumpIsAtRestAtOnce()
     QCOMPARE(spring.position(), 0.5);
 }
 
-void SpringTest::easingGoesThroughItsPoints_data()
+void SpringTest::easingFollowsItsCurve_data()
 {
     QTest::addColumn<double>("seconds");
     QTest::addColumn<double>("position");
@@ -124,7 +124,7 @@ void SpringTest::easingGoesThroughItsPoints_data()
     QTest::newRow("beyond") << 9.0 << 1.0 << false;
 }
 
-void SpringTest::easingGoesThroughItsPoints()
+void SpringTest::easingFollowsItsCurve()
 {
     QFETCH(const double, seconds);
     QFETCH(const double, position);
@@ -135,7 +135,7 @@ void SpringTest::easingGoesThroughItsPoints()
     QVERIFY(std::abs(easing.position() - position) < 1e-9);
 }
 
-void SpringTest::easingTurnsFromWhereItIs()
+void SpringTest::easingTurnsAtItsPosition()
 {
     EaseInOut easing(0.18);
     easing.setTarget(1);

@@ -18,7 +18,7 @@ public:
     Box(int width, int height) { setFixedSize(width, height); }
 };
 
-/// A view of the given place that reaches beyond it on all sides.
+/// A view with a place of the given size and an overhang on all sides.
 class Growing final : public QWidget, public Overhanging
 {
 public:
@@ -69,15 +69,15 @@ class StackTest : public QObject
 
 private Q_SLOTS:
     void aColumnStacksItsParts();
-    void aSpacerPushesApart();
+    void aSpacerTakesTheRemainingRoom();
     void aRowCentersAcross();
-    void aLabelGivesWayBeforeItsNeighbors();
+    void aLabelShrinksBeforeItsNeighbors();
     void aLabelIsElidedOnlyWithoutRoom();
     void hiddenPartsTakeNoRoom();
-    void whatIsShownWhenNeverBecomesAWindow();
+    void shownWhenNeverMakesAWindow();
     void shadowsFallOnTheGroundBelow();
     void overhangsTakeNoRoom();
-    void anOverhangGoesThroughStacksWithoutPadding();
+    void anOverhangPassesStacksWithoutPadding();
     void aGroundEndsWhereTheOverhangBegins();
 };
 
@@ -92,7 +92,7 @@ void StackTest::aColumnStacksItsParts()
     QCOMPARE(stack->sizeHint(), QSize(66, 41));
 }
 
-void StackTest::aSpacerPushesApart()
+void StackTest::aSpacerTakesTheRemainingRoom()
 {
     auto* left = new Box(20, 10);
     auto* right = new Box(30, 10);
@@ -112,7 +112,7 @@ void StackTest::aRowCentersAcross()
     QCOMPARE(high->y(), 0);
 }
 
-void StackTest::aLabelGivesWayBeforeItsNeighbors()
+void StackTest::aLabelShrinksBeforeItsNeighbors()
 {
     auto* name = label(u"A name that is far too long for its row, by any measure"_s, theme::font(14));
     auto* tile = new Box(44, 44);
@@ -133,7 +133,7 @@ void StackTest::aLabelIsElidedOnlyWithoutRoom()
         whole->resize(width, whole->sizeHint().height());
         return whole->grab().toImage().copy(0, 0, 20, whole->height());
     };
-    // The first letters look the same, as they do not where an ellipsis takes their place.
+    // The first letters are the same, which they are not when the text is elided.
     QCOMPARE(inkOf(whole->sizeHint().width()), inkOf(500));
     QVERIFY(inkOf(whole->minimumSizeHint().width()) != inkOf(500));
 }
@@ -156,7 +156,7 @@ void StackTest::hiddenPartsTakeNoRoom()
     QCOMPARE(stack->sizeHint().height(), 10);
 }
 
-void StackTest::whatIsShownWhenNeverBecomesAWindow()
+void StackTest::shownWhenNeverMakesAWindow()
 {
     State state;
     const std::unique_ptr<Box> box(
@@ -196,7 +196,7 @@ void StackTest::overhangsTakeNoRoom()
     QCOMPARE(second->geometry(), QRect(74, 2, 66, 84));
 }
 
-void StackTest::anOverhangGoesThroughStacksWithoutPadding()
+void StackTest::anOverhangPassesStacksWithoutPadding()
 {
     auto* before = new Box(300, 10);
     auto* cards = column(gap(10));

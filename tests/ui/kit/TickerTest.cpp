@@ -15,13 +15,13 @@ class TickerTest : public QObject
 private Q_SLOTS:
     void init();
     void withoutMotionNoTimerRuns();
-    void theTimerStopsWhenAllIsAtRest();
-    void theClockMovesAndComesToRest();
+    void theTimerStopsWhenEverythingRests();
+    void theClockAdvancesUntilRest();
     void byHandNoTimerRuns();
-    void aDeletedViewMovesNoMore();
+    void aDeletedAnimatorIsNotAdvanced();
     void aStepMayStartAnother();
-    void reducedMotionArrivesAtOnce();
-    void reducingMotionEndsWhatMoves();
+    void reducedMotionEndsAtOnce();
+    void reducingMotionEndsAllMotions();
 };
 
 void TickerTest::init()
@@ -37,7 +37,7 @@ void TickerTest::withoutMotionNoTimerRuns()
     QVERIFY(!Ticker::shared().isRunning());
 }
 
-void TickerTest::theTimerStopsWhenAllIsAtRest()
+void TickerTest::theTimerStopsWhenEverythingRests()
 {
     Ticker& ticker = Ticker::shared();
     ticker.setMode(Ticker::Mode::Clock);
@@ -53,7 +53,7 @@ void TickerTest::theTimerStopsWhenAllIsAtRest()
     QCOMPARE(spring.position(), 1.0);
 }
 
-void TickerTest::theClockMovesAndComesToRest()
+void TickerTest::theClockAdvancesUntilRest()
 {
     Ticker& ticker = Ticker::shared();
     ticker.setMode(Ticker::Mode::Clock);
@@ -84,7 +84,7 @@ void TickerTest::byHandNoTimerRuns()
     QVERIFY(!ticker.hasMotion());
 }
 
-void TickerTest::aDeletedViewMovesNoMore()
+void TickerTest::aDeletedAnimatorIsNotAdvanced()
 {
     auto second = std::make_unique<Animator>([](double) { return true; });
     Animator first([&](double) {
@@ -115,7 +115,7 @@ void TickerTest::aStepMayStartAnother()
     QVERIFY(moved);
 }
 
-void TickerTest::reducedMotionArrivesAtOnce()
+void TickerTest::reducedMotionEndsAtOnce()
 {
     Ticker::shared().setMode(Ticker::Mode::Clock);
     Ticker::shared().setMotionReduced(true);
@@ -127,7 +127,7 @@ void TickerTest::reducedMotionArrivesAtOnce()
     QVERIFY(!Ticker::shared().isRunning());
 }
 
-void TickerTest::reducingMotionEndsWhatMoves()
+void TickerTest::reducingMotionEndsAllMotions()
 {
     Spring spring(0.2, 0.7);
     Animator animator([&](double seconds) { return spring.advance(seconds); });

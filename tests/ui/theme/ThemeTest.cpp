@@ -78,7 +78,7 @@ void ThemeTest::textsAreReadableOnTheirGrounds_data()
         row({"white", theme::white}, {"destructiveGround", theme::destructiveGround}, 4.5);
         row({"link", theme::link}, {"surface", theme::surface}, 4.5);
         row({"red", theme::red}, {"surface", theme::surface}, 4.5);
-        // Of symbols, and of the accent, whose value is the same in both schemes.
+        // For symbols and for the accent, which is the same in both schemes.
         row({"green", theme::green}, {"surface", theme::surface}, 3);
         row({"accent", theme::accent}, {"bg", theme::bg}, 3);
         row({"accent", theme::accent}, {"surface", theme::surface}, 3);

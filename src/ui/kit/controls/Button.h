@@ -42,14 +42,14 @@ private:
     Style m_style;
 };
 
-/// A plain button around `content`; `name` is for screen readers. Tint and focus ring follow `cornerRadius`.
+/// A plain button around `content`. `name` is for screen readers; `cornerRadius` is that of tint and focus ring.
 [[nodiscard]] PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,
                                        double cornerRadius = 6);
-/// A plain button that is a symbol on a small square, as at the top of a screen. Its help is its name.
+/// A plain button with a symbol on a small square, as at the top of a screen. Its tool tip is its name.
 [[nodiscard]] PlainButton* squareButton(const QString& name, std::function<void()> action,
                                         SymbolView* symbol);
 [[nodiscard]] TextButton* borderedButton(const QString& title, std::function<void()> action);
-/// The button that Return stands for.
+/// The default button, which Return presses.
 [[nodiscard]] TextButton* prominentButton(const QString& title, std::function<void()> action);
 
 } // namespace tintwick

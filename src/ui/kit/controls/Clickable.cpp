@@ -1,10 +1,10 @@
 #include "Clickable.h"
 
 #include "Appearance.h"
-#include "HelpBubble.h"
 #include "Paint.h"
 #include "StackLayout.h"
 #include "Theme.h"
+#include "ToolTip.h"
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -154,7 +154,7 @@ bool Clickable::event(QEvent* event)
         setHovered(false);
         break;
     case QEvent::ToolTip:
-        HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        ToolTip::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
         return true;
     default:
         break;

@@ -2,7 +2,7 @@
 
 #include "Accessibility.h"
 #include "Appearance.h"
-#include "HelpBubble.h"
+#include "ToolTip.h"
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -32,7 +32,7 @@ void Label::setText(const QString& text)
     setAccessibleName(text);
     updateGeometry();
     update();
-    updateHelp();
+    updateToolTip();
 }
 
 void Label::setColor(const theme::Color& color)
@@ -55,7 +55,7 @@ QSize Label::sizeHint() const
 
 QSize Label::minimumSizeHint() const
 {
-    // Room for the ellipsis at least, where there is anything to leave out.
+    // At least the width of the ellipsis, or of a shorter text.
     const QSize whole = sizeHint();
     return {std::min(whole.width(), QFontMetrics(font()).horizontalAdvance(QChar(0x2026))), whole.height()};
 }
@@ -65,7 +65,7 @@ bool Label::isCut() const
     return width() < sizeHint().width();
 }
 
-void Label::updateHelp()
+void Label::updateToolTip()
 {
     setToolTip(isCut() ? m_text : QString());
 }
@@ -73,7 +73,7 @@ void Label::updateHelp()
 bool Label::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
-        HelpBubble::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        ToolTip::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
         return true;
     }
     return QWidget::event(event);
@@ -82,7 +82,7 @@ bool Label::event(QEvent* event)
 void Label::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    updateHelp();
+    updateToolTip();
 }
 
 void Label::paintEvent(QPaintEvent*)
@@ -94,7 +94,7 @@ void Label::paintEvent(QPaintEvent*)
     const bool isWhole = !isCut();
     int y = 0;
     for (const QStringView line : QStringView(m_text).tokenize(u'\n')) {
-        // Text that has its room is drawn whole, whatever the roundings at this scale.
+        // A text that fits is not elided because of rounding at this scale.
         const QString shown =
             isWhole ? line.toString() : metrics.elidedText(line.toString(), Qt::ElideRight, width());
         painter.drawText(

@@ -7,8 +7,8 @@
 
 namespace tintwick {
 
-/// One line of text, or several centred ones where the text has line breaks. A line too long for its room ends in an
-/// ellipsis, and the whole text appears when the pointer rests on it.
+/// One line of text, or several centred lines where the text has line breaks. A line that is too long is elided, and the tool tip
+/// shows the whole text.
 class Label final : public QWidget
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ protected:
 
 private:
     [[nodiscard]] bool isCut() const;
-    void updateHelp();
+    void updateToolTip();
 
     QString m_text;
     theme::Color m_color;

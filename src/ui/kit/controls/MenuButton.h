@@ -9,16 +9,15 @@
 
 namespace tintwick {
 
-/// A button that looks like its content and drops a menu below itself. Pressing it opens the menu, as Space, Return and
-/// Down do; it looks pressed until the menu closes, and a click on it then closes the menu. How it looks while it is
-/// disabled is left to the content.
+/// A button that looks like its content and opens a menu below itself on press, Space, Return and Down. It looks pressed until
+/// the menu closes; a click on it closes the menu. The content draws the disabled state.
 class MenuButton : public Clickable
 {
     Q_OBJECT
 
 public:
-    /// `name` is for screen readers. `entries` is asked for anew each time the menu opens. The tint of the pressed button
-    /// and its focus ring follow `cornerRadius`.
+    /// `name` is for screen readers. `entries` is called each time the menu opens. `cornerRadius` is that of the tint and the
+    /// focus ring.
     MenuButton(const QString& name, std::function<QList<MenuEntry>()> entries, QWidget* content,
                double cornerRadius);
 
@@ -27,7 +26,7 @@ public:
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return m_cornerRadius; }
-    /// Opens the menu where it belongs.
+    /// Opens the menu at its place and returns it.
     virtual QMenu* openMenu(const QList<MenuEntry>& entries);
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

@@ -17,7 +17,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tintwick {
 
@@ -26,14 +25,14 @@ namespace {
 constexpr double moveResponse = 0.28;
 constexpr double moveDamping = 0.82;
 constexpr double liftResponse = 0.22;
-/// A frame that comes late does not make the list leap.
+/// Seconds. A longer frame scrolls no further, so that the list does not jump.
 constexpr double longestScrollFrame = 0.05;
 
 constexpr Shadow plateShadow{theme::black.opacity(0.22), 10, QPointF(0, 3)};
 
 } // namespace
 
-/// What a lifted row lies on, above the others.
+/// The background of a lifted row, above the other rows.
 class ReorderList::Plate final : public QWidget
 {
 public:
@@ -66,6 +65,7 @@ private:
 ReorderList::ReorderList(const QString& name, int rowHeight, int separatorInset)
     : m_rowHeight(rowHeight)
     , m_separatorInset(separatorInset)
+    , m_drag(rowHeight)
     , m_plate(new Plate(*this))
     , m_lift(liftResponse, 1)
     , m_animator([this](double seconds) { return advance(seconds); })
@@ -115,7 +115,7 @@ void ReorderList::remove(Clickable* row)
     }
     if (m_held == row) {
         m_held = nullptr;
-        m_stage = Stage::Idle;
+        m_drag.release();
     }
     countChanged();
     sendRowsToTheirSlots();
@@ -145,7 +145,7 @@ void ReorderList::reveal(const Clickable& row) const
     const qsizetype position = positionOf(&row);
     QScrollArea* area = scrollArea();
     if (position >= 0 && area != nullptr) {
-        // It may be on its way still.
+        // Its slot, because the row itself may still be moving.
         area->ensureVisible(0, static_cast<int>(position) * m_rowHeight + m_rowHeight / 2, 0,
                             m_rowHeight / 2);
     }
@@ -159,13 +159,12 @@ bool ReorderList::event(QEvent* event)
     return QWidget::event(event);
 }
 
-// Rows pass what the pointer does to them through here first. While one is carried, this sees all events of the process, so
-// that Escape is meant for the drag wherever the focus is.
+// The filter of each row, and of the application while a row is carried, so that Escape cancels the drag wherever the focus is.
 bool ReorderList::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
     if (type == QEvent::KeyPress || type == QEvent::ShortcutOverride) {
-        if (m_stage != Stage::Carrying || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
+        if (!isCarrying() || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
             return false;
         }
         if (type == QEvent::KeyPress) {
@@ -189,32 +188,30 @@ bool ReorderList::eventFilter(QObject* watched, QEvent* event)
     }
     case QEvent::MouseMove: {
         const auto& mouse = static_cast<QMouseEvent&>(*event);
-        if (watched != m_held || m_stage == Stage::Idle) {
+        if (watched != m_held || m_drag.stage() == RowDrag::Stage::Idle) {
             return false;
         }
         if (!mouse.buttons().testFlag(Qt::LeftButton)) {
-            // The release went elsewhere.
+            // Another widget received the release.
             cancel();
-            m_stage = Stage::Idle;
+            m_drag.release();
             return false;
         }
-        m_pointer = mouse.globalPosition();
-        if (m_stage == Stage::Pressed &&
-            (m_pointer - m_pressedAt).manhattanLength() >= QApplication::startDragDistance()) {
+        if (m_drag.movePointer(mouse.globalPosition(), QApplication::startDragDistance())) {
             lift();
         }
-        if (m_stage == Stage::Carrying) {
+        if (isCarrying()) {
             carry();
         }
-        // What has become a drag is no click any more, also when it comes back to the row.
-        return m_stage != Stage::Pressed;
+        // A drag is no click, also when the pointer returns to the row.
+        return m_drag.stage() != RowDrag::Stage::Pressed;
     }
     case QEvent::MouseButtonRelease:
         if (watched == m_held && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-            if (m_stage == Stage::Carrying) {
+            if (isCarrying()) {
                 drop();
             }
-            m_stage = Stage::Idle;
+            m_drag.release();
         }
         return false;
     case QEvent::UngrabMouse:
@@ -230,17 +227,12 @@ bool ReorderList::eventFilter(QObject* watched, QEvent* event)
 void ReorderList::press(Clickable& row, QPointF globalPosition)
 {
     cancel();
-    m_stage = Stage::Pressed;
     m_held = &row;
-    m_pressedAt = globalPosition;
-    m_pointer = globalPosition;
-    m_grip = row.mapFromGlobal(globalPosition).y();
+    m_drag.press(positionOf(&row), globalPosition, row.mapFromGlobal(globalPosition).y());
 }
 
 void ReorderList::lift()
 {
-    m_stage = Stage::Carrying;
-    m_gap = positionOf(m_held);
     m_lifted = m_held;
     m_held->setDown(false);
     m_held->setCursor(Qt::ClosedHandCursor);
@@ -254,12 +246,10 @@ void ReorderList::lift()
 
 void ReorderList::carry()
 {
-    const double top = carriedTop(mapFromGlobal(m_pointer).y() - m_grip, m_rowHeight, count());
-    const qsizetype carried = positionOf(m_held);
-    m_rows[static_cast<std::size_t>(carried)].top.jumpTo(top);
-    const qsizetype gap = gapUnder(top, m_rowHeight, count());
-    if (m_gap != gap) {
-        m_gap = gap;
+    const qsizetype gapBefore = m_drag.gap();
+    const double top = m_drag.carry(mapFromGlobal(m_drag.pointer()).y(), count());
+    m_rows[static_cast<std::size_t>(positionOf(m_held))].top.jumpTo(top);
+    if (m_drag.gap() != gapBefore) {
         update();
     }
     sendRowsToTheirSlots();
@@ -267,25 +257,23 @@ void ReorderList::carry()
 
 void ReorderList::drop()
 {
-    const qsizetype from = positionOf(m_held);
-    const qsizetype gap = m_gap;
-    putDown(Stage::Idle);
-    if (gap != from) {
-        Q_EMIT moveRequested(from, destination(from, gap));
+    const std::optional<RowDrag::Move> move = m_drag.drop();
+    putDown();
+    if (move) {
+        Q_EMIT moveRequested(move->from, move->to);
     }
 }
 
 void ReorderList::cancel()
 {
-    if (m_stage == Stage::Carrying) {
-        putDown(Stage::Cancelled);
+    if (m_drag.cancel()) {
+        putDown();
     }
 }
 
-void ReorderList::putDown(Stage next)
+void ReorderList::putDown()
 {
     QCoreApplication::instance()->removeEventFilter(this);
-    m_stage = next;
     m_held->unsetCursor();
     m_lift.setTarget(0);
     update();
@@ -300,8 +288,7 @@ void ReorderList::sendRowsToTheirSlots()
             continue;
         }
         Spring& top = m_rows[static_cast<std::size_t>(position)].top;
-        const qsizetype slot = carried >= 0 ? slotBeside(position, carried, m_gap) : position;
-        const double target = static_cast<double>(slot) * m_rowHeight;
+        const double target = static_cast<double>(m_drag.slotOf(position)) * m_rowHeight;
         if (isVisible()) {
             top.setTarget(target);
         } else {
@@ -309,7 +296,7 @@ void ReorderList::sendRowsToTheirSlots()
         }
     }
     placeRows();
-    // What moves the list is to go on after this.
+    // While the animator scrolls the list, it is running already.
     if (!m_isScrolling) {
         m_animator.start();
     }
@@ -335,17 +322,14 @@ bool ReorderList::scrollAtEdge(double seconds)
         return false;
     }
     const QWidget& viewport = *area->viewport();
-    const double speed = edgeScrollSpeed(viewport.mapFromGlobal(m_pointer).y(), 0, viewport.height());
+    const double speed = edgeScrollSpeed(viewport.mapFromGlobal(m_drag.pointer()).y(), 0, viewport.height());
     QScrollBar& bar = *area->verticalScrollBar();
     if (speed == 0 || bar.value() == (speed < 0 ? bar.minimum() : bar.maximum())) {
-        m_scrollOwed = 0;
+        m_drag.resetScroll();
         return false;
     }
-    m_scrollOwed += speed * seconds;
-    const double whole = std::trunc(m_scrollOwed);
-    m_scrollOwed -= whole;
     const QScopedValueRollback scrolling(m_isScrolling, true);
-    bar.setValue(bar.value() + static_cast<int>(whole));
+    bar.setValue(bar.value() + m_drag.scrollStep(speed, seconds));
     return true;
 }
 
@@ -440,11 +424,10 @@ void ReorderList::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     for (const Row& row : m_rows) {
-        // A line goes with the upper edge of its row, but for a lifted one, which leaves it where it will come down. There is
-        // none above the first place.
+        // The separator follows the top of its row. A lifted row leaves it where the row will come down. The first slot has none.
         double top = row.view->y();
         if (row.view == m_lifted) {
-            top = isCarrying() ? static_cast<double>(m_gap) * m_rowHeight : row.top.target();
+            top = isCarrying() ? static_cast<double>(m_drag.gap()) * m_rowHeight : row.top.target();
         }
         painter.setOpacity(qBound(0.0, top / m_rowHeight, 1.0));
         drawHairline(painter, QPointF(m_separatorInset, top), width() - 2.0 * m_separatorInset,

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Animator.h"
+#include "RowDrag.h"
 #include "Spring.h"
 
 #include <QMargins>
-#include <QPointF>
 #include <QPointer>
 #include <QWidget>
 
@@ -16,40 +16,42 @@ namespace tintwick {
 
 class Clickable;
 
-/// Rows of one height that the user can put into another order: by dragging one, or with Alt and the arrow keys on the one
-/// that has the focus. The list moves nothing itself: it says what is wanted, and whoever owns the records then shows them
-/// in their new order. A drag ends without a move on Escape, when the window goes to the back, and when rows come, go or
-/// change places meanwhile.
+/// Rows of equal height that the user can reorder: by dragging a row, or with Alt and the arrow keys on the focused row. The list
+/// emits `moveRequested()` and moves nothing itself; the owner of the records then inserts the rows in their new order. A drag
+/// is cancelled by Escape, when the window is deactivated, and when rows are inserted, moved or removed.
 ///
-/// The arrow keys, Home and End move the focus. Inside a `ScrollArea` the list scrolls while a row is held to an edge.
+/// The arrow keys, Home and End move the focus. Inside a scroll area the list scrolls while a row is held at an edge.
+///
+/// Not QListView: the rows are controls with focus, menus and accessible names, a drag carries the row itself with the others
+/// making room, and QAbstractItemView drags a picture in a nested event loop.
 class ReorderList final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The rounded plate below a lifted row keeps these margins from the row's edges, in points. A row that draws a ring of
-    /// its own draws it along the plate.
+    /// The margins in points between the edges of a row and the rounded plate below it while it is lifted. A row that draws a
+    /// focus ring draws it along the plate.
     static constexpr QMargins plateMargins{6, 1, 6, 1};
     static constexpr double plateRadius = 12;
 
-    /// `rowHeight` in points. Lines between the rows keep `separatorInset` points from both sides.
+    /// `name` is for screen readers, `rowHeight` is in points. Separators start and end `separatorInset` points from the sides.
     ReorderList(const QString& name, int rowHeight, int separatorInset);
     ~ReorderList() override;
 
-    /// Puts a row at a position; one that is there already goes there from where it is.
+    /// Inserts a row at a position, or moves a row of the list there.
     void insert(int position, Clickable* row);
-    /// Takes a row out; it stays a child and is hidden.
+    /// Takes a row out and hides it. It stays a child widget.
     void remove(Clickable* row);
 
-    [[nodiscard]] bool isCarrying() const { return m_stage == Stage::Carrying; }
-    /// Scrolls so far that a row is seen in its place.
+    [[nodiscard]] bool isCarrying() const { return m_drag.isCarrying(); }
+    /// Scrolls a row into view.
     void reveal(const Clickable& row) const;
 
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The row at `from` is to stand before the one at `to`, or last when `to` is the number of rows; both count in the
-    /// present order.
+    /// The user wants the row at `from` before the row at `to`, or last when `to` is the number of rows. Both count in the present
+    /// order.
     void moveRequested(qsizetype from, qsizetype to);
 
 protected:
@@ -65,24 +67,21 @@ private:
     struct Row
     {
         Clickable* view = nullptr;
-        /// Its upper edge in points.
+        /// The top of the row in points.
         Spring top;
     };
-    /// A press becomes a drag with its first long way, and is over with the release.
-    enum class Stage { Idle, Pressed, Carrying, Cancelled };
-
     [[nodiscard]] qsizetype count() const { return static_cast<qsizetype>(m_rows.size()); }
-    /// -1 for what is no row.
+    /// -1 for an object that is not a row.
     [[nodiscard]] qsizetype positionOf(const QObject* row) const;
     [[nodiscard]] QScrollArea* scrollArea() const;
 
     void press(Clickable& row, QPointF globalPosition);
     void lift();
-    /// Lets the held row follow the pointer, which may rest while the list moves below it.
+    /// Moves the carried row to the pointer. Also needed when the list scrolls below a resting pointer.
     void carry();
     void drop();
     void cancel();
-    void putDown(Stage next);
+    void putDown();
     void moveFocus(qsizetype from, qsizetype to) const;
 
     void sendRowsToTheirSlots();
@@ -95,20 +94,16 @@ private:
     int m_separatorInset;
     std::vector<Row> m_rows;
 
-    Stage m_stage = Stage::Idle;
+    /// The pointer of the drag is in global coordinates.
+    RowDrag m_drag;
+    /// The row on which the button was pressed.
     QPointer<Clickable> m_held;
-    QPointF m_pressedAt;
-    QPointF m_pointer;
-    /// How far below its upper edge the row is held.
-    double m_grip = 0;
-    qsizetype m_gap = 0;
-    /// Parts of a point that are still to be scrolled.
-    double m_scrollOwed = 0;
     bool m_isScrolling = false;
 
-    /// Below the row that is carried or was last; 1 is lifted, 0 is flat.
+    /// Below the row that is carried or comes down after a drag.
     Plate* m_plate;
     QPointer<Clickable> m_lifted;
+    /// 1 is lifted, 0 is flat.
     Spring m_lift;
     Animator m_animator;
 };

@@ -41,7 +41,7 @@ qsizetype destination(qsizetype carried, qsizetype gap)
 
 double edgeScrollSpeed(double pointer, double top, double bottom)
 {
-    // Where there is little room, a part of it in the middle stays calm.
+    // In a low viewport the two zones leave half of it free.
     const double zone = std::min(edge, (bottom - top) / 4);
     const double above = std::clamp((top + zone - pointer) / zone, 0.0, 1.0);
     const double below = std::clamp((pointer - (bottom - zone)) / zone, 0.0, 1.0);

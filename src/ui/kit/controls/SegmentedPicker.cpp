@@ -21,7 +21,7 @@ namespace {
 
 constexpr int pickerHeight = 28;
 constexpr double trackRadius = 8;
-/// Between the track's edge and the thumb.
+/// Points between the edge of the track and the thumb.
 constexpr double inset = 2;
 constexpr double thumbRadius = trackRadius - inset;
 constexpr int titlePadding = 8;
@@ -30,7 +30,7 @@ constexpr double thumbResponse = 0.28;
 constexpr double thumbDamping = 0.9;
 constexpr Shadow thumbShadow{theme::black.opacity(0.16), 3, QPointF(0, 1)};
 
-// Titles keep their width when they are selected, so that nothing moves but the thumb.
+// One weight for all titles, so that only the thumb moves when the selection changes.
 QFont titleFont()
 {
     return theme::font(12, QFont::Medium);
@@ -129,7 +129,7 @@ void SegmentedPicker::showSelection()
 {
     for (qsizetype i = 0; i < m_segments.size(); ++i) {
         Segment* segment = m_segments[i];
-        // The checked one of an exclusive group cannot be unchecked.
+        // The checked button of an exclusive group cannot be unchecked.
         segment->setAutoExclusive(false);
         segment->setChecked(m_selected == i);
         segment->setAutoExclusive(true);
@@ -195,7 +195,7 @@ void SegmentedPicker::paintEvent(QPaintEvent*)
     fillRounded(painter, rect(), trackRadius, theme::surfaceHigh.in(scheme));
     strokeInside(painter, rect(), trackRadius, theme::border.in(scheme), 1);
     for (qsizetype i = 1; i < m_segments.size(); ++i) {
-        // A line fades as the thumb comes upon it.
+        // A separator fades out where the thumb reaches it.
         const double boundary = static_cast<double>(i) - 0.5;
         const double distance = m_selected ? std::abs(m_thumb.position() - boundary) - 0.5 : 1;
         const QRectF segment = place(static_cast<double>(i)).toRect();

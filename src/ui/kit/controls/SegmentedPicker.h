@@ -13,22 +13,21 @@
 
 namespace tintwick {
 
-/// A row of equal segments of which one, or none, is selected. Tab goes to the selected one; Left, Right, Home and End
-/// move the selection, and Space selects the segment that has the focus where none is selected yet. To a screen reader
-/// it is a group of radio buttons.
+/// A row of equal segments of which at most one is selected. Tab focuses the selected segment. Left, Right, Home and End move the
+/// selection. Space selects the focused segment when none is selected. Screen readers see a group of radio buttons.
 class SegmentedPicker final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `name` is what a screen reader calls the group. `selected` is a position in `titles`.
+    /// `name` is for screen readers. `selected` is an index of `titles`.
     SegmentedPicker(const QString& name, const QStringList& titles, std::optional<qsizetype> selected);
     ~SegmentedPicker() override;
 
     [[nodiscard]] std::optional<qsizetype> selected() const { return m_selected; }
-    /// Does not call what `onSelect()` was given.
+    /// Does not run the action of `onSelect()`.
     void setSelected(std::optional<qsizetype> position);
-    /// `action` is called with the position that the user has selected, when it was not selected before.
+    /// Runs `action` with the index when the user selects another segment.
     void onSelect(std::function<void(qsizetype position)> action);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -43,9 +42,9 @@ private:
     class Segment;
 
     void choose(qsizetype position);
-    /// The selection as the segments show it: which is checked, and to which Tab goes.
+    /// Updates which segment is checked and which one Tab reaches.
     void showSelection();
-    /// Where a segment stands; a fraction is on the way between two.
+    /// The rectangle of a segment. A fractional position lies between two segments.
     [[nodiscard]] QRectF place(double position) const;
 
     QList<Segment*> m_segments;

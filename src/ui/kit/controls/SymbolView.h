@@ -8,7 +8,7 @@
 
 namespace tintwick {
 
-/// A symbol beside text of the same size. It says nothing to a screen reader: the control that it is part of does.
+/// A symbol beside text of the same size. It has no accessible name; the control that contains it has one.
 class SymbolView final : public QWidget
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ TextField::TextField(const QString& placeholder, const QString& text)
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    // The ground is painted here, rounded.
+    // `paintEvent()` paints a rounded ground instead.
     QPalette ground;
     ground.setColor(QPalette::Base, Qt::transparent);
     setPalette(ground);

@@ -4,13 +4,13 @@
 
 namespace tintwick {
 
-/// A line of text that can be typed, with a rounded border.
+/// A line edit with a rounded border.
 class TextField final : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// The placeholder is also what a screen reader calls the field.
+    /// The placeholder is also the accessible name.
     explicit TextField(const QString& placeholder, const QString& text = {});
 
     [[nodiscard]] QSize sizeHint() const override;

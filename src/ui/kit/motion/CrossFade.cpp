@@ -15,7 +15,7 @@ namespace {
 
 constexpr double duration = 0.18;
 
-/// A picture over a widget, which goes away.
+/// A picture over a widget that fades out and deletes itself.
 class FadingPicture final : public QWidget
 {
 public:

@@ -6,8 +6,8 @@ class QWidget;
 
 namespace tintwick {
 
-/// Changes what `widget` shows, and lets what it showed before fade away over it in the time of one answer. The widget
-/// has a parent, on whose ground it stands.
+/// Runs `change` and fades out a picture of what `widget` showed before. The widget must have a parent, whose ground is part of
+/// the picture.
 void crossFade(QWidget& widget, const std::function<void()>& change);
 
 } // namespace tintwick

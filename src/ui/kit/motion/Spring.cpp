@@ -45,7 +45,7 @@ bool Spring::advance(double seconds)
         velocity =
             fade * ((push * damped - decay * distance) * cosine - (distance * damped + decay * push) * sine);
     } else {
-        // Damped more than this it would only be slower, which no motion here wants.
+        // More damping than critical is treated as critical.
         const double push = m_velocity + frequency * distance;
         const double critical = std::exp(-frequency * seconds);
         position = critical * (distance + push * seconds);

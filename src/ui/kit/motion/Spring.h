@@ -4,8 +4,8 @@
 
 namespace tintwick {
 
-/// A damped spring that pulls a value to its target. Advancing it solves the motion exactly, so that the way taken does
-/// not depend on the length of the steps.
+/// A value pulled to its target by a damped spring. Each step is the exact solution, so the motion does not depend on the length
+/// of the steps.
 class Spring final
 {
 public:
@@ -20,18 +20,18 @@ public:
     }
 
     [[nodiscard]] constexpr double position() const { return m_position; }
-    /// The position kept between 0 and 1, for an opacity or a mixture that must not overshoot.
+    /// The position clamped to 0 to 1, for an opacity or a mixture.
     [[nodiscard]] constexpr double fraction() const { return std::clamp(m_position, 0.0, 1.0); }
     /// Per second.
     [[nodiscard]] constexpr double velocity() const { return m_velocity; }
     [[nodiscard]] constexpr double target() const { return m_target; }
     [[nodiscard]] bool isMoving() const;
 
-    /// Keeps position and velocity, so that a motion is turned without a jolt.
+    /// Keeps position and velocity, so that the motion changes its direction smoothly.
     constexpr void setTarget(double target) { m_target = target; }
-    /// Is there at once, and at rest.
+    /// Moves to `position` at once and rests there.
     void jumpTo(double position);
-    /// Returns whether it still moves. Closer to the target than the eye can tell, it comes to rest on it.
+    /// Returns whether it still moves. It comes to rest when the distance to the target is invisible.
     bool advance(double seconds);
 
 private:

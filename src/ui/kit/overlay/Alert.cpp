@@ -17,7 +17,7 @@ constexpr int cardWidth = 280;
 constexpr int cardPadding = 20;
 constexpr int textWidth = cardWidth - 2 * cardPadding;
 
-/// The text with line breaks where a line is full.
+/// Breaks the text into lines that fit the card.
 QString wrapped(const QString& text, const QFont& font)
 {
     QTextLayout layout(text, font);

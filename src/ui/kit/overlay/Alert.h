@@ -11,13 +11,13 @@ namespace tintwick {
 
 class Overlay;
 
-/// A message that waits for an answer.
+/// A message with buttons.
 struct Alert
 {
     QString message;
-    /// In smaller letters below the message, or empty.
+    /// Smaller text below the message; may be empty.
     QString informativeText;
-    /// Titles. The first answers Return and Escape and stands at the right.
+    /// Titles. The first button is at the right; Return and Escape choose it.
     QStringList buttons;
 };
 

@@ -19,10 +19,10 @@ constexpr double cornerRadius = 14;
 constexpr double dimming = 0.35;
 constexpr double springResponse = 0.3;
 constexpr double springDamping = 0.8;
-/// How far above its place the card sets out.
+/// Points above its place at which the card starts.
 constexpr double wayIn = 24;
 
-/// The controls of a tree that Tab reaches, in their order.
+/// The controls below `root` that Tab reaches, in order.
 QList<QWidget*> tabOrder(QWidget& root)
 {
     QList<QWidget*> result;
@@ -104,7 +104,7 @@ bool Overlay::event(QEvent* event)
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::ContextMenu:
-        // Nothing passes through to the host.
+        // The host must not receive these.
         event->accept();
         return true;
     case QEvent::LayoutRequest:

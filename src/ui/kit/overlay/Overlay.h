@@ -12,25 +12,27 @@ namespace tintwick {
 
 class Stack;
 
-/// A small form over the whole of its host, which it dims and keeps from clicks and keys until it is closed. It belongs to
-/// the host and deletes itself when closed.
+/// A form on a card over its host. It dims the host and takes its mouse and key events until it is closed. It is a child of the
+/// host and deletes itself when closed.
+///
+/// Not QDialog, which is a window of its own: the window manager would place it, and it could neither dim the rounded panel nor
+/// move with it.
 class Overlay final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Shows `form` as a card in the middle of `host` and gives the focus to its first control. `title` is for screen
-    /// readers. Return runs `accept`, wherever the focus is except on a button, which it presses; `accept` closes the
-    /// overlay itself if it is to be closed. Escape closes the overlay.
+    /// Shows `form` in the centre of `host` and focuses its first control. `title` is for screen readers. Return runs `accept`,
+    /// which closes the overlay if it wants to; a focused button takes Return itself. Escape closes the overlay.
     Overlay(QWidget& host, const QString& title, Stack* form, std::function<void()> accept);
 
     /// The open overlay of a host, or null.
     [[nodiscard]] static Overlay* of(const QWidget& host);
 
-    /// Whether what had the focus before was reached by the keyboard.
+    /// Whether the widget that had the focus before showed the focus ring.
     [[nodiscard]] bool isFromKeyboard() const { return m_isFromKeyboard; }
 
-    /// Gives the focus back to where it was, or to the host where that is no longer to be seen.
+    /// Closes the overlay. The focus returns to the previous widget, or to the host if that is not visible.
     void dismiss();
 
 Q_SIGNALS:

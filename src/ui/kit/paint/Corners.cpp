@@ -6,8 +6,8 @@ namespace tintwick {
 
 namespace {
 
-// A corner of radius 1, measured from its point along one side and away from it. Its middle 45 degrees are an arc of the
-// circle; on both sides a cubic leaves the straight line without curvature and has the circle's where it meets the arc.
+// A corner of radius 1, measured from its point along a side and perpendicular to it. The middle 45 degrees are a circular arc.
+// On both sides a cubic joins it to the straight line with matching curvature.
 constexpr double start = 1.28;
 constexpr double firstHandle = 0.95617;
 constexpr double secondHandle = 0.80109;
@@ -16,7 +16,7 @@ constexpr double arcAway = 0.07612;  // 1 − cos 22.5°
 constexpr double arcHandleAlong = 0.37231;
 constexpr double arcHandleAway = 0.17761;
 
-/// Goes round one corner: from a side that lies in the direction `from` of the corner's point to one in direction `to`.
+/// Appends one corner. `from` and `to` point from the corner along the side before it and the side after it.
 void addCorner(QPainterPath& path, QPointF corner, QPointF from, QPointF to, double radius, double fromStart,
                double toStart)
 {

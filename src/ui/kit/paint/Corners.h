@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// A rectangle whose corners are continuous curves: each leaves its sides somewhat before a circle's arc would, without a
-/// jump of curvature, and is that arc in its middle.
+/// A rounded rectangle with continuous curvature: each corner is a circular arc in its middle and begins a little before the arc
+/// would, so that the curvature does not jump.
 [[nodiscard]] QPainterPath roundedPath(const QRectF& rect, double radius);
 
 } // namespace tintwick

@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// People's own words where there is one line for them: line breaks, tabs and other control characters become spaces.
+/// Text of the user for a place with one line: line breaks, tabs and other control characters become spaces.
 [[nodiscard]] QString inOneLine(QString words);
 
 } // namespace tintwick

@@ -29,10 +29,10 @@ static_assert(KitStyle::checkedTitleInset == menuPadding + itemPadding + symbolC
 constexpr int symbolSize = 12;
 constexpr int separatorHeight = 9;
 constexpr int submenuColumn = 20;
-/// A longer title ends in an ellipsis.
+/// Points; a longer title is elided.
 constexpr int widestTitle = 260;
 
-/// Titles stand under each other: either all lines keep the column for a symbol, or none does.
+/// Titles are aligned: either all lines have the column for symbols, or none has.
 int symbolColumnOf(const QStyleOptionMenuItem& item)
 {
     return item.maxIconWidth > 0 ? symbolColumn : 0;
@@ -52,7 +52,7 @@ KitStyle::KitStyle()
 
 KitStyle* KitStyle::shared()
 {
-    // Given to the application, because widgets use it until the very last of them is gone.
+    // Owned by the application, because the last widget uses it until it is deleted.
     static auto* style = [] {
         auto* made = new KitStyle;
         made->setParent(qApp);
@@ -73,7 +73,7 @@ void KitStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
         if (widget == nullptr || widget->mask().isEmpty()) {
             fillRounded(*painter, option->rect, menuRadius, theme::surface.in(scheme));
         } else {
-            // The window itself is cut to the shape, and where it is not wholly covered it is black.
+            // The mask cuts the window. Pixels that are not completely covered would be black.
             painter->fillRect(option->rect.adjusted(0, 0, 1, 1), theme::surface.in(scheme));
         }
         strokeInside(*painter, option->rect, menuRadius, theme::border.in(scheme), 1);
@@ -136,7 +136,7 @@ int KitStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     case SH_UnderlineShortcut:
         return 0;
     case SH_Menu_MouseTracking:
-    // A menu longer than the screen scrolls; it does not break into columns.
+    // A menu that is higher than the screen scrolls instead of using columns.
     case SH_Menu_Scrollable:
         return 1;
     default:

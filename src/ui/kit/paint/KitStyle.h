@@ -6,7 +6,7 @@ class QStyleOptionMenuItem;
 
 namespace tintwick {
 
-/// How menus and text fields of ours look on every desktop, whatever its own style does.
+/// The style of our menus and text fields, independent of the style of the desktop.
 class KitStyle final : public QProxyStyle
 {
     Q_OBJECT
@@ -14,10 +14,10 @@ class KitStyle final : public QProxyStyle
 public:
     [[nodiscard]] static KitStyle* shared();
 
-    /// Set on an action whose result cannot be undone.
+    /// A property of a QAction that cannot be undone.
     static constexpr const char* destructiveProperty = "tintwickDestructive";
     static constexpr double menuRadius = 10;
-    /// How far from the left edge of a menu with check marks or symbols its titles begin.
+    /// Points from the left edge of a menu with check marks or symbols to its titles.
     static constexpr int checkedTitleInset = 39;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

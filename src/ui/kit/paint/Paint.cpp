@@ -86,7 +86,7 @@ void drawHairline(QPainter& painter, const QPointF& start, double length, const 
 {
     const QTransform toDevice = painter.deviceTransform();
     QRectF line = toDevice.mapRect(QRectF(start, QSizeF(length, hairlineThickness)));
-    // Straddling two pixels at a fractional scale, so thin a line all but vanishes.
+    // Spread over two rows of pixels, so thin a line would be almost invisible.
     line.moveTop(std::round(line.top()));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -96,7 +96,7 @@ void drawHairline(QPainter& painter, const QPointF& start, double length, const 
 
 void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme scheme)
 {
-    // On a ground of the ring's own colour, the line inside it is what is seen.
+    // The inner line is visible where the ground has the colour of the ring.
     const double inner = focusRingWidth;
     strokeInside(painter, rect.adjusted(inner, inner, -inner, -inner), std::max(0.0, radius - inner),
                  theme::bg.in(scheme), 1);
@@ -105,7 +105,7 @@ void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme 
 
 void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius)
 {
-    // A texture of a pixel per cell: as a path of its own each cell would cost as much as the rounded shape.
+    // A texture with one pixel per cell, because filling each cell as a path is slow.
     static const QImage cells = [] {
         QImage image(2, 2, QImage::Format_RGB32);
         image.fill(Qt::white);

@@ -10,31 +10,31 @@ class QPainter;
 
 namespace tintwick {
 
-// All lengths are in points. Each helper that draws leaves the painter as it was, with antialiasing as it needs it.
+// Lengths are in points. Functions that draw set antialiasing as they need it and restore the state of the painter.
 
-/// Physical pixels per point of what is really painted on, which need not be the widget itself.
+/// Physical pixels per point of the paint device, which may be a redirected one instead of the widget.
 [[nodiscard]] double devicePixelRatioOf(const QPainter& painter);
 
 /// A brush from the top-left to the bottom-right corner of `rect`.
 [[nodiscard]] QBrush gradientBrush(const QRectF& rect, const theme::Gradient& gradient, Scheme scheme);
 
-/// On the straight way from one colour to the other; at 0 it is `from`, at 1 `to`.
+/// Interpolates linearly: `from` at fraction 0, `to` at 1.
 [[nodiscard]] QColor mixed(const QColor& from, const QColor& to, double fraction);
 
-/// From here on the painter draws larger or smaller, while the middle of `rect` stays where it is.
+/// Scales what is drawn from now on about the centre of `rect`.
 void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale);
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
-/// A line that lies wholly inside the shape.
+/// A line that lies completely inside the shape.
 void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width);
 /// The same, dashed: `on` and `off` in points.
 void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
                         double width, double on, double off);
-/// A horizontal line, half a point thick, below `start`. It lies on whole pixels.
+/// A horizontal line, half a point thick, below `start`, aligned to whole pixels.
 void drawHairline(QPainter& painter, const QPointF& start, double length, const QColor& color);
 /// The ring of keyboard focus, along the inside of `rect`.
 void drawFocusRing(QPainter& painter, const QRectF& rect, double radius, Scheme scheme);
-/// Cells of 4 points from the top-left corner of `rect`, the first one white, cut off at the rounded edge.
+/// Cells of 4 points, white in the top-left corner, clipped to the rounded rectangle.
 void drawCheckerboard(QPainter& painter, const QRectF& rect, double radius);
 
 } // namespace tintwick

@@ -4,11 +4,11 @@ class QWidget;
 
 namespace tintwick {
 
-/// Whether the desktop blends translucent windows; until told otherwise it is taken to do so.
+/// Sets whether the desktop blends translucent windows. The default is true.
 void setDesktopBlends(bool blends);
 
-/// Gives a window without a frame corners of `radius` points: soft ones where the desktop blends windows, else cut ones.
-/// To be called whenever its size has changed.
+/// Rounds the corners of a frameless window with `radius` points. Where the desktop does not blend windows, a mask cuts them. To be
+/// called after each change of size.
 void roundWindowCorners(QWidget& window, double radius);
 
 } // namespace tintwick

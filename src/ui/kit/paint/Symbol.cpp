@@ -20,10 +20,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The grid's edge beside a text size: a symbol's ink is then a little higher than the capitals beside it.
+/// The side of the drawing grid per text size. It makes a symbol a little higher than capital letters.
 constexpr double gridPerSize = 1.3;
 
-/// The drawings state the regular width in their root; the others take its place.
+/// The drawings contain the regular stroke width; other weights replace it.
 constexpr QByteArrayView regularStroke = "stroke-width=\"1.8\"";
 
 QByteArray strokeOf(SymbolWeight weight)
@@ -146,7 +146,7 @@ void drawSymbol(QPainter& painter, QStringView name, double size, SymbolWeight w
     }
     const QSizeF extent = pixmap.deviceIndependentSize();
     const QPointF middle = rect.center() - QPointF(extent.width() / 2, extent.height() / 2);
-    // On whole device pixels its lines stay as crisp as they were drawn.
+    // Lines are crisp on whole device pixels.
     const QPointF topLeft(std::round(middle.x() * ratio) / ratio, std::round(middle.y() * ratio) / ratio);
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -7,14 +7,14 @@
 
 namespace tintwick {
 
-/// The help that appears while the pointer rests on a control: its tool tip, in the look of the panel.
-class HelpBubble final : public QWidget
+/// The tool tip of a control in the style of the panel.
+class ToolTip final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Shows the tool tip of `owner` near a global position, until the pointer leaves it or anything is pressed. Without
-    /// a tool tip nothing is shown.
+    /// Shows the tool tip of `owner` near a global position until the pointer leaves the owner or something is pressed. Shows
+    /// nothing when the tool tip is empty.
     static void show(QWidget& owner, const QPoint& globalPosition);
 
 protected:
@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    HelpBubble(QWidget& owner, const QString& text);
+    ToolTip(QWidget& owner, const QString& text);
 
     QStaticText m_text;
     Scheme m_scheme;

@@ -1,4 +1,4 @@
-#include "HelpBubble.h"
+#include "ToolTip.h"
 
 #include "Appearance.h"
 #include "InOneLine.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr int horizontalPadding = 8;
 constexpr int verticalPadding = 5;
 constexpr double cornerRadius = 6;
-/// Longer help takes several lines.
+/// Points; a longer text wraps.
 constexpr double widestText = 320;
 constexpr int belowPointer = 20;
 
@@ -35,7 +35,7 @@ QTextOption wrapping()
 
 } // namespace
 
-HelpBubble::HelpBubble(QWidget& owner, const QString& text)
+ToolTip::ToolTip(QWidget& owner, const QString& text)
     : QWidget(&owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
     , m_text(inOneLine(text))
     , m_scheme(Appearance::of(&owner))
@@ -57,14 +57,14 @@ HelpBubble::HelpBubble(QWidget& owner, const QString& text)
     owner.installEventFilter(this);
 }
 
-void HelpBubble::show(QWidget& owner, const QPoint& globalPosition)
+void ToolTip::show(QWidget& owner, const QPoint& globalPosition)
 {
-    static QPointer<HelpBubble> shown;
+    static QPointer<ToolTip> shown;
     delete shown;
     if (owner.toolTip().isEmpty()) {
         return;
     }
-    shown = new HelpBubble(owner, owner.toolTip());
+    shown = new ToolTip(owner, owner.toolTip());
     QPoint place = globalPosition + QPoint(0, belowPointer);
     if (const QScreen* screen = QGuiApplication::screenAt(globalPosition)) {
         const QRect room = screen->availableGeometry();
@@ -78,7 +78,7 @@ void HelpBubble::show(QWidget& owner, const QPoint& globalPosition)
     shown->setVisible(true);
 }
 
-bool HelpBubble::eventFilter(QObject* watched, QEvent* event)
+bool ToolTip::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Leave:
@@ -95,13 +95,13 @@ bool HelpBubble::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-void HelpBubble::paintEvent(QPaintEvent*)
+void ToolTip::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (mask().isEmpty()) {
         fillRounded(painter, rect(), cornerRadius, theme::surface.in(m_scheme));
     } else {
-        // Where the window is not wholly covered it is black.
+        // Pixels that are not completely covered would be black.
         painter.fillRect(rect().adjusted(0, 0, 1, 1), theme::surface.in(m_scheme));
     }
     strokeInside(painter, rect(), cornerRadius, theme::border.in(m_scheme), 1);
