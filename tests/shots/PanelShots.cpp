@@ -125,6 +125,9 @@ void shootMainPanel(const QDir& folder)
     shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());
     });
+    shootState(u"notice"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.view().showNotice(u"No color can be picked now: another program holds the pointer."_s);
+    });
     shootState(u"overlay-empty"_s, manyColors(8), twoPalettes,
                [](DemoPanel& panel) { panel.dashboard().openNewPaletteOverlay(); });
     shootState(u"overlay"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
