@@ -14,7 +14,7 @@ namespace {
 
 double clampedComponent(double value)
 {
-    // Written so that a value that is not a number becomes 0 as well.
+    // NaN becomes 0, because its comparisons are false.
     if (!(value > 0)) {
         return 0;
     }
@@ -28,8 +28,7 @@ void requireFinite(double component)
     }
 }
 
-/// Rounds half away from zero. Records from a file may hold components of any size, so the result stays
-/// within int.
+/// Rounds half away from zero. The result is limited to int, because a component from a file may have any size.
 int roundedInt(double value)
 {
     if (std::isnan(value)) {
@@ -68,8 +67,7 @@ QString hslList(const CapturedColor& color)
 QString alphaText(double alpha)
 {
     requireFinite(alpha);
-    // to_chars rounds as printf does, on the exact value with ties to even; Qt's conversion takes ties
-    // upwards.
+    // std::to_chars() rounds the exact value with ties to even, like printf(); Qt's conversion rounds ties up.
     constexpr std::size_t longestFixed = std::numeric_limits<double>::max_exponent10 + 6;
     std::array<char, longestFixed> text{};
     const auto [end, error] =
@@ -138,7 +136,7 @@ Hsl CapturedColor::hsl() const
         hue += 360;
     }
 
-    // So near to black or white that the range is lost in rounding, a colour has no saturation to speak of.
+    // Very near to black or white, the range is lost in rounding, and the saturation counts as 0.
     const double range = 1 - std::abs(2 * lightness - 1);
     const double saturation = range == 0 ? 0 : delta / range;
     return {roundedInt(hue), roundedInt(saturation * 100), roundedInt(lightness * 100)};

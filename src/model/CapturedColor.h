@@ -19,11 +19,11 @@ struct Hsl
     friend constexpr bool operator==(const Hsl&, const Hsl&) = default;
 };
 
-/// One colour taken from the screen: a plain value with an identity. All texts are computed on demand.
+/// A colour picked from the screen: a value with an id.
 struct CapturedColor
 {
     QUuid id;
-    /// sRGB components and opacity, 0 to 1. Records read from a file may hold any finite number.
+    /// sRGB components and opacity, 0 to 1. A colour from a data file may have any finite number.
     double red = 0;
     double green = 0;
     double blue = 0;

@@ -9,7 +9,7 @@
 
 namespace tintwick {
 
-/// A named, ordered group of colours of the history. It holds their ids only, each at most once.
+/// A named, ordered group of colours. It holds ids of colours in the history, each at most once.
 struct ColorCollection
 {
     QUuid id;
@@ -23,7 +23,7 @@ struct ColorCollection
     /// An empty collection created now, with a new id.
     [[nodiscard]] static ColorCollection create(const QString& name);
 
-    /// The member colours in the collection's order. Ids that the history does not hold are left out.
+    /// The member colours in the collection's order. Ids that are not in the history are left out.
     [[nodiscard]] QList<CapturedColor> colors(const QList<CapturedColor>& history) const;
 
     friend bool operator==(const ColorCollection&, const ColorCollection&) = default;

@@ -9,22 +9,21 @@ namespace tintwick {
 
 struct CapturedColor;
 
-/// The forms in which a colour is copied and shown.
+/// The text formats of a colour.
 enum class ColorFormat { Hex6, Hex8, Rgb, Rgba, Hsl, Hsla, CssVar, Tailwind, ColorName };
 
-/// In the order in which they are offered.
+/// In the order of the menus.
 inline constexpr std::array allColorFormats{
     ColorFormat::Hex6, ColorFormat::Hex8,   ColorFormat::Rgb,      ColorFormat::Rgba,     ColorFormat::Hsl,
     ColorFormat::Hsla, ColorFormat::CssVar, ColorFormat::Tailwind, ColorFormat::ColorName};
 
-/// The text under which a format is both stored and shown, for example "HEX+A".
+/// The name of a format, stored and shown, for example "HEX+A".
 [[nodiscard]] QString rawValue(ColorFormat format);
 
-/// The format stored as exactly this text, or nothing.
+/// The format with exactly this name, or none.
 [[nodiscard]] std::optional<ColorFormat> colorFormatFromRawValue(QStringView text);
 
-/// The text of a colour in a format. `varName` names the CSS variable of a colour that has no name of its
-/// own.
+/// The text of a colour in a format. `varName` is the CSS variable of a colour without a name.
 [[nodiscard]] QString string(ColorFormat format, const CapturedColor& color,
                              const QString& varName = QStringLiteral("color"));
 

@@ -14,9 +14,9 @@ struct NamedColor
     std::uint32_t rgb = 0;
 };
 
-/// The names a colour can be given. Most are the CSS Color Module keywords written as words, some of them
-/// shortened; a few, such as "Charcoal" and "Periwinkle", are not from CSS. Of equally near rows the first
-/// one names the colour, so the order matters: "Mint" can never be reached behind "Mint Cream".
+/// The names of colours. Most are the keywords of the CSS Color Module written as words, some shortened; a few, such as
+/// "Charcoal" and "Periwinkle", are not from CSS. The order matters, because the first of equally near rows names the
+/// colour: "Mint" after "Mint Cream" is never used.
 inline constexpr std::array<NamedColor, 133> namedColors{{
     {u"Black", 0x000000},
     {u"White", 0xFFFFFF},

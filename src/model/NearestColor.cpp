@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t blockSize = 64;
 
-/// In eight independent lanes, since a single chain of comparisons would wait for each one's result.
+/// Uses eight independent lanes, because in a single chain each comparison waits for the one before.
 double smallestOf(const std::array<double, blockSize>& values)
 {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the next line fills it
@@ -40,7 +40,7 @@ std::optional<std::size_t> nearestColor(const ColorColumns& table, const Capture
     const double blue = color.blue * 255;
 
     // The distances of a block do not depend on each other, so the compiler computes them in vector
-    // registers. Only a block that beats those before it is searched for the first row with its smallest
+    // registers. Only a block with a smaller distance than all before is searched for the first row with that
     // distance.
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): every block is written before it is read
     std::array<double, blockSize> distances;

@@ -8,8 +8,7 @@ namespace tintwick {
 
 struct CapturedColor;
 
-/// A table of colours, column by column so that a scan reads straight through memory. The components are on
-/// the scale of 0 to 255; the three columns are equally long.
+/// A table of colours in three columns of equal length, so that a scan reads memory in order. Components are 0 to 255.
 struct ColorColumns
 {
     std::span<const double> red;
@@ -17,8 +16,8 @@ struct ColorColumns
     std::span<const double> blue;
 };
 
-/// The row at the smallest Euclidean distance from `color` in sRGB, or nothing when the table is empty. Of
-/// equally near rows the first one is taken. Components are compared unrounded; alpha does not count.
+/// The row at the smallest Euclidean distance from `color` in sRGB, the first of equally near ones; none when the table is
+/// empty. Components are not rounded. Ignores alpha.
 [[nodiscard]] std::optional<std::size_t> nearestColor(const ColorColumns& table, const CapturedColor& color);
 
 } // namespace tintwick

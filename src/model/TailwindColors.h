@@ -16,12 +16,12 @@ class TailwindColors final
 public:
     [[nodiscard]] static const TailwindColors& shared();
 
-    /// Searches another palette: whole families of eleven shades in the order of the default palette, or its
-    /// first part. The columns outlive the service.
+    /// Uses another palette: complete families of eleven shades, in the order of the default palette. The columns must
+    /// outlive this object.
     explicit TailwindColors(const ColorColumns& palette);
 
-    /// The token of the nearest entry, for example "blue-500": smallest Euclidean distance in sRGB, of
-    /// equally near ones the first in the palette. Alpha does not count. Nothing when the palette is empty.
+    /// The token of the nearest entry, for example "blue-500": at the smallest Euclidean distance in sRGB, the first of
+    /// equally near ones. Ignores alpha. None when the palette is empty.
     [[nodiscard]] std::optional<QString> nearest(const CapturedColor& color) const;
 
 private:

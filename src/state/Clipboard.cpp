@@ -7,8 +7,8 @@ namespace tintwick {
 
 void Clipboard::copy(const QString& text) const
 {
-    // Setting a text drops every other form of the old content. Clearing first would give the clipboard up
-    // for a moment, and a clipboard manager could take it in between.
+    // Setting a text also removes all other formats. Clearing first would release the clipboard, and a clipboard manager
+    // could take it.
     QGuiApplication::clipboard()->setText(text);
 }
 

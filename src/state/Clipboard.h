@@ -8,7 +8,7 @@ namespace tintwick {
 class Clipboard final
 {
 public:
-    /// Replaces whatever the clipboard holds by `text`, as plain text.
+    /// Replaces the content of the clipboard by plain text.
     void copy(const QString& text) const;
 };
 

@@ -15,7 +15,7 @@ namespace tintwick {
 
 namespace {
 
-/// Makes a folder and those above it, readable by the user only. A folder that is there is left as it is.
+/// Creates a folder and its missing parents, readable by the user only. Does not change an existing folder.
 void makePrivateFolder(const QString& path)
 {
     const QFileInfo folder(path);
@@ -47,7 +47,7 @@ QUrl DataFile::fileURL() const
 std::optional<Payload> DataFile::load() const
 {
     QFile file(fileURL().toLocalFile());
-    // A pipe or device under the name would block or never end.
+    // Reading a pipe or a device would block or never end.
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }

@@ -36,8 +36,8 @@ bool writeAll(const FileDescriptor& file, const QByteArray& bytes)
 
 bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
 {
-    // What an interrupted save left behind is removed rather than reused: a new file has our mode and no
-    // other name.
+    // Removes the file of an interrupted save instead of reusing it, because its mode may differ and it may have a second
+    // name.
     ::unlink(path.constData());
     const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, userOnly));
     if (!file.isOpen()) {
@@ -59,31 +59,28 @@ void syncFolderOf(const QByteArray& path)
     }
 }
 
-/// Makes sure that writing `size` bytes from the start of the file cannot run out of room, without changing
-/// anything that a reader of the file sees.
+/// Reserves the room for `size` bytes from the start of the file, without a change that a reader of the file sees.
 bool reserve(const FileDescriptor& file, off_t size)
 {
     rlimit limit{};
     if (::getrlimit(RLIMIT_FSIZE, &limit) != 0 || static_cast<rlim_t>(size) > limit.rlim_cur) {
         return false;
     }
-    // posix_fallocate would append zeros to the old text, and writes to the file where the file system has no
-    // such call.
+    // posix_fallocate() would append zeros to the old text, and writes to the file on a file system without such a call.
     return ::fallocate(file.get(), FALLOC_FL_KEEP_SIZE, 0, size) == 0;
 }
 
 void overwriteInPlace(const QByteArray& path, const QByteArray& json)
 {
     const bool existed = ::access(path.constData(), F_OK) == 0;
-    // Synchronous, so that the one write is on the disk before the file is cut to its new length.
+    // Synchronous, so that the write is on the disk before the file is truncated to its new length.
     const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_DSYNC, userOnly));
     struct stat status = {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return;
     }
 
-    // A shorter text is filled up with line feeds, which mean nothing in JSON, so that no tail of the old one
-    // follows it.
+    // Line feeds, which JSON ignores, overwrite the rest of a longer old text.
     QByteArray filledUp = json;
     if (filledUp.size() < status.st_size) {
         filledUp = filledUp.leftJustified(status.st_size, '\n');
@@ -106,8 +103,7 @@ void writeDurably(const QString& target, const QString& temporary, const QByteAr
 {
     const QFileInfo targetInfo(target);
     if (targetInfo.isSymLink() && targetInfo.exists()) {
-        // A rename would put a file in the place of the link; the new file has to be born beside the one it
-        // replaces.
+        // A rename would replace the link itself, so the new file is created beside the target of the link.
         const QFileInfo linked(targetInfo.canonicalFilePath());
         writeDurably(linked.filePath(), linked.path() + u'/' + QFileInfo(temporary).fileName(), json);
         return;

@@ -5,15 +5,13 @@
 
 namespace tintwick {
 
-/// Puts `json` into the file `target` so that at every moment, also when the power fails, the file holds its
-/// old content or the new one, whole; when the function returns the content has reached the disk. `temporary`
-/// is a file name in the same folder that may be overwritten. New files are private to the user. A target
-/// that is a link stays one, and the file it leads to is replaced. The old content stays when there is no
-/// room for the new one.
+/// Replaces the content of the file `target` by `json`. At every moment, also after a power failure, the file has either
+/// the complete old content or the complete new one. The content is on the disk when the function returns. `temporary` is
+/// the path of a file in the same folder that may be overwritten. A new file is private to the user. A link stays a link,
+/// and its target is replaced. The old content stays when the disk has no room for the new one.
 ///
-/// Where no second file can be made, because the folder takes none or the disk has no room for it, `target`
-/// is written in place once its room is reserved. That is one call to the system; power that fails during
-/// that call can tear it.
+/// When no second file can be created, because the folder is read-only or the disk is full, `target` is overwritten in
+/// place after the room for it is reserved. This is one system call; a power failure during it can damage the file.
 void writeDurably(const QString& target, const QString& temporary, const QByteArray& json);
 
 } // namespace tintwick

@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// An open file that is closed when its scope ends.
+/// Owns a file descriptor and closes it in the destructor.
 class FileDescriptor final
 {
 public:

@@ -5,9 +5,9 @@
 
 namespace tintwick {
 
-/// A list with the elements at `positions` moved, in their order, before the element that stands at
-/// `destination`; the list's size as `destination` means the end. All positions count in the list as it is
-/// passed; those outside of it are passed over, and a destination outside is taken as the nearer end.
+/// The list with the elements at `positions` moved, in their order, before the element at `destination`; the list's size
+/// means the end. All positions count before the move. Positions outside the list are ignored; a destination outside the
+/// list means the nearer end.
 template <typename T>
 [[nodiscard]] QList<T> moved(const QList<T>& list, const QSet<qsizetype>& positions, qsizetype destination)
 {

@@ -8,7 +8,7 @@
 
 namespace tintwick {
 
-/// Everything the data file holds.
+/// The content of the data file.
 struct Payload
 {
     /// Newest first.

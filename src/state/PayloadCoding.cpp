@@ -68,8 +68,8 @@ ordered_json encoded(const ColorCollection& collection)
     return object;
 }
 
-/// Checks that a text is JSON of a moderate depth without building anything from it, so that a file of
-/// nothing but opening brackets costs neither memory nor stack.
+/// Checks that a text is JSON of limited depth, without building values, so that a file of opening brackets costs neither
+/// memory nor stack.
 class Validator final : public nlohmann::json_sax<json>
 {
 public:
@@ -91,7 +91,7 @@ public:
     }
 
 private:
-    // The payload itself is four levels deep; the rest is room for keys of a later version.
+    // The payload has four levels; the others are for keys of later versions.
     static constexpr int greatestDepth = 64;
 
     bool enter() { return ++m_depth <= greatestDepth; }
@@ -104,7 +104,7 @@ private:
     int m_depth = 0;
 };
 
-/// The member of an object under a key, or null when it has none.
+/// The value of a key in an object, or null.
 const json* member(const json& object, const char* key)
 {
     const auto found = object.find(key);
@@ -142,7 +142,7 @@ bool isHexDigit(QChar character)
 
 std::optional<QUuid> decodedUuid(const json* value)
 {
-    // QUuid reads several forms; the file knows only the canonical one.
+    // QUuid accepts several forms, but the file has only the canonical one.
     constexpr QStringView form = u"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
     const auto text = decodedString(value);
     if (!text || text->size() != form.size()) {
@@ -179,7 +179,7 @@ std::optional<QDateTime> decodedDate(const json* value)
     return QDateTime(date, time, Qt::UTC);
 }
 
-/// Every element of a JSON array through `decode`, or nothing when one of them is refused.
+/// The decoded elements of a JSON array; none when `decode` does not accept one of them.
 template <typename T>
 std::optional<QList<T>> decodedList(const json* value, std::optional<T> (*decode)(const json*))
 {
@@ -273,7 +273,7 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
 
 std::optional<Payload> decodePayload(QByteArrayView text)
 {
-    // The parser takes a zero byte for the end of the text and would pass over whatever follows it.
+    // The parser ends at a zero byte and would ignore the text after it.
     if (text.size() > largestPayload || text.contains('\0')) {
         return std::nullopt;
     }

@@ -9,18 +9,16 @@
 
 namespace tintwick {
 
-/// The largest data file that is written or read, in bytes: room for tens of thousands of collections, and a
-/// bound for what a damaged file can cost.
+/// The size limit of a data file, in bytes: room for tens of thousands of collections. It bounds the cost of reading a
+/// damaged file.
 inline constexpr qsizetype largestPayload = 16 * 1024 * 1024;
 
-/// The payload as indented JSON text in UTF-8, or nothing when JSON cannot hold it: a component that is not a
-/// finite number, a date outside the years 1 to 9999, or a text beyond `largestPayload`. Dates lose their
-/// fraction of a second.
+/// The payload as indented JSON text in UTF-8. None when a component is not a finite number, a date is outside the years
+/// 1 to 9999, or the text is larger than `largestPayload`. Dates lose their fraction of a second.
 [[nodiscard]] std::optional<QByteArray> encodePayload(const Payload& payload);
 
-/// The payload in a JSON text, or nothing when the text is malformed or anything required is missing or
-/// mistyped. Keys may stand in any order, unknown ones are passed over, and of a repeated key the last one
-/// counts. Bytes of any kind are safe to pass.
+/// The payload in a JSON text. None when the text is malformed or a required value is missing or has another type. Keys
+/// may be in any order, unknown keys are ignored, and the last of repeated keys counts. Accepts any bytes.
 [[nodiscard]] std::optional<Payload> decodePayload(QByteArrayView text);
 
 } // namespace tintwick
