@@ -32,6 +32,7 @@ ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& e
     toolkit::sync();
     m_subscription = m_connection.subscribe(*this);
     readScreens();
+    // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): read after the subscription, to miss no change
     m_isComposited = hasCompositor(m_connection);
     selectEvents(true);
     if (m_extensions.canReadBelowLoupe) {

@@ -24,12 +24,12 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 
 } // namespace
 
-void registerAccessible(const QMetaObject& type, AccessibleMaker make)
+void registerAccessible(const QMetaObject& type, const AccessibleMaker& make)
 {
     if (makers().isEmpty()) {
         QAccessible::installFactory(interfaceOf);
     }
-    makers().insert(QString::fromLatin1(type.className()), std::move(make));
+    makers().insert(QString::fromLatin1(type.className()), make);
 }
 
 AccessibleMaker accessibleRole(QAccessible::Role role)

@@ -11,7 +11,7 @@ namespace tintwick {
 using AccessibleMaker = std::function<QAccessibleInterface*(QWidget& widget)>;
 
 /// Registers `make` for all widgets of `type` and of its subclasses. A later call for the same type replaces an earlier one.
-void registerAccessible(const QMetaObject& type, AccessibleMaker make);
+void registerAccessible(const QMetaObject& type, const AccessibleMaker& make);
 
 /// An interface that has only a role.
 [[nodiscard]] AccessibleMaker accessibleRole(QAccessible::Role role);
