@@ -1,0 +1,68 @@
+#pragma once
+
+#include "GlobalShortcuts.h"
+#include "KeyboardLayout.h"
+#include "PanelHost.h"
+#include "Platform.h"
+
+#include <memory>
+
+namespace tintwick {
+
+class NullGlobalShortcuts final : public GlobalShortcuts
+{
+    Q_OBJECT
+
+public:
+    void bind(const QString& id, const QString& description,
+              const std::optional<Shortcut>& preferred) override;
+    void unbind(const QString&) override {}
+    [[nodiscard]] KeyChoice keyChoice() const override { return KeyChoice::None; }
+    [[nodiscard]] bool isTaken(const Shortcut&) const override { return false; }
+};
+
+class NullKeyboardLayout final : public KeyboardLayout
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] std::optional<QString> characterForKey(int) const override { return std::nullopt; }
+};
+
+/// Shows the panel as an ordinary window, which the toolkit places.
+class NullPanelHost final : public PanelHost
+{
+    Q_OBJECT
+
+public:
+    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
+    void showAgain(PanelWindow& panel) override;
+    void setDismissible(bool) override {}
+};
+
+/// A desktop that offers nothing: no pick begins, no shortcut is bound, no key is recorded. Each says so. Used where the
+/// toolkit draws into memory only.
+class NullPlatform final : public Platform
+{
+public:
+    /// None where the toolkit shows windows on a desktop.
+    [[nodiscard]] static std::unique_ptr<Platform> connect(QString& whyNot);
+
+    void preparePicking() override {}
+    [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
+    [[nodiscard]] CapturePermission capturePermission() const override
+    {
+        return {.isGranted = false, .settings = {}};
+    }
+    [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return m_shortcuts; }
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override { return m_layout; }
+    [[nodiscard]] KeyRecording* keyRecording() override { return nullptr; }
+
+private:
+    NullPanelHost m_panelHost;
+    NullGlobalShortcuts m_shortcuts;
+    NullKeyboardLayout m_layout;
+};
+
+} // namespace tintwick
