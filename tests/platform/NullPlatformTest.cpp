@@ -14,7 +14,10 @@ public:
     QStringList refusals;
 
     void refused(const QString& reason) override { refusals << reason; }
-    void pointerMoved(const ScreenPosition&) override { QFAIL("a session that never begins reports no pointer"); }
+    void pointerMoved(const ScreenPosition&) override
+    {
+        QFAIL("a session that never begins reports no pointer");
+    }
     void buttonPressed(PointerButton, const ScreenPosition&) override { QFAIL("no input"); }
     void scrolled(ScrollDelta) override { QFAIL("no input"); }
     void keyPressed(const KeyPress&) override { QFAIL("no input"); }
