@@ -24,7 +24,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr uid_t nobody = 65534;
+constexpr uid_t unprivilegedUser = 65534;
 const QByteArray oldText = "old";
 const QByteArray newText(100'000, 'n');
 const QByteArray cannotMount = "no mounts of our own here";
@@ -55,7 +55,7 @@ QStringList filesIn(const QString& folder)
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
 }
 
-/// What a write made of a folder, in one line.
+/// Describes the result of a write and the files in the folder in one line.
 QByteArray outcome(bool isWritten, const QString& folder)
 {
     QByteArray text = isWritten ? "written:" : "refused:";
@@ -65,7 +65,7 @@ QByteArray outcome(bool isWritten, const QString& folder)
     return text;
 }
 
-/// Gives the calling process a view of the file systems of its own, so that what it mounts ends with it.
+/// Moves the calling process into a mount namespace of its own and mounts a small file system on the folder.
 bool mountSmallDisk(const QString& folder)
 {
     const int flags = ::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
@@ -84,18 +84,18 @@ private Q_SLOTS:
 
     void aNewFileGetsTheUsualMode_data();
     void aNewFileGetsTheUsualMode();
-    void aReplacedFileHandsItsModeOn_data();
-    void aReplacedFileHandsItsModeOn();
-    void whoReadsTheOldFileReadsAllOfIt();
-    void aLinkStaysALink();
-    void aLinkToNothingLeadsToTheNewFile();
-    void whatIsNoFileIsRefused();
-    void aFolderThatIsNotThereIsRefused();
-    void theSizeLimitLeavesTheOldFileWhole();
-    void aFullDiskLeavesTheOldFileWhole_data();
-    void aFullDiskLeavesTheOldFileWhole();
-    void aFolderThatTakesNoFilesLeavesTheOldOneWhole();
-    void aFileThatMayNotBeWrittenIsLeftAlone();
+    void aReplacedFileKeepsItsMode_data();
+    void aReplacedFileKeepsItsMode();
+    void anOpenOldFileStaysReadable();
+    void aSymbolicLinkIsKept();
+    void aDanglingLinkGetsItsTarget();
+    void anythingButAFileIsRefused();
+    void aMissingFolderIsRefused();
+    void theSizeLimitKeepsTheOldFile();
+    void aFullDiskKeepsTheOldFile_data();
+    void aFullDiskKeepsTheOldFile();
+    void aReadOnlyFolderKeepsTheOldFile();
+    void aReadOnlyFileIsNotReplaced();
 
 private:
     [[nodiscard]] QString target() const { return m_folder->filePath(u"palette.css"_s); }
@@ -127,7 +127,7 @@ void AtomicWriteTest::aNewFileGetsTheUsualMode()
     QCOMPARE(filesIn(m_folder->path()), QStringList{u"palette.css"_s});
 }
 
-void AtomicWriteTest::aReplacedFileHandsItsModeOn_data()
+void AtomicWriteTest::aReplacedFileKeepsItsMode_data()
 {
     QTest::addColumn<mode_t>("mode");
     QTest::newRow("0600") << mode_t(0600);
@@ -136,7 +136,7 @@ void AtomicWriteTest::aReplacedFileHandsItsModeOn_data()
     QTest::newRow("0755") << mode_t(0755);
 }
 
-void AtomicWriteTest::aReplacedFileHandsItsModeOn()
+void AtomicWriteTest::aReplacedFileKeepsItsMode()
 {
     QFETCH(const mode_t, mode);
     put(target(), oldText, mode);
@@ -146,7 +146,7 @@ void AtomicWriteTest::aReplacedFileHandsItsModeOn()
     QCOMPARE(filesIn(m_folder->path()), QStringList{u"palette.css"_s});
 }
 
-void AtomicWriteTest::whoReadsTheOldFileReadsAllOfIt()
+void AtomicWriteTest::anOpenOldFileStaysReadable()
 {
     put(target(), oldText);
     QFile reader(target());
@@ -155,7 +155,7 @@ void AtomicWriteTest::whoReadsTheOldFileReadsAllOfIt()
     QCOMPARE(reader.readAll(), oldText);
 }
 
-void AtomicWriteTest::aLinkStaysALink()
+void AtomicWriteTest::aSymbolicLinkIsKept()
 {
     const QString elsewhere = m_folder->filePath(u"elsewhere"_s);
     QVERIFY(QDir().mkpath(elsewhere));
@@ -171,7 +171,7 @@ void AtomicWriteTest::aLinkStaysALink()
     QCOMPARE(filesIn(elsewhere), QStringList{u"real.css"_s});
 }
 
-void AtomicWriteTest::aLinkToNothingLeadsToTheNewFile()
+void AtomicWriteTest::aDanglingLinkGetsItsTarget()
 {
     QVERIFY(QFile::link(u"later.css"_s, target()));
     QVERIFY(writeAtomically(target(), newText));
@@ -179,7 +179,7 @@ void AtomicWriteTest::aLinkToNothingLeadsToTheNewFile()
     QCOMPARE(contentOf(m_folder->filePath(u"later.css"_s)), newText);
 }
 
-void AtomicWriteTest::whatIsNoFileIsRefused()
+void AtomicWriteTest::anythingButAFileIsRefused()
 {
     QVERIFY(QDir().mkpath(target()));
     QString whyNot;
@@ -195,7 +195,7 @@ void AtomicWriteTest::whatIsNoFileIsRefused()
     QVERIFY(!writeAtomically(QString(), newText));
 }
 
-void AtomicWriteTest::aFolderThatIsNotThereIsRefused()
+void AtomicWriteTest::aMissingFolderIsRefused()
 {
     QString whyNot;
     QVERIFY(!writeAtomically(m_folder->filePath(u"not/there.css"_s), newText, &whyNot));
@@ -203,7 +203,7 @@ void AtomicWriteTest::aFolderThatIsNotThereIsRefused()
     QVERIFY(filesIn(m_folder->path()).isEmpty());
 }
 
-void AtomicWriteTest::theSizeLimitLeavesTheOldFileWhole()
+void AtomicWriteTest::theSizeLimitKeepsTheOldFile()
 {
     put(target(), oldText);
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -218,7 +218,7 @@ void AtomicWriteTest::theSizeLimitLeavesTheOldFileWhole()
     QCOMPARE(contentOf(target()), oldText);
 }
 
-void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole_data()
+void AtomicWriteTest::aFullDiskKeepsTheOldFile_data()
 {
     QTest::addColumn<bool>("isThere");
     QTest::addColumn<QByteArray>("outcome");
@@ -226,7 +226,7 @@ void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole_data()
     QTest::newRow("no old file") << false << QByteArray("refused:");
 }
 
-void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole()
+void AtomicWriteTest::aFullDiskKeepsTheOldFile()
 {
     QFETCH(const bool, isThere);
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -244,7 +244,7 @@ void AtomicWriteTest::aFullDiskLeavesTheOldFileWhole()
     QTEST(end.report, "outcome");
 }
 
-/// Runs it as a user who owns the folder and what is in it, because permissions mean nothing to root.
+/// Runs the work as an unprivileged user who owns the folder and its files, because permissions do not restrict root.
 QByteArray AtomicWriteTest::asAnotherUser(const QString& folder, const std::function<QByteArray()>& work)
 {
     return test::runInChild([&]() -> QByteArray {
@@ -254,14 +254,15 @@ QByteArray AtomicWriteTest::asAnotherUser(const QString& folder, const std::func
                        paths.append(folder + u'/' + name);
                    }
                    for (const QString& path : paths) {
-                       if (::chown(QFile::encodeName(path).constData(), nobody, nobody) != 0) {
+                       if (::chown(QFile::encodeName(path).constData(), unprivilegedUser, unprivilegedUser) !=
+                           0) {
                            return "no other owner";
                        }
                    }
-                   if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) {
+                   if (::setgid(unprivilegedUser) != 0 || ::setuid(unprivilegedUser) != 0) {
                        return "no other user";
                    }
-                   // The leak sanitizer looks at its own process.
+                   // The leak sanitizer must be able to trace this process.
                    ::prctl(PR_SET_DUMPABLE, 1);
                }
                return work();
@@ -269,7 +270,7 @@ QByteArray AtomicWriteTest::asAnotherUser(const QString& folder, const std::func
         .report;
 }
 
-void AtomicWriteTest::aFolderThatTakesNoFilesLeavesTheOldOneWhole()
+void AtomicWriteTest::aReadOnlyFolderKeepsTheOldFile()
 {
     put(target(), oldText);
     const QByteArray folder = QFile::encodeName(m_folder->path());
@@ -282,7 +283,7 @@ void AtomicWriteTest::aFolderThatTakesNoFilesLeavesTheOldOneWhole()
     QCOMPARE(contentOf(target()), oldText);
 }
 
-void AtomicWriteTest::aFileThatMayNotBeWrittenIsLeftAlone()
+void AtomicWriteTest::aReadOnlyFileIsNotReplaced()
 {
     put(target(), oldText, 0444);
     const QByteArray report = asAnotherUser(

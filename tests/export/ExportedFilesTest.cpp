@@ -19,7 +19,7 @@ using test::rgb;
 
 using Colors = QList<CapturedColor>;
 
-/// Names that people give, and some that only a test gives.
+/// Common and unusual names.
 const QStringList names{u"Éclair Brûlé"_s,
                         u"E\u0301tat"_s,
                         u"Синее небо"_s,
@@ -66,7 +66,7 @@ Colors unnamed(qsizetype count)
 
 } // namespace
 
-/// The files read by programs of others: a CSS parser, Python's JSON reader, ImageMagick.
+/// Reads the exported files with independent programs: a CSS parser, Python's JSON reader, ImageMagick.
 class ExportedFilesTest final : public QObject
 {
     Q_OBJECT
@@ -74,8 +74,8 @@ class ExportedFilesTest final : public QObject
 private Q_SLOTS:
     void aCssParserReadsTheVariables_data();
     void aCssParserReadsTheVariables();
-    void theCssReaderRefusesWhatIsNoStyleSheetOfOurs_data();
-    void theCssReaderRefusesWhatIsNoStyleSheetOfOurs();
+    void theCssReaderRefusesOtherCss_data();
+    void theCssReaderRefusesOtherCss();
     void aJsonReaderReadsTheColors_data();
     void aJsonReaderReadsTheColors();
     void anImageProgramReadsThePicture_data();
@@ -83,7 +83,7 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QString put(const QByteArray& bytes) const;
-    /// What a program prints; nothing when it fails.
+    /// The standard output of a program; empty when the program fails.
     [[nodiscard]] static QByteArray outputOf(const QString& program, const QStringList& arguments);
     [[nodiscard]] QByteArray readBy(const QString& script, const QByteArray& bytes) const;
     [[nodiscard]] QJsonDocument readCss(const QByteArray& css) const;
@@ -115,13 +115,13 @@ QByteArray ExportedFilesTest::outputOf(const QString& program, const QStringList
 
 QByteArray ExportedFilesTest::readBy(const QString& script, const QByteArray& bytes) const
 {
-    // The one that the distribution's modules belong to, whatever comes first in the user's path.
+    // The distribution's Python modules are installed for this interpreter, not for another one in $PATH.
     return outputOf(u"/usr/bin/python3"_s, {QFINDTESTDATA(script), put(bytes)});
 }
 
 QJsonDocument ExportedFilesTest::readCss(const QByteArray& css) const
 {
-    // A lone string is no document to the toolkit.
+    // QJsonDocument does not accept a string at the top level.
     return QJsonDocument::fromJson('[' + readBy(u"read_css.py"_s, css) + ']');
 }
 
@@ -140,30 +140,30 @@ void ExportedFilesTest::aCssParserReadsTheVariables_data()
             QTest::newRow(QByteArray::number(count).constData()) << unnamed(count) << u"History"_s << numbers;
         }
     }
-    QTest::newRow("names of every kind")
-        << named() << u"\"A\" 'b' /* {c} <d> \\ 空 👩‍🎨\n*"_s << QStringList{u"--éclair-brûlé"_s,
-                                                                                     u"--e\u0301tat"_s,
-                                                                                     u"--синее-небо"_s,
-                                                                                     u"--空の色"_s,
-                                                                                     u"--하늘"_s,
-                                                                                     u"--नीला-आसमान"_s,
-                                                                                     u"--ท้องฟ้า"_s,
-                                                                                     u"--أزرق-فاتح"_s,
-                                                                                     u"--תכלת"_s,
-                                                                                     u"--𐐨-𝒜"_s,
-                                                                                     u"---paint"_s,
-                                                                                     u"--quoted-twice"_s,
-                                                                                     u"--abc"_s,
-                                                                                     u"--abcde"_s,
-                                                                                     u"--style-----"_s,
-                                                                                     u"--1-reds"_s,
-                                                                                     u"--42"_s,
-                                                                                     u"---"_s,
-                                                                                     u"--x²-½-ⅷ-ª"_s,
-                                                                                     u"---"_s,
-                                                                                     u"-----"_s,
-                                                                                     u"--"_s,
-                                                                                     u"--"_s};
+    QTest::newRow("unusual names") << named() << u"\"A\" 'b' /* {c} <d> \\ 空 👩‍🎨\n*"_s
+                                   << QStringList{u"--éclair-brûlé"_s,
+                                                  u"--e\u0301tat"_s,
+                                                  u"--синее-небо"_s,
+                                                  u"--空の色"_s,
+                                                  u"--하늘"_s,
+                                                  u"--नीला-आसमान"_s,
+                                                  u"--ท้องฟ้า"_s,
+                                                  u"--أزرق-فاتح"_s,
+                                                  u"--תכלת"_s,
+                                                  u"--𐐨-𝒜"_s,
+                                                  u"---paint"_s,
+                                                  u"--quoted-twice"_s,
+                                                  u"--abc"_s,
+                                                  u"--abcde"_s,
+                                                  u"--style-----"_s,
+                                                  u"--1-reds"_s,
+                                                  u"--42"_s,
+                                                  u"---"_s,
+                                                  u"--x²-½-ⅷ-ª"_s,
+                                                  u"---"_s,
+                                                  u"-----"_s,
+                                                  u"--"_s,
+                                                  u"--"_s};
 }
 
 void ExportedFilesTest::aCssParserReadsTheVariables()
@@ -180,7 +180,7 @@ void ExportedFilesTest::aCssParserReadsTheVariables()
     QCOMPARE(read.array(), QJsonArray{QJsonValue(expected)});
 }
 
-void ExportedFilesTest::theCssReaderRefusesWhatIsNoStyleSheetOfOurs_data()
+void ExportedFilesTest::theCssReaderRefusesOtherCss_data()
 {
     QTest::addColumn<QByteArray>("css");
     QTest::addColumn<QString>("reason");
@@ -192,14 +192,14 @@ void ExportedFilesTest::theCssReaderRefusesWhatIsNoStyleSheetOfOurs_data()
     QTest::newRow("no name") << QByteArray(":root { : #000000; }")
                              << u"no declaration: Expected <ident> for declaration name, got literal."_s;
     QTest::newRow("no colour") << QByteArray(":root { --a: #00000; }") << u"no colour: #00000"_s;
-    // The palette's name goes into the comment as it is. This one ends it early, and what is left of the line becomes
-    // part of the selector, so that a browser passes over the rule.
-    QTest::newRow("a palette's name that ends the comment")
+    // The palette name is written into the CSS comment without escaping. This name ends the comment early. The rest of
+    // the line becomes part of the selector, so a browser ignores the rule.
+    QTest::newRow("a palette name that ends the comment")
         << ColorExport::buildCSS({rgb(0x3B82F6)}, u"Sea */ Sky"_s).toUtf8()
         << u"a rule for Sky — generated by Tintwick */\n:root"_s;
 }
 
-void ExportedFilesTest::theCssReaderRefusesWhatIsNoStyleSheetOfOurs()
+void ExportedFilesTest::theCssReaderRefusesOtherCss()
 {
     QFETCH(const QByteArray, css);
     QFETCH(const QString, reason);
@@ -213,7 +213,7 @@ void ExportedFilesTest::aJsonReaderReadsTheColors_data()
     for (const int count : {1, 10, 11, 100}) {
         QTest::newRow(QByteArray::number(count).constData()) << unnamed(count);
     }
-    QTest::newRow("names of every kind") << named();
+    QTest::newRow("unusual names") << named();
     Colors controls;
     for (char16_t unit = 0; unit < 0x20; ++unit) {
         controls.append(rgb(0x3B82F6, QString(QChar(unit)) + u'\u007f'));
@@ -235,7 +235,7 @@ void ExportedFilesTest::aJsonReaderReadsTheColors()
         QCOMPARE(object.value("name"_L1).toString(), colors[i].customName.value_or(QString()));
         QVERIFY(object.contains("rgb"_L1) && object.contains("hsl"_L1) && object.contains("tailwind"_L1));
     }
-    // The reader keeps the order.
+    // The JSON reader keeps the order of the members.
     if (!colors.isEmpty()) {
         QVERIFY(output.indexOf(R"("hex")") < output.indexOf(R"("rgb")"));
         QVERIFY(output.indexOf(R"("rgb")") < output.indexOf(R"("hsl")"));

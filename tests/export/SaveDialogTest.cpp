@@ -25,22 +25,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor darkGround(0x1F, 0x1F, 0x23);
+const QColor darkBackground(0x1F, 0x1F, 0x23);
 
-/// A dialog in the colours of a dark panel, over an empty folder.
+/// A dialog with a dark palette and an empty folder.
 struct DarkDialog
 {
     DarkDialog()
     {
         QPalette dark;
-        dark.setColor(QPalette::Window, darkGround);
+        dark.setColor(QPalette::Window, darkBackground);
         dialog->setPalette(dark);
     }
 
     void save() const { dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click(); }
 
     QTemporaryDir folder;
-    /// What the dialog was to write, and why the next write fails.
+    /// The paths that the dialog wrote to, and the reason why the next write fails.
     QStringList paths;
     std::optional<QString> failure;
     std::unique_ptr<SaveDialog> dialog = std::make_unique<SaveDialog>(
@@ -50,7 +50,7 @@ struct DarkDialog
         });
 };
 
-QColor groundOf(const QWidget& widget)
+QColor backgroundOf(const QWidget& widget)
 {
     return widget.palette().color(QPalette::Window);
 }
@@ -62,15 +62,15 @@ class SaveDialogTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theQuestionHasThePaletteOfTheDialog();
-    void menusHaveThePaletteOfTheDialog();
-    void theListOfNamesHasThePaletteOfTheDialog();
+    void theConfirmationHasTheDialogPalette();
+    void menusHaveTheDialogPalette();
+    void theCompletionListHasTheDialogPalette();
     void otherWindowsKeepTheirPalette();
-    void aFailedWriteKeepsTheDialogOpenWithTheReason();
-    void afterAFailedWriteTheUserMayCancel();
+    void aFailedWriteKeepsTheDialogOpenAndShowsTheReason();
+    void theDialogCanBeCancelledAfterAFailedWrite();
 };
 
-void SaveDialogTest::theQuestionHasThePaletteOfTheDialog()
+void SaveDialogTest::theConfirmationHasTheDialogPalette()
 {
     DarkDialog dark;
     QFile there(dark.folder.filePath(u"a.css"_s));
@@ -82,20 +82,20 @@ void SaveDialogTest::theQuestionHasThePaletteOfTheDialog()
     const auto questions = dark.dialog->findChildren<QMessageBox*>();
     QCOMPARE(questions.size(), 1);
     QVERIFY(questions.first()->isVisible());
-    QCOMPARE(groundOf(*questions.first()), darkGround);
+    QCOMPARE(backgroundOf(*questions.first()), darkBackground);
 }
 
-void SaveDialogTest::menusHaveThePaletteOfTheDialog()
+void SaveDialogTest::menusHaveTheDialogPalette()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
     QMenu menu(dark.dialog->findChild<QDialogButtonBox*>());
     menu.addAction(u"New Folder"_s);
     menu.popup(QPoint());
-    QCOMPARE(groundOf(menu), darkGround);
+    QCOMPARE(backgroundOf(menu), darkBackground);
 }
 
-void SaveDialogTest::theListOfNamesHasThePaletteOfTheDialog()
+void SaveDialogTest::theCompletionListHasTheDialogPalette()
 {
     const DarkDialog dark;
     dark.dialog->showOn(*QGuiApplication::primaryScreen());
@@ -103,7 +103,7 @@ void SaveDialogTest::theListOfNamesHasThePaletteOfTheDialog()
     QVERIFY(field != nullptr);
     QAbstractItemView* names = field->completer()->popup();
     names->show();
-    QCOMPARE(groundOf(*names), darkGround);
+    QCOMPARE(backgroundOf(*names), darkBackground);
 }
 
 void SaveDialogTest::otherWindowsKeepTheirPalette()
@@ -114,11 +114,11 @@ void SaveDialogTest::otherWindowsKeepTheirPalette()
     QMenu menu(&panel);
     menu.addAction(u"Delete"_s);
     menu.popup(QPoint());
-    QCOMPARE(groundOf(menu), QApplication::palette().color(QPalette::Window));
-    QVERIFY(groundOf(menu) != darkGround);
+    QCOMPARE(backgroundOf(menu), QApplication::palette().color(QPalette::Window));
+    QVERIFY(backgroundOf(menu) != darkBackground);
 }
 
-void SaveDialogTest::aFailedWriteKeepsTheDialogOpenWithTheReason()
+void SaveDialogTest::aFailedWriteKeepsTheDialogOpenAndShowsTheReason()
 {
     DarkDialog dark;
     const QSignalSpy finished(dark.dialog.get(), &SaveDialog::finished);
@@ -132,7 +132,7 @@ void SaveDialogTest::aFailedWriteKeepsTheDialogOpenWithTheReason()
     QCOMPARE(messages.size(), 1);
     QVERIFY(messages.first()->isVisible());
     QCOMPARE(messages.first()->text(), u"a.css cannot be saved.\nPermission denied"_s);
-    QCOMPARE(groundOf(*messages.first()), darkGround);
+    QCOMPARE(backgroundOf(*messages.first()), darkBackground);
 
     messages.first()->button(QMessageBox::Ok)->click();
     QVERIFY(dark.dialog->isVisible());
@@ -144,7 +144,7 @@ void SaveDialogTest::aFailedWriteKeepsTheDialogOpenWithTheReason()
     QCOMPARE(finished.first().first().toInt(), static_cast<int>(QDialog::Accepted));
 }
 
-void SaveDialogTest::afterAFailedWriteTheUserMayCancel()
+void SaveDialogTest::theDialogCanBeCancelledAfterAFailedWrite()
 {
     DarkDialog dark;
     const QSignalSpy finished(dark.dialog.get(), &SaveDialog::finished);

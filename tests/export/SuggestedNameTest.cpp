@@ -23,11 +23,11 @@ void SuggestedNameTest::aNameFitsAFileSystem_data()
     QTest::addColumn<QString>("kept");
     QTest::newRow("short") << u"brand-kit"_s << u"brand-kit"_s;
     QTest::newRow("empty") << QString() << QString();
-    QTest::newRow("as long as can be") << QString(236, u'a') << QString(236, u'a');
-    QTest::newRow("one byte more") << QString(237, u'a') << QString(236, u'a');
-    QTest::newRow("of three bytes each") << QString(82, u'青') << QString(78, u'青');
-    QTest::newRow("of four bytes each") << u"\U00020000"_s.repeated(60) << u"\U00020000"_s.repeated(59);
-    QTest::newRow("letters with a mark") << u"e\u0301"_s.repeated(80) << u"e\u0301"_s.repeated(78);
+    QTest::newRow("longest possible") << QString(236, u'a') << QString(236, u'a');
+    QTest::newRow("one byte too long") << QString(237, u'a') << QString(236, u'a');
+    QTest::newRow("characters of three bytes") << QString(82, u'青') << QString(78, u'青');
+    QTest::newRow("characters of four bytes") << u"\U00020000"_s.repeated(60) << u"\U00020000"_s.repeated(59);
+    QTest::newRow("letters with a combining mark") << u"e\u0301"_s.repeated(80) << u"e\u0301"_s.repeated(78);
 }
 
 void SuggestedNameTest::aNameFitsAFileSystem()

@@ -8,7 +8,7 @@
 
 namespace tintwick::test {
 
-/// A colour such as 0x3B82F6.
+/// Makes a colour from a number such as 0x3B82F6.
 [[nodiscard]] inline CapturedColor rgb(unsigned value, const std::optional<QString>& name = {},
                                        double alpha = 1)
 {

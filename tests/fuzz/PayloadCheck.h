@@ -4,9 +4,8 @@
 
 namespace tintwick::test {
 
-/// Feeds bytes to the reader of data files. Whatever it accepts must have a text for every format, and be
-/// written and read back as the same payload; otherwise the process is stopped. Tells whether the bytes were
-/// accepted.
+/// Decodes the bytes as a data file and returns whether they are accepted. Aborts the process unless an accepted
+/// payload can be formatted in every colour format, and is the same after encoding and decoding.
 bool checkPayload(QByteArrayView bytes);
 
 } // namespace tintwick::test

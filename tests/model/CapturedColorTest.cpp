@@ -30,16 +30,16 @@ class CapturedColorTest final : public QObject
 private Q_SLOTS:
     void capturingClampsEachComponent_data();
     void capturingClampsEachComponent();
-    void everyCaptureIsARecordOfItsOwn();
-    void recordsAreEqualOnlyInAllFields();
+    void everyCaptureHasItsOwnId();
+    void recordsAreEqualWhenAllFieldsAre();
     void textsOfAColor_data();
     void textsOfAColor();
     void alphaIsWrittenWithTwoDecimals_data();
     void alphaIsWrittenWithTwoDecimals();
-    void textsDoNotFollowTheLocale();
-    void componentsBeyondTheRangeAreFormattedWithoutOverflow();
-    void aComponentThatIsNotFiniteStopsTheProcess_data();
-    void aComponentThatIsNotFiniteStopsTheProcess();
+    void textsAreIndependentOfTheLocale();
+    void outOfRangeComponentsAreFormattedWithoutOverflow();
+    void aNonFiniteComponentAborts_data();
+    void aNonFiniteComponentAborts();
 };
 
 void CapturedColorTest::capturingClampsEachComponent_data()
@@ -69,7 +69,7 @@ void CapturedColorTest::capturingClampsEachComponent()
     QCOMPARE(CapturedColor::capture(given, 0.5, 0.5, 0.5).green, 0.5);
 }
 
-void CapturedColorTest::everyCaptureIsARecordOfItsOwn()
+void CapturedColorTest::everyCaptureHasItsOwnId()
 {
     const QDateTime before = QDateTime::currentDateTimeUtc();
     const CapturedColor first = CapturedColor::capture(0.1, 0.2, 0.3, 1);
@@ -83,7 +83,7 @@ void CapturedColorTest::everyCaptureIsARecordOfItsOwn()
     QVERIFY(!first.customName.has_value());
 }
 
-void CapturedColorTest::recordsAreEqualOnlyInAllFields()
+void CapturedColorTest::recordsAreEqualWhenAllFieldsAre()
 {
     const CapturedColor color{QUuid(QStringLiteral("{0bd3f0a0-7c65-4b8e-9c5e-5d1f6a3b2c10}")),
                               0.1,
@@ -135,11 +135,11 @@ void CapturedColorTest::textsOfAColor_data()
     row("red", 1, 0, 0, 1, "#FF0000FF", "rgba(255, 0, 0, 1.00)", "hsla(0, 100%, 50%, 1.00)");
     row("green", 0, 1, 0, 1, "#00FF00FF", "rgba(0, 255, 0, 1.00)", "hsla(120, 100%, 50%, 1.00)");
     row("blue", 0, 0, 1, 1, "#0000FFFF", "rgba(0, 0, 255, 1.00)", "hsla(240, 100%, 50%, 1.00)");
-    row("magenta: red wins over blue", 1, 0, 1, 1, "#FF00FFFF", "rgba(255, 0, 255, 1.00)",
+    row("magenta: red precedes blue", 1, 0, 1, 1, "#FF00FFFF", "rgba(255, 0, 255, 1.00)",
         "hsla(300, 100%, 50%, 1.00)");
-    row("yellow: red wins over green", 1, 1, 0, 1, "#FFFF00FF", "rgba(255, 255, 0, 1.00)",
+    row("yellow: red precedes green", 1, 1, 0, 1, "#FFFF00FF", "rgba(255, 255, 0, 1.00)",
         "hsla(60, 100%, 50%, 1.00)");
-    row("cyan: green wins over blue", 0, 1, 1, 1, "#00FFFFFF", "rgba(0, 255, 255, 1.00)",
+    row("cyan: green precedes blue", 0, 1, 1, 1, "#00FFFFFF", "rgba(0, 255, 255, 1.00)",
         "hsla(180, 100%, 50%, 1.00)");
     row("hue 359.6 is 360", 1, 0, 0.4 / 60, 1, "#FF0002FF", "rgba(255, 0, 2, 1.00)",
         "hsla(360, 100%, 50%, 1.00)");
@@ -163,7 +163,7 @@ void CapturedColorTest::textsOfAColor_data()
         "hsla(144, 33%, 58%, 1.00)");
     row("alpha too small for its decimals", 0, 0, 0, 0.004, "#00000001", "rgba(0, 0, 0, 0.00)",
         "hsla(0, 0%, 0%, 0.00)");
-    row("too dark to have a saturation", 1e-300, 0, 0, 1, "#000000FF", "rgba(0, 0, 0, 1.00)",
+    row("too dark for a saturation", 1e-300, 0, 0, 1, "#000000FF", "rgba(0, 0, 0, 1.00)",
         "hsla(0, 0%, 0%, 1.00)");
 }
 
@@ -190,7 +190,7 @@ void CapturedColorTest::alphaIsWrittenWithTwoDecimals_data()
 {
     QTest::addColumn<double>("alpha");
     QTest::addColumn<QString>("text");
-    // As C's printf prints them: by the exact value of the float, and ties to the even digit.
+    // Rounded as by printf: the exact value of the float counts, and ties round to the even digit.
     QTest::newRow("0.05") << 0.05 << QStringLiteral("0.05");
     QTest::newRow("0.005") << 0.005 << QStringLiteral("0.01");
     QTest::newRow("0.015") << 0.015 << QStringLiteral("0.01");
@@ -210,7 +210,7 @@ void CapturedColorTest::alphaIsWrittenWithTwoDecimals()
     QCOMPARE(colorOf(0, 0, 0, alpha).cssHSLA(), QStringLiteral("hsla(0, 0%, 0%, ") + text + u')');
 }
 
-void CapturedColorTest::textsDoNotFollowTheLocale()
+void CapturedColorTest::textsAreIndependentOfTheLocale()
 {
     const QLocale previous;
     QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
@@ -223,7 +223,7 @@ void CapturedColorTest::textsDoNotFollowTheLocale()
     QCOMPARE(text, QStringLiteral("rgba(255, 0, 0, 0.50)"));
 }
 
-void CapturedColorTest::componentsBeyondTheRangeAreFormattedWithoutOverflow()
+void CapturedColorTest::outOfRangeComponentsAreFormattedWithoutOverflow()
 {
     QCOMPARE(colorOf(2, 0, 0).hex6(), QStringLiteral("#1FE0000"));
     QCOMPARE(colorOf(2, -1, 0).cssRGB(), QStringLiteral("rgb(510, -255, 0)"));
@@ -238,7 +238,7 @@ void CapturedColorTest::componentsBeyondTheRangeAreFormattedWithoutOverflow()
     }
 }
 
-void CapturedColorTest::aComponentThatIsNotFiniteStopsTheProcess_data()
+void CapturedColorTest::aNonFiniteComponentAborts_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<int>("end");
@@ -248,7 +248,7 @@ void CapturedColorTest::aComponentThatIsNotFiniteStopsTheProcess_data()
     QTest::newRow("finite") << 0.5 << 0;
 }
 
-void CapturedColorTest::aComponentThatIsNotFiniteStopsTheProcess()
+void CapturedColorTest::aNonFiniteComponentAborts()
 {
     QFETCH(double, value);
     QFETCH(int, end);

@@ -10,9 +10,9 @@ class ColorCollectionTest final : public QObject
 
 private Q_SLOTS:
     void aNewCollectionIsEmpty();
-    void membersComeInTheOrderOfTheCollection();
-    void membersThatTheHistoryDoesNotHoldAreLeftOut();
-    void collectionsAreEqualOnlyInAllFields();
+    void membersFollowTheOrderOfTheCollection();
+    void membersMissingFromTheHistoryAreOmitted();
+    void collectionsAreEqualWhenAllFieldsAre();
 };
 
 void ColorCollectionTest::aNewCollectionIsEmpty()
@@ -27,7 +27,7 @@ void ColorCollectionTest::aNewCollectionIsEmpty()
     QCOMPARE(collection.icon, QStringLiteral("paintpalette.fill"));
 }
 
-void ColorCollectionTest::membersComeInTheOrderOfTheCollection()
+void ColorCollectionTest::membersFollowTheOrderOfTheCollection()
 {
     const CapturedColor red = CapturedColor::capture(1, 0, 0, 1);
     const CapturedColor green = CapturedColor::capture(0, 1, 0, 1);
@@ -37,7 +37,7 @@ void ColorCollectionTest::membersComeInTheOrderOfTheCollection()
     QCOMPARE(collection.colors({red, green, blue}), (QList<CapturedColor>{blue, red}));
 }
 
-void ColorCollectionTest::membersThatTheHistoryDoesNotHoldAreLeftOut()
+void ColorCollectionTest::membersMissingFromTheHistoryAreOmitted()
 {
     const CapturedColor red = CapturedColor::capture(1, 0, 0, 1);
     ColorCollection collection = ColorCollection::create(QStringLiteral("Old"));
@@ -46,7 +46,7 @@ void ColorCollectionTest::membersThatTheHistoryDoesNotHoldAreLeftOut()
     QVERIFY(collection.colors({}).isEmpty());
 }
 
-void ColorCollectionTest::collectionsAreEqualOnlyInAllFields()
+void ColorCollectionTest::collectionsAreEqualWhenAllFieldsAre()
 {
     const ColorCollection collection = ColorCollection::create(QStringLiteral("Brand"));
     const auto differs = [&](auto change) {

@@ -13,15 +13,15 @@ class ColorFormatTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void formatsAreOfferedInTheirOrder();
-    void storedTextsAreReadExactly_data();
-    void storedTextsAreReadExactly();
-    void textOfAColorInAFormat_data();
-    void textOfAColorInAFormat();
-    void aVariableWithoutANameTakesTheNameGiven();
+    void formatsAreListedInOrder();
+    void storedTextsMatchExactly_data();
+    void storedTextsMatchExactly();
+    void colorsAreFormatted_data();
+    void colorsAreFormatted();
+    void anUnnamedVariableUsesTheGivenName();
 };
 
-void ColorFormatTest::formatsAreOfferedInTheirOrder()
+void ColorFormatTest::formatsAreListedInOrder()
 {
     QStringList labels;
     for (const ColorFormat format : allColorFormats) {
@@ -30,7 +30,7 @@ void ColorFormatTest::formatsAreOfferedInTheirOrder()
     QCOMPARE(labels, QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name").split(u'|'));
 }
 
-void ColorFormatTest::storedTextsAreReadExactly_data()
+void ColorFormatTest::storedTextsMatchExactly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("position");
@@ -45,7 +45,7 @@ void ColorFormatTest::storedTextsAreReadExactly_data()
     }
 }
 
-void ColorFormatTest::storedTextsAreReadExactly()
+void ColorFormatTest::storedTextsMatchExactly()
 {
     QFETCH(QString, text);
     QFETCH(int, position);
@@ -57,7 +57,7 @@ void ColorFormatTest::storedTextsAreReadExactly()
     }
 }
 
-void ColorFormatTest::textOfAColorInAFormat_data()
+void ColorFormatTest::colorsAreFormatted_data()
 {
     QTest::addColumn<ColorFormat>("format");
     QTest::addColumn<uint>("rgb");
@@ -89,11 +89,11 @@ void ColorFormatTest::textOfAColorInAFormat_data()
     row("variable of a table name", CssVar, 0x1E90FF, 1, "Dodger Blue", "--dodger-blue: #1E90FF;");
     row("tailwind", Tailwind, 0x3B82F6, 1, "Mine", "blue-500");
     row("tailwind of white", Tailwind, 0xFFFFFF, 1, unnamed, "zinc-50");
-    row("name given", ColorName, 0x1E90FF, 1, "Brand Primary!", "Brand Primary!");
+    row("custom name", ColorName, 0x1E90FF, 1, "Brand Primary!", "Brand Primary!");
     row("name of the table", ColorName, 0x1E90FF, 1, unnamed, "Dodger Blue");
 }
 
-void ColorFormatTest::textOfAColorInAFormat()
+void ColorFormatTest::colorsAreFormatted()
 {
     QFETCH(ColorFormat, format);
     QFETCH(uint, rgb);
@@ -109,7 +109,7 @@ void ColorFormatTest::textOfAColorInAFormat()
     QCOMPARE(string(format, color, QStringLiteral("color")), text);
 }
 
-void ColorFormatTest::aVariableWithoutANameTakesTheNameGiven()
+void ColorFormatTest::anUnnamedVariableUsesTheGivenName()
 {
     const CapturedColor color = CapturedColor::capture(0, 0, 0, 1);
     QCOMPARE(string(ColorFormat::CssVar, color, QStringLiteral("My Colour!")),

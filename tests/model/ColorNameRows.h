@@ -2,7 +2,7 @@
 
 namespace tintwick::test {
 
-/// Number, name and value, three columns to a row, as the table of names is printed.
+/// The reference table of names. Each row has three entries of number, name and value.
 inline constexpr const char* colorNameRows =
     // clang-format off
     "1 | Black | 000000 | 46 | Light Green | 90EE90 | 91 | Wheat | F5DEB3\n"

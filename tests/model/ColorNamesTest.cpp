@@ -20,7 +20,7 @@ struct PrintedRow
     uint rgb = 0;
 };
 
-/// The printed table in the order of its numbers.
+/// The reference table, ordered by number.
 QList<PrintedRow> printedRows()
 {
     QList<PrintedRow> rows(133);
@@ -52,16 +52,16 @@ class ColorNamesTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theTableIsThePrintedOne();
-    void everyEntryIsNamedByItself();
+    void theTableEqualsTheReference();
+    void everyEntryIsItsOwnNearestName();
     void nearestName_data();
     void nearestName();
-    void alphaDoesNotCount();
-    void anEmptyTableKnowsNoName();
-    void theFirstOfEquallyNearEntriesWinsInATableOfAnyLength();
+    void alphaIsIgnored();
+    void anEmptyTableGivesNoName();
+    void theFirstOfEquallyNearEntriesIsChosen();
 };
 
-void ColorNamesTest::theTableIsThePrintedOne()
+void ColorNamesTest::theTableEqualsTheReference()
 {
     const QList<PrintedRow> rows = printedRows();
     QCOMPARE(namedColors.size(), 133U);
@@ -73,7 +73,7 @@ void ColorNamesTest::theTableIsThePrintedOne()
     }
 }
 
-void ColorNamesTest::everyEntryIsNamedByItself()
+void ColorNamesTest::everyEntryIsItsOwnNearestName()
 {
     for (const PrintedRow& row : printedRows()) {
         const QString expected = row.name == u"Mint" ? QStringLiteral("Mint Cream") : row.name;
@@ -114,20 +114,20 @@ void ColorNamesTest::nearestName()
     QCOMPARE(ColorNames::shared().nearest(colorOf(red, green, blue)), name);
 }
 
-void ColorNamesTest::alphaDoesNotCount()
+void ColorNamesTest::alphaIsIgnored()
 {
     QCOMPARE(ColorNames::shared().nearest(colorOf(255, 99, 71, 0)), QStringLiteral("Tomato"));
 }
 
-void ColorNamesTest::anEmptyTableKnowsNoName()
+void ColorNamesTest::anEmptyTableGivesNoName()
 {
     const ColorNames empty({}, {});
     QCOMPARE(empty.nearest(colorOf(0xFF0000)), QStringLiteral("Unknown"));
 }
 
-void ColorNamesTest::theFirstOfEquallyNearEntriesWinsInATableOfAnyLength()
+void ColorNamesTest::theFirstOfEquallyNearEntriesIsChosen()
 {
-    // Every row is equally near but the ones before `first`.
+    // All entries from `first` on are equally near.
     std::array<double, 200> red{};
     std::array<double, 200> zero{};
     for (std::size_t length = 1; length <= red.size(); ++length) {

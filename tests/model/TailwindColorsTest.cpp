@@ -38,14 +38,14 @@ class TailwindColorsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePaletteIsThePrintedOne();
-    void everyEntryHasItsOwnToken();
+    void thePaletteEqualsTheReference();
+    void everyEntryIsItsOwnNearestToken();
     void nearestToken_data();
     void nearestToken();
-    void anEmptyPaletteKnowsNoToken();
+    void anEmptyPaletteGivesNoToken();
 };
 
-void TailwindColorsTest::thePaletteIsThePrintedOne()
+void TailwindColorsTest::thePaletteEqualsTheReference()
 {
     const QList<QStringList> rows = printedRows();
     QCOMPARE(rows.size(), 22);
@@ -62,7 +62,7 @@ void TailwindColorsTest::thePaletteIsThePrintedOne()
     QCOMPARE(entries, 242);
 }
 
-void TailwindColorsTest::everyEntryHasItsOwnToken()
+void TailwindColorsTest::everyEntryIsItsOwnNearestToken()
 {
     const QStringList shades = QStringLiteral("50 100 200 300 400 500 600 700 800 900 950").split(u' ');
     for (const QStringList& row : printedRows()) {
@@ -83,7 +83,7 @@ void TailwindColorsTest::nearestToken_data()
     QTest::newRow("black") << 0x000000U << 1.0 << QStringLiteral("zinc-950");
     QTest::newRow("FAFAFA") << 0xFAFAFAU << 1.0 << QStringLiteral("zinc-50");
     QTest::newRow("transparent red") << 0xEF4444U << 0.0 << QStringLiteral("red-500");
-    QTest::newRow("a step beside") << 0x3C82F5U << 1.0 << QStringLiteral("blue-500");
+    QTest::newRow("one step off blue-500") << 0x3C82F5U << 1.0 << QStringLiteral("blue-500");
 }
 
 void TailwindColorsTest::nearestToken()
@@ -94,7 +94,7 @@ void TailwindColorsTest::nearestToken()
     QCOMPARE(TailwindColors::shared().nearest(colorOf(rgb, alpha)), token);
 }
 
-void TailwindColorsTest::anEmptyPaletteKnowsNoToken()
+void TailwindColorsTest::anEmptyPaletteGivesNoToken()
 {
     QVERIFY(!TailwindColors(ColorColumns()).nearest(colorOf(0x3B82F6)).has_value());
 }

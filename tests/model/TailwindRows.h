@@ -2,7 +2,7 @@
 
 namespace tintwick::test {
 
-/// The palette as it is printed: a family to a row, its shades from 50 to 950.
+/// The reference palette: one family in each row, with the shades from 50 to 950.
 inline constexpr const char* tailwindRows =
     // clang-format off
     "slate | F8FAFC | F1F5F9 | E2E8F0 | CBD5E1 | 94A3B8 | 64748B | 475569 | 334155 | 1E293B | 0F172A | 020617\n"

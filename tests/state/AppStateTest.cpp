@@ -29,7 +29,7 @@ CapturedColor colorOf(uint rgb, const std::optional<QString>& name = std::nullop
 {
     CapturedColor color =
         CapturedColor::capture((rgb >> 16) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0, 1);
-    // What the file keeps of a moment is its whole second.
+    // The data file stores whole seconds.
     color.capturedAt.setMSecsSinceEpoch(color.capturedAt.toMSecsSinceEpoch() / 1000 * 1000);
     color.customName = name;
     return color;
@@ -50,7 +50,7 @@ public:
     {
         m_now += span;
         const auto isDue = [this](const Waiting& waiting) { return waiting.due <= m_now && waiting.action; };
-        // An action may add others, so the search starts anew after each.
+        // An action may add further actions, so each search starts from the beginning.
         for (auto next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue); next != m_waiting.end();
              next = std::find_if(m_waiting.begin(), m_waiting.end(), isDue)) {
             std::exchange(next->action, nullptr)();
@@ -69,9 +69,9 @@ private:
 };
 
 /// Counts the signals of a state.
-struct Announcements
+struct SignalCounts
 {
-    explicit Announcements(const AppState& state)
+    explicit SignalCounts(const AppState& state)
         : history(&state, &AppState::historyChanged)
         , collections(&state, &AppState::collectionsChanged)
         , defaultFormat(&state, &AppState::defaultFormatChanged)
@@ -80,7 +80,8 @@ struct Announcements
     {
     }
 
-    /// History, collections, default format, feedback, last copied text; and starts again.
+    /// Returns the number of changes of history, collections, default format, feedback and last copied text, and resets
+    /// them.
     QList<qsizetype> take()
     {
         QList<qsizetype> counts;
@@ -98,19 +99,19 @@ struct Announcements
     QSignalSpy copied;
 };
 
-/// Counts the files that are put into a folder under a final name, as each save of the data file does once.
+/// Counts the files that are moved into a folder. Each save of the data file moves one.
 class WriteCounter final
 {
 public:
     explicit WriteCounter(const QString& folder)
         : m_inotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
     {
-        // Both ends of each rename, because the kernel merges equal events in a row.
+        // Watches both ends of each rename. The kernel would merge consecutive equal events.
         ::inotify_add_watch(m_inotify.get(), QFile::encodeName(folder).constData(),
                             IN_MOVED_FROM | IN_MOVED_TO);
     }
 
-    /// Since the last call.
+    /// The number since the last call.
     [[nodiscard]] int take()
     {
         int count = 0;
@@ -139,43 +140,43 @@ class AppStateTest final : public QObject
 private Q_SLOTS:
     void init();
     void theFirstStartIsEmpty();
-    void whatWasSavedIsLoaded();
-    void anUnreadableFileStartsEmptyAndIsReplaced_data();
-    void anUnreadableFileStartsEmptyAndIsReplaced();
-    void aLongerHistoryIsTakenAsItIs();
+    void savedDataIsLoaded();
+    void anUnreadableFileGivesAnEmptyStateAndIsReplaced_data();
+    void anUnreadableFileGivesAnEmptyStateAndIsReplaced();
+    void aLongerStoredHistoryIsKept();
 
-    void aCapturedColorIsNamedKeptAndSaved();
-    void aCaptureKeepsTheNameItHas();
+    void aCapturedColorIsNamedAddedAndSaved();
+    void aNamedCaptureKeepsItsName();
     void capturingTheSameColorTwiceGivesTwoEntries();
     void theHistoryDropsTheOldestBeyondTheLimit();
     void aDroppedColorStaysInItsCollections();
 
-    void theFeedbackFallsAfterItsTime();
+    void theFeedbackEndsAfterItsDelay();
     void eachCopyHasItsOwnTimer();
-    void theFeedbackFallsByTheRealTimer();
-    void theFeedbackOfADeletedStateIsForgotten();
+    void theFeedbackEndsWithTheRealTimer();
+    void deletingTheStateCancelsTheFeedback();
 
-    void deletingAColorTakesItOutOfEveryCollection();
+    void deletingAColorRemovesItFromEveryCollection();
     void clearingTheHistoryKeepsTheCollections();
     void renamingAColor();
     void creatingAndDeletingCollections();
-    void addingAColorTwiceDoesNothingTheSecondTime();
+    void addingAColorTwiceKeepsOneMember();
     void removingAColorFromACollection();
     void movingColors_data();
     void movingColors();
     void unknownIdsChangeNothing();
-    void onlyTheDeletionsSaveForAnUnknownId();
-    void settersAnnounceOnlyADifference();
+    void onlyDeletionsSaveForAnUnknownId();
+    void settersSignalOnlyAChange();
     void theDefaultFormatIsSaved();
     void addingSeveralColorsIsOneChangeAndOneSave();
-    void theCopiedTextIsThatOfTheNamedColor();
+    void theCopiedTextUsesTheColorName();
 
 private:
     [[nodiscard]] QString dataFile() const
     {
         return m_dataHome->filePath(QStringLiteral("Tintwick/data.json"));
     }
-    /// Whether the data file was written since the last time this was asked.
+    /// Returns whether the data file was written, and removes it.
     bool wasSaved() { return QFile::remove(dataFile()); }
     void store(const QByteArray& content);
 
@@ -207,7 +208,7 @@ void AppStateTest::theFirstStartIsEmpty()
     QVERIFY(!QFile::exists(dataFile()));
 }
 
-void AppStateTest::whatWasSavedIsLoaded()
+void AppStateTest::savedDataIsLoaded()
 {
     const CapturedColor color = colorOf(0x1E90FF, QStringLiteral("Sky"));
     ColorCollection collection;
@@ -227,7 +228,7 @@ void AppStateTest::whatWasSavedIsLoaded()
     QCOMPARE(state.lastCopiedString(), QString());
 }
 
-void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced_data()
+void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("unknown format") << QByteArray(R"({"history":[],"collections":[],"defaultFormat":"hex"})");
@@ -238,7 +239,7 @@ void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced_data()
     QTest::newRow("not JSON") << QByteArray("history");
 }
 
-void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced()
+void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced()
 {
     QFETCH(QByteArray, content);
     store(content);
@@ -251,7 +252,7 @@ void AppStateTest::anUnreadableFileStartsEmptyAndIsReplaced()
     QCOMPARE(AppState().collections().size(), 1);
 }
 
-void AppStateTest::aLongerHistoryIsTakenAsItIs()
+void AppStateTest::aLongerStoredHistoryIsKept()
 {
     QList<CapturedColor> history;
     for (int i = 0; i < 103; ++i) {
@@ -264,21 +265,21 @@ void AppStateTest::aLongerHistoryIsTakenAsItIs()
     QCOMPARE(state.history().size(), 103);
 }
 
-void AppStateTest::aCapturedColorIsNamedKeptAndSaved()
+void AppStateTest::aCapturedColorIsNamedAddedAndSaved()
 {
     ManualTime time;
     AppState state(time.runLater());
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     const CapturedColor older = colorOf(0x000000);
     const CapturedColor newer = colorOf(0x1E90FF);
     state.colorCaptured(older);
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 1, 1}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 0, 0, 1, 1}));
     state.setDefaultFormat(ColorFormat::CssVar);
     QVERIFY(wasSaved());
-    announced.take();
+    signalCounts.take();
 
     state.colorCaptured(newer);
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 0, 0, 0, 1}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 0, 0, 0, 1}));
     QCOMPARE(state.history().size(), 2);
     QCOMPARE(state.history()[0].id, newer.id);
     QCOMPARE(state.history()[0].customName, QStringLiteral("Dodger Blue"));
@@ -289,7 +290,7 @@ void AppStateTest::aCapturedColorIsNamedKeptAndSaved()
     QVERIFY(wasSaved());
 }
 
-void AppStateTest::aCaptureKeepsTheNameItHas()
+void AppStateTest::aNamedCaptureKeepsItsName()
 {
     AppState state;
     state.colorCaptured(colorOf(0x1E90FF, QStringLiteral("Mine")));
@@ -336,22 +337,22 @@ void AppStateTest::aDroppedColorStaysInItsCollections()
     QVERIFY(state.collections().first().colors(state.history()).isEmpty());
 }
 
-void AppStateTest::theFeedbackFallsAfterItsTime()
+void AppStateTest::theFeedbackEndsAfterItsDelay()
 {
     ManualTime time;
     AppState state(time.runLater());
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     state.showCopyFeedback(ColorFormat::Rgb, colorOf(0x3B82F6));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
     QVERIFY(state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 1}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 1, 1}));
     QVERIFY(!wasSaved());
 
     time.advance(std::chrono::milliseconds(1499));
     QVERIFY(state.showCopiedFeedback());
     time.advance(std::chrono::milliseconds(1));
     QVERIFY(!state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
 }
 
@@ -360,23 +361,23 @@ void AppStateTest::eachCopyHasItsOwnTimer()
     ManualTime time;
     AppState state(time.runLater());
     const CapturedColor color = colorOf(0x3B82F6);
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     state.showCopyFeedback(ColorFormat::Hex6, color);
     time.advance(std::chrono::milliseconds(1000));
     state.showCopyFeedback(ColorFormat::Hex6, color);
-    // The flag was up already, and the same text is announced all the same.
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 2}));
+    // The feedback is visible already. The same text is signalled again.
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 1, 2}));
 
     time.advance(std::chrono::milliseconds(499));
     QVERIFY(state.showCopiedFeedback());
     time.advance(std::chrono::milliseconds(1));
     QVERIFY(!state.showCopiedFeedback());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 1, 0}));
     time.advance(std::chrono::milliseconds(1000));
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 }
 
-void AppStateTest::theFeedbackFallsByTheRealTimer()
+void AppStateTest::theFeedbackEndsWithTheRealTimer()
 {
     AppState state;
     QElapsedTimer elapsed;
@@ -388,7 +389,7 @@ void AppStateTest::theFeedbackFallsByTheRealTimer()
     QVERIFY(elapsed.elapsed() >= 1499);
 }
 
-void AppStateTest::theFeedbackOfADeletedStateIsForgotten()
+void AppStateTest::deletingTheStateCancelsTheFeedback()
 {
     auto state = std::make_unique<AppState>();
     state->showCopyFeedback(ColorFormat::Hex6, colorOf(0x3B82F6));
@@ -399,7 +400,7 @@ void AppStateTest::theFeedbackOfADeletedStateIsForgotten()
     QVERIFY(fallen.wait(30'000));
 }
 
-void AppStateTest::deletingAColorTakesItOutOfEveryCollection()
+void AppStateTest::deletingAColorRemovesItFromEveryCollection()
 {
     AppState state;
     const CapturedColor kept = colorOf(0x111111);
@@ -412,7 +413,7 @@ void AppStateTest::deletingAColorTakesItOutOfEveryCollection()
     state.addColor(kept.id, both);
     state.addColor(deleted.id, one);
     wasSaved();
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
 
     state.deleteColor(deleted.id);
     QCOMPARE(state.history().size(), 1);
@@ -420,7 +421,7 @@ void AppStateTest::deletingAColorTakesItOutOfEveryCollection()
     QCOMPARE(state.collections().size(), 2);
     QCOMPARE(state.collections()[0].colorIds, QList<QUuid>{kept.id});
     QVERIFY(state.collections()[1].colorIds.isEmpty());
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -432,7 +433,7 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
     state.addColor(color.id, collection);
     wasSaved();
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
 
     state.clearHistory();
     QVERIFY(state.history().isEmpty());
@@ -440,7 +441,7 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     QCOMPARE(state.collections().first().name, QStringLiteral("Brand"));
     QCOMPARE(state.collections().first().icon, QStringLiteral("paintpalette.fill"));
     QVERIFY(state.collections().first().colorIds.isEmpty());
-    QCOMPARE(announced.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -450,13 +451,13 @@ void AppStateTest::renamingAColor()
     const CapturedColor color = colorOf(0x1E90FF);
     state.colorCaptured(color);
     wasSaved();
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
 
     state.renameColor(color.id, QStringLiteral("  Sky "));
     QCOMPARE(state.history().first().customName, QStringLiteral("  Sky "));
     QVERIFY(wasSaved());
     state.renameColor(color.id, QStringLiteral("  Sky "));
-    QCOMPARE(announced.take(), (QList<qsizetype>{2, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{2, 0, 0, 0, 0}));
     QVERIFY(wasSaved());
 
     state.renameColor(color.id, QString());
@@ -469,26 +470,26 @@ void AppStateTest::renamingAColor()
 void AppStateTest::creatingAndDeletingCollections()
 {
     AppState state;
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     const ColorCollection first = state.createCollection(QStringLiteral("First"));
     QVERIFY(wasSaved());
     const ColorCollection second = state.createCollection(QStringLiteral(""));
     const ColorCollection third = state.createCollection(QStringLiteral("First"));
     QCOMPARE(state.collections(), (QList<ColorCollection>{first, second, third}));
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 3, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 3, 0, 0, 0}));
 
     wasSaved();
-    announced.take();
+    signalCounts.take();
     state.deleteCollection(first.id);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 
     state.deleteCollection(second.id);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QCOMPARE(state.collections(), QList<ColorCollection>{third});
 }
 
-void AppStateTest::addingAColorTwiceDoesNothingTheSecondTime()
+void AppStateTest::addingAColorTwiceKeepsOneMember()
 {
     AppState state;
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
@@ -497,11 +498,11 @@ void AppStateTest::addingAColorTwiceDoesNothingTheSecondTime()
     state.addColor(notInTheHistory, collection);
     state.addColor(another, collection);
     QVERIFY(wasSaved());
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
 
     state.addColor(notInTheHistory, collection);
     QVERIFY(!wasSaved());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
     QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{notInTheHistory, another}));
 }
 
@@ -527,7 +528,7 @@ void AppStateTest::movingColors_data()
     QTest::addColumn<QSet<qsizetype>>("from");
     QTest::addColumn<qsizetype>("to");
     QTest::addColumn<QList<qsizetype>>("after");
-    // Which of five members stands where afterwards.
+    // Expected positions of the five members.
     const auto row = [](const char* name, const QSet<qsizetype>& from, qsizetype to,
                         const QList<qsizetype>& after) { QTest::newRow(name) << from << to << after; };
     row("one downwards", {0}, 2, {1, 0, 2, 3, 4});
@@ -540,10 +541,10 @@ void AppStateTest::movingColors_data()
     row("two apart, upwards", {2, 4}, 1, {0, 2, 4, 1, 3});
     row("two from both sides", {0, 4}, 3, {1, 2, 0, 4, 3});
     row("three to the end", {0, 1, 3}, 5, {2, 4, 0, 1, 3});
-    row("before one of those that move", {1, 3}, 3, {0, 2, 1, 3, 4});
+    row("before one of the moved", {1, 3}, 3, {0, 2, 1, 3, 4});
     row("all", {0, 1, 2, 3, 4}, 2, {0, 1, 2, 3, 4});
     row("none", {}, 3, {0, 1, 2, 3, 4});
-    row("positions that there are not", {-1, 1, 5}, 0, {1, 0, 2, 3, 4});
+    row("positions out of range", {-1, 1, 5}, 0, {1, 0, 2, 3, 4});
 }
 
 void AppStateTest::movingColors()
@@ -559,7 +560,7 @@ void AppStateTest::movingColors()
         state.addColor(ids.last(), collection);
     }
     wasSaved();
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
 
     state.moveColors(collection, from, to);
     QList<qsizetype> order;
@@ -567,7 +568,7 @@ void AppStateTest::movingColors()
         order.append(ids.indexOf(id));
     }
     QCOMPARE(order, after);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QVERIFY(wasSaved());
 }
 
@@ -578,7 +579,7 @@ void AppStateTest::unknownIdsChangeNothing()
     state.colorCaptured(color);
     state.createCollection(QStringLiteral("Brand"));
     wasSaved();
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     const QUuid unknown = QUuid::createUuid();
 
     state.renameColor(unknown, QStringLiteral("Name"));
@@ -586,10 +587,10 @@ void AppStateTest::unknownIdsChangeNothing()
     state.removeColor(color.id, unknown);
     state.moveColors(unknown, {0}, 1);
     QVERIFY(!wasSaved());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 }
 
-void AppStateTest::onlyTheDeletionsSaveForAnUnknownId()
+void AppStateTest::onlyDeletionsSaveForAnUnknownId()
 {
     AppState state;
     state.colorCaptured(colorOf(0x111111));
@@ -604,18 +605,18 @@ void AppStateTest::onlyTheDeletionsSaveForAnUnknownId()
     QCOMPARE(state.collections().size(), 1);
 }
 
-void AppStateTest::settersAnnounceOnlyADifference()
+void AppStateTest::settersSignalOnlyAChange()
 {
     AppState state;
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     state.setDefaultFormat(ColorFormat::Hex6);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 
     state.setDefaultFormat(ColorFormat::Hsl);
     QVERIFY(wasSaved());
     state.setDefaultFormat(ColorFormat::Hsl);
     QVERIFY(!wasSaved());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 1, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 1, 0, 0}));
 }
 
 void AppStateTest::theDefaultFormatIsSaved()
@@ -636,11 +637,11 @@ void AppStateTest::addingSeveralColorsIsOneChangeAndOneSave()
     }
     QList<QUuid> withARepeatedId = dropped;
     withARepeatedId += dropped[3];
-    Announcements announced(state);
+    SignalCounts signalCounts(state);
     WriteCounter writes(QFileInfo(dataFile()).path());
 
     state.addColors(withARepeatedId, collection);
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
     QCOMPARE(writes.take(), 1);
     QCOMPARE(state.collections().first().colorIds, dropped);
     QCOMPARE(AppState().collections().first().colorIds, dropped);
@@ -648,11 +649,11 @@ void AppStateTest::addingSeveralColorsIsOneChangeAndOneSave()
     state.addColors(dropped, collection);
     state.addColors({}, collection);
     state.addColors({QUuid::createUuid()}, QUuid::createUuid());
-    QCOMPARE(announced.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
     QCOMPARE(writes.take(), 0);
 }
 
-void AppStateTest::theCopiedTextIsThatOfTheNamedColor()
+void AppStateTest::theCopiedTextUsesTheColorName()
 {
     AppState state;
     state.setDefaultFormat(ColorFormat::CssVar);

@@ -29,9 +29,9 @@ namespace tintwick {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
+constexpr uid_t unprivilegedUser = 65534;
 
-/// A state that can be told from every other one; large ones and small ones follow each other.
+/// A payload that differs for each number. Large and small payloads alternate.
 Payload stateNumber(int number)
 {
     const QDateTime date(QDate(2025, 3, 14), QTime(9, 26, 53), Qt::UTC);
@@ -52,8 +52,7 @@ void save(const Payload& payload)
     DataFile().save(payload.history, payload.collections, payload.defaultFormat);
 }
 
-/// The number of the state in the data file; -1 when the file does not hold exactly one of the numbered
-/// states.
+/// The number of the payload in the data file; -1 when the file is not equal to one of them.
 int savedNumber()
 {
     const auto payload = DataFile().load();
@@ -76,14 +75,14 @@ mode_t modeOf(const QString& path)
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
 
-/// Gives the calling process a view of the file systems of its own, so that what it mounts ends with it.
+/// Moves the calling process into a mount namespace of its own.
 bool enterOwnMounts()
 {
     const int flags = ::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
     return ::unshare(flags) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-/// Ends the calling process by SIGKILL after a delay, wherever it is then.
+/// Sends SIGKILL to the calling process after a delay.
 void beKilledAfter(std::chrono::nanoseconds delay)
 {
     sigevent event{};
@@ -109,26 +108,26 @@ class DataFileTest final : public QObject
 
 private Q_SLOTS:
     void init();
-    void theFirstSaveMakesThePrivateFolderAndFile();
-    void theFolderIsMadeBeforeReadingToo();
+    void theFirstSaveCreatesAPrivateFolderAndFile();
+    void loadingCreatesTheFolder();
     void existingFoldersKeepTheirMode();
-    void aSaveReplacesTheFileAndLeavesNothingBeside();
-    void aLeftOverTemporaryFileIsOverwritten();
-    void aLinkedFileStaysALink();
-    void whatCannotBeEncodedIsNotWritten();
-    void somethingThatIsNoFileIsNotRead();
-    void aFileLargerThanIsReadIsRefused();
+    void aSaveReplacesTheFileAndLeavesNoOtherFile();
+    void aStaleTemporaryFileIsOverwritten();
+    void aSymbolicLinkIsKept();
+    void aPayloadThatCannotBeEncodedIsNotWritten();
+    void anythingButAFileIsNotRead();
+    void aTooLargeFileIsRefused();
 
-    void aKilledProcessLeavesTheOldStateOrTheNewOne();
-    void theSizeLimitOfTheProcessLeavesTheOldFileWhole_data();
-    void theSizeLimitOfTheProcessLeavesTheOldFileWhole();
-    void aFullDiskLeavesTheOldFileWhole();
-    void onAFullDiskASmallerStateStillReplacesTheOldOne();
-    void aFullDiskLeavesNoFileWhereNoneWas();
-    void aReadOnlyFileSystemLeavesTheOldFileWhole();
-    void inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace_data();
-    void inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace();
-    void anObstructedTemporaryFileDoesNotKeepFromSaving();
+    void aKilledProcessLeavesTheOldOrTheNewState();
+    void theSizeLimitOfTheProcessKeepsTheOldFile_data();
+    void theSizeLimitOfTheProcessKeepsTheOldFile();
+    void aFullDiskKeepsTheOldFile();
+    void aSmallerStateIsSavedOnAFullDisk();
+    void aFullDiskLeavesNoPartialFile();
+    void aReadOnlyFileSystemKeepsTheOldFile();
+    void inAReadOnlyFolderTheFileIsWrittenInPlace_data();
+    void inAReadOnlyFolderTheFileIsWrittenInPlace();
+    void anObstructedTemporaryFileDoesNotPreventSaving();
 
 private:
     [[nodiscard]] QString folder() const { return m_dataHome->filePath(QStringLiteral("Tintwick")); }
@@ -144,7 +143,7 @@ void DataFileTest::init()
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
 }
 
-void DataFileTest::theFirstSaveMakesThePrivateFolderAndFile()
+void DataFileTest::theFirstSaveCreatesAPrivateFolderAndFile()
 {
     const QString dataHome = m_dataHome->filePath(QStringLiteral("not/yet"));
     qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome));
@@ -159,7 +158,7 @@ void DataFileTest::theFirstSaveMakesThePrivateFolderAndFile()
     QCOMPARE(savedNumber(), 1);
 }
 
-void DataFileTest::theFolderIsMadeBeforeReadingToo()
+void DataFileTest::loadingCreatesTheFolder()
 {
     QVERIFY(!DataFile().load().has_value());
     QVERIFY(QFileInfo(folder()).isDir());
@@ -174,20 +173,20 @@ void DataFileTest::existingFoldersKeepTheirMode()
     QCOMPARE(modeOf(folder()), 0755U);
 }
 
-void DataFileTest::aSaveReplacesTheFileAndLeavesNothingBeside()
+void DataFileTest::aSaveReplacesTheFileAndLeavesNoOtherFile()
 {
     save(stateNumber(3));
     QFile reader(dataFile());
     QVERIFY(reader.open(QIODevice::ReadOnly));
     save(stateNumber(4));
-    // Who has the old file open still reads all of it: the new one took its name, not its place.
+    // The save replaces the directory entry, so the open file still has the old content.
     QCOMPARE(decodePayload(reader.readAll()), stateNumber(3));
     QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(4)));
     QCOMPARE(QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
              QStringList{QStringLiteral("data.json")});
 }
 
-void DataFileTest::aLeftOverTemporaryFileIsOverwritten()
+void DataFileTest::aStaleTemporaryFileIsOverwritten()
 {
     save(stateNumber(1));
     QFile leftOver(temporaryFile());
@@ -201,7 +200,7 @@ void DataFileTest::aLeftOverTemporaryFileIsOverwritten()
     QVERIFY(!QFile::exists(temporaryFile()));
 }
 
-void DataFileTest::aLinkedFileStaysALink()
+void DataFileTest::aSymbolicLinkIsKept()
 {
     const QString elsewhere = m_dataHome->filePath(QStringLiteral("dotfiles"));
     QVERIFY(QDir().mkpath(elsewhere));
@@ -217,7 +216,7 @@ void DataFileTest::aLinkedFileStaysALink()
     QCOMPARE(QDir(elsewhere).entryList(QDir::Files), QStringList{QStringLiteral("colours.json")});
 }
 
-void DataFileTest::whatCannotBeEncodedIsNotWritten()
+void DataFileTest::aPayloadThatCannotBeEncodedIsNotWritten()
 {
     save(stateNumber(3));
     Payload payload = stateNumber(6);
@@ -226,7 +225,7 @@ void DataFileTest::whatCannotBeEncodedIsNotWritten()
     QCOMPARE(savedNumber(), 3);
 }
 
-void DataFileTest::somethingThatIsNoFileIsNotRead()
+void DataFileTest::anythingButAFileIsNotRead()
 {
     QVERIFY(QDir().mkpath(folder()));
     QVERIFY(::mkfifo(QFile::encodeName(dataFile()).constData(), 0600) == 0);
@@ -236,7 +235,7 @@ void DataFileTest::somethingThatIsNoFileIsNotRead()
     QVERIFY(!DataFile().load().has_value());
 }
 
-void DataFileTest::aFileLargerThanIsReadIsRefused()
+void DataFileTest::aTooLargeFileIsRefused()
 {
     const QByteArray text = *encodePayload(stateNumber(1));
     save(stateNumber(1));
@@ -250,14 +249,14 @@ void DataFileTest::aFileLargerThanIsReadIsRefused()
     QVERIFY(!DataFile().load().has_value());
 }
 
-void DataFileTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
+void DataFileTest::aKilledProcessLeavesTheOldOrTheNewState()
 {
     constexpr int kills = 600;
     m_dataHome = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
     save(stateNumber(0));
 
-    // The moments of the kills are spread over a few saves, however fast the machine is.
+    // Spreads the kills over several saves, independent of the speed of the machine.
     QElapsedTimer elapsed;
     elapsed.start();
     for (int i = 0; i < 10; ++i) {
@@ -299,7 +298,7 @@ void DataFileTest::aKilledProcessLeavesTheOldStateOrTheNewOne()
     qInfo("%d of %d kills hit a save with its temporary file half written", interrupted, kills);
 }
 
-void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole_data()
+void DataFileTest::theSizeLimitOfTheProcessKeepsTheOldFile_data()
 {
     QTest::addColumn<rlim_t>("limit");
     const auto size = static_cast<rlim_t>(encodePayload(stateNumber(6))->size());
@@ -308,7 +307,7 @@ void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole_data()
     QTest::newRow("all but one byte") << size - 1;
 }
 
-void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
+void DataFileTest::theSizeLimitOfTheProcessKeepsTheOldFile()
 {
     QFETCH(rlim_t, limit);
     save(stateNumber(3));
@@ -325,7 +324,7 @@ void DataFileTest::theSizeLimitOfTheProcessLeavesTheOldFileWhole()
     QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(3)));
 }
 
-void DataFileTest::aFullDiskLeavesTheOldFileWhole()
+void DataFileTest::aFullDiskKeepsTheOldFile()
 {
     QVERIFY(QDir().mkpath(folder()));
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -350,7 +349,7 @@ void DataFileTest::aFullDiskLeavesTheOldFileWhole()
     QCOMPARE(end.report, *encodePayload(stateNumber(4)));
 }
 
-void DataFileTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
+void DataFileTest::aSmallerStateIsSavedOnAFullDisk()
 {
     QVERIFY(QDir().mkpath(folder()));
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -375,7 +374,7 @@ void DataFileTest::onAFullDiskASmallerStateStillReplacesTheOldOne()
     QCOMPARE(end.report, *encodePayload(stateNumber(4)));
 }
 
-void DataFileTest::aFullDiskLeavesNoFileWhereNoneWas()
+void DataFileTest::aFullDiskLeavesNoPartialFile()
 {
     QVERIFY(QDir().mkpath(folder()));
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -393,7 +392,7 @@ void DataFileTest::aFullDiskLeavesNoFileWhereNoneWas()
     QCOMPARE(end.report, QByteArray());
 }
 
-void DataFileTest::aReadOnlyFileSystemLeavesTheOldFileWhole()
+void DataFileTest::aReadOnlyFileSystemKeepsTheOldFile()
 {
     save(stateNumber(3));
     const auto end = test::runInChild([&]() -> QByteArray {
@@ -413,16 +412,16 @@ void DataFileTest::aReadOnlyFileSystemLeavesTheOldFileWhole()
     QCOMPARE(end.report, *encodePayload(stateNumber(3)));
 }
 
-void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace_data()
+void DataFileTest::inAReadOnlyFolderTheFileIsWrittenInPlace_data()
 {
     QTest::addColumn<int>("before");
     QTest::addColumn<int>("after");
     QTest::newRow("longer") << 4 << 6;
     QTest::newRow("shorter") << 6 << 4;
-    QTest::newRow("of the same length") << 4 << 11;
+    QTest::newRow("equally long") << 4 << 11;
 }
 
-void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
+void DataFileTest::inAReadOnlyFolderTheFileIsWrittenInPlace()
 {
     QFETCH(int, before);
     QFETCH(int, after);
@@ -430,15 +429,15 @@ void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
     const QByteArray home = QFile::encodeName(m_dataHome->path());
     const QByteArray path = QFile::encodeName(folder());
     const auto end = test::runInChild([&]() -> QByteArray {
-        // Permissions mean nothing to root.
+        // Permissions do not restrict root.
         if (::geteuid() == 0) {
             const QByteArray file = QFile::encodeName(dataFile());
             for (const QByteArray& owned : {home, path, file}) {
-                if (::chown(owned.constData(), nobody, nobody) != 0) {
+                if (::chown(owned.constData(), unprivilegedUser, unprivilegedUser) != 0) {
                     return "no other owner";
                 }
             }
-            if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) {
+            if (::setgid(unprivilegedUser) != 0 || ::setuid(unprivilegedUser) != 0) {
                 return "no other user";
             }
             ::prctl(PR_SET_DUMPABLE, 1);
@@ -457,7 +456,7 @@ void DataFileTest::inAFolderThatTakesNoFileTheOldOneIsWrittenInPlace()
     QCOMPARE(end.report, *encodePayload(stateNumber(after)));
 }
 
-void DataFileTest::anObstructedTemporaryFileDoesNotKeepFromSaving()
+void DataFileTest::anObstructedTemporaryFileDoesNotPreventSaving()
 {
     QVERIFY(QDir().mkpath(temporaryFile()));
     save(stateNumber(1));

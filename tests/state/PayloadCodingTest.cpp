@@ -71,7 +71,7 @@ Payload wholePayload()
     return {{ocean, unnamed}, {brand}, ColorFormat::CssVar};
 }
 
-/// A file with one colour and one collection, in which `from` stands as `to`.
+/// A file with one colour and one collection in which `from` is replaced by `to`; empty when `from` does not occur.
 QByteArray changed(const QByteArray& from, const QByteArray& to)
 {
     static const QByteArray small =
@@ -99,14 +99,14 @@ class PayloadCodingTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPayloadIsWrittenKeyByKey();
-    void anEmptyPayloadIsWritten();
-    void aFileOfAnEarlierVersionIsWrittenBackByteForByte();
+    void aPayloadIsEncoded();
+    void anEmptyPayloadIsEncoded();
+    void aFileOfAnEarlierVersionIsReproducedExactly();
     void numbersHaveAFractionOrAnExponent_data();
     void numbersHaveAFractionOrAnExponent();
     void textsAreEscaped_data();
     void textsAreEscaped();
-    void aWrittenPayloadIsReadBack();
+    void anEncodedPayloadIsDecoded();
     void acceptedTexts_data();
     void acceptedTexts();
     void refusedTexts_data();
@@ -115,36 +115,37 @@ private Q_SLOTS:
     void everyRequiredKeyIsRequired();
     void everyValueHasItsType_data();
     void everyValueHasItsType();
-    void numbersReadBackToTheSameValue_data();
-    void numbersReadBackToTheSameValue();
-    void anyNumberOfJsonIsAComponent_data();
-    void anyNumberOfJsonIsAComponent();
-    void datesAreCutToTheSecondInUtc_data();
-    void datesAreCutToTheSecondInUtc();
+    void numbersRoundTrip_data();
+    void numbersRoundTrip();
+    void anyJsonNumberIsAComponent_data();
+    void anyJsonNumberIsAComponent();
+    void datesAreTruncatedToSecondsInUtc_data();
+    void datesAreTruncatedToSecondsInUtc();
     void acceptedAndRefusedDates_data();
     void acceptedAndRefusedDates();
-    void namesReadBackAsTheyWere_data();
-    void namesReadBackAsTheyWere();
-    void aNullNameIsNoName();
-    void ofARepeatedKeyTheLastCounts();
-    void whatJsonCannotHoldIsNotWritten();
-    void everyCutOffFileIsRefused();
-    void deepAndWideFilesAreHarmless();
+    void namesRoundTrip_data();
+    void namesRoundTrip();
+    void aNullNameMeansNoName();
+    void theLastOfRepeatedKeysCounts();
+    void valuesWithoutJsonFormAreNotEncoded();
+    void everyTruncatedFileIsRefused();
+    void deeplyNestedAndLargeFilesDoNotCrash();
 };
 
-void PayloadCodingTest::aPayloadIsWrittenKeyByKey()
+void PayloadCodingTest::aPayloadIsEncoded()
 {
     QCOMPARE(encodePayload(wholePayload()), wholeFile);
 }
 
-void PayloadCodingTest::anEmptyPayloadIsWritten()
+void PayloadCodingTest::anEmptyPayloadIsEncoded()
 {
     QCOMPARE(encodePayload({}),
              QByteArray("{\n  \"history\": [],\n  \"collections\": [],\n  \"defaultFormat\": \"HEX\"\n}"));
 }
 
-// The earlier version wrote the text piece by piece. The file holds numbers of every form and texts with every escape.
-void PayloadCodingTest::aFileOfAnEarlierVersionIsWrittenBackByteForByte()
+// Earlier versions wrote the text without a JSON library. The file has numbers of every form and texts with every
+// escape.
+void PayloadCodingTest::aFileOfAnEarlierVersionIsReproducedExactly()
 {
     QFile file(QStringLiteral(DATA_FILE_FIXTURE));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -188,7 +189,7 @@ void PayloadCodingTest::textsAreEscaped_data()
         << QStringLiteral("a\u0001\u001F\u007F") << QByteArray("\"a\\u0001\\u001f\x7F\"");
     QTest::newRow("beyond the basic plane")
         << QStringLiteral("\U0001F3A8") << QByteArray("\"\xF0\x9F\x8E\xA8\"");
-    QTest::newRow("half a character") << QString(QChar(0xD83D)) << QByteArray("\"?\"");
+    QTest::newRow("lone surrogate") << QString(QChar(0xD83D)) << QByteArray("\"?\"");
 }
 
 void PayloadCodingTest::textsAreEscaped()
@@ -200,7 +201,7 @@ void PayloadCodingTest::textsAreEscaped()
     QVERIFY(encodePayload(payload)->contains("\"name\": " + json + ",\n"));
 }
 
-void PayloadCodingTest::aWrittenPayloadIsReadBack()
+void PayloadCodingTest::anEncodedPayloadIsDecoded()
 {
     QCOMPARE(decodePayload(wholeFile), wholePayload());
     QCOMPARE(decodePayload(*encodePayload({})), Payload());
@@ -225,7 +226,7 @@ void PayloadCodingTest::acceptedTexts_data()
     QTest::newRow("empty name") << changed("\"Brand\"", "\"\"");
     QTest::newRow("no members") << changed(R"(["0BD3F0A0-7C65-4B8E-9C5E-5D1F6A3B2C10"])", "[]");
     QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + changed("", "");
-    QTest::newRow("nested as deep as is read")
+    QTest::newRow("nested to the limit")
         << changed("{\"history\"", "{\"x\":" + QByteArray(63, '[') + QByteArray(63, ']') + ",\"history\"");
 }
 
@@ -242,8 +243,8 @@ void PayloadCodingTest::refusedTexts_data()
     row("nothing", "");
     row("white space", " \n");
     row("zero byte", QByteArray(1, '\0'));
-    row("zero bytes after the text", changed("", "") + QByteArray(8, '\0'));
-    row("text after the text", changed("", "") + "{}");
+    row("zero bytes after the object", changed("", "") + QByteArray(8, '\0'));
+    row("text after the object", changed("", "") + "{}");
     row("an array", "[" + changed("", "") + "]");
     row("a string", "\"history\"");
     row("a number", "1");
@@ -287,16 +288,16 @@ void PayloadCodingTest::refusedTexts_data()
     row("id with full-width digits", changed("5D1F6A3B2C10", "5D1F6A3B2C1\xEF\xBC\x90"));
     row("id with blanks", changed("0BD3F0A0-7C65", " BD3F0A0-7C65"));
     row("empty id", changed("0BD3F0A0-7C65-4B8E-9C5E-5D1F6A3B2C10", ""));
-    row("member that is no id", changed(R"("colorIds":[)", R"("colorIds":["Ocean",)"));
+    row("member that is not an id", changed(R"("colorIds":[)", R"("colorIds":["Ocean",)"));
     row("member null", changed(R"("colorIds":[)", R"("colorIds":[null,)"));
     row("colour null", changed(R"("history":[)", R"("history":[null,)"));
     row("colour in a list", changed(R"("history":[)", R"("history":[[],)"));
     row("collection that is a number", changed(R"("collections":[)", R"("collections":[1,)"));
     row("name that is a number", changed("\"Ocean\"", "7"));
     row("name that is false", changed("\"Ocean\"", "false"));
-    row("nested deeper than is read",
+    row("nested beyond the limit",
         changed("{\"history\"", "{\"x\":" + QByteArray(64, '[') + QByteArray(64, ']') + ",\"history\""));
-    row("larger than is read", changed("", "") + QByteArray(largestPayload, ' '));
+    row("too large", changed("", "") + QByteArray(largestPayload, ' '));
 }
 
 void PayloadCodingTest::refusedTexts()
@@ -322,7 +323,7 @@ void PayloadCodingTest::everyRequiredKeyIsRequired()
 {
     QFETCH(QByteArray, key);
     QFETCH(bool, required);
-    // Under another name the key is missing, and the text is otherwise the same.
+    // The text with the key renamed is valid apart from the missing key.
     const QByteArray quoted = '"' + key + (key.contains('"') ? "" : "\"");
     const QByteArray text = changed(quoted, "\"no-" + quoted.sliced(1));
     QVERIFY(!text.isEmpty());
@@ -359,7 +360,7 @@ void PayloadCodingTest::everyValueHasItsType()
     }
 }
 
-void PayloadCodingTest::numbersReadBackToTheSameValue_data()
+void PayloadCodingTest::numbersRoundTrip_data()
 {
     QTest::addColumn<double>("value");
     for (const double value : {0.0,
@@ -387,7 +388,7 @@ void PayloadCodingTest::numbersReadBackToTheSameValue_data()
     }
 }
 
-void PayloadCodingTest::numbersReadBackToTheSameValue()
+void PayloadCodingTest::numbersRoundTrip()
 {
     QFETCH(double, value);
     const auto decoded = decodePayload(*encodePayload(payloadOf(value)));
@@ -395,7 +396,7 @@ void PayloadCodingTest::numbersReadBackToTheSameValue()
     QCOMPARE(std::bit_cast<std::uint64_t>(decoded->history.first().red), std::bit_cast<std::uint64_t>(value));
 }
 
-void PayloadCodingTest::anyNumberOfJsonIsAComponent_data()
+void PayloadCodingTest::anyJsonNumberIsAComponent_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<double>("value");
@@ -407,10 +408,10 @@ void PayloadCodingTest::anyNumberOfJsonIsAComponent_data()
                           << 1.0 / 3;
     QTest::newRow("largest 64-bit integer") << QByteArray("18446744073709551615") << 18446744073709551616.0;
     QTest::newRow("integer beyond 64 bits") << QByteArray("100000000000000000000000") << 1e23;
-    QTest::newRow("too small to tell from zero") << QByteArray("1e-400") << 0.0;
+    QTest::newRow("rounds to zero") << QByteArray("1e-400") << 0.0;
 }
 
-void PayloadCodingTest::anyNumberOfJsonIsAComponent()
+void PayloadCodingTest::anyJsonNumberIsAComponent()
 {
     QFETCH(QByteArray, text);
     QFETCH(double, value);
@@ -419,7 +420,7 @@ void PayloadCodingTest::anyNumberOfJsonIsAComponent()
     QCOMPARE(decoded->history.first().red, value);
 }
 
-void PayloadCodingTest::datesAreCutToTheSecondInUtc_data()
+void PayloadCodingTest::datesAreTruncatedToSecondsInUtc_data()
 {
     QTest::addColumn<QDateTime>("date");
     QTest::addColumn<QByteArray>("text");
@@ -437,7 +438,7 @@ void PayloadCodingTest::datesAreCutToTheSecondInUtc_data()
                                  << QByteArray("9999-12-31T23:59:59Z");
 }
 
-void PayloadCodingTest::datesAreCutToTheSecondInUtc()
+void PayloadCodingTest::datesAreTruncatedToSecondsInUtc()
 {
     QFETCH(QDateTime, date);
     QFETCH(QByteArray, text);
@@ -503,7 +504,7 @@ void PayloadCodingTest::acceptedAndRefusedDates()
     QCOMPARE(decodePayload(changed("2025-01-02T03:04:05Z", text)).has_value(), accepted);
 }
 
-void PayloadCodingTest::namesReadBackAsTheyWere_data()
+void PayloadCodingTest::namesRoundTrip_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("empty") << QStringLiteral("");
@@ -516,7 +517,7 @@ void PayloadCodingTest::namesReadBackAsTheyWere_data()
     QTest::newRow("right to left") << QStringLiteral("أزرق");
 }
 
-void PayloadCodingTest::namesReadBackAsTheyWere()
+void PayloadCodingTest::namesRoundTrip()
 {
     QFETCH(QString, name);
     Payload payload = wholePayload();
@@ -525,20 +526,20 @@ void PayloadCodingTest::namesReadBackAsTheyWere()
     QCOMPARE(decodePayload(*encodePayload(payload)), payload);
 }
 
-void PayloadCodingTest::aNullNameIsNoName()
+void PayloadCodingTest::aNullNameMeansNoName()
 {
     const auto decoded = decodePayload(changed("\"Ocean\"", "null"));
     QVERIFY(decoded.has_value());
     QVERIFY(!decoded->history.first().customName.has_value());
 }
 
-void PayloadCodingTest::ofARepeatedKeyTheLastCounts()
+void PayloadCodingTest::theLastOfRepeatedKeysCounts()
 {
     QCOMPARE(decodePayload(changed("\"red\":0.1", "\"red\":0.1,\"red\":0.9"))->history.first().red, 0.9);
     QVERIFY(!decodePayload(changed("\"red\":0.1", "\"red\":0.1,\"red\":null")).has_value());
 }
 
-void PayloadCodingTest::whatJsonCannotHoldIsNotWritten()
+void PayloadCodingTest::valuesWithoutJsonFormAreNotEncoded()
 {
     QVERIFY(encodePayload(payloadOf(7.5)).has_value());
     QVERIFY(!encodePayload(payloadOf(std::numeric_limits<double>::infinity())).has_value());
@@ -554,21 +555,20 @@ void PayloadCodingTest::whatJsonCannotHoldIsNotWritten()
     tooLarge.collections.first().name = QString(largestPayload, u'x');
     QVERIFY(!encodePayload(tooLarge).has_value());
 
-    // Half a character from another program's text becomes the replacement character rather than an
-    // unreadable file.
+    // A lone surrogate from another program becomes the replacement character, so that the file stays readable.
     Payload halfACharacter = wholePayload();
     halfACharacter.collections.first().name = QChar(0xD83D);
     QVERIFY(decodePayload(*encodePayload(halfACharacter)).has_value());
 }
 
-void PayloadCodingTest::everyCutOffFileIsRefused()
+void PayloadCodingTest::everyTruncatedFileIsRefused()
 {
     for (qsizetype length = 0; length < wholeFile.size(); ++length) {
         QVERIFY(!decodePayload(wholeFile.first(length)).has_value());
     }
 }
 
-void PayloadCodingTest::deepAndWideFilesAreHarmless()
+void PayloadCodingTest::deeplyNestedAndLargeFilesDoNotCrash()
 {
     QVERIFY(!decodePayload(QByteArray(largestPayload, '[')).has_value());
     QVERIFY(!decodePayload(QByteArray(R"({"a":)").repeated(1'000'000)).has_value());

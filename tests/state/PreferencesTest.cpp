@@ -29,34 +29,34 @@ class PreferencesTest final : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void nothingStoredReadsAsTheDefaults();
-    void loupeSidesInPoints();
-    void readingTheStore_data();
-    void readingTheStore();
-    void aValueOfAnotherTypeReadsAsTheDefault_data();
-    void aValueOfAnotherTypeReadsAsTheDefault();
-    void writingReachesTheFileAtOnce();
-    void whatIsWrittenIsReadBack();
-    void writingTheStoredValueAgainLeavesTheFile();
+    void defaultsAreUsedWhenNothingIsStored();
+    void loupeSizesHaveSidesInPoints();
+    void storedValuesAreRead_data();
+    void storedValuesAreRead();
+    void aValueOfAnotherTypeGivesTheDefault_data();
+    void aValueOfAnotherTypeGivesTheDefault();
+    void setValuesAreWrittenAtOnce();
+    void writtenValuesAreReadBack();
+    void settingTheStoredValueDoesNotWrite();
     void eachChangeIsSignalledOnce();
     void appearancesCycle();
     void anUnknownAppearanceCyclesToLight();
-    void anUnknownWordStaysStored();
+    void anUnknownWordIsKept();
     void theSystemWideFileIsAFallbackForEveryKey();
     void shortcutTextsAreStoredByName();
     void anEditFromOutsideIsNoticed_data();
     void anEditFromOutsideIsNoticed();
     void aFolderThatIsCreatedLaterIsNoticed();
-    void everyOfSeveralEditsIsNoticed();
+    void eachOfSeveralEditsIsNoticed();
     void aGetterReadsNoFile();
-    void anOldEmptyLockIsRemovedAndNoOther_data();
-    void anOldEmptyLockIsRemovedAndNoOther();
+    void onlyAnOldEmptyLockIsRemoved_data();
+    void onlyAnOldEmptyLockIsRemoved();
 
 private:
     void store(const QByteArray& lines);
     [[nodiscard]] QSettings systemSettings() const;
 
-    // QSettings looks for its folders once in a process, so that all tests share them.
+    // QSettings determines its folders once per process, so all tests share them.
     QTemporaryDir m_configHome;
     QTemporaryDir m_systemConfig;
     QString m_path;
@@ -90,13 +90,13 @@ void PreferencesTest::store(const QByteArray& lines)
     QFile file(m_path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[General]\n" + lines + '\n');
-    // QSettings detects other content by size and time, and two rows can be written within one tick of the file system's
+    // QSettings detects changed files by size and time. Two rows can be written within one tick of the file system's
     // clock.
     m_writtenAt = m_writtenAt.addSecs(1);
     QVERIFY(file.flush() && file.setFileTime(m_writtenAt, QFileDevice::FileModificationTime));
 }
 
-void PreferencesTest::nothingStoredReadsAsTheDefaults()
+void PreferencesTest::defaultsAreUsedWhenNothingIsStored()
 {
     const Preferences preferences;
     QCOMPARE(preferences.colorScheme(), ColorSchemeChoice::Auto);
@@ -107,14 +107,14 @@ void PreferencesTest::nothingStoredReadsAsTheDefaults()
     QVERIFY(!QFile::exists(m_path));
 }
 
-void PreferencesTest::loupeSidesInPoints()
+void PreferencesTest::loupeSizesHaveSidesInPoints()
 {
     QCOMPARE(loupeSide(LoupeSize::Small), 100.0);
     QCOMPARE(loupeSide(LoupeSize::Medium), 130.0);
     QCOMPARE(loupeSide(LoupeSize::Large), 160.0);
 }
 
-void PreferencesTest::readingTheStore_data()
+void PreferencesTest::storedValuesAreRead_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<ColorSchemeChoice>("scheme");
@@ -170,7 +170,7 @@ void PreferencesTest::readingTheStore_data()
     radius("scopeDefaultRadius=4, 11", 7);
 }
 
-void PreferencesTest::readingTheStore()
+void PreferencesTest::storedValuesAreRead()
 {
     QFETCH(QByteArray, line);
     QFETCH(ColorSchemeChoice, scheme);
@@ -185,7 +185,7 @@ void PreferencesTest::readingTheStore()
     QCOMPARE(preferences.loupeRadius(), radius);
 }
 
-void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault_data()
+void PreferencesTest::aValueOfAnotherTypeGivesTheDefault_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::newRow("true") << QVariant(true);
@@ -195,7 +195,7 @@ void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault_data()
     QTest::newRow("nothing") << QVariant();
 }
 
-void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault()
+void PreferencesTest::aValueOfAnotherTypeGivesTheDefault()
 {
     QFETCH(QVariant, value);
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Tintwick"),
@@ -211,7 +211,7 @@ void PreferencesTest::aValueOfAnotherTypeReadsAsTheDefault()
     QCOMPARE(preferences.loupeRadius(), 7);
 }
 
-void PreferencesTest::writingReachesTheFileAtOnce()
+void PreferencesTest::setValuesAreWrittenAtOnce()
 {
     Preferences preferences;
     preferences.setColorScheme(ColorSchemeChoice::Dark);
@@ -220,7 +220,7 @@ void PreferencesTest::writingReachesTheFileAtOnce()
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=dark\nscopeDefaultRadius=11\n"));
 }
 
-void PreferencesTest::whatIsWrittenIsReadBack()
+void PreferencesTest::writtenValuesAreReadBack()
 {
     Preferences preferences;
     preferences.setColorScheme(ColorSchemeChoice::Light);
@@ -244,7 +244,7 @@ void PreferencesTest::whatIsWrittenIsReadBack()
                                            "scopePhysicalSize=small\nscopeShape=square\n"));
 }
 
-void PreferencesTest::writingTheStoredValueAgainLeavesTheFile()
+void PreferencesTest::settingTheStoredValueDoesNotWrite()
 {
     store("colorSchemePref=dark\nscopeDefaultRadius=11");
     const QDateTime written = QFileInfo(m_path).lastModified();
@@ -274,7 +274,7 @@ void PreferencesTest::eachChangeIsSignalledOnce()
     preferences.setShortcutText(QStringLiteral("pick"), std::nullopt);
     QCOMPARE(shortcut.count(), 2);
     QCOMPARE(shortcut.first().first().toString(), QStringLiteral("pick"));
-    // The watcher reports these writes too; they change nothing.
+    // The watcher reports these writes again. They change nothing.
     QCoreApplication::processEvents();
     QCOMPARE(scheme.count() + loupe.count() + shortcut.count(), 6);
 }
@@ -294,7 +294,7 @@ void PreferencesTest::anUnknownAppearanceCyclesToLight()
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=light\n"));
 }
 
-void PreferencesTest::anUnknownWordStaysStored()
+void PreferencesTest::anUnknownWordIsKept()
 {
     store("colorSchemePref=sepia\nscopePhysicalSize=huge");
     Preferences preferences;
@@ -331,7 +331,7 @@ void PreferencesTest::shortcutTextsAreStoredByName()
 {
     store("KeyboardShortcuts_list=a, b");
     Preferences preferences;
-    // A list is stored, but it is no text.
+    // A list is stored, but it is not a text.
     QCOMPARE(preferences.shortcutText(QStringLiteral("list")), QString());
     const QString text = QStringLiteral(R"({"carbonKeyCode":96,"carbonModifiers":0})");
     preferences.setShortcutText(QStringLiteral("pick"), text);
@@ -394,7 +394,7 @@ void PreferencesTest::aFolderThatIsCreatedLaterIsNoticed()
     QTRY_COMPARE(preferences.loupeRadius(), 4);
 }
 
-void PreferencesTest::everyOfSeveralEditsIsNoticed()
+void PreferencesTest::eachOfSeveralEditsIsNoticed()
 {
     const Preferences preferences;
     for (const int radius : {4, 11, 100, 9}) {
@@ -416,17 +416,17 @@ void PreferencesTest::aGetterReadsNoFile()
     QCOMPARE(preferences.loupeShape(), LoupeShape::Circle);
 }
 
-void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther_data()
+void PreferencesTest::onlyAnOldEmptyLockIsRemoved_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("ageInSeconds");
     QTest::addColumn<bool>("stays");
     QTest::newRow("empty and old") << QByteArray() << 60 << false;
     QTest::newRow("empty and new") << QByteArray() << 0 << true;
-    QTest::newRow("of a running program") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
+    QTest::newRow("held by a running program") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
 }
 
-void PreferencesTest::anOldEmptyLockIsRemovedAndNoOther()
+void PreferencesTest::onlyAnOldEmptyLockIsRemoved()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const int, ageInSeconds);
