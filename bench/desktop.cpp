@@ -89,7 +89,7 @@ double numberOf(const QString& path, const QByteArray& key)
     return valueOf(path, key).split(' ').first().toDouble();
 }
 
-/// The number that `figure` reads from the folder of each of the process's threads.
+/// Reads a number with `figure` from the /proc folder of each thread of the process.
 using ThreadFigures = QHash<QString, double>;
 
 ThreadFigures ofThreads(qint64 process, const std::function<double(const QString& folder)>& figure)
@@ -113,7 +113,7 @@ double processorTime(qint64 process)
     return std::accumulate(times.begin(), times.end(), 0.0);
 }
 
-/// How often each thread was woken: each wake-up ends with one voluntary context switch.
+/// The number of wake-ups of each thread. Each wake-up ends with one voluntary context switch.
 ThreadFigures wakeUps(qint64 process)
 {
     return ofThreads(process, [](const QString& folder) {
@@ -127,14 +127,14 @@ double wakeUpsBetween(const ThreadFigures& before, const ThreadFigures& after)
     for (auto thread = after.begin(); thread != after.end(); ++thread) {
         sum += thread.value() - before.value(thread.key());
     }
-    // A thread that ended was woken for that.
+    // The end of a thread is one wake-up.
     for (auto thread = before.begin(); thread != before.end(); ++thread) {
         sum += after.contains(thread.key()) ? 0 : 1;
     }
     return sum;
 }
 
-/// Returns when the program has finished its work after the start.
+/// Returns when the program has finished its work at the start.
 void waitForRest(qint64 process)
 {
     constexpr int enough = 2000;
@@ -308,7 +308,7 @@ double processorTimePerMove(PrivateDesktop& desktop, TintwickProcess& program)
     return (processorTime(process) - before) / count;
 }
 
-/// A thousand moves a second for ten seconds, then the time until the loupe shows where they ended.
+/// Sends a thousand moves a second for ten seconds, then measures the time until the loupe shows the last position.
 double backlogTime(PrivateDesktop& desktop, TintwickProcess& program, QPoint last, QRgb colorThere)
 {
     constexpr int count = 10000;

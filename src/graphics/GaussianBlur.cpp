@@ -53,7 +53,7 @@ QImage blurred(const QImage& alpha, const GaussianBlur& blur)
     const int downReach = reach + static_cast<int>(std::ceil(std::abs(blur.offsetY)));
     const std::vector<float> down = gaussian(downReach, sigma, -blur.offsetY);
 
-    // Both directions add up whole rows, because such loops vectorise.
+    // Both passes add up whole rows, because such loops vectorise.
     std::vector<float> rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0.0F);
     const auto row = [&](int y) { return rows.data() + static_cast<std::ptrdiff_t>(y) * width; };
     std::vector<float> padded(static_cast<std::size_t>(width + 2 * reach), 0.0F);

@@ -8,16 +8,16 @@ namespace tintwick {
 struct GaussianBlur
 {
     double standardDeviation = 0;
-    /// Moves the result down; fractions of a pixel are exact.
+    /// Moves the result down; may be fractional.
     double offsetY = 0;
-    /// The factor, 0 to 1, that the blurred values are multiplied with.
+    /// The factor of the blurred values, 0 to 1.
     double opacity = 1;
 
-    /// How far the blur is visible: beyond three standard deviations it is less than one step of a byte.
+    /// The distance at which the blur ends: beyond three standard deviations it is less than one step of a byte.
     [[nodiscard]] int reach() const;
 };
 
-/// Blurs a picture of format Format_Alpha8. The result has the same size and format; what would lie outside is cut off.
+/// Blurs an image of Format_Alpha8. The result has the same size and format; pixels outside are clipped.
 [[nodiscard]] QImage blurred(const QImage& alpha, const GaussianBlur& blur);
 
 } // namespace tintwick

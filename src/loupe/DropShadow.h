@@ -14,7 +14,7 @@ struct DropShadow
     double opacity = 0;
 };
 
-/// The shadow of `shape` (Format_Alpha8) as an image of the same size and format. What would lie outside is cut off.
+/// The shadow of `shape` (Format_Alpha8) as an image of the same size and format. Pixels outside are clipped.
 [[nodiscard]] QImage shadowOf(const QImage& shape, const DropShadow& shadow);
 
 } // namespace tintwick

@@ -15,8 +15,8 @@ namespace {
 // Lengths in points.
 constexpr DropShadow ringShadow{.offsetY = 4, .blur = 16, .opacity = 0.55};
 constexpr DropShadow pillShadow{.offsetY = 2, .blur = 8, .opacity = 0.35};
-// The shadows are wider than the picture, so towards its edges they fade: a cut shadow would show the picture's square
-// corners on a light desktop.
+// The shadows are wider than the image, so they fade out towards its edges. A clipped shadow would show the corners of
+// the image on a light desktop.
 constexpr double shadowFade = 6;
 constexpr double gridLineWidth = 0.5;
 constexpr double centerOutlineWidth = 1.5;
@@ -147,8 +147,8 @@ QPainterPath LoupeArtwork::ringPath() const
 
 QPainterPath LoupeArtwork::lensOpening() const
 {
-    // One pixel wider than the cells' area: the ring covers that pixel, and no half-transparent seam is left
-    // where the antialiased edges of the ring and the opening would meet.
+    // One pixel wider than the area of the cells. The ring covers that pixel, so no translucent seam appears where the
+    // antialiased edges of the ring and the opening meet.
     constexpr double overlap = 1;
     const QRectF rect = m_geometry.inner().adjusted(-overlap, -overlap, overlap, overlap);
     QPainterPath path;
@@ -179,7 +179,7 @@ void LoupeArtwork::strokeRing(QPainter& painter) const
 
 void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
 {
-    // A line takes whole pixels and as much less opacity as it became wider: crisp, with the same ink.
+    // A line is drawn in whole pixels. Its opacity decreases in proportion to the added width.
     const double exactWidth = gridLineWidth * m_geometry.scale();
     const int width = std::max(1, qRound(exactWidth));
     const QColor color = gray(0, 0.13 * exactWidth / width);
@@ -188,7 +188,7 @@ void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
 
     painter.save();
     painter.setClipPath(lensOpening());
-    // Where lines cross they are not to add up.
+    // Crossing lines must not add up.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (int i = 1; i < count; ++i) {
         // On the side away from the middle, so that the centre cell keeps all its pixels.
@@ -202,8 +202,8 @@ void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
 
 void LoupeArtwork::drawCenterOutlines(QPainter& painter, int count) const
 {
-    // A dark line on the cell's edge, half of it on either side, and a light one showing half as wide around
-    // it. An odd pixel goes outside, and however small the cell is, its colour stays visible in the middle.
+    // A dark line centred on the edge of the cell, and a light line of half its width around it. An odd pixel is drawn
+    // outside. The colour of the cell stays visible in the middle at any size.
     const QRect cell = m_geometry.centerCell(count);
     const int dark = qRound(centerOutlineWidth * m_geometry.scale());
     const int inside = std::min(dark / 2, (cell.width() - 1) / 2);

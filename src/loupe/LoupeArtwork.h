@@ -11,8 +11,7 @@ class QPainterPath;
 
 namespace tintwick {
 
-/// The parts of the loupe's picture that do not depend on the colours shown, each drawn as an image of the
-/// whole picture's size.
+/// The parts of the loupe's image that do not depend on live colours. Each is an image of the size of the whole.
 class LoupeArtwork final
 {
 public:
@@ -20,9 +19,9 @@ public:
 
     /// Below the live colours: the ring with its shadow, and the pill's shadow. Premultiplied ARGB32.
     [[nodiscard]] QImage below() const;
-    /// Where live colours are seen: inside the ring, and in the pill. Alpha8.
+    /// The areas of live colours: inside the ring, and in the pill. Alpha8.
     [[nodiscard]] QImage opening() const;
-    /// Above the cells: grid lines for `count` cells a side, the centre cell's outlines, the ring.
+    /// Above the cells: the grid lines of `count` cells per side, the outlines of the centre cell, and the ring.
     /// Premultiplied ARGB32.
     [[nodiscard]] QImage aboveLens(int count) const;
     /// Above the pill's colour: its outline. Premultiplied ARGB32.

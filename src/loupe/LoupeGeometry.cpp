@@ -9,11 +9,11 @@ namespace tintwick {
 
 namespace {
 
-/// Halves go down, that is away from the middle for positions in the lens's first half: the centre cell is
-/// never the one that loses a pixel.
+/// Rounds halves down, which is away from the middle in the first half of the lens, so that the centre cell never
+/// becomes smaller.
 int nearestPixel(double position)
 {
-    // Positions that are halves in exact arithmetic miss it by a few ulps, to either side.
+    // Rounding errors move exact halves by a few ulps to either side.
     constexpr double tolerance = 1e-9;
     return static_cast<int>(std::ceil(position - 0.5 - tolerance));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-// The geometry of the loupe's picture and its place on the screen. All lengths are physical pixels and y counts downwards,
-// except where points are named. In the picture the lens is the square at the top and the pill the strip at the bottom; the
-// gap between them is empty.
+// The geometry of the loupe's image and its position on the screen. All lengths are physical pixels unless points are
+// stated, and y is downwards. The lens is the square at the top of the image and the pill is the strip at the bottom.
+// The gap between them is empty.
 
 #include <QPointF>
 #include <QRect>
@@ -23,13 +23,13 @@ inline constexpr double infoHeight = 46;
 inline constexpr double gap = 10;
 inline constexpr double screenMargin = 4;
 
-/// How many cells a side of the grid shows while no pixels are known.
+/// The number of cells per side when there are no pixels.
 inline constexpr int emptyGridSide = 15;
 
 } // namespace loupe
 
-/// The loupe's picture at one size and scale. Outer edges, cells and the centre cell lie on whole pixels; the
-/// ring keeps its exact width. Everything is mirror-symmetric about the lens's middle.
+/// The loupe's image at one size and scale. Outer edges, cells and the centre cell lie on whole pixels. The ring keeps
+/// its exact width. Everything is symmetric about the centre of the lens.
 class LoupeGeometry final
 {
 public:
@@ -39,17 +39,16 @@ public:
     [[nodiscard]] double scale() const { return m_scale; }
     [[nodiscard]] QSize size() const { return m_size; }
     [[nodiscard]] QRect lens() const;
-    /// What the ring leaves free of the lens: the cells' area.
+    /// The area of the cells: the lens without the ring.
     [[nodiscard]] QRectF inner() const;
     [[nodiscard]] QRect pill() const;
 
-    /// The exact side of one cell when a side of the grid has `count` of them.
+    /// The exact side of one cell in a grid of `count` cells per side.
     [[nodiscard]] double cellSide(int count) const;
-    /// Where cells begin and end along a side of the lens, the same in both directions: `count` + 1
-    /// ascending positions. The outermost ones are the lens's own edges, so that no gap can open below the
-    /// ring.
+    /// The edges of the cells along one side of the lens, the same in both directions: `count` + 1 ascending positions.
+    /// The outermost ones are the edges of the lens, so that no gap appears below the ring.
     [[nodiscard]] std::vector<int> cellEdges(int count) const;
-    /// The cell in the middle of the lens, whether or not the grid has a cell exactly there.
+    /// The cell in the middle of the lens, also when the grid has no cell exactly there.
     [[nodiscard]] QRect centerCell(int count) const;
 
 private:
@@ -57,9 +56,9 @@ private:
     QSize m_size;
 };
 
-/// The top left corner of a loupe whose lens is centred on the pointer and whose pill hangs below it, moved so far that
-/// `margin` stays free inside the screen. Pointer and result count from the screen's top left corner; the result is not
-/// rounded. Where the loupe does not fit, the left and the bottom margin win.
+/// The top left corner of a loupe whose lens is centred on the pointer, moved so that `margin` stays free inside the
+/// screen. Pointer and result are relative to the screen's top left corner. The result is not rounded. Where the loupe
+/// does not fit, the left and the bottom margin take precedence.
 [[nodiscard]] QPointF loupePlace(QPointF pointer, QSize loupe, QSize screen, double margin);
 
 } // namespace tintwick

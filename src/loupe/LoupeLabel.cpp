@@ -18,12 +18,12 @@ constexpr double hexSize = 13;
 constexpr double nameSize = 10;
 constexpr double lineGap = 3;
 
-/// In pixels; longer than any text here.
+/// In pixels; wider than any text.
 constexpr double unlimitedWidth = 100'000;
 
 QFont labelFont(const QStringList& families, QFont::StyleHint hint, double pixelSize)
 {
-    // At 72 dots per inch a font's points are pixels, and unlike pixel sizes they need not be whole.
+    // At 72 dots per inch a point is a pixel. Unlike pixel sizes, point sizes may be fractional.
     static const QImage device = [] {
         QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
         image.setDotsPerMeterX(2835);
@@ -32,8 +32,8 @@ QFont labelFont(const QStringList& families, QFont::StyleHint hint, double pixel
     }();
     QFont font;
     font.setFamilies(families);
-    // The loupe looks the same whatever the desktop chose for its text; over arbitrary colours coloured
-    // fringes would lie about the colour itself.
+    // The text is independent of the desktop's font settings. Subpixel antialiasing would add colour fringes next to
+    // the sampled colour.
     font.setStyleHint(hint,
                       static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -67,7 +67,7 @@ LoupeLabel::LoupeLabel(double scale)
     : m_gap(lineGap * scale)
     , m_hexFont(hexFont(scale))
     , m_nameFont(nameFont(scale))
-    // The height that ink can take, for all texts alike: a name with a descender must not move the lines.
+    // The maximum height of the ink of all texts, so that a descender does not move the lines.
     , m_hexHeight(QFontMetricsF(m_hexFont).tightBoundingRect(u"0123456789ABCDEF"_s).height())
     , m_nameHeight(QFontMetricsF(m_nameFont).tightBoundingRect(u"Bg"_s).height())
 {
@@ -85,7 +85,7 @@ void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& c
     const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight)) / 2;
     const double bottom = pill.y() + pill.height();
     const auto drawLine = [&](const Line& line, double aboveBottom, const QColor& color) {
-        // Baselines on whole pixels keep the feet of the letters sharp.
+        // Baselines on whole pixels keep the glyphs sharp.
         const QPointF start(middle - line.width / 2, std::round(bottom - aboveBottom));
         painter.setPen(color);
         for (const QGlyphRun& run : line.glyphs) {

@@ -2,7 +2,7 @@
 
 namespace tintwick {
 
-/// What the user chose about the loupe's appearance.
+/// The user's settings for the loupe's appearance.
 struct LoupeLook
 {
     bool isCircle = false;

@@ -94,7 +94,7 @@ void LoupeRenderer::drawLens()
         }
         composeRows(edge[0], edge[1]);
     }
-    // Nothing live shows in the gap above the pill.
+    // No live colour is visible in the gap above the pill.
     composeRows(edges.back(), prepared.geometry.pill().top());
 }
 

@@ -13,7 +13,7 @@
 namespace tintwick {
 
 /// Draws the loupe: the lens with the enlarged pixels, and below it the pill with the colour under the pointer, its
-/// hexadecimal code and its name. It draws pictures only; the caller shows them.
+/// hexadecimal code and its name. It draws images only; the caller shows them.
 class LoupeRenderer final
 {
 public:

@@ -34,7 +34,7 @@ LoupeStencil::LoupeStencil(const QImage& below, const QImage& opening, const QIm
                 return static_cast<float>(topChannel) + clear * (1 - open) * static_cast<float>(baseChannel);
             };
             const int kept = static_cast<int>(255 * clear * open + 0.5F);
-            // The alpha of both shares is rounded as one, so that an opaque place stays opaque.
+            // The alpha of both shares is rounded together, so that an opaque pixel stays opaque.
             const float alpha = fixed(qAlpha(top), qAlpha(base)) + 255 * clear * open;
             const int addedAlpha = std::clamp(static_cast<int>(alpha + 0.5F) - kept, 0, 255 - kept);
             const auto added = [&](int topChannel, int baseChannel) {

@@ -6,13 +6,13 @@
 
 namespace tintwick {
 
-/// A picture with an opening that shows live colours. What is below and above the opening never changes, so it is folded
-/// once into two bytes per channel: the share of the live colour, and what is added to it.
+/// An image with an opening that shows live colours. The layers below and above the opening never change. They are
+/// combined once into two bytes per channel: the weight of the live colour and the constant that is added.
 class LoupeStencil final
 {
 public:
-    /// The given part of three pictures of equal size, bottom to top: `below` and `above` premultiplied ARGB32, between
-    /// them `opening` (Alpha8), the share of each pixel that shows the live colour.
+    /// Combines the given part of three images of equal size: `below` and `above` (premultiplied ARGB32), and `opening`
+    /// (Alpha8) between them, the share of the live colour in each pixel.
     LoupeStencil(const QImage& below, const QImage& opening, const QImage& above, const QRect& part);
 
     [[nodiscard]] int width() const { return m_width; }

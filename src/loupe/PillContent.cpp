@@ -17,7 +17,7 @@ double luminance(QRgb color)
 
 PillContent PillContent::of(QRgb color)
 {
-    // Only the components count for the name; CapturedColor::capture() would create a random id for every frame.
+    // The name depends on the components only. CapturedColor::capture() would create a random id for every frame.
     CapturedColor unnamed;
     unnamed.red = qRed(color) / 255.0;
     unnamed.green = qGreen(color) / 255.0;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr char32_t escapeCharacter = U'\u001B';
 
-/// What a key means to a pick, by the character it types, else by its position.
+/// The action of a key during a pick, by the character it types, else by its position.
 enum class PickKey : std::uint8_t { None, Cancel, Pick, ZoomIn, ZoomOut, Left, Right, Up, Down };
 
 PickKey meaningOf(const KeyPress& press)
@@ -62,7 +62,7 @@ QRect squareAround(QPoint pixel, int radius)
     return {pixel.x() - radius, pixel.y() - radius, 2 * radius + 1, 2 * radius + 1};
 }
 
-/// What the lens shows while the desktop gives no picture.
+/// The content of the lens while the desktop returns no image.
 QImage darkPixels(int side)
 {
     QImage image(side, side, QImage::Format_RGB32);
@@ -95,7 +95,7 @@ void PickSession::refused(const QString& reason)
 
 void PickSession::pointerMoved(const ScreenPosition& position)
 {
-    // A warp of ours is reported too.
+    // Our own warps are reported too.
     if (!m_hasPosition || position != m_position) {
         m_hasPosition = true;
         m_position = position;
@@ -119,7 +119,7 @@ void PickSession::scrolled(ScrollDelta delta)
 
 void PickSession::keyPressed(const KeyPress& press)
 {
-    // Window managers often hold the combinations of Super; Control works everywhere.
+    // Window managers often grab combinations with Super. Control works everywhere.
     const bool zooms = (press.modifiers & (modifier::super | modifier::control)) != 0;
     const int distance = (press.modifiers & modifier::shift) != 0 ? 10 : 1;
     switch (meaningOf(press)) {
@@ -224,7 +224,7 @@ void PickSession::end(const PickOutcome& outcome)
 
 void PickSession::updateLoupe()
 {
-    // Whatever change was reported is in this grab.
+    // This grab contains all changes reported so far.
     m_contentTimer.stop();
     const auto screen = static_cast<std::size_t>(m_position.screen);
     if (!m_hasPosition || screen >= m_session->screens().size()) {

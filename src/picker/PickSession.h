@@ -30,8 +30,8 @@ struct PickOutcome
     friend bool operator==(const PickOutcome&, const PickOutcome&) = default;
 };
 
-/// One pick, from the request to its outcome. Owns the loupe, the zoom and the position: the pixel that the loupe shows is
-/// the pixel that is picked.
+/// One pick, from the request to its outcome. Owns the loupe, the zoom and the position. The pixel in the centre of the
+/// loupe is the picked one.
 class PickSession final : public QObject, private PickingSession::Listener
 {
     Q_OBJECT
@@ -40,20 +40,20 @@ public:
     struct Options
     {
         LoupeLook look;
-        /// Pixels on each side of the middle one when the pick begins; at least 1, not bounded above.
+        /// Pixels on each side of the centre pixel when the pick begins; at least 1, without an upper bound.
         int radius = 7;
-        /// The text that a picked colour puts on the clipboard.
+        /// Returns the clipboard text of a picked colour.
         std::function<QString(QRgb color)> copiedText;
     };
 
-    /// Asks the platform for the pick, which begins from the event loop. The platform must outlive this object.
+    /// Starts the pick on the platform. The pick begins from the event loop. The platform must outlive this object.
     PickSession(Platform& platform, Options options, QObject* parent = nullptr);
 
-    /// Ends the pick without a colour. Does nothing when it has ended.
+    /// Ends the pick without a colour. Does nothing when the pick has ended.
     void cancel();
 
 Q_SIGNALS:
-    /// Emitted once, when the desktop has its input back. The session must not be destroyed from a slot: use deleteLater().
+    /// Emitted once, after the input is released. A slot must not destroy the session; use deleteLater().
     void ended(const tintwick::PickOutcome& outcome);
 
 private:
@@ -69,14 +69,14 @@ private:
     void zoomBy(int steps);
     void pick(const ScreenPosition& position);
     void end(const PickOutcome& outcome);
-    /// Shows the loupe with the pixels that are there now.
+    /// Updates the loupe from the current pixels.
     void updateLoupe();
     [[nodiscard]] QSize screenSize(const ScreenPosition& position) const;
     [[nodiscard]] bool isOnScreen(const ScreenPosition& position) const;
 
     Options m_options;
     bool m_hasEnded = false;
-    /// Whether m_position is known, and with it the loupe shown.
+    /// Whether m_position is known and the loupe is shown.
     bool m_hasPosition = false;
     ScreenPosition m_position;
     int m_radius;

@@ -54,7 +54,7 @@ void Picker::cancel()
 
 void Picker::finish(const PickOutcome& outcome)
 {
-    // The session is still emitting.
+    // The session is still emitting its signal.
     std::exchange(m_session, nullptr)->deleteLater();
     switch (outcome.kind) {
     case PickOutcome::Kind::Picked:

@@ -11,24 +11,24 @@ namespace tintwick {
 class Platform;
 class Preferences;
 
-/// Starts picks, one at a time, and reports how each ends. A picked colour's text is on the clipboard when `picked()` is
-/// emitted, and the desktop has its input back.
+/// Starts picks, one at a time, and reports their outcome. When `picked()` is emitted, the text of the colour is on the
+/// clipboard and the input is released.
 class Picker final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `copiedText` returns the text that a picked colour puts on the clipboard. Platform and preferences must outlive the
-    /// picker; the application object must exist.
+    /// `copiedText` returns the clipboard text of a picked colour. Platform and preferences must outlive the picker.
+    /// The application object must exist.
     Picker(Platform& platform, const Preferences& preferences, std::function<QString(QRgb color)> copiedText,
            QObject* parent = nullptr);
 
-    /// Loads the loupe's fonts, which would delay the first pick.
+    /// Loads the loupe's fonts, so that the first pick does not have to.
     void prepare() const;
 
-    /// Does nothing while a pick is under way. Looks and zoom are those of the preferences now.
+    /// Does nothing during a pick. The current preferences determine the look and the zoom of the loupe.
     void start();
-    /// Ends the pick without a colour; does nothing when there is none.
+    /// Ends the pick without a colour. Does nothing when no pick runs.
     void cancel();
     [[nodiscard]] bool isPicking() const { return m_session != nullptr; }
 
@@ -45,7 +45,7 @@ private:
     Platform& m_platform;
     const Preferences& m_preferences;
     std::function<QString(QRgb color)> m_copiedText;
-    // A child of this object; null while no pick is under way.
+    // A child of this object; null when no pick runs.
     PickSession* m_session = nullptr;
 };
 

@@ -7,20 +7,20 @@
 
 namespace tintwick {
 
-/// Gathers scroll amounts into whole zoom steps; what is not enough for a step is kept for the next event.
+/// Accumulates scroll amounts to whole zoom steps. The remainder is kept for the next event.
 class ScrollAccumulator final
 {
 public:
-    /// Points of scrolling that make one step.
+    /// Points of scrolling for one zoom step.
     static constexpr double pointsPerStep = 5;
-    /// What one notch of a wheel counts for.
+    /// Points that one notch of a wheel counts for.
     static constexpr double pointsPerNotch = 3;
 
-    /// The steps that are complete with this event, positive when scrolling up.
+    /// The zoom steps completed by this event; positive when scrolling up.
     [[nodiscard]] int add(ScrollDelta delta)
     {
         const double points = delta.isPrecise ? delta.amount : delta.amount * pointsPerNotch;
-        // One broken event must not poison the remainder, and with it every event after.
+        // A non-finite amount would make the remainder non-finite, and with it every later result.
         if (!std::isfinite(points)) {
             return 0;
         }
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] double remainder() const { return m_remainder; }
 
 private:
-    /// More than any zoom range has; keeps the number within an int.
+    /// Exceeds every zoom range and keeps the number within an int.
     static constexpr double maximalSteps = 1000;
 
     double m_remainder = 0;

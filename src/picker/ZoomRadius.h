@@ -7,11 +7,11 @@
 
 namespace tintwick::zoomradius {
 
-/// What the user's zooming is kept within: 7 × 7 to 31 × 31 pixels.
+/// The range of the user's zoom: 7 × 7 to 31 × 31 pixels.
 inline constexpr int minimum = 3, maximum = 15;
 
-/// A pick may begin outside those bounds, from a stored preference; beyond this the grid would only cost memory, since
-/// the largest scope has far fewer pixels of its own.
+/// A stored preference may exceed that range. This maximum limits the memory for the grid; the largest loupe has far
+/// fewer pixels.
 inline constexpr int maximumAtStart = 500;
 
 [[nodiscard]] constexpr int atStart(int preferred)

@@ -4,11 +4,11 @@
 
 namespace tintwick {
 
-/// Whether the desktop lets this process read the screen.
+/// Whether this process may read the screen.
 struct CapturePermission
 {
     bool isGranted = true;
-    /// Where the user changes that; empty where the desktop has no such place.
+    /// The place where the user changes the permission; empty where the desktop has none.
     QUrl settings;
 };
 

@@ -38,14 +38,15 @@ public:
         Program,
         /// The user chooses the keys in a dialog of the desktop, see configure().
         DesktopDialog,
-        /// Nobody can choose keys.
+        /// The keys cannot be chosen.
         None,
     };
 
     using QObject::QObject;
 
-    /// Binds the shortcut, or binds it to other keys. `description` tells the user what the shortcut does. The answer may
-    /// come during the call or later: refused() when the shortcut is not bound, changed() when the desktop chose the keys.
+    /// Binds the shortcut, or changes the keys of a bound one. `description` describes the shortcut to the user. Emits
+    /// refused() when the shortcut is not bound and changed() when the desktop chose the keys, during the call or
+    /// later.
     virtual void bind(const QString& id, const QString& description,
                       const std::optional<Shortcut>& preferred) = 0;
     /// Does nothing when the id is not bound.
@@ -53,7 +54,7 @@ public:
 
     [[nodiscard]] virtual KeyChoice keyChoice() const = 0;
     /// Whether the desktop or another program holds the combination now. False for a combination of this program, and
-    /// where the desktop cannot say.
+    /// where the desktop cannot report it.
     [[nodiscard]] virtual bool isTaken(const Shortcut& shortcut) const = 0;
     /// Opens the desktop's dialog. Does nothing when keyChoice() is not DesktopDialog.
     virtual void configure() {}

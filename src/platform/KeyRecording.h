@@ -8,8 +8,8 @@
 
 namespace tintwick {
 
-/// Takes the keyboard of the whole desktop: while a recording runs, keyPressed() reports every key press and no other client
-/// gets it, including combinations that other programs have grabbed. The pointer is not affected.
+/// Grabs the keyboard of the whole desktop. While a recording runs, keyPressed() reports every key press and no other
+/// client receives it, including combinations that other programs have grabbed. The pointer is not affected.
 class KeyRecording : public QObject
 {
     Q_OBJECT

@@ -7,8 +7,8 @@
 
 namespace tintwick {
 
-/// What the keys type in the user's current layout. In a layout without Latin letters, what they type in the layout that
-/// shortcuts are read in.
+/// The characters that the keys type in the user's current layout; for a layout without Latin letters, in the layout
+/// that shortcuts use.
 class KeyboardLayout : public QObject
 {
     Q_OBJECT

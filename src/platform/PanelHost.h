@@ -12,21 +12,22 @@ class QWidget;
 
 namespace tintwick {
 
-/// Where the user asked for the panel.
+/// The place from which the user opened the panel.
 struct PanelAnchor
 {
-    /// The tray icon in points from the top left of the desktop; none where the tray does not report its place.
+    /// The tray icon in points from the top left of the desktop; none where the tray does not report its position.
     std::optional<QRect> icon;
     /// The user clicked the icon, so the pointer is over it.
     bool isClicked = false;
 };
 
-/// The panel as its host sees it: a window without a frame, whose size hint is the size that it prefers.
+/// The panel's window for its host: frameless, with the preferred size as its size hint.
 class PanelWindow
 {
 public:
     [[nodiscard]] virtual QWidget& widget() = 0;
-    /// Called before the window appears. Unless the desktop blends translucent pixels, the window must cut its corners off.
+    /// Called before the window is shown. On a desktop that does not blend translucent pixels, the window must mask its
+    /// corners.
     virtual void setBlended(bool isBlended) = 0;
     /// How far the shadow extends beyond the window, in points.
     [[nodiscard]] virtual QMargins shadowMargins() const = 0;
@@ -47,9 +48,9 @@ class PanelHost : public QObject
 
 public:
     enum class Focus {
-        /// The window that has the keyboard keeps it until the user clicks the panel.
+        /// The active window keeps the keyboard focus until the user clicks the panel.
         Keep,
-        /// The panel takes the keyboard.
+        /// The panel takes the keyboard focus.
         Take,
     };
 
@@ -58,14 +59,14 @@ public:
     /// icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or destroyed.
     virtual void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) = 0;
 
-    /// Shows a hidden panel where it was shown last, without the keyboard.
+    /// Shows a hidden panel at its last position, without taking the keyboard focus.
     virtual void showAgain(PanelWindow& panel) = 0;
 
     /// The name that desktop portals use for a window of ours ("x11:1a0"); empty where windows have none.
     [[nodiscard]] virtual QString portalHandle(const QWidget&) const { return {}; }
 
-    /// False keeps the panel open on clicks elsewhere, for example while a dialog in another process is open. A click
-    /// counts by the state at its press. True at first.
+    /// When false, clicks elsewhere do not dismiss the panel, for example while a dialog of another process is open.
+    /// The value at the press of the button counts. True by default.
     virtual void setDismissible(bool isDismissible) = 0;
 
 Q_SIGNALS:

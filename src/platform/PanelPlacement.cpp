@@ -19,7 +19,7 @@ int bottomEdge(const QRect& rect)
     return rect.y() + rect.height();
 }
 
-/// The lower bound wins where the range is empty.
+/// Clamps a value to a range; returns the lower bound when the range is empty.
 int bounded(int value, int lowest, int highest)
 {
     return std::max(lowest, std::min(value, highest));

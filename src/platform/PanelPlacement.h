@@ -14,7 +14,7 @@ namespace tintwick {
 struct PanelScreen
 {
     QRect frame;
-    /// What bars and docks leave free.
+    /// The area without bars and docks.
     QRect available;
 };
 

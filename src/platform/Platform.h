@@ -12,8 +12,8 @@ class KeyboardLayout;
 class KeyRecording;
 class PanelHost;
 
-/// Everything the program needs of a desktop. One backend is chosen at start and lives as long as the program; what it
-/// offers is used once the application object exists.
+/// Everything the program needs from a desktop. One backend is created at start and lives as long as the program. Its
+/// services may be used once the application object exists.
 class Platform
 {
 public:
@@ -21,15 +21,15 @@ public:
 
     /// Call once, as soon as the application object exists and before the first pick.
     virtual void preparePicking() = 0;
-    /// Starts a pick; the first report, or `refused()`, follows from the event loop. Never returns none. One session at a
-    /// time: end the one before first. The listener must outlive the session.
+    /// Starts a pick; the first report, or `refused()`, follows from the event loop. Never returns null. Only one
+    /// session may run at a time. The listener must outlive the session.
     [[nodiscard]] virtual std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) = 0;
     [[nodiscard]] virtual CapturePermission capturePermission() const = 0;
 
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
-    /// Null when the desktop does not let a program take the keyboard.
+    /// Null where a program cannot grab the keyboard.
     [[nodiscard]] virtual KeyRecording* keyRecording() = 0;
 };
 

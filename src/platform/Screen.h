@@ -9,7 +9,7 @@
 
 namespace tintwick {
 
-/// One monitor, as a pick sees it.
+/// One monitor during a pick.
 struct Screen
 {
     /// In physical pixels.

@@ -6,8 +6,8 @@ namespace tintwick {
 struct ScrollDelta
 {
     double amount = 0;
-    /// True where the amount is in points, as a touchpad's is; otherwise it counts wheel notches, of which a fine wheel
-    /// turns parts.
+    /// True when the amount is in points, as from a touchpad. Otherwise it is in wheel notches, which may be
+    /// fractional.
     bool isPrecise = false;
 
     friend constexpr bool operator==(const ScrollDelta&, const ScrollDelta&) = default;

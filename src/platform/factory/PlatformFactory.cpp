@@ -9,10 +9,10 @@ namespace tintwick {
 
 namespace {
 
-/// Returns none, and one sentence for the user, where the backend does not fit.
+/// Returns null and one sentence for the user when the backend cannot be used.
 using Connect = std::unique_ptr<Platform> (*)(QString& whyNot);
 
-/// The first one that connects is used; where none does, the user reads the sentence of the last one.
+/// The first backend that connects is used. When none does, the message of the last one is reported.
 constexpr Connect backends[] = {&NullPlatform::connect, &X11Platform::connect};
 
 } // namespace

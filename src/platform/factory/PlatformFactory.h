@@ -8,8 +8,8 @@ class QString;
 
 namespace tintwick {
 
-/// Connects to the desktop that the environment names; needs no application object yet. Returns none on a desktop that
-/// cannot be served, and sets `whyNot` to one sentence for the user.
+/// Connects to the desktop that the environment names. Needs no application object. Returns null on an unsupported
+/// desktop and sets `whyNot` to one sentence for the user.
 [[nodiscard]] std::unique_ptr<Platform> createPlatform(QString& whyNot);
 
 } // namespace tintwick

@@ -9,7 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Refuses from the event loop, as every session does.
+/// Refuses the pick from the event loop, as every backend reports.
 class NullPickingSession final : public PickingSession
 {
 public:
@@ -38,7 +38,7 @@ public:
 
 private:
     std::vector<Screen> m_screens;
-    /// Receives the queued refusal; gone with the session.
+    /// Context of the queued refusal. Its destruction drops the refusal.
     QObject m_context;
 };
 

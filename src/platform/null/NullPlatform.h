@@ -29,7 +29,7 @@ public:
     [[nodiscard]] std::optional<QString> characterForKey(int) const override { return std::nullopt; }
 };
 
-/// Shows the panel as an ordinary window, which the toolkit places.
+/// Shows the panel as an ordinary window that the toolkit places.
 class NullPanelHost final : public PanelHost
 {
     Q_OBJECT
@@ -40,12 +40,12 @@ public:
     void setDismissible(bool) override {}
 };
 
-/// A desktop that offers nothing: no pick begins, no shortcut is bound, no key is recorded. Each says so. Used where the
-/// toolkit draws into memory only.
+/// A desktop without any service: picks and shortcuts are refused, keys cannot be recorded. Used where the toolkit
+/// draws into memory only.
 class NullPlatform final : public Platform
 {
 public:
-    /// None where the toolkit shows windows on a desktop.
+    /// Returns null where the toolkit shows windows on a desktop.
     [[nodiscard]] static std::unique_ptr<Platform> connect(QString& whyNot);
 
     void preparePicking() override {}

@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// Whether the window was made by the client whose connection has this setup: its ids are a range of their own.
+/// Whether the window was created by the client with this connection setup. Each client has its own range of ids.
 [[nodiscard]] inline bool isFromClient(xcb_window_t window, const xcb_setup_t& client)
 {
     return (window & ~client.resource_id_mask) == client.resource_id_base;

@@ -4,8 +4,8 @@
 
 namespace tintwick {
 
-/// Calls `grab` until it returns true, for at most 150 ms: another client may hold the device for a moment, for example
-/// while one of its menus closes. Blocks meanwhile. Returns false when every attempt failed.
+/// Calls `grab` until it returns true, for at most 150 ms, because another client may hold the device briefly, for
+/// example while one of its menus closes. Blocks the thread. Returns false when every attempt failed.
 template <typename Grab>
 [[nodiscard]] bool retryGrab(Grab grab)
 {

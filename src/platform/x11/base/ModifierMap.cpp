@@ -116,7 +116,7 @@ int ModifierMap::modifiers(std::uint32_t state) const
     for (const auto& [mask, bit] : table(*this)) {
         if ((rest & bit) != 0) {
             modifiers |= mask;
-            // A keymap may give two modifiers the same bit; it counts as the first.
+            // When a keymap assigns two modifiers to one bit, the bit means the first.
             rest &= ~unsigned{bit};
         }
     }

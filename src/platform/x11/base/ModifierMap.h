@@ -31,8 +31,8 @@ struct ModifierMap
     [[nodiscard]] int modifiers(std::uint32_t state) const;
     /// As modifiers(); none when the state has a modifier that no shortcut can have, for example AltGr.
     [[nodiscard]] std::optional<int> shortcutModifiers(std::uint32_t state) const;
-    /// The bits of the modifiers in a mask; none when the keymap has no bit for one of them. The server does not know the
-    /// Function key as a modifier.
+    /// The bits of the modifiers in a mask; none when the keymap has no bit for one of them. X11 has no modifier for
+    /// the Function key.
     [[nodiscard]] std::optional<std::uint16_t> bits(int modifiers) const;
 
     friend bool operator==(const ModifierMap&, const ModifierMap&) = default;

@@ -12,9 +12,9 @@ namespace tintwick::toolkit {
 
 namespace {
 
-constexpr int patience = 100; // milliseconds; an answer takes far less than one
+constexpr int replyTimeout = 100; // milliseconds; a reply takes far less than one
 
-/// Sees a window's property change pass by on its way into the toolkit.
+/// Waits for a property change of a window in the toolkit's events.
 class PropertyChangeWatch final : public QAbstractNativeEventFilter
 {
 public:
@@ -78,10 +78,10 @@ void Clock::bringUpToDate()
     }
     const auto window = static_cast<xcb_window_t>(m_window->winId());
     const PropertyChangeWatch watch(window);
-    // Adding nothing to a property changes nothing, but is told with the time.
+    // Appending nothing leaves the property unchanged, but the server sends an event with its time.
     xcb_change_property(c, XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, nullptr);
     sync();
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(replyTimeout);
     while (!watch.wasSeen() && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
                                         QEventLoop::ExcludeSocketNotifiers);

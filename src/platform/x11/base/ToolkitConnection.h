@@ -10,11 +10,11 @@ namespace tintwick::toolkit {
 /// The connection on which the toolkit shows our other windows; none before the application object exists.
 [[nodiscard]] xcb_connection_t* connection();
 
-/// Returns once the server has carried out all the toolkit asked for, such as hiding a menu or giving back its grabs.
+/// Returns once the server has processed all requests of the toolkit, such as hiding a menu or releasing its grabs.
 void sync();
 
-/// Lets the toolkit know the server's time. It knows only the time of the last event that came to its own windows, and
-/// the server refuses a clipboard that is set with an older time than another program's.
+/// Updates the toolkit's timestamp to the server's time. The toolkit has only the time of the last event of its own
+/// windows, and the server rejects a clipboard owner whose time is older than the current owner's.
 class Clock final
 {
 public:
@@ -26,7 +26,7 @@ public:
     void bringUpToDate();
 
 private:
-    // Never shown; made when first needed.
+    // Never mapped; created on first use.
     std::unique_ptr<QWindow> m_window;
 };
 

@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// The visual of windows with premultiplied BGRA pixels; the root's own where the screen has none.
+/// The visual for windows with premultiplied BGRA pixels; the root's visual where the screen has none.
 [[nodiscard]] xcb_visualid_t translucentVisual(const xcb_screen_t& screen);
 
 } // namespace tintwick

@@ -13,7 +13,7 @@ struct X11Screen
 {
     /// In root coordinates, that is in physical pixels.
     QRect frame;
-    /// Physical pixels per point, as the toolkit has it there.
+    /// Physical pixels per point, as the toolkit uses it on this monitor.
     double scale = 1;
 
     friend bool operator==(const X11Screen&, const X11Screen&) = default;

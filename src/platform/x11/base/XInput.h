@@ -7,11 +7,11 @@ namespace tintwick {
 
 class XcbConnection;
 
-/// Asks the server for the X Input extension, from whose version 2.1 on raw events come during grabs too. Returns the
-/// number that marks its events; 0 when the server has none.
+/// Initialises the X Input extension in a version that sends raw events during grabs too (2.1). Returns the number that
+/// identifies its events; 0 when the server lacks it.
 [[nodiscard]] std::uint8_t openInputExtension(const XcbConnection& connection);
 
-/// The keyboard that goes with the user's pointer, by the extension's number; none when the server does not tell.
+/// The device id of the keyboard that is paired with the user's pointer; none when the server does not reply.
 [[nodiscard]] std::optional<std::uint16_t> masterKeyboard(const XcbConnection& connection);
 
 } // namespace tintwick

@@ -61,14 +61,14 @@ XcbConnection::Subscription XcbConnection::subscribe(Sink& sink)
 
 void XcbConnection::unsubscribe(Sink& sink)
 {
-    // A sink that subscribes anew is listed twice for a moment.
+    // A sink that subscribes again is briefly listed twice.
     const auto oldest = std::find(m_sinks.begin(), m_sinks.end(), &sink);
     if (oldest != m_sinks.end()) {
         m_sinks.erase(oldest);
     }
 }
 
-// Starts with the first sink, because the connection is opened before the application object exists.
+// Listening starts with the first sink, because the connection is opened before the application object exists.
 void XcbConnection::listen()
 {
     if (m_notifier) {
@@ -77,7 +77,7 @@ void XcbConnection::listen()
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::drain);
-    // Waiting for a reply can read events into the queue, and then the socket stays silent about them.
+    // Waiting for a reply can move events into the queue without another notification of the socket.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &XcbConnection::drain);
 }
@@ -88,10 +88,10 @@ void XcbConnection::drain()
         return;
     }
     // A sink may subscribe or unsubscribe others while it handles the event.
-    const auto forEachSink = [this](const auto& tell) {
+    const auto forEachSink = [this](const auto& deliver) {
         for (Sink* sink : std::vector<Sink*>(m_sinks)) {
             if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end()) {
-                tell(*sink);
+                deliver(*sink);
             }
         }
     };
@@ -102,7 +102,7 @@ void XcbConnection::drain()
     }
     if (handledAny) {
         forEachSink([](Sink& sink) { sink.eventsDrained(); });
-        // What the sinks waited for may have brought more events along.
+        // Requests of the sinks may have queued further events.
         QMetaObject::invokeMethod(this, &XcbConnection::drain, Qt::QueuedConnection);
     }
     m_isDraining = false;

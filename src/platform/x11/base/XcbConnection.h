@@ -24,9 +24,9 @@ struct XcbFree
 template <typename Reply>
 using XcbReply = std::unique_ptr<Reply, XcbFree>;
 
-/// A private connection to the X server, beside the toolkit's: what we grab and redirect goes with it when it closes,
-/// however the process ends. Its events are read on the event loop and handed to the sinks one after the other, also
-/// when a sink runs a nested event loop.
+/// A private connection to the X server, separate from the toolkit's. The server releases its grabs and redirections
+/// when it closes, however the process ends. Events are read on the event loop and passed to each sink in turn, also
+/// while a sink runs a nested event loop.
 class XcbConnection final : public QObject
 {
     Q_OBJECT
@@ -35,9 +35,9 @@ public:
     class Sink
     {
     public:
-        /// Every event goes to every sink; a sink picks out its own.
+        /// Every sink receives every event and selects its own.
         virtual void handleEvent(const xcb_generic_event_t& event) = 0;
-        /// The queue is empty for now: time to act on what was collected.
+        /// The queue is empty for now. Process the collected events here.
         virtual void eventsDrained() {}
 
     protected:
@@ -75,7 +75,7 @@ public:
         Sink* m_sink = nullptr;
     };
 
-    /// Connects to $DISPLAY; none when there is no server to connect to.
+    /// Connects to $DISPLAY; null when there is no server.
     [[nodiscard]] static std::unique_ptr<XcbConnection> open();
     ~XcbConnection() override;
 
@@ -86,7 +86,7 @@ public:
 
     [[nodiscard]] Subscription subscribe(Sink& sink);
 
-    /// Asks the server once for each name.
+    /// Sends one request for each name.
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
     [[nodiscard]] std::uint32_t newId() const { return xcb_generate_id(m_connection); }
     void flush() const { xcb_flush(m_connection); }

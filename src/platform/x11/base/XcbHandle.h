@@ -10,7 +10,7 @@
 
 namespace tintwick {
 
-/// A resource on the X server, freed with its owner. Freeing sends a request and never waits.
+/// A resource on the X server, freed by the destructor. Freeing sends a request without waiting.
 template <auto freeRequest>
 class XcbHandle final
 {

@@ -18,8 +18,8 @@ struct XkbUnref
     void operator()(xkb_state* state) const { xkb_state_unref(state); }
 };
 
-/// The server's keymap, compiled by xkbcommon. It is fetched when first needed and again after the server announced a new
-/// one, once the event loop has processed that event.
+/// The server's keymap, compiled by xkbcommon. It is fetched on first use, and again once the event loop has processed
+/// the server's event for a new keymap.
 class XkbKeymap final : private XcbConnection::Sink
 {
 public:

@@ -10,12 +10,12 @@
 
 namespace tintwick {
 
-/// A repeating picture of what is seen where no window is: the wallpaper if a program has published it (`_XROOTPMAP_ID`),
-/// else the colour that the copy of the screen has where no window was, else black, as the server paints it.
+/// A repeating image of the desktop background: the wallpaper that a program has published (`_XROOTPMAP_ID`), else the
+/// colour of the screen copy where no window was, else black, as the server paints it.
 class Backdrop final
 {
 public:
-    /// `bareRegion` is where no window was when the copy was made, in root coordinates.
+    /// `bareRegion` is the area without windows when the copy was made, in root coordinates.
     Backdrop(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
              const QRegion& bareRegion);
 

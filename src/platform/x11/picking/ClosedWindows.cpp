@@ -34,7 +34,7 @@ QRegion ClosedWindows::region() const
     return region;
 }
 
-// A popup's window is gone from the server a moment after this, and the toolkit knows its place only in its own scale.
+// The server destroys a popup's window shortly after this, and the toolkit reports its geometry only in its own scale.
 bool ClosedWindows::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* window = event->type() == QEvent::Hide ? qobject_cast<const QWindow*>(watched) : nullptr;

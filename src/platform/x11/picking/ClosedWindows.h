@@ -10,8 +10,8 @@
 
 namespace tintwick {
 
-/// Remembers where windows of ours were that have just closed. A compositor shows them for another frame or fades them
-/// out, so what is seen there is about to change although no window is left.
+/// Records the areas of our windows that have just closed. A compositor shows them for another frame or fades them out,
+/// so these pixels will change although no window is left.
 class ClosedWindows final : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     /// The application object must exist; the connection must outlive this object.
     explicit ClosedWindows(const XcbConnection& connection);
 
-    /// Where windows of ours have closed within the last second, shadows included, in root coordinates.
+    /// The areas of our windows that closed within the last second, with their shadows, in root coordinates.
     [[nodiscard]] QRegion region() const;
 
 protected:

@@ -95,7 +95,7 @@ QImage GrabCanvas::read() const
     }
     QImage image(m_area.size(), QImage::Format_RGB32);
     std::memcpy(image.bits(), xcb_get_image_data(reply.get()), static_cast<std::size_t>(bytes));
-    // Without a compositor a translucent window's colours are shown opaque.
+    // Without a compositor the colours of a translucent window are shown opaque.
     auto* pixels = reinterpret_cast<QRgb*>(image.bits());
     for (qsizetype i = 0; i < bytes / 4; ++i) {
         pixels[i] |= 0xff000000;

@@ -13,8 +13,8 @@
 
 namespace tintwick {
 
-/// Composes a grab on the server, so that one reply brings all its pixels. All positions are in root coordinates; whatever
-/// the depth of the screen, the canvas has eight bits for each component.
+/// Composes a grab on the server, so that one reply contains all its pixels. All positions are in root coordinates. The
+/// canvas has eight bits per component, independent of the screen's depth.
 class GrabCanvas final
 {
 public:
@@ -29,13 +29,13 @@ public:
     [[nodiscard]] bool begin(const QRect& area);
     /// Limits the following drawing to a region.
     void clip(const QRegion& region);
-    /// Fills the area with the colour of what no monitor shows.
+    /// Fills the area with the colour of pixels outside all monitors.
     void fillDarkGray();
     /// Draws a picture that covers the root, such as a copy of the screen or a repeating background.
     void drawRootPicture(std::uint32_t picture, const QRect& area);
-    /// Draws the part of a window in the area; `blends` says whether its alpha channel counts.
+    /// Draws the part of a window inside the area. The window's alpha channel is used only when `blends` is true.
     void drawWindow(const StackedWindow& window, const QRect& area, bool blends);
-    /// The finished grab (Format_RGB32); null when the server does not answer.
+    /// The finished grab (Format_RGB32); null when the server does not reply.
     [[nodiscard]] QImage read() const;
 
 private:

@@ -125,7 +125,7 @@ void InputGrab::end()
     m_pendingMove.reset();
     releaseIdleGrabs();
     if (m_holdsPointer) {
-        // The release of the button is still ours, but the pointer shows again.
+        // The release of the button is still grabbed, but the pointer is visible again.
         static_cast<void>(grabPointer(XCB_CURSOR_NONE));
     }
 }
@@ -190,7 +190,7 @@ void InputGrab::handleButton(const xcb_input_button_press_event_t& event, bool i
     deliverPendingMove();
     const bool isWheel = event.detail >= wheelUp && event.detail < firstPlainButtonAfterWheel;
     if (isWheel) {
-        // The server adds these to the events of a smooth wheel's axis.
+        // The server emulates these buttons for the axis of a smooth wheel.
         const bool isEcho = (event.flags & XCB_INPUT_POINTER_EVENT_FLAGS_POINTER_EMULATED) != 0;
         if (isPress && !isEcho && m_listener && (event.detail == wheelUp || event.detail == wheelDown)) {
             m_listener->scrolled({event.detail == wheelUp ? 1.0 : -1.0, false});
@@ -248,7 +248,7 @@ void InputGrab::handleMotion(const xcb_input_motion_event_t& event)
     if (!m_listener) {
         return;
     }
-    // Sequence numbers wrap around, so their distance counts.
+    // Sequence numbers wrap around, so compare their distance.
     if (m_lastWarp == 0 || static_cast<std::int32_t>(event.full_sequence - m_lastWarp) >= 0) {
         m_pendingMove = QPointF{toDouble(event.root_x), toDouble(event.root_y)};
     }

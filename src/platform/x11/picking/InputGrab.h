@@ -20,8 +20,8 @@
 
 namespace tintwick {
 
-/// Active grabs of the pointer and the keyboard, with an empty cursor. Nothing is shown and nothing stored; the server
-/// releases both when the connection closes, however the process ends. Positions are in root coordinates, with fractions.
+/// Active grabs of the pointer and the keyboard, with an empty cursor. The server releases both when the connection
+/// closes, however the process ends. Positions are in root coordinates, with fractions.
 class InputGrab final : private XcbConnection::Sink
 {
 public:
@@ -43,16 +43,16 @@ public:
     InputGrab(XcbConnection& connection, XkbKeymap& keymap);
     ~InputGrab();
 
-    /// Waits for at most 150 ms while another client holds the pointer or the keyboard. Unless it returns Started, nothing
-    /// is hidden or grabbed. The listener must live until end().
+    /// Waits for at most 150 ms while another client holds the pointer or the keyboard. Nothing is hidden or grabbed
+    /// unless it returns Started. The listener must live until end().
     [[nodiscard]] Outcome begin(Listener& listener);
-    /// Shows the pointer and releases the grabs, each as soon as no button or key of the pick is down: no other client gets
-    /// their releases. Does nothing when not begun.
+    /// Shows the pointer and releases each grab once no button or key of the pick is down, so that no other client
+    /// receives their releases. Does nothing when not begun.
     void end();
 
-    /// The pointer in whole pixels; the origin when the server does not answer.
+    /// The pointer position in whole pixels; the origin when the server does not reply.
     [[nodiscard]] QPointF pointerPosition() const;
-    /// Moves the pointer. Moves from before it are no longer reported.
+    /// Moves the pointer. Earlier moves are no longer reported.
     void warpPointer(QPoint position);
 
 private:
@@ -85,10 +85,10 @@ private:
     std::set<std::uint32_t> m_buttonsDown;
     std::set<std::uint32_t> m_keysDown;
     std::optional<QPointF> m_pendingMove;
-    /// Moves that the server reports before this request count as outdated.
+    /// Moves that the server reports before this request are outdated.
     std::uint32_t m_lastWarp = 0;
     XkbKeymap& m_keymap;
-    /// Read with the first key of a pick.
+    /// Queried with the first key of a pick.
     std::optional<ModifierMap> m_modifiers;
     ScrollValuators m_scrollAxes;
     std::map<xcb_input_device_id_t, bool> m_scrollsInPoints;

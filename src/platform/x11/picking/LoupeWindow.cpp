@@ -65,7 +65,7 @@ void LoupeWindow::handleEvent(const xcb_generic_event_t& event)
     }
 }
 
-// A window that opens or is raised comes above the loupe.
+// A window that opens or is raised covers the loupe.
 void LoupeWindow::eventsDrained()
 {
     if (std::exchange(m_isCovered, false)) {
@@ -108,7 +108,7 @@ void LoupeWindow::setProperties() const
     setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, windowClass);
     setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, title);
     setText(m_connection.atom("_NET_WM_NAME"), m_connection.atom("UTF8_STRING"), title);
-    // Compositors neither fade in nor shadow windows of this type.
+    // Compositors neither fade in windows of this type nor draw shadows for them.
     const xcb_atom_t type = m_connection.atom("_NET_WM_WINDOW_TYPE_DND");
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), m_connection.atom("_NET_WM_WINDOW_TYPE"),
                         XCB_ATOM_ATOM, 32, 1, &type);
@@ -161,7 +161,7 @@ void LoupeWindow::upload(const QImage& picture)
     const QImage& source = m_isComposited ? picture : withHardEdges(picture);
     xcb_connection_t* c = m_connection.get();
     const auto rowBytes = static_cast<std::uint32_t>(source.bytesPerLine());
-    // The server limits a request; a loupe at scale 2 may take several.
+    // Requests have a maximum length; a loupe at scale 2 may need several.
     constexpr std::uint32_t requestHeader = 64;
     const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
     const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
@@ -174,7 +174,7 @@ void LoupeWindow::upload(const QImage& picture)
     }
 }
 
-// Translucent pixels would show their share of black.
+// Translucent pixels would be mixed with black.
 const QImage& LoupeWindow::withHardEdges(const QImage& picture)
 {
     std::copy_n(picture.constBits(), picture.sizeInBytes(), m_hardEdged.bits());

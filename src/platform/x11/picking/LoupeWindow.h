@@ -14,16 +14,16 @@ namespace tintwick {
 
 class ScreenReader;
 
-/// The window that shows the loupe: not managed by any window manager, above all others, open to every click. With a
-/// compositor its translucent pixels blend; without one it is cut to the outline of its picture.
+/// The window that shows the loupe: not managed by a window manager, above all others, transparent to clicks. With a
+/// compositor its translucent pixels blend. Without one it is shaped to the outline of its image.
 class LoupeWindow final : private XcbConnection::Sink
 {
 public:
-    /// Both must outlive the window, which is mapped with its first picture.
+    /// Both must outlive the window. The window is mapped with its first image.
     LoupeWindow(XcbConnection& connection, ScreenReader& reader);
     ~LoupeWindow() = default;
 
-    /// Picture (premultiplied ARGB32) and place change together; `topLeft` is in root coordinates.
+    /// Image (premultiplied ARGB32) and position change together; `topLeft` is in root coordinates.
     void show(const QImage& picture, QPoint topLeft);
 
 private:
@@ -46,9 +46,9 @@ private:
     QPoint m_place;
     std::uint8_t m_depth = 0;
     bool m_isMapped = false;
-    /// Whether another window has come above this one.
+    /// Whether another window is above this one.
     bool m_isCovered = false;
-    /// Indices of the pixels on the outline, which without a compositor must become opaque.
+    /// Indices of the pixels on the outline, which must be opaque without a compositor.
     std::vector<qsizetype> m_edgePixels;
     QImage m_hardEdged;
     XcbConnection::Subscription m_subscription;

@@ -41,7 +41,7 @@ PickingExtensions::PickingExtensions(const XcbConnection& connection)
     if (randrEvent != 0) {
         xcb_discard_reply(c, xcb_randr_query_version(c, 1, 5).sequence);
     }
-    // Cached by the library: the first grab does not wait for them.
+    // The library caches the replies, so the first grab does not wait for them.
     static_cast<void>(xcb_render_util_query_formats(c));
 }
 

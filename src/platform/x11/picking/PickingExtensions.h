@@ -6,13 +6,13 @@ namespace tintwick {
 
 class XcbConnection;
 
-/// What the server's extensions offer a pick, and the numbers of their first events (0 for one that is missing).
+/// The server's extensions for a pick, and their first event codes (0 for a missing extension).
 struct PickingExtensions
 {
-    /// Asks the server; each extension answers only clients that have asked for its version.
+    /// Requests the version of each extension, which enables the extension for this client.
     explicit PickingExtensions(const XcbConnection& connection);
 
-    /// Whether windows' contents can be read below the loupe: Composite, Damage, Shape and XFixes are all there.
+    /// Whether the contents of windows below the loupe can be read. Needs Composite, Damage, Shape and XFixes.
     bool canReadBelowLoupe = false;
     std::uint8_t randrEvent = 0;
     std::uint8_t xfixesEvent = 0;

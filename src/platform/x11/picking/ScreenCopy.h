@@ -9,16 +9,16 @@
 
 namespace tintwick {
 
-/// A copy of the whole screen on the server, as it was when this object was made, with everything that only a compositor
-/// draws. Nothing of it crosses to the client.
+/// A copy of the whole screen on the server, made by the constructor. It includes what only a compositor draws. Its
+/// pixels are not transferred to the client.
 class ScreenCopy final
 {
 public:
-    /// Copies the root window from its top left corner. Requests are only queued.
+    /// Copies the root window from its top left corner. Only queues the requests.
     ScreenCopy(const XcbConnection& connection, QSize size);
 
     [[nodiscard]] xcb_render_picture_t picture() const { return m_picture.id(); }
-    /// The sequence number of the request that copies: what was drawn before it is in the copy.
+    /// The sequence number of the copy request. The copy contains everything drawn before it.
     [[nodiscard]] std::uint32_t sequence() const { return m_sequence; }
 
 private:

@@ -12,10 +12,10 @@ namespace tintwick {
 
 namespace {
 
-// A region with more rectangles becomes its bounding box: composing too much is correct, only slower.
+// A region with more rectangles is replaced by its bounding box. Composing too much is correct, only slower.
 constexpr int maximumRegionComplexity = 64;
 
-// The longest that a compositor takes to show where the loupe went.
+// The longest time that a compositor needs to repaint the area that the loupe has left.
 constexpr std::chrono::milliseconds compositorDelay{300};
 
 } // namespace
@@ -28,7 +28,7 @@ ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& e
     , m_wallpaperProperty(wallpaperProperty(connection))
     , m_canvas(connection)
 {
-    // A menu of ours that has just closed must be gone before the screen is copied.
+    // A menu of ours that has just closed must be hidden before the screen is copied.
     toolkit::sync();
     m_subscription = m_connection.subscribe(*this);
     readScreens();
@@ -36,7 +36,7 @@ ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& e
     m_isComposited = hasCompositor(m_connection);
     selectEvents(true);
     if (m_extensions.canReadBelowLoupe) {
-        // Watched before the copy is made, so that nothing drawn after it is missed.
+        // Damage is watched before the copy is made, so that no later change is missed.
         m_windows.emplace(m_connection, m_extensions);
         m_bareRegion = m_screenRegion - m_windows->coveredRegion();
     }
@@ -110,7 +110,7 @@ void ScreenReader::handleEvent(const xcb_generic_event_t& event)
         const std::vector<X11Screen> before = m_screens;
         readScreens();
         if (m_screens != before) {
-            // New parts of the desktop are not in the copy.
+            // The copy does not contain new parts of the desktop.
             m_changed = m_screenRegion;
             Q_EMIT screensChanged();
         }
@@ -170,8 +170,8 @@ void ScreenReader::selectEvents(bool select) const
     }
 }
 
-// A compositor shows what happened before the copy was made a moment after it, and fades out windows that are gone. What
-// it paints because of the loupe is no change, nor is a repaint of the whole screen.
+// A compositor shows changes from before the copy slightly after it, and fades out closed windows. Its repaints because
+// of the loupe are not changes, nor are repaints of the whole screen.
 void ScreenReader::handleScreenDamage(const QRect& area)
 {
     QRect loupe;
@@ -216,7 +216,7 @@ void ScreenReader::drawLive(const QRegion& region)
     }
     m_canvas.drawRootPicture(m_backdrop->picture(), area);
     for (const StackedWindow* window : m_windows->contentsIn(area)) {
-        // The server honours a clip of the destination, not one of the source.
+        // The server applies the clip of the destination, not that of the source.
         if (window->isShaped) {
             m_canvas.clip(region & window->shape.translated(window->frame.topLeft()));
         }

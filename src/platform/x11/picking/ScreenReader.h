@@ -22,18 +22,18 @@ namespace tintwick {
 
 /// Reads the screen below the loupe during one pick, live. All rectangles and regions are in root coordinates.
 ///
-/// The loupe covers the pixels that it magnifies, so there are two sources. One is a copy of the screen, made before the
-/// loupe is shown: exactly what the user sees. The other is the windows' own pixmaps, which the Composite extension keeps
-/// whole below other windows; one is requested when the loupe first covers its window, because without a compositor each
-/// costs the server a copy. Where nothing has changed since the copy was made, the copy is read; elsewhere the windows are
+/// The loupe covers the pixels that it magnifies, so there are two sources. The first is a copy of the screen, made
+/// before the loupe is shown. The second is the pixmaps of the windows, which the Composite extension keeps complete
+/// below other windows. A pixmap is requested when the loupe first covers its window, because without a compositor each
+/// costs the server a copy. The copy is used where nothing has changed since it was made; elsewhere the windows are
 /// composed. Without Composite the copy is the only source.
 class ScreenReader final : public QObject, private XcbConnection::Sink
 {
     Q_OBJECT
 
 public:
-    /// Make it before anything of ours is shown. The connection must outlive it. Pixels of `closing` count as changed from
-    /// the start: a compositor still shows windows there that have just closed.
+    /// Create it before any window of ours is shown. The connection must outlive it. Pixels of `closing` count as
+    /// changed from the start, because a compositor still shows windows that have just closed.
     ScreenReader(XcbConnection& connection, const PickingExtensions& extensions, const QRegion& closing);
     ~ScreenReader() override;
 
@@ -42,14 +42,15 @@ public:
     /// Whether a compositor blends translucent windows; without one their colours are shown opaque.
     [[nodiscard]] bool isComposited() const { return m_isComposited; }
 
-    /// The rectangle without the loupe and without windows above it (Format_RGB32); dark grey where no monitor is; null when
-    /// the server gives no picture.
+    /// Reads the rectangle without the loupe and the windows above it (Format_RGB32). Pixels outside all monitors are
+    /// dark grey. Null when the server returns no image.
     [[nodiscard]] QImage grab(const QRect& rect);
-    /// Call before the loupe covers the area: without a compositor the server would drop what windows below it draw.
+    /// Call before the loupe covers the area. Without a compositor the server would discard what the windows below it
+    /// draw.
     void loupeWillCover(const QRect& area);
 
 Q_SIGNALS:
-    /// Pixels of the last grab may look different now.
+    /// Pixels of the last grab may have changed.
     void contentChanged();
     void screensChanged();
 
@@ -61,9 +62,9 @@ private:
     };
 
     void handleEvent(const xcb_generic_event_t& event) override;
-    /// Whether the event says that monitors have changed.
+    /// Whether the event reports a change of the monitors.
     [[nodiscard]] bool isScreenChange(const xcb_generic_event_t& event) const;
-    /// Whether the event says that a compositor has come or gone.
+    /// Whether the event reports the start or the end of a compositor.
     [[nodiscard]] bool isCompositorChange(const xcb_generic_event_t& event) const;
     void selectEvents(bool select) const;
     void handleScreenDamage(const QRect& area);
@@ -81,15 +82,15 @@ private:
     bool m_isComposited = false;
     std::optional<ScreenCopy> m_copy;
     std::optional<WindowStack> m_windows;
-    /// Where no window was when the copy was made.
+    /// The area without windows when the copy was made.
     QRegion m_bareRegion;
-    /// Made when first needed.
+    /// Created on first use.
     std::optional<Backdrop> m_backdrop;
     /// Reports what a compositor paints on the screen.
     XcbDamage m_screenDamage;
-    /// Where the loupe has been lately, the newest last.
+    /// Recent areas of the loupe, the newest last.
     std::deque<LoupePlace> m_loupeTrail;
-    /// Where the copy no longer is what the user sees.
+    /// The area that has changed since the copy was made.
     QRegion m_changed;
     QRect m_lastGrab;
     GrabCanvas m_canvas;

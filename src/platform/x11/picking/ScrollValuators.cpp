@@ -4,7 +4,7 @@ namespace tintwick {
 
 namespace {
 
-// Drivers for touchpads make one notch of so many points.
+// Touchpad drivers report one notch as this number of points.
 constexpr double pointsPerNotch = 15;
 
 } // namespace
@@ -23,7 +23,7 @@ std::optional<ScrollDelta> ScrollValuators::moved(int number, double value, bool
         return std::nullopt;
     }
     Axis& axis = found->second;
-    // The axis grows downwards.
+    // The axis points downwards.
     const double notches = (axis.value - value) / axis.increment;
     axis.value = value;
     if (notches == 0) {

@@ -7,19 +7,19 @@
 
 namespace tintwick {
 
-/// Turns the absolute values of a device's vertical scroll axis into steps. A plain value, so that it can be tried
+/// Converts the absolute values of a device's vertical scroll axis to steps. A plain value, so that it can be tested
 /// without a device.
 class ScrollValuators final
 {
 public:
-    /// One vertical scroll axis: its number, the value that one wheel notch makes (its sign gives the direction) and where
-    /// it stands now.
+    /// One vertical scroll axis: its number, the increment of one wheel notch (its sign is the direction) and its
+    /// current value.
     void addAxis(int number, double increment, double value);
     void clear() { m_axes.clear(); }
 
     [[nodiscard]] bool hasAxis() const { return !m_axes.empty(); }
 
-    /// The step from the axis's last value to this one; nothing for other axes and where nothing moved.
+    /// The step from the axis's last value to this one; nothing for other axes and without movement.
     [[nodiscard]] std::optional<ScrollDelta> moved(int number, double value, bool isPrecise);
 
 private:

@@ -28,7 +28,7 @@ QRect outerFrame(int x, int y, int width, int height, int border)
     return {x, y, width + 2 * border, height + 2 * border};
 }
 
-// The server's own windows are the one that a compositor paints on and the screen saver.
+// The server's own windows are the composite overlay and the screen saver.
 bool isFromServer(xcb_window_t id, const xcb_setup_t& anyClient)
 {
     return (id & ~anyClient.resource_id_mask) == 0;
@@ -147,9 +147,9 @@ QRegion WindowStack::handleDamage(const xcb_generic_event_t& event)
     if (!window || window->damage.id() != notify.damage) {
         return {};
     }
-    // The server reports the next change only after this one was subtracted.
+    // The server reports the next damage only after this one is subtracted.
     xcb_damage_subtract(m_connection.get(), notify.damage, XCB_NONE, XCB_NONE);
-    // Sequence numbers wrap around, so their distance counts.
+    // Sequence numbers wrap around, so compare their distance.
     if (static_cast<std::int32_t>(event.full_sequence - m_damageCountsFrom) < 0) {
         return {};
     }
@@ -342,7 +342,7 @@ void WindowStack::watch(StackedWindow& window)
     xcb_shape_select_input(c, window.id, 1);
 }
 
-// Top to bottom, without what opaque windows hide.
+// Top to bottom, without windows that opaque windows hide.
 std::vector<StackedWindow*> WindowStack::windowsSeenIn(const QRect& rect)
 {
     std::vector<StackedWindow*> seen;
@@ -388,7 +388,7 @@ void WindowStack::loadContent(StackedWindow& window)
     xcb_render_create_picture(c, window.picture.id(), window.pixmap.id(), window.format, 0, nullptr);
     window.shape = {};
     if (window.isShaped) {
-        // The shape counts from the window's origin inside its border, the pixmap from the border's corner.
+        // The shape is relative to the window's origin inside its border, the pixmap to the corner of the border.
         const auto* rects = xcb_shape_get_rectangles_rectangles(shape.get());
         const int count = xcb_shape_get_rectangles_rectangles_length(shape.get());
         for (int i = 0; i < count; ++i) {
@@ -398,7 +398,7 @@ void WindowStack::loadContent(StackedWindow& window)
     }
 }
 
-// `sibling` none means the bottom.
+// Without a `sibling` the window is placed at the bottom.
 QRegion WindowStack::moveAbove(xcb_window_t id, xcb_window_t sibling)
 {
     const auto from = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));

@@ -21,7 +21,7 @@ struct StackedWindow
     QRect frame;
     int border = 0;
     bool isMapped = false;
-    /// True for our own windows, the server's own and input-only windows: they count in the order and have no picture.
+    /// True for our own windows, the server's own and input-only windows. They are part of the order and have no image.
     bool showsNothing = false;
     /// Windows below this one are not shown although they are mapped.
     bool isGuard = false;
@@ -30,9 +30,9 @@ struct StackedWindow
     bool isShaped = false;
     /// Reports what is drawn in the window.
     XcbDamage damage;
-    /// Whether the server keeps the content whole for us, also where other windows cover it.
+    /// Whether the server keeps the complete content for us, also where other windows cover it.
     bool isRedirected = false;
-    /// The content, read when first needed; none where the server has none.
+    /// The content, read on first use; none where the server has none.
     XcbPixmap pixmap;
     XcbPicture picture;
     /// The part of the frame that a shaped window shows, from the frame's top left corner; read with the content.
@@ -54,24 +54,24 @@ public:
     /// Reads the tree and watches each window for damage. Select the root's substructure events before. Both arguments must
     /// outlive the stack.
     WindowStack(XcbConnection& connection, const PickingExtensions& extensions);
-    /// The server drops the contents that it kept for us.
+    /// Releases the contents that the server keeps for us.
     ~WindowStack();
     WindowStack(const WindowStack&) = delete;
     WindowStack& operator=(const WindowStack&) = delete;
 
-    /// Ignores damage from before the request with this sequence number. The server reports each window whole when it begins
-    /// to be watched.
+    /// Ignores damage from before the request with this sequence number. The server reports each whole window when
+    /// watching begins.
     void ignoreDamageBefore(std::uint32_t sequence) { m_damageCountsFrom = sequence; }
 
-    /// Follows the event; returns the region of the root that may look different now.
+    /// Processes the event; returns the region of the root that may have changed.
     [[nodiscard]] QRegion handleEvent(const xcb_generic_event_t& event);
 
-    /// From now on the server keeps the contents of the windows seen in the rectangle, also where the loupe covers them.
-    /// Costs the server a copy for each window that is kept for the first time.
+    /// From now on the server keeps the contents of the windows visible in the rectangle, also where the loupe covers
+    /// them. Costs the server a copy for each window that is kept for the first time.
     void keepContents(const QRect& rect);
 
-    /// The windows seen in the rectangle, bottom to top, with their content; those without any are left out. The pointers
-    /// are valid until the next event.
+    /// The windows visible in the rectangle, bottom to top, with their content. Windows without content are omitted.
+    /// The pointers are valid until the next event.
     [[nodiscard]] std::vector<const StackedWindow*> contentsIn(const QRect& rect);
 
     /// Frames of all visible windows.

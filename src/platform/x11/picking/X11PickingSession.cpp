@@ -43,7 +43,7 @@ void X11PickingSession::start()
     if (!m_listener) {
         return;
     }
-    // The reader comes first: it copies the screen, and nothing of ours belongs in the copy.
+    // Create the reader first: it copies the screen, and the copy must not contain windows of ours.
     m_reader.emplace(m_parts.connection, m_parts.extensions, m_parts.closedWindows.region());
     const InputGrab::Outcome outcome = m_parts.input.begin(*this);
     if (outcome != InputGrab::Outcome::Started) {
@@ -52,7 +52,7 @@ void X11PickingSession::start()
     }
     connect(&*m_reader, &ScreenReader::contentChanged, this, [this] { m_listener->contentChanged(); });
     connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::readScreens);
-    // Not from within the reader's own signal, since the listener may end the session.
+    // Not reported from within the reader's signal, because the listener may end the session.
     connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::followScreens,
             Qt::QueuedConnection);
     readScreens();
@@ -110,8 +110,8 @@ bool X11PickingSession::warpPointer(const ScreenPosition& position)
     return true;
 }
 
-// The server refuses a clipboard that is set with an older time than another program's, and the toolkit knows only the
-// time of the last event of its own windows.
+// The server rejects a clipboard owner whose time is older than the current owner's. The toolkit has only the time of
+// the last event of its own windows.
 void X11PickingSession::copyText(const QString& text)
 {
     m_parts.toolkitClock.bringUpToDate();
@@ -164,7 +164,7 @@ void X11PickingSession::followScreens()
     if (m_screens.empty()) {
         m_listener->lost();
     } else {
-        // The server moves the pointer to a screen that is left.
+        // The server moves the pointer to a remaining screen.
         m_listener->pointerMoved(toScreen(m_parts.input.pointerPosition()));
     }
 }

@@ -16,7 +16,7 @@
 
 namespace tintwick {
 
-/// What the picks on one connection share.
+/// The objects that all picks on one connection share.
 struct X11PickingParts
 {
     /// The application object must exist; both must outlive this object.
@@ -29,7 +29,7 @@ struct X11PickingParts
     toolkit::Clock toolkitClock;
 };
 
-/// One pick on an X server. Screens are the monitors of the root window, the primary one first; a pointer that is on none
+/// One pick on an X server. Screens are the monitors of the root window, the primary one first. A pointer outside all
 /// of them is reported relative to the primary one.
 class X11PickingSession final : public QObject, public PickingSession, private InputGrab::Listener
 {
