@@ -12,9 +12,11 @@
 #include "Stack.h"
 #include "SymbolView.h"
 #include "TextField.h"
+#include "ToolTip.h"
 #include "shots/Shooting.h"
 
 #include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QPainter>
 
@@ -156,6 +158,26 @@ QList<MenuEntry> cardMenu()
             menuDestructive(u"Delete"_s, nothing)};
 }
 
+std::unique_ptr<QWidget> buttonWithToolTip()
+{
+    auto* button = borderedButton(u"A name that is too long"_s, nothing);
+    button->setToolTip(
+        u"A <b>long</b> name of a palette, & with the colors of the sea and of the sand near it"_s);
+    return std::unique_ptr<QWidget>(
+        page(column(gap(16), padding(16), fixedSize(380, 110), Across::Leading, button, spacer())));
+}
+
+/// A shot contains one window, so the tool tip becomes a part of it.
+void showToolTipInside(QWidget& view)
+{
+    auto* button = view.findChild<Clickable*>();
+    showToolTip(*button, {});
+    auto* tip = button->findChild<QLabel*>();
+    tip->setParent(&view);
+    tip->move(20, 60);
+    tip->show();
+}
+
 } // namespace
 
 void shootKitGallery(const QDir& folder)
@@ -178,6 +200,7 @@ void shootKitGallery(const QDir& folder)
         menu->setActiveAction(menu->actions().at(3));
         return menu;
     });
+    shoot(folder, u"kit-tool-tip"_s, buttonWithToolTip, showToolTipInside);
     shoot(folder, u"kit-choices"_s, [] {
         auto menu = std::make_unique<QMenu>();
         fillMenu(*menu, choices());

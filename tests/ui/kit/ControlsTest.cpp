@@ -1,3 +1,4 @@
+#include "Appearance.h"
 #include "Button.h"
 #include "ContextMenu.h"
 #include "InOneLine.h"
@@ -9,9 +10,13 @@
 #include "ToolTip.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
+#include <QTextDocument>
+
+#include <functional>
 
 using namespace tintwick;
 using namespace Qt::StringLiterals;
@@ -19,6 +24,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void nothing() {}
+
+PlainButton* buttonWithToolTip()
+{
+    PlainButton* button = plainButton({}, nothing, label(QStringLiteral("Sea"), theme::font(12)));
+    button->setToolTip(QStringLiteral("Settings"));
+    button->show();
+    return button;
+}
+
+/// Null when none is shown.
+QLabel* toolTipOf(const QWidget& owner)
+{
+    return owner.findChild<QLabel*>(QStringLiteral("qtooltip_label"));
+}
 
 } // namespace
 
@@ -44,6 +63,10 @@ private Q_SLOTS:
     void aMenuIsNoWiderThanItsLongestTitleMayBe();
     void aMenuLongerThanTheScreenStaysInOneColumn();
     void aLongToolTipWraps();
+    void aToolTipIsPlainText();
+    void aToolTipHasTheSchemeOfItsOwner();
+    void aToolTipGoesAway_data();
+    void aToolTipGoesAway();
     void controlCharactersBecomeSpaces_data();
     void controlCharactersBecomeSpaces();
     void aRuleIsAHairlineAtEveryScale_data();
@@ -269,13 +292,11 @@ void ControlsTest::aMenuLongerThanTheScreenStaysInOneColumn()
 
 void ControlsTest::aLongToolTipWraps()
 {
-    const QScopedPointer<PlainButton> owner(plainButton(
-        {}, [] {}, label({}, theme::font(12))));
-    owner->show();
+    const QScopedPointer<PlainButton> owner(buttonWithToolTip());
     const auto sizeOfToolTip = [&owner](const QString& text) {
         owner->setToolTip(text);
-        ToolTip::show(*owner, QPoint(10, 10));
-        return owner->findChild<ToolTip*>()->size();
+        showToolTip(*owner, QPoint(10, 10));
+        return toolTipOf(*owner)->size();
     };
     const QSize one = sizeOfToolTip(QStringLiteral("Settings"));
     QVERIFY(one.width() < 100);
@@ -286,6 +307,59 @@ void ControlsTest::aLongToolTipWraps()
     const QSize unbroken = sizeOfToolTip(QString(300, u'W'));
     QVERIFY(unbroken.width() <= 320 + 2 * 8);
     QVERIFY(unbroken.height() > 8 * (one.height() - 10));
+}
+
+void ControlsTest::aToolTipIsPlainText()
+{
+    const QScopedPointer<PlainButton> owner(buttonWithToolTip());
+    owner->setToolTip(QStringLiteral("<b>Sea</b>\n&amp;  sand"));
+    showToolTip(*owner, QPoint(10, 10));
+    QTextDocument shown;
+    shown.setHtml(toolTipOf(*owner)->text());
+    QCOMPARE(shown.toPlainText(), QStringLiteral("<b>Sea</b> &amp;  sand"));
+}
+
+void ControlsTest::aToolTipHasTheSchemeOfItsOwner()
+{
+    const QScopedPointer<PlainButton> light(buttonWithToolTip());
+    const Appearance lightAppearance(*light, Scheme::Light);
+    showToolTip(*light, QPoint(10, 10));
+    QCOMPARE(Appearance::of(toolTipOf(*light)), Scheme::Light);
+    const QScopedPointer<PlainButton> dark(buttonWithToolTip());
+    const Appearance darkAppearance(*dark, Scheme::Dark);
+    showToolTip(*dark, QPoint(10, 10));
+    QCOMPARE(Appearance::of(toolTipOf(*dark)), Scheme::Dark);
+    QVERIFY(toolTipOf(*light) == nullptr);
+}
+
+void ControlsTest::aToolTipGoesAway_data()
+{
+    QTest::addColumn<std::function<void(PlainButton&)>>("act");
+    const auto addRow = [](const char* name, const std::function<void(PlainButton&)>& act) {
+        QTest::newRow(name) << act;
+    };
+    addRow("the pointer leaves", [](PlainButton& owner) {
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(&owner, &leave);
+    });
+    addRow("a mouse button is pressed",
+           [](PlainButton& owner) { QTest::mousePress(&owner, Qt::LeftButton); });
+    addRow("a key is pressed", [](PlainButton& owner) { QTest::keyPress(&owner, Qt::Key_A); });
+    addRow("the owner is hidden", [](PlainButton& owner) { owner.hide(); });
+    addRow("the text is empty", [](PlainButton& owner) {
+        owner.setToolTip({});
+        showToolTip(owner, QPoint(10, 10));
+    });
+}
+
+void ControlsTest::aToolTipGoesAway()
+{
+    QFETCH(const std::function<void(PlainButton&)>, act);
+    const QScopedPointer<PlainButton> owner(buttonWithToolTip());
+    showToolTip(*owner, QPoint(10, 10));
+    QVERIFY(toolTipOf(*owner)->isVisible());
+    act(*owner);
+    QTRY_VERIFY(toolTipOf(*owner) == nullptr);
 }
 
 void ControlsTest::controlCharactersBecomeSpaces_data()

@@ -154,7 +154,7 @@ bool Clickable::event(QEvent* event)
         setHovered(false);
         break;
     case QEvent::ToolTip:
-        ToolTip::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        showToolTip(*this, static_cast<QHelpEvent*>(event)->globalPos());
         return true;
     default:
         break;

@@ -19,21 +19,6 @@ namespace {
 /// Points between a button and its drop-down menu.
 constexpr int dropDownGap = 4;
 
-/// Rounds the corners of a menu when its size is known.
-class CornerFitter final : public QObject
-{
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
-            roundWindowCorners(*static_cast<QWidget*>(watched), KitStyle::menuRadius);
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 /// A title that shows the user's text as it is: QMenu takes a single ampersand for a mnemonic and a tab for the start of a
 /// shortcut.
 QString literal(const QString& title)
@@ -60,7 +45,7 @@ void styleMenu(QMenu& menu)
     menu.setFont(theme::font(13));
     menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     menu.setAttribute(Qt::WA_TranslucentBackground);
-    menu.installEventFilter(new CornerFitter(&menu));
+    keepCornersRounded(menu, KitStyle::menuRadius);
 }
 
 void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)

@@ -73,7 +73,7 @@ void Label::updateToolTip()
 bool Label::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
-        ToolTip::show(*this, static_cast<QHelpEvent*>(event)->globalPos());
+        showToolTip(*this, static_cast<QHelpEvent*>(event)->globalPos());
         return true;
     }
     return QWidget::event(event);

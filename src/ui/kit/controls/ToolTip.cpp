@@ -2,111 +2,94 @@
 
 #include "Appearance.h"
 #include "InOneLine.h"
-#include "Paint.h"
+#include "KitStyle.h"
 #include "PopupWindow.h"
 #include "Theme.h"
 
-#include <QEvent>
-#include <QGuiApplication>
-#include <QPainter>
+#include <QChildEvent>
+#include <QLabel>
 #include <QPointer>
-#include <QScreen>
-#include <QTextOption>
-
-#include <algorithm>
+#include <QTextLayout>
+#include <QToolTip>
 
 namespace tintwick {
 
 namespace {
 
-constexpr int horizontalPadding = 8;
-constexpr int verticalPadding = 5;
-constexpr double cornerRadius = 6;
 /// Points; a longer text wraps.
 constexpr double widestText = 320;
-constexpr int belowPointer = 20;
 
-QTextOption wrapping()
+QFont textFont()
 {
+    return theme::font(11);
+}
+
+/// Lines of at most `widestText` that QLabel neither wraps again nor reads as markup.
+QString asRichText(const QString& toolTip)
+{
+    const QString text = inOneLine(toolTip);
+    QTextLayout layout(text, textFont());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    return option;
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(widestText);
+        lines += text.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return QStringLiteral("<div style='white-space:pre'>%1</div>").arg(lines.join(u'\n').toHtmlEscaped());
 }
+
+/// Gives our look to the label that QToolTip creates as a child of an owner, before its size is computed. Closes it on events of
+/// the owner that QToolTip ignores.
+class TipKeeper final : public QObject
+{
+public:
+    void show(QWidget& owner, const QPoint& globalPosition)
+    {
+        if (m_tip != nullptr && m_tip->parent() != &owner) {
+            delete m_tip;
+        }
+        owner.installEventFilter(this);
+        const QString text = owner.toolTip();
+        QToolTip::showText(globalPosition, text.isEmpty() ? text : asRichText(text), &owner);
+    }
+
+    bool eventFilter(QObject* owner, QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::ChildPolished:
+            if (QObject* child = static_cast<QChildEvent*>(event)->child(); child->inherits("QTipLabel")) {
+                m_tip = static_cast<QLabel*>(child);
+                m_tip->setStyle(KitStyle::shared());
+                m_tip->setPalette(Appearance::palette(Appearance::of(static_cast<QWidget*>(owner))));
+                m_tip->setFont(textFont());
+                m_tip->setAttribute(Qt::WA_TranslucentBackground);
+                keepCornersRounded(*m_tip, KitStyle::toolTipRadius);
+            }
+            break;
+        case QEvent::Hide:
+        case QEvent::KeyPress:
+            delete m_tip;
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(owner, event);
+    }
+
+private:
+    QPointer<QLabel> m_tip;
+};
 
 } // namespace
 
-ToolTip::ToolTip(QWidget& owner, const QString& text)
-    : QWidget(&owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
-    , m_text(inOneLine(text))
-    , m_scheme(Appearance::of(&owner))
+void showToolTip(QWidget& owner, const QPoint& globalPosition)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    setFont(theme::font(11));
-    setAccessibleName(text);
-    m_text.setTextFormat(Qt::PlainText);
-    m_text.setTextOption(wrapping());
-    m_text.prepare({}, font());
-    if (m_text.size().width() > widestText) {
-        m_text.setTextWidth(widestText);
-        m_text.prepare({}, font());
-    }
-    resize(qCeil(m_text.size().width()) + 2 * horizontalPadding,
-           qCeil(m_text.size().height()) + 2 * verticalPadding);
-    owner.installEventFilter(this);
-}
-
-void ToolTip::show(QWidget& owner, const QPoint& globalPosition)
-{
-    static QPointer<ToolTip> shown;
-    delete shown;
-    if (owner.toolTip().isEmpty()) {
-        return;
-    }
-    shown = new ToolTip(owner, owner.toolTip());
-    QPoint place = globalPosition + QPoint(0, belowPointer);
-    if (const QScreen* screen = QGuiApplication::screenAt(globalPosition)) {
-        const QRect room = screen->availableGeometry();
-        place.setX(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - shown->width())));
-        if (place.y() + shown->height() > room.bottom()) {
-            place.setY(globalPosition.y() - shown->height() - verticalPadding);
-        }
-    }
-    shown->move(place);
-    roundWindowCorners(*shown, cornerRadius);
-    shown->setVisible(true);
-}
-
-bool ToolTip::eventFilter(QObject* watched, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::Leave:
-    case QEvent::MouseButtonPress:
-    case QEvent::KeyPress:
-    case QEvent::Wheel:
-    case QEvent::Hide:
-    case QEvent::FocusOut:
-        close();
-        break;
-    default:
-        break;
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void ToolTip::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    if (mask().isEmpty()) {
-        fillRounded(painter, rect(), cornerRadius, theme::surface.in(m_scheme));
-    } else {
-        // Pixels that are not completely covered would be black.
-        painter.fillRect(rect().adjusted(0, 0, 1, 1), theme::surface.in(m_scheme));
-    }
-    strokeInside(painter, rect(), cornerRadius, theme::border.in(m_scheme), 1);
-    painter.setPen(theme::textPrimary.in(m_scheme));
-    painter.drawStaticText(horizontalPadding, verticalPadding, m_text);
+    static TipKeeper keeper;
+    keeper.show(owner, globalPosition);
 }
 
 } // namespace tintwick

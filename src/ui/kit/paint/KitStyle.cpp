@@ -29,6 +29,7 @@ static_assert(KitStyle::checkedTitleInset == menuPadding + itemPadding + symbolC
 constexpr int symbolSize = 12;
 constexpr int separatorHeight = 9;
 constexpr int submenuColumn = 20;
+constexpr int toolTipPadding = 5;
 /// Points; a longer title is elided.
 constexpr int widestTitle = 260;
 
@@ -65,18 +66,22 @@ void KitStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
                              const QWidget* widget) const
 {
     switch (element) {
-    case PE_PanelMenu: {
+    case PE_PanelMenu:
+    case PE_PanelTipLabel: {
+        const double radius = element == PE_PanelMenu ? menuRadius : toolTipRadius;
         const Scheme scheme = Appearance::of(widget);
-        painter->setCompositionMode(QPainter::CompositionMode_Source);
-        painter->fillRect(option->rect, Qt::transparent);
-        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+        if (element == PE_PanelMenu) {
+            painter->setCompositionMode(QPainter::CompositionMode_Source);
+            painter->fillRect(option->rect, Qt::transparent);
+            painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+        }
         if (widget == nullptr || widget->mask().isEmpty()) {
-            fillRounded(*painter, option->rect, menuRadius, theme::surface.in(scheme));
+            fillRounded(*painter, option->rect, radius, theme::surface.in(scheme));
         } else {
             // The mask cuts the window. Pixels that are not completely covered would be black.
             painter->fillRect(option->rect.adjusted(0, 0, 1, 1), theme::surface.in(scheme));
         }
-        strokeInside(*painter, option->rect, menuRadius, theme::border.in(scheme), 1);
+        strokeInside(*painter, option->rect, radius, theme::border.in(scheme), 1);
         break;
     }
     case PE_FrameMenu:
@@ -123,6 +128,8 @@ int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
         return menuPadding;
     case PM_SubMenuOverlap:
         return -2;
+    case PM_ToolTipLabelFrameWidth:
+        return toolTipPadding;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

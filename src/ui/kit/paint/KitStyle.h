@@ -6,7 +6,7 @@ class QStyleOptionMenuItem;
 
 namespace tintwick {
 
-/// The style of our menus and text fields, independent of the style of the desktop.
+/// The style of our menus, tool tips and text fields, independent of the style of the desktop.
 class KitStyle final : public QProxyStyle
 {
     Q_OBJECT
@@ -17,6 +17,7 @@ public:
     /// A property of a QAction that cannot be undone.
     static constexpr const char* destructiveProperty = "tintwickDestructive";
     static constexpr double menuRadius = 10;
+    static constexpr double toolTipRadius = 6;
     /// Points from the left edge of a menu with check marks or symbols to its titles.
     static constexpr int checkedTitleInset = 39;
 

@@ -2,6 +2,7 @@
 
 #include "Corners.h"
 
+#include <QEvent>
 #include <QRegion>
 #include <QWidget>
 
@@ -10,6 +11,28 @@ namespace tintwick {
 namespace {
 
 bool desktopBlends = true;
+
+class CornerFitter final : public QObject
+{
+public:
+    CornerFitter(QWidget& window, double radius)
+        : QObject(&window)
+        , m_radius(radius)
+    {
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+            roundWindowCorners(*static_cast<QWidget*>(watched), m_radius);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    double m_radius;
+};
 
 } // namespace
 
@@ -25,6 +48,11 @@ void roundWindowCorners(QWidget& window, double radius)
     } else {
         window.setMask(QRegion(roundedPath(window.rect(), radius).toFillPolygon().toPolygon()));
     }
+}
+
+void keepCornersRounded(QWidget& window, double radius)
+{
+    new CornerFitter(window, radius);
 }
 
 } // namespace tintwick

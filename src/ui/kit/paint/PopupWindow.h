@@ -10,5 +10,7 @@ void setDesktopBlends(bool blends);
 /// Rounds the corners of a frameless window with `radius` points. Where the desktop does not blend windows, a mask cuts them. To be
 /// called after each change of size.
 void roundWindowCorners(QWidget& window, double radius);
+/// The same, after each change of size.
+void keepCornersRounded(QWidget& window, double radius);
 
 } // namespace tintwick
