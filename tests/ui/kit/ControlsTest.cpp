@@ -356,7 +356,10 @@ void ControlsTest::aToolTipGoesAway()
 {
     QFETCH(const std::function<void(PlainButton&)>, act);
     const QScopedPointer<PlainButton> owner(buttonWithToolTip());
+    // The activation of a window closes tool tips.
+    QVERIFY(QTest::qWaitForWindowActive(owner.data()));
     showToolTip(*owner, QPoint(10, 10));
+    QCoreApplication::processEvents();
     QVERIFY(toolTipOf(*owner)->isVisible());
     act(*owner);
     QTRY_VERIFY(toolTipOf(*owner) == nullptr);
