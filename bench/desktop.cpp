@@ -8,7 +8,7 @@
 
 #include "PayloadCoding.h"
 #include "desktop/TintwickProcess.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/Pattern.h"
 #include "support/PrivateDesktop.h"
 #include "support/TestWindow.h"
@@ -262,17 +262,17 @@ double pickTime(PrivateDesktop& desktop, TintwickProcess& program)
 /// From the release of the shortcut's key to the loupe's first frame on the screen.
 double shortcutTime(PrivateDesktop& desktop, TintwickProcess& program)
 {
-    HandOnKeyboard hand(desktop.display());
+    KeyboardInput keyboard(desktop.display());
     std::vector<double> times;
     for (int i = 0; i < 25; ++i) {
         require(waitUntil([&] { return desktop.connection().inputIsFree(); }), "the pick keeps the input");
         desktop.movePointer({300 + 50 * i, 540});
-        hand.press(KEY_LEFTALT);
-        hand.press(KEY_LEFTSHIFT);
-        hand.press(KEY_C);
-        times.push_back(timeToLoupe(desktop, program, [&] { hand.release(KEY_C); }));
-        hand.release(KEY_LEFTSHIFT);
-        hand.release(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTSHIFT);
+        keyboard.press(KEY_C);
+        times.push_back(timeToLoupe(desktop, program, [&] { keyboard.release(KEY_C); }));
+        keyboard.release(KEY_LEFTSHIFT);
+        keyboard.release(KEY_LEFTALT);
     }
     return median(times);
 }

@@ -9,15 +9,15 @@
 using namespace tintwick;
 using namespace Qt::StringLiterals;
 
-/// Settings of the toolkit that keep an idle program from waking up.
+/// Toolkit settings that prevent wake-ups of an idle program.
 class ApplicationTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void noPixmapStartsTheTimerOfThePixmapCache();
-    void threadsOfTheToolkitEndSoon();
+    void pixmapsAreNotCached();
+    void idleThreadsExpireWithinASecond();
 };
 
 void ApplicationTest::initTestCase()
@@ -25,17 +25,17 @@ void ApplicationTest::initTestCase()
     Application::setUpToolkit();
 }
 
-void ApplicationTest::noPixmapStartsTheTimerOfThePixmapCache()
+void ApplicationTest::pixmapsAreNotCached()
 {
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::red);
     QVERIFY(!QPixmapCache::insert(u"red"_s, pixmap));
-    // Like the tray icon.
+    // The tray icon uses pixmaps in the same way.
     QIcon icon(pixmap);
     QVERIFY(!icon.pixmap(16, 16).isNull());
 }
 
-void ApplicationTest::threadsOfTheToolkitEndSoon()
+void ApplicationTest::idleThreadsExpireWithinASecond()
 {
     QVERIFY(QThreadPool::globalInstance()->expiryTimeout() <= 1000);
 }

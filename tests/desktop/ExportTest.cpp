@@ -159,7 +159,7 @@ public:
         });
     }
 
-    /// Gives the keyboard focus to the topmost save dialog, or to the question that it asks.
+    /// Sets the keyboard focus to the topmost save dialog, or to its confirmation.
     [[nodiscard]] bool focusDialog()
     {
         const xcb_window_t dialog = windows("Save As").back();

@@ -79,7 +79,7 @@ private:
 
 } // namespace
 
-/// A pick that cannot begin says why: in the panel if it was started there, else in a notification.
+/// A pick that cannot begin shows the reason: in the panel if it was started there, else in a notification.
 class FailedPickTest final : public QObject
 {
     Q_OBJECT

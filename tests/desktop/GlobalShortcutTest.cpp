@@ -1,6 +1,6 @@
 #include "desktop/TintwickProcess.h"
-#include "support/HandOnKeyboard.h"
 #include "support/KeyCombination.h"
+#include "support/KeyboardInput.h"
 #include "support/Pattern.h"
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
@@ -112,7 +112,7 @@ public:
 
     PrivateDesktop desktop;
     DesktopConnection other{desktop.display()};
-    HandOnKeyboard hand{desktop.display()};
+    KeyboardInput keyboard{desktop.display()};
     TestWindow terminal{other, {.geometry = desktop.screen(), .input = TestWindow::Input::Recorded}};
     ShownLoupes loupes{desktop.connection()};
 
@@ -143,11 +143,11 @@ public:
 
     void press(const Keys& keys)
     {
-        std::for_each(keys.begin(), keys.end(), [this](int key) { hand.press(key); });
+        std::for_each(keys.begin(), keys.end(), [this](int key) { keyboard.press(key); });
     }
     void release(const Keys& keys)
     {
-        std::for_each(keys.begin(), keys.end(), [this](int key) { hand.release(key); });
+        std::for_each(keys.begin(), keys.end(), [this](int key) { keyboard.release(key); });
     }
     void pressAndRelease(const Keys& keys)
     {
@@ -230,11 +230,11 @@ void GlobalShortcutTest::theReleaseOfTheKeyStartsThePick()
     scene.desktop.movePointer(position);
     scene.press(altShiftCKeys);
     // The program processes what follows the press.
-    scene.hand.tap(KEY_V);
+    scene.keyboard.tap(KEY_V);
     QVERIFY(program.waitForPanel());
     QCOMPARE(scene.loupes.count(), 0);
 
-    scene.hand.release(KEY_C);
+    scene.keyboard.release(KEY_C);
     QVERIFY(program.waitForCenterCell(patternPixel(position.x(), position.y())));
     scene.release({KEY_LEFTSHIFT, KEY_LEFTALT});
     scene.desktop.click();
@@ -274,21 +274,21 @@ void GlobalShortcutTest::theShortcutStartsAPickAndTheTerminalDoesNotGetItsKey()
     TintwickProcess program(scene.desktop);
     QVERIFY(scene.waitUntilHeld(altShiftC));
     for (const int key : lockKeys) {
-        scene.hand.tap(key);
+        scene.keyboard.tap(key);
     }
-    QCOMPARE(int(scene.hand.modifiers()), locked);
+    QCOMPARE(int(scene.keyboard.modifiers()), locked);
     QCOMPARE(scene.typed(), lockKeys);
 
-    scene.hand.tap(KEY_C);
+    scene.keyboard.tap(KEY_C);
     QCOMPARE(scene.typed(), Keys{KEY_C});
-    scene.hand.tap(KEY_A);
+    scene.keyboard.tap(KEY_A);
     scene.press(presses);
     scene.release(releases);
     QVERIFY(scene.waitForLoupe(program));
     QVERIFY(scene.cancel(program));
     QVERIFY(!scene.terminalSaw(KEY_C));
     QCOMPARE(scene.typed(), (Keys{KEY_A, presses[0], presses[1]}));
-    scene.hand.tap(KEY_B);
+    scene.keyboard.tap(KEY_B);
     QCOMPARE(scene.typed(), Keys{KEY_B});
     QCOMPARE(scene.loupes.count(), 1);
 }
@@ -304,16 +304,16 @@ void GlobalShortcutTest::aHeldKeyStartsOnePick()
     QCOMPARE(xset->waitForEnd(), 0);
     // The usual number of repeats in two seconds.
     constexpr int repeats = 50;
-    scene.hand.press(KEY_A);
+    scene.keyboard.press(KEY_A);
     QVERIFY(waitUntil([&] { return std::ranges::count(scene.terminal.events(), presses(KEY_A)) > repeats; }));
-    scene.hand.release(KEY_A);
+    scene.keyboard.release(KEY_A);
 
     scene.press(altShiftCKeys);
     // No other program gets them now, but each wakes the program.
     const int before = wakeUps(program);
     QVERIFY(waitUntil([&] { return wakeUps(program) >= before + repeats; }));
     QCOMPARE(scene.loupes.count(), 0);
-    scene.hand.release(KEY_C);
+    scene.keyboard.release(KEY_C);
     scene.release({KEY_LEFTSHIFT, KEY_LEFTALT});
     QVERIFY(scene.waitForLoupe(program));
     QVERIFY(scene.cancel(program));
@@ -385,8 +385,8 @@ void GlobalShortcutTest::twoQuickPressesStartOnePick()
     QVERIFY(scene.waitUntilHeld(altShiftC));
     for (int pick = 1; pick <= 5; ++pick) {
         scene.press({KEY_LEFTALT, KEY_LEFTSHIFT});
-        scene.hand.tap(KEY_C);
-        scene.hand.tap(KEY_C);
+        scene.keyboard.tap(KEY_C);
+        scene.keyboard.tap(KEY_C);
         scene.release({KEY_LEFTSHIFT, KEY_LEFTALT});
         QVERIFY(scene.waitForLoupe(program, pick));
         QVERIFY(scene.cancel(program));
@@ -415,13 +415,13 @@ void GlobalShortcutTest::anOpenMenuClosesForThePickAndDoesNotGetTheKey()
     TintwickProcess program(scene.desktop);
     QVERIFY(program.openMenu());
     const QImage fresh = scene.desktop.settledScreenshot(program.menuPlace());
-    scene.hand.tap(KEY_UP);
+    scene.keyboard.tap(KEY_UP);
     QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(program.menuPlace()) != fresh; }));
     const QImage atQuit = scene.desktop.settledScreenshot(program.menuPlace());
 
     scene.press(keys);
     // The menu gets the next key, so it would also have got this one.
-    scene.hand.tap(KEY_DOWN);
+    scene.keyboard.tap(KEY_DOWN);
     QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(program.menuPlace()) != atQuit; }));
     QCOMPARE(scene.loupes.count(), 0);
     scene.release({keys.rbegin(), keys.rend()});
@@ -450,10 +450,10 @@ void GlobalShortcutTest::aStoredShortcutIsGrabbedAtTheNextStart_data()
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<Keys>("keys");
     QTest::addColumn<int>("modifiers");
-    QTest::newRow("Control, Option and K") << QByteArray(R"({\"carbonKeyCode\":40,\"carbonModifiers\":6144})")
-                                           << Keys{KEY_LEFTCTRL, KEY_LEFTALT, KEY_K} << (control | alt);
-    QTest::newRow("Command and F5") << QByteArray(R"({\"carbonKeyCode\":96,\"carbonModifiers\":256})")
-                                    << Keys{KEY_LEFTMETA, KEY_F5} << int(mod4);
+    QTest::newRow("Control, Alt and K") << QByteArray(R"({\"carbonKeyCode\":40,\"carbonModifiers\":6144})")
+                                        << Keys{KEY_LEFTCTRL, KEY_LEFTALT, KEY_K} << (control | alt);
+    QTest::newRow("Super and F5") << QByteArray(R"({\"carbonKeyCode\":96,\"carbonModifiers\":256})")
+                                  << Keys{KEY_LEFTMETA, KEY_F5} << int(mod4);
     QTest::newRow("F12 alone, members swapped")
         << QByteArray(R"({\"carbonModifiers\":0,\"carbonKeyCode\":111})") << Keys{KEY_F12} << 0;
 }
@@ -606,7 +606,7 @@ void GlobalShortcutTest::theShortcutKeepsItsKeyInEveryLayout()
     TintwickProcess program(scene.desktop);
     QVERIFY(scene.waitUntilHeld(altShiftC));
     QVERIFY(scene.setLayout(keymap));
-    scene.hand.chooseGroup(static_cast<std::uint8_t>(group));
+    scene.keyboard.chooseGroup(static_cast<std::uint8_t>(group));
     const Keys keyOfDvoraksC{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_I};
     scene.pressAndRelease(keyOfDvoraksC);
     QCOMPARE(scene.typed(), keyOfDvoraksC);

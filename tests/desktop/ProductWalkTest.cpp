@@ -1,6 +1,6 @@
 #include "desktop/TintwickProcess.h"
-#include "support/HandOnKeyboard.h"
 #include "support/KeyCombination.h"
+#include "support/KeyboardInput.h"
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
@@ -112,7 +112,7 @@ public:
 
     PrivateDesktop desktop;
     DesktopConnection other{desktop.display()};
-    HandOnKeyboard hand{desktop.display()};
+    KeyboardInput keyboard{desktop.display()};
     TestWindow otherProgram{other, {.geometry = patchWindow, .input = TestWindow::Input::Recorded}};
 
     void click(QPoint inPanel, Button button = Button::Left)
@@ -213,7 +213,7 @@ public:
         if (!keyboardIsTaken()) {
             return false;
         }
-        hand.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_P});
+        keyboard.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_P});
         if (!waitUntil([&] { return superShiftP.isHeld(other); }) || !inputIsGivenBack()) {
             return false;
         }
@@ -224,7 +224,7 @@ public:
     [[nodiscard]] bool picks(TintwickProcess& program, std::size_t patch)
     {
         desktop.movePointer(patchMiddle(patch));
-        hand.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_P});
+        keyboard.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_P});
         if (!program.waitForLoupe() || !program.waitForCenterCell(patches.at(patch))) {
             return false;
         }
@@ -238,7 +238,7 @@ public:
     {
         otherProgram.focus();
         otherProgram.forgetEvents();
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         const TestWindow::InputEvent press{XCB_KEY_PRESS, KEY_C + 8};
         return waitUntil([&] {
             const auto events = otherProgram.events();

@@ -14,11 +14,11 @@ private Q_SLOTS:
     void anOpaqueEdgeBecomesTheNormalDistribution();
     void theOffsetMovesTheResultDown();
     void theOpacityScalesTheResult();
-    void withoutADeviationThePictureStays();
+    void withoutADeviationTheImageIsUnchanged();
     void theReachIsThreeDeviations();
 
 private:
-    /// A picture whose left half, and nothing else, is opaque.
+    /// An image whose left half is opaque and whose right half is transparent.
     static QImage leftHalf()
     {
         QImage image(80, 80, QImage::Format_Alpha8);
@@ -64,7 +64,7 @@ void GaussianBlurTest::theOpacityScalesTheResult()
     QCOMPARE(blurred(full, {.standardDeviation = 2, .opacity = 0.4}).constScanLine(15)[15], uchar(102));
 }
 
-void GaussianBlurTest::withoutADeviationThePictureStays()
+void GaussianBlurTest::withoutADeviationTheImageIsUnchanged()
 {
     QCOMPARE(blurred(leftHalf(), {}), leftHalf());
 }

@@ -13,8 +13,8 @@ class LoupeGeometryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePictureIsMadeOfLensGapAndPill_data();
-    void thePictureIsMadeOfLensGapAndPill();
+    void theImageConsistsOfLensGapAndPill_data();
+    void theImageConsistsOfLensGapAndPill();
     void cellsFillTheLensOnWholePixels_data();
     void cellsFillTheLensOnWholePixels();
     void cellsAreSymmetricAndNeverLosePixels_data();
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void theLoupeFollowsThePointerInsideTheScreen();
 };
 
-void LoupeGeometryTest::thePictureIsMadeOfLensGapAndPill_data()
+void LoupeGeometryTest::theImageConsistsOfLensGapAndPill_data()
 {
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
@@ -48,7 +48,7 @@ void LoupeGeometryTest::thePictureIsMadeOfLensGapAndPill_data()
                                     << QRectF(7, 7, 306, 306) << QRect(0, 340, 320, 92);
 }
 
-void LoupeGeometryTest::thePictureIsMadeOfLensGapAndPill()
+void LoupeGeometryTest::theImageConsistsOfLensGapAndPill()
 {
     QFETCH(const double, side);
     QFETCH(const double, scale);
@@ -126,9 +126,9 @@ void LoupeGeometryTest::theCenterCellIsInTheMiddle_data()
     QTest::addColumn<QRect>("cell");
 
     QTest::newRow("15 cells of 8.2") << 130.0 << 15 << QRect(61, 61, 8, 8);
-    QTest::newRow("31 cells of 3: a half goes outwards") << 100.0 << 31 << QRect(48, 48, 4, 4);
-    QTest::newRow("2 cells of 61.5: on the middle, not on a cell") << 130.0 << 2 << QRect(34, 34, 62, 62);
-    QTest::newRow("one cell: all of the inside") << 130.0 << 1 << QRect(3, 3, 124, 124);
+    QTest::newRow("31 cells of 3: halves are rounded outwards") << 100.0 << 31 << QRect(48, 48, 4, 4);
+    QTest::newRow("2 cells of 61.5: centred, not on a cell") << 130.0 << 2 << QRect(34, 34, 62, 62);
+    QTest::newRow("one cell: the whole inside") << 130.0 << 1 << QRect(3, 3, 124, 124);
 }
 
 void LoupeGeometryTest::theCenterCellIsInTheMiddle()
@@ -157,17 +157,17 @@ void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen_data()
     row("bottom edge", {960, 1079}, 1, full, {895, 890});
     row("top left corner", {0, 0}, 1, full, {4, 4});
     row("bottom right corner", {1919, 1079}, 1, full, {1786, 890});
-    row("the last place that the left margin decides", {69, 540}, 1, full, {4, 475});
-    row("one further", {70, 540}, 1, full, {5, 475});
-    row("the first place that the bottom margin decides", {960, 955}, 1, full, {895, 890});
+    row("last position limited by the left margin", {69, 540}, 1, full, {4, 475});
+    row("one pixel further", {70, 540}, 1, full, {5, 475});
+    row("first position limited by the bottom margin", {960, 955}, 1, full, {895, 890});
     row("a fraction", {960.25, 540.5}, 1, full, {895.25, 475.5});
     row("scale 2, middle", {960, 540}, 2, full, {830, 410});
     row("scale 2, bottom left corner", {0, 1079}, 2, full, {8, 700});
     row("scale 2, top right corner", {1919, 0}, 2, full, {1652, 8});
     row("scale 1.25, top right corner", {1919, 0}, 1.25, full, {1752, 5});
     row("outside the screen", {-500, 2000}, 1, full, {4, 890});
-    row("too narrow: the left margin wins", {50, 500}, 1, {100, 1000}, {4, 435});
-    row("too low: the bottom margin wins", {500, 50}, 1, {1000, 100}, {435, -90});
+    row("too narrow: the left margin takes precedence", {50, 500}, 1, {100, 1000}, {4, 435});
+    row("too low: the bottom margin takes precedence", {500, 50}, 1, {1000, 100}, {435, -90});
 }
 
 void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen()

@@ -1,6 +1,5 @@
-// Compares every pixel of the loupe's picture with pictures that were looked at once and committed. When the
-// loupe is meant to look different, run this program with TINTWICK_UPDATE_REFERENCES=1, look at the new
-// pictures, commit them.
+// Compares every pixel of the loupe's image with reviewed reference images. After an intended change of the loupe, run
+// this program with TINTWICK_UPDATE_REFERENCES=1, review the new images and commit them.
 
 #include "LoupeLabel.h"
 #include "LoupeRenderer.h"
@@ -17,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Every cell differs from its neighbours; `base` decides how light the centre is.
+/// Neighbouring cells differ; `base` sets the lightness of the centre.
 QImage gradientPixels(int count, int base)
 {
     QImage pixels(count, count, QImage::Format_RGB32);
@@ -44,8 +43,8 @@ class LoupeReferenceTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void thePictureEqualsItsReference_data();
-    void thePictureEqualsItsReference();
+    void theImageEqualsItsReference_data();
+    void theImageEqualsItsReference();
 };
 
 void LoupeReferenceTest::initTestCase()
@@ -56,7 +55,7 @@ void LoupeReferenceTest::initTestCase()
              "The reference pictures need the font Inter (Debian: fonts-inter).");
 }
 
-void LoupeReferenceTest::thePictureEqualsItsReference_data()
+void LoupeReferenceTest::theImageEqualsItsReference_data()
 {
     QTest::addColumn<bool>("isCircle");
     QTest::addColumn<double>("side");
@@ -77,7 +76,7 @@ void LoupeReferenceTest::thePictureEqualsItsReference_data()
     QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0;
 }
 
-void LoupeReferenceTest::thePictureEqualsItsReference()
+void LoupeReferenceTest::theImageEqualsItsReference()
 {
     QFETCH(const bool, isCircle);
     QFETCH(const double, side);
@@ -91,7 +90,7 @@ void LoupeReferenceTest::thePictureEqualsItsReference()
         view.setCenterColor(pixels.pixel(count / 2, count / 2));
         view.setPixels(pixels);
     }
-    // As PNG keeps it.
+    // The format in which PNG stores it.
     const QImage actual =
         view.render({.isCircle = isCircle, .side = side}, scale).convertToFormat(QImage::Format_ARGB32);
 
@@ -131,8 +130,7 @@ void LoupeReferenceTest::thePictureEqualsItsReference()
 
 int main(int argc, char* argv[])
 {
-    // Only the system's fonts, untouched by the user's or the distribution's taste in hinting and
-    // substitution.
+    // Only the system's fonts, without the hinting and substitution settings of the user or the distribution.
     const QTemporaryDir home;
     QFile fontConfiguration(home.filePath(u"fonts.conf"_s));
     if (!fontConfiguration.open(QFile::WriteOnly)) {

@@ -19,7 +19,7 @@ QImage uniformPixels(int count, QRgb color)
     return pixels;
 }
 
-/// The darkest or lightest red component inside the pill, which the texts decide.
+/// The range of the red component inside the pill, which depends on the texts.
 std::pair<int, int> rangeInPill(const QImage& picture, int scale)
 {
     int lowest = 255;
@@ -40,26 +40,26 @@ class LoupeRendererTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePictureHasTheSizeOfTheLoupe_data();
-    void thePictureHasTheSizeOfTheLoupe();
-    void everyByteIsShownAsItIs();
-    void theCenterColorIsSeenInTheCenterCellAndThePill_data();
-    void theCenterColorIsSeenInTheCenterCellAndThePill();
+    void theImageHasTheSizeOfTheLoupe_data();
+    void theImageHasTheSizeOfTheLoupe();
+    void everyByteIsShownUnchanged();
+    void theCenterCellAndThePillShowTheCenterColor_data();
+    void theCenterCellAndThePillShowTheCenterColor();
     void cellsKeepTheirColorsUpToTheirEdges_data();
     void cellsKeepTheirColorsUpToTheirEdges();
     void theTopRowOfThePixelsIsAtTheTop();
-    void withoutPixelsTheLensIsALightFieldWithLines();
+    void anEmptyLensIsLightWithGridLines();
     void theCenterCellIsOutlinedDarkThenLight();
-    void betweenRingAndCellsNothingShinesThrough_data();
-    void betweenRingAndCellsNothingShinesThrough();
-    void aCircleLeavesItsCornersToTheScreen();
+    void theSeamBetweenRingAndCellsIsOpaque_data();
+    void theSeamBetweenRingAndCellsIsOpaque();
+    void aCircleHasTransparentCorners();
     void theGapBetweenLensAndPillHasOnlyShadow();
     void textIsDarkOnLightAndLightOnDark();
     void withoutACenterColorThePillIsLightGray();
     void aFrameDoesNotDependOnTheFramesBefore();
 };
 
-void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe_data()
+void LoupeRendererTest::theImageHasTheSizeOfTheLoupe_data()
 {
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
@@ -72,7 +72,7 @@ void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe_data()
     QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(260, 372);
 }
 
-void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe()
+void LoupeRendererTest::theImageHasTheSizeOfTheLoupe()
 {
     QFETCH(const double, side);
     QFETCH(const double, scale);
@@ -82,7 +82,7 @@ void LoupeRendererTest::thePictureHasTheSizeOfTheLoupe()
     QCOMPARE(picture.format(), QImage::Format_ARGB32_Premultiplied);
 }
 
-void LoupeRendererTest::everyByteIsShownAsItIs()
+void LoupeRendererTest::everyByteIsShownUnchanged()
 {
     LoupeRenderer view;
     for (int byte = 0; byte <= 255; ++byte) {
@@ -97,7 +97,7 @@ void LoupeRendererTest::everyByteIsShownAsItIs()
     }
 }
 
-void LoupeRendererTest::theCenterColorIsSeenInTheCenterCellAndThePill_data()
+void LoupeRendererTest::theCenterCellAndThePillShowTheCenterColor_data()
 {
     QTest::addColumn<bool>("isCircle");
     QTest::addColumn<double>("side");
@@ -112,7 +112,7 @@ void LoupeRendererTest::theCenterColorIsSeenInTheCenterCellAndThePill_data()
     }
 }
 
-void LoupeRendererTest::theCenterColorIsSeenInTheCenterCellAndThePill()
+void LoupeRendererTest::theCenterCellAndThePillShowTheCenterColor()
 {
     QFETCH(const bool, isCircle);
     QFETCH(const double, side);
@@ -146,8 +146,8 @@ void LoupeRendererTest::cellsKeepTheirColorsUpToTheirEdges()
 {
     QFETCH(const double, scale);
     QFETCH(const int, count);
-    // Red is full in every cell and only lessened by a line; blue counts the columns, and a pixel mixed of
-    // two cells would have a value between two steps.
+    // Red is full in every cell and reduced only by a grid line. Blue is the number of the column, so a pixel mixed of
+    // two cells has a value between two steps.
     constexpr int step = 7;
     LoupeRenderer view;
     QImage pixels = uniformPixels(count, 0);
@@ -158,8 +158,7 @@ void LoupeRendererTest::cellsKeepTheirColorsUpToTheirEdges()
     }
     view.setPixels(pixels);
     const QImage& picture = view.render(mediumSquare, scale);
-    // The middle of the row below the top one is free of horizontal lines, of the corners and of the centre
-    // cell.
+    // The middle of the second row has no horizontal lines, no corners and no centre cell.
     const double cell = (picture.width() - 7 * scale) / count;
     const int y = static_cast<int>(3.5 * scale + 1.5 * cell);
     QList<int> widths(count, 0);
@@ -196,7 +195,7 @@ void LoupeRendererTest::theTopRowOfThePixelsIsAtTheTop()
     QCOMPARE(picture.pixel(20, 110), qRgb(0, 0, 255));
 }
 
-void LoupeRendererTest::withoutPixelsTheLensIsALightFieldWithLines()
+void LoupeRendererTest::anEmptyLensIsLightWithGridLines()
 {
     LoupeRenderer view;
     const QImage& picture = view.render(mediumSquare, 1);
@@ -211,11 +210,11 @@ void LoupeRendererTest::withoutPixelsTheLensIsALightFieldWithLines()
     QCOMPARE(picture.pixel(18, y), field);
     QCOMPARE(picture.pixel(19, y), line);
     QCOMPARE(picture.pixel(20, y), field);
-    // On the other half the lines mirror these.
+    // The lines on the other half mirror these.
     QCOMPARE(picture.pixel(117, y), field);
     QCOMPARE(picture.pixel(118, y), line);
     QCOMPARE(picture.pixel(119, y), field);
-    // Where two lines cross they do not add up.
+    // Crossing lines do not add up.
     QCOMPARE(picture.pixel(19, 19), line);
     QCOMPARE(picture.pixel(32, 11), line);
 }
@@ -225,7 +224,7 @@ void LoupeRendererTest::theCenterCellIsOutlinedDarkThenLight()
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(200, 0, 0)));
     const QImage& picture = view.render(mediumSquare, 1);
-    // The cell is 61 to 69. A dark line of 1.5 takes one pixel on either side of its edge, a light one the
+    // The cell spans 61 to 69. A dark line of width 1.5 takes one pixel on either side of its edge, a light line the
     // next pixel.
     const QRgb dark = qRgb(13, 13, 13);
     QCOMPARE(picture.pixel(65, 65), qRgb(200, 0, 0));
@@ -245,7 +244,7 @@ void LoupeRendererTest::theCenterCellIsOutlinedDarkThenLight()
     QCOMPARE(picture.pixel(65, 70), qRgb(244, 204, 204));
 }
 
-void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough_data()
+void LoupeRendererTest::theSeamBetweenRingAndCellsIsOpaque_data()
 {
     QTest::addColumn<bool>("isCircle");
     QTest::addColumn<double>("scale");
@@ -256,7 +255,7 @@ void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough_data()
     }
 }
 
-void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough()
+void LoupeRendererTest::theSeamBetweenRingAndCellsIsOpaque()
 {
     QFETCH(const bool, isCircle);
     QFETCH(const double, scale);
@@ -264,19 +263,19 @@ void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough()
     view.setPixels(uniformPixels(15, qRgb(255, 255, 255)));
     const QImage& picture = view.render({.isCircle = isCircle, .side = 130}, scale);
     const double middle = picture.width() / 2.0;
-    int shining = 0;
+    int translucent = 0;
     for (int y = 0; y < picture.width(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = 0; x < picture.width(); ++x) {
             const double dx = x + 0.5 - middle;
             const double dy = y + 0.5 - middle;
-            // Inside the circle less an outermost pixel, which is antialiased against the screen.
+            // Inside the circle, without the outermost pixel, which is antialiased.
             if (dx * dx + dy * dy < (middle - 1.5) * (middle - 1.5) && qAlpha(row[x]) != 255) {
-                ++shining;
+                ++translucent;
             }
         }
     }
-    QCOMPARE(shining, 0);
+    QCOMPARE(translucent, 0);
     // 0.07 × 255 = 17.85
     const int y = picture.width() / 2;
     for (int x = 0; x + 1 <= 3.5 * scale; ++x) {
@@ -286,13 +285,12 @@ void LoupeRendererTest::betweenRingAndCellsNothingShinesThrough()
     }
 }
 
-void LoupeRendererTest::aCircleLeavesItsCornersToTheScreen()
+void LoupeRendererTest::aCircleHasTransparentCorners()
 {
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(255, 255, 255)));
     const QImage& picture = view.render(mediumCircle, 1);
-    // 10 pixels from both edges is outside a circle that touches them, and inside the square's rounded
-    // corner.
+    // 10 pixels from both edges is outside the inscribed circle, and inside the rounded corner of the square.
     for (const QPoint corner : {QPoint(10, 10), QPoint(119, 10), QPoint(10, 119), QPoint(119, 119)}) {
         QVERIFY(qAlpha(picture.pixel(corner)) < 100);
     }
@@ -310,7 +308,7 @@ void LoupeRendererTest::theGapBetweenLensAndPillHasOnlyShadow()
             QCOMPARE(row[x] & 0xFFFFFF, 0U);
             QVERIFY(qAlpha(row[x]) < 80);
         }
-        // The shadow falls downwards, so there is some below the ring.
+        // The shadow is offset downwards, so part of it is below the ring.
         QVERIFY(qAlpha(row[65]) > 10);
     }
 }

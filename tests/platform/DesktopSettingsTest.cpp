@@ -12,20 +12,20 @@ class DesktopSettingsTest : public QObject
 
 private Q_SLOTS:
     void init() { qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent"); }
-    void aDesktopWithoutABusWishesNothing();
-    void settingsAreUnderstood_data();
-    void settingsAreUnderstood();
-    void everyReasonForLessMotionCounts();
+    void withoutABusThereAreNoPreferences();
+    void settingsAreParsed_data();
+    void settingsAreParsed();
+    void anyReducedMotionSettingCounts();
 };
 
-void DesktopSettingsTest::aDesktopWithoutABusWishesNothing()
+void DesktopSettingsTest::withoutABusThereAreNoPreferences()
 {
     const DesktopSettings appearance;
     QCOMPARE(appearance.prefersDark(), std::nullopt);
     QVERIFY(!appearance.prefersReducedMotion());
 }
 
-void DesktopSettingsTest::settingsAreUnderstood_data()
+void DesktopSettingsTest::settingsAreParsed_data()
 {
     QTest::addColumn<QString>("space");
     QTest::addColumn<QString>("key");
@@ -40,22 +40,21 @@ void DesktopSettingsTest::settingsAreUnderstood_data()
     QTest::newRow("light") << appearance << u"color-scheme"_s << QVariant(2U) << u"no"_s << false;
     QTest::newRow("an unknown scheme")
         << appearance << u"color-scheme"_s << QVariant(9U) << u"none"_s << false;
-    QTest::newRow("the same key elsewhere")
+    QTest::newRow("the same key in another namespace")
         << gnome << u"color-scheme"_s << QVariant(1U) << u"none"_s << false;
     QTest::newRow("reduced motion") << appearance << u"reduced-motion"_s << QVariant(1U) << u"none"_s << true;
-    QTest::newRow("motion as usual") << appearance << u"reduced-motion"_s << QVariant(0U) << u"none"_s
-                                     << false;
+    QTest::newRow("normal motion") << appearance << u"reduced-motion"_s << QVariant(0U) << u"none"_s << false;
     QTest::newRow("no animations") << gnome << u"enable-animations"_s << QVariant(false) << u"none"_s << true;
     QTest::newRow("animations") << gnome << u"enable-animations"_s << QVariant(true) << u"none"_s << false;
-    QTest::newRow("animations in no time")
+    QTest::newRow("animations of zero duration")
         << kde << u"AnimationDurationFactor"_s << QVariant(u"0"_s) << u"none"_s << true;
-    QTest::newRow("animations in half the time")
+    QTest::newRow("animations of half duration")
         << kde << u"AnimationDurationFactor"_s << QVariant(u"0.5"_s) << u"none"_s << false;
     QTest::newRow("not a number") << kde << u"AnimationDurationFactor"_s << QVariant(u""_s) << u"none"_s
                                   << false;
 }
 
-void DesktopSettingsTest::settingsAreUnderstood()
+void DesktopSettingsTest::settingsAreParsed()
 {
     QFETCH(const QString, space);
     QFETCH(const QString, key);
@@ -64,10 +63,10 @@ void DesktopSettingsTest::settingsAreUnderstood()
     DesktopSettings appearance;
     QSignalSpy changed(&appearance, &DesktopSettings::changed);
     appearance.take(space, key, value);
-    const QString told = !appearance.prefersDark()   ? u"none"_s
-                         : *appearance.prefersDark() ? u"yes"_s
-                                                     : u"no"_s;
-    QCOMPARE(told, dark);
+    const QString scheme = !appearance.prefersDark()   ? u"none"_s
+                           : *appearance.prefersDark() ? u"yes"_s
+                                                       : u"no"_s;
+    QCOMPARE(scheme, dark);
     QTEST(appearance.prefersReducedMotion(), "reducedMotion");
     const qsizetype expected = dark != "none"_L1 || appearance.prefersReducedMotion() ? 1 : 0;
     QCOMPARE(changed.size(), expected);
@@ -75,7 +74,7 @@ void DesktopSettingsTest::settingsAreUnderstood()
     QCOMPARE(changed.size(), expected);
 }
 
-void DesktopSettingsTest::everyReasonForLessMotionCounts()
+void DesktopSettingsTest::anyReducedMotionSettingCounts()
 {
     DesktopSettings appearance;
     appearance.take(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);

@@ -7,7 +7,7 @@ using namespace tintwick;
 
 namespace {
 
-/// Records how a pick is refused.
+/// Records the reasons of refused picks.
 class RefusalListener final : public PickingSession::Listener
 {
 public:
@@ -27,7 +27,7 @@ public:
 
 } // namespace
 
-/// A desktop that offers nothing says so, and never pretends that something worked.
+/// A desktop without any service reports each request as unsupported.
 class NullPlatformTest final : public QObject
 {
     Q_OBJECT
@@ -36,9 +36,9 @@ private Q_SLOTS:
     void isUsedOnlyWhereTheToolkitDrawsIntoMemory_data();
     void isUsedOnlyWhereTheToolkitDrawsIntoMemory();
     void aPickIsRefusedFromTheEventLoop();
-    void aPickThatEndedBeforeIsNotRefused();
+    void anEndedPickIsNotRefused();
     void aShortcutIsRefused();
-    void whatIsMissingIsNotOffered();
+    void noOtherServiceIsAvailable();
 };
 
 void NullPlatformTest::isUsedOnlyWhereTheToolkitDrawsIntoMemory_data()
@@ -78,7 +78,7 @@ void NullPlatformTest::aPickIsRefusedFromTheEventLoop()
     QVERIFY(session->grab(0, {0, 0, 1, 1}).isNull());
 }
 
-void NullPlatformTest::aPickThatEndedBeforeIsNotRefused()
+void NullPlatformTest::anEndedPickIsNotRefused()
 {
     NullPlatform platform;
     RefusalListener listener;
@@ -100,7 +100,7 @@ void NullPlatformTest::aShortcutIsRefused()
     QVERIFY(platform.globalShortcuts().keyChoice() == GlobalShortcuts::KeyChoice::None);
 }
 
-void NullPlatformTest::whatIsMissingIsNotOffered()
+void NullPlatformTest::noOtherServiceIsAvailable()
 {
     NullPlatform platform;
     QVERIFY(!platform.capturePermission().isGranted);

@@ -90,14 +90,14 @@ void PanelPlacementTest::placesThePanelBesideItsAnchor_data()
         << icon(900, 0) << Screens{PanelScreen{{0, 0, 1024, 500}, {0, 0, 1024, 500}}} << QPoint(520, 0)
         << 500;
     QTest::newRow("no anchor, low monitor") << Anchor{} << Screens{low} << QPoint(636, 24) << 576;
-    QTest::newRow("on a monitor narrower than the panel the left margin wins")
+    QTest::newRow("on a monitor narrower than the panel the left margin takes precedence")
         << icon(290, 0) << Screens{narrow} << QPoint(8, 24) << 580;
 
     QTest::newRow("on the second monitor it stays on the second")
         << icon(1925, 0) << Screens{bare, toTheRight} << QPoint(1928, 24) << 580;
     QTest::newRow("on a monitor left of the primary one")
         << icon(-30, 0) << Screens{bare, toTheLeft} << QPoint(-388, 24) << 580;
-    QTest::newRow("an icon outside every monitor belongs to the nearest")
+    QTest::newRow("an icon outside every monitor counts for the nearest")
         << icon(3300, 0) << Screens{bare, toTheRight} << QPoint(2812, 24) << 580;
 
     QTest::newRow("a click on a bar at the top")

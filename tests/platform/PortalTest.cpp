@@ -29,7 +29,7 @@ class SettingsPortal final : public QObject
 
 public:
     SettingsByNamespace settings;
-    QStringList asked;
+    QStringList requestedNamespaces;
 
     /// Sends the signal of the portal.
     static void report(QDBusConnection bus, const QString& space, const QString& key, const QVariant& value)
@@ -41,10 +41,10 @@ public:
     }
 
 public Q_SLOTS:
-    // The names are the protocol's.
+    // The D-Bus interface defines the name.
     tintwick::SettingsByNamespace ReadAll(const QStringList& namespaces)
     {
-        asked = namespaces;
+        requestedNamespaces = namespaces;
         return settings;
     }
 };
@@ -109,8 +109,9 @@ void PortalTest::settingsAreReadAtTheStart()
     const DesktopSettings settings;
     QTRY_COMPARE(settings.prefersDark(), std::optional(true));
     QTRY_VERIFY(settings.prefersReducedMotion());
-    QCOMPARE(m_portal->asked, (QStringList{u"org.freedesktop.appearance"_s, u"org.gnome.desktop.interface"_s,
-                                           u"org.kde.kdeglobals.KDE"_s}));
+    QCOMPARE(m_portal->requestedNamespaces,
+             (QStringList{u"org.freedesktop.appearance"_s, u"org.gnome.desktop.interface"_s,
+                          u"org.kde.kdeglobals.KDE"_s}));
 }
 
 void PortalTest::aChangedSettingIsReported()
@@ -118,7 +119,7 @@ void PortalTest::aChangedSettingIsReported()
     QDBusConnection bus(u"portal"_s);
     QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
     const DesktopSettings settings;
-    QTRY_VERIFY(!m_portal->asked.isEmpty());
+    QTRY_VERIFY(!m_portal->requestedNamespaces.isEmpty());
     QSignalSpy changed(&settings, &DesktopSettings::changed);
     SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2U);
     QTRY_COMPARE(settings.prefersDark(), std::optional(false));

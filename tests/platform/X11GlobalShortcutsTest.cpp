@@ -1,5 +1,5 @@
 #include "X11GlobalShortcuts.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 
 #include <QProcess>
@@ -19,7 +19,7 @@ constexpr int altShift = 0xA00;
 constexpr xcb_keycode_t keycodeC = KEY_C + 8;
 constexpr std::uint16_t lock = 0x02, mod1 = 0x08, mod2 = 0x10, mod3 = 0x20, shift = 0x01;
 
-/// A client of the server that takes shortcuts.
+/// A client of the server that binds shortcuts.
 struct Program
 {
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
@@ -45,12 +45,12 @@ struct Program
         shortcuts.bind(QString::number(id), QString(), Shortcut{keyCode, modifiers});
         return refusal ? refusal->code.toInt() : 0;
     }
-    /// Everything reported until now. F12 has the id 99; its release comes last.
-    [[nodiscard]] QStringList reportsUntilNow(HandOnKeyboard& hand)
+    /// All reports so far. Taps F12, which has the id 99 and whose release is reported last.
+    [[nodiscard]] QStringList reportsUntilNow(KeyboardInput& keyboard)
     {
         const int refused = take(keyF12, 0, 99);
         [&] { QCOMPARE(refused, 0); }();
-        hand.tap(KEY_F12);
+        keyboard.tap(KEY_F12);
         const auto end = QStringLiteral("99 up");
         [&] { QTRY_VERIFY(reports.contains(end)); }();
         shortcuts.unbind(QStringLiteral("99"));
@@ -97,7 +97,7 @@ void setKeymap(const QString& layouts, const QString& variants = {}, const QStri
 
 enum class GrabKind { Core, InputExtension };
 
-/// Another client takes exactly this combination. False when the server refuses it.
+/// Grabs exactly this combination for another client. False when the server refuses the grab.
 [[nodiscard]] bool grabByOther(DesktopConnection& other, std::uint16_t modifiers,
                                GrabKind kind = GrabKind::Core)
 {
@@ -152,14 +152,14 @@ private Q_SLOTS:
         QFETCH(const QList<int>, lockKeys);
         QFETCH(const int, locked);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         for (const int key : lockKeys) {
-            hand.tap(key);
+            keyboard.tap(key);
         }
-        QCOMPARE(int(hand.modifiers()), locked);
+        QCOMPARE(int(keyboard.modifiers()), locked);
         QCOMPARE(program.take(keyC, altShift, 1), 0);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
@@ -176,15 +176,15 @@ private Q_SLOTS:
     {
         QFETCH(const QList<int>, keys);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         for (const int key : keys) {
-            hand.press(key);
+            keyboard.press(key);
         }
         for (const int key : keys) {
-            hand.release(key);
+            keyboard.release(key);
         }
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
     }
 
     void eachModifierHasItsKeys_data()
@@ -203,25 +203,25 @@ private Q_SLOTS:
         QFETCH(const int, modifiers);
         QFETCH(const int, key);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, modifiers, 1), 0);
-        hand.chord({key, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chord({key, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
     void aHeldKeyIsOnePressAndOneRelease()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         const RepeatCounter server(*program.connection);
-        hand.press(KEY_LEFTALT);
-        hand.press(KEY_LEFTSHIFT);
-        hand.press(KEY_C);
+        keyboard.press(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTSHIFT);
+        keyboard.press(KEY_C);
         QTRY_VERIFY(server.presses() >= 8);
         QCOMPARE(program.reports, QStringList{QStringLiteral("1 down")});
-        hand.release(KEY_C);
+        keyboard.release(KEY_C);
         QTRY_COMPARE(program.reports, (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
@@ -236,31 +236,31 @@ private Q_SLOTS:
     {
         QFETCH(const QList<int>, releases);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
-        hand.press(KEY_LEFTALT);
-        hand.press(KEY_LEFTSHIFT);
-        hand.press(KEY_C);
+        keyboard.press(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTSHIFT);
+        keyboard.press(KEY_C);
         QTRY_COMPARE(program.reports, QStringList{QStringLiteral("1 down")});
         for (const int key : releases) {
-            hand.release(key);
+            keyboard.release(key);
         }
-        QCOMPARE(program.reportsUntilNow(hand),
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
     void twoQuickPressesAreReportedTwice()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
-        hand.press(KEY_LEFTALT);
-        hand.press(KEY_LEFTSHIFT);
-        hand.tap(KEY_C);
-        hand.tap(KEY_C);
-        hand.release(KEY_LEFTSHIFT);
-        hand.release(KEY_LEFTALT);
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.press(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTSHIFT);
+        keyboard.tap(KEY_C);
+        keyboard.tap(KEY_C);
+        keyboard.release(KEY_LEFTSHIFT);
+        keyboard.release(KEY_LEFTALT);
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up"), QStringLiteral("1 down"),
                               QStringLiteral("1 up")}));
     }
@@ -268,11 +268,11 @@ private Q_SLOTS:
     void aSecondShortcutIsReportedWhileTheFirstIsHeld()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QCOMPARE(program.take(9, altShift, 2), 0);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C, KEY_V});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C, KEY_V});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("2 down"), QStringLiteral("2 up"),
                               QStringLiteral("1 up")}));
     }
@@ -280,22 +280,22 @@ private Q_SLOTS:
     void oneCombinationWithTwoIdsIsReportedForBothAndGrabbedUntilBothAreUnbound()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QCOMPARE(program.take(keyC, altShift, 2), 0);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("2 down"), QStringLiteral("1 up"),
                               QStringLiteral("2 up")}));
 
         program.shortcuts.unbind(QStringLiteral("1"));
-        QVERIFY(!grabByOther(hand.connection(), mod1 | shift));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        QVERIFY(!grabByOther(keyboard.connection(), mod1 | shift));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("2 down"), QStringLiteral("2 up")}));
 
         program.shortcuts.unbind(QStringLiteral("2"));
-        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+        QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift));
     }
 
     void aCombinationOfAnotherClientIsRefusedAndLeavesNoGrab_data()
@@ -314,7 +314,7 @@ private Q_SLOTS:
         QFETCH(const int, held);
         QFETCH(const bool, throughInputExtension);
         Program program;
-        HandOnKeyboard third;
+        KeyboardInput third;
         {
             DesktopConnection other(qgetenv("DISPLAY"));
             QVERIFY(grabByOther(other, static_cast<std::uint16_t>(held),
@@ -337,17 +337,17 @@ private Q_SLOTS:
     void isTakenDoesNotChangeTheGrabs()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(!program.shortcuts.isTaken({keyC, altShift}));
-        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift | lock));
-        xcb_ungrab_key(hand.connection().get(), keycodeC, hand.connection().root(), XCB_MOD_MASK_ANY);
-        hand.connection().sync();
+        QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift | lock));
+        xcb_ungrab_key(keyboard.connection().get(), keycodeC, keyboard.connection().root(), XCB_MOD_MASK_ANY);
+        keyboard.connection().sync();
 
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QVERIFY(!program.shortcuts.isTaken({keyC, altShift}));
-        QVERIFY(!grabByOther(hand.connection(), mod1 | shift | lock));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        QVERIFY(!grabByOther(keyboard.connection(), mod1 | shift | lock));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
@@ -370,16 +370,16 @@ private Q_SLOTS:
         QVERIFY(!program.shortcuts.isTaken({keyCode, modifiers}));
     }
 
-    void theSecondCopyOfTheProgramIsRefused()
+    void aSecondInstanceIsRefused()
     {
         Program second;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         {
             Program first;
             QCOMPARE(first.take(keyC, altShift, 1), 0);
             QCOMPARE(second.take(keyC, altShift, 1), -9878);
-            hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-            QCOMPARE(first.reportsUntilNow(hand),
+            keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+            QCOMPARE(first.reportsUntilNow(keyboard),
                      (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
             QCOMPARE(second.reports, QStringList());
         }
@@ -393,8 +393,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("group");
         QTest::newRow("fr") << "fr"
                             << "" << 0;
-        QTest::newRow("de, whose right Alt is no Alt") << "de"
-                                                       << "" << 0;
+        QTest::newRow("de, where right Alt is AltGr") << "de"
+                                                      << "" << 0;
         QTest::newRow("dvorak") << "us"
                                 << "dvorak" << 0;
         QTest::newRow("ru of ru and us") << "ru,us"
@@ -410,30 +410,30 @@ private Q_SLOTS:
         QFETCH(const QString, variant);
         QFETCH(const int, group);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         setKeymap(layouts, variant);
-        hand.chooseGroup(static_cast<std::uint8_t>(group));
-        hand.tap(KEY_NUMLOCK);
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chooseGroup(static_cast<std::uint8_t>(group));
+        keyboard.tap(KEY_NUMLOCK);
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
     }
 
     void aKeymapThatSwapsAltAndSuperMovesTheModifiers()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         setKeymap(QStringLiteral("us"), {}, QStringLiteral("altwin:swap_alt_win"));
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
-        hand.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_C});
-        QCOMPARE(program.reportsUntilNow(hand),
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
+        keyboard.chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
@@ -454,66 +454,66 @@ private Q_SLOTS:
         QFETCH(const QStringList, commands);
         QFETCH(const int, lockKey);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QStringList arguments;
         for (const auto& command : commands) {
             arguments << QStringLiteral("-e") << command;
         }
         run(QStringLiteral("xmodmap"), arguments);
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
-        hand.tap(lockKey);
-        QCOMPARE(hand.modifiers(), mod3);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
+        keyboard.tap(lockKey);
+        QCOMPARE(keyboard.modifiers(), mod3);
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.reports, (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
     }
 
     void bindingAnIdAgainReplacesItsKeys()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QCOMPARE(program.take(9, altShift, 1), 0);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
-        QCOMPARE(program.reportsUntilNow(hand),
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QCOMPARE(program.reportsUntilNow(keyboard),
                  (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
-        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+        QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift));
     }
 
     void aRefusedIdIsNotBoundAnyMore()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         DesktopConnection other(qgetenv("DISPLAY"));
         QVERIFY(grabByOther(other, mod1 | shift));
         QCOMPARE(program.take(9, altShift, 1), 0);
         QCOMPARE(program.take(keyC, altShift, 1), -9878);
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
-        QCOMPARE(program.reportsUntilNow(hand), QStringList());
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
     }
 
     void aSlotMayUnbindItsShortcut()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QCOMPARE(program.take(keyC, altShift, 1), 0);
         QObject::connect(&program.shortcuts, &GlobalShortcuts::activated, &program.shortcuts,
                          [&program](const QString& id) { program.shortcuts.unbind(id); });
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.reports, QStringList{QStringLiteral("1 down")});
-        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+        QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift));
     }
 
     void theGrabsEndWithTheObject()
     {
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         {
             Program program;
             QCOMPARE(program.take(keyC, altShift, 1), 0);
-            QVERIFY(!grabByOther(hand.connection(), mod1 | shift));
+            QVERIFY(!grabByOther(keyboard.connection(), mod1 | shift));
         }
-        QTRY_VERIFY(grabByOther(hand.connection(), mod1 | shift));
+        QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift));
     }
 };
 

@@ -1,6 +1,6 @@
 #include "X11KeyRecording.h"
 #include "X11GlobalShortcuts.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"
 
@@ -23,7 +23,7 @@ constexpr int keyC = 8;
 constexpr std::uint16_t mod1 = 0x08, shiftBit = 0x01;
 constexpr auto holdArgument = "hold-the-keyboard";
 
-/// Collects the keys, each as "<key code>+<modifiers>", with "again" for a repetition.
+/// Records each key as "<key code>+<modifiers>", with "again" for a repetition.
 struct Recorder final
 {
     QStringList keys;
@@ -74,7 +74,7 @@ struct Program
 
 enum class GrabKind { Core, InputExtension };
 
-/// Another client that holds Alt + Shift + C.
+/// Another client that grabs Alt + Shift + C.
 class Holder final
 {
 public:
@@ -139,16 +139,16 @@ void run(const char* program, const QStringList& arguments)
 
 const QList<int> altShiftC{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
 
-void press(HandOnKeyboard& hand, const QList<int>& keys)
+void press(KeyboardInput& keyboard, const QList<int>& keys)
 {
     for (const int key : keys) {
-        hand.press(key);
+        keyboard.press(key);
     }
 }
-void release(HandOnKeyboard& hand, const QList<int>& keys)
+void release(KeyboardInput& keyboard, const QList<int>& keys)
 {
     for (const int key : keys) {
-        hand.release(key);
+        keyboard.release(key);
     }
 }
 
@@ -165,26 +165,26 @@ private Q_SLOTS:
         run("xset",
             {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("100")});
     }
-    // This test is the first, because the window manager takes its keys again after a change of the keymap.
+    // This test is the first, because the window manager renews its key grabs after a change of the keymap.
     void aShortcutOfTheWindowManagerDoesNothingWhileRecording()
     {
         Program program;
-        HandOnKeyboard hand;
-        auto& server = hand.connection();
+        KeyboardInput keyboard;
+        auto& server = keyboard.connection();
         const auto showsDesktop = [&server] {
             return server.property(server.root(), "_NET_SHOWING_DESKTOP").startsWith('\1');
         };
         // Openbox: Super + D shows the desktop.
         QTRY_VERIFY(program.shortcuts.isTaken({2, super}));
         QVERIFY(program.begin());
-        hand.chord({KEY_LEFTMETA, KEY_D});
+        keyboard.chord({KEY_LEFTMETA, KEY_D});
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("2+256")});
         QVERIFY(!showsDesktop());
         program.end();
         QTRY_VERIFY(server.inputIsFree());
-        hand.chord({KEY_LEFTMETA, KEY_D});
+        keyboard.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(showsDesktop());
-        hand.chord({KEY_LEFTMETA, KEY_D});
+        keyboard.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(!showsDesktop());
     }
 
@@ -204,7 +204,7 @@ private Q_SLOTS:
         QTest::newRow("all of them and F5")
             << us << QList<int>{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTCTRL, KEY_F5} << "96+6912";
         QTest::newRow("5 on the keypad") << us << QList<int>{KEY_LEFTALT, KEY_KP5} << "87+2048";
-        QTest::newRow("a key without a number") << us << QList<int>{KEY_LEFTALT, KEY_COMPOSE} << "-1+2048";
+        QTest::newRow("a key without a key code") << us << QList<int>{KEY_LEFTALT, KEY_COMPOSE} << "-1+2048";
         QTest::newRow("beside the left Shift")
             << QStringList{QStringLiteral("de")} << QList<int>{KEY_LEFTALT, KEY_102ND} << "10+2048";
         QTest::newRow("a modifier that no shortcut can have")
@@ -229,11 +229,11 @@ private Q_SLOTS:
         });
         run("setxkbmap", keymap);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(program.begin());
-        press(hand, keys);
-        release(hand, keys);
-        hand.tap(KEY_F12);
+        press(keyboard, keys);
+        release(keyboard, keys);
+        keyboard.tap(KEY_F12);
         QTRY_VERIFY(program.recorder.keys.contains(QStringLiteral("111+0")));
         QCOMPARE(program.recorder.keys, (QStringList{reported, QStringLiteral("111+0")}));
     }
@@ -241,59 +241,59 @@ private Q_SLOTS:
     void locksAreIgnored()
     {
         Program program;
-        HandOnKeyboard hand;
-        hand.tap(KEY_CAPSLOCK);
-        hand.tap(KEY_NUMLOCK);
+        KeyboardInput keyboard;
+        keyboard.tap(KEY_CAPSLOCK);
+        keyboard.tap(KEY_NUMLOCK);
         QVERIFY(program.begin());
-        hand.chord({KEY_LEFTALT, KEY_C});
+        keyboard.chord({KEY_LEFTALT, KEY_C});
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2048")});
-        hand.tap(KEY_CAPSLOCK);
-        hand.tap(KEY_NUMLOCK);
-        hand.chord({KEY_LEFTALT, KEY_C});
+        keyboard.tap(KEY_CAPSLOCK);
+        keyboard.tap(KEY_NUMLOCK);
+        keyboard.chord({KEY_LEFTALT, KEY_C});
         QTRY_COMPARE(program.recorder.keys,
                      (QStringList{QStringLiteral("8+2048"), QStringLiteral("8+2048")}));
     }
 
-    void aCombinationOfAnotherClientIsRecordedAndGivenBackAfterwards_data()
+    void aCombinationOfAnotherClientIsRecordedAndThenReleased_data()
     {
         QTest::addColumn<GrabKind>("kind");
         QTest::newRow("core") << GrabKind::Core;
         QTest::newRow("input extension") << GrabKind::InputExtension;
     }
-    void aCombinationOfAnotherClientIsRecordedAndGivenBackAfterwards()
+    void aCombinationOfAnotherClientIsRecordedAndThenReleased()
     {
         QFETCH(const GrabKind, kind);
         Holder holder(kind);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(program.begin());
-        press(hand, altShiftC);
-        release(hand, altShiftC);
+        press(keyboard, altShiftC);
+        release(keyboard, altShiftC);
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2560")});
         QCOMPARE(holder.presses(), 0);
 
         program.end();
-        QTRY_VERIFY(hand.connection().inputIsFree());
-        press(hand, altShiftC);
-        release(hand, altShiftC);
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
+        press(keyboard, altShiftC);
+        release(keyboard, altShiftC);
         QTRY_COMPARE(holder.presses(), 1);
         QCOMPARE(program.recorder.keys.size(), 1);
     }
 
-    void theFocusedWindowGetsNoKeyWhileRecording()
+    void theFocusedWindowReceivesNoKeyWhileRecording()
     {
         Program program;
-        HandOnKeyboard hand;
-        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        KeyboardInput keyboard;
+        TestWindow terminal(keyboard.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         terminal.focus();
         QVERIFY(program.begin());
-        hand.tap(KEY_A);
+        keyboard.tap(KEY_A);
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("0+0")});
         QVERIFY(terminal.events().empty());
         program.end();
-        QTRY_VERIFY(hand.connection().inputIsFree());
-        hand.tap(KEY_B);
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
+        keyboard.tap(KEY_B);
         QTRY_COMPARE(terminal.events().size(), std::size_t{2});
         QCOMPARE(int(terminal.events().front().detail), KEY_B + 8);
     }
@@ -301,67 +301,67 @@ private Q_SLOTS:
     void ourOwnShortcutsAreNotActivatedWhileRecording()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(program.bind());
         QVERIFY(program.begin());
-        press(hand, altShiftC);
-        release(hand, altShiftC);
+        press(keyboard, altShiftC);
+        release(keyboard, altShiftC);
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+2560")});
         QCOMPARE(program.hotKeys, QStringList());
         program.end();
-        QTRY_VERIFY(hand.connection().inputIsFree());
-        press(hand, altShiftC);
-        release(hand, altShiftC);
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
+        press(keyboard, altShiftC);
+        release(keyboard, altShiftC);
         QTRY_COMPARE(program.hotKeys, (QStringList{QStringLiteral("down"), QStringLiteral("up")}));
     }
 
-    void noOtherClientGetsTheReleaseOfTheLastKey_data()
+    void noOtherClientReceivesTheReleaseOfTheLastKey_data()
     {
         QTest::addColumn<QList<int>>("releases");
         QTest::newRow("key first") << QList<int>{KEY_C, KEY_LEFTSHIFT, KEY_LEFTALT};
         QTest::newRow("modifiers first") << QList<int>{KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
     }
-    void noOtherClientGetsTheReleaseOfTheLastKey()
+    void noOtherClientReceivesTheReleaseOfTheLastKey()
     {
         QFETCH(const QList<int>, releases);
         Program program;
-        HandOnKeyboard hand;
-        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        KeyboardInput keyboard;
+        TestWindow terminal(keyboard.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         terminal.focus();
         QVERIFY(program.begin());
-        // What a recorder does when it accepts the combination.
+        // A recorder does this when it accepts the combination.
         program.recorder.onKey = [&program] {
             QVERIFY(program.bind());
             program.end();
         };
-        press(hand, altShiftC);
+        press(keyboard, altShiftC);
         QTRY_COMPARE(program.recorder.keys.size(), 1);
-        QVERIFY(!hand.connection().inputIsFree());
-        release(hand, releases);
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QVERIFY(!keyboard.connection().inputIsFree());
+        release(keyboard, releases);
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
         QVERIFY(terminal.events().empty());
         QCOMPARE(program.hotKeys, QStringList());
     }
 
-    void aHeldKeyRepeatsAndNoOtherClientGetsTheRepetitions()
+    void aHeldKeyRepeatsForTheRecordingOnly()
     {
         Program program;
-        HandOnKeyboard hand;
-        TestWindow terminal(hand.connection(), {.input = TestWindow::Input::Recorded});
+        KeyboardInput keyboard;
+        TestWindow terminal(keyboard.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         terminal.focus();
         QVERIFY(program.begin());
-        hand.press(KEY_F5);
+        keyboard.press(KEY_F5);
         QTRY_VERIFY(program.recorder.keys.size() > 5);
         QCOMPARE(program.recorder.keys.first(), QStringLiteral("96+0"));
         QCOMPARE(program.recorder.keys.count(QStringLiteral("96+0")), 1);
         QCOMPARE(program.recorder.keys.count(QStringLiteral("96+0 again")), program.recorder.keys.size() - 1);
         program.end();
         const auto heard = program.recorder.keys.size();
-        QVERIFY(!hand.connection().inputIsFree());
-        hand.release(KEY_F5);
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QVERIFY(!keyboard.connection().inputIsFree());
+        keyboard.release(KEY_F5);
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
         QVERIFY(terminal.events().empty());
         QCOMPARE(program.recorder.keys.size(), heard);
     }
@@ -369,90 +369,90 @@ private Q_SLOTS:
     void aRecordingCanBeginWhileAKeyOfTheLastOneIsDown()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(program.begin());
-        hand.press(KEY_A);
+        keyboard.press(KEY_A);
         QTRY_COMPARE(program.recorder.keys.size(), 1);
         program.end();
         QVERIFY(program.begin());
-        hand.release(KEY_A);
-        hand.tap(KEY_F6);
+        keyboard.release(KEY_A);
+        keyboard.tap(KEY_F6);
         QTRY_VERIFY(program.recorder.keys.contains(QStringLiteral("97+0")));
         program.end();
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
     }
 
     void aSecondBeginEndsTheFirstRecordingAndStartsAnother()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QVERIFY(program.begin());
         QVERIFY(!program.recorder.isLost);
-        // What the owner of the first recording does then.
+        // The owner of the first recording does this.
         QObject::connect(&program.recording, &KeyRecording::lost, &program.recording,
                          [&program] { program.end(); });
         QVERIFY(program.begin());
         QVERIFY(program.recorder.isLost);
-        hand.tap(KEY_C);
+        keyboard.tap(KEY_C);
         QTRY_COMPARE(program.recorder.keys, QStringList{QStringLiteral("8+0")});
         program.end();
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
     }
 
     void aRecordingIsRefusedWhileAnotherClientHoldsTheKeyboard()
     {
         Program program;
-        HandOnKeyboard hand;
-        QVERIFY(hand.connection().grabKeyboard());
+        KeyboardInput keyboard;
+        QVERIFY(keyboard.connection().grabKeyboard());
         QCOMPARE(program.recording.begin(), KeyRecording::Outcome::Refused);
         program.end();
-        hand.connection().ungrabAll();
-        QVERIFY(hand.connection().inputIsFree());
+        keyboard.connection().ungrabAll();
+        QVERIFY(keyboard.connection().inputIsFree());
         QVERIFY(program.begin());
-        QVERIFY(!hand.connection().inputIsFree());
+        QVERIFY(!keyboard.connection().inputIsFree());
     }
 
     void theKeyboardIsReleasedWithTheObject()
     {
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         {
             Program program;
             QVERIFY(program.begin());
-            QVERIFY(!hand.connection().inputIsFree());
+            QVERIFY(!keyboard.connection().inputIsFree());
         }
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
     }
 
     void theKeyboardIsReleasedWhenTheProcessIsKilled()
     {
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QProcess process;
         process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(holdArgument)});
         QVERIFY(process.waitForReadyRead());
         QCOMPARE(process.readLine(), QByteArray("holding\n"));
-        QVERIFY(!hand.connection().inputIsFree());
-        hand.press(KEY_A);
+        QVERIFY(!keyboard.connection().inputIsFree());
+        keyboard.press(KEY_A);
         process.kill();
         QVERIFY(process.waitForFinished());
-        QTRY_VERIFY(hand.connection().inputIsFree());
+        QTRY_VERIFY(keyboard.connection().inputIsFree());
     }
 
     void ourWindowStaysActiveWhileRecording()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QWidget window;
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QVERIFY(program.begin());
         const FocusEvents focus;
         QTRY_VERIFY(focus.out > 0);
-        // The toolkit waits a moment before it deactivates a window; a held key lasts longer than that.
+        // The toolkit deactivates a window after a short delay. The key is held for longer than that.
         constexpr int repeats = 50;
-        hand.press(KEY_A);
+        keyboard.press(KEY_A);
         QTRY_VERIFY(program.recorder.keys.size() > repeats);
         QCOMPARE(QApplication::activeWindow(), &window);
-        hand.release(KEY_A);
+        keyboard.release(KEY_A);
         program.end();
         QTRY_VERIFY(focus.in > 0);
         QCOMPARE(QApplication::activeWindow(), &window);
@@ -461,14 +461,14 @@ private Q_SLOTS:
     void anotherWindowCanTakeTheFocusWhileRecording()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QWidget window;
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        TestWindow terminal(hand.connection(), {});
+        TestWindow terminal(keyboard.connection(), {});
         terminal.show();
         QVERIFY(program.begin());
-        // The window manager may still be giving the focus to our window.
+        // The window manager may still set the focus to our window.
         QTRY_VERIFY((terminal.focus(), QApplication::activeWindow() == nullptr));
     }
 };

@@ -1,5 +1,5 @@
 #include "X11KeyboardLayout.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 
 #include <QProcess>
@@ -29,7 +29,7 @@ class X11KeyboardLayoutTest final : public QObject
 private Q_SLOTS:
     void cleanup() { setKeymap(layout("us")); }
 
-    void theCharacterOfAKeyIsThatOfTheLayout_data()
+    void keysHaveTheCharactersOfTheLayout_data()
     {
         QTest::addColumn<QStringList>("keymap");
         QTest::addColumn<int>("group");
@@ -41,8 +41,8 @@ private Q_SLOTS:
         QTest::newRow("us: digit") << layout("us") << 0 << 18 << "1";
         QTest::newRow("us: backtick") << layout("us") << 0 << 50 << "`";
         QTest::newRow("us: F1 types nothing") << layout("us") << 0 << 122 << none;
-        QTest::newRow("us: Return types nothing to show") << layout("us") << 0 << 36 << none;
-        QTest::newRow("us: Escape types nothing to show") << layout("us") << 0 << 53 << none;
+        QTest::newRow("us: Return has no printable character") << layout("us") << 0 << 36 << none;
+        QTest::newRow("us: Escape has no printable character") << layout("us") << 0 << 53 << none;
         QTest::newRow("us: Shift types nothing") << layout("us") << 0 << 56 << none;
         QTest::newRow("us: a key above all keycodes") << layout("us") << 0 << 63 << none;
         QTest::newRow("us: no such key") << layout("us") << 0 << 999 << none;
@@ -63,29 +63,29 @@ private Q_SLOTS:
         QTest::newRow("ru, gr and fr: fr is the ASCII-capable one") << layout("ru,gr,fr") << 1 << 12 << "a";
         QTest::newRow("fr and us, fr current") << layout("fr,us") << 0 << 12 << "a";
         QTest::newRow("fr and us, us current") << layout("fr,us") << 1 << 12 << "q";
-        QTest::newRow("lt keeps some letters off its lowest level") << layout("us,lt") << 1 << 18 << "ą";
-        QTest::newRow("ru alone: as if us were beside it") << layout("ru") << 0 << 8 << "c";
+        QTest::newRow("lt: a letter where us has 1") << layout("us,lt") << 1 << 18 << "ą";
+        QTest::newRow("ru alone: us is used") << layout("ru") << 0 << 8 << "c";
         QTest::newRow("ru alone: a letter where us has [") << layout("ru") << 0 << 33 << "[";
         QTest::newRow("ru alone: F1 types nothing") << layout("ru") << 0 << 122 << none;
-        QTest::newRow("gr alone: as if us were beside it") << layout("gr") << 0 << 12 << "q";
+        QTest::newRow("gr alone: us is used") << layout("gr") << 0 << 12 << "q";
         QTest::newRow("de: beside the left Shift") << layout("de") << 0 << 10 << "<";
         QTest::newRow("jp: beside the right Shift") << layout("jp") << 0 << 94 << "\\";
     }
-    void theCharacterOfAKeyIsThatOfTheLayout()
+    void keysHaveTheCharactersOfTheLayout()
     {
         QFETCH(const QStringList, keymap);
         QFETCH(const int, group);
         QFETCH(const int, keyCode);
         QFETCH(const QString, character);
         setKeymap(keymap);
-        HandOnKeyboard hand;
-        hand.chooseGroup(static_cast<std::uint8_t>(group));
+        KeyboardInput keyboard;
+        keyboard.chooseGroup(static_cast<std::uint8_t>(group));
         const auto connection = XcbConnection::open();
         QVERIFY(connection);
         XkbKeymap keymapOfServer(*connection);
-        const X11KeyboardLayout keyboard(*connection, keymapOfServer);
-        QCOMPARE(keyboard.characterForKey(keyCode).value_or(QString()), character);
-        QCOMPARE(keyboard.characterForKey(keyCode).has_value(), !character.isNull());
+        const X11KeyboardLayout keyboardLayout(*connection, keymapOfServer);
+        QCOMPARE(keyboardLayout.characterForKey(keyCode).value_or(QString()), character);
+        QCOMPARE(keyboardLayout.characterForKey(keyCode).has_value(), !character.isNull());
     }
 
     void aNewLayoutIsReportedAndUsed()
@@ -93,22 +93,22 @@ private Q_SLOTS:
         const auto connection = XcbConnection::open();
         QVERIFY(connection);
         XkbKeymap keymap(*connection);
-        X11KeyboardLayout keyboard(*connection, keymap);
+        X11KeyboardLayout keyboardLayout(*connection, keymap);
         int changes = 0;
-        QObject::connect(&keyboard, &KeyboardLayout::changed, &keyboard, [&] { ++changes; });
-        const auto characterOfQ = [&] { return keyboard.characterForKey(12).value_or(QString()); };
+        QObject::connect(&keyboardLayout, &KeyboardLayout::changed, &keyboardLayout, [&] { ++changes; });
+        const auto characterOfQ = [&] { return keyboardLayout.characterForKey(12).value_or(QString()); };
         QCOMPARE(characterOfQ(), QStringLiteral("q"));
 
         setKeymap(layout("fr,us"));
         QTRY_COMPARE(characterOfQ(), QStringLiteral("a"));
         QTRY_VERIFY(changes > 0);
 
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         changes = 0;
-        hand.chooseGroup(1);
+        keyboard.chooseGroup(1);
         QTRY_COMPARE(characterOfQ(), QStringLiteral("q"));
         QTRY_COMPARE(changes, 1);
-        hand.chooseGroup(0);
+        keyboard.chooseGroup(0);
         QTRY_COMPARE(characterOfQ(), QStringLiteral("a"));
         QTRY_COMPARE(changes, 2);
     }

@@ -1,7 +1,7 @@
 #include "XkbKeymap.h"
 #include "EvdevKeys.h"
 #include "ModifierMap.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 
 #include <QProcess>

@@ -2,8 +2,8 @@
 #include "ShortcutRegistry.h"
 #include "X11GlobalShortcuts.h"
 #include "X11KeyboardLayout.h"
-#include "support/HandOnKeyboard.h"
 #include "support/KeyCombination.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 
 #include <QAbstractNativeEventFilter>
@@ -80,11 +80,11 @@ private:
     int m_count = 0;
 };
 
-[[nodiscard]] bool someoneHoldsTheKeyboard(HandOnKeyboard& hand)
+[[nodiscard]] bool keyboardIsGrabbed(KeyboardInput& keyboard)
 {
-    const bool isFree = hand.connection().grabKeyboard();
-    hand.connection().ungrabAll();
-    hand.connection().sync();
+    const bool isFree = keyboard.connection().grabKeyboard();
+    keyboard.connection().ungrabAll();
+    keyboard.connection().sync();
     return !isFree;
 }
 
@@ -116,23 +116,23 @@ private Q_SLOTS:
         QFETCH(const QList<int>, releases);
         QFETCH(const int, lockKey);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         if (lockKey != 0) {
-            hand.tap(lockKey);
+            keyboard.tap(lockKey);
         }
         Menu menu;
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
         for (const int key : presses) {
-            hand.press(key);
+            keyboard.press(key);
         }
         for (const int key : releases) {
-            hand.release(key);
+            keyboard.release(key);
         }
         QTRY_COMPARE(program.calls, once);
         QVERIFY(menu.isVisible());
 
-        hand.tap(KEY_DOWN);
+        keyboard.tap(KEY_DOWN);
         QTRY_VERIFY(menu.keys.contains(Qt::Key_Down));
         QVERIFY(!menu.keys.contains(Qt::Key_C));
         QVERIFY(!menu.keys.contains(Qt::Key_Alt));
@@ -146,22 +146,22 @@ private Q_SLOTS:
                                                             QStringLiteral("60"), QStringLiteral("100")}),
                  0);
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         Menu menu;
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
 
         const ToolkitPresses toolkit;
-        hand.press(KEY_LEFTALT);
-        hand.press(KEY_LEFTSHIFT);
-        hand.press(KEY_C);
+        keyboard.press(KEY_LEFTALT);
+        keyboard.press(KEY_LEFTSHIFT);
+        keyboard.press(KEY_C);
         QTRY_VERIFY(toolkit.count() >= 8);
         QCOMPARE(program.calls, QStringList{QStringLiteral("down")});
-        hand.release(KEY_C);
-        hand.release(KEY_LEFTSHIFT);
-        hand.release(KEY_LEFTALT);
+        keyboard.release(KEY_C);
+        keyboard.release(KEY_LEFTSHIFT);
+        keyboard.release(KEY_LEFTALT);
         QTRY_COMPARE(program.calls, once);
-        hand.tap(KEY_UP);
+        keyboard.tap(KEY_UP);
         QTRY_VERIFY(menu.keys.contains(Qt::Key_Up));
         QVERIFY(!menu.keys.contains(Qt::Key_C));
         QCOMPARE(program.calls, once);
@@ -170,11 +170,11 @@ private Q_SLOTS:
     void otherCombinationsReachTheMenu()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         Menu menu;
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
-        hand.chord({KEY_LEFTSHIFT, KEY_X});
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
+        keyboard.chord({KEY_LEFTSHIFT, KEY_X});
         QTRY_VERIFY(menu.keys.contains(Qt::Key_X));
         QCOMPARE(program.calls, QStringList());
     }
@@ -182,47 +182,47 @@ private Q_SLOTS:
     void afterTheMenuClosesTheShortcutIsGrabbedAgain()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         {
             Menu menu;
             menu.popup(QPoint(100, 100));
-            QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
-            hand.tap(KEY_ESC);
+            QTRY_VERIFY(keyboardIsGrabbed(keyboard));
+            keyboard.tap(KEY_ESC);
             QTRY_VERIFY(!menu.isVisible());
         }
-        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_VERIFY(!keyboardIsGrabbed(keyboard));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.calls, once);
     }
 
     void aMenuThatIsDestroyedWhileOpenCountsAsClosed()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         auto menu = std::make_unique<Menu>();
         menu->popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
         menu.reset();
-        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_VERIFY(!keyboardIsGrabbed(keyboard));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.calls, once);
     }
 
     void aShortcutStoredWhileAMenuIsOpenWorksThereAndAfterwards()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         Menu menu;
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
         program.registry.setShortcut(ShortcutAction::ActivatePicker,
                                      Shortcut{keycode::v, modifier::alt | modifier::shift});
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
         QTRY_COMPARE(program.calls, once);
         QVERIFY(menu.isVisible());
         menu.close();
-        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+        QTRY_VERIFY(!keyboardIsGrabbed(keyboard));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
         QTRY_COMPARE(program.calls, once + once);
     }
 
@@ -230,18 +230,18 @@ private Q_SLOTS:
     {
         constexpr std::uint16_t alt = 0x08, shift = 0x01;
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QSignalSpy refusals(&program.desktop, &GlobalShortcuts::refused);
         Menu menu;
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
-        QVERIFY((KeyCombination{KEY_C, alt | shift}.take(hand.connection())));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
+        QVERIFY((KeyCombination{KEY_C, alt | shift}.take(keyboard.connection())));
         menu.close();
         QCOMPARE(refusals.count(), 1);
         QCOMPARE(refusals.at(0).at(0).toString(), QStringLiteral("activatePicker"));
-        QTRY_VERIFY(!someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(!keyboardIsGrabbed(keyboard));
         menu.popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
         menu.close();
         QCOMPARE(refusals.count(), 1);
         QCOMPARE(program.calls, QStringList());
@@ -250,12 +250,12 @@ private Q_SLOTS:
     void theShortcutWorksInTheMenuOfATextField()
     {
         Program program;
-        HandOnKeyboard hand;
+        KeyboardInput keyboard;
         QLineEdit field;
         const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
         menu->popup(QPoint(100, 100));
-        QTRY_VERIFY(someoneHoldsTheKeyboard(hand));
-        hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QTRY_VERIFY(keyboardIsGrabbed(keyboard));
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(program.calls, once);
         QVERIFY(menu->isVisible());
     }

@@ -18,7 +18,7 @@ using Meaning = RecordedKey::Meaning;
 
 constexpr int none = 0, super = 0x100, shift = 0x200, alt = 0x800, control = 0x1000, function = 0x20000;
 
-/// A desktop that holds ⌘D and ⌃Q, and a program with a menu of three items.
+/// A desktop that holds Super+D and Control+Q, and a program with a menu of three items.
 struct Program
 {
     QTemporaryDir folder;

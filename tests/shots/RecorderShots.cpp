@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int keyC = 8, keyD = 2, keyQ = 12;
 
-/// A panel with the two recorder rows of the settings, on a desktop where ⌘D is taken.
+/// A panel with the two recorder rows of the settings, on a desktop where Super+D is taken.
 class DemoRecorders final : public View
 {
 public:
@@ -46,7 +46,7 @@ public:
             settingsRow(u"Open Main Window"_s, m_empty), spacer()));
     }
 
-    /// The recorders use the members below, which end before the children of a widget do.
+    /// The recorders use the members below, which are destroyed before the children of a widget.
     ~DemoRecorders() override
     {
         delete m_recorder;

@@ -51,7 +51,7 @@ public:
         setFixedSize(theme::panelSize);
     }
 
-    /// The view uses the members below, which end before the children of a widget do.
+    /// The view uses the members below, which are destroyed before the children of a widget.
     ~DemoSettings() override { delete m_view; }
 
     [[nodiscard]] PanelView& view() { return *m_view; }

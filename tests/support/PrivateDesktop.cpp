@@ -41,7 +41,7 @@ PrivateDesktop::PrivateDesktop(const Options& options)
 PrivateDesktop::~PrivateDesktop()
 {
     m_connection.reset();
-    // End the server last: the other programs would print errors when they lose it.
+    // End the server last: the other programs would print errors when their connection breaks.
     while (!m_programs.empty()) {
         m_programs.pop_back();
     }

@@ -10,8 +10,8 @@
 
 namespace tintwick::test {
 
-/// Global shortcuts of a desktop that exists only in the test: refuses what the test says, records what was asked in order,
-/// and presses keys.
+/// Global shortcuts of a desktop that exists only in the test. Refuses the combinations that the test names, records
+/// the requests in order, and presses keys.
 class ScriptedGlobalShortcuts final : public GlobalShortcuts
 {
 public:

@@ -14,8 +14,8 @@
 
 namespace tintwick::test {
 
-/// A desktop for picks that exists only in the test: the test moves, clicks and types, and sees what was grabbed and shown.
-/// It stays as it is from one session to the next.
+/// A desktop for picks, scripted by the test: the test moves, clicks and types, and reads what was grabbed and shown.
+/// Its state is kept between sessions.
 struct ScriptedDesktop
 {
     /// The loupe, as one call showed it.
@@ -54,7 +54,7 @@ struct ScriptedDesktop
     ScriptedDesktop();
 
     [[nodiscard]] bool isPicking() const { return listener != nullptr; }
-    // Reach the running session at once, and nobody when there is none.
+    // Delivered to the running session at once; ignored when there is none.
     void move(const ScreenPosition& to);
     void press(PointerButton button, const ScreenPosition& at);
     void scroll(ScrollDelta delta) const;
@@ -63,7 +63,8 @@ struct ScriptedDesktop
     void lose() const;
 };
 
-/// Reports and records through a ScriptedDesktop, which must outlive it. It starts from the event loop.
+/// Reports the input of a ScriptedDesktop and records its own calls there. The desktop must outlive the session. The
+/// session starts from the event loop.
 class ScriptedPickingSession final : public PickingSession
 {
 public:
@@ -84,7 +85,7 @@ private:
     ScriptedDesktop& m_desktop;
     /// Null once the session has ended.
     Listener* m_listener;
-    /// Receives the queued start; gone with the session.
+    /// Context of the queued start. Its destruction drops the start.
     QObject m_context;
 };
 

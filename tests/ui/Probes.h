@@ -13,7 +13,7 @@
 
 namespace tintwick::test {
 
-// Helpers that look at views and operate them like a user.
+// Helpers that inspect views and operate them like a user.
 
 /// Finishes animations, layout and deferred deletions.
 inline void settle()

@@ -49,18 +49,18 @@ private Q_SLOTS:
     void everyKindHasAnAccessibleRole_data();
     void everyKindHasAnAccessibleRole();
     void aScreenReaderCanPress();
-    void keysAct_data();
-    void keysAct();
+    void keysActivateAButton_data();
+    void keysActivateAButton();
     void aHeldReturnActsOnce();
     void aDisabledButtonDoesNothing();
     void aClickOnTheContentPresses();
     void aClickKeepsTheFocus();
     void onlyKeyboardFocusShowsTheRing();
-    void tabGoesInReadingOrder();
+    void tabFollowsTheReadingOrder();
     void aFieldAcceptsText();
     void aMenuShowsItsEntries();
     void aMenuRunsTheChosenAction();
-    void aMenuIsNoWiderThanItsLongestTitleMayBe();
+    void theWidthOfAMenuIsLimited();
     void aMenuLongerThanTheScreenStaysInOneColumn();
     void aLongToolTipWraps();
     void aToolTipIsPlainText();
@@ -113,7 +113,7 @@ void ControlsTest::aScreenReaderCanPress()
     QTRY_COMPARE(presses, 1);
 }
 
-void ControlsTest::keysAct_data()
+void ControlsTest::keysActivateAButton_data()
 {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<int>("presses");
@@ -124,7 +124,7 @@ void ControlsTest::keysAct_data()
     QTest::newRow("Down") << Qt::Key_Down << 0;
 }
 
-void ControlsTest::keysAct()
+void ControlsTest::keysActivateAButton()
 {
     QFETCH(const Qt::Key, key);
     int presses = 0;
@@ -203,7 +203,7 @@ void ControlsTest::onlyKeyboardFocusShowsTheRing()
     QVERIFY(!second->showsFocusRing());
 }
 
-void ControlsTest::tabGoesInReadingOrder()
+void ControlsTest::tabFollowsTheReadingOrder()
 {
     QList<QWidget*> order;
     const auto button = [&](const QString& title) { return borderedButton(title, nothing); };
@@ -265,7 +265,7 @@ void ControlsTest::aMenuRunsTheChosenAction()
     QTRY_VERIFY(!menu);
 }
 
-void ControlsTest::aMenuIsNoWiderThanItsLongestTitleMayBe()
+void ControlsTest::theWidthOfAMenuIsLimited()
 {
     QMenu menu;
     fillMenu(menu,
@@ -369,9 +369,9 @@ void ControlsTest::controlCharactersBecomeSpaces_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QString>("line");
-    QTest::newRow("as they are") << QStringLiteral("Sea  & sand") << QStringLiteral("Sea  & sand");
+    QTest::newRow("unchanged") << QStringLiteral("Sea  & sand") << QStringLiteral("Sea  & sand");
     QTest::newRow("a line break") << QStringLiteral("Sea\nsand") << QStringLiteral("Sea sand");
-    QTest::newRow("a line break of another system")
+    QTest::newRow("a carriage return and a line feed")
         << QStringLiteral("Sea\r\nsand") << QStringLiteral("Sea  sand");
     QTest::newRow("a tab") << QStringLiteral("Sea\tsand") << QStringLiteral("Sea sand");
     QTest::newRow("the separators of lines and paragraphs")

@@ -20,18 +20,18 @@ class MenuButtonTest final : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void keysOpenIt_data();
-    void keysOpenIt();
+    void keysOpenTheMenu_data();
+    void keysOpenTheMenu();
     void theMenuOpensBelowTheButton();
     void withoutRoomBelowTheMenuOpensAbove();
-    void itLooksPressedUntilTheMenuCloses();
+    void theButtonIsPressedUntilTheMenuCloses();
     void aSecondClickClosesTheMenu();
     void theChosenEntryRuns();
     void entriesAreComputedWhenTheMenuOpens();
-    void screenReadersSeeAMenuButton();
+    void accessibilityReportsAMenuButton();
 
 private:
-    /// Through the window, as by a user: an open menu receives clicks outside itself.
+    /// Clicks through the window as a user does. An open menu receives clicks outside itself.
     void click(const QWidget& widget) const;
 
     std::unique_ptr<QWidget> m_window;
@@ -75,7 +75,7 @@ void MenuButtonTest::click(const QWidget& widget) const
     QApplication::processEvents();
 }
 
-void MenuButtonTest::keysOpenIt_data()
+void MenuButtonTest::keysOpenTheMenu_data()
 {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
@@ -95,7 +95,7 @@ void MenuButtonTest::keysOpenIt_data()
     row("a letter", Qt::Key_E, false);
 }
 
-void MenuButtonTest::keysOpenIt()
+void MenuButtonTest::keysOpenTheMenu()
 {
     QFETCH(const Qt::Key, key);
     QFETCH(const Qt::KeyboardModifiers, modifiers);
@@ -125,7 +125,7 @@ void MenuButtonTest::withoutRoomBelowTheMenuOpensAbove()
     QCOMPARE(m_button->menu()->x(), m_button->mapToGlobal(QPoint(0, 0)).x());
 }
 
-void MenuButtonTest::itLooksPressedUntilTheMenuCloses()
+void MenuButtonTest::theButtonIsPressedUntilTheMenuCloses()
 {
     const QImage atRest = m_button->grab().toImage();
     QTest::keyClick(m_button, Qt::Key_Space);
@@ -166,7 +166,7 @@ void MenuButtonTest::entriesAreComputedWhenTheMenuOpens()
     QCOMPARE(m_button->menu()->actions().first()->text(), u"PNG Swatch"_s);
 }
 
-void MenuButtonTest::screenReadersSeeAMenuButton()
+void MenuButtonTest::accessibilityReportsAMenuButton()
 {
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_button);
     QCOMPARE(interface->role(), QAccessible::ButtonMenu);

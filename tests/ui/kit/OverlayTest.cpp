@@ -30,7 +30,7 @@ private Q_SLOTS:
     void theFocusReturns();
     void tabStaysInside();
     void clicksDoNotPassThrough();
-    void screenReadersSeeADialog();
+    void accessibilityReportsADialog();
 
 private:
     std::unique_ptr<QWidget> m_host;
@@ -164,7 +164,7 @@ void OverlayTest::clicksDoNotPassThrough()
     QVERIFY(Overlay::of(*m_host) != nullptr);
 }
 
-void OverlayTest::screenReadersSeeADialog()
+void OverlayTest::accessibilityReportsADialog()
 {
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(m_overlay.data());
     QCOMPARE(interface->role(), QAccessible::Dialog);

@@ -67,7 +67,7 @@ private Q_SLOTS:
     void weightsHaveDifferentStrokes();
 };
 
-// A shape of 100 × 100 with radius 20 whose corner is the circular arc in its middle.
+// A shape of 100 × 100 with radius 20. The middle of each corner is a circular arc.
 void PaintTest::aCornerStaysWithinItsBounds_data()
 {
     QTest::addColumn<QPointF>("point");
@@ -78,9 +78,9 @@ void PaintTest::aCornerStaysWithinItsBounds_data()
     // The arc begins at 20·(1 − sin 22.5°) = 12.346, 20·(1 − cos 22.5°) = 1.522.
     QTest::newRow("inside the arc's beginning") << QPointF(12.346, 1.56) << true;
     QTest::newRow("outside the arc's beginning") << QPointF(12.346, 1.48) << false;
-    // A circular arc would not have left the side here, but the continuous corner has.
-    QTest::newRow("cut before the circle would") << QPointF(20, 0.05) << false;
-    QTest::newRow("by very little") << QPointF(20, 0.25) << true;
+    // A circular arc would still touch the side here. The continuous corner does not.
+    QTest::newRow("outside, where a circular corner touches the side") << QPointF(20, 0.05) << false;
+    QTest::newRow("just inside the same place") << QPointF(20, 0.25) << true;
     QTest::newRow("where the side is straight") << QPointF(25.7, 0.01) << true;
     QTest::newRow("the opposite corner") << QPointF(94.1, 94.1) << true;
     QTest::newRow("outside the opposite corner") << QPointF(94.2, 94.2) << false;
@@ -109,9 +109,9 @@ void PaintTest::checksBeginWhiteInTheTopLeftCorner_data()
     const QRgb gray = qRgb(191, 191, 191);
     QTest::newRow("first") << QPoint(0, 0) << white;
     QTest::newRow("first, its end") << QPoint(3, 3) << white;
-    QTest::newRow("right of it") << QPoint(4, 0) << gray;
-    QTest::newRow("below it") << QPoint(0, 4) << gray;
-    QTest::newRow("across from it") << QPoint(4, 4) << white;
+    QTest::newRow("right of the first") << QPoint(4, 0) << gray;
+    QTest::newRow("below the first") << QPoint(0, 4) << gray;
+    QTest::newRow("diagonal to the first") << QPoint(4, 4) << white;
     QTest::newRow("third column") << QPoint(9, 0) << white;
 }
 
@@ -177,9 +177,9 @@ void PaintTest::aShadowIsPaintedInEveryPaintedRegion_data()
             QTest::addRow("%s at %g", name, ratio) << ratio << asked;
         };
         row("all", {0, 0, 100, 100});
-        row("a part of it", {30, 30, 20, 20});
-        row("its faint edge", {0, 70, 100, 8});
-        row("beside it", {80, 80, 10, 10});
+        row("a part", {30, 30, 20, 20});
+        row("the faint edge", {0, 70, 100, 8});
+        row("beside the shape", {80, 80, 10, 10});
     }
 }
 

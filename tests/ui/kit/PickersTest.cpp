@@ -27,7 +27,7 @@ struct Segments
         : picker(new SegmentedPicker(u"Scope Size"_s, sizes, selected))
         , window(column(fixedSize(200, 60), picker))
     {
-        picker->onSelect([this](qsizetype position) { told.append(position); });
+        picker->onSelect([this](qsizetype position) { reported.append(position); });
         window->show();
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
@@ -60,7 +60,7 @@ struct Segments
 
     SegmentedPicker* picker;
     std::unique_ptr<Stack> window;
-    QList<qsizetype> told;
+    QList<qsizetype> reported;
 };
 
 /// The same for a PopUpPicker.
@@ -70,7 +70,7 @@ struct PopUp
         : picker(new PopUpPicker(u"Default Format"_s, formats, selected))
         , window(column(fixedSize(300, 300), padding(60), picker))
     {
-        picker->onSelect([this](qsizetype position) { told.append(position); });
+        picker->onSelect([this](qsizetype position) { reported.append(position); });
         window->show();
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
@@ -85,7 +85,7 @@ struct PopUp
 
     PopUpPicker* picker;
     std::unique_ptr<Stack> window;
-    QList<qsizetype> told;
+    QList<qsizetype> reported;
 };
 
 } // namespace
@@ -106,15 +106,15 @@ private Q_SLOTS:
     void selectingFromCodeRunsNoAction();
     void theThumbSlides();
     void segmentsAreEqualAndFillTheWidth();
-    void screenReadersSeeAGroupOfRadioButtons();
+    void accessibilityReportsAGroupOfRadioButtons();
     void theMenuMarksTheChosenTitle();
     void theChosenLineCoversTheTitle();
     void keysOpenTheMenu_data();
     void keysOpenTheMenu();
     void choosingReportsAndShows();
-    void choosingTheSameRunsNoAction();
+    void choosingTheSelectedTitleRunsNoAction();
     void escapeChangesNothing();
-    void screenReadersSeeAComboBoxWithAValue();
+    void accessibilityReportsAComboBoxWithAValue();
     void aScreenReaderOpensTheMenu();
 };
 
@@ -151,7 +151,7 @@ void PickersTest::aClickSelectsAndReportsOnce()
     const Segments segments(Position(0));
     QTest::mouseClick(segments.segment(2), Qt::LeftButton);
     QTest::mouseClick(segments.segment(2), Qt::LeftButton);
-    QCOMPARE(segments.told, QList<qsizetype>{2});
+    QCOMPARE(segments.reported, QList<qsizetype>{2});
     QCOMPARE(segments.checked(), (QList<bool>{false, false, true}));
     QCOMPARE(segments.thumbs(), (QList<bool>{false, false, true}));
 }
@@ -160,19 +160,19 @@ void PickersTest::keysMoveTheSelection_data()
 {
     QTest::addColumn<Position>("selected");
     QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<QList<qsizetype>>("told");
-    using Told = QList<qsizetype>;
-    QTest::newRow("Right") << Position(0) << Qt::Key_Right << Told{1};
-    QTest::newRow("Left") << Position(2) << Qt::Key_Left << Told{1};
-    QTest::newRow("Home") << Position(2) << Qt::Key_Home << Told{0};
-    QTest::newRow("End") << Position(0) << Qt::Key_End << Told{2};
-    QTest::newRow("Right at the end") << Position(2) << Qt::Key_Right << Told{};
-    QTest::newRow("Left at the beginning") << Position(0) << Qt::Key_Left << Told{};
-    QTest::newRow("Space on the selected one") << Position(1) << Qt::Key_Space << Told{};
-    QTest::newRow("Down") << Position(1) << Qt::Key_Down << Told{};
-    QTest::newRow("Space, none selected") << Position() << Qt::Key_Space << Told{0};
-    QTest::newRow("Right, none selected") << Position() << Qt::Key_Right << Told{1};
-    QTest::newRow("Home, none selected") << Position() << Qt::Key_Home << Told{0};
+    QTest::addColumn<QList<qsizetype>>("reported");
+    using Positions = QList<qsizetype>;
+    QTest::newRow("Right") << Position(0) << Qt::Key_Right << Positions{1};
+    QTest::newRow("Left") << Position(2) << Qt::Key_Left << Positions{1};
+    QTest::newRow("Home") << Position(2) << Qt::Key_Home << Positions{0};
+    QTest::newRow("End") << Position(0) << Qt::Key_End << Positions{2};
+    QTest::newRow("Right at the end") << Position(2) << Qt::Key_Right << Positions{};
+    QTest::newRow("Left at the beginning") << Position(0) << Qt::Key_Left << Positions{};
+    QTest::newRow("Space on the selected one") << Position(1) << Qt::Key_Space << Positions{};
+    QTest::newRow("Down") << Position(1) << Qt::Key_Down << Positions{};
+    QTest::newRow("Space, none selected") << Position() << Qt::Key_Space << Positions{0};
+    QTest::newRow("Right, none selected") << Position() << Qt::Key_Right << Positions{1};
+    QTest::newRow("Home, none selected") << Position() << Qt::Key_Home << Positions{0};
 }
 
 void PickersTest::keysMoveTheSelection()
@@ -182,8 +182,8 @@ void PickersTest::keysMoveTheSelection()
     const Segments segments(selected);
     segments.segment(selected.value_or(0))->setFocus(Qt::TabFocusReason);
     QTest::keyClick(segments.window->focusWidget(), key);
-    QTEST(segments.told, "told");
-    const Position now = segments.told.isEmpty() ? selected : Position(segments.told.first());
+    QTEST(segments.reported, "reported");
+    const Position now = segments.reported.isEmpty() ? selected : Position(segments.reported.first());
     QCOMPARE(segments.picker->selected(), now);
     QVERIFY(segments.segment(now.value_or(0))->hasFocus());
 }
@@ -222,7 +222,7 @@ void PickersTest::selectingFromCodeRunsNoAction()
 {
     const Segments segments(Position(0));
     segments.picker->setSelected(1);
-    QVERIFY(segments.told.isEmpty());
+    QVERIFY(segments.reported.isEmpty());
 }
 
 void PickersTest::theThumbSlides()
@@ -253,7 +253,7 @@ void PickersTest::segmentsAreEqualAndFillTheWidth()
     QCOMPARE(left, 198);
 }
 
-void PickersTest::screenReadersSeeAGroupOfRadioButtons()
+void PickersTest::accessibilityReportsAGroupOfRadioButtons()
 {
     const Segments segments(Position(1));
     QAccessibleInterface* group = QAccessible::queryAccessibleInterface(segments.picker);
@@ -264,7 +264,7 @@ void PickersTest::screenReadersSeeAGroupOfRadioButtons()
     QCOMPARE(large->role(), QAccessible::RadioButton);
     QCOMPARE(large->text(QAccessible::Name), u"L"_s);
     large->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QTRY_COMPARE(segments.told, QList<qsizetype>{2});
+    QTRY_COMPARE(segments.reported, QList<qsizetype>{2});
     QCOMPARE(segments.checked(), (QList<bool>{false, false, true}));
 }
 
@@ -327,18 +327,18 @@ void PickersTest::choosingReportsAndShows()
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Return);
-    QTRY_COMPARE(popUp.told, QList<qsizetype>{2});
+    QTRY_COMPARE(popUp.reported, QList<qsizetype>{2});
     QCOMPARE(popUp.picker->selectedTitle(), u"RGB"_s);
     QTRY_VERIFY(!menu);
 }
 
-void PickersTest::choosingTheSameRunsNoAction()
+void PickersTest::choosingTheSelectedTitleRunsNoAction()
 {
     const PopUp popUp(2);
     const QPointer<QMenu> menu = popUp.openMenu();
     QTest::keyClick(menu, Qt::Key_Return);
     QTRY_VERIFY(!menu);
-    QVERIFY(popUp.told.isEmpty());
+    QVERIFY(popUp.reported.isEmpty());
     QCOMPARE(popUp.picker->selected(), 2);
 }
 
@@ -349,11 +349,11 @@ void PickersTest::escapeChangesNothing()
     QTest::keyClick(menu, Qt::Key_Up);
     QTest::keyClick(menu, Qt::Key_Escape);
     QTRY_VERIFY(!menu);
-    QVERIFY(popUp.told.isEmpty());
+    QVERIFY(popUp.reported.isEmpty());
     QCOMPARE(popUp.picker->selected(), 2);
 }
 
-void PickersTest::screenReadersSeeAComboBoxWithAValue()
+void PickersTest::accessibilityReportsAComboBoxWithAValue()
 {
     const PopUp popUp(0);
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(popUp.picker);
@@ -363,7 +363,7 @@ void PickersTest::screenReadersSeeAComboBoxWithAValue()
     QVERIFY(interface->state().hasPopup);
     popUp.picker->setSelected(3);
     QCOMPARE(interface->text(QAccessible::Value), u"CSS & more"_s);
-    QVERIFY(popUp.told.isEmpty());
+    QVERIFY(popUp.reported.isEmpty());
 }
 
 void PickersTest::aScreenReaderOpensTheMenu()

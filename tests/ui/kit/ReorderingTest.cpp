@@ -71,7 +71,7 @@ void ReorderingTest::theOtherRowsMakeRoom_data()
         QTest::newRow(name) << carried << gap << places;
     };
     // The value for the carried row itself has no meaning.
-    row("at its own place", 2, 2, {0, 1, 2, 3, 4});
+    row("unmoved", 2, 2, {0, 1, 2, 3, 4});
     row("down by one", 1, 2, {0, 1, 1, 3, 4});
     row("down to the end", 1, 4, {0, 1, 1, 2, 3});
     row("up by one", 3, 2, {0, 1, 3, 3, 4});
@@ -99,7 +99,7 @@ void ReorderingTest::theDestinationIsCountedBeforeTheMove_data()
     QTest::newRow("down to the end of five") << qsizetype{1} << qsizetype{4} << qsizetype{5};
     QTest::newRow("up by one") << qsizetype{3} << qsizetype{2} << qsizetype{2};
     QTest::newRow("up to the start") << qsizetype{3} << qsizetype{0} << qsizetype{0};
-    QTest::newRow("nowhere") << qsizetype{2} << qsizetype{2} << qsizetype{2};
+    QTest::newRow("no move") << qsizetype{2} << qsizetype{2} << qsizetype{2};
 }
 
 void ReorderingTest::theDestinationIsCountedBeforeTheMove()
@@ -117,7 +117,7 @@ void ReorderingTest::theListScrollsFasterCloserToAnEdge_data()
     // 36 points at each end of 400 visible points.
     QTest::newRow("in the middle") << 200.0 << 0.0;
     QTest::newRow("where the lower edge begins") << 364.0 << 0.0;
-    QTest::newRow("half way into it") << 382.0 << 450.0;
+    QTest::newRow("half way into the lower edge") << 382.0 << 450.0;
     QTest::newRow("at the lower end") << 400.0 << 900.0;
     QTest::newRow("below") << 700.0 << 900.0;
     QTest::newRow("half way into the upper edge") << 18.0 << -450.0;

@@ -174,7 +174,7 @@ void ScrollAreaTest::aFocusedWidgetScrollsIntoView_data()
     QTest::newRow("a field") << static_cast<QWidget*>(new TextField(QStringLiteral("Name")));
 }
 
-// From a control outside the page to one that is scrolled out in both directions.
+// Moves the focus from a control outside the page to one that is scrolled out in both directions.
 void ScrollAreaTest::aFocusedWidgetScrollsIntoView()
 {
     QFETCH(QWidget*, target);

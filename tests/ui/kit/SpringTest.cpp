@@ -12,11 +12,11 @@ class SpringTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itFollowsTheEquation_data();
-    void itFollowsTheEquation();
+    void aSpringFollowsItsEquation_data();
+    void aSpringFollowsItsEquation();
     void theMotionIsIndependentOfTheStepLength();
     void aNewTargetKeepsPositionAndVelocity();
-    void itComesToRestOnItsTarget();
+    void aSpringRestsOnItsTarget();
     void aJumpRestsAtOnce();
     void easingFollowsItsCurve_data();
     void easingFollowsItsCurve();
@@ -24,7 +24,7 @@ private Q_SLOTS:
 };
 
 // The expected values are from a Runge-Kutta integration of x" + 2·fraction·w·x' + w²·(x − target) = 0, w = 2π/response.
-void SpringTest::itFollowsTheEquation_data()
+void SpringTest::aSpringFollowsItsEquation_data()
 {
     QTest::addColumn<double>("response");
     QTest::addColumn<double>("dampingFraction");
@@ -42,7 +42,7 @@ void SpringTest::itFollowsTheEquation_data()
     QTest::newRow("damped critically") << 0.3 << 1.0 << 0.0 << 1.0 << 0.1 << 0.618942 << 5.40173;
 }
 
-void SpringTest::itFollowsTheEquation()
+void SpringTest::aSpringFollowsItsEquation()
 {
     QFETCH(const double, response);
     QFETCH(const double, dampingFraction);
@@ -88,7 +88,7 @@ void SpringTest::aNewTargetKeepsPositionAndVelocity()
     QVERIFY(spring.position() > position);
 }
 
-void SpringTest::itComesToRestOnItsTarget()
+void SpringTest::aSpringRestsOnItsTarget()
 {
     Spring spring(0.18, 0.8);
     QVERIFY(!spring.isMoving());

@@ -18,7 +18,7 @@ public:
     Box(int width, int height) { setFixedSize(width, height); }
 };
 
-/// A view with a place of the given size and an overhang on all sides.
+/// A view of the given size with an overhang on all sides.
 class Growing final : public QWidget, public Overhanging
 {
 public:
@@ -75,10 +75,10 @@ private Q_SLOTS:
     void aLabelIsElidedOnlyWithoutRoom();
     void hiddenPartsTakeNoRoom();
     void shownWhenNeverMakesAWindow();
-    void shadowsFallOnTheGroundBelow();
+    void shadowsAreDrawnOnTheBackgroundBelow();
     void overhangsTakeNoRoom();
-    void anOverhangPassesStacksWithoutPadding();
-    void aGroundEndsWhereTheOverhangBegins();
+    void anOverhangExtendsThroughStacksWithoutPadding();
+    void aBackgroundEndsWhereTheOverhangBegins();
 };
 
 void StackTest::aColumnStacksItsParts()
@@ -133,7 +133,7 @@ void StackTest::aLabelIsElidedOnlyWithoutRoom()
         whole->resize(width, whole->sizeHint().height());
         return whole->grab().toImage().copy(0, 0, 20, whole->height());
     };
-    // The first letters are the same, which they are not when the text is elided.
+    // The first letters are equal. They would differ in an elided text.
     QCOMPARE(inkOf(whole->sizeHint().width()), inkOf(500));
     QVERIFY(inkOf(whole->minimumSizeHint().width()) != inkOf(500));
 }
@@ -170,7 +170,7 @@ void StackTest::shownWhenNeverMakesAWindow()
     box->setParent(nullptr);
 }
 
-void StackTest::shadowsFallOnTheGroundBelow()
+void StackTest::shadowsAreDrawnOnTheBackgroundBelow()
 {
     auto* tile = row(fixedSize(40, 40), ground(theme::white, 0),
                      Shadow{.color = theme::black, .radius = 0, .offset = {0, 6}});
@@ -196,7 +196,7 @@ void StackTest::overhangsTakeNoRoom()
     QCOMPARE(second->geometry(), QRect(74, 2, 66, 84));
 }
 
-void StackTest::anOverhangPassesStacksWithoutPadding()
+void StackTest::anOverhangExtendsThroughStacksWithoutPadding()
 {
     auto* before = new Box(300, 10);
     auto* cards = column(gap(10));
@@ -211,7 +211,7 @@ void StackTest::anOverhangPassesStacksWithoutPadding()
     QCOMPARE(before->y(), 16);
 }
 
-void StackTest::aGroundEndsWhereTheOverhangBegins()
+void StackTest::aBackgroundEndsWhereTheOverhangBegins()
 {
     auto* tile = row(fixedSize(40, 40), ground(theme::black, 0), new Growing(40, 40, 5));
     QCOMPARE(tile->overhang(), QMargins(5, 5, 5, 5));

@@ -16,10 +16,10 @@ private Q_SLOTS:
     void init();
     void withoutMotionNoTimerRuns();
     void theTimerStopsWhenEverythingRests();
-    void theClockAdvancesUntilRest();
-    void byHandNoTimerRuns();
+    void theTickerAdvancesUntilRest();
+    void advancingManuallyRunsNoTimer();
     void aDeletedAnimatorIsNotAdvanced();
-    void aStepMayStartAnother();
+    void aStepMayStartAnotherMotion();
     void reducedMotionEndsAtOnce();
     void reducingMotionEndsAllMotions();
 };
@@ -53,7 +53,7 @@ void TickerTest::theTimerStopsWhenEverythingRests()
     QCOMPARE(spring.position(), 1.0);
 }
 
-void TickerTest::theClockAdvancesUntilRest()
+void TickerTest::theTickerAdvancesUntilRest()
 {
     Ticker& ticker = Ticker::shared();
     ticker.setMode(Ticker::Mode::Clock);
@@ -65,7 +65,7 @@ void TickerTest::theClockAdvancesUntilRest()
     QCOMPARE(spring.position(), 1.0);
 }
 
-void TickerTest::byHandNoTimerRuns()
+void TickerTest::advancingManuallyRunsNoTimer()
 {
     Ticker& ticker = Ticker::shared();
     double moved = 0;
@@ -97,7 +97,7 @@ void TickerTest::aDeletedAnimatorIsNotAdvanced()
     QVERIFY(!Ticker::shared().hasMotion());
 }
 
-void TickerTest::aStepMayStartAnother()
+void TickerTest::aStepMayStartAnotherMotion()
 {
     bool moved = false;
     Animator second([&](double) {

@@ -5,7 +5,7 @@
 #include "X11GlobalShortcuts.h"
 #include "X11KeyRecording.h"
 #include "X11KeyboardLayout.h"
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 #include "support/PrivateDesktopMain.h"
 #include "support/TestWindow.h"
 
@@ -76,7 +76,7 @@ struct Scene
     X11KeyRecording keys{*connection, keymap};
     ShortcutRegistry registry{desktop, layout, preferences};
     QMenu menu;
-    HandOnKeyboard hand;
+    KeyboardInput keyboard;
     Bell bell;
     int picks = 0;
 
@@ -100,21 +100,21 @@ struct Scene
         [&] { QVERIFY(QTest::qWaitForWindowActive(&panel)); }();
     }
 
-    /// Asks the server where the panel is; the toolkit may not know it yet.
+    /// Reads the panel's position from the server, because the toolkit may not have it yet.
     void click(QPoint inPanel)
     {
         const auto window = static_cast<xcb_window_t>(panel.winId());
-        const QPoint place = hand.connection().geometry(window).topLeft() + inPanel;
-        auto* const c = hand.connection().get();
+        const QPoint place = keyboard.connection().geometry(window).topLeft() + inPanel;
+        auto* const c = keyboard.connection().get();
         const auto fake = [&](std::uint8_t type, std::uint8_t detail) {
-            xcb_test_fake_input(c, type, detail, XCB_CURRENT_TIME, hand.connection().root(),
+            xcb_test_fake_input(c, type, detail, XCB_CURRENT_TIME, keyboard.connection().root(),
                                 static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
                                 0);
         };
         fake(XCB_MOTION_NOTIFY, 0);
         fake(XCB_BUTTON_PRESS, 1);
         fake(XCB_BUTTON_RELEASE, 1);
-        hand.connection().sync();
+        keyboard.connection().sync();
     }
     [[nodiscard]] bool startByClick()
     {
@@ -135,7 +135,7 @@ struct Scene
     {
         return registry.shortcut(ShortcutAction::ActivatePicker);
     }
-    [[nodiscard]] bool keyboardIsFree() { return hand.connection().inputIsFree(); }
+    [[nodiscard]] bool keyboardIsFree() { return keyboard.connection().inputIsFree(); }
     [[nodiscard]] Overlay* alert() const { return Overlay::of(panel); }
 };
 
@@ -154,17 +154,17 @@ private Q_SLOTS:
         Scene scene;
         QVERIFY(scene.startByClick());
         QVERIFY(!scene.keyboardIsFree());
-        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        scene.keyboard.chord({KEY_LEFTMETA, KEY_B});
         QTRY_COMPARE(scene.stored(), (Shortcut{keyB, super}));
         QCOMPARE(scene.recorder->text(), u"⌘B"_s);
         QVERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
         QCOMPARE(scene.picks, 0);
 
-        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        scene.keyboard.chord({KEY_LEFTMETA, KEY_B});
         QTRY_COMPARE(scene.picks, 1);
-        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
-        scene.hand.chord({KEY_LEFTMETA, KEY_B});
+        scene.keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        scene.keyboard.chord({KEY_LEFTMETA, KEY_B});
         QTRY_COMPARE(scene.picks, 2);
     }
 
@@ -172,12 +172,12 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.startByClick());
-        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        scene.keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_VERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
         QCOMPARE(scene.stored(), altShiftC);
         QCOMPARE(scene.picks, 0);
-        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        scene.keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(scene.picks, 1);
     }
 
@@ -186,13 +186,13 @@ private Q_SLOTS:
         Scene scene;
         QVERIFY(scene.startByClick());
         QCOMPARE(scene.bell.count(), 0);
-        scene.hand.tap(KEY_C);
+        scene.keyboard.tap(KEY_C);
         QTRY_COMPARE(scene.bell.count(), 1);
-        scene.hand.chord({KEY_LEFTSHIFT, KEY_C});
+        scene.keyboard.chord({KEY_LEFTSHIFT, KEY_C});
         QTRY_COMPARE(scene.bell.count(), 2);
         QVERIFY(scene.recorder->isRecording());
         QCOMPARE(scene.stored(), altShiftC);
-        scene.hand.tap(KEY_ESC);
+        scene.keyboard.tap(KEY_ESC);
         QTRY_VERIFY(!scene.recorder->isRecording());
         QCOMPARE(scene.bell.count(), 2);
         QVERIFY(scene.panel.isVisible());
@@ -202,22 +202,22 @@ private Q_SLOTS:
     void aRefusedKeyboardRingsTheBell()
     {
         Scene scene;
-        QVERIFY(scene.hand.connection().grabKeyboard());
+        QVERIFY(scene.keyboard.connection().grabKeyboard());
         scene.click(Scene::onField);
         QTRY_COMPARE(scene.bell.count(), 1);
         QVERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.registry.isPaused());
-        scene.hand.connection().ungrabAll();
+        scene.keyboard.connection().ungrabAll();
     }
 
     void deleteRemovesTheShortcutAndReleasesItsKeys()
     {
         Scene scene;
         QVERIFY(scene.startByClick());
-        scene.hand.tap(KEY_BACKSPACE);
+        scene.keyboard.tap(KEY_BACKSPACE);
         QTRY_COMPARE(scene.stored(), std::nullopt);
         QTRY_VERIFY(scene.keyboardIsFree());
-        scene.hand.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        scene.keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
         QVERIFY(scene.startByClick());
         QCOMPARE(scene.picks, 0);
     }
@@ -226,7 +226,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.startByClick());
-        scene.hand.tap(KEY_TAB);
+        scene.keyboard.tap(KEY_TAB);
         QTRY_VERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.recorder->hasFocus());
         QVERIFY(scene.recorder->isAncestorOf(QApplication::focusWidget()));
@@ -236,12 +236,12 @@ private Q_SLOTS:
     void returnStartsRecordingAfterTab()
     {
         Scene scene;
-        scene.hand.tap(KEY_TAB);
+        scene.keyboard.tap(KEY_TAB);
         QTRY_VERIFY(scene.recorder->hasFocus());
         QVERIFY(!scene.recorder->isRecording());
-        scene.hand.tap(KEY_ENTER);
+        scene.keyboard.tap(KEY_ENTER);
         QTRY_VERIFY(scene.recorder->isRecording());
-        scene.hand.chord({KEY_LEFTCTRL, KEY_F5});
+        scene.keyboard.chord({KEY_LEFTCTRL, KEY_F5});
         QTRY_COMPARE(scene.recorder->text(), u"⌃F5"_s);
         QVERIFY(scene.recorder->hasFocus());
         QCOMPARE(scene.bell.count(), 0);
@@ -252,22 +252,22 @@ private Q_SLOTS:
         Scene scene;
         QTRY_VERIFY(scene.registry.isTaken({keyD, super}));
         QVERIFY(scene.startByClick());
-        scene.hand.chord({KEY_LEFTMETA, KEY_D});
+        scene.keyboard.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(scene.alert());
         QTRY_VERIFY(scene.keyboardIsFree());
         QVERIFY(scene.panel.isActiveWindow());
         // The first button keeps the old shortcut, and recording continues.
-        scene.hand.tap(KEY_ENTER);
+        scene.keyboard.tap(KEY_ENTER);
         QTRY_VERIFY(!scene.alert());
         QVERIFY(scene.recorder->isRecording());
         QVERIFY(!scene.keyboardIsFree());
         QCOMPARE(scene.stored(), altShiftC);
 
-        scene.hand.chord({KEY_LEFTMETA, KEY_D});
+        scene.keyboard.chord({KEY_LEFTMETA, KEY_D});
         QTRY_VERIFY(scene.alert());
         QTRY_VERIFY(scene.keyboardIsFree());
-        scene.hand.tap(KEY_TAB);
-        scene.hand.tap(KEY_SPACE);
+        scene.keyboard.tap(KEY_TAB);
+        scene.keyboard.tap(KEY_SPACE);
         QTRY_COMPARE(scene.stored(), (Shortcut{keyD, super}));
         QVERIFY(!scene.recorder->isRecording());
         QCOMPARE(scene.recorder->text(), u"⌘D"_s);
@@ -278,10 +278,10 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.startByClick());
-        scene.hand.chord({KEY_LEFTCTRL, KEY_Q});
+        scene.keyboard.chord({KEY_LEFTCTRL, KEY_Q});
         QTRY_VERIFY(scene.alert());
         QTRY_VERIFY(scene.keyboardIsFree());
-        scene.hand.tap(KEY_ESC);
+        scene.keyboard.tap(KEY_ESC);
         QTRY_VERIFY(!scene.alert());
         QVERIFY(scene.recorder->isRecording());
         QCOMPARE(scene.stored(), altShiftC);
@@ -291,27 +291,27 @@ private Q_SLOTS:
     void recordingEndsWhenAnotherWindowGetsTheFocus()
     {
         Scene scene;
-        TestWindow terminal(scene.hand.connection(), {.input = TestWindow::Input::Recorded});
+        TestWindow terminal(scene.keyboard.connection(), {.input = TestWindow::Input::Recorded});
         terminal.show();
         QVERIFY(scene.startByClick());
         QTRY_VERIFY(scene.isFocusGivenTo(terminal));
         QVERIFY(!scene.recorder->isRecording());
         QTRY_VERIFY(scene.keyboardIsFree());
         QVERIFY(!scene.registry.isPaused());
-        scene.hand.tap(KEY_A);
+        scene.keyboard.tap(KEY_A);
         QTRY_VERIFY(!terminal.events().empty());
     }
 
     void recordingStartsInAWindowThatIsNotActiveYet()
     {
         Scene scene;
-        TestWindow terminal(scene.hand.connection(), {.geometry = QRect(0, 0, 50, 50)});
+        TestWindow terminal(scene.keyboard.connection(), {.geometry = QRect(0, 0, 50, 50)});
         terminal.show();
         QTRY_VERIFY(scene.isFocusGivenTo(terminal));
         QVERIFY(scene.startByClick());
         scene.panel.activateWindow();
         QTRY_VERIFY(scene.panel.isActiveWindow());
-        scene.hand.chord({KEY_LEFTCTRL, KEY_F5});
+        scene.keyboard.chord({KEY_LEFTCTRL, KEY_F5});
         QTRY_COMPARE(scene.recorder->text(), u"⌃F5"_s);
         QTRY_VERIFY(scene.keyboardIsFree());
     }
@@ -342,7 +342,7 @@ private Q_SLOTS:
         QCOMPARE(QProcess::execute(u"setxkbmap"_s, {u"us"_s, u"dvorak"_s}), 0);
         QTRY_COMPARE(scene.recorder->text(), u"⌥⇧J"_s);
         QVERIFY(scene.startByClick());
-        scene.hand.chord({KEY_LEFTCTRL, KEY_Q});
+        scene.keyboard.chord({KEY_LEFTCTRL, KEY_Q});
         // Dvorak has no letter of the menu at that position.
         QTRY_COMPARE(scene.recorder->text(), u"⌃'"_s);
     }

@@ -36,40 +36,40 @@ class ThemeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textsAreReadableOnTheirGrounds_data();
-    void textsAreReadableOnTheirGrounds();
+    void textsHaveEnoughContrast_data();
+    void textsHaveEnoughContrast();
     void systemColorsDifferBetweenTheSchemes_data();
     void systemColorsDifferBetweenTheSchemes();
-    void fixedColorsAreTheSameInBoth();
+    void fixedColorsAreTheSameInBothSchemes();
     void opacityMultiplies();
-    void cardAccentsAreTheFive_data();
-    void cardAccentsAreTheFive();
+    void thereAreFiveCardAccents_data();
+    void thereAreFiveCardAccents();
     void fontsHaveTheirSizeAndWeight();
-    void anAppearanceReachesEveryChild();
+    void anAppearanceAppliesToEveryChild();
 };
 
-void ThemeTest::textsAreReadableOnTheirGrounds_data()
+void ThemeTest::textsHaveEnoughContrast_data()
 {
     QTest::addColumn<QColor>("text");
-    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("background");
     QTest::addColumn<double>("least");
     struct Named
     {
         const char* name = "";
         theme::Color color;
     };
-    const Named grounds[] = {
+    const Named backgrounds[] = {
         {"bg", theme::bg}, {"surface", theme::surface}, {"surfaceHigh", theme::surfaceHigh}};
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
         const char* in = scheme == Scheme::Light ? "light" : "dark";
-        const auto row = [&](const Named& text, const Named& ground, double least) {
-            QTest::addRow("%s on %s, %s", text.name, ground.name, in)
-                << text.color.in(scheme) << ground.color.in(scheme) << least;
+        const auto row = [&](const Named& text, const Named& background, double least) {
+            QTest::addRow("%s on %s, %s", text.name, background.name, in)
+                << text.color.in(scheme) << background.color.in(scheme) << least;
         };
-        for (const Named& ground : grounds) {
-            row({"textPrimary", theme::textPrimary}, ground, 4.5);
-            row({"textSecond", theme::textSecond}, ground, 4.5);
-            row({"textThird", theme::textThird}, ground, 3);
+        for (const Named& background : backgrounds) {
+            row({"textPrimary", theme::textPrimary}, background, 4.5);
+            row({"textSecond", theme::textSecond}, background, 4.5);
+            row({"textThird", theme::textThird}, background, 3);
         }
         row({"textPrimary", theme::textPrimary}, {"field", theme::field}, 4.5);
         row({"textThird", theme::textThird}, {"field", theme::field}, 3);
@@ -78,7 +78,7 @@ void ThemeTest::textsAreReadableOnTheirGrounds_data()
         row({"white", theme::white}, {"destructiveGround", theme::destructiveGround}, 4.5);
         row({"link", theme::link}, {"surface", theme::surface}, 4.5);
         row({"red", theme::red}, {"surface", theme::surface}, 4.5);
-        // For symbols and for the accent, which is the same in both schemes.
+        // Symbols, and the accent, which is the same in both schemes.
         row({"green", theme::green}, {"surface", theme::surface}, 3);
         row({"accent", theme::accent}, {"bg", theme::bg}, 3);
         row({"accent", theme::accent}, {"surface", theme::surface}, 3);
@@ -87,12 +87,12 @@ void ThemeTest::textsAreReadableOnTheirGrounds_data()
     }
 }
 
-void ThemeTest::textsAreReadableOnTheirGrounds()
+void ThemeTest::textsHaveEnoughContrast()
 {
     QFETCH(const QColor, text);
-    QFETCH(const QColor, ground);
+    QFETCH(const QColor, background);
     QFETCH(const double, least);
-    QVERIFY2(contrast(text, ground) >= least, qPrintable(QString::number(contrast(text, ground))));
+    QVERIFY2(contrast(text, background) >= least, qPrintable(QString::number(contrast(text, background))));
 }
 
 void ThemeTest::systemColorsDifferBetweenTheSchemes_data()
@@ -118,7 +118,7 @@ void ThemeTest::systemColorsDifferBetweenTheSchemes()
     QVERIFY(light != dark);
 }
 
-void ThemeTest::fixedColorsAreTheSameInBoth()
+void ThemeTest::fixedColorsAreTheSameInBothSchemes()
 {
     QCOMPARE(theme::accent.in(Scheme::Light), QColor::fromRgbF(0.38F, 0.40F, 0.88F));
     QCOMPARE(theme::accent.in(Scheme::Dark), QColor::fromRgbF(0.38F, 0.40F, 0.88F));
@@ -129,7 +129,7 @@ void ThemeTest::opacityMultiplies()
     QCOMPARE(theme::white.opacity(0.5).opacity(0.5).in(Scheme::Light).alpha(), 64);
 }
 
-void ThemeTest::cardAccentsAreTheFive_data()
+void ThemeTest::thereAreFiveCardAccents_data()
 {
     QTest::addColumn<int>("index");
     QTest::addColumn<QColor>("start");
@@ -146,7 +146,7 @@ void ThemeTest::cardAccentsAreTheFive_data()
                            << QColor::fromRgbF(0.10F, 0.60F, 0.44F);
 }
 
-void ThemeTest::cardAccentsAreTheFive()
+void ThemeTest::thereAreFiveCardAccents()
 {
     QFETCH(const int, index);
     QCOMPARE(theme::cardAccents.size(), std::size_t{5});
@@ -162,7 +162,7 @@ void ThemeTest::fontsHaveTheirSizeAndWeight()
     QVERIFY(QFontInfo(theme::monospacedFont(9)).fixedPitch());
 }
 
-void ThemeTest::anAppearanceReachesEveryChild()
+void ThemeTest::anAppearanceAppliesToEveryChild()
 {
     QWidget root;
     auto* early = new QWidget(&root);

@@ -1,4 +1,4 @@
-#include "support/HandOnKeyboard.h"
+#include "support/KeyboardInput.h"
 
 #include <xcb/xtest.h>
 
@@ -18,7 +18,7 @@ constexpr std::uint8_t allModifiers = 0xFF;
 
 } // namespace
 
-HandOnKeyboard::HandOnKeyboard(const QByteArray& display)
+KeyboardInput::KeyboardInput(const QByteArray& display)
     : m_connection(display)
 {
     auto* const c = m_connection.get();
@@ -26,7 +26,7 @@ HandOnKeyboard::HandOnKeyboard(const QByteArray& display)
         xcb_xkb_use_extension_reply(c, xcb_xkb_use_extension(c, 1, 0), nullptr));
 }
 
-HandOnKeyboard::~HandOnKeyboard()
+KeyboardInput::~KeyboardInput()
 {
     const auto down = m_down;
     for (const int key : down) {
@@ -35,25 +35,25 @@ HandOnKeyboard::~HandOnKeyboard()
     lock(0, 0);
 }
 
-void HandOnKeyboard::press(int key)
+void KeyboardInput::press(int key)
 {
     m_down.insert(key);
     fake(XCB_KEY_PRESS, key);
 }
 
-void HandOnKeyboard::release(int key)
+void KeyboardInput::release(int key)
 {
     m_down.erase(key);
     fake(XCB_KEY_RELEASE, key);
 }
 
-void HandOnKeyboard::tap(int key)
+void KeyboardInput::tap(int key)
 {
     press(key);
     release(key);
 }
 
-void HandOnKeyboard::chord(std::initializer_list<int> keys)
+void KeyboardInput::chord(std::initializer_list<int> keys)
 {
     for (const int key : keys) {
         press(key);
@@ -61,7 +61,7 @@ void HandOnKeyboard::chord(std::initializer_list<int> keys)
     std::for_each(std::rbegin(keys), std::rend(keys), [this](int key) { release(key); });
 }
 
-std::uint16_t HandOnKeyboard::modifiers()
+std::uint16_t KeyboardInput::modifiers()
 {
     auto* const c = m_connection.get();
     const ServerReply<xcb_query_pointer_reply_t> pointer(
@@ -69,19 +69,19 @@ std::uint16_t HandOnKeyboard::modifiers()
     return pointer ? pointer->mask & allModifiers : 0;
 }
 
-void HandOnKeyboard::chooseGroup(std::uint8_t group)
+void KeyboardInput::chooseGroup(std::uint8_t group)
 {
     lock(0, group);
 }
 
-void HandOnKeyboard::lock(std::uint8_t modifiers, std::uint8_t group)
+void KeyboardInput::lock(std::uint8_t modifiers, std::uint8_t group)
 {
     xcb_xkb_latch_lock_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, allModifiers, modifiers, 1, group,
                              0, 0, 0);
     m_connection.sync();
 }
 
-void HandOnKeyboard::fake(std::uint8_t type, int key)
+void KeyboardInput::fake(std::uint8_t type, int key)
 {
     constexpr int keycodeOffset = 8;
     xcb_test_fake_input(m_connection.get(), type, static_cast<std::uint8_t>(key + keycodeOffset),

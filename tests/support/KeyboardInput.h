@@ -12,13 +12,13 @@ namespace tintwick {
 
 /// The keyboard of a private desktop. Keys are positions (KEY_C is the key to the right of X, whatever
 /// the layout assigns to it). The destructor releases all keys and locks.
-class HandOnKeyboard final
+class KeyboardInput final
 {
 public:
-    explicit HandOnKeyboard(const QByteArray& display = qgetenv("DISPLAY"));
-    ~HandOnKeyboard();
-    HandOnKeyboard(const HandOnKeyboard&) = delete;
-    HandOnKeyboard& operator=(const HandOnKeyboard&) = delete;
+    explicit KeyboardInput(const QByteArray& display = qgetenv("DISPLAY"));
+    ~KeyboardInput();
+    KeyboardInput(const KeyboardInput&) = delete;
+    KeyboardInput& operator=(const KeyboardInput&) = delete;
 
     void press(int key);
     void release(int key);
