@@ -64,7 +64,8 @@ Q_SIGNALS:
     void activated(const QString& id);
     /// The key was released.
     void deactivated(const QString& id);
-    /// The desktop chose the keys; `text` describes them, empty when there are none. Not emitted when the program chooses.
+    /// The desktop chose the keys; `text` describes them, empty when there are none. Not emitted when the program
+    /// chooses.
     void changed(const QString& id, const QString& text);
     /// The shortcut is not bound, or is no longer bound.
     void refused(const QString& id, const tintwick::ShortcutRefusal& refusal);

@@ -19,12 +19,12 @@ public:
 
     using QObject::QObject;
 
-    /// Starts a recording; one that runs already is ended with lost(). Refused when another client holds the keyboard grab
-    /// and does not release it within a moment.
+    /// Starts a recording; one that runs already is ended with lost(). Refused when another client holds the keyboard
+    /// grab and does not release it within a moment.
     [[nodiscard]] virtual Outcome begin() = 0;
 
-    /// Releases the keyboard once no key is down, so that no other client gets the release or a repetition of a recorded
-    /// key. Does nothing when no recording runs.
+    /// Releases the keyboard once no key is down, so that no other client gets the release or a repetition of a
+    /// recorded key. Does nothing when no recording runs.
     virtual void end() = 0;
 
 Q_SIGNALS:

@@ -54,9 +54,10 @@ public:
         Take,
     };
 
-    /// Shows a hidden panel beside its anchor, or at the top right of the primary monitor without one, above all windows
-    /// and on every workspace. Reduces its height where the monitor has less room. Does nothing when the click on the
-    /// icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or destroyed.
+    /// Shows a hidden panel beside its anchor, or at the top right of the primary monitor without one, above all
+    /// windows and on every workspace. Reduces its height where the monitor has less room. Does nothing when the click
+    /// on the icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or
+    /// destroyed.
     virtual void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) = 0;
 
     /// Shows a hidden panel at its last position, without taking the keyboard focus.

@@ -25,8 +25,8 @@ struct ScreenPosition
 {
     /// Index into the screens of the session.
     int screen = 0;
-    /// In physical pixels from the top left corner of the screen, y downwards; fractions where the desktop reports them.
-    /// Lies outside the screen where the pointer is on no screen at all.
+    /// In physical pixels from the top left corner of the screen, y downwards; fractions where the desktop reports
+    /// them. Lies outside the screen where the pointer is on no screen at all.
     QPointF point;
 
     /// The pixel that contains the point.

@@ -19,8 +19,8 @@ using Compositor = PrivateDesktop::Compositor;
 const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89-41D3-9A0C-0305E82C3302"_s,
                       u"3F2504E0-4F89-41D3-9A0C-0305E82C3303"_s};
 
-// In pixels from the top left corner of the panel: the only card of the dashboard, below one row of colours, and the left
-// side of the first row's square on the screen of a palette.
+// In pixels from the top left corner of the panel: the only card of the dashboard, below one row of colours, and the
+// left side of the first row's square on the screen of a palette.
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
 constexpr int rowHeight = 54;

@@ -11,8 +11,8 @@ class QDBusVariant;
 
 namespace tintwick {
 
-/// The desktop's preferences for the look of programs, from the portal org.freedesktop.portal.Settings, which also reports
-/// changes. There are no preferences without a portal and until it has answered.
+/// The desktop's preferences for the look of programs, from the portal org.freedesktop.portal.Settings, which also
+/// reports changes. There are no preferences without a portal and until it has answered.
 class DesktopSettings final : public QObject
 {
     Q_OBJECT

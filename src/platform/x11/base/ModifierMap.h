@@ -13,8 +13,8 @@ class XcbConnection;
 /// The modifier bits of an event's state. The bits above them are pointer buttons and the keyboard's group.
 inline constexpr std::uint16_t allModifierBits = 0xFF;
 
-/// Converts between the modifier bits of one keymap and the masks of `modifier` in KeyCode.h. The protocol fixes the bits
-/// of Shift, Control and Caps Lock; a keymap assigns the bits below, 0 when it has no such modifier.
+/// Converts between the modifier bits of one keymap and the masks of `modifier` in KeyCode.h. The protocol fixes the
+/// bits of Shift, Control and Caps Lock; a keymap assigns the bits below, 0 when it has no such modifier.
 struct ModifierMap
 {
     std::uint16_t alt = 0;

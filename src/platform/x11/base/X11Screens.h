@@ -19,8 +19,8 @@ struct X11Screen
     friend bool operator==(const X11Screen&, const X11Screen&) = default;
 };
 
-/// The monitors that RandR reports, the primary one first. Without RandR the root window is the one monitor. Empty when the
-/// server does not answer.
+/// The monitors that RandR reports, the primary one first. Without RandR the root window is the one monitor. Empty when
+/// the server does not answer.
 [[nodiscard]] std::vector<X11Screen> queryScreens(const XcbConnection& connection);
 
 } // namespace tintwick

@@ -23,8 +23,8 @@ struct KeyGrab
     friend bool operator==(const KeyGrab&, const KeyGrab&) = default;
 };
 
-/// Passive grabs of keys on the root window: the server sends a grabbed key press to this connection only, whichever window
-/// has the focus.
+/// Passive grabs of keys on the root window: the server sends a grabbed key press to this connection only, whichever
+/// window has the focus.
 class KeyGrabs final
 {
 public:
@@ -40,8 +40,8 @@ public:
     /// The combination of a key event, by its keycode and state.
     [[nodiscard]] KeyGrab pressed(xcb_keycode_t keycode, std::uint16_t state) const;
 
-    /// Grabs the combination under every combination of locks. False when another client holds one of them; then nothing
-    /// is grabbed.
+    /// Grabs the combination under every combination of locks. False when another client holds one of them; then
+    /// nothing is grabbed.
     [[nodiscard]] bool take(const KeyGrab& grab) const;
     void giveBack(const KeyGrab& grab) const;
     /// Whether take() would succeed now. Other clients never see the grab that tests it.

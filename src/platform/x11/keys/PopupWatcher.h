@@ -5,8 +5,8 @@
 
 namespace tintwick {
 
-/// Watches whether a popup window of this process is open: menus, also those of text fields, and pop-up lists. The X server
-/// sends all keys to an open popup, because it holds a keyboard grab.
+/// Watches whether a popup window of this process is open: menus, also those of text fields, and pop-up lists. The X
+/// server sends all keys to an open popup, because it holds a keyboard grab.
 class PopupWatcher final : public QObject
 {
     Q_OBJECT

@@ -57,8 +57,8 @@ private:
     void updatePopupKeys();
     void suspendGrabs();
     void resumeGrabs();
-    /// Takes the grabs again when a new keymap moved a modifier, or when a grab is missing. A combination that cannot be
-    /// taken is tried again with the next keymap.
+    /// Takes the grabs again when a new keymap moved a modifier, or when a grab is missing. A combination that cannot
+    /// be taken is tried again with the next keymap.
     void followKeymap();
     /// Takes the combination unless it is held already.
     [[nodiscard]] bool take(const KeyGrab& grab) const;

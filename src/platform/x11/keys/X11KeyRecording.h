@@ -14,8 +14,8 @@
 
 namespace tintwick {
 
-/// Records with an active keyboard grab, which has priority over passive grabs. The server releases it when the connection
-/// closes, also when the process is killed.
+/// Records with an active keyboard grab, which has priority over passive grabs. The server releases it when the
+/// connection closes, also when the process is killed.
 class X11KeyRecording final : public KeyRecording,
                               private XcbConnection::Sink,
                               private QAbstractNativeEventFilter

@@ -29,8 +29,8 @@ private:
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsDrained() override;
 
-    /// The current layout if it has Latin letters, otherwise the first layout that has, otherwise the US layout: keyboards
-    /// of other scripts print the US letters beside their own. No keymap when the server has none.
+    /// The current layout if it has Latin letters, otherwise the first layout that has, otherwise the US layout:
+    /// keyboards of other scripts print the US letters beside their own. No keymap when the server has none.
     [[nodiscard]] Layout asciiCapableLayout() const;
     /// nullptr when the description of the US layout is not installed.
     [[nodiscard]] xkb_keymap* usKeymap() const;

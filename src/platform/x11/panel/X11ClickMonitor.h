@@ -9,13 +9,13 @@
 
 namespace tintwick {
 
-/// Reports clicks of the primary or secondary button outside this process's windows. Other programs get these clicks too.
-/// Our menus, the tray icon where it is our window, and all clicks during a pick count as inside. A press that starts a
-/// drag in another program is not a click. Costs nothing while stopped.
+/// Reports clicks of the primary or secondary button outside this process's windows. Other programs get these clicks
+/// too. Our menus, the tray icon where it is our window, and all clicks during a pick count as inside. A press that
+/// starts a drag in another program is not a click. Costs nothing while stopped.
 ///
 /// It selects raw button events, which the root window gets whichever window or grab gets the click; only the grab of a
-/// pick withholds them, because this connection holds it. A program that starts a drag takes the XdndSelection while the
-/// button is down.
+/// pick withholds them, because this connection holds it. A program that starts a drag takes the XdndSelection while
+/// the button is down.
 class X11ClickMonitor final : public QObject, private XcbConnection::Sink
 {
     Q_OBJECT

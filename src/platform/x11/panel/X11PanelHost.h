@@ -15,8 +15,8 @@
 
 namespace tintwick {
 
-/// Sets window manager hints that keep the panel out of task bars and pagers. Shows the shadow as a separate window below
-/// the panel while a compositor runs.
+/// Sets window manager hints that keep the panel out of task bars and pagers. Shows the shadow as a separate window
+/// below the panel while a compositor runs.
 class X11PanelHost final : public PanelHost
 {
     Q_OBJECT

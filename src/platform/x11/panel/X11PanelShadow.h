@@ -18,7 +18,8 @@ public:
     /// `translucentVisual` has a depth of 32.
     X11PanelShadow(XcbConnection& connection, xcb_visualid_t translucentVisual);
 
-    /// Shows the premultiplied picture directly below `window`, a child of the root. `topLeft` is in pixels of the root.
+    /// Shows the premultiplied picture directly below `window`, a child of the root. `topLeft` is in pixels of the
+    /// root.
     void showBelow(xcb_window_t window, const QImage& picture, QPoint topLeft);
     void hide();
 

@@ -24,8 +24,8 @@ public:
     {
     }
 
-    /// Begins a grab of this part of the root; returns false when it is empty or too large. The server keeps the largest
-    /// canvas requested until this object is destroyed.
+    /// Begins a grab of this part of the root; returns false when it is empty or too large. The server keeps the
+    /// largest canvas requested until this object is destroyed.
     [[nodiscard]] bool begin(const QRect& area);
     /// Limits the following drawing to a region.
     void clip(const QRegion& region);

@@ -52,8 +52,8 @@ void dropContent(StackedWindow& window)
     window.contentIsMissing = false;
 }
 
-// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window with this
-// name.
+// Some window managers keep minimised windows and those of other workspaces mapped, below an input-only window with
+// this name.
 bool isGuardWindow(xcb_connection_t* c, xcb_window_t id)
 {
     constexpr std::uint32_t longestName = 16; // in units of four bytes

@@ -46,13 +46,13 @@ struct StackedWindow
 /// The frame with the room around it in which a compositor may draw the window's shadow.
 [[nodiscard]] QRect withShadow(const QRect& frame);
 
-/// The children of the root window from bottom to top, kept up to date by the root's substructure events. Windows of our
-/// own connection (the loupe) are never part of a picture.
+/// The children of the root window from bottom to top, kept up to date by the root's substructure events. Windows of
+/// our own connection (the loupe) are never part of a picture.
 class WindowStack final
 {
 public:
-    /// Reads the tree and watches each window for damage. Select the root's substructure events before. Both arguments must
-    /// outlive the stack.
+    /// Reads the tree and watches each window for damage. Select the root's substructure events before. Both arguments
+    /// must outlive the stack.
     WindowStack(XcbConnection& connection, const PickingExtensions& extensions);
     /// Releases the contents that the server keeps for us.
     ~WindowStack();
