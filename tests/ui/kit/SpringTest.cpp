@@ -23,8 +23,8 @@ private Q_SLOTS:
     void easingTurnsAtItsPosition();
 };
 
-// The expected values are from a Runge-Kutta integration of x" + 2·fraction·w·x' + w²·(x − target) = 0, w =
-// 2π/response.
+// The expected values are from a Runge-Kutta integration of the equation
+// x" + 2·fraction·w·x' + w²·(x − target) = 0, w = 2π/response.
 void SpringTest::aSpringFollowsItsEquation_data()
 {
     QTest::addColumn<double>("response");
