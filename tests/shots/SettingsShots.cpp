@@ -35,7 +35,9 @@ public:
     {
         m_platform.layout.characters[keycode::c] = u"c"_s;
         m_shortcuts.start();
+        // The scenes share one data file.
         m_appState.clearHistory();
+        m_appState.setDefaultFormat(ColorFormat::Hex6);
         for (int i = 0; i < 12; ++i) {
             m_appState.colorCaptured(CapturedColor::capture(i / 12.0, 0.5, 0.5, 1));
         }
