@@ -28,7 +28,7 @@ Panel::Panel(QWidget* content)
     setAttribute(Qt::WA_ShowWithoutActivating);
     content->setParent(this);
     setFixedSize(sizeHint());
-    // The first show is faster with a window that the desktop knows already.
+    // The first show is faster when the window exists already.
     winId();
 }
 

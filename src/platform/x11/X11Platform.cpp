@@ -11,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// An X server inside a Wayland session knows only the windows of X programs. Newer ones say what they are by an
+// An X server inside a Wayland session has only the windows of X programs. Newer ones announce themselves by an
 // extension, older ones by the names of their outputs.
 bool isInsideWayland(const XcbConnection& connection)
 {

@@ -17,7 +17,7 @@ namespace tintwick {
 class X11Platform final : public Platform
 {
 public:
-    /// None where there is no X server, or one that shows only the windows of X programs; then `whyNot` tells.
+    /// Returns none without an X server or inside a Wayland session, and sets `whyNot` to one sentence for the user.
     [[nodiscard]] static std::unique_ptr<Platform> connect(QString& whyNot);
 
     explicit X11Platform(std::unique_ptr<XcbConnection> connection);
