@@ -209,7 +209,7 @@ void Application::pick()
 void Application::pickFromPanel()
 {
     hidePanel();
-    QTimer::singleShot(0, this, [this] { startPick(PickOrigin::Panel); });
+    startPick(PickOrigin::Panel);
 }
 
 void Application::startPick(PickOrigin origin)
