@@ -32,7 +32,8 @@ public:
     QStringList requestedNamespaces;
 
     /// Sends the signal of the portal.
-    static void report(QDBusConnection bus, const QString& space, const QString& key, const QVariant& value)
+    static void report(const QDBusConnection& bus, const QString& space, const QString& key,
+                       const QVariant& value)
     {
         QDBusMessage signal =
             QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
