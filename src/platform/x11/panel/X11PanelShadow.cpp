@@ -1,8 +1,9 @@
 #include "X11PanelShadow.h"
 
+#include "PutPicture.h"
+
 #include <xcb/shape.h>
 
-#include <algorithm>
 #include <array>
 
 namespace tintwick {
@@ -72,21 +73,10 @@ void X11PanelShadow::setPicture(const QImage& picture)
     xcb_connection_t* c = m_connection.get();
     const auto pixmap = XcbPixmap::withNewId(c);
     const auto gc = XcbGraphicsContext::withNewId(c);
-    const auto width = static_cast<std::uint16_t>(picture.width());
-    xcb_create_pixmap(c, depth, pixmap.id(), m_window.id(), width,
+    xcb_create_pixmap(c, depth, pixmap.id(), m_window.id(), static_cast<std::uint16_t>(picture.width()),
                       static_cast<std::uint16_t>(picture.height()));
     xcb_create_gc(c, gc.id(), pixmap.id(), 0, nullptr);
-    const auto rowBytes = static_cast<std::uint32_t>(picture.bytesPerLine());
-    // The maximum length of a request is in units of four bytes.
-    constexpr std::uint32_t requestHeader = 64;
-    const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
-    const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
-    for (int y = 0; y < picture.height(); y += rowsPerRequest) {
-        const int rows = std::min(rowsPerRequest, picture.height() - y);
-        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap.id(), gc.id(), width,
-                      static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(y), 0, depth,
-                      rowBytes * static_cast<std::uint32_t>(rows), picture.constScanLine(y));
-    }
+    putPicture(c, pixmap.id(), gc.id(), depth, picture);
     const std::uint32_t background = pixmap.id();
     xcb_change_window_attributes(c, m_window.id(), XCB_CW_BACK_PIXMAP, &background);
     xcb_clear_area(c, 0, m_window.id(), 0, 0, 0, 0);

@@ -1,5 +1,6 @@
 #include "LoupeWindow.h"
 
+#include "PutPicture.h"
 #include "ScreenReader.h"
 #include "TranslucentVisual.h"
 
@@ -158,20 +159,8 @@ void LoupeWindow::cutToOutline(const QImage& picture)
 
 void LoupeWindow::upload(const QImage& picture)
 {
-    const QImage& source = m_isComposited ? picture : withHardEdges(picture);
-    xcb_connection_t* c = m_connection.get();
-    const auto rowBytes = static_cast<std::uint32_t>(source.bytesPerLine());
-    // Requests have a maximum length; a loupe at scale 2 may need several.
-    constexpr std::uint32_t requestHeader = 64;
-    const std::uint32_t limit = xcb_get_maximum_request_length(c) * 4 - requestHeader;
-    const int rowsPerRequest = std::max(1, static_cast<int>(limit / rowBytes));
-    for (int y = 0; y < source.height(); y += rowsPerRequest) {
-        const int rows = std::min(rowsPerRequest, source.height() - y);
-        xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_window.id(), m_gc.id(),
-                      static_cast<std::uint16_t>(source.width()), static_cast<std::uint16_t>(rows), 0,
-                      static_cast<std::int16_t>(y), 0, m_depth, rowBytes * static_cast<std::uint32_t>(rows),
-                      source.constScanLine(y));
-    }
+    putPicture(m_connection.get(), m_window.id(), m_gc.id(), m_depth,
+               m_isComposited ? picture : withHardEdges(picture));
 }
 
 // Translucent pixels would be mixed with black.
