@@ -1,0 +1,60 @@
+#include "ColorText.h"
+
+#include "CssColor.h"
+#include "NamedColors.h"
+#include "TailwindPalette.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+namespace tintwick {
+
+namespace {
+
+CapturedColor colorOf(std::uint32_t rgb)
+{
+    const auto component = [rgb](int shift) { return ((rgb >> shift) & 0xFF) / 255.0; };
+    return CapturedColor::capture(component(16), component(8), component(0), 1);
+}
+
+std::optional<CapturedColor> namedColor(QStringView name)
+{
+    const auto* const found = std::ranges::find_if(namedColors, [name](const NamedColor& row) {
+        return row.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == namedColors.end() ? std::nullopt : std::optional(colorOf(found->rgb));
+}
+
+std::optional<CapturedColor> tailwindColor(QStringView token)
+{
+    const qsizetype hyphen = token.lastIndexOf(u'-');
+    if (hyphen < 0) {
+        return std::nullopt;
+    }
+    const QStringView name = token.first(hyphen);
+    const auto* const family = std::ranges::find_if(tailwindPalette, [name](const TailwindFamily& row) {
+        return row.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    const auto* const shade = std::ranges::find(tailwindShades, token.mid(hyphen + 1));
+    if (family == tailwindPalette.end() || shade == tailwindShades.end()) {
+        return std::nullopt;
+    }
+    return colorOf(family->rgb.at(static_cast<std::size_t>(shade - tailwindShades.begin())));
+}
+
+} // namespace
+
+std::optional<WrittenColor> colorFromText(QStringView text)
+{
+    if (const auto css = parseCssColor(text)) {
+        const auto& [red, green, blue] = css->srgb;
+        return WrittenColor{CapturedColor::capture(red, green, blue, css->alpha), css->isGamutMapped};
+    }
+    const QStringView name = text.trimmed();
+    const std::optional<CapturedColor> named = namedColor(name);
+    const std::optional<CapturedColor> color = named ? named : tailwindColor(name);
+    return color ? std::optional(WrittenColor{*color, false}) : std::nullopt;
+}
+
+} // namespace tintwick
