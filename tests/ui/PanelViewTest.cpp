@@ -10,6 +10,7 @@
 #include "NoticeView.h"
 #include "Overlay.h"
 #include "ScrollArea.h"
+#include "ui/Contrast.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
 #include "ui/Probes.h"
@@ -55,6 +56,8 @@ private Q_SLOTS:
     void noFocusRingAfterAClick();
     void noControlHasFocusBeforeTab();
     void noticeIsShownBelowTheHeader();
+    void everyTextHasEnoughContrast_data();
+    void everyTextHasEnoughContrast();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -553,6 +556,52 @@ void PanelViewTest::noticeIsShownBelowTheHeader()
     panel.settle();
     QVERIFY(!notice->isVisible());
     QCOMPARE(dashboardTop(), before);
+}
+
+void PanelViewTest::everyTextHasEnoughContrast_data()
+{
+    QTest::addColumn<Scheme>("scheme");
+    QTest::addColumn<bool>("isFilled");
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        const char* name = scheme == Scheme::Light ? "light" : "dark";
+        QTest::addRow("%s, empty", name) << scheme << false;
+        QTest::addRow("%s, with colors", name) << scheme << true;
+    }
+}
+
+void PanelViewTest::everyTextHasEnoughContrast()
+{
+    QFETCH(const Scheme, scheme);
+    QFETCH(const bool, isFilled);
+    PanelFixture panel;
+    panel.view->setSystemScheme(scheme);
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    if (isFilled) {
+        panel.state.addColor(panel.capture(0x3B82F6).id, brand);
+        panel.letFeedbackEnd();
+    } else {
+        panel.state.deleteCollection(brand);
+    }
+    const auto check = [&](const QWidget& root) {
+        const QImage picture = panel.picture();
+        for (const auto* text : root.findChildren<Label*>()) {
+            // Disabled controls need no contrast.
+            if (!text->isVisible() || !text->isEnabled()) {
+                continue;
+            }
+            const QColor ground = picture.pixelColor(tintwick::test::placeIn(*panel.view, *text).topLeft());
+            const double contrast = tintwick::test::contrast(text->color().in(scheme), ground);
+            QVERIFY2(contrast >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(text->text()).arg(contrast)));
+        }
+    };
+    check(*panel.view);
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    check(*panel.view);
+    panel.view->setSelectedCollectionId(brand);
+    check(*panel.view);
+    panel.view->setSelectedCollectionId({});
+    panel.dashboard().openNewPaletteOverlay();
+    check(*panel.view->findChild<Overlay*>());
 }
 
 int main(int argc, char** argv)

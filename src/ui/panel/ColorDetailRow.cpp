@@ -169,7 +169,7 @@ ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
 MenuButton* ColorDetailRow::copyMenu()
 {
     auto* symbol = new HoverSymbol(u"copy"_s, 13, SymbolWeight::Regular, 30, {theme::textThird},
-                                   {theme::accent, theme::accent.opacity(0.1)});
+                                   {theme::accentText, theme::accent.opacity(0.1)});
     m_symbols.append(symbol);
     auto* button = new MenuButton(
         tr("Copy as…"), [this] { return copyAsMenu(m_appState, m_color).children; }, symbol, buttonRadius);

@@ -85,8 +85,8 @@ QWidget* DashboardView::recentHeader()
     m_seeAll = plainButton(
         QStringLiteral("%1, %2").arg(title, seeAll), [this] { Q_EMIT historySelected(); },
         row(gap(4), label(title, theme::font(15, QFont::DemiBold), theme::textSecond), spacer(),
-            label(seeAll, theme::font(12), theme::accent),
-            symbol(u"chevron-right"_s, 10, SymbolWeight::Semibold, theme::accent)));
+            label(seeAll, theme::font(12), theme::accentText),
+            symbol(u"chevron-right"_s, 10, SymbolWeight::Semibold, theme::accentText)));
     return m_seeAll;
 }
 
@@ -117,8 +117,8 @@ QWidget* DashboardView::createFirstPaletteButton()
     return plainButton(
         title, [this] { openNewPaletteOverlay(); },
         row(fixedHeight(50), gap(6), ground(theme::accent.opacity(0.08), 12), spacer(),
-            symbol(u"add-circle"_s, 14, SymbolWeight::Regular, theme::accent),
-            label(title, theme::font(13, QFont::Medium), theme::accent), spacer()),
+            symbol(u"add-circle"_s, 14, SymbolWeight::Regular, theme::accentText),
+            label(title, theme::font(13, QFont::Medium), theme::accentText), spacer()),
         12);
 }
 

@@ -21,7 +21,7 @@ constexpr double cornerRadius = 8;
 } // namespace
 
 ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::function<QString()> paletteName)
-    : m_symbol(symbol(u"share"_s, textSize, SymbolWeight::Semibold, theme::accent))
+    : m_symbol(symbol(u"share"_s, textSize, SymbolWeight::Semibold, theme::accentText))
     , m_title(label(tr("Export"), theme::font(textSize, QFont::DemiBold)))
     , m_label(row(gap(4), padding(10, 6), m_symbol, m_title))
 {
@@ -40,7 +40,7 @@ ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::functi
 
 void ExportMenu::setHasColors(bool hasColors)
 {
-    const theme::Color ink = hasColors ? theme::accent : theme::textThird;
+    const theme::Color ink = hasColors ? theme::accentText : theme::textThird;
     m_symbol->setColor(ink);
     m_title->setColor(ink);
     m_label->add(ground(hasColors ? theme::accent.opacity(0.1) : theme::surfaceHigh, cornerRadius));

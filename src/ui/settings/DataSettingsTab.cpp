@@ -26,7 +26,7 @@ QWidget* exportButton(const QString& name, const QString& title, const QString& 
     return plainButton(name, std::move(action),
                        column(gap(5), fillWidth(), fixedHeight(58), centered(),
                               ground(theme::surfaceHigh, exportRadius), outline(theme::border, 1),
-                              symbol(symbolName, 16, SymbolWeight::Medium, theme::link),
+                              symbol(symbolName, 16, SymbolWeight::Medium, theme::accentText),
                               label(title, theme::font(12, QFont::Medium))),
                        exportRadius);
 }
@@ -75,7 +75,7 @@ QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
         const QString title = tr("Read Me");
         credit->add(plainButton(
             title, [page = *projectPage] { QDesktopServices::openUrl(page); },
-            row(padding(4), label(title, theme::font(13, QFont::Medium), theme::link))));
+            row(padding(4), label(title, theme::font(13, QFont::Medium), theme::accentText))));
     }
     return settingsSection(
         tr("About"), settingsRows({settingsRow(tr("Version"), label(QCoreApplication::applicationVersion(),

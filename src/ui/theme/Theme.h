@@ -67,7 +67,7 @@ struct Gradient
 };
 
 // The window, cards on it, buttons, borders, and three levels of text. The contrast of text is at least 4.5 to 1 on each of the
-// three grounds, of the third level 3 to 1.
+// three grounds.
 //                                       light     dark
 inline constexpr Color bg /*         */ {0xF5F5F7, 0x1F1F23};
 inline constexpr Color surface /*    */ {0xFFFFFF, 0x2A2A2F};
@@ -78,20 +78,20 @@ inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
 inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
-inline constexpr Color textSecond /* */ {0x5B5B64, 0xB6B6C0};
-inline constexpr Color textThird /*  */ {0x82828C, 0x8C8C97};
+inline constexpr Color textSecond /* */ {0x50505A, 0xC2C2CC};
+inline constexpr Color textThird /*  */ {0x686872, 0xA0A0AB};
 
-/// Of links.
-inline constexpr Color link /*       */ {0x4B50DC, 0x9A9EFF};
-
+/// A ground of white text, lines and tints.
 inline constexpr Color accent{0.38, 0.40, 0.88};
+/// The accent as text or symbol. The accent itself has too little contrast, above all in the dark scheme.
+inline constexpr Color accentText /* */ {0x4B50DC, 0x9A9EFF};
 inline constexpr Color white{1, 1, 1};
 inline constexpr Color black{0, 0, 0};
 inline constexpr Color clear{0, 0, 0, 0};
 /// Of success.
 inline constexpr Color green{0x218739, 0x3ECF63};
 /// Of actions that cannot be undone.
-inline constexpr Color red{0xC9252D, 0xFF6B6B};
+inline constexpr Color red{0xC9252D, 0xFF8080};
 /// The same as a ground of white text.
 inline constexpr Color destructiveGround{0xC9252D, 0xD03B40};
 

@@ -1,35 +1,15 @@
 #include "Theme.h"
 #include "Appearance.h"
+#include "ui/Contrast.h"
 
 #include <QFontInfo>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWidget>
 
-#include <algorithm>
-#include <cmath>
-
 using namespace tintwick;
-
-namespace {
-
-/// Web Content Accessibility Guidelines 2.1, "relative luminance" and "contrast ratio".
-double luminance(const QColor& color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    const double a = luminance(one);
-    const double b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-} // namespace
+using test::contrast;
+using test::painted;
 
 class ThemeTest : public QObject
 {
@@ -50,49 +30,66 @@ private Q_SLOTS:
 
 void ThemeTest::textsHaveEnoughContrast_data()
 {
-    QTest::addColumn<QColor>("text");
-    QTest::addColumn<QColor>("background");
+    QTest::addColumn<QColor>("ink");
+    QTest::addColumn<QColor>("ground");
     QTest::addColumn<double>("least");
     struct Named
     {
         const char* name = "";
         theme::Color color;
     };
-    const Named backgrounds[] = {
-        {"bg", theme::bg}, {"surface", theme::surface}, {"surfaceHigh", theme::surfaceHigh}};
+    const Named inks[] = {{"textPrimary", theme::textPrimary},
+                          {"textSecond", theme::textSecond},
+                          {"textThird", theme::textThird},
+                          {"accentText", theme::accentText},
+                          {"red", theme::red}};
+    const Named grounds[] = {{"bg", theme::bg},
+                             {"surface", theme::surface},
+                             {"surfaceHigh", theme::surfaceHigh},
+                             {"field", theme::field}};
+    const theme::Color hoverTint = theme::textPrimary.opacity(0.05);
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
         const char* in = scheme == Scheme::Light ? "light" : "dark";
-        const auto row = [&](const Named& text, const Named& background, double least) {
-            QTest::addRow("%s on %s, %s", text.name, background.name, in)
-                << text.color.in(scheme) << background.color.in(scheme) << least;
+        const auto row = [&](const Named& ink, const Named& ground, double least) {
+            QTest::addRow("%s on %s, %s", ink.name, ground.name, in)
+                << ink.color.in(scheme) << ground.color.in(scheme) << least;
         };
-        for (const Named& background : backgrounds) {
-            row({"textPrimary", theme::textPrimary}, background, 4.5);
-            row({"textSecond", theme::textSecond}, background, 4.5);
-            row({"textThird", theme::textThird}, background, 3);
+        const auto tinted = [&](const Named& ink, const Named& ground, const Named& tint) {
+            QTest::addRow("%s on %s, %s, %s", ink.name, ground.name, tint.name, in)
+                << ink.color.in(scheme) << painted(tint.color.in(scheme), ground.color.in(scheme)) << 4.5;
+        };
+        for (const Named& ink : inks) {
+            for (const Named& ground : grounds) {
+                row(ink, ground, 4.5);
+            }
+            tinted(ink, {"bg", theme::bg}, {"hovered", hoverTint});
+            tinted(ink, {"surface", theme::surface}, {"hovered", hoverTint});
         }
-        row({"textPrimary", theme::textPrimary}, {"field", theme::field}, 4.5);
-        row({"textThird", theme::textThird}, {"field", theme::field}, 3);
         row({"textPrimary", theme::textPrimary}, {"thumb", theme::thumb}, 4.5);
+        tinted({"textPrimary", theme::textPrimary}, {"surfaceHigh", theme::surfaceHigh},
+               {"hovered", hoverTint});
+        tinted({"accentText", theme::accentText}, {"bg", theme::bg}, {"tinted", theme::accent.opacity(0.1)});
         row({"white", theme::white}, {"accent", theme::accent}, 4.5);
         row({"white", theme::white}, {"destructiveGround", theme::destructiveGround}, 4.5);
-        row({"link", theme::link}, {"surface", theme::surface}, 4.5);
-        row({"red", theme::red}, {"surface", theme::surface}, 4.5);
-        // Symbols, and the accent, which is the same in both schemes.
+        // Symbols and lines.
         row({"green", theme::green}, {"surface", theme::surface}, 3);
         row({"accent", theme::accent}, {"bg", theme::bg}, 3);
         row({"accent", theme::accent}, {"surface", theme::surface}, 3);
         row({"focusRing", theme::focusRing}, {"bg", theme::bg}, 3);
         row({"focusRing", theme::focusRing}, {"surface", theme::surface}, 3);
+        row({"focusRing", theme::focusRing}, {"surfaceHigh", theme::surfaceHigh}, 3);
+        const QColor ground = theme::surfaceHigh.in(scheme);
+        QTest::addRow("trash on surfaceHigh, %s", in)
+            << painted(theme::red.opacity(0.7).in(scheme), ground) << ground << 3.0;
     }
 }
 
 void ThemeTest::textsHaveEnoughContrast()
 {
-    QFETCH(const QColor, text);
-    QFETCH(const QColor, background);
+    QFETCH(const QColor, ink);
+    QFETCH(const QColor, ground);
     QFETCH(const double, least);
-    QVERIFY2(contrast(text, background) >= least, qPrintable(QString::number(contrast(text, background))));
+    QVERIFY2(contrast(ink, ground) >= least, qPrintable(QString::number(contrast(ink, ground))));
 }
 
 void ThemeTest::systemColorsDifferBetweenTheSchemes_data()

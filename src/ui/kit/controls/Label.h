@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] QString text() const { return m_text; }
     void setText(const QString& text);
+    [[nodiscard]] const theme::Color& color() const { return m_color; }
     void setColor(const theme::Color& color);
 
     [[nodiscard]] QSize sizeHint() const override;
