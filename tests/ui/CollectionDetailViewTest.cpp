@@ -214,6 +214,7 @@ class CollectionDetailViewTest final : public QObject
 private Q_SLOTS:
     void toolbarShowsNameAndCount_data();
     void toolbarShowsNameAndCount();
+    void tileHasTheGradientOfTheCard();
     void layoutIsExact();
     void rowShowsCodeAndName();
     void longNamesAreElidedWithToolTip();
@@ -275,19 +276,37 @@ void CollectionDetailViewTest::toolbarShowsNameAndCount()
     QCOMPARE(screen.texts().mid(0, 2), (QStringList{QStringLiteral("Brand"), count}));
 }
 
+void CollectionDetailViewTest::tileHasTheGradientOfTheCard()
+{
+    PanelFixture panel;
+    const QUuid first = panel.state.createCollection(QStringLiteral("First")).id;
+    panel.view->setSelectedCollectionId(panel.state.createCollection(QStringLiteral("Second")).id);
+    const auto tile = [&] {
+        const QImage screen = panel.picture().copy(placeIn(*panel.view, panel.view->currentScreen()));
+        // 3 points into the tile of 32, at half its height: 19 / 64 along the gradient.
+        const QWidget& toolbar =
+            *panel.view->currentScreen().findChild<Label*>()->parentWidget()->parentWidget();
+        return screen.pixel(16 + 3, toolbar.height() / 2);
+    };
+    // Blue: the second card.
+    QVERIFY(isNear(tile(), qRgb(74, 131, 239), 3));
+    // Orange: it became the first card.
+    panel.state.deleteCollection(first);
+    QVERIFY(isNear(tile(), qRgb(252, 138, 46), 3));
+}
+
 void CollectionDetailViewTest::layoutIsExact()
 {
     PaletteFixture screen({0x1ABF80, 0x3B82F6});
     const QImage picture = screen.picture();
-    const QRgb accent = qRgb(97, 102, 224);
     const QRgb ground = theme::bg.in(Scheme::Light).rgb();
     // The tile is 32 x 32 and 16 from the left. Name and count beside it are taller.
     const QWidget& toolbar = *screen.view->findChild<Label*>()->parentWidget()->parentWidget();
     const int middle = toolbar.height() / 2;
     QCOMPARE(picture.pixel(15, middle), ground);
-    QCOMPARE(picture.pixel(16, middle), accent);
-    QCOMPARE(picture.pixel(47, middle), accent);
-    QVERIFY(picture.pixel(48, middle) != accent);
+    QVERIFY(picture.pixel(16, middle) != ground);
+    QVERIFY(picture.pixel(47, middle) != ground);
+    QCOMPARE(picture.pixel(48, middle), ground);
 
     // A row is 4 + 2 + 42 + 2 + 4 high; the square is 12 from the left.
     QCOMPARE(screen.row(0).geometry(), QRect(0, 0, 380, 54));

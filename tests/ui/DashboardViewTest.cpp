@@ -44,9 +44,9 @@ private Q_SLOTS:
     void cardEndsWithAChevron();
     void toolTipOfACardIsItsElidedName();
     void creatingTheFirstPaletteByKeyboardFocusesTheNext();
-    void cardsCountTheirIds_data();
-    void cardsCountTheirIds();
-    void cardCountsDeletedColorsButShowsNoSquares();
+    void cardsCountTheirColors_data();
+    void cardsCountTheirColors();
+    void cardAndItsScreenCountTheColorsThatExist();
     void cardPreviewsTheExistingAmongTheFirstFour();
     void sixthCardHasTheGradientOfTheFirst();
     void droppedTexts_data();
@@ -334,7 +334,7 @@ void DashboardViewTest::creatingTheFirstPaletteByKeyboardFocusesTheNext()
     QVERIFY(Clickable::showsFocusRing(panel.view->focusWidget()));
 }
 
-void DashboardViewTest::cardsCountTheirIds_data()
+void DashboardViewTest::cardsCountTheirColors_data()
 {
     QTest::addColumn<int>("members");
     QTest::addColumn<QString>("text");
@@ -343,27 +343,39 @@ void DashboardViewTest::cardsCountTheirIds_data()
     QTest::newRow("several") << 7 << QStringLiteral("7 Colors");
 }
 
-void DashboardViewTest::cardsCountTheirIds()
+void DashboardViewTest::cardsCountTheirColors()
 {
     QFETCH(const int, members);
     QFETCH(const QString, text);
     PanelFixture panel;
     const QUuid id = panel.state.createCollection(QStringLiteral("Brand")).id;
     for (int i = 0; i < members; ++i) {
-        panel.state.addColor(QUuid::createUuid(), id);
+        panel.state.addColor(panel.capture(0x101010U * static_cast<unsigned>(i)).id, id);
     }
     QCOMPARE(panel.dashboard().cards().first()->countText(), text);
 }
 
-void DashboardViewTest::cardCountsDeletedColorsButShowsNoSquares()
+void DashboardViewTest::cardAndItsScreenCountTheColorsThatExist()
 {
     PanelFixture panel;
     const QUuid id = panel.state.createCollection(QStringLiteral("Gone")).id;
+    panel.state.addColor(panel.capture(0x3B82F6).id, id);
     panel.state.addColor(QUuid::createUuid(), id);
-    panel.state.addColor(QUuid::createUuid(), id);
+    panel.settle();
     const CollectionRowCard& card = *panel.dashboard().cards().first();
+    QCOMPARE(card.countText(), QStringLiteral("1 Color"));
+
+    // 100 later captures drop the colour from the history. The palette keeps its id.
+    for (unsigned i = 0; i < 100; ++i) {
+        panel.capture(i);
+    }
+    QCOMPARE(panel.state.collection(id)->colorIds.size(), 2);
     QVERIFY(card.previewColors().isEmpty());
-    QCOMPARE(card.countText(), QStringLiteral("2 Colors"));
+    QCOMPARE(card.countText(), QStringLiteral("0 Colors"));
+    QCOMPARE(card.accessibleName(), QStringLiteral("Gone, 0 Colors"));
+    panel.view->setSelectedCollectionId(id);
+    panel.settle();
+    QVERIFY(visibleTexts(panel.view->currentScreen()).contains(QStringLiteral("0 colors")));
 }
 
 void DashboardViewTest::cardPreviewsTheExistingAmongTheFirstFour()
@@ -556,7 +568,7 @@ void DashboardViewTest::cardExportsItsMembersInTheHistory()
     }
     panel.settle();
     const CollectionRowCard& card = *panel.dashboard().cards().first();
-    QCOMPARE(card.exportColors(), members);
+    QCOMPARE(card.colors(), members);
 
     // One colour beyond the limit drops the oldest.
     for (int i = 0; i < 95; ++i) {
@@ -564,7 +576,7 @@ void DashboardViewTest::cardExportsItsMembersInTheHistory()
     }
     panel.settle();
     QCOMPARE(card.collection().colorIds.size(), 6);
-    QCOMPARE(card.exportColors(), members.sliced(1));
+    QCOMPARE(card.colors(), members.sliced(1));
 }
 
 void DashboardViewTest::blankNameCreatesNoPalette_data()

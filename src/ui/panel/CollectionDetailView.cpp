@@ -27,6 +27,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr double tileRadius = 8;
 constexpr int dropFrameInset = 6;
 constexpr double dropFrameRadius = theme::panelRadius - dropFrameInset;
 constexpr theme::Color dropFrameLine = theme::accent.opacity(0.6);
@@ -104,6 +105,7 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
 QWidget* CollectionDetailView::toolbar()
 {
     m_icon = symbol({}, 15, SymbolWeight::Semibold, theme::white);
+    m_tile = row(fixedSize(32, 32), centered(), m_icon);
     m_name = label({}, theme::font(14, QFont::Bold));
     m_count = label({}, theme::font(11), theme::textSecond);
     m_export = new ExportMenu([this] { return colors(); }, [this] { return m_collection.name; });
@@ -111,7 +113,7 @@ QWidget* CollectionDetailView::toolbar()
     m_export->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // clang-format off
     return row(gap(10), padding(16, 10),
-        row(fixedSize(32, 32), centered(), ground(theme::accent, 8), m_icon),
+        m_tile,
         column(Across::Leading, m_name, m_count),
         spacer(),
         m_export);
@@ -132,6 +134,7 @@ void CollectionDetailView::showCollection()
 {
     if (const ColorCollection* collection = m_appState.collection(m_collectionId)) {
         m_collection = *collection;
+        m_tile->add(ground(theme::cardAccent(m_appState.collections().indexOf(m_collection)), tileRadius));
     } else {
         m_collection.colorIds.clear();
     }

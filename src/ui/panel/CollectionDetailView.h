@@ -16,6 +16,7 @@ class AppState;
 class ColorDetailRow;
 class ExportMenu;
 class Label;
+class Stack;
 class SymbolView;
 
 /// The screen of one collection: a list of its colours that the user can reorder. Colours dropped anywhere on the screen
@@ -50,6 +51,7 @@ private:
     /// The last known value after the collection is deleted.
     ColorCollection m_collection;
 
+    Stack* m_tile = nullptr;
     SymbolView* m_icon = nullptr;
     Label* m_name = nullptr;
     Label* m_count = nullptr;

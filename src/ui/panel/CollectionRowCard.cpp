@@ -69,11 +69,8 @@ CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(cons
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     onClick([this] { m_onTap(m_collection.id); });
-    // The preview shows colours of the history.
-    connect(&m_appState, &AppState::historyChanged, this, [this] {
-        updateHelp();
-        update();
-    });
+    // The preview shows and the count counts colours of the history.
+    connect(&m_appState, &AppState::historyChanged, this, &CollectionRowCard::showCollection);
 }
 
 void CollectionRowCard::setCollection(const ColorCollection& collection)
@@ -82,6 +79,11 @@ void CollectionRowCard::setCollection(const ColorCollection& collection)
         return;
     }
     m_collection = collection;
+    showCollection();
+}
+
+void CollectionRowCard::showCollection()
+{
     setAccessibleName(tr("%1, %2").arg(m_collection.name, countText()));
     updateHelp();
     update();
@@ -95,7 +97,7 @@ void CollectionRowCard::setAccent(const theme::Gradient& accent)
 
 QString CollectionRowCard::countText() const
 {
-    const qsizetype count = m_collection.colorIds.size();
+    const qsizetype count = colors().size();
     return count == 1 ? tr("1 Color") : tr("%1 Colors").arg(count);
 }
 
@@ -106,7 +108,7 @@ QList<CapturedColor> CollectionRowCard::previewColors() const
     return head.colors(m_appState.history());
 }
 
-QList<CapturedColor> CollectionRowCard::exportColors() const
+QList<CapturedColor> CollectionRowCard::colors() const
 {
     return m_collection.colors(m_appState.history());
 }
@@ -147,7 +149,7 @@ void CollectionRowCard::setDropTarget(bool isDropTarget)
 QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
     // The menu may outlive the card.
-    const QList<CapturedColor> colors = exportColors();
+    const QList<CapturedColor> colors = this->colors();
     return {menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
             menuSeparator(),
             menuAction(tr("Export CSS Variables"), u"document"_s,

@@ -35,12 +35,12 @@ public:
     void setAccent(const theme::Gradient& accent);
 
     [[nodiscard]] const ColorCollection& collection() const { return m_collection; }
-    /// "1 Color", "7 Colors"
+    /// "1 Color", "7 Colors": the number that the screen of the collection shows.
     [[nodiscard]] QString countText() const;
     /// Those of the first four members that the history still contains.
     [[nodiscard]] QList<CapturedColor> previewColors() const;
     /// The members that the history still contains, in the order of the collection.
-    [[nodiscard]] QList<CapturedColor> exportColors() const;
+    [[nodiscard]] QList<CapturedColor> colors() const;
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -69,6 +69,8 @@ private:
     };
     [[nodiscard]] Parts partsWith(qsizetype squares) const;
 
+    /// Updates texts and picture after the collection or the history has changed.
+    void showCollection();
     void setDropTarget(bool isDropTarget);
     /// The tool tip is the whole name while the name is cut.
     void updateHelp();

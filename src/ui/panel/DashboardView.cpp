@@ -47,8 +47,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
               card.setCollection(collection);
-              card.setAccent(
-                  theme::cardAccents[static_cast<std::size_t>(position) % theme::cardAccents.size()]);
+              card.setAccent(theme::cardAccent(position));
           })
 {
     // clang-format off

@@ -102,6 +102,11 @@ inline constexpr std::array cardAccents{
     Gradient{{0.96, 0.42, 0.62}, {0.88, 0.28, 0.52}}, // pink
     Gradient{{0.18, 0.74, 0.56}, {0.10, 0.60, 0.44}}, // green
 };
+/// Of the collection at a position of the list. They repeat.
+[[nodiscard]] constexpr const Gradient& cardAccent(qsizetype position)
+{
+    return cardAccents[static_cast<std::size_t>(position) % cardAccents.size()];
+}
 
 /// Around the control that has the keyboard focus.
 inline constexpr Color focusRing{0x4B50DC, 0x8F93FF};
