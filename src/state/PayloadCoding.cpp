@@ -1,5 +1,7 @@
 #include "PayloadCoding.h"
 
+#include "UtcDateTime.h"
+
 #include <QStringDecoder>
 
 #include <nlohmann/json.hpp>
@@ -176,7 +178,7 @@ std::optional<QDateTime> decodedDate(const json* value)
     if (!date.isValid() || !time.isValid()) {
         return std::nullopt;
     }
-    return QDateTime(date, time, Qt::UTC);
+    return utcDateTime(date, time);
 }
 
 /// The decoded elements of a JSON array; none when `decode` does not accept one of them.

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QTest>
+#include <QTimeZone>
 
 #include <X11/keysym.h>
 
@@ -123,7 +124,7 @@ void OutcomeTest::aPickIsCopiedNamedAndSaved()
     const QDateTime captured = QDateTime::fromString(record.value(QLatin1StringView("capturedAt")).toString(),
                                                      QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'"));
     QVERIFY(captured.isValid());
-    const QDateTime capturedUtc(captured.date(), captured.time(), Qt::UTC);
+    const QDateTime capturedUtc(captured.date(), captured.time(), QTimeZone::utc());
     QVERIFY(capturedUtc >= before && capturedUtc <= QDateTime::currentDateTimeUtc());
 }
 

@@ -1,4 +1,5 @@
 #include "CapturedColor.h"
+#include "UtcDateTime.h"
 
 #include "support/ForkedChild.h"
 
@@ -90,7 +91,7 @@ void CapturedColorTest::recordsAreEqualWhenAllFieldsAre()
                               0.2,
                               0.3,
                               0.4,
-                              QDateTime(QDate(2025, 3, 14), QTime(9, 26, 53), Qt::UTC),
+                              utcDateTime(QDate(2025, 3, 14), QTime(9, 26, 53)),
                               QStringLiteral("Ocean")};
     const CapturedColor copy = color;
     QCOMPARE(copy, color);

@@ -1,6 +1,7 @@
 #include "DataFile.h"
 
 #include "PayloadCoding.h"
+#include "UtcDateTime.h"
 
 #include "support/ForkedChild.h"
 #include "support/QuickTemporaryDir.h"
@@ -34,7 +35,7 @@ constexpr uid_t unprivilegedUser = 65534;
 /// A payload that differs for each number. Large and small payloads alternate.
 Payload stateNumber(int number)
 {
-    const QDateTime date(QDate(2025, 3, 14), QTime(9, 26, 53), Qt::UTC);
+    const QDateTime date = utcDateTime(QDate(2025, 3, 14), QTime(9, 26, 53));
     Payload payload;
     const int colorCount = number % 3 == 0 ? 100 : number % 7;
     for (int i = 0; i < colorCount; ++i) {

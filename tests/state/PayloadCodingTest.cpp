@@ -1,4 +1,5 @@
 #include "PayloadCoding.h"
+#include "UtcDateTime.h"
 
 #include <QFile>
 #include <QTest>
@@ -53,20 +54,20 @@ Payload wholePayload()
         1,
         0,
         0.5,
-        QDateTime(QDate(2025, 3, 14), QTime(9, 26, 53), Qt::UTC),
+        utcDateTime(QDate(2025, 3, 14), QTime(9, 26, 53)),
         QStringLiteral("Océan \"1\"")};
     const CapturedColor unnamed{QUuid(0xffffffff, 0, 0x4000, 0x80, 0, 0, 0, 0, 0, 0, 1),
                                 0.3333333333333333,
                                 5e-324,
                                 0.9999999999999999,
                                 1,
-                                QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59), Qt::UTC),
+                                utcDateTime(QDate(1999, 12, 31), QTime(23, 59, 59)),
                                 std::nullopt};
     const ColorCollection brand{
         QUuid(0x11111111, 0x2222, 0x4333, 0x84, 0x44, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55),
         QStringLiteral("Brand"),
         {ocean.id},
-        QDateTime(QDate(2025, 1, 2), QTime(3, 4, 5), Qt::UTC),
+        utcDateTime(QDate(2025, 1, 2), QTime(3, 4, 5)),
         QStringLiteral("paintpalette.fill")};
     return {{ocean, unnamed}, {brand}, ColorFormat::CssVar};
 }
@@ -425,16 +426,16 @@ void PayloadCodingTest::datesAreTruncatedToSecondsInUtc_data()
     QTest::addColumn<QDateTime>("date");
     QTest::addColumn<QByteArray>("text");
     const QDate day(2025, 3, 14);
-    QTest::newRow("whole") << QDateTime(day, QTime(9, 26, 53), Qt::UTC) << QByteArray("2025-03-14T09:26:53Z");
-    QTest::newRow("fraction") << QDateTime(day, QTime(9, 26, 53, 999), Qt::UTC)
+    QTest::newRow("whole") << utcDateTime(day, QTime(9, 26, 53)) << QByteArray("2025-03-14T09:26:53Z");
+    QTest::newRow("fraction") << utcDateTime(day, QTime(9, 26, 53, 999))
                               << QByteArray("2025-03-14T09:26:53Z");
-    QTest::newRow("fraction before 1970") << QDateTime(QDate(1969, 12, 31), QTime(23, 59, 59, 500), Qt::UTC)
-                                          << QByteArray("1969-12-31T23:59:59Z");
-    QTest::newRow("east of Greenwich") << QDateTime(day, QTime(1, 26, 53), Qt::OffsetFromUTC, 2 * 3600)
-                                       << QByteArray("2025-03-13T23:26:53Z");
-    QTest::newRow("first year") << QDateTime(QDate(1, 1, 1), QTime(0, 0), Qt::UTC)
+    QTest::newRow("fraction before 1970")
+        << utcDateTime(QDate(1969, 12, 31), QTime(23, 59, 59, 500)) << QByteArray("1969-12-31T23:59:59Z");
+    QTest::newRow("east of Greenwich")
+        << QDateTime(day, QTime(1, 26, 53), QTimeZone(2 * 3600)) << QByteArray("2025-03-13T23:26:53Z");
+    QTest::newRow("first year") << utcDateTime(QDate(1, 1, 1), QTime(0, 0))
                                 << QByteArray("0001-01-01T00:00:00Z");
-    QTest::newRow("last second") << QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC)
+    QTest::newRow("last second") << utcDateTime(QDate(9999, 12, 31), QTime(23, 59, 59))
                                  << QByteArray("9999-12-31T23:59:59Z");
 }
 
@@ -549,7 +550,7 @@ void PayloadCodingTest::valuesWithoutJsonFormAreNotEncoded()
     withoutDate.history.first().capturedAt = QDateTime();
     QVERIFY(!encodePayload(withoutDate).has_value());
     Payload tooLate = wholePayload();
-    tooLate.collections.first().createdAt = QDateTime(QDate(10000, 1, 1), QTime(0, 0), Qt::UTC);
+    tooLate.collections.first().createdAt = utcDateTime(QDate(10000, 1, 1), QTime(0, 0));
     QVERIFY(!encodePayload(tooLate).has_value());
     Payload tooLarge = wholePayload();
     tooLarge.collections.first().name = QString(largestPayload, u'x');
