@@ -45,8 +45,9 @@ public:
     using QObject::QObject;
 
     /// Binds the shortcut, or changes the keys of a bound one. `description` describes the shortcut to the user. Emits
-    /// refused() when the shortcut is not bound and changed() when the desktop chose the keys, during the call or
-    /// later.
+    /// bound() or refused(), and changed() when the desktop chose the keys, during the call or later. A shortcut whose
+    /// new keys are refused keeps its old keys until it gets the new ones: the backend tries them again when they may
+    /// have become free, and then emits bound().
     virtual void bind(const QString& id, const QString& description,
                       const std::optional<Shortcut>& preferred) = 0;
     /// Does nothing when the id is not bound.
@@ -56,6 +57,8 @@ public:
     /// Whether the desktop or another program holds the combination now. False for a combination of this program, and
     /// where the desktop cannot report it.
     [[nodiscard]] virtual bool isTaken(const Shortcut& shortcut) const = 0;
+    /// Tries the refused keys again now, because the user looks at them.
+    virtual void retry() {}
     /// Opens the desktop's dialog. Does nothing when keyChoice() is not DesktopDialog.
     virtual void configure() {}
 
@@ -67,7 +70,9 @@ Q_SIGNALS:
     /// The desktop chose the keys; `text` describes them, empty when there are none. Not emitted when the program
     /// chooses.
     void changed(const QString& id, const QString& text);
-    /// The shortcut is not bound, or is no longer bound.
+    /// The shortcut has the keys of the last bind().
+    void bound(const QString& id);
+    /// The shortcut does not have the keys of the last bind(), or lost them.
     void refused(const QString& id, const tintwick::ShortcutRefusal& refusal);
 };
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace tintwick {
 
@@ -41,7 +42,8 @@ ShortcutRegistry::ShortcutRegistry(GlobalShortcuts& desktop, const KeyboardLayou
     connect(&m_layout, &KeyboardLayout::changed, this, &ShortcutRegistry::keyboardLayoutChanged);
     connect(&m_preferences, &Preferences::shortcutChanged, this, &ShortcutRegistry::followPreferences);
     connect(&m_desktop, &GlobalShortcuts::changed, this, &ShortcutRegistry::followDesktop);
-    connect(&m_desktop, &GlobalShortcuts::refused, this, &ShortcutRegistry::printRefusal);
+    connect(&m_desktop, &GlobalShortcuts::bound, this, &ShortcutRegistry::followBound);
+    connect(&m_desktop, &GlobalShortcuts::refused, this, &ShortcutRegistry::followRefusal);
     connect(&m_desktop, &GlobalShortcuts::activated, this, [this](const QString& id) {
         if (const auto action = actionOf(id); action && !m_isPaused) {
             Q_EMIT activated(*action);
@@ -69,6 +71,11 @@ void ShortcutRegistry::start()
 std::optional<Shortcut> ShortcutRegistry::shortcut(ShortcutAction action) const
 {
     return bindingOf(action).shortcut;
+}
+
+std::optional<ShortcutRefusal::Reason> ShortcutRegistry::refusal(ShortcutAction action) const
+{
+    return bindingOf(action).refusal;
 }
 
 QString ShortcutRegistry::text(ShortcutAction action) const
@@ -119,8 +126,8 @@ std::optional<Shortcut> ShortcutRegistry::storedShortcut(ShortcutAction action) 
 
 void ShortcutRegistry::bind(ShortcutAction action)
 {
-    Binding& binding = bindingOf(action);
-    binding.isRefused = false;
+    const Binding& binding = bindingOf(action);
+    setRefusal(action, std::nullopt);
     if (!binding.shortcut && keyChoice() == GlobalShortcuts::KeyChoice::Program) {
         m_desktop.unbind(idOf(action));
         return;
@@ -149,22 +156,40 @@ void ShortcutRegistry::followDesktop(const QString& id, const QString& text)
     Q_EMIT shortcutChanged(*action);
 }
 
-// One combination that two actions share is reported once.
-void ShortcutRegistry::printRefusal(const QString& id, const ShortcutRefusal& refusal)
+void ShortcutRegistry::followBound(const QString& id)
+{
+    if (const auto action = actionOf(id)) {
+        setRefusal(*action, std::nullopt);
+    }
+}
+
+void ShortcutRegistry::followRefusal(const QString& id, const ShortcutRefusal& refusal)
 {
     const auto action = actionOf(id);
     if (!action || !shortcut(*action)) {
         return;
     }
     const Shortcut refused = *shortcut(*action);
+    // One combination that two actions share is reported once.
     const bool isReported = std::ranges::any_of(
-        m_bindings, [&](const Binding& binding) { return binding.isRefused && binding.shortcut == refused; });
-    bindingOf(*action).isRefused = true;
-    if (isReported) {
-        return;
+        m_bindings, [&](const Binding& binding) { return binding.refusal && binding.shortcut == refused; });
+    if (!isReported) {
+        printRefusal(refused, refusal.code);
     }
+    setRefusal(*action, refusal.reason);
+}
+
+void ShortcutRegistry::setRefusal(ShortcutAction action, std::optional<ShortcutRefusal::Reason> refusal)
+{
+    if (std::exchange(bindingOf(action).refusal, refusal) != refusal) {
+        Q_EMIT refusalChanged(action);
+    }
+}
+
+void ShortcutRegistry::printRefusal(const Shortcut& refused, const QString& code)
+{
     std::printf("Error registering hotkey %s: %s\n", qUtf8Printable(describe(refused, m_layout)),
-                qUtf8Printable(refusal.code));
+                qUtf8Printable(code));
     std::fflush(stdout);
 }
 

@@ -35,6 +35,11 @@ public:
     [[nodiscard]] std::optional<Shortcut> shortcut(ShortcutAction action) const;
     /// What the user sees; empty when the action has no combination.
     [[nodiscard]] QString text(ShortcutAction action) const;
+    /// Why the combination does not work; none when it works or when there is none. The action keeps the combination
+    /// before until it gets this one.
+    [[nodiscard]] std::optional<ShortcutRefusal::Reason> refusal(ShortcutAction action) const;
+    /// Tries refused combinations again now, because the user looks at them.
+    void retryRefused() { m_desktop.retry(); }
     /// Stores the combination and binds it, also when it is the same as before. None removes it.
     void setShortcut(ShortcutAction action, const std::optional<Shortcut>& shortcut);
 
@@ -55,6 +60,7 @@ Q_SIGNALS:
     void deactivated(tintwick::ShortcutAction action);
     /// The combination was stored, removed or changed by the desktop.
     void shortcutChanged(tintwick::ShortcutAction action);
+    void refusalChanged(tintwick::ShortcutAction action);
     /// text() may be different now.
     void keyboardLayoutChanged();
 
@@ -64,7 +70,7 @@ private:
         std::optional<Shortcut> shortcut;
         /// Only when the desktop chooses the keys.
         QString textOfDesktop;
-        bool isRefused = false;
+        std::optional<ShortcutRefusal::Reason> refusal;
     };
 
     [[nodiscard]] Binding& bindingOf(ShortcutAction action);
@@ -73,7 +79,10 @@ private:
     void bind(ShortcutAction action);
     void followPreferences(const QString& id);
     void followDesktop(const QString& id, const QString& text);
-    void printRefusal(const QString& id, const ShortcutRefusal& refusal);
+    void followBound(const QString& id);
+    void followRefusal(const QString& id, const ShortcutRefusal& refusal);
+    void setRefusal(ShortcutAction action, std::optional<ShortcutRefusal::Reason> refusal);
+    void printRefusal(const Shortcut& refused, const QString& code);
 
     GlobalShortcuts& m_desktop;
     const KeyboardLayout& m_layout;

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void aShortcutOfAnotherProgramIsReportedInOneLine();
     void aShortcutTakenWhileTheMenuIsOpenIsReportedInTheCurrentLayout();
     void aSecondCopyReportsTheTakenShortcutAndRuns();
+    void theShortcutWorksOnceItsHolderIsGone_data();
+    void theShortcutWorksOnceItsHolderIsGone();
     void theShortcutKeepsItsKeyInEveryLayout_data();
     void theShortcutKeepsItsKeyInEveryLayout();
     void theShortcutFollowsAltToAnotherModifier();
@@ -585,6 +587,39 @@ void GlobalShortcutTest::aSecondCopyReportsTheTakenShortcutAndRuns()
     QVERIFY(second.startPicking());
     QVERIFY(scene.cancel(second));
     QCOMPARE(second.process().standardOutput(), altShiftCRefused);
+}
+
+void GlobalShortcutTest::theShortcutWorksOnceItsHolderIsGone_data()
+{
+    QTest::addColumn<bool>("holderHasAWindow");
+    QTest::newRow("a program with a window, at once") << true;
+    QTest::newRow("a program without a window, when a menu closes") << false;
+}
+
+void GlobalShortcutTest::theShortcutWorksOnceItsHolderIsGone()
+{
+    QFETCH(const bool, holderHasAWindow);
+    Scene scene(true);
+    auto holder = std::make_unique<DesktopConnection>(scene.desktop.display());
+    auto window = std::make_unique<TestWindow>(*holder, TestWindow::Options{});
+    if (!holderHasAWindow) {
+        window.reset();
+    }
+    QVERIFY(altShiftC.take(*holder));
+    TintwickProcess program(scene.desktop);
+    QVERIFY(waitUntil([&] { return program.process().standardOutput() == altShiftCRefused; }));
+    if (holderHasAWindow) {
+        window.reset();
+        holder.reset();
+    } else {
+        QVERIFY(program.openMenu());
+        holder.reset();
+        scene.desktop.typeKey(XK_Escape);
+    }
+    QVERIFY(scene.waitUntilHeld(altShiftC));
+    scene.pressAndRelease(altShiftCKeys);
+    QVERIFY(scene.waitForLoupe(program));
+    QCOMPARE(program.process().standardOutput(), altShiftCRefused);
 }
 
 void GlobalShortcutTest::theShortcutKeepsItsKeyInEveryLayout_data()

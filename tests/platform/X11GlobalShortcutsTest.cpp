@@ -3,11 +3,14 @@
 #include "support/PrivateDesktopMain.h"
 
 #include <QProcess>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <xcb/xinput.h>
 
 #include <algorithm>
+#include <chrono>
+#include <initializer_list>
 
 namespace tintwick::test {
 
@@ -23,13 +26,18 @@ constexpr std::uint16_t lock = 0x02, mod1 = 0x08, mod2 = 0x10, mod3 = 0x20, shif
 struct Program
 {
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
-    X11GlobalShortcuts shortcuts{*connection};
+    X11GlobalShortcuts shortcuts;
     /// "<id> down" and "<id> up" in the order reported.
     QStringList reports;
+    /// The ids that got their keys.
+    QStringList bound;
     std::optional<ShortcutRefusal> refusal;
 
-    Program()
+    explicit Program(std::chrono::milliseconds retryInterval = std::chrono::hours(1))
+        : shortcuts(*connection, retryInterval)
     {
+        QObject::connect(&shortcuts, &GlobalShortcuts::bound, &shortcuts,
+                         [this](const QString& id) { bound << id; });
         QObject::connect(&shortcuts, &GlobalShortcuts::activated, &shortcuts,
                          [this](const QString& id) { reports << id + QStringLiteral(" down"); });
         QObject::connect(&shortcuts, &GlobalShortcuts::deactivated, &shortcuts,
@@ -481,7 +489,32 @@ private Q_SLOTS:
         QTRY_VERIFY(grabByOther(keyboard.connection(), mod1 | shift));
     }
 
-    void aRefusedIdIsNotBoundAnyMore()
+    void aRefusedIdKeepsItsOldKeysUntilItGetsTheNewOnes()
+    {
+        Program program;
+        KeyboardInput keyboard;
+        const auto oldKeys = {KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V};
+        const auto newKeys = {KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C};
+        const QStringList once{QStringLiteral("1 down"), QStringLiteral("1 up")};
+        {
+            DesktopConnection other(qgetenv("DISPLAY"));
+            QVERIFY(grabByOther(other, mod1 | shift));
+            QCOMPARE(program.take(9, altShift, 1), 0);
+            QCOMPARE(program.take(keyC, altShift, 1), -9878);
+            keyboard.chord(oldKeys);
+            keyboard.chord(newKeys);
+            QCOMPARE(program.reportsUntilNow(keyboard), once);
+        }
+        QTRY_VERIFY(!program.shortcuts.isTaken({keyC, altShift}));
+        program.bound.clear();
+        program.shortcuts.retry();
+        QCOMPARE(program.bound, QStringList{QStringLiteral("1")});
+        keyboard.chord(oldKeys);
+        keyboard.chord(newKeys);
+        QCOMPARE(program.reportsUntilNow(keyboard), once);
+    }
+
+    void anIdThatIsUnboundLosesItsOldKeysToo()
     {
         Program program;
         KeyboardInput keyboard;
@@ -489,8 +522,63 @@ private Q_SLOTS:
         QVERIFY(grabByOther(other, mod1 | shift));
         QCOMPARE(program.take(9, altShift, 1), 0);
         QCOMPARE(program.take(keyC, altShift, 1), -9878);
+        program.shortcuts.unbind(QStringLiteral("1"));
         keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
         QCOMPARE(program.reportsUntilNow(keyboard), QStringList());
+    }
+
+    void freeKeysAreTakenWithoutARequest_data()
+    {
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<bool>("holderHasAWindow");
+        QTest::newRow("when the window of their holder is destroyed") << 3'600'000 << true;
+        QTest::newRow("after the interval") << 100 << false;
+    }
+    void freeKeysAreTakenWithoutARequest()
+    {
+        QFETCH(const int, interval);
+        QFETCH(const bool, holderHasAWindow);
+        Program program{std::chrono::milliseconds(interval)};
+        KeyboardInput keyboard;
+        {
+            DesktopConnection other(qgetenv("DISPLAY"));
+            QVERIFY(grabByOther(other, mod1 | shift));
+            if (holderHasAWindow) {
+                xcb_create_window(other.get(), XCB_COPY_FROM_PARENT, other.newId(), other.root(), 0, 0, 1, 1,
+                                  0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+                other.sync();
+            }
+            QCOMPARE(program.take(keyC, altShift, 1), -9878);
+            QCOMPARE(program.bound, QStringList());
+        }
+        QTRY_COMPARE(program.bound, QStringList{QStringLiteral("1")});
+        keyboard.chord({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_C});
+        QCOMPARE(program.reportsUntilNow(keyboard),
+                 (QStringList{QStringLiteral("1 down"), QStringLiteral("1 up")}));
+    }
+
+    void refusedKeysAreReportedOnce()
+    {
+        Program program{std::chrono::milliseconds(1)};
+        DesktopConnection other(qgetenv("DISPLAY"));
+        QVERIFY(grabByOther(other, mod1 | shift));
+        QSignalSpy refusals(&program.shortcuts, &GlobalShortcuts::refused);
+        QCOMPARE(program.take(keyC, altShift, 1), -9878);
+        program.shortcuts.retry();
+        program.shortcuts.retry();
+        QCOMPARE(refusals.count(), 1);
+    }
+
+    void freeKeysAreTakenAfterAChangeOfTheKeymap()
+    {
+        Program program;
+        {
+            DesktopConnection other(qgetenv("DISPLAY"));
+            QVERIFY(grabByOther(other, mod1 | shift));
+            QCOMPARE(program.take(keyC, altShift, 1), -9878);
+        }
+        setKeymap(QStringLiteral("fr"));
+        QTRY_COMPARE(program.bound, QStringList{QStringLiteral("1")});
     }
 
     void aSlotMayUnbindItsShortcut()

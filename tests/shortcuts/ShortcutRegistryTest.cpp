@@ -343,6 +343,38 @@ private Q_SLOTS:
                  QByteArray("Error registering hotkey ⌘C: -9878\nError registering hotkey ⌘C: -9878\n"));
     }
 
+    void aRefusedShortcutIsBoundWhenItsKeysBecomeFree()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        session.desktop.taken = {altShiftC};
+        const auto output = outputOf([&] { session.registry.start(); });
+        QCOMPARE(session.registry.refusal(picker), std::optional(ShortcutRefusal::Reason::Taken));
+        QCOMPARE(session.registry.refusal(panel), std::nullopt);
+        QSignalSpy refusals(&session.registry, &ShortcutRegistry::refusalChanged);
+
+        session.desktop.taken.clear();
+        session.registry.retryRefused();
+        QCOMPARE(session.registry.refusal(picker), std::nullopt);
+        QCOMPARE(refusals.count(), 1);
+        session.desktop.press(altShiftC);
+        QCOMPARE(session.calls, QStringList{QStringLiteral("activatePicker down")});
+    }
+
+    void anotherShortcutIsNotRefusedAnyMore()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        session.desktop.taken = {altShiftC};
+        const auto output = outputOf([&] { session.registry.start(); });
+        session.registry.setShortcut(picker, superC);
+        QCOMPARE(session.registry.refusal(picker), std::nullopt);
+        session.registry.setShortcut(picker, altShiftC);
+        QCOMPARE(session.registry.refusal(picker), std::optional(ShortcutRefusal::Reason::Taken));
+        session.registry.setShortcut(picker, std::nullopt);
+        QCOMPARE(session.registry.refusal(picker), std::nullopt);
+    }
+
     void combinationsOfOtherProgramsAreTaken()
     {
         const QTemporaryDir folder;

@@ -32,12 +32,8 @@ public:
         if (choice != KeyChoice::Program) {
             return;
         }
-        if (preferred && isTaken(*preferred)) {
-            refuse(id);
-            return;
-        }
         if (preferred) {
-            m_bound.emplace_back(id, *preferred);
+            tryToBind(id, *preferred);
         }
     }
     void unbind(const QString& id) override
@@ -52,6 +48,14 @@ public:
         return std::ranges::find(taken, shortcut) != taken.end();
     }
     void configure() override { ++configurations; }
+    /// Binds what is no longer taken.
+    void retry() override
+    {
+        const auto refusedKeys = std::exchange(m_refused, {});
+        for (const auto& [id, keys] : refusedKeys) {
+            tryToBind(id, keys);
+        }
+    }
 
     /// The desktop withdraws a shortcut, or refuses it late.
     void refuse(const QString& id)
@@ -85,12 +89,24 @@ public:
     }
 
 private:
+    void tryToBind(const QString& id, const Shortcut& keys)
+    {
+        if (isTaken(keys)) {
+            refuse(id);
+            m_refused.emplace_back(id, keys);
+        } else {
+            m_bound.emplace_back(id, keys);
+            Q_EMIT bound(id);
+        }
+    }
     bool remove(const QString& id)
     {
+        std::erase_if(m_refused, [&](const auto& refusedKeys) { return refusedKeys.first == id; });
         return std::erase_if(m_bound, [&](const auto& bound) { return bound.first == id; }) > 0;
     }
 
     std::vector<std::pair<QString, Shortcut>> m_bound;
+    std::vector<std::pair<QString, Shortcut>> m_refused;
 };
 
 } // namespace tintwick::test

@@ -35,6 +35,19 @@ std::optional<qsizetype> positionOf(const Value& value, const Values& values)
     return position == std::ssize(values) ? std::nullopt : std::optional<qsizetype>(position);
 }
 
+/// A recorder's row, and below it the recorder's message while there is one.
+Stack* withMessage(Stack* row, const ShortcutRecorder& recorder)
+{
+    const auto message = bound([&recorder] {
+                             return recorder.message();
+                         }).changedBy(recorder, &ShortcutRecorder::messageChanged);
+    const auto hasMessage = bound([&recorder] {
+                                return !recorder.message().isEmpty();
+                            }).changedBy(recorder, &ShortcutRecorder::messageChanged);
+    return column(gap(3), fillWidth(), Across::Leading, row,
+                  shownWhen(hasMessage, label(message, theme::caption(), theme::textSecond)));
+}
+
 } // namespace
 
 GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferences,
@@ -53,7 +66,7 @@ QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording,
     const auto recorderRow = [&](ShortcutAction action) {
         auto* recorder = new ShortcutRecorder(recording, action, panel);
         recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        return settingsRow(titleOf(action), recorder);
+        return withMessage(settingsRow(titleOf(action), recorder), *recorder);
     };
     return settingsSection(tr("Keyboard Shortcuts"),
                            settingsRows({recorderRow(ShortcutAction::ActivatePicker),

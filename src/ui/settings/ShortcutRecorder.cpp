@@ -65,11 +65,16 @@ int widthOf(const QString& text)
     return static_cast<int>(std::ceil(widthOfShortcut(text, fieldFont())));
 }
 
+QString describeField(const ShortcutRecorder& recorder)
+{
+    return recorder.message().isEmpty() ? recorder.placeholder() : recorder.message();
+}
+
 QAccessibleInterface* accessibleField(QWidget& widget)
 {
     auto& recorder = static_cast<ShortcutRecorder&>(widget);
     return new AccessibleHotkeyField(recorder, {[&recorder] { return recorder.text(); },
-                                                [&recorder] { return recorder.placeholder(); },
+                                                [&recorder] { return describeField(recorder); },
                                                 [&recorder] { recorder.startRecording(); }});
 }
 
@@ -106,6 +111,11 @@ ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAct
     });
     connect(&m_services.shortcuts, &ShortcutRegistry::keyboardLayoutChanged, this,
             &ShortcutRecorder::refreshText);
+    connect(&m_services.shortcuts, &ShortcutRegistry::refusalChanged, this, [this](ShortcutAction changed) {
+        if (changed == m_action) {
+            refreshMessage();
+        }
+    });
     if (m_services.keys) {
         connectToKeys(*m_services.keys);
     }
@@ -137,6 +147,15 @@ QString ShortcutRecorder::placeholder() const
         return isRecording() ? pressShortcut() : recordShortcut();
     }
     return opensDesktopDialog() ? tr("Set in Desktop") : tr("Not Available");
+}
+
+QString ShortcutRecorder::message() const
+{
+    const auto refusal = m_services.shortcuts.refusal(m_action);
+    if (refusal == ShortcutRefusal::Reason::Taken) {
+        return tr("Taken by another program");
+    }
+    return refusal == ShortcutRefusal::Reason::NoSuchKey ? tr("Not on this keyboard") : QString();
 }
 
 bool ShortcutRecorder::canRecord() const
@@ -215,6 +234,11 @@ void ShortcutRecorder::setState(State state)
 {
     m_state = state;
     update();
+    reportDescription();
+}
+
+void ShortcutRecorder::reportDescription()
+{
     QAccessibleEvent changed(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&changed);
 }
@@ -324,6 +348,13 @@ void ShortcutRecorder::refreshText()
     QAccessible::updateAccessibility(&changed);
 }
 
+void ShortcutRecorder::refreshMessage()
+{
+    update();
+    Q_EMIT messageChanged();
+    reportDescription();
+}
+
 bool ShortcutRecorder::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate) {
@@ -374,6 +405,12 @@ void ShortcutRecorder::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
 }
 
+void ShortcutRecorder::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_services.shortcuts.retryRefused();
+}
+
 void ShortcutRecorder::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
@@ -420,8 +457,8 @@ void ShortcutRecorder::paintEvent(QPaintEvent*)
             drawFocusRing(painter, rect(), cornerRadius, scheme);
         }
     }
-    // While recording, the old shortcut is drawn in the secondary colour.
-    const bool isCurrent = !m_text.isEmpty() && !isRecording();
+    // The old shortcut while recording, and a shortcut that does not work, are drawn in the secondary colour.
+    const bool isCurrent = !m_text.isEmpty() && !isRecording() && !m_services.shortcuts.refusal(m_action);
     painter.setPen((isCurrent ? theme::textPrimary : theme::textSecond).in(scheme));
     drawShortcut(painter, rect(), m_text.isEmpty() ? placeholder() : m_text, fieldFont());
 }

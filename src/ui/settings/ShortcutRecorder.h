@@ -34,6 +34,8 @@ public:
     [[nodiscard]] QString text() const { return m_text; }
     /// What the field shows when there is no text. Screen readers read it as the description of the field.
     [[nodiscard]] QString placeholder() const;
+    /// What is wrong, in words: why the shortcut does not work. Empty when nothing is.
+    [[nodiscard]] QString message() const;
     [[nodiscard]] bool isRecording() const { return m_state != State::Idle; }
 
     /// Does what a click on the field does. Does nothing while the field is hidden or below an alert; beeps when the
@@ -42,6 +44,9 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    void messageChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -53,6 +58,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     enum class State : std::uint8_t {
@@ -75,6 +81,8 @@ private:
     void clear();
     void clearButtonPressed();
     void refreshText();
+    void refreshMessage();
+    void reportDescription();
     [[nodiscard]] bool canRecord() const;
     [[nodiscard]] bool opensDesktopDialog() const;
     [[nodiscard]] bool isOnField(const QWidget& clicked, const QMouseEvent& event) const;

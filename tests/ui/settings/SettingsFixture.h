@@ -91,7 +91,7 @@ public:
         }
         return titles.join(u'+');
     }
-    /// All that is written on the screen, from top to bottom.
+    /// All texts on the screen, from top to bottom.
     [[nodiscard]] QStringList texts() const
     {
         QList<Label*> labels = view->findChildren<Label*>();
@@ -100,7 +100,9 @@ public:
                          [&](const Label* one, const Label* other) { return top(one) < top(other); });
         QStringList result;
         for (const Label* label : labels) {
-            result.append(label->text());
+            if (label->isVisible()) {
+                result.append(label->text());
+            }
         }
         return result;
     }

@@ -112,6 +112,7 @@ private Q_SLOTS:
     void nextPickUsesAStoredZoomThatIsNotOffered();
 
     void recordedShortcutIsStoredAndGrabbed();
+    void aShortcutOfAnotherProgramIsMarkedInItsRowUntilItIsFree();
     void chosenFormatIsSaved();
     void formatFollowsTheState();
 
@@ -232,8 +233,9 @@ void SettingsScreenTest::nothingIsCutOff()
     // Everything is visible without scrolling.
     const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
     for (const QWidget* each : fixture.view->findChildren<QWidget*>()) {
-        if (qobject_cast<const Label*>(each) == nullptr &&
-            qobject_cast<const QAbstractButton*>(each) == nullptr) {
+        const bool isPart = qobject_cast<const Label*>(each) != nullptr ||
+                            qobject_cast<const QAbstractButton*>(each) != nullptr;
+        if (!isPart || !each->isVisible()) {
             continue;
         }
         QVERIFY2(each->width() >= each->minimumSizeHint().width() &&
@@ -415,6 +417,24 @@ void SettingsScreenTest::recordedShortcutIsStoredAndGrabbed()
     QCOMPARE(fixture.platform.shortcuts.journal, QStringList{u"bind activatePicker 96+0"_s});
 
     QVERIFY(fixture.control<ShortcutRecorder>(u"Open Main Window shortcut"_s) != nullptr);
+}
+
+void SettingsScreenTest::aShortcutOfAnotherProgramIsMarkedInItsRowUntilItIsFree()
+{
+    SettingsFixture fixture;
+    const QStringList before = fixture.texts();
+    const Shortcut superC{keycode::c, modifier::super};
+    fixture.platform.shortcuts.taken = {superC};
+    fixture.shortcuts.setShortcut(ShortcutAction::OpenMainWindow, superC);
+    SettingsFixture::settle();
+    QStringList marked = before;
+    marked.insert(before.indexOf(u"Open Main Window"_s) + 1, u"Taken by another program"_s);
+    QCOMPARE(fixture.texts(), marked);
+
+    fixture.platform.shortcuts.taken.clear();
+    fixture.shortcuts.retryRefused();
+    SettingsFixture::settle();
+    QCOMPARE(fixture.texts(), before);
 }
 
 void SettingsScreenTest::chosenFormatIsSaved()

@@ -167,6 +167,27 @@ private Q_SLOTS:
         QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
     }
 
+    void aShortcutOfAnotherProgramIsGreyedWithAMessageUntilItIsFree()
+    {
+        Scene scene;
+        scene.desktop.taken = {altShiftC};
+        const QImage working = scene.recorder->grab().toImage();
+        const QByteArray line =
+            outputOf([&] { scene.registry.setShortcut(ShortcutAction::ActivatePicker, altShiftC); });
+        QCOMPARE(line, QByteArray("Error registering hotkey ⌥⇧C: -9878\n"));
+        QCOMPARE(scene.recorder->message(), u"Taken by another program"_s);
+        QCOMPARE(accessible(*scene.recorder).text(QAccessible::Description), u"Taken by another program"_s);
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+        QVERIFY(scene.recorder->grab().toImage() != working);
+        QCOMPARE(scene.other->message(), QString());
+
+        scene.desktop.taken.clear();
+        scene.panel.hide();
+        scene.panel.show();
+        QCOMPARE(scene.recorder->message(), QString());
+        QCOMPARE(scene.recorder->grab().toImage(), working);
+    }
+
     void theTextFollowsTheLayout()
     {
         Scene scene;

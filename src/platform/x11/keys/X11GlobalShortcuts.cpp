@@ -25,24 +25,28 @@ ShortcutRefusal noSuchKey()
 
 } // namespace
 
-X11GlobalShortcuts::X11GlobalShortcuts(XcbConnection& connection)
+bool X11GlobalShortcuts::HotKey::hasKeys(const KeyGrab& grab) const
+{
+    const auto has = [&](const Keys& keys) { return keys.isOurs && keys.grab == grab; };
+    return has(wanted) || (former && has(*former));
+}
+
+X11GlobalShortcuts::X11GlobalShortcuts(XcbConnection& connection, std::chrono::milliseconds retryInterval)
     : m_connection(connection)
     , m_xkbEvent(listenForXkbEvents(connection))
     , m_grabs(connection)
     , m_popupKeys(connection, *this)
+    , m_freedKeys(retryInterval)
 {
     requestDetectableAutoRepeat();
     connect(&m_popups, &PopupWatcher::firstOpened, this, &X11GlobalShortcuts::suspendGrabs);
     connect(&m_popups, &PopupWatcher::lastClosed, this, &X11GlobalShortcuts::resumeGrabs);
+    connect(&m_freedKeys, &FreedKeysWatch::mayBeFree, this, &X11GlobalShortcuts::retry);
 }
 
 X11GlobalShortcuts::~X11GlobalShortcuts()
 {
-    for (const HotKey& hotKey : m_hotKeys) {
-        if (hotKey.isGrabbed) {
-            m_grabs.giveBack(*hotKey.grab);
-        }
-    }
+    forEachKeys([this](Keys& keys) { giveBack(keys); });
     m_connection.flush();
 }
 
@@ -65,42 +69,48 @@ void X11GlobalShortcuts::bind(const QString& id, const QString& /*description*/,
         unbind(id);
         return;
     }
-    if (const auto bound = find(id); bound != m_hotKeys.end()) {
-        giveBack(*bound);
-    }
-    const auto grab = m_grabs.grabFor(*preferred);
-    if (!grab || !take(*grab)) {
-        unbind(id);
-        Q_EMIT refused(id, grab ? taken() : noSuchKey());
-        return;
-    }
     listen();
-    auto bound = find(id);
-    if (bound == m_hotKeys.end()) {
-        bound = m_hotKeys.insert(bound, HotKey{});
+    auto hotKey = find(id);
+    if (hotKey == m_hotKeys.end()) {
+        hotKey = m_hotKeys.emplace(hotKey);
+        hotKey->id = id;
     }
-    *bound = {id, *preferred, grab, true, std::nullopt};
-    if (m_popups.isAnyOpen()) {
-        giveBack(*bound);
+    if (hotKey->wanted.isOurs) {
+        hotKey->former = hotKey->wanted;
     }
+    hotKey->wanted = {*preferred, m_grabs.grabFor(*preferred)};
+    hotKey->isReportedBound.reset();
+    takeMissing(*hotKey);
     updatePopupKeys();
+    reportChanges();
 }
 
 void X11GlobalShortcuts::unbind(const QString& id)
 {
-    const auto bound = find(id);
-    if (bound == m_hotKeys.end()) {
+    const auto hotKey = find(id);
+    if (hotKey == m_hotKeys.end()) {
         return;
     }
-    giveBack(*bound);
-    m_hotKeys.erase(bound);
+    giveBack(hotKey->wanted);
+    if (hotKey->former) {
+        giveBack(*hotKey->former);
+    }
+    m_hotKeys.erase(hotKey);
     updatePopupKeys();
+    reportChanges();
 }
 
 bool X11GlobalShortcuts::isTaken(const Shortcut& shortcut) const
 {
     const auto grab = m_grabs.grabFor(shortcut);
-    return grab && !isHeld(*grab) && !m_grabs.isFree(*grab);
+    return grab && !isOurs(*grab) && !m_grabs.isFree(*grab);
+}
+
+void X11GlobalShortcuts::retry()
+{
+    if (!m_popups.isAnyOpen()) {
+        takeAllMissing();
+    }
 }
 
 void X11GlobalShortcuts::listen()
@@ -157,7 +167,7 @@ bool X11GlobalShortcuts::keyPressed(const KeyGrab& pressed)
     bool isShortcut = false;
     QStringList ids;
     for (HotKey& hotKey : m_hotKeys) {
-        if (hotKey.grab == pressed) {
+        if (hotKey.hasKeys(pressed)) {
             isShortcut = true;
             if (!hotKey.pressedKey) {
                 hotKey.pressedKey = pressed.keycode;
@@ -197,69 +207,139 @@ void X11GlobalShortcuts::updatePopupKeys()
 
 void X11GlobalShortcuts::suspendGrabs()
 {
-    for (HotKey& hotKey : m_hotKeys) {
-        giveBack(hotKey);
-    }
+    giveAllBack();
+    forgetPressedKeys();
     updatePopupKeys();
 }
 
-// Another client may have taken a combination meanwhile.
 void X11GlobalShortcuts::resumeGrabs()
 {
+    forgetPressedKeys();
     updatePopupKeys();
-    std::vector<std::pair<QString, ShortcutRefusal>> refusals;
-    for (HotKey& hotKey : m_hotKeys) {
-        hotKey.pressedKey.reset();
-        hotKey.isGrabbed = hotKey.grab && take(*hotKey.grab);
-        if (!hotKey.isGrabbed) {
-            refusals.emplace_back(hotKey.id, hotKey.grab ? taken() : noSuchKey());
-        }
-    }
-    std::erase_if(m_hotKeys, [](const HotKey& hotKey) { return !hotKey.isGrabbed; });
-    for (const auto& [id, refusal] : refusals) {
-        Q_EMIT refused(id, refusal);
-    }
+    takeAllAgain();
 }
 
 void X11GlobalShortcuts::followKeymap()
 {
     const auto map = ModifierMap::read(m_connection);
-    const bool allAreGrabbed = std::ranges::all_of(m_hotKeys, &HotKey::isGrabbed);
-    if (!map || (*map == m_grabs.modifierMap() && allAreGrabbed)) {
+    if (!map) {
         return;
     }
-    for (const HotKey& hotKey : m_hotKeys) {
-        if (hotKey.isGrabbed) {
-            m_grabs.giveBack(*hotKey.grab);
-        }
+    if (*map == m_grabs.modifierMap()) {
+        retry();
+        return;
     }
-    for (HotKey& hotKey : m_hotKeys) {
-        hotKey.isGrabbed = false;
+    if (!m_popups.isAnyOpen()) {
+        giveAllBack();
     }
     m_grabs.setModifierMap(*map);
+    forEachKeys([this](Keys& keys) {
+        keys.grab = m_grabs.grabFor(keys.shortcut);
+        keys.isOurs = keys.isOurs && keys.grab;
+    });
+    if (!m_popups.isAnyOpen()) {
+        takeAllAgain();
+    }
+}
+
+void X11GlobalShortcuts::forgetPressedKeys()
+{
     for (HotKey& hotKey : m_hotKeys) {
-        hotKey.grab = m_grabs.grabFor(hotKey.shortcut);
-        hotKey.isGrabbed = !m_popups.isAnyOpen() && hotKey.grab && take(*hotKey.grab);
+        hotKey.pressedKey.reset();
     }
 }
 
-bool X11GlobalShortcuts::take(const KeyGrab& grab) const
+void X11GlobalShortcuts::giveAllBack()
 {
-    return isHeld(grab) || m_grabs.take(grab);
+    forEachKeys([this](const Keys& keys) {
+        if (keys.isOurs) {
+            m_grabs.giveBack(*keys.grab);
+        }
+    });
 }
 
-void X11GlobalShortcuts::giveBack(HotKey& hotKey)
+// Another client may have taken a combination meanwhile, or given one back.
+void X11GlobalShortcuts::takeAllAgain()
 {
-    hotKey.pressedKey.reset();
-    if (std::exchange(hotKey.isGrabbed, false) && !isHeld(*hotKey.grab)) {
-        m_grabs.giveBack(*hotKey.grab);
+    forEachKeys([](Keys& keys) { keys.isOurs = false; });
+    takeAllMissing();
+}
+
+void X11GlobalShortcuts::takeMissing(HotKey& hotKey)
+{
+    take(hotKey.wanted);
+    if (!hotKey.former) {
+        return;
+    }
+    if (hotKey.wanted.isOurs) {
+        giveBack(*hotKey.former);
+        hotKey.former.reset();
+        hotKey.pressedKey.reset();
+    } else {
+        take(*hotKey.former);
     }
 }
 
-bool X11GlobalShortcuts::isHeld(const KeyGrab& grab) const
+void X11GlobalShortcuts::takeAllMissing()
 {
-    return std::ranges::any_of(m_hotKeys,
-                               [&](const HotKey& hotKey) { return hotKey.isGrabbed && hotKey.grab == grab; });
+    for (HotKey& hotKey : m_hotKeys) {
+        takeMissing(hotKey);
+    }
+    reportChanges();
+}
+
+// A slot may bind or unbind shortcuts, so all reports are collected before the first signal.
+void X11GlobalShortcuts::reportChanges()
+{
+    m_freedKeys.setActive(std::ranges::any_of(
+        m_hotKeys, [](const HotKey& hotKey) { return hotKey.wanted.grab && !hotKey.wanted.isOurs; }));
+    std::vector<std::pair<QString, std::optional<ShortcutRefusal>>> reports;
+    for (HotKey& hotKey : m_hotKeys) {
+        const bool isBound = hotKey.wanted.isOurs;
+        if (std::exchange(hotKey.isReportedBound, isBound) != isBound) {
+            const auto refusal = hotKey.wanted.grab ? taken() : noSuchKey();
+            reports.emplace_back(hotKey.id, isBound ? std::nullopt : std::optional(refusal));
+        }
+    }
+    for (const auto& [id, refusal] : reports) {
+        if (refusal) {
+            Q_EMIT refused(id, *refusal);
+        } else {
+            Q_EMIT bound(id);
+        }
+    }
+}
+
+void X11GlobalShortcuts::take(Keys& keys) const
+{
+    if (!keys.grab || keys.isOurs) {
+        return;
+    }
+    // An open popup has the keys. They are grabbed when it closes.
+    keys.isOurs =
+        isOurs(*keys.grab) || (m_popups.isAnyOpen() ? m_grabs.isFree(*keys.grab) : m_grabs.take(*keys.grab));
+}
+
+void X11GlobalShortcuts::giveBack(Keys& keys) const
+{
+    if (std::exchange(keys.isOurs, false) && !isOurs(*keys.grab) && !m_popups.isAnyOpen()) {
+        m_grabs.giveBack(*keys.grab);
+    }
+}
+
+bool X11GlobalShortcuts::isOurs(const KeyGrab& grab) const
+{
+    return std::ranges::any_of(m_hotKeys, [&](const HotKey& hotKey) { return hotKey.hasKeys(grab); });
+}
+
+void X11GlobalShortcuts::forEachKeys(const std::function<void(Keys&)>& visit)
+{
+    for (HotKey& hotKey : m_hotKeys) {
+        visit(hotKey.wanted);
+        if (hotKey.former) {
+            visit(*hotKey.former);
+        }
+    }
 }
 
 std::vector<X11GlobalShortcuts::HotKey>::iterator X11GlobalShortcuts::find(const QString& id)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FreedKeysWatch.h"
 #include "GlobalShortcuts.h"
 #include "KeyGrabs.h"
 #include "PopupKeys.h"
@@ -8,7 +9,9 @@
 
 #include <QStringList>
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -21,8 +24,10 @@ class X11GlobalShortcuts final : public GlobalShortcuts,
                                  private PopupKeys::Receiver
 {
 public:
-    /// The connection must outlive this object; the application object must exist.
-    explicit X11GlobalShortcuts(XcbConnection& connection);
+    /// Refused combinations are tried again after each interval. The connection must outlive this object; the
+    /// application object must exist.
+    explicit X11GlobalShortcuts(XcbConnection& connection,
+                                std::chrono::milliseconds retryInterval = std::chrono::seconds(30));
     ~X11GlobalShortcuts() override;
 
     void bind(const QString& id, const QString& description,
@@ -30,18 +35,30 @@ public:
     void unbind(const QString& id) override;
     [[nodiscard]] KeyChoice keyChoice() const override { return KeyChoice::Program; }
     [[nodiscard]] bool isTaken(const Shortcut& shortcut) const override;
+    void retry() override;
 
 private:
-    struct HotKey
+    struct Keys
     {
-        QString id;
         Shortcut shortcut;
         /// None while the current keymap does not have the combination.
         std::optional<KeyGrab> grab;
-        /// False while a popup is open, and after another client took the combination during a keymap change.
-        bool isGrabbed = false;
+        /// Whether the combination triggers the shortcut. It is then grabbed, except while a popup is open.
+        bool isOurs = false;
+    };
+
+    struct HotKey
+    {
+        QString id;
+        Keys wanted;
+        /// The keys before, while the wanted ones are refused.
+        std::optional<Keys> former;
+        /// The last report about the wanted keys: bound() or refused().
+        std::optional<bool> isReportedBound;
         /// Set while the key is down.
         std::optional<xcb_keycode_t> pressedKey;
+
+        [[nodiscard]] bool hasKeys(const KeyGrab& grab) const;
     };
 
     void handleEvent(const xcb_generic_event_t& event) override;
@@ -57,14 +74,23 @@ private:
     void updatePopupKeys();
     void suspendGrabs();
     void resumeGrabs();
-    /// Takes the grabs again when a new keymap moved a modifier, or when a grab is missing. A combination that cannot
-    /// be taken is tried again with the next keymap.
+    /// Takes the grabs again when a new keymap moved a modifier.
     void followKeymap();
-    /// Takes the combination unless it is held already.
-    [[nodiscard]] bool take(const KeyGrab& grab) const;
+    void forgetPressedKeys();
+    /// The combinations stay those of their shortcuts.
+    void giveAllBack();
+    void takeAllAgain();
+    /// Takes what is missing and gives back what is no longer needed.
+    void takeMissing(HotKey& hotKey);
+    void takeAllMissing();
+    /// Reports which shortcuts have their keys now, and which do not.
+    void reportChanges();
+    /// Takes the combination if it is free. Does nothing when it is ours already.
+    void take(Keys& keys) const;
     /// Gives the combination back unless another id has it too.
-    void giveBack(HotKey& hotKey);
-    [[nodiscard]] bool isHeld(const KeyGrab& grab) const;
+    void giveBack(Keys& keys) const;
+    [[nodiscard]] bool isOurs(const KeyGrab& grab) const;
+    void forEachKeys(const std::function<void(Keys&)>& visit);
     [[nodiscard]] std::vector<HotKey>::iterator find(const QString& id);
 
     XcbConnection& m_connection;
@@ -76,6 +102,7 @@ private:
     std::vector<HotKey> m_hotKeys;
     PopupWatcher m_popups;
     PopupKeys m_popupKeys;
+    FreedKeysWatch m_freedKeys;
     /// Since the first bind().
     std::optional<XcbConnection::Subscription> m_subscription;
 };
