@@ -237,6 +237,7 @@ private Q_SLOTS:
     void draggingMovesARow_data();
     void draggingMovesARow();
     void otherRowsMakeRoomForADraggedRow();
+    void otherRowsKeepTheirPlacesWhileTheDraggedOneIsOutsideThePanel();
     void pressWithSmallMoveIsAClick();
     void dragIsNotAClick();
     void escapeCancelsADrag();
@@ -654,9 +655,10 @@ void CollectionDetailViewTest::draggingMovesARow_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("by");
+    QTest::addColumn<int>("sideways");
     QTest::addColumn<QString>("after");
-    const auto row = [](const char* name, int from, int by, const char* after) {
-        QTest::newRow(name) << from << by << QString::fromLatin1(after);
+    const auto row = [](const char* name, int from, int by, const char* after, int sideways = 7) {
+        QTest::newRow(name) << from << by << sideways << QString::fromLatin1(after);
     };
     row("down by one", 0, 54, "#000002 #000001 #000003 #000004");
     row("down to the end", 0, 54 * 3, "#000002 #000003 #000004 #000001");
@@ -672,12 +674,13 @@ void CollectionDetailViewTest::draggingMovesARow()
 {
     QFETCH(const int, from);
     QFETCH(const int, by);
+    QFETCH(const int, sideways);
     QFETCH(const QString, after);
     PaletteFixture screen(numbered(4));
     const QPoint start = screen.leftMiddle(from);
     screen.press(start);
-    screen.drag(start, start + QPoint(7, by));
-    screen.release(start + QPoint(7, by));
+    screen.drag(start, start + QPoint(sideways, by));
+    screen.release(start + QPoint(sideways, by));
     QCOMPARE(screen.stored(), after);
     screen.settle();
     QCOMPARE(screen.shown(), after);
@@ -716,6 +719,24 @@ void CollectionDetailViewTest::otherRowsMakeRoomForADraggedRow()
     QCOMPARE(screen.row(1).y(), 54);
     QCOMPARE(screen.picture().pixel(screen.inWindow(screen.row(1), QPoint(200, 27))),
              theme::bg.in(Scheme::Light).rgb());
+}
+
+void CollectionDetailViewTest::otherRowsKeepTheirPlacesWhileTheDraggedOneIsOutsideThePanel()
+{
+    PaletteFixture screen(numbered(4));
+    const QPoint start = screen.leftMiddle(0);
+    screen.press(start);
+    screen.drag(start, start + QPoint(0, 70));
+    screen.drag(start + QPoint(0, 70), start + QPoint(-150, 70));
+    screen.settle();
+    QCOMPARE(screen.row(0).y(), 70);
+    QCOMPARE(screen.row(1).y(), 54);
+    // They make room again when it comes back.
+    screen.drag(start + QPoint(-150, 70), start + QPoint(0, 70));
+    screen.settle();
+    QCOMPARE(screen.row(1).y(), 0);
+    screen.release(start + QPoint(0, 70));
+    QCOMPARE(screen.stored(), QStringLiteral("#000002 #000001 #000003 #000004"));
 }
 
 void CollectionDetailViewTest::pressWithSmallMoveIsAClick()

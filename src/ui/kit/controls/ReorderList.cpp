@@ -248,6 +248,10 @@ void ReorderList::carry()
 {
     const qsizetype gapBefore = m_drag.gap();
     const double top = m_drag.carry(mapFromGlobal(m_drag.pointer()).y(), count());
+    const double inWindow = window()->mapFromGlobal(m_drag.pointer()).x();
+    if (inWindow < 0 || inWindow >= window()->width()) {
+        m_drag.leaveList();
+    }
     m_rows[static_cast<std::size_t>(positionOf(m_held))].top.jumpTo(top);
     if (m_drag.gap() != gapBefore) {
         update();

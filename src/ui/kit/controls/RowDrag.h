@@ -43,6 +43,8 @@ public:
     /// The top of the carried row in a list of `count` rows when the pointer is at `pointerY` below the top of the list.
     /// Updates the gap.
     double carry(double pointerY, qsizetype count);
+    /// The pointer is where the row cannot be dropped: the gap is the row's own slot until the next call of `carry()`.
+    void leaveList() { m_gap = m_row; }
     /// Ends the drag. Returns nothing when the row stays at its position or was not carried.
     std::optional<Move> drop();
     /// Returns whether a row was carried.
