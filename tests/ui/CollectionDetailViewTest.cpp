@@ -573,7 +573,9 @@ void CollectionDetailViewTest::droppedTexts_data()
     QTest::addColumn<QString>("after");
     // %1 is a member, %2 and %3 are other colours of the history.
     QTest::newRow("another color") << QStringLiteral("%2") << QStringLiteral("#111111 #222222");
-    QTest::newRow("in lower case with braces") << QStringLiteral("{%2}") << QStringLiteral("#111111 #222222");
+    QTest::newRow("in lower case") << QStringLiteral("lower %2") << QStringLiteral("#111111 #222222");
+    QTest::newRow("in braces") << QStringLiteral("{%2}") << QStringLiteral("#111111");
+    QTest::newRow("without hyphens") << QStringLiteral("bare %2") << QStringLiteral("#111111");
     QTest::newRow("a member") << QStringLiteral("%1") << QStringLiteral("#111111");
     QTest::newRow("not an id") << QStringLiteral("a text of any kind") << QStringLiteral("#111111");
     QTest::newRow("empty") << QString() << QStringLiteral("#111111");
@@ -589,7 +591,8 @@ void CollectionDetailViewTest::droppedTexts()
     const CapturedColor second = screen.capture(0x222222);
     const CapturedColor third = screen.capture(0x333333);
     text.replace(QStringLiteral("%1"), textOf(screen.row(0).color()));
-    text.replace(QStringLiteral("{%2}"), second.id.toString());
+    text.replace(QStringLiteral("lower %2"), second.id.toString(QUuid::WithoutBraces));
+    text.replace(QStringLiteral("bare %2"), second.id.toString(QUuid::Id128));
     text.replace(QStringLiteral("%2"), textOf(second));
     text.replace(QStringLiteral("%3"), textOf(third));
     QVERIFY(drop(*screen.view, text));
@@ -668,6 +671,10 @@ void CollectionDetailViewTest::draggingMovesARow_data()
     row("up beyond the start", 2, -300, "#000003 #000001 #000002 #000004");
     row("a little more than half a row", 1, 29, "#000001 #000003 #000002 #000004");
     row("a little less than half a row", 1, 25, "#000001 #000002 #000003 #000004");
+    row("down by one at the left edge of the panel", 0, 54, "#000002 #000001 #000003 #000004", -100);
+    row("out of the panel on the left", 0, 54, "#000001 #000002 #000003 #000004", -101);
+    row("down by one at the right edge of the panel", 0, 54, "#000002 #000001 #000003 #000004", 279);
+    row("out of the panel on the right", 0, 54, "#000001 #000002 #000003 #000004", 280);
 }
 
 void CollectionDetailViewTest::draggingMovesARow()

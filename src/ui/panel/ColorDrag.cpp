@@ -29,7 +29,10 @@ QList<QUuid> droppedColorIds(const QMimeData& data)
     QList<QUuid> ids;
     const QStringList lines = data.text().split(u'\n');
     for (const QString& line : lines) {
-        if (const auto id = QUuid::fromString(line.trimmed()); !id.isNull()) {
+        // QUuid accepts several forms, but the payload has only the canonical one.
+        const QString text = line.trimmed();
+        const auto id = QUuid::fromString(text);
+        if (!id.isNull() && id.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0) {
             ids.append(id);
         }
     }
