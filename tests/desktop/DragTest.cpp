@@ -226,7 +226,11 @@ private Q_SLOTS:
     void aReleaseWithoutAPressIsNoClick();
     void aColorIsDraggedToTheOtherProgram_data();
     void aColorIsDraggedToTheOtherProgram();
+    void aDraggedColorHasNoEdgeOfAnotherColor_data();
+    void aDraggedColorHasNoEdgeOfAnotherColor();
     void aColorDroppedOntoNothingDoesNotHideThePanel();
+    void afterADropInThePanelTheSwatchIsAtRest_data();
+    void afterADropInThePanelTheSwatchIsAtRest();
 };
 
 void DragTest::aTextWithAnIdIsDroppedOntoACard_data()
@@ -385,13 +389,19 @@ void DragTest::aColorIsDraggedToTheOtherProgram()
     Scene scene({}, green);
     QVERIFY(scene.openPanel());
     QVERIFY(!fromHistory || scene.openHistory());
-    QVERIFY(scene.beginDrag(scene.at(fromHistory ? place::firstTile : place::firstSwatch)));
+    const QPoint swatch = scene.at(fromHistory ? place::firstTile : place::firstSwatch);
+    const QRect around(swatch - QPoint(35, 35), QSize(70, 70));
+    scene.desktop.movePointer(bareDesktop);
+    const QImage atRest = scene.desktop.settledScreenshot(around);
+    QVERIFY(scene.beginDrag(swatch));
     // It is asked again only after it answered that it accepts the text.
     QVERIFY(
         scene.moveUntil(scene.other.field(), [&] { return scene.other.said().count("dragged over") >= 2; }));
     scene.desktop.release(Button::Left);
     QVERIFY(scene.other.waitUntilItSays("received " + red.toLatin1()));
     QVERIFY(scene.panelStays());
+    // The swatch no longer looks hovered.
+    QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(around) == atRest; }));
     QVERIFY(scene.clickElsewhereHides());
     QCOMPARE(scene.desktop.clipboard(), QByteArray());
 }
@@ -408,6 +418,63 @@ void DragTest::aColorDroppedOntoNothingDoesNotHideThePanel()
     QVERIFY(scene.clickElsewhereHides());
     QCOMPARE(scene.desktop.clipboard(), QByteArray());
     QCOMPARE(keptIds(*scene.program), QStringList{red});
+}
+
+void DragTest::aDraggedColorHasNoEdgeOfAnotherColor_data()
+{
+    QTest::addColumn<bool>("fromHistory");
+    QTest::newRow("from the recent row") << false;
+    QTest::newRow("from the grid of the history") << true;
+}
+
+// Without a compositor.
+void DragTest::aDraggedColorHasNoEdgeOfAnotherColor()
+{
+    QFETCH(const bool, fromHistory);
+    Scene scene({}, green);
+    QVERIFY(scene.openPanel());
+    QVERIFY(!fromHistory || scene.openHistory());
+    QVERIFY(scene.beginDrag(scene.at(fromHistory ? place::firstTile : place::firstSwatch)));
+    const QRgb ground = scene.desktop.pixel(bareDesktop);
+    QVERIFY(
+        scene.moveUntil(bareDesktop, [&] { return scene.desktop.pixel(bareDesktop) == qRgb(255, 0, 0); }));
+    const QImage picture = scene.desktop.settledScreenshot({bareDesktop - QPoint(80, 80), QSize(160, 160)});
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            // The border of a swatch is a little darker or lighter than its colour.
+            const bool isOfSwatch = qRed(pixel) >= 230 && qGreen(pixel) <= 40 && qBlue(pixel) <= 40;
+            QVERIFY2(pixel == ground || isOfSwatch, QByteArray::number(pixel, 16).constData());
+        }
+    }
+    scene.desktop.release(Button::Left);
+}
+
+void DragTest::afterADropInThePanelTheSwatchIsAtRest_data()
+{
+    QTest::addColumn<QPoint>("target");
+    QTest::newRow("onto a card") << place::card;
+    QTest::newRow("onto nothing") << QPoint(190, 30);
+}
+
+void DragTest::afterADropInThePanelTheSwatchIsAtRest()
+{
+    QFETCH(const QPoint, target);
+    Scene scene({}, green);
+    QVERIFY(scene.openPanel());
+    const QRect around(scene.at(place::firstSwatch) - QPoint(35, 35), QSize(70, 70));
+    const QImage atRest = scene.desktop.settledScreenshot(around);
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(scene.beginDrag(scene.at(place::firstSwatch)));
+        for (int step = 0; step <= 10; ++step) {
+            scene.desktop.movePointer(
+                scene.at(place::firstSwatch + (target - place::firstSwatch) * step / 10));
+        }
+        scene.desktop.release(Button::Left);
+        QVERIFY(waitUntil([&] { return scene.desktop.connection().inputIsFree(); }));
+        QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(around) == atRest; }));
+        scene.desktop.movePointer(bareDesktop);
+    }
 }
 
 QTEST_GUILESS_MAIN(DragTest)

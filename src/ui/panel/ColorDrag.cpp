@@ -1,12 +1,74 @@
 #include "ColorDrag.h"
 
+#include "PopupWindow.h"
+
+#include <QBitmap>
+#include <QCoreApplication>
+#include <QCursor>
 #include <QDrag>
+#include <QEvent>
+#include <QHoverEvent>
+#include <QImage>
 #include <QMimeData>
 #include <QPixmap>
+#include <QPointer>
+#include <QRegion>
 #include <QStringList>
 #include <QWidget>
+#include <QWindow>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace tintwick {
+
+namespace {
+
+/// Cuts the corners of the window that the toolkit moves with the pointer, where the desktop does not blend windows.
+class DragPictureMask final : public QObject
+{
+public:
+    explicit DragPictureMask(QRegion mask)
+        : m_mask(std::move(mask))
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && watched->inherits("QShapedPixmapWindow")) {
+            static_cast<QWindow*>(watched)->setMask(m_mask);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QRegion m_mask;
+};
+
+/// The picture with pixels that are either opaque or transparent: the toolkit paints it on white there.
+QImage withoutSoftEdges(const QPixmap& picture)
+{
+    constexpr int halfOpaque = 0x80;
+    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(line, line + image.width(), line, [](QRgb pixel) {
+            return qAlpha(pixel) < halfOpaque ? qRgba(0, 0, 0, 0) : pixel | qRgb(0, 0, 0);
+        });
+    }
+    return image;
+}
+
+/// The opaque pixels, in points.
+QRegion opaquePart(const QImage& picture)
+{
+    const QSize points = picture.deviceIndependentSize().toSize();
+    return QBitmap::fromImage(picture.scaled(points).createAlphaMask());
+}
+
+} // namespace
 
 void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& picture, QPoint hotSpot)
 {
@@ -14,9 +76,23 @@ void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& pictu
     data->setText(color.id.toString(QUuid::WithoutBraces).toUpper());
     auto* drag = new QDrag(&source);
     drag->setMimeData(data);
-    drag->setPixmap(picture);
+    std::optional<DragPictureMask> mask;
+    if (desktopBlends()) {
+        drag->setPixmap(picture);
+    } else {
+        const QImage cut = withoutSoftEdges(picture);
+        drag->setPixmap(QPixmap::fromImage(cut));
+        mask.emplace(opaquePart(cut));
+    }
     drag->setHotSpot(hotSpot);
+    const QPointer<QWidget> remaining(&source);
     drag->exec(Qt::CopyAction);
+    if (remaining) {
+        // The toolkit will report the move that started the drag as a hover. This report follows it.
+        const QPointF global = QCursor::pos();
+        const QPointF now = source.mapFromGlobal(global);
+        QCoreApplication::postEvent(&source, new QHoverEvent(QEvent::HoverMove, now, global, now));
+    }
 }
 
 bool carriesText(const QMimeData& data)

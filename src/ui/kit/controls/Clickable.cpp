@@ -143,10 +143,8 @@ bool Clickable::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::HoverEnter:
-        setHovered(true);
-        break;
     case QEvent::HoverMove:
-        // While a mouse button is held, moves are reported outside the view, too.
+        // While a mouse button is held, and at the end of a drag, positions outside the view are reported, too.
         setHovered(rect().contains(static_cast<QHoverEvent*>(event)->position().toPoint()));
         break;
     case QEvent::HoverLeave:

@@ -10,7 +10,7 @@ namespace tintwick {
 
 namespace {
 
-bool desktopBlends = true;
+bool blendsWindows = true;
 
 class CornerFitter final : public QObject
 {
@@ -38,12 +38,17 @@ private:
 
 void setDesktopBlends(bool blends)
 {
-    desktopBlends = blends;
+    blendsWindows = blends;
+}
+
+bool desktopBlends()
+{
+    return blendsWindows;
 }
 
 void roundWindowCorners(QWidget& window, double radius)
 {
-    if (desktopBlends) {
+    if (blendsWindows) {
         window.clearMask();
     } else {
         window.setMask(QRegion(roundedPath(window.rect(), radius).toFillPolygon().toPolygon()));

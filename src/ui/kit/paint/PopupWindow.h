@@ -6,6 +6,7 @@ namespace tintwick {
 
 /// Sets whether the desktop blends translucent windows. The default is true.
 void setDesktopBlends(bool blends);
+[[nodiscard]] bool desktopBlends();
 
 /// Rounds the corners of a frameless window with `radius` points. Where the desktop does not blend windows, a mask cuts them. To be
 /// called after each change of size.
