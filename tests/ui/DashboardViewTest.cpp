@@ -2,11 +2,13 @@
 
 #include "Button.h"
 #include "CollectionRowCard.h"
+#include "ColorDetailRow.h"
 #include "DashboardSwatchView.h"
 #include "Label.h"
 #include "Overlay.h"
 #include "ScrollArea.h"
 #include "Shadow.h"
+#include "SwatchView.h"
 #include "Symbol.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void bottomPaddingEqualsTopPadding();
     void shadowsOfTheRecentRowAreNotClipped();
     void hoveredSwatchGrows();
+    void everyColorShowsOnItsGround_data();
+    void everyColorShowsOnItsGround();
     void hoveringBlursNoNewShadow();
     void pressedControlsShowIt();
     void focusedControlIsScrolledIntoView();
@@ -144,6 +148,64 @@ void DashboardViewTest::hoveredSwatchGrows()
     hover(swatch, QEvent::HoverLeave);
     QCOMPARE(panel.picture().pixel(15, middle), before);
     QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void DashboardViewTest::everyColorShowsOnItsGround_data()
+{
+    QTest::addColumn<Scheme>("scheme");
+    QTest::addColumn<QColor>("color");
+    const auto row = [](const char* name, Scheme scheme, const QColor& color) {
+        QTest::newRow(name) << scheme << color;
+    };
+    row("the ground, light", Scheme::Light, QColor(0xF5, 0xF5, 0xF7));
+    row("white, light", Scheme::Light, Qt::white);
+    row("black, light", Scheme::Light, Qt::black);
+    row("transparent, light", Scheme::Light, Qt::transparent);
+    row("the ground, dark", Scheme::Dark, QColor(0x1F, 0x1F, 0x23));
+    row("the card, dark", Scheme::Dark, QColor(0x2A, 0x2A, 0x2F));
+    row("white, dark", Scheme::Dark, Qt::white);
+    row("black, dark", Scheme::Dark, Qt::black);
+    row("transparent, dark", Scheme::Dark, Qt::transparent);
+}
+
+void DashboardViewTest::everyColorShowsOnItsGround()
+{
+    QFETCH(const Scheme, scheme);
+    QFETCH(const QColor, color);
+    PanelFixture panel;
+    panel.view->setSystemScheme(scheme);
+    const unsigned rgb = color.rgb() & 0xFFFFFFU;
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.addColor(panel.capture(rgb, color.alphaF()).id, brand);
+    panel.letFeedbackEnd();
+    // At half the height of a square, the first column or the colour itself differs from the ground.
+    const auto shows = [&](const QRect& square, const theme::Color& ground) {
+        const QImage picture = panel.picture();
+        const QRgb below = ground.in(scheme).rgb();
+        const int middle = square.center().y();
+        return !isNear(picture.pixel(square.left(), middle), below, 24) ||
+               !isNear(picture.pixel(square.left() + 2, middle), below, 24);
+    };
+    const auto inPanel = [&](const QWidget& view, const QRect& place) {
+        return place.translated(placeIn(*panel.view, view).topLeft());
+    };
+    panel.settle();
+    QVERIFY(shows(inPanel(*panel.dashboard().swatches().first(), {2, 2, 62, 62}), theme::bg));
+    // The square of 30 ends 12 before the chevron, which ends 12 before the card does.
+    const int chevron = qRound(symbolSide(11));
+    const QWidget& card = *panel.dashboard().cards().first();
+    QVERIFY(
+        shows(inPanel(card, {card.width() - 2 - 12 - chevron - 12 - 30, 2 + 17, 30, 30}), theme::surface));
+
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    panel.settle();
+    const QWidget& tile = *panel.view->currentScreen().findChild<SwatchView*>();
+    QVERIFY(shows(inPanel(tile, {5, 2, 48, 48}), theme::bg));
+
+    panel.view->setSelectedCollectionId(brand);
+    panel.settle();
+    const QWidget& line = *panel.view->currentScreen().findChild<ColorDetailRow*>();
+    QVERIFY(shows(inPanel(line, {12, 6, 42, 42}), theme::bg));
 }
 
 void DashboardViewTest::bottomPaddingEqualsTopPadding()
@@ -289,9 +351,12 @@ void DashboardViewTest::cardEndsWithAChevron()
     // 12 points from the square of 30.
     const int chevron = qRound(symbolSide(11));
     const int middle = card.center().y();
-    QCOMPARE(one.pixel(edge - chevron - 12 - 1, middle), qRgb(0x11, 0x22, 0x33));
-    QCOMPARE(one.pixel(edge - chevron - 12 - 30, middle), qRgb(0x11, 0x22, 0x33));
-    QVERIFY(one.pixel(edge - chevron - 12, middle) != qRgb(0x11, 0x22, 0x33));
+    const QRgb color = qRgb(0x11, 0x22, 0x33);
+    QVERIFY(isNear(one.pixel(edge - chevron - 12 - 1, middle), color, 12));
+    QCOMPARE(one.pixel(edge - chevron - 12 - 2, middle), color);
+    QCOMPARE(one.pixel(edge - chevron - 12 - 29, middle), color);
+    QVERIFY(isNear(one.pixel(edge - chevron - 12 - 30, middle), color, 12));
+    QVERIFY(!isNear(one.pixel(edge - chevron - 12, middle), color, 12));
 }
 
 void DashboardViewTest::toolTipOfACardIsItsElidedName()

@@ -255,6 +255,7 @@ void CollectionRowCard::paintPreview(QPainter& painter, const QList<CapturedColo
         drawShadow(painter, square, previewRadius, {theme::Color(fill).opacity(0.28), 3, QPointF(0, 1)},
                    scheme);
         fillRounded(painter, square, previewRadius, fill);
+        strokeInside(painter, square, previewRadius, theme::colorEdge.in(scheme), theme::colorEdgeWidth);
         square.translate(previewSide + previewGap, 0);
     }
 }

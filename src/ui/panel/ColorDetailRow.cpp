@@ -34,8 +34,6 @@ constexpr int lineGap = 2;
 
 constexpr int squareSide = 42;
 constexpr double squareRadius = 10;
-constexpr double squareBorderWidth = 0.5;
-constexpr theme::Color squareBorder = theme::black.opacity(0.06);
 constexpr double shadowOpacity = 0.35;
 constexpr double shadowRadius = 4;
 constexpr QPointF shadowOffset(0, 2);
@@ -70,7 +68,8 @@ protected:
     {
         QPainter painter(this);
         fillRounded(painter, rect(), squareRadius, m_color);
-        strokeInside(painter, rect(), squareRadius, squareBorder.in(Appearance::of(this)), squareBorderWidth);
+        strokeInside(painter, rect(), squareRadius, theme::colorEdge.in(Appearance::of(this)),
+                     theme::colorEdgeWidth);
     }
 
 private:

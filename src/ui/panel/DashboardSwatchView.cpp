@@ -7,8 +7,8 @@ namespace tintwick {
 
 namespace {
 
-constexpr SwatchLook::State look{.border = theme::black.opacity(0.06),
-                                 .borderWidth = 0.5,
+constexpr SwatchLook::State look{.border = theme::colorEdge,
+                                 .borderWidth = theme::colorEdgeWidth,
                                  .shadow = {.opacity = 0.4, .radius = 6, .drop = 3},
                                  .label = theme::textSecond};
 

@@ -34,7 +34,7 @@ void openRenameColorOverlay(QWidget& panel, AppState& appState, const CapturedCo
     // clang-format off
     auto* form = column(gap(16), padding(20), fixedWidth(300), Across::Leading,
         row(gap(12),
-            row(fixedSize(40, 40), ground(theme::Color(paintColor(color)), 8), outline(theme::white.opacity(0.15), 0.5)),
+            row(fixedSize(40, 40), ground(theme::Color(paintColor(color)), 8), outline(theme::colorEdge, theme::colorEdgeWidth)),
             column(gap(2), Across::Leading,
                 label(title, theme::headline()),
                 label(color.hex6(), theme::caption(), theme::textSecond))),

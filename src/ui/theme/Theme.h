@@ -77,6 +77,9 @@ inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
 /// A thumb on `surfaceHigh`.
 inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
+/// Around a picked colour, which may be equal to its ground.
+inline constexpr Color colorEdge = Color{0x000000, 0xFFFFFF}.opacity(0.2);
+inline constexpr double colorEdgeWidth = 0.5;
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x50505A, 0xC2C2CC};
 inline constexpr Color textThird /*  */ {0x686872, 0xA0A0AB};

@@ -20,8 +20,10 @@ constexpr double focusRingWidth = 2;
 constexpr double checkerCell = 4;
 constexpr QColor darkCheck(191, 191, 191);
 
-void stroke(QPainter& painter, const QRectF& rect, double radius, const QPen& pen)
+/// A line is at least one physical pixel wide, because a thinner one is almost invisible.
+void stroke(QPainter& painter, const QRectF& rect, double radius, QPen pen)
 {
+    pen.setWidthF(std::max(pen.widthF(), 1 / devicePixelRatioOf(painter)));
     const double half = pen.widthF() / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

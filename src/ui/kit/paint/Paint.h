@@ -25,7 +25,7 @@ namespace tintwick {
 void scaleAboutMiddle(QPainter& painter, const QRectF& rect, double scale);
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
-/// A line that lies completely inside the shape.
+/// A line that lies completely inside the shape. It is at least one physical pixel wide.
 void strokeInside(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width);
 /// The same, dashed: `on` and `off` in points.
 void strokeInsideDashed(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
