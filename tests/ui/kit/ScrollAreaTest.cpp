@@ -1,9 +1,11 @@
 #include "ScrollArea.h"
+#include "Appearance.h"
 #include "Button.h"
 #include "Stack.h"
 #include "TextField.h"
 
 #include <QApplication>
+#include <QPointingDevice>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -12,28 +14,43 @@ using namespace tintwick;
 
 namespace {
 
-QWheelEvent wheel(const QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held = {})
+QWheelEvent wheel(const QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held = {},
+                  const QPointingDevice& device = *QPointingDevice::primaryPointingDevice())
 {
-    return {
-        QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, eighths, Qt::NoButton, held, Qt::NoScrollPhase,
-        false};
+    return {QPointF(5, 5),
+            widget.mapToGlobal(QPointF(5, 5)),
+            {},
+            eighths,
+            Qt::NoButton,
+            held,
+            Qt::NoScrollPhase,
+            false,
+            Qt::MouseEventNotSynthesized,
+            &device};
 }
 
 /// Sends a wheel event to a widget and returns whether the widget accepted it.
-bool turn(QWidget& widget, const QPoint& eighths)
+bool turn(QWidget& widget, const QPoint& eighths, quint64 milliseconds = 0)
 {
     QWheelEvent event = wheel(widget, eighths);
+    event.setTimestamp(milliseconds);
     event.ignore();
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
 }
 
 /// Sends a wheel event that propagates to the parent when the widget ignores it.
-void turnByHand(QWidget& widget, const QPoint& eighths, Qt::KeyboardModifiers held)
+void turnByHand(QWidget& widget, QWheelEvent event, quint64 milliseconds = 0)
 {
-    QWheelEvent event = wheel(widget, eighths, held);
+    event.setTimestamp(milliseconds);
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(&widget, &event);
+}
+
+void drag(QWidget& widget, QEvent::Type type, const QPoint& place)
+{
+    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
 }
 
 QWidget* box(int width, int height)
@@ -56,8 +73,12 @@ private Q_SLOTS:
     void aColumnScrollsVertically();
     void smallWheelStepsAddUp();
     void contentThatGrowsCanBeReached();
-    void aPageConsumesTheWheelBeforeARowInIt_data();
-    void aPageConsumesTheWheelBeforeARowInIt();
+    void aWheelOverARowInAPage_data();
+    void aWheelOverARowInAPage();
+    void aTouchpadScrollsThePageBelowARow();
+    void aTurnEndsWhereItBegan();
+    void aDragBetweenTheChildrenScrollsARow();
+    void aRowFadesOutWhereItGoesOn();
     void aFocusedWidgetScrollsIntoView_data();
     void aFocusedWidgetScrollsIntoView();
     void reactivatingAWindowKeepsItsScrollPosition();
@@ -74,8 +95,10 @@ void ScrollAreaTest::aRowConsumesTheWheelUntilItsEnd()
     QCOMPARE(area->horizontalScrollBar()->value(), 30);
     QVERIFY(turn(*area->viewport(), {-120, 0}));
     QCOMPARE(area->horizontalScrollBar()->value(), 60);
-    QVERIFY(!turn(*area->viewport(), {0, -120}));
-    QVERIFY(turn(*area->viewport(), {0, 120}));
+    // The end of the turn that has scrolled the row, then a new turn.
+    QVERIFY(turn(*area->viewport(), {0, -120}, 400));
+    QVERIFY(!turn(*area->viewport(), {0, -120}, 801));
+    QVERIFY(turn(*area->viewport(), {0, 120}, 802));
     QCOMPARE(area->horizontalScrollBar()->value(), 0);
 }
 
@@ -136,23 +159,21 @@ void ScrollAreaTest::contentThatGrowsCanBeReached()
     QTRY_COMPARE(area->verticalScrollBar()->maximum(), 80);
 }
 
-void ScrollAreaTest::aPageConsumesTheWheelBeforeARowInIt_data()
+void ScrollAreaTest::aWheelOverARowInAPage_data()
 {
     QTest::addColumn<int>("pageHeight");
     QTest::addColumn<QPoint>("eighths");
     QTest::addColumn<Qt::KeyboardModifiers>("held");
-    QTest::addColumn<int>("page");
-    QTest::addColumn<int>("row");
     const Qt::KeyboardModifiers nothing;
     const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
-    QTest::newRow("down, over a long page") << 500 << QPoint(0, -60) << nothing << 30 << 0;
-    QTest::newRow("down with Shift") << 500 << QPoint(0, -60) << shift << 0 << 30;
-    QTest::newRow("to the side") << 500 << QPoint(-60, 0) << nothing << 0 << 30;
-    QTest::newRow("to the side with Shift") << 500 << QPoint(-60, 0) << shift << 0 << 30;
-    QTest::newRow("down, over a page with nothing to scroll") << 10 << QPoint(0, -60) << nothing << 0 << 30;
+    QTest::newRow("down, over a long page") << 500 << QPoint(0, -60) << nothing;
+    QTest::newRow("down with Shift") << 500 << QPoint(0, -60) << shift;
+    QTest::newRow("to the side") << 500 << QPoint(-60, 0) << nothing;
+    QTest::newRow("to the side with Shift") << 500 << QPoint(-60, 0) << shift;
+    QTest::newRow("down, over a page with nothing to scroll") << 10 << QPoint(0, -60) << nothing;
 }
 
-void ScrollAreaTest::aPageConsumesTheWheelBeforeARowInIt()
+void ScrollAreaTest::aWheelOverARowInAPage()
 {
     QFETCH(const int, pageHeight);
     QFETCH(const QPoint, eighths);
@@ -161,9 +182,107 @@ void ScrollAreaTest::aPageConsumesTheWheelBeforeARowInIt()
     const std::unique_ptr<ScrollArea> page(verticalScroll(column(inner, box(50, pageHeight))));
     page->resize(200, 200);
     page->show();
-    turnByHand(*inner->viewport(), eighths, held);
-    QTEST(page->verticalScrollBar()->value(), "page");
-    QTEST(inner->horizontalScrollBar()->value(), "row");
+    turnByHand(*inner->viewport(), wheel(*inner, eighths, held));
+    QCOMPARE(page->verticalScrollBar()->value(), 0);
+    QCOMPARE(inner->horizontalScrollBar()->value(), 30);
+}
+
+void ScrollAreaTest::aTouchpadScrollsThePageBelowARow()
+{
+    const QPointingDevice touchpad(QStringLiteral("pad"), 1, QInputDevice::DeviceType::TouchPad,
+                                   QPointingDevice::PointerType::Finger, QInputDevice::Capability::Scroll, 2,
+                                   0);
+    auto* inner = horizontalScroll(row(box(900, 40)));
+    const std::unique_ptr<ScrollArea> page(verticalScroll(column(inner, box(50, 500))));
+    page->resize(200, 200);
+    page->show();
+    turnByHand(*inner->viewport(), wheel(*inner, {0, -60}, {}, touchpad));
+    QCOMPARE(page->verticalScrollBar()->value(), 30);
+    QCOMPARE(inner->horizontalScrollBar()->value(), 0);
+    turnByHand(*inner->viewport(), wheel(*inner, {-60, 0}, {}, touchpad), 1000);
+    QCOMPARE(page->verticalScrollBar()->value(), 30);
+    QCOMPARE(inner->horizontalScrollBar()->value(), 30);
+}
+
+// A page that is scrolled moves a row below the pointer, and a row that is at its end lies on a page.
+void ScrollAreaTest::aTurnEndsWhereItBegan()
+{
+    auto* inner = horizontalScroll(row(box(240, 40)));
+    const std::unique_ptr<ScrollArea> page(verticalScroll(column(inner, box(50, 500))));
+    page->resize(200, 200);
+    page->show();
+    const auto turnOver = [](ScrollArea& area, quint64 milliseconds) {
+        turnByHand(*area.viewport(), wheel(area, {0, -60}), milliseconds);
+    };
+    const auto values = [&] {
+        return QPoint(inner->horizontalScrollBar()->value(), page->verticalScrollBar()->value());
+    };
+    turnOver(*page, 1000);
+    turnOver(*inner, 1300);
+    turnOver(*inner, 1600);
+    QCOMPARE(values(), QPoint(0, 90));
+    turnOver(*inner, 2001);
+    turnOver(*inner, 2200);
+    QCOMPARE(values(), QPoint(40, 90));
+    turnOver(*inner, 2400);
+    turnOver(*inner, 2800);
+    QCOMPARE(values(), QPoint(40, 90));
+    turnOver(*inner, 3201);
+    QCOMPARE(values(), QPoint(40, 120));
+}
+
+void ScrollAreaTest::aDragBetweenTheChildrenScrollsARow()
+{
+    const std::unique_ptr<ScrollArea> area(horizontalScroll(row(gap(10), box(100, 40), box(300, 40))));
+    area->resize(150, 40);
+    area->show();
+    QWidget& content = *area->widget();
+    drag(content, QEvent::MouseButtonPress, {105, 20});
+    drag(content, QEvent::MouseMove, {65, 20});
+    QCOMPARE(area->horizontalScrollBar()->value(), 40);
+    // The content has moved below the pointer.
+    drag(content, QEvent::MouseMove, {125, 20});
+    QCOMPARE(area->horizontalScrollBar()->value(), 20);
+    drag(content, QEvent::MouseButtonRelease, {105, 20});
+}
+
+void ScrollAreaTest::aRowFadesOutWhereItGoesOn()
+{
+    auto* content = row(gap(0), row(fixedSize(400, 40), ground(theme::black)));
+    const std::unique_ptr<ScrollArea> area(horizontalScroll(content));
+    const Appearance appearance(*area, Scheme::Light);
+    area->resize(200, 40);
+    area->show();
+    const auto greys = [&area](std::initializer_list<int> places) {
+        const QImage picture = area->grab().toImage();
+        QList<int> result;
+        for (const int x : places) {
+            result.append(qGray(picture.pixel(x, 20)));
+        }
+        return result;
+    };
+    const auto isSmooth = [&](int from, int to) {
+        int before = greys({from}).first();
+        for (int x = from; x != to; x += from < to ? 1 : -1) {
+            const int now = greys({x}).first();
+            if (now < before || now - before > 20) {
+                return false;
+            }
+            before = now;
+        }
+        return before > 235;
+    };
+    QCOMPARE(area->horizontalScrollBar()->maximum(), 200);
+    QCOMPARE(greys({0, 20, 100}), (QList<int>{0, 0, 0}));
+    QVERIFY(isSmooth(150, 200));
+
+    area->horizontalScrollBar()->setValue(100);
+    QVERIFY(isSmooth(50, -1));
+    QVERIFY(isSmooth(150, 200));
+
+    area->horizontalScrollBar()->setValue(200);
+    QVERIFY(isSmooth(50, -1));
+    QCOMPARE(greys({100, 180, 199}), (QList<int>{0, 0, 0}));
 }
 
 void ScrollAreaTest::aFocusedWidgetScrollsIntoView_data()

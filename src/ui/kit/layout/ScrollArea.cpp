@@ -1,7 +1,13 @@
 #include "ScrollArea.h"
 
+#include "Appearance.h"
+#include "Theme.h"
+
 #include <QApplication>
 #include <QEvent>
+#include <QInputDevice>
+#include <QLinearGradient>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -16,15 +22,52 @@ namespace {
 /// Wheel events count eighths of a degree. One notch is 120 of them and scrolls 60 points.
 constexpr double pointsPerEighth = 0.5;
 
-/// Room for shadows at the left and right of a row. The shadow of a child fades out while the child is scrolled out of view
-/// by the first `shadowFade` points.
+/// Wheel events with at most this many milliseconds between them are one turn.
+constexpr quint64 longestPause = 400;
+
+/// Room for shadows at the left and right of a row.
 constexpr QMargins shadowRoom(16, 0, 16, 0);
-constexpr double shadowFade = 8;
+/// The points on which a row fades out, and the hidden points at which it fades out completely.
+constexpr double fadeLength = 28;
+constexpr double fullFade = 8;
 
 /// Points that are scrolled into view around the focused widget.
 constexpr int seenBesideFocus = 32;
 
 } // namespace
+
+/// Fades the ends of a row into the ground.
+class ScrollArea::EndFade final : public QWidget
+{
+public:
+    explicit EndFade(ScrollArea& area)
+        : QWidget(&area)
+        , m_area(area)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        paintEnd(painter, 0, fadeLength, m_area.fading(End::Left));
+        paintEnd(painter, width(), width() - fadeLength, m_area.fading(End::Right));
+    }
+
+private:
+    void paintEnd(QPainter& painter, double edge, double inner, double strength) const
+    {
+        const theme::Color ground = theme::bg;
+        const Scheme scheme = Appearance::of(this);
+        QLinearGradient gradient(edge, 0, inner, 0);
+        gradient.setColorAt(0, ground.opacity(strength).in(scheme));
+        gradient.setColorAt(1, ground.opacity(0).in(scheme));
+        painter.fillRect(QRectF(std::min(edge, inner), 0, fadeLength, height()), gradient);
+    }
+
+    ScrollArea& m_area;
+};
 
 ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargins& overhang)
     : m_direction(direction)
@@ -42,8 +85,15 @@ ScrollArea::ScrollArea(Qt::Orientation direction, QWidget* content, const QMargi
     fitContent();
     setSizePolicy(QSizePolicy::Expanding,
                   direction == Qt::Vertical ? QSizePolicy::Expanding : QSizePolicy::Fixed);
-    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
-            [this] { updateShadow(*this, shadowRoom); });
+    if (direction == Qt::Horizontal) {
+        m_endFade = new EndFade(*this);
+        const auto updateEnds = [this] {
+            m_endFade->update();
+            updateShadow(*this, shadowRoom);
+        };
+        connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, updateEnds);
+        connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, updateEnds);
+    }
     connect(qApp, &QApplication::focusChanged, this, &ScrollArea::follow);
 }
 
@@ -72,6 +122,25 @@ bool ScrollArea::eventFilter(QObject* watched, QEvent* event)
     return QScrollArea::eventFilter(watched, event);
 }
 
+void ScrollArea::mousePressEvent(QMouseEvent* event)
+{
+    m_held = event->position().toPoint().x() + horizontalScrollBar()->value();
+    event->setAccepted(m_direction == Qt::Horizontal && event->button() == Qt::LeftButton);
+}
+
+void ScrollArea::mouseMoveEvent(QMouseEvent* event)
+{
+    horizontalScrollBar()->setValue(m_held - event->position().toPoint().x());
+}
+
+void ScrollArea::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    if (m_endFade != nullptr) {
+        m_endFade->setGeometry(rect());
+    }
+}
+
 void ScrollArea::wheelEvent(QWheelEvent* event)
 {
     QPoint turned = event->angleDelta();
@@ -81,7 +150,7 @@ void ScrollArea::wheelEvent(QWheelEvent* event)
     const bool vertical = m_direction == Qt::Vertical;
     QScrollBar* bar = vertical ? verticalScrollBar() : horizontalScrollBar();
     int eighths = vertical ? turned.y() : turned.x();
-    if (!vertical && eighths == 0 && !isInScrollingPage()) {
+    if (!vertical && eighths == 0 && !leavesToPage(*event)) {
         eighths = turned.y();
     }
     if (eighths == 0) {
@@ -93,7 +162,12 @@ void ScrollArea::wheelEvent(QWheelEvent* event)
     m_remainder -= points;
     const int before = bar->value();
     bar->setValue(before + points);
-    event->setAccepted(bar->value() != before || points == 0);
+    // A turn that has scrolled a row to its end does not go on with the page.
+    const bool isScrolled = bar->value() != before || points == 0;
+    event->setAccepted(isScrolled || isTurning(*event));
+    if (event->isAccepted()) {
+        m_turnedAt = event->timestamp();
+    }
 }
 
 void ScrollArea::paintShadow(QPainter& painter) const
@@ -101,25 +175,24 @@ void ScrollArea::paintShadow(QPainter& painter) const
     if (m_direction == Qt::Vertical) {
         return;
     }
+    const QRect around = rect().marginsAdded(shadowRoom);
     const double opacity = painter.opacity();
-    painter.setClipRegion(QRegion(rect().marginsAdded(shadowRoom)) - rect());
-    for (const QObject* object : widget()->children()) {
-        const auto* child = qobject_cast<const QWidget*>(object);
-        const auto* caster = dynamic_cast<const ShadowCaster*>(object);
-        if (child == nullptr || caster == nullptr || child->isHidden()) {
-            continue;
+    const auto paintOutside = [&](End end, const QRect& outside) {
+        painter.setOpacity(opacity * (1 - fading(end)));
+        painter.setClipRect(outside);
+        for (const QObject* object : widget()->children()) {
+            const auto* child = qobject_cast<const QWidget*>(object);
+            const auto* caster = dynamic_cast<const ShadowCaster*>(object);
+            if (child != nullptr && caster != nullptr && !child->isHidden()) {
+                painter.save();
+                painter.translate(child->mapTo(this, QPoint(0, 0)));
+                caster->paintShadow(painter);
+                painter.restore();
+            }
         }
-        const QRect widest = child->rect().marginsRemoved(overhangOf(*child));
-        const QRect place(child->mapTo(this, widest.topLeft()), widest.size());
-        const int cutOff = std::max({0, -place.left(), place.right() - rect().right()});
-        if (cutOff < shadowFade) {
-            painter.save();
-            painter.setOpacity(opacity * (1 - cutOff / shadowFade));
-            painter.translate(child->mapTo(this, QPoint(0, 0)));
-            caster->paintShadow(painter);
-            painter.restore();
-        }
-    }
+    };
+    paintOutside(End::Left, {around.topLeft(), QSize(shadowRoom.left(), around.height())});
+    paintOutside(End::Right, {QPoint(rect().right() + 1, around.top()), around.bottomRight()});
 }
 
 void ScrollArea::fitContent()
@@ -149,12 +222,26 @@ void ScrollArea::follow(const QWidget* before, QWidget* focused)
     }
 }
 
-bool ScrollArea::isInScrollingPage() const
+double ScrollArea::fading(End end) const
+{
+    const QScrollBar& bar = *horizontalScrollBar();
+    const int hidden = end == End::Left ? bar.value() : bar.maximum() - bar.value();
+    return std::min(1.0, hidden / fullFade);
+}
+
+bool ScrollArea::isTurning(const QWheelEvent& event) const
+{
+    return m_turnedAt && event.timestamp() - *m_turnedAt <= longestPause;
+}
+
+bool ScrollArea::leavesToPage(const QWheelEvent& event) const
 {
     for (const QWidget* around = parentWidget(); around != nullptr; around = around->parentWidget()) {
-        const auto* area = qobject_cast<const ScrollArea*>(around);
-        if (area != nullptr && area->m_direction == Qt::Vertical) {
-            return area->verticalScrollBar()->maximum() > 0;
+        const auto* page = qobject_cast<const ScrollArea*>(around);
+        if (page != nullptr && page->m_direction == Qt::Vertical) {
+            // Two fingers can move to the side, a wheel cannot.
+            const bool canTurnSideways = event.deviceType() == QInputDevice::DeviceType::TouchPad;
+            return page->verticalScrollBar()->maximum() > 0 && (canTurnSideways || page->isTurning(event));
         }
     }
     return false;
