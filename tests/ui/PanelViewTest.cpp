@@ -47,6 +47,7 @@ private Q_SLOTS:
     void longNameDoesNotMoveTheButtons();
     void altLeftGoesBack();
     void headerCrossFades();
+    void textLeavesRoomInsideItsControl();
     void titleOfADeletedCollectionIsPalette();
     void nameOfSeveralLinesBecomesATitleOfOne();
     void everyControlHasANameAndARole_data();
@@ -337,11 +338,12 @@ void PanelViewTest::longNameDoesNotMoveTheButtons()
     QCOMPARE(button(panel, QStringLiteral("Settings"))->mapTo(panel.view.get(), QPoint(0, 0)),
              QPoint(336, 10));
     const QAbstractButton* back = button(panel, QStringLiteral("Back from ") + name);
-    QCOMPARE(back->mapTo(panel.view.get(), QPoint(0, 0)).x(), 14);
     QCOMPARE(back->toolTip(), name);
+    // Its ring overhangs the text by 8.
+    const QRect text = tintwick::test::placeIn(*panel.view, *back).adjusted(8, 0, -8, 0);
     const auto* pill = panel.view->findChild<CopiedPill*>();
-    QVERIFY(back->mapTo(panel.view.get(), QPoint(back->width(), 0)).x() <=
-            pill->mapTo(panel.view.get(), QPoint(0, 0)).x() - 10);
+    QCOMPARE(text.left(), 14);
+    QVERIFY(text.right() < tintwick::test::placeIn(*panel.view, *pill).left() - 10);
 }
 
 void PanelViewTest::altLeftGoesBack()
@@ -372,6 +374,30 @@ void PanelViewTest::headerCrossFades()
     QVERIFY(between != after);
     QVERIFY(after != before);
     QVERIFY(!Ticker::shared().hasMotion());
+}
+
+void PanelViewTest::textLeavesRoomInsideItsControl()
+{
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.addColor(panel.capture(0x3B82F6).id, brand);
+    const auto check = [&panel] {
+        panel.settle();
+        for (const auto* control : panel.view->findChildren<Clickable*>()) {
+            for (const auto* text : control->findChildren<Label*>()) {
+                if (text->isVisible()) {
+                    const QRect place(text->mapTo(control, QPoint(0, 0)), text->size());
+                    QVERIFY2(control->rect().adjusted(4, 3, -4, -3).contains(place),
+                             qPrintable(text->text()));
+                }
+            }
+        }
+    };
+    check();
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    check();
+    panel.view->setSelectedCollectionId(brand);
+    check();
 }
 
 void PanelViewTest::titleOfADeletedCollectionIsPalette()

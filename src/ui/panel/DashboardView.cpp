@@ -81,7 +81,7 @@ QWidget* DashboardView::recentHeader()
 {
     const QString title = tr("Recent History");
     const QString seeAll = tr("See all");
-    m_seeAll = plainButton(
+    m_seeAll = plainTextButton(
         QStringLiteral("%1, %2").arg(title, seeAll), [this] { Q_EMIT historySelected(); },
         row(gap(4), label(title, theme::font(15, QFont::DemiBold), theme::textSecond), spacer(),
             label(seeAll, theme::font(12), theme::accentText),
@@ -126,7 +126,8 @@ QWidget* DashboardView::addPaletteRow()
     const QString title = tr("New Palette");
     return plainButton(
         title, [this] { openNewPaletteOverlay(); },
-        row(gap(14), padding(12), ground(theme::surface, 14), dashedOutline(theme::textThird, 1.2, 5),
+        row(gap(14), padding(12), ground(theme::surface, 14),
+            dashedOutline(theme::textThird.opacity(0.6), 1.2, 5),
             row(fixedSize(44, 44), centered(), ground(theme::surfaceHigh, 10),
                 symbol(u"add"_s, 18, SymbolWeight::Medium, theme::textThird)),
             label(title, theme::font(14, QFont::Medium), theme::textThird), spacer()),

@@ -94,7 +94,7 @@ Stack* PanelView::panelHeader()
 QWidget* PanelView::backButton()
 {
     m_backTitle = label({}, theme::font(14, QFont::DemiBold));
-    m_back = plainButton(
+    m_back = plainTextButton(
         {}, [this] { setSelectedCollectionId({}); },
         row(gap(4), symbol(u"chevron-left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
     return m_back;

@@ -73,9 +73,9 @@ QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
             label(tr("Made by the Tintwick developers"), theme::font(13), theme::textSecond), spacer());
     if (projectPage) {
         const QString title = tr("Read Me");
-        credit->add(plainButton(
+        credit->add(plainTextButton(
             title, [page = *projectPage] { QDesktopServices::openUrl(page); },
-            row(padding(4), label(title, theme::font(13, QFont::Medium), theme::accentText))));
+            label(title, theme::font(13, QFont::Medium), theme::accentText)));
     }
     return settingsSection(
         tr("About"), settingsRows({settingsRow(tr("Version"), label(QCoreApplication::applicationVersion(),

@@ -7,6 +7,7 @@
 #include "Theme.h"
 
 #include <QFontMetrics>
+#include <QLayout>
 #include <QPainter>
 
 #include <cmath>
@@ -18,17 +19,21 @@ namespace {
 constexpr double textButtonRadius = 8;
 constexpr int horizontalPadding = 14;
 constexpr int verticalPadding = 6;
+/// From plain text to its tint and focus ring.
+constexpr QMargins textOverhang(8, 4, 8, 4);
 constexpr double disabledOpacity = 0.4;
 constexpr int squareSide = 30;
 constexpr double squareRadius = 8;
 
 } // namespace
 
-PlainButton::PlainButton(const QString& name, QWidget* content, double cornerRadius)
+PlainButton::PlainButton(const QString& name, QWidget* content, double cornerRadius, const QMargins& overhang)
     : Clickable(name)
     , m_cornerRadius(cornerRadius)
+    , m_overhang(overhang)
 {
     setContent(content);
+    layout()->setContentsMargins(overhang);
 }
 
 TextButton::TextButton(const QString& title, Style style)
@@ -74,6 +79,13 @@ PlainButton* plainButton(const QString& name, std::function<void()> action, QWid
                          double cornerRadius)
 {
     auto* button = new PlainButton(name, content, cornerRadius);
+    button->onClick(std::move(action));
+    return button;
+}
+
+PlainButton* plainTextButton(const QString& name, std::function<void()> action, QWidget* content)
+{
+    auto* button = new PlainButton(name, content, textButtonRadius, textOverhang);
     button->onClick(std::move(action));
     return button;
 }

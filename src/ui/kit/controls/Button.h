@@ -1,24 +1,28 @@
 #pragma once
 
 #include "Clickable.h"
+#include "Overhang.h"
 
 namespace tintwick {
 
 class SymbolView;
 
-/// A button that looks like its content.
-class PlainButton final : public Clickable
+/// A button that looks like its content. Tint and focus ring may overhang the content.
+class PlainButton final : public Clickable, public Overhanging
 {
     Q_OBJECT
 
 public:
-    PlainButton(const QString& name, QWidget* content, double cornerRadius);
+    PlainButton(const QString& name, QWidget* content, double cornerRadius, const QMargins& overhang = {});
+
+    [[nodiscard]] QMargins overhang() const override { return m_overhang; }
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return m_cornerRadius; }
 
 private:
     double m_cornerRadius;
+    QMargins m_overhang;
 };
 
 /// A button with a title, as at the bottom of an overlay.
@@ -45,6 +49,9 @@ private:
 /// A plain button around `content`. `name` is for screen readers; `cornerRadius` is that of tint and focus ring.
 [[nodiscard]] PlainButton* plainButton(const QString& name, std::function<void()> action, QWidget* content,
                                        double cornerRadius = 6);
+/// A plain button around text without a ground. Tint and focus ring leave a margin around the text.
+[[nodiscard]] PlainButton* plainTextButton(const QString& name, std::function<void()> action,
+                                           QWidget* content);
 /// A plain button with a symbol on a small square, as at the top of a screen. Its tool tip is its name.
 [[nodiscard]] PlainButton* squareButton(const QString& name, std::function<void()> action,
                                         SymbolView* symbol);
