@@ -46,7 +46,8 @@ private Q_SLOTS:
     void pillIsHiddenInTheSettings();
     void longNameDoesNotMoveTheButtons();
     void altLeftGoesBack();
-    void headerCrossFades();
+    void headerAndScreenFadeTogether_data();
+    void headerAndScreenFadeTogether();
     void textLeavesRoomInsideItsControl();
     void titleOfADeletedCollectionIsPalette();
     void nameOfSeveralLinesBecomesATitleOfOne();
@@ -357,22 +358,53 @@ void PanelViewTest::altLeftGoesBack()
     QVERIFY(panel.dashboard().isVisible());
 }
 
-void PanelViewTest::headerCrossFades()
+void PanelViewTest::headerAndScreenFadeTogether_data()
 {
-    const PanelFixture panel;
-    const auto header = [&panel] { return panel.view->grab(QRect(0, 0, 380, 50)).toImage(); };
+    QTest::addColumn<bool>("opens");
+    QTest::newRow("into the settings") << true;
+    QTest::newRow("out of the settings") << false;
+}
+
+void PanelViewTest::headerAndScreenFadeTogether()
+{
+    QFETCH(const bool, opens);
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.letFeedbackEnd();
+    panel.view->setShowingSettings(!opens);
     panel.settle();
-    const QImage before = header();
-    panel.view->setShowingSettings(true);
+    const auto part = [&panel](int top, int bottom) {
+        return panel.view->grab(QRect(0, top, 380, bottom - top)).toImage();
+    };
+    const auto header = [&] { return part(0, 50); };
+    const auto screen = [&] { return part(51, 580); };
+    const auto isEmpty = [](const QImage& picture) {
+        // Without the rounded corners.
+        const QImage inside = picture.copy(picture.rect().adjusted(24, 0, -24, 0));
+        QImage ground = inside;
+        ground.fill(light);
+        return inside == ground;
+    };
+    const QImage headerBefore = header();
+    const QImage screenBefore = screen();
+    panel.view->setShowingSettings(opens);
     QApplication::processEvents();
-    QCOMPARE(header(), before);
+    QCOMPARE(header(), headerBefore);
+    QCOMPARE(screen(), screenBefore);
+    // In the middle nothing is seen, so neither title through the other.
     Ticker::shared().advance(0.09);
-    const QImage between = header();
+    QVERIFY(isEmpty(header()));
+    QVERIFY(isEmpty(screen()));
+    Ticker::shared().advance(0.05);
+    const QImage headerOnTheWay = header();
+    const QImage screenOnTheWay = screen();
     panel.settle();
-    const QImage after = header();
-    QVERIFY(between != before);
-    QVERIFY(between != after);
-    QVERIFY(after != before);
+    QVERIFY(header() != headerBefore);
+    QVERIFY(screen() != screenBefore);
+    QVERIFY(headerOnTheWay != header());
+    // The settings of this panel are an empty screen.
+    QCOMPARE(isEmpty(screen()), opens);
+    QCOMPARE(screenOnTheWay != screen(), !opens);
     QVERIFY(!Ticker::shared().hasMotion());
 }
 

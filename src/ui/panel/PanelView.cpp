@@ -5,8 +5,8 @@
 #include "Clickable.h"
 #include "CollectionDetailView.h"
 #include "CopiedPill.h"
-#include "CrossFade.h"
 #include "DashboardView.h"
+#include "FadeThrough.h"
 #include "HistoryDetailView.h"
 #include "InOneLine.h"
 #include "Label.h"
@@ -234,15 +234,20 @@ void PanelView::showSelection()
     const ScreenChoice before = m_shownScreen;
     const ScreenChoice now = chosenScreen();
 
-    if ((before.kind == ScreenKind::Settings) != (now.kind == ScreenKind::Settings)) {
-        crossFade(*m_header, [this] { showHeader(); });
-    } else {
+    const auto change = [&] {
         showHeader();
+        if (before != now) {
+            showScreen(now);
+        }
+    };
+    if ((before.kind == ScreenKind::Settings) != (now.kind == ScreenKind::Settings)) {
+        fadeThrough(*this, {m_header, m_screens}, change);
+    } else {
+        change();
     }
     if (before == now) {
         return;
     }
-    showScreen(now);
 
     if (now.kind > before.kind) {
         m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
