@@ -137,18 +137,14 @@ void Application::togglePanel()
     if (m_panel && m_panel->isVisible()) {
         hidePanel();
     } else {
-        showPanel({m_trayIcon.frame(), true}, PanelHost::Focus::Keep);
+        showPanel({m_trayIcon.frame(), true});
     }
 }
 
-void Application::showPanel(const PanelAnchor& anchor, PanelHost::Focus focus)
+void Application::showPanel(const PanelAnchor& anchor)
 {
     setupPanel();
-    if (m_panel->isVisible()) {
-        m_panel->activateWindow();
-    } else {
-        m_platform->panelHost().show(*m_panel, anchor, focus);
-    }
+    m_platform->panelHost().show(*m_panel, anchor);
 }
 
 void Application::hidePanel()
@@ -196,7 +192,7 @@ void Application::shortcutReleased(ShortcutAction action)
         pick();
         break;
     case ShortcutAction::OpenMainWindow:
-        showPanel({m_trayIcon.frame()}, PanelHost::Focus::Take);
+        showPanel({m_trayIcon.frame()});
         break;
     }
 }

@@ -51,8 +51,7 @@ private:
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
 
     void togglePanel();
-    /// Gives a visible panel the keyboard.
-    void showPanel(const PanelAnchor& anchor, PanelHost::Focus focus);
+    void showPanel(const PanelAnchor& anchor);
     void hidePanel();
     void openSettingsWindow();
 

@@ -25,7 +25,8 @@ Panel::Panel(QWidget* content)
 {
     setWindowTitle(QStringLiteral("Tintwick"));
     setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
+    // Some window managers do not activate a window that asks for it.
+    setAttribute(Qt::WA_AlwaysShowToolTips);
     content->setParent(this);
     setFixedSize(sizeHint());
     // The first show is faster when the window exists already.

@@ -47,20 +47,14 @@ class PanelHost : public QObject
     Q_OBJECT
 
 public:
-    enum class Focus {
-        /// The active window keeps the keyboard focus until the user clicks the panel.
-        Keep,
-        /// The panel takes the keyboard focus.
-        Take,
-    };
-
     /// Shows a hidden panel beside its anchor, or at the top right of the primary monitor without one, above all
-    /// windows and on every workspace. Reduces its height where the monitor has less room. Does nothing when the click
-    /// on the icon is the one that has just dismissed the panel. The host follows the widget when it is hidden or
-    /// destroyed.
-    virtual void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) = 0;
+    /// windows and on every workspace, and gives it the keyboard focus. Reduces its height where the monitor has less
+    /// room. A visible panel only gets the focus. Does nothing when the click on the icon is the one that has just
+    /// dismissed the panel. The host follows the widget when it is hidden or destroyed: the window that had the focus
+    /// gets it back.
+    virtual void show(PanelWindow& panel, const PanelAnchor& anchor) = 0;
 
-    /// Shows a hidden panel at its last position, without taking the keyboard focus.
+    /// Shows a hidden panel at its last position and gives it the keyboard focus.
     virtual void showAgain(PanelWindow& panel) = 0;
 
     /// The name that desktop portals use for a window of ours ("x11:1a0"); empty where windows have none.

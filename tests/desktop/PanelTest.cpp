@@ -21,9 +21,19 @@ const QString colorId = u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s;
 
 // In pixels from the top left corner of the panel.
 constexpr QPoint header(190, 25);
+constexpr QPoint settingsButton(350, 25);
 constexpr QPoint pickButton(190, 92);
 constexpr QPoint firstSwatch(47, 200);
 constexpr QPoint card(190, 355);
+
+/// Alt+Shift+O opens the panel.
+void keepOpeningShortcut(const PrivateDesktop& desktop)
+{
+    // Not a raw string: moc finds no class after one with such quotes.
+    keepPreferences(
+        desktop,
+        "KeyboardShortcuts_openMainWindow=\"{\\\"carbonKeyCode\\\":31,\\\"carbonModifiers\\\":2560}\"\n");
+}
 
 void keepOneColor(const PrivateDesktop& desktop, bool withCollection)
 {
@@ -62,8 +72,11 @@ private Q_SLOTS:
     void withoutACompositorItsCornersAreCutOff();
     void withACompositorItHasOneShadow_data();
     void withACompositorItHasOneShadow();
-    void appearingTakesNoFocusAndTypingWorks();
-    void escapeHidesIt();
+    void openingTakesTheKeyboardAndClosingGivesItBack_data();
+    void openingTakesTheKeyboardAndClosingGivesItBack();
+    void aWindowThatIsClickedKeepsTheKeyboard();
+    void aSheetThatWasLeftOpenComesBackWithItsFieldFocused();
+    void aToolTipAppearsAfterOpeningFromTheTray();
     void aColorIsDraggedOntoACollection();
     void aPickFromThePanelHidesItFirst();
     void aPickByTheShortcutDoesNotHideIt();
@@ -274,43 +287,154 @@ void PanelTest::withACompositorItHasOneShadow()
     }
 }
 
-void PanelTest::appearingTakesNoFocusAndTypingWorks()
+void PanelTest::openingTakesTheKeyboardAndClosingGivesItBack_data()
+{
+    QTest::addColumn<bool>("windowManager");
+    QTest::addColumn<bool>("byShortcut");
+    QTest::newRow("by the icon") << true << false;
+    QTest::newRow("by the icon, without a window manager") << false << false;
+    QTest::newRow("by the shortcut") << true << true;
+}
+
+void PanelTest::openingTakesTheKeyboardAndClosingGivesItBack()
+{
+    QFETCH(const bool, windowManager);
+    QFETCH(const bool, byShortcut);
+    PrivateDesktop desktop({.windowManager = windowManager});
+    keepOpeningShortcut(desktop);
+    DesktopConnection& connection = desktop.connection();
+    // The window manager would choose the second one, which was active before.
+    TestWindow second(connection,
+                      {.geometry = {300, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    TestWindow other(connection, {.geometry = {40, 300, 200, 200},
+                                  .management = TestWindow::Management::Managed,
+                                  .input = TestWindow::Input::Recorded});
+    second.show();
+    other.show();
+    other.focus();
+    QVERIFY(waitUntil([&] { return connection.focusedWindow() == other.id(); }));
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QPoint icon = program.trayIcon().center();
+    const auto open = [&] {
+        if (byShortcut) {
+            desktop.typeKey(XK_o, {XK_Alt_L, XK_Shift_L});
+        } else {
+            desktop.clickAt(icon);
+        }
+    };
+    const auto getFocus = [&] { return waitUntil([&] { return connection.focusedWindow() == other.id(); }); };
+    QVERIFY(!byShortcut || waitUntil([&] {
+        open();
+        return !program.panel().isEmpty();
+    }));
+    QVERIFY(byShortcut || (open(), true));
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    other.forgetEvents();
+    desktop.typeKey(XK_Tab);
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
+    QVERIFY(getFocus());
+    QVERIFY(other.events().empty());
+
+    // By a second click on the icon.
+    open();
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHide());
+    QVERIFY(getFocus());
+
+    // By a click on the desktop.
+    open();
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    desktop.clickAt({640, 780});
+    QVERIFY(program.waitForPanelToHide());
+    QVERIFY(getFocus());
+
+    // The pick button hides the panel. Afterwards the other window is active.
+    open();
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    desktop.clickAt(program.panel().topLeft() + pickButton);
+    QVERIFY(program.waitForLoupe());
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(getFocus());
+}
+
+void PanelTest::aWindowThatIsClickedKeepsTheKeyboard()
+{
+    PrivateDesktop desktop({});
+    DesktopConnection& connection = desktop.connection();
+    TestWindow before(connection,
+                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    TestWindow clicked(connection,
+                       {.geometry = {900, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    clicked.show();
+    before.show();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    for (int round = 0; round < 3; ++round) {
+        before.focus();
+        QVERIFY(waitUntil([&] { return connection.focusedWindow() == before.id(); }));
+        desktop.clickAt(program.trayIcon().center());
+        QVERIFY(program.waitForPanel());
+        QVERIFY(program.waitForPanelToHaveFocus());
+        desktop.clickAt(connection.geometry(clicked.id()).center());
+        QVERIFY(program.waitForPanelToHide());
+        QVERIFY(waitUntil([&] { return connection.focusedWindow() == clicked.id(); }));
+        static_cast<void>(desktop.settledScreenshot());
+        QCOMPARE(connection.focusedWindow(), clicked.id());
+    }
+}
+
+void PanelTest::aSheetThatWasLeftOpenComesBackWithItsFieldFocused()
 {
     PrivateDesktop desktop({});
     TestWindow other(desktop.connection(),
                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
     other.show();
     other.focus();
-    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
-    desktop.clickAt(program.trayIcon().center());
+    const QPoint icon = program.trayIcon().center();
+    desktop.clickAt(icon);
     QVERIFY(program.waitForPanel());
-    QCOMPARE(desktop.connection().focusedWindow(), other.id());
-
+    QVERIFY(program.waitForPanelToHaveFocus());
     // "Create your first palette", when there is no history either.
+    const QRgb ground = desktop.pixel(program.panel().topLeft() + header);
     desktop.clickAt(program.panel().topLeft() + QPoint(190, 210));
-    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != other.id(); }));
+    // The sheet dims what it covers.
+    QVERIFY(waitUntil([&] { return desktop.pixel(program.panel().topLeft() + header) != ground; }));
     desktop.typeKey(XK_s);
     desktop.typeKey(XK_e);
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHide());
+    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); }));
+
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanel());
+    QVERIFY(program.waitForPanelToHaveFocus());
     desktop.typeKey(XK_a);
     desktop.typeKey(XK_Return);
     QVERIFY(waitUntil([&] { return collections(program).size() == 1; }));
     QCOMPARE(collections(program).first().toObject().value("name"_L1).toString(), u"sea"_s);
 }
 
-void PanelTest::escapeHidesIt()
+void PanelTest::aToolTipAppearsAfterOpeningFromTheTray()
 {
     PrivateDesktop desktop({});
     TintwickProcess program(desktop);
     QVERIFY(program.waitForTrayIcon());
     desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
-    const xcb_window_t before = desktop.connection().focusedWindow();
-    desktop.clickAt(program.panel().topLeft() + header);
-    QVERIFY(waitUntil([&] { return desktop.connection().focusedWindow() != before; }));
-    desktop.typeKey(XK_Escape);
-    QVERIFY(program.waitForPanelToHide());
+    const auto windows = [&] { return program.visibleWindows(); };
+    const std::size_t before = windows();
+    desktop.movePointer(program.panel().topLeft() + settingsButton);
+    QVERIFY(waitUntil([&] { return windows() == before + 1; }));
 }
 
 void PanelTest::aColorIsDraggedOntoACollection()
@@ -409,10 +533,7 @@ void PanelTest::aRestartedTrayGetsTheIconAgain()
 void PanelTest::withoutATrayTheShortcutOpensIt()
 {
     PrivateDesktop desktop({.tray = false});
-    // Alt+Shift+O.
-    keepPreferences(desktop,
-                    R"(KeyboardShortcuts_openMainWindow="{\"carbonKeyCode\":31,\"carbonModifiers\":2560}")"
-                    "\n");
+    keepOpeningShortcut(desktop);
     TestWindow other(desktop.connection(),
                      {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
     other.show();

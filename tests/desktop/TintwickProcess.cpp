@@ -104,15 +104,20 @@ bool TintwickProcess::isPanel(xcb_window_t window)
         .startsWith(QByteArray(reinterpret_cast<const char*>(&utility), sizeof(utility)));
 }
 
-QRect TintwickProcess::panel()
+xcb_window_t TintwickProcess::panelWindow()
 {
     DesktopConnection& connection = m_desktop.connection();
     for (const xcb_window_t window : connection.tree(connection.root())) {
         if (belongsToProgram(window) && isPanel(window) && connection.isViewable(window)) {
-            return connection.geometry(window);
+            return window;
         }
     }
-    return {};
+    return XCB_NONE;
+}
+
+QRect TintwickProcess::panel()
+{
+    return m_desktop.connection().geometry(panelWindow());
 }
 
 bool TintwickProcess::waitForPanel()
@@ -127,6 +132,14 @@ bool TintwickProcess::waitForPanel()
 bool TintwickProcess::waitForPanelToHide()
 {
     return waitUntil([this] { return panel().isEmpty(); });
+}
+
+bool TintwickProcess::waitForPanelToHaveFocus()
+{
+    return waitUntil([this] {
+        const xcb_window_t window = panelWindow();
+        return window != XCB_NONE && m_desktop.connection().focusedWindow() == window;
+    });
 }
 
 xcb_window_t TintwickProcess::menu()
@@ -144,6 +157,15 @@ xcb_window_t TintwickProcess::menu()
 QRect TintwickProcess::menuPlace()
 {
     return m_desktop.connection().geometry(menu());
+}
+
+std::size_t TintwickProcess::visibleWindows()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    const auto windows = connection.children(connection.root());
+    return static_cast<std::size_t>(std::count_if(windows.begin(), windows.end(), [&](xcb_window_t window) {
+        return belongsToProgram(window) && connection.isViewable(window);
+    }));
 }
 
 bool TintwickProcess::openMenu()

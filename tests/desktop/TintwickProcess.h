@@ -13,6 +13,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -52,10 +53,14 @@ public:
     [[nodiscard]] xcb_window_t settingsWindow();
     /// Chooses "Quit Tintwick" in the open menu.
     void chooseQuit();
+    /// The number of its visible windows that are children of the root: menus, tool tips, windows without a frame.
+    [[nodiscard]] std::size_t visibleWindows();
     /// The panel's rectangle on the screen; empty while it is hidden.
     [[nodiscard]] QRect panel();
     [[nodiscard]] bool waitForPanel();
     [[nodiscard]] bool waitForPanelToHide();
+    /// Waits until the panel has the keyboard focus.
+    [[nodiscard]] bool waitForPanelToHaveFocus();
     [[nodiscard]] bool waitForLoupe();
     /// Starts a pick from the tray icon and waits for the loupe.
     [[nodiscard]] bool startPicking(ChosenBy chosenBy = ChosenBy::Pointer);
@@ -88,6 +93,8 @@ private:
     [[nodiscard]] bool isSettingsWindow(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();
+    /// None while it is hidden.
+    [[nodiscard]] xcb_window_t panelWindow();
 
     PrivateDesktop& m_desktop;
     std::unique_ptr<RunningProgram> m_process;

@@ -13,7 +13,6 @@ public:
     bool blends = true;
     int timesShown = 0;
     PanelAnchor lastAnchor;
-    Focus lastFocus = Focus::Keep;
 
     /// A click outside our windows.
     void clickElsewhere()
@@ -23,15 +22,14 @@ public:
         }
     }
 
-    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override
+    void show(PanelWindow& panel, const PanelAnchor& anchor) override
     {
         ++timesShown;
         lastAnchor = anchor;
-        lastFocus = focus;
         panel.setBlended(blends);
         panel.widget().show();
     }
-    void showAgain(PanelWindow& panel) override { show(panel, lastAnchor, Focus::Keep); }
+    void showAgain(PanelWindow& panel) override { show(panel, lastAnchor); }
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
 
 private:

@@ -51,16 +51,17 @@ void NullGlobalShortcuts::bind(const QString& id, const QString&, const std::opt
     }
 }
 
-void NullPanelHost::show(PanelWindow& panel, const PanelAnchor&, Focus)
+void NullPanelHost::show(PanelWindow& panel, const PanelAnchor&)
 {
     panel.setBlended(true);
     panel.widget().resize(panel.widget().sizeHint());
-    panel.widget().show();
+    showAgain(panel);
 }
 
 void NullPanelHost::showAgain(PanelWindow& panel)
 {
     panel.widget().show();
+    panel.widget().activateWindow();
 }
 
 std::unique_ptr<Platform> NullPlatform::connect(QString& whyNot)

@@ -35,7 +35,7 @@ class NullPanelHost final : public PanelHost
     Q_OBJECT
 
 public:
-    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
+    void show(PanelWindow& panel, const PanelAnchor& anchor) override;
     void showAgain(PanelWindow& panel) override;
     void setDismissible(bool) override {}
 };

@@ -22,8 +22,6 @@ namespace tintwick {
 namespace {
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
-/// A _NET_WM_USER_TIME of 0: the window manager does not focus the window when it is mapped.
-constexpr std::uint32_t noUserTime = 0;
 
 /// The window itself, or the frame that a window manager has put it in; none when the window is gone.
 xcb_window_t childOfRoot(xcb_connection_t* c, xcb_window_t window, xcb_window_t root)
@@ -70,26 +68,31 @@ std::optional<QRect> anchorRect(const PanelAnchor& anchor)
 X11PanelHost::X11PanelHost(XcbConnection& connection)
     : m_connection(connection)
     , m_clickMonitor(connection)
+    , m_focus(connection)
 {
     connect(&m_clickMonitor, &X11ClickMonitor::pressed, this, &X11PanelHost::handlePress);
     connect(&m_clickMonitor, &X11ClickMonitor::clicked, this, &X11PanelHost::handleClick);
 }
 
-void X11PanelHost::show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus)
+void X11PanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
 {
+    if (panel.widget().isVisible()) {
+        m_focus.take(panel.widget());
+        return;
+    }
     if (isClickThatDismissed(anchor)) {
         return;
     }
     m_lastAnchor = anchorRect(anchor);
-    showAtLastAnchor(panel, focus);
+    showAtLastAnchor(panel);
 }
 
 void X11PanelHost::showAgain(PanelWindow& panel)
 {
-    showAtLastAnchor(panel, Focus::Keep);
+    showAtLastAnchor(panel);
 }
 
-void X11PanelHost::showAtLastAnchor(PanelWindow& panel, Focus focus)
+void X11PanelHost::showAtLastAnchor(PanelWindow& panel)
 {
     adopt(panel);
     QWidget& widget = *m_widget;
@@ -101,9 +104,7 @@ void X11PanelHost::showAtLastAnchor(PanelWindow& panel, Focus focus)
     m_clickMonitor.start();
     widget.show();
     widget.raise();
-    if (focus == Focus::Take) {
-        widget.activateWindow();
-    }
+    m_focus.take(widget);
 }
 
 void X11PanelHost::adopt(PanelWindow& panel)
@@ -132,8 +133,6 @@ void X11PanelHost::setWindowManagerHints(const QWidget& widget) const
                         static_cast<std::uint32_t>(states.size()), states.data());
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL,
                         32, 1, &allDesktops);
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, id, m_connection.atom("_NET_WM_USER_TIME"),
-                        XCB_ATOM_CARDINAL, 32, 1, &noUserTime);
 }
 
 // During a drag that started on one of our windows the pointer may be elsewhere.
@@ -147,8 +146,19 @@ void X11PanelHost::handleClick()
     if (m_pressDismisses) {
         m_sinceDismissal.start();
         m_dismissingClick = QCursor::pos();
+        if (!pointerIsOverBareRoot()) {
+            m_focus.forget();
+        }
         Q_EMIT dismissed();
     }
+}
+
+bool X11PanelHost::pointerIsOverBareRoot() const
+{
+    xcb_connection_t* c = m_connection.get();
+    const XcbReply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(c, xcb_query_pointer(c, m_connection.root()), nullptr));
+    return pointer && pointer->child == XCB_WINDOW_NONE;
 }
 
 // A tray that draws the icon itself and does not report its place may report a click on it after the click monitor did.
@@ -180,7 +190,7 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
         QMetaObject::invokeMethod(this, &X11PanelHost::showShadow, Qt::QueuedConnection);
     } else if (event->type() == QEvent::MouseButtonPress && !m_widget->isActiveWindow()) {
         // Some window managers do not focus a utility window on a click.
-        m_widget->activateWindow();
+        m_focus.take(*m_widget);
     }
     return PanelHost::eventFilter(watched, event);
 }
@@ -188,6 +198,9 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
 void X11PanelHost::handleHide()
 {
     m_clickMonitor.stop();
+    if (m_widget) {
+        m_focus.giveBack(*m_widget);
+    }
     if (m_shadow) {
         m_shadow->hide();
     }

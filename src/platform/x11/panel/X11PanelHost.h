@@ -2,6 +2,7 @@
 
 #include "PanelHost.h"
 #include "X11ClickMonitor.h"
+#include "X11PanelFocus.h"
 #include "X11PanelShadow.h"
 #include "XcbConnection.h"
 
@@ -24,7 +25,7 @@ class X11PanelHost final : public PanelHost
 public:
     explicit X11PanelHost(XcbConnection& connection);
 
-    void show(PanelWindow& panel, const PanelAnchor& anchor, Focus focus) override;
+    void show(PanelWindow& panel, const PanelAnchor& anchor) override;
     void showAgain(PanelWindow& panel) override;
     [[nodiscard]] QString portalHandle(const QWidget& window) const override;
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
@@ -34,10 +35,11 @@ protected:
 
 private:
     void adopt(PanelWindow& panel);
-    void showAtLastAnchor(PanelWindow& panel, Focus focus);
+    void showAtLastAnchor(PanelWindow& panel);
     void setWindowManagerHints(const QWidget& widget) const;
     void handlePress();
     void handleClick();
+    [[nodiscard]] bool pointerIsOverBareRoot() const;
     /// True at most once per dismissal.
     [[nodiscard]] bool isClickThatDismissed(const PanelAnchor& anchor);
     void handleHide();
@@ -45,6 +47,7 @@ private:
 
     XcbConnection& m_connection;
     X11ClickMonitor m_clickMonitor;
+    X11PanelFocus m_focus;
     std::optional<X11PanelShadow> m_shadow;
     PanelWindow* m_panel = nullptr;
     /// The widget of `m_panel`; null once that is destroyed.
