@@ -134,9 +134,9 @@ void save(benchmark::State& state)
     std::vector<double> bareWrites;
     for ([[maybe_unused]] auto _ : state) {
         const auto start = Clock::now();
-        storage.save(payload.history, payload.collections, payload.defaultFormat);
+        const int error = storage.save(payload);
         const auto saved = Clock::now();
-        if (!writeBare(folder.path(), text)) {
+        if (error != 0 || !writeBare(folder.path(), text)) {
             state.SkipWithError("The file cannot be saved");
             break;
         }

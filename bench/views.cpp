@@ -59,7 +59,7 @@ private:
         {
             qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
             const Payload payload = fullPayloadWithFullCollection();
-            DataFile().save(payload.history, payload.collections, payload.defaultFormat);
+            static_cast<void>(DataFile().save(payload));
         }
 
     private:

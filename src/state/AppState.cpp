@@ -3,6 +3,7 @@
 #include "ColorNames.h"
 #include "ListOrder.h"
 
+#include <QFileInfo>
 #include <QTimer>
 
 #include <algorithm>
@@ -42,10 +43,31 @@ AppState::AppState(RunLater runLater, QObject* parent)
     : QObject(parent)
     , m_runLater(std::move(runLater))
 {
-    if (auto payload = m_storage.load()) {
-        m_history = std::move(payload->history);
-        m_collections = std::move(payload->collections);
-        m_defaultFormat = payload->defaultFormat;
+    connect(&m_writer, &DataWriter::attempted, this, &AppState::takeAttempt);
+    load();
+}
+
+AppState::~AppState()
+{
+    flush();
+}
+
+void AppState::load()
+{
+    const DataReading reading = m_writer.read();
+    switch (reading.outcome) {
+    case DataReading::Outcome::Failed:
+        m_saveProblem = {DataProblem::Kind::CannotRead, reading.error};
+        break;
+    case DataReading::Outcome::Undecodable:
+        m_foundUnreadableFile = true;
+        break;
+    case DataReading::Outcome::Read:
+    case DataReading::Outcome::Missing:
+        m_history = reading.payload.history;
+        m_collections = reading.payload.collections;
+        m_defaultFormat = reading.payload.defaultFormat;
+        break;
     }
 }
 
@@ -187,9 +209,70 @@ void AppState::moveColors(const QUuid& inCollection, const QSet<qsizetype>& from
     save();
 }
 
-void AppState::save() const
+void AppState::save()
 {
-    m_storage.save(m_history, m_collections, m_defaultFormat);
+    m_writer.write({m_history, m_collections, m_defaultFormat});
+}
+
+void AppState::flush()
+{
+    m_writer.waitUntilIdle();
+    if (m_writer.problem().exists()) {
+        save();
+        m_writer.waitUntilIdle();
+    }
+    takeAttempt();
+    // The attempt may have found stored data, which is being saved together with ours now.
+    m_writer.waitUntilIdle();
+    takeAttempt();
+}
+
+void AppState::takeAttempt()
+{
+    if (const std::optional<Payload> stored = m_writer.takeStored()) {
+        addStored(*stored);
+    }
+    if (m_writer.hasMovedFileAside()) {
+        noteUnreadableFile();
+    }
+    setSaveProblem(m_writer.problem());
+}
+
+void AppState::addStored(const Payload& stored)
+{
+    const qsizetype limit = std::max(historyLimit, stored.history.size());
+    m_history = (m_history + stored.history).first(std::min(limit, m_history.size() + stored.history.size()));
+    m_collections = stored.collections + m_collections;
+    // A format other than that of an empty state was chosen in this run.
+    if (m_defaultFormat == Payload().defaultFormat) {
+        m_defaultFormat = stored.defaultFormat;
+    }
+    Q_EMIT historyChanged();
+    Q_EMIT collectionsChanged();
+    Q_EMIT defaultFormatChanged();
+    save();
+}
+
+void AppState::setSaveProblem(const DataProblem& problem)
+{
+    if (m_saveProblem == problem) {
+        return;
+    }
+    m_saveProblem = problem;
+    Q_EMIT saveProblemChanged();
+}
+
+void AppState::noteUnreadableFile()
+{
+    if (!m_foundUnreadableFile) {
+        m_foundUnreadableFile = true;
+        Q_EMIT unreadableFileFound();
+    }
+}
+
+QString AppState::dataFolder() const
+{
+    return QFileInfo(DataFile().fileURL().toLocalFile()).absolutePath();
 }
 
 ColorCollection* AppState::findCollection(const QUuid& id)

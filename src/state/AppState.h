@@ -4,7 +4,8 @@
 #include "Clipboard.h"
 #include "ColorCollection.h"
 #include "ColorFormat.h"
-#include "DataFile.h"
+#include "DataProblem.h"
+#include "DataWriter.h"
 
 #include <QList>
 #include <QObject>
@@ -18,8 +19,11 @@
 namespace tintwick {
 
 /// Owns what the user has made: the history, the collections and the default format; also the feedback on copies. The
-/// constructor reads the data file. Every change of what is stored is saved before the call returns. No operation reports
-/// an error: an unknown id changes nothing.
+/// constructor reads the data file. Every change of what is stored is saved soon after, by another thread; the destructor
+/// waits for it. An operation with an unknown id changes nothing.
+///
+/// When the data file could not be read at the start, it is read again before each save. What it holds then joins the
+/// state: colours and collections of both are kept.
 class AppState final : public QObject
 {
     Q_OBJECT
@@ -34,6 +38,7 @@ public:
     explicit AppState(QObject* parent = nullptr);
     /// Uses `runLater` instead of a timer.
     explicit AppState(RunLater runLater, QObject* parent = nullptr);
+    ~AppState() override;
 
     /// Newest first; at most `historyLimit` colours, unless the data file held more.
     [[nodiscard]] const QList<CapturedColor>& history() const { return m_history; }
@@ -75,16 +80,32 @@ public:
     /// Moves the members at the positions `from` before the one at `to`; all positions count before the move.
     void moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to);
 
+    /// Returns when the state is on the disk, or cannot be saved now. Tries a failed save again.
+    void flush();
+    /// Why the last save failed, or why none will succeed: one sentence for the user, empty if all is well.
+    [[nodiscard]] QString saveProblem() const { return m_saveProblem.sentence(); }
+    /// True when the data file could not be decoded. It is kept in `dataFolder()`, under another name after the first save.
+    [[nodiscard]] bool foundUnreadableFile() const { return m_foundUnreadableFile; }
+    [[nodiscard]] QString dataFolder() const;
+
 Q_SIGNALS:
     void historyChanged();
     void collectionsChanged();
     void defaultFormatChanged();
     void showCopiedFeedbackChanged();
     void lastCopiedStringChanged();
+    void saveProblemChanged();
+    void unreadableFileFound();
 
 private:
     [[nodiscard]] ColorCollection* findCollection(const QUuid& id);
-    void save() const;
+    void load();
+    void save();
+    /// Takes the results of the writer's last attempt.
+    void takeAttempt();
+    void addStored(const Payload& stored);
+    void setSaveProblem(const DataProblem& problem);
+    void noteUnreadableFile();
     void setShowCopiedFeedback(bool show);
 
     QList<CapturedColor> m_history;
@@ -93,7 +114,9 @@ private:
     bool m_showCopiedFeedback = false;
     QString m_lastCopiedString;
     RunLater m_runLater;
-    DataFile m_storage;
+    DataProblem m_saveProblem;
+    bool m_foundUnreadableFile = false;
+    DataWriter m_writer;
     Clipboard m_clipboard;
 };
 

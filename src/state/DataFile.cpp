@@ -1,29 +1,84 @@
 #include "DataFile.h"
 
 #include "DurableWrite.h"
+#include "FileDescriptor.h"
 #include "PayloadCoding.h"
+#include "PrivateFolder.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <csignal>
+#include <cstdio>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tintwick {
 
 namespace {
 
-/// Creates a folder and its missing parents, readable by the user only. Does not change an existing folder.
-void makePrivateFolder(const QString& path)
+using namespace Qt::StringLiterals;
+
+constexpr qsizetype asideLimit = 3;
+
+QString dataFolder()
 {
-    const QFileInfo folder(path);
-    if (folder.exists()) {
-        return;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Tintwick"_s;
+}
+
+QString dataPath()
+{
+    return dataFolder() + u"/data.json"_s;
+}
+
+/// Reads at most `limit` bytes from the start of a file. Returns 0 or an errno value.
+int readStart(const FileDescriptor& file, qsizetype limit, QByteArray& bytes)
+{
+    constexpr qsizetype step = qsizetype(256) * 1024;
+    qsizetype size = 0;
+    while (size < limit) {
+        bytes.resize(qMin(size + step, limit));
+        const ssize_t count =
+            ::read(file.get(), bytes.data() + size, static_cast<std::size_t>(bytes.size() - size));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return errno;
+        }
+        if (count == 0) {
+            break;
+        }
+        size += count;
     }
-    makePrivateFolder(folder.path());
-    ::mkdir(QFile::encodeName(path).constData(), S_IRWXU);
+    bytes.truncate(size);
+    return 0;
+}
+
+DataReading failed(int error)
+{
+    return {.outcome = DataReading::Outcome::Failed, .payload = {}, .error = error};
+}
+
+QString asidePath(const QDir& folder, const QDateTime& time)
+{
+    return folder.filePath(u"data.unreadable-%1.json"_s.arg(time.toString(u"yyyy-MM-dd'T'HH-mm-ss"_s)));
+}
+
+void removeOldAsideFiles(const QDir& folder)
+{
+    // The date in the name sorts them by age.
+    const QStringList names = folder.entryList({u"data.unreadable-*.json"_s},
+                                               QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Name);
+    for (qsizetype i = 0; i < names.size() - asideLimit; ++i) {
+        QFile::remove(folder.filePath(names[i]));
+    }
 }
 
 } // namespace
@@ -35,35 +90,64 @@ DataFile::DataFile()
 
 QUrl DataFile::fileURL() const
 {
-    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (dataHome.isEmpty()) {
-        qFatal("There is no folder for the user's data");
-    }
-    const QString folder = dataHome + QStringLiteral("/Tintwick");
-    makePrivateFolder(folder);
-    return QUrl::fromLocalFile(folder + QStringLiteral("/data.json"));
+    // A failure shows when the file is opened.
+    static_cast<void>(makePrivateFolder(dataFolder()));
+    return QUrl::fromLocalFile(dataPath());
 }
 
-std::optional<Payload> DataFile::load() const
+DataReading DataFile::read() const
 {
-    QFile file(fileURL().toLocalFile());
-    // Reading a pipe or a device would block or never end.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
+    const QByteArray path = QFile::encodeName(fileURL().toLocalFile());
+    // Without O_NONBLOCK opening a pipe would wait for a writer.
+    const FileDescriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen()) {
+        return errno == ENOENT ? DataReading{} : failed(errno);
     }
-    return decodePayload(file.read(largestPayload + 1));
+    struct stat status = {};
+    if (::fstat(file.get(), &status) != 0) {
+        return failed(errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return failed(EISDIR);
+    }
+    QByteArray bytes;
+    if (const int error = readStart(file, largestPayload + 1, bytes); error != 0) {
+        return failed(error);
+    }
+    auto payload = decodePayload(bytes);
+    if (!payload) {
+        return {.outcome = DataReading::Outcome::Undecodable, .payload = {}, .error = 0};
+    }
+    return {.outcome = DataReading::Outcome::Read, .payload = *std::move(payload), .error = 0};
 }
 
-void DataFile::save(const QList<CapturedColor>& history, const QList<ColorCollection>& collections,
-                    ColorFormat defaultFormat) const
+int DataFile::save(const Payload& payload) const
 {
-    const auto json = encodePayload({history, collections, defaultFormat});
+    const auto json = encodePayload(payload);
     if (!json) {
-        return;
+        return EFBIG;
     }
-    const QString target = fileURL().toLocalFile();
-    const QString temporary = QFileInfo(target).path() + QStringLiteral("/data.tmp.json");
-    writeDurably(target, temporary, *json);
+    if (const int error = makePrivateFolder(dataFolder()); error != 0) {
+        return error;
+    }
+    return writeDurably(dataPath(), u"data.tmp.json"_s, *json);
+}
+
+int DataFile::moveAside() const
+{
+    // A link stays a link: its target is moved.
+    const QFileInfo file(QFileInfo(dataPath()).canonicalFilePath());
+    const QDir folder = file.dir();
+    QDateTime time = QDateTime::currentDateTime();
+    while (QFileInfo::exists(asidePath(folder, time))) {
+        time = time.addSecs(1);
+    }
+    if (std::rename(QFile::encodeName(file.filePath()).constData(),
+                    QFile::encodeName(asidePath(folder, time)).constData()) != 0) {
+        return errno;
+    }
+    removeOldAsideFiles(folder);
+    return 0;
 }
 
 } // namespace tintwick

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "Payload.h"
+#include "DataReading.h"
 
+#include <QString>
 #include <QUrl>
-
-#include <optional>
 
 namespace tintwick {
 
-/// The JSON file with the user's data.
+/// The JSON file with the user's data. All operations read or write files.
 class DataFile final
 {
 public:
@@ -19,14 +18,16 @@ public:
     /// user, if it is missing.
     [[nodiscard]] QUrl fileURL() const;
 
-    /// The content of the data file; none when it is missing, unreadable, larger than `largestPayload` or not accepted by
-    /// `decodePayload`.
-    [[nodiscard]] std::optional<Payload> load() const;
+    /// Never waits for a pipe or a device in the place of the file.
+    [[nodiscard]] DataReading read() const;
 
-    /// Replaces the data file; the content is on the disk when this returns. A save that fails leaves the old file and is
-    /// not reported.
-    void save(const QList<CapturedColor>& history, const QList<ColorCollection>& collections,
-              ColorFormat defaultFormat) const;
+    /// Replaces the data file; the content is on the disk when this returns. Returns 0, or the errno value of the failure,
+    /// which leaves the old file; EFBIG when the payload cannot be encoded.
+    [[nodiscard]] int save(const Payload& payload) const;
+
+    /// Gives the data file a name with the date, "data.unreadable-2025-03-14T09-26-53.json" in the same folder, and
+    /// removes all but the newest three of such files. Returns 0, or the errno value of the failure.
+    [[nodiscard]] int moveAside() const;
 };
 
 } // namespace tintwick

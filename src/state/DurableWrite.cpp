@@ -18,36 +18,36 @@ namespace {
 
 constexpr mode_t userOnly = S_IRUSR | S_IWUSR;
 
-bool writeAll(const FileDescriptor& file, const QByteArray& bytes)
+/// These functions return 0 or an errno value.
+
+int writeAll(const FileDescriptor& file, const QByteArray& bytes)
 {
     qsizetype written = 0;
     while (written < bytes.size()) {
         const ssize_t count = ::pwrite(file.get(), bytes.constData() + written,
                                        static_cast<size_t>(bytes.size() - written), written);
         if (count < 0 && errno != EINTR) {
-            return false;
+            return errno;
         }
         if (count > 0) {
             written += count;
         }
     }
-    return true;
+    return 0;
 }
 
-bool writeNewFile(const QByteArray& path, const QByteArray& bytes)
+int openNew(const QByteArray& path)
 {
     // Removes the file of an interrupted save instead of reusing it, because its mode may differ and it may have a second
     // name.
     ::unlink(path.constData());
-    const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, userOnly));
-    if (!file.isOpen()) {
-        return false;
-    }
-    if (writeAll(file, bytes) && ::fsync(file.get()) == 0) {
-        return true;
-    }
-    ::unlink(path.constData());
-    return false;
+    return ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, userOnly);
+}
+
+int writeAndSync(const FileDescriptor& file, const QByteArray& bytes)
+{
+    const int error = writeAll(file, bytes);
+    return error == 0 && ::fsync(file.get()) != 0 ? errno : error;
 }
 
 void syncFolderOf(const QByteArray& path)
@@ -60,24 +60,24 @@ void syncFolderOf(const QByteArray& path)
 }
 
 /// Reserves the room for `size` bytes from the start of the file, without a change that a reader of the file sees.
-bool reserve(const FileDescriptor& file, off_t size)
+int reserve(const FileDescriptor& file, off_t size)
 {
     rlimit limit{};
     if (::getrlimit(RLIMIT_FSIZE, &limit) != 0 || static_cast<rlim_t>(size) > limit.rlim_cur) {
-        return false;
+        return EFBIG;
     }
     // posix_fallocate() would append zeros to the old text, and writes to the file on a file system without such a call.
-    return ::fallocate(file.get(), FALLOC_FL_KEEP_SIZE, 0, size) == 0;
+    return ::fallocate(file.get(), FALLOC_FL_KEEP_SIZE, 0, size) == 0 ? 0 : errno;
 }
 
-void overwriteInPlace(const QByteArray& path, const QByteArray& json)
+int overwriteInPlace(const QByteArray& path, const QByteArray& json)
 {
     const bool existed = ::access(path.constData(), F_OK) == 0;
     // Synchronous, so that the write is on the disk before the file is truncated to its new length.
     const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_DSYNC, userOnly));
     struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return;
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
+        return errno;
     }
 
     // Line feeds, which JSON ignores, overwrite the rest of a longer old text.
@@ -86,38 +86,59 @@ void overwriteInPlace(const QByteArray& path, const QByteArray& json)
         filledUp = filledUp.leftJustified(status.st_size, '\n');
     }
 
-    if (!reserve(file, filledUp.size())) {
+    if (const int error = reserve(file, filledUp.size()); error != 0) {
         if (!existed) {
             ::unlink(path.constData());
         }
-        return;
+        return error;
     }
-    if (writeAll(file, filledUp) && ::ftruncate(file.get(), json.size()) == 0) {
-        ::fsync(file.get());
+    if (const int error = writeAll(file, filledUp); error != 0) {
+        return error;
     }
+    return ::ftruncate(file.get(), json.size()) == 0 && ::fsync(file.get()) == 0 ? 0 : errno;
+}
+
+int replace(const QByteArray& target, const QByteArray& temporary, const QByteArray& json)
+{
+    const FileDescriptor file(openNew(temporary));
+    const int error = file.isOpen() ? writeAndSync(file, json) : errno;
+    if (error == 0 && std::rename(temporary.constData(), target.constData()) == 0) {
+        syncFolderOf(target);
+        return 0;
+    }
+    const int failure = error != 0 ? error : errno;
+    if (!file.isOpen()) {
+        const int failureInPlace = overwriteInPlace(target, json);
+        // Some file systems cannot reserve room.
+        return failureInPlace == EOPNOTSUPP ? failure : failureInPlace;
+    }
+    ::unlink(temporary.constData());
+    return failure == ENOSPC || failure == EDQUOT ? overwriteInPlace(target, json) : failure;
+}
+
+/// The file that a chain of links leads to, which need not exist. A chain without an end gives its last link.
+QString resolved(const QString& path)
+{
+    constexpr int longestChain = 40;
+    QFileInfo file(path);
+    for (int i = 0; i < longestChain && file.isSymLink(); ++i) {
+        file.setFile(file.symLinkTarget());
+    }
+    return file.filePath();
 }
 
 } // namespace
 
-void writeDurably(const QString& target, const QString& temporary, const QByteArray& json)
+int writeDurably(const QString& target, const QString& temporaryName, const QByteArray& json)
 {
-    const QFileInfo targetInfo(target);
-    if (targetInfo.isSymLink() && targetInfo.exists()) {
-        // A rename would replace the link itself, so the new file is created beside the target of the link.
-        const QFileInfo linked(targetInfo.canonicalFilePath());
-        writeDurably(linked.filePath(), linked.path() + u'/' + QFileInfo(temporary).fileName(), json);
-        return;
+    // A rename would replace the link itself, so the new file is created beside the target of the link.
+    const QString file = resolved(target);
+    const QByteArray path = QFile::encodeName(file);
+    struct stat status = {};
+    if (::lstat(path.constData(), &status) == 0 && !S_ISREG(status.st_mode)) {
+        return S_ISLNK(status.st_mode) ? ELOOP : EISDIR;
     }
-
-    const QByteArray targetPath = QFile::encodeName(target);
-    const QByteArray temporaryPath = QFile::encodeName(temporary);
-    if (!writeNewFile(temporaryPath, json)) {
-        overwriteInPlace(targetPath, json);
-        return;
-    }
-    if (std::rename(temporaryPath.constData(), targetPath.constData()) == 0) {
-        syncFolderOf(targetPath);
-    }
+    return replace(path, QFile::encodeName(QFileInfo(file).path() + u'/' + temporaryName), json);
 }
 
 } // namespace tintwick

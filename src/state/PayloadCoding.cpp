@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -68,6 +69,25 @@ ordered_json encoded(const ColorCollection& collection)
     object["createdAt"] = textOf(collection.createdAt);
     object["icon"] = collection.icon.toStdString();
     return object;
+}
+
+/// Writes whole components as integers, 1 instead of 1.0.
+void shortenNumbers(ordered_json& history)
+{
+    constexpr double exact = 1e15;
+    for (ordered_json& color : history) {
+        for (ordered_json& value : color) {
+            const double number = value.is_number_float() ? value.get<double>() : 0.5;
+            if (std::trunc(number) == number && std::abs(number) < exact && !std::signbit(number)) {
+                value = static_cast<std::int64_t>(number);
+            }
+        }
+    }
+}
+
+bool isTooLarge(const std::string& text)
+{
+    return text.size() > static_cast<std::size_t>(largestPayload);
 }
 
 /// Checks that a text is JSON of limited depth, without building values, so that a file of opening brackets costs neither
@@ -266,11 +286,12 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
     object["defaultFormat"] = rawValue(payload.defaultFormat).toStdString();
 
     constexpr int indentation = 2;
-    const std::string text = object.dump(indentation);
-    if (text.size() > static_cast<std::size_t>(largestPayload)) {
-        return std::nullopt;
+    std::string text = object.dump(indentation);
+    if (isTooLarge(text)) {
+        shortenNumbers(object["history"]);
+        text = object.dump();
     }
-    return QByteArray::fromStdString(text);
+    return isTooLarge(text) ? std::nullopt : std::optional(QByteArray::fromStdString(text));
 }
 
 std::optional<Payload> decodePayload(QByteArrayView text)

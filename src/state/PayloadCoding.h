@@ -13,8 +13,9 @@ namespace tintwick {
 /// damaged file.
 inline constexpr qsizetype largestPayload = 16 * 1024 * 1024;
 
-/// The payload as indented JSON text in UTF-8. None when a component is not a finite number, a date is outside the years
-/// 1 to 9999, or the text is larger than `largestPayload`. Dates lose their fraction of a second.
+/// The payload as indented JSON text in UTF-8. A payload whose indented text would be larger than `largestPayload` is
+/// written without white space, so that what was read can be written again. None when a component is not a finite number,
+/// a date is outside the years 1 to 9999, or both texts are too large. Dates lose their fraction of a second.
 [[nodiscard]] std::optional<QByteArray> encodePayload(const Payload& payload);
 
 /// The payload in a JSON text. None when the text is malformed or a required value is missing or has another type. Keys

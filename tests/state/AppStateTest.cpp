@@ -1,6 +1,7 @@
 #include "AppState.h"
 
 #include "FileDescriptor.h"
+#include "PayloadCoding.h"
 #include "support/QuickTemporaryDir.h"
 
 #include <QClipboard>
@@ -33,6 +34,12 @@ CapturedColor colorOf(uint rgb, const std::optional<QString>& name = std::nullop
     color.capturedAt.setMSecsSinceEpoch(color.capturedAt.toMSecsSinceEpoch() / 1000 * 1000);
     color.customName = name;
     return color;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// A clock that the test advances.
@@ -141,8 +148,14 @@ private Q_SLOTS:
     void init();
     void theFirstStartIsEmpty();
     void savedDataIsLoaded();
-    void anUnreadableFileGivesAnEmptyStateAndIsReplaced_data();
-    void anUnreadableFileGivesAnEmptyStateAndIsReplaced();
+    void anUnreadableFileGivesAnEmptyStateAndIsKeptAside_data();
+    void anUnreadableFileGivesAnEmptyStateAndIsKeptAside();
+    void aFileThatIsRepairedBeforeTheFirstSaveIsTakenIn();
+    void aFailedReadIsNeverTakenForNoData();
+    void dataReadLaterJoinsTheState();
+    void aLaterReadKeepsTheLimitOfTheHistory();
+    void aFailedSaveIsToldUntilOneSucceeds();
+    void aFailedSaveIsTriedAgainAtTheEnd();
     void aLongerStoredHistoryIsKept();
 
     void aCapturedColorIsNamedAddedAndSaved();
@@ -177,7 +190,11 @@ private:
         return m_dataHome->filePath(QStringLiteral("Tintwick/data.json"));
     }
     /// Returns whether the data file was written, and removes it.
-    bool wasSaved() { return QFile::remove(dataFile()); }
+    bool wasSaved(AppState& state)
+    {
+        state.flush();
+        return QFile::remove(dataFile());
+    }
     void store(const QByteArray& content);
 
     std::unique_ptr<QTemporaryDir> m_dataHome;
@@ -228,7 +245,7 @@ void AppStateTest::savedDataIsLoaded()
     QCOMPARE(state.lastCopiedString(), QString());
 }
 
-void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced_data()
+void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsKeptAside_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("unknown format") << QByteArray(R"({"history":[],"collections":[],"defaultFormat":"hex"})");
@@ -239,7 +256,7 @@ void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced_data()
     QTest::newRow("not JSON") << QByteArray("history");
 }
 
-void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced()
+void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsKeptAside()
 {
     QFETCH(QByteArray, content);
     store(content);
@@ -248,8 +265,116 @@ void AppStateTest::anUnreadableFileGivesAnEmptyStateAndIsReplaced()
     QVERIFY(state.collections().isEmpty());
     QCOMPARE(state.defaultFormat(), ColorFormat::Hex6);
 
+    QVERIFY(state.foundUnreadableFile());
+    QCOMPARE(state.dataFolder(), QFileInfo(dataFile()).path());
+    QCOMPARE(contentOf(dataFile()), content);
+
     state.createCollection(QStringLiteral("New"));
+    state.createCollection(QStringLiteral("Newer"));
+    state.flush();
+    QCOMPARE(state.saveProblem(), QString());
+    const AppState next;
+    QCOMPARE(next.collections().size(), 2);
+    QVERIFY(!next.foundUnreadableFile());
+    const QDir folder(QFileInfo(dataFile()).path());
+    const QStringList aside = folder.entryList({QStringLiteral("data.unreadable-*.json")}, QDir::Files);
+    QCOMPARE(aside.size(), 1);
+    QCOMPARE(contentOf(folder.filePath(aside.first())), content);
+}
+
+void AppStateTest::aFileThatIsRepairedBeforeTheFirstSaveIsTakenIn()
+{
+    store("broken");
+    AppState state;
+    const CapturedColor stored = colorOf(0x102030, QStringLiteral("Stored"));
+    store(*encodePayload({{stored}, {}, ColorFormat::Rgb}));
+    state.createCollection(QStringLiteral("New"));
+    state.flush();
+    QCOMPARE(state.history(), QList<CapturedColor>{stored});
+    QCOMPARE(AppState().history(), QList<CapturedColor>{stored});
     QCOMPARE(AppState().collections().size(), 1);
+}
+
+void AppStateTest::aFailedReadIsNeverTakenForNoData()
+{
+    QVERIFY(QDir().mkpath(dataFile()));
+    AppState state;
+    QSignalSpy problem(&state, &AppState::saveProblemChanged);
+    QCOMPARE(state.saveProblem(), QStringLiteral("Not saved: data.json is not a file"));
+    QVERIFY(!state.foundUnreadableFile());
+    state.colorCaptured(colorOf(0x1E90FF));
+    state.flush();
+    QCOMPARE(state.saveProblem(), QStringLiteral("Not saved: data.json is not a file"));
+    QVERIFY(problem.isEmpty());
+    QVERIFY(QFileInfo(dataFile()).isDir());
+    QVERIFY(QDir(dataFile()).isEmpty());
+}
+
+void AppStateTest::dataReadLaterJoinsTheState()
+{
+    QVERIFY(QDir().mkpath(dataFile()));
+    AppState state;
+    SignalCounts signalCounts(state);
+    const CapturedColor first = colorOf(0x1E90FF, QStringLiteral("First"));
+    const CapturedColor second = colorOf(0x00FF00, QStringLiteral("Second"));
+    const CapturedColor stored = colorOf(0x102030, QStringLiteral("Stored"));
+    const ColorCollection storedCollection = ColorCollection::create(QStringLiteral("Stored"));
+    state.colorCaptured(first);
+    const ColorCollection collection = state.createCollection(QStringLiteral("New"));
+    state.flush();
+    signalCounts.take();
+
+    QVERIFY(QDir().rmdir(dataFile()));
+    store(*encodePayload({{stored}, {storedCollection}, ColorFormat::Rgb}));
+    state.colorCaptured(second);
+    QTRY_COMPARE(state.history(), (QList<CapturedColor>{second, first, stored}));
+    QCOMPARE(state.collections().size(), 2);
+    QCOMPARE(state.collections()[0].id, storedCollection.id);
+    QCOMPARE(state.collections()[1].id, collection.id);
+    QCOMPARE(state.defaultFormat(), ColorFormat::Rgb);
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{2, 1, 1, 0, 1}));
+    state.flush();
+    QCOMPARE(state.saveProblem(), QString());
+    QCOMPARE(AppState().history(), (QList<CapturedColor>{second, first, stored}));
+}
+
+void AppStateTest::aLaterReadKeepsTheLimitOfTheHistory()
+{
+    QVERIFY(QDir().mkpath(dataFile()));
+    AppState state;
+    const CapturedColor color = colorOf(0x1E90FF);
+    state.colorCaptured(color);
+    QVERIFY(QDir().rmdir(dataFile()));
+    store(*encodePayload({QList<CapturedColor>(100, colorOf(0x102030)), {}, ColorFormat::Hex6}));
+    state.flush();
+    QCOMPARE(state.history().size(), 100);
+    QCOMPARE(state.history().first().id, color.id);
+}
+
+void AppStateTest::aFailedSaveIsToldUntilOneSucceeds()
+{
+    AppState state;
+    QVERIFY(QDir().mkpath(dataFile()));
+    state.colorCaptured(colorOf(0x1E90FF));
+    QTRY_COMPARE(state.saveProblem(), QStringLiteral("Not saved: data.json is not a file"));
+    QVERIFY(QDir().rmdir(dataFile()));
+    QSignalSpy problem(&state, &AppState::saveProblemChanged);
+    state.createCollection(QStringLiteral("New"));
+    QTRY_COMPARE(state.saveProblem(), QString());
+    QCOMPARE(problem.count(), 1);
+    QCOMPARE(AppState().history().size(), 1);
+}
+
+void AppStateTest::aFailedSaveIsTriedAgainAtTheEnd()
+{
+    {
+        AppState state;
+        QVERIFY(QDir().mkpath(dataFile()));
+        state.colorCaptured(colorOf(0x1E90FF));
+        QTRY_VERIFY(!state.saveProblem().isEmpty());
+        QVERIFY(QDir().rmdir(dataFile()));
+    }
+    QCOMPARE(AppState().history().size(), 1);
 }
 
 void AppStateTest::aLongerStoredHistoryIsKept()
@@ -258,7 +383,7 @@ void AppStateTest::aLongerStoredHistoryIsKept()
     for (int i = 0; i < 103; ++i) {
         history.append(colorOf(0x102030));
     }
-    DataFile().save(history, {}, ColorFormat::Hex6);
+    QCOMPARE(DataFile().save({history, {}, ColorFormat::Hex6}), 0);
     AppState state;
     QCOMPARE(state.history(), history);
     state.colorCaptured(colorOf(0xFFFFFF));
@@ -275,7 +400,7 @@ void AppStateTest::aCapturedColorIsNamedAddedAndSaved()
     state.colorCaptured(older);
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 0, 0, 1, 1}));
     state.setDefaultFormat(ColorFormat::CssVar);
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     signalCounts.take();
 
     state.colorCaptured(newer);
@@ -287,7 +412,7 @@ void AppStateTest::aCapturedColorIsNamedAddedAndSaved()
     QCOMPARE(state.copiedText(newer), QStringLiteral("--dodger-blue: #1E90FF;"));
     QCOMPARE(state.lastCopiedString(), QStringLiteral("--dodger-blue: #1E90FF;"));
     QVERIFY(state.showCopiedFeedback());
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::aNamedCaptureKeepsItsName()
@@ -346,7 +471,7 @@ void AppStateTest::theFeedbackEndsAfterItsDelay()
     QCOMPARE(state.lastCopiedString(), QStringLiteral("rgb(59, 130, 246)"));
     QVERIFY(state.showCopiedFeedback());
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 1, 1}));
-    QVERIFY(!wasSaved());
+    QVERIFY(!wasSaved(state));
 
     time.advance(std::chrono::milliseconds(1499));
     QVERIFY(state.showCopiedFeedback());
@@ -412,7 +537,7 @@ void AppStateTest::deletingAColorRemovesItFromEveryCollection()
     state.addColor(deleted.id, both);
     state.addColor(kept.id, both);
     state.addColor(deleted.id, one);
-    wasSaved();
+    wasSaved(state);
     SignalCounts signalCounts(state);
 
     state.deleteColor(deleted.id);
@@ -422,7 +547,7 @@ void AppStateTest::deletingAColorRemovesItFromEveryCollection()
     QCOMPARE(state.collections()[0].colorIds, QList<QUuid>{kept.id});
     QVERIFY(state.collections()[1].colorIds.isEmpty());
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::clearingTheHistoryKeepsTheCollections()
@@ -432,7 +557,7 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     state.colorCaptured(color);
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
     state.addColor(color.id, collection);
-    wasSaved();
+    wasSaved(state);
     SignalCounts signalCounts(state);
 
     state.clearHistory();
@@ -442,7 +567,7 @@ void AppStateTest::clearingTheHistoryKeepsTheCollections()
     QCOMPARE(state.collections().first().icon, QStringLiteral("paintpalette.fill"));
     QVERIFY(state.collections().first().colorIds.isEmpty());
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{1, 1, 0, 0, 0}));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::renamingAColor()
@@ -450,21 +575,21 @@ void AppStateTest::renamingAColor()
     AppState state;
     const CapturedColor color = colorOf(0x1E90FF);
     state.colorCaptured(color);
-    wasSaved();
+    wasSaved(state);
     SignalCounts signalCounts(state);
 
     state.renameColor(color.id, QStringLiteral("  Sky "));
     QCOMPARE(state.history().first().customName, QStringLiteral("  Sky "));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     state.renameColor(color.id, QStringLiteral("  Sky "));
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{2, 0, 0, 0, 0}));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 
     state.renameColor(color.id, QString());
     QVERIFY(!state.history().first().customName.has_value());
     QCOMPARE(string(ColorFormat::ColorName, state.history().first()), QStringLiteral("Dodger Blue"));
     QCOMPARE(string(ColorFormat::CssVar, state.history().first()), QStringLiteral("--color: #1E90FF;"));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::creatingAndDeletingCollections()
@@ -472,17 +597,17 @@ void AppStateTest::creatingAndDeletingCollections()
     AppState state;
     SignalCounts signalCounts(state);
     const ColorCollection first = state.createCollection(QStringLiteral("First"));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     const ColorCollection second = state.createCollection(QStringLiteral(""));
     const ColorCollection third = state.createCollection(QStringLiteral("First"));
     QCOMPARE(state.collections(), (QList<ColorCollection>{first, second, third}));
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 3, 0, 0, 0}));
 
-    wasSaved();
+    wasSaved(state);
     signalCounts.take();
     state.deleteCollection(first.id);
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 
     state.deleteCollection(second.id);
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
@@ -497,11 +622,11 @@ void AppStateTest::addingAColorTwiceKeepsOneMember()
     const QUuid another = QUuid::createUuid();
     state.addColor(notInTheHistory, collection);
     state.addColor(another, collection);
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     SignalCounts signalCounts(state);
 
     state.addColor(notInTheHistory, collection);
-    QVERIFY(!wasSaved());
+    QVERIFY(!wasSaved(state));
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
     QCOMPARE(state.collections().first().colorIds, (QList<QUuid>{notInTheHistory, another}));
 }
@@ -513,14 +638,14 @@ void AppStateTest::removingAColorFromACollection()
     state.colorCaptured(color);
     const QUuid collection = state.createCollection(QStringLiteral("Brand")).id;
     state.addColor(color.id, collection);
-    wasSaved();
+    wasSaved(state);
 
     state.removeColor(color.id, collection);
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     QVERIFY(state.collections().first().colorIds.isEmpty());
     QCOMPARE(state.history().size(), 1);
     state.removeColor(color.id, collection);
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::movingColors_data()
@@ -559,7 +684,7 @@ void AppStateTest::movingColors()
         ids += QUuid::createUuid();
         state.addColor(ids.last(), collection);
     }
-    wasSaved();
+    wasSaved(state);
     SignalCounts signalCounts(state);
 
     state.moveColors(collection, from, to);
@@ -569,7 +694,7 @@ void AppStateTest::movingColors()
     }
     QCOMPARE(order, after);
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
 }
 
 void AppStateTest::unknownIdsChangeNothing()
@@ -578,7 +703,7 @@ void AppStateTest::unknownIdsChangeNothing()
     const CapturedColor color = colorOf(0x111111);
     state.colorCaptured(color);
     state.createCollection(QStringLiteral("Brand"));
-    wasSaved();
+    wasSaved(state);
     SignalCounts signalCounts(state);
     const QUuid unknown = QUuid::createUuid();
 
@@ -586,7 +711,7 @@ void AppStateTest::unknownIdsChangeNothing()
     state.addColor(color.id, unknown);
     state.removeColor(color.id, unknown);
     state.moveColors(unknown, {0}, 1);
-    QVERIFY(!wasSaved());
+    QVERIFY(!wasSaved(state));
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 }
 
@@ -595,12 +720,12 @@ void AppStateTest::onlyDeletionsSaveForAnUnknownId()
     AppState state;
     state.colorCaptured(colorOf(0x111111));
     state.createCollection(QStringLiteral("Brand"));
-    wasSaved();
+    wasSaved(state);
 
     state.deleteColor(QUuid::createUuid());
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     state.deleteCollection(QUuid::createUuid());
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     QCOMPARE(state.history().size(), 1);
     QCOMPARE(state.collections().size(), 1);
 }
@@ -613,9 +738,9 @@ void AppStateTest::settersSignalOnlyAChange()
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
 
     state.setDefaultFormat(ColorFormat::Hsl);
-    QVERIFY(wasSaved());
+    QVERIFY(wasSaved(state));
     state.setDefaultFormat(ColorFormat::Hsl);
-    QVERIFY(!wasSaved());
+    QVERIFY(!wasSaved(state));
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 1, 0, 0}));
 }
 
@@ -638,10 +763,12 @@ void AppStateTest::addingSeveralColorsIsOneChangeAndOneSave()
     QList<QUuid> withARepeatedId = dropped;
     withARepeatedId += dropped[3];
     SignalCounts signalCounts(state);
+    state.flush();
     WriteCounter writes(QFileInfo(dataFile()).path());
 
     state.addColors(withARepeatedId, collection);
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 1, 0, 0, 0}));
+    state.flush();
     QCOMPARE(writes.take(), 1);
     QCOMPARE(state.collections().first().colorIds, dropped);
     QCOMPARE(AppState().collections().first().colorIds, dropped);
@@ -650,6 +777,7 @@ void AppStateTest::addingSeveralColorsIsOneChangeAndOneSave()
     state.addColors({}, collection);
     state.addColors({QUuid::createUuid()}, QUuid::createUuid());
     QCOMPARE(signalCounts.take(), (QList<qsizetype>{0, 0, 0, 0, 0}));
+    state.flush();
     QCOMPARE(writes.take(), 0);
 }
 

@@ -6,6 +6,7 @@
 #include "support/ForkedChild.h"
 #include "support/QuickTemporaryDir.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -13,8 +14,11 @@
 #include <QTest>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <random>
 
@@ -48,15 +52,22 @@ Payload stateNumber(int number)
     return payload;
 }
 
-void save(const Payload& payload)
+/// Returns 0 or an errno value, for the tests in which a save fails.
+int save(const Payload& payload)
 {
-    DataFile().save(payload.history, payload.collections, payload.defaultFormat);
+    return DataFile().save(payload);
+}
+
+std::optional<Payload> load()
+{
+    const DataReading reading = DataFile().read();
+    return reading.outcome == DataReading::Outcome::Read ? std::optional(reading.payload) : std::nullopt;
 }
 
 /// The number of the payload in the data file; -1 when the file is not equal to one of them.
 int savedNumber()
 {
-    const auto payload = DataFile().load();
+    const auto payload = load();
     if (!payload || payload->collections.size() != 1) {
         return -1;
     }
@@ -116,8 +127,14 @@ private Q_SLOTS:
     void aStaleTemporaryFileIsOverwritten();
     void aSymbolicLinkIsKept();
     void aPayloadThatCannotBeEncodedIsNotWritten();
-    void anythingButAFileIsNotRead();
-    void aTooLargeFileIsRefused();
+    void readingTellsAMissingFileFromOneThatCannotBeRead_data();
+    void readingTellsAMissingFileFromOneThatCannotBeRead();
+    void aFileWithoutPermissionCannotBeRead();
+    void aTooLargeFileIsUndecodable();
+    void onlyARegularFileIsReplaced_data();
+    void onlyARegularFileIsReplaced();
+    void aLinkToAMissingFileStaysALink();
+    void theNewestThreeUndecodableFilesAreKept();
 
     void aKilledProcessLeavesTheOldOrTheNewState();
     void theSizeLimitOfTheProcessKeepsTheOldFile_data();
@@ -161,7 +178,7 @@ void DataFileTest::theFirstSaveCreatesAPrivateFolderAndFile()
 
 void DataFileTest::loadingCreatesTheFolder()
 {
-    QVERIFY(!DataFile().load().has_value());
+    QVERIFY(!load().has_value());
     QVERIFY(QFileInfo(folder()).isDir());
     QVERIFY(QDir(folder()).isEmpty());
 }
@@ -226,17 +243,74 @@ void DataFileTest::aPayloadThatCannotBeEncodedIsNotWritten()
     QCOMPARE(savedNumber(), 3);
 }
 
-void DataFileTest::anythingButAFileIsNotRead()
+void DataFileTest::readingTellsAMissingFileFromOneThatCannotBeRead_data()
 {
-    QVERIFY(QDir().mkpath(folder()));
-    QVERIFY(::mkfifo(QFile::encodeName(dataFile()).constData(), 0600) == 0);
-    QVERIFY(!DataFile().load().has_value());
-    QVERIFY(QFile::remove(dataFile()));
-    QVERIFY(QDir().mkdir(dataFile()));
-    QVERIFY(!DataFile().load().has_value());
+    using Outcome = DataReading::Outcome;
+    using Arrange = std::function<bool(const QByteArray& path)>;
+    QTest::addColumn<Arrange>("arrange");
+    QTest::addColumn<Outcome>("outcome");
+    QTest::addColumn<int>("error");
+    const auto row = [](const char* name, const Arrange& arrange, Outcome outcome, int error = 0) {
+        QTest::newRow(name) << arrange << outcome << error;
+    };
+    const auto containing = [](const QByteArray& bytes) -> Arrange {
+        return [bytes](const QByteArray& path) {
+            QFile file(QFile::decodeName(path));
+            return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+        };
+    };
+    const auto linkTo = [](const char* target) -> Arrange {
+        return [target](const QByteArray& path) { return ::symlink(target, path.constData()) == 0; };
+    };
+    row(
+        "nothing", [](const QByteArray&) { return true; }, Outcome::Missing);
+    row("a link to nothing", linkTo("nowhere"), Outcome::Missing);
+    row("a payload", containing(*encodePayload(stateNumber(3))), Outcome::Read);
+    row("no byte", containing({}), Outcome::Undecodable);
+    row("one odd byte", containing(encodePayload(stateNumber(3))->replace('[', '\x80')),
+        Outcome::Undecodable);
+    row("20 MB", containing(QByteArray(20'000'000, ' ')), Outcome::Undecodable);
+    row(
+        "a folder", [](const QByteArray& path) { return ::mkdir(path.constData(), 0700) == 0; },
+        Outcome::Failed, EISDIR);
+    row(
+        "a pipe", [](const QByteArray& path) { return ::mkfifo(path.constData(), 0600) == 0; },
+        Outcome::Failed, EISDIR);
+    row("a link to a device", linkTo("/dev/full"), Outcome::Failed, EISDIR);
+    row("a link to itself", linkTo("data.json"), Outcome::Failed, ELOOP);
 }
 
-void DataFileTest::aTooLargeFileIsRefused()
+void DataFileTest::readingTellsAMissingFileFromOneThatCannotBeRead()
+{
+    QFETCH(const std::function<bool(const QByteArray&)>, arrange);
+    QFETCH(const DataReading::Outcome, outcome);
+    QFETCH(const int, error);
+    QVERIFY(QDir().mkpath(folder()));
+    QVERIFY(arrange(QFile::encodeName(dataFile())));
+    const DataReading reading = DataFile().read();
+    QCOMPARE(reading.outcome, outcome);
+    QCOMPARE(reading.error, error);
+    QCOMPARE(reading.payload, outcome == DataReading::Outcome::Read ? stateNumber(3) : Payload());
+}
+
+void DataFileTest::aFileWithoutPermissionCannotBeRead()
+{
+    QCOMPARE(save(stateNumber(3)), 0);
+    QVERIFY(::chmod(QFile::encodeName(dataFile()).constData(), 0) == 0);
+    QVERIFY(::chmod(QFile::encodeName(m_dataHome->path()).constData(), 0777) == 0);
+    QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0777) == 0);
+    const auto end = test::runInChild([]() -> QByteArray {
+        // Permissions do not restrict root.
+        if (::geteuid() == 0 && ::setuid(unprivilegedUser) != 0) {
+            return "no other user";
+        }
+        const DataReading reading = DataFile().read();
+        return reading.outcome == DataReading::Outcome::Failed ? std::strerror(reading.error) : "read";
+    });
+    QCOMPARE(end.report, QByteArray("Permission denied"));
+}
+
+void DataFileTest::aTooLargeFileIsUndecodable()
 {
     const QByteArray text = *encodePayload(stateNumber(1));
     save(stateNumber(1));
@@ -247,7 +321,61 @@ void DataFileTest::aTooLargeFileIsRefused()
     QCOMPARE(savedNumber(), 1);
     file.write(" ");
     file.close();
-    QVERIFY(!DataFile().load().has_value());
+    QCOMPARE(DataFile().read().outcome, DataReading::Outcome::Undecodable);
+}
+
+void DataFileTest::onlyARegularFileIsReplaced_data()
+{
+    QTest::addColumn<bool>("isLinked");
+    QTest::newRow("a pipe") << false;
+    QTest::newRow("a link to a pipe") << true;
+}
+
+void DataFileTest::onlyARegularFileIsReplaced()
+{
+    QFETCH(const bool, isLinked);
+    QVERIFY(QDir().mkpath(folder()));
+    const QString pipe = isLinked ? folder() + QStringLiteral("/pipe") : dataFile();
+    QVERIFY(::mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+    QVERIFY(!isLinked || QFile::link(pipe, dataFile()));
+    QCOMPARE(save(stateNumber(3)), EISDIR);
+    struct stat status = {};
+    QVERIFY(::lstat(QFile::encodeName(pipe).constData(), &status) == 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
+    QCOMPARE(QFileInfo(dataFile()).isSymLink(), isLinked);
+}
+
+void DataFileTest::aLinkToAMissingFileStaysALink()
+{
+    const QString linked = m_dataHome->filePath(QStringLiteral("colours.json"));
+    QVERIFY(QDir().mkpath(folder()));
+    QVERIFY(QFile::link(linked, dataFile()));
+    QCOMPARE(save(stateNumber(3)), 0);
+    QVERIFY(QFileInfo(dataFile()).isSymLink());
+    QCOMPARE(contentOf(linked), *encodePayload(stateNumber(3)));
+}
+
+void DataFileTest::theNewestThreeUndecodableFilesAreKept()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    for (const char* date : {"2025-03-14T09-26-53", "2024-12-31T23-59-59", "2025-03-14T09-26-54"}) {
+        QFile old(folder() + QStringLiteral("/data.unreadable-%1.json").arg(QLatin1StringView(date)));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+    }
+    QFile file(dataFile());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+    file.close();
+    const QDateTime before = QDateTime::currentDateTime();
+    QCOMPARE(DataFile().moveAside(), 0);
+
+    const QStringList names = QDir(folder()).entryList(QDir::Files, QDir::Name);
+    QCOMPARE(names.size(), 3);
+    QCOMPARE(names[0], QStringLiteral("data.unreadable-2025-03-14T09-26-53.json"));
+    QCOMPARE(names[1], QStringLiteral("data.unreadable-2025-03-14T09-26-54.json"));
+    const QDateTime date =
+        QDateTime::fromString(names[2], QStringLiteral("'data.unreadable-'yyyy-MM-dd'T'HH-mm-ss'.json'"));
+    QVERIFY2(date >= before.addSecs(-1) && date <= QDateTime::currentDateTime(), qPrintable(names[2]));
+    QCOMPARE(contentOf(folder() + u'/' + names[2]), QByteArray("mine"));
 }
 
 void DataFileTest::aKilledProcessLeavesTheOldOrTheNewState()
@@ -317,11 +445,10 @@ void DataFileTest::theSizeLimitOfTheProcessKeepsTheOldFile()
         if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0) {
             return "no limit";
         }
-        save(stateNumber(6));
-        return "alive";
+        return std::strerror(save(stateNumber(6)));
     });
     QCOMPARE(end.signal, 0);
-    QCOMPARE(end.report, QByteArray("alive"));
+    QCOMPARE(end.report, QByteArray("File too large"));
     QCOMPARE(contentOf(dataFile()), *encodePayload(stateNumber(3)));
 }
 
@@ -340,8 +467,7 @@ void DataFileTest::aFullDiskKeepsTheOldFile()
         }
         while (filler.write(QByteArray(4096, 'x')) == 4096) {
         }
-        save(stateNumber(6));
-        return contentOf(dataFile());
+        return save(stateNumber(6)) == ENOSPC ? contentOf(dataFile()) : "another result";
     });
     if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());
@@ -403,8 +529,7 @@ void DataFileTest::aReadOnlyFileSystemKeepsTheOldFile()
             ::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) != 0) {
             return cannotMount;
         }
-        save(stateNumber(6));
-        return contentOf(dataFile());
+        return save(stateNumber(6)) == EROFS ? contentOf(dataFile()) : "another result";
     });
     if (end.report == cannotMount) {
         QSKIP(cannotMount.constData());

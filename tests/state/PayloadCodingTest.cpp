@@ -129,6 +129,7 @@ private Q_SLOTS:
     void aNullNameMeansNoName();
     void theLastOfRepeatedKeysCounts();
     void valuesWithoutJsonFormAreNotEncoded();
+    void whatWasReadCanBeWrittenAgain();
     void everyTruncatedFileIsRefused();
     void deeplyNestedAndLargeFilesDoNotCrash();
 };
@@ -538,6 +539,22 @@ void PayloadCodingTest::theLastOfRepeatedKeysCounts()
 {
     QCOMPARE(decodePayload(changed("\"red\":0.1", "\"red\":0.1,\"red\":0.9"))->history.first().red, 0.9);
     QVERIFY(!decodePayload(changed("\"red\":0.1", "\"red\":0.1,\"red\":null")).has_value());
+}
+
+void PayloadCodingTest::whatWasReadCanBeWrittenAgain()
+{
+    // A file without white space that is almost as large as a file may be; 39 bytes for each id.
+    Payload payload = wholePayload();
+    payload.history = {payload.history.first()};
+    payload.history.first().red = 1;
+    payload.history.first().green = -0.0;
+    payload.collections = {payload.collections.first()};
+    payload.collections.first().colorIds = QList<QUuid>(430'000, QUuid());
+    const auto text = encodePayload(payload);
+    QVERIFY(text.has_value());
+    QVERIFY(text->size() > 16'000'000);
+    QVERIFY(text->contains("\"red\":1,\"green\":-0.0,"));
+    QCOMPARE(decodePayload(*text), payload);
 }
 
 void PayloadCodingTest::valuesWithoutJsonFormAreNotEncoded()

@@ -167,7 +167,9 @@ private:
             history.prepend(colorOf(rgb));
             collection.colorIds.append(history.first().id);
         }
-        DataFile().save(history, {collection}, ColorFormat::Hex6);
+        if (DataFile().save({history, {collection}, ColorFormat::Hex6}) != 0) {
+            qFatal("cannot write the data file");
+        }
         return collection.id;
     }
 

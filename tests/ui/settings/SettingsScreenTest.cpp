@@ -454,6 +454,7 @@ void SettingsScreenTest::chosenFormatIsSaved()
     QTest::keyClick(picker->menu(), Qt::Key_Return);
     QTRY_COMPARE(fixture.state.defaultFormat(), ColorFormat::Rgb);
     QCOMPARE(picker->selectedTitle(), u"RGB"_s);
+    fixture.state.flush();
     QCOMPARE(storedData().value("defaultFormat"_L1).toString(), u"RGB"_s);
     QVERIFY(QSettings().allKeys().filter(u"ormat"_s).isEmpty());
     QCOMPARE(AppState().defaultFormat(), ColorFormat::Rgb);
@@ -545,6 +546,7 @@ void SettingsScreenTest::clearClearsAtOnce()
     click(fixture.control<TextButton>(u"Clear all history"_s));
     QVERIFY(fixture.texts().contains(u"0 / 100"_s));
     QVERIFY(fixture.state.history().isEmpty());
+    fixture.state.flush();
     QVERIFY(storedData().value("history"_L1).isArray());
     QVERIFY(AppState().history().isEmpty());
 }
