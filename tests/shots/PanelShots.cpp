@@ -13,6 +13,8 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QDir>
+#include <QFile>
 #include <QLineEdit>
 
 namespace tintwick {
@@ -127,6 +129,16 @@ void shootMainPanel(const QDir& folder)
     });
     shootState(u"notice"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.view().showNotice(u"No color can be picked now: another program holds the pointer."_s);
+    });
+    shootState(u"notice-disk"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        // A folder in the place of the data file prevents saving.
+        const QString file = panel.state().dataFolder() + u"/data.json"_s;
+        panel.state().flush();
+        QFile::remove(file);
+        QDir().mkpath(file);
+        panel.state().clearHistory();
+        panel.state().flush();
+        QDir().rmdir(file);
     });
     shootState(u"overlay-empty"_s, manyColors(8), twoPalettes,
                [](DemoPanel& panel) { panel.dashboard().openNewPaletteOverlay(); });

@@ -16,8 +16,12 @@
 #include "ui/Probes.h"
 
 #include <QAccessible>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
 #include <QScrollBar>
 #include <QSettings>
+#include <QUrl>
 
 using namespace tintwick;
 using tintwick::test::PanelFixture;
@@ -60,6 +64,9 @@ private Q_SLOTS:
     void noticeIsShownBelowTheHeader();
     void everyTextHasEnoughContrast_data();
     void everyTextHasEnoughContrast();
+    void aFailedSaveIsToldUntilOneSucceeds();
+    void anUnreadableFileIsToldUntilThePanelIsHidden();
+    void theButtonOfANoticeShowsTheFolder();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -68,7 +75,24 @@ private:
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 const QString key = QStringLiteral("colorSchemePref");
+
+/// Takes the place of the desktop's file manager.
+class FileManager final : public QObject
+{
+    Q_OBJECT
+
+public:
+    FileManager() { QDesktopServices::setUrlHandler(u"file"_s, this, "show"); }
+    ~FileManager() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+
+    QList<QUrl> shown;
+
+public Q_SLOTS:
+    void show(const QUrl& url) { shown.append(url); }
+};
 
 QRgb ground(const PanelFixture& panel)
 {
@@ -660,6 +684,72 @@ void PanelViewTest::everyTextHasEnoughContrast()
     panel.view->setSelectedCollectionId({});
     panel.dashboard().openNewPaletteOverlay();
     check(*panel.view->findChild<Overlay*>());
+}
+
+void PanelViewTest::aFailedSaveIsToldUntilOneSucceeds()
+{
+    PanelFixture panel;
+    auto* notice = panel.view->findChild<NoticeView*>();
+    panel.state.flush();
+    const QString file = panel.state.dataFolder() + u"/data.json"_s;
+    QVERIFY(QFile::remove(file) && QDir().mkdir(file));
+    panel.capture(0x1E90FF);
+    QTRY_VERIFY(notice->isVisible());
+    QCOMPARE(notice->text(), u"Not saved: data.json is not a file"_s);
+
+    // What the user has just tried is told first.
+    panel.view->showNotice(u"No pick now"_s);
+    QCOMPARE(notice->text(), u"No pick now"_s);
+    QVERIFY(!button(panel, u"Show Folder"_s));
+    panel.view->showNotice({});
+    QCOMPARE(notice->text(), u"Not saved: data.json is not a file"_s);
+    panel.view->hide();
+    panel.view->show();
+    QVERIFY(notice->isVisible());
+    // The button does not touch the text.
+    auto* const folder = button(panel, u"Show Folder"_s);
+    QVERIFY(folder);
+    QVERIFY(folder->x() >= notice->contentsRect().right() + 10);
+    QVERIFY(notice->contentsRect().height() >= QFontMetrics(notice->font()).height());
+
+    QVERIFY(QDir().rmdir(file));
+    panel.capture(0x00FF00);
+    QTRY_VERIFY(!notice->isVisible());
+}
+
+void PanelViewTest::anUnreadableFileIsToldUntilThePanelIsHidden()
+{
+    const PanelFixture writer;
+    const QString path = writer.state.dataFolder() + u"/data.json"_s;
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("odd") == 3);
+    file.close();
+    Preferences preferences;
+    AppState state;
+    PanelView view(state, preferences, [](QWidget&) { return new QWidget; });
+    auto* notice = view.findChild<NoticeView*>();
+    // A pick before the panel was shown removes passing notices.
+    view.showNotice({});
+    view.show();
+    QVERIFY(notice->isVisible());
+    QCOMPARE(notice->text(), u"Your saved colors could not be read. Their file is kept."_s);
+    view.hide();
+    view.show();
+    QVERIFY(!notice->isVisible());
+}
+
+void PanelViewTest::theButtonOfANoticeShowsTheFolder()
+{
+    PanelFixture panel;
+    panel.state.flush();
+    const QString file = panel.state.dataFolder() + u"/data.json"_s;
+    QVERIFY(QFile::remove(file) && QDir().mkdir(file));
+    panel.capture(0x1E90FF);
+    QTRY_VERIFY(button(panel, u"Show Folder"_s));
+    const FileManager manager;
+    button(panel, u"Show Folder"_s)->click();
+    QCOMPARE(manager.shown, QList<QUrl>{QUrl::fromLocalFile(panel.state.dataFolder())});
+    QVERIFY(QDir().rmdir(file));
 }
 
 int main(int argc, char** argv)

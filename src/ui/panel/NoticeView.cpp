@@ -1,11 +1,15 @@
 #include "NoticeView.h"
 
 #include "Appearance.h"
+#include "Button.h"
 #include "Paint.h"
 #include "Theme.h"
 
 #include <QAccessible>
 #include <QPainter>
+
+#include <algorithm>
+#include <utility>
 
 namespace tintwick {
 
@@ -17,6 +21,7 @@ constexpr QMargins padding(20, 9, 12, 9);
 constexpr double cornerRadius = 12;
 constexpr int barWidth = 3;
 constexpr int barInset = 8;
+constexpr int buttonGap = 10;
 
 } // namespace
 
@@ -30,21 +35,59 @@ NoticeView::NoticeView()
     hide();
 }
 
-void NoticeView::showNotice(const QString& sentence)
+void NoticeView::showNotice(const Notice& notice)
 {
-    setText(sentence);
-    setAccessibleName(sentence);
-    setVisible(!sentence.isEmpty());
-    if (!sentence.isEmpty()) {
+    const bool isNew = notice.sentence != text();
+    setButton(notice);
+    setText(notice.sentence);
+    setAccessibleName(notice.sentence);
+    setVisible(!notice.sentence.isEmpty());
+    if (isNew && !notice.sentence.isEmpty()) {
         QAccessibleEvent alert(this, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }
 }
 
+void NoticeView::setButton(const Notice& notice)
+{
+    if (m_button) {
+        // Its click may be on the call stack.
+        m_button->hide();
+        std::exchange(m_button, nullptr)->deleteLater();
+    }
+    QMargins aroundText = margins + padding;
+    if (!notice.buttonTitle.isEmpty()) {
+        m_button = borderedButton(notice.buttonTitle, notice.action);
+        m_button->setParent(this);
+        m_button->resize(m_button->sizeHint());
+        m_button->show();
+        aroundText.setRight(aroundText.right() + buttonGap + m_button->width());
+    }
+    setContentsMargins(aroundText);
+    placeButton();
+}
+
 QSize NoticeView::sizeHint() const
 {
     const int width = theme::panelSize.width();
-    return {width, heightForWidth(width)};
+    const int room =
+        m_button ? (margins + padding).top() + (margins + padding).bottom() + m_button->height() : 0;
+    return {width, std::max(heightForWidth(width), room)};
+}
+
+void NoticeView::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    placeButton();
+}
+
+void NoticeView::placeButton()
+{
+    if (m_button) {
+        const QRect row = rect().marginsRemoved(margins);
+        m_button->move(row.right() + 1 - padding.right() - m_button->width(),
+                       row.center().y() + 1 - m_button->height() / 2);
+    }
 }
 
 void NoticeView::paintEvent(QPaintEvent* event)

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "Notice.h"
+
 #include <QLabel>
 
 namespace tintwick {
 
-/// A sentence in a rounded row as wide as the panel, in as many lines as it needs. Hidden while it has no text.
+class TextButton;
+
+/// A sentence and perhaps a button in a rounded row as wide as the panel, in as many lines as it needs. Hidden while it has
+/// no text.
 class NoticeView final : public QLabel
 {
     Q_OBJECT
@@ -12,13 +17,20 @@ class NoticeView final : public QLabel
 public:
     NoticeView();
 
-    /// Shows the sentence, which screen readers read aloud; hides the row when it is empty.
-    void showNotice(const QString& sentence);
+    /// Shows the notice, whose sentence screen readers read aloud; hides the row when there is none.
+    void showNotice(const Notice& notice);
 
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void setButton(const Notice& notice);
+    void placeButton();
+
+    TextButton* m_button = nullptr;
 };
 
 } // namespace tintwick

@@ -18,11 +18,13 @@
 #include "SymbolView.h"
 #include "Theme.h"
 
+#include <QDesktopServices>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QUrl>
 
 #include <utility>
 
@@ -72,12 +74,15 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     // clang-format on
     applyColorScheme();
     showHeader();
+    updateNotice();
 
     connect(m_dashboard, &DashboardView::pickRequested, this, &PanelView::pickRequested);
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
+    connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
+    connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
     connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
 
@@ -163,7 +168,40 @@ void PanelView::setShowingSettings(bool shows)
 
 void PanelView::showNotice(const QString& sentence)
 {
-    m_notice->showNotice(sentence);
+    m_passingNotice = sentence;
+    updateNotice();
+}
+
+bool PanelView::tellsOfUnreadableFile() const
+{
+    return m_passingNotice.isEmpty() && m_appState.foundUnreadableFile() && !m_hasToldOfUnreadableFile;
+}
+
+Notice PanelView::currentNotice()
+{
+    if (!m_passingNotice.isEmpty()) {
+        return {.sentence = m_passingNotice, .buttonTitle = {}, .action = {}};
+    }
+    const QString sentence = tellsOfUnreadableFile()
+                                 ? tr("Your saved colors could not be read. Their file is kept.")
+                                 : m_appState.saveProblem();
+    if (sentence.isEmpty()) {
+        return {};
+    }
+    return {.sentence = sentence, .buttonTitle = tr("Show Folder"), .action = [this] { showDataFolder(); }};
+}
+
+void PanelView::updateNotice()
+{
+    m_notice->showNotice(currentNotice());
+}
+
+void PanelView::showDataFolder()
+{
+    const QString folder = m_appState.dataFolder();
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) {
+        showNotice(tr("The folder is %1").arg(folder));
+    }
 }
 
 QWidget& PanelView::currentScreen() const
@@ -288,6 +326,15 @@ void PanelView::showEvent(QShowEvent* event)
     View::showEvent(event);
     if (window()->focusWidget() == nullptr) {
         setFocus();
+    }
+}
+
+void PanelView::hideEvent(QHideEvent* event)
+{
+    View::hideEvent(event);
+    if (tellsOfUnreadableFile()) {
+        m_hasToldOfUnreadableFile = true;
+        updateNotice();
     }
 }
 

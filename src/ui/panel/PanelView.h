@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Appearance.h"
+#include "Notice.h"
 #include "View.h"
 
 #include <QHash>
@@ -44,7 +45,8 @@ public:
     /// Shows a collection, or the history for `historySelectionId`. Shows the dashboard for none and for an unknown id.
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
-    /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it.
+    /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
+    /// the view tells there that the data file was unreadable, until the panel is hidden, and why the data is not saved.
     void showNotice(const QString& sentence);
 
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
@@ -60,6 +62,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -88,6 +91,11 @@ private:
     void showScreen(const ScreenChoice& choice);
     [[nodiscard]] QString selectionTitle() const;
 
+    [[nodiscard]] bool tellsOfUnreadableFile() const;
+    [[nodiscard]] Notice currentNotice();
+    void updateNotice();
+    void showDataFolder();
+
     void cycleColorScheme();
     void applyColorScheme();
 
@@ -114,6 +122,8 @@ private:
     TextButton* m_done = nullptr;
 
     NoticeView* m_notice = nullptr;
+    QString m_passingNotice;
+    bool m_hasToldOfUnreadableFile = false;
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
     /// The screen shown instead of the dashboard; null for the dashboard.
