@@ -67,6 +67,7 @@ void Application::start()
     setupTrayIcon();
     setupPicker();
     setupShortcuts();
+    connect(&m_quitSignals, &QuitSignals::received, qApp, [] { QApplication::exit(); });
     prepareLater();
 }
 

@@ -6,6 +6,7 @@
 #include "Picker.h"
 #include "Platform.h"
 #include "Preferences.h"
+#include "QuitSignals.h"
 #include "ShortcutRegistry.h"
 #include "TrayIcon.h"
 
@@ -62,6 +63,7 @@ private:
     /// Shows why no pick has begun: in the panel if its button was used, else in a notification.
     void reportFailedPick(const QString& reason);
 
+    QuitSignals m_quitSignals;
     std::unique_ptr<Platform> m_platform;
     AppState m_appState;
     Preferences m_preferences;

@@ -1,6 +1,7 @@
 #include "Application.h"
 #include "Platform.h"
 #include "PlatformFactory.h"
+#include "ProcessSetup.h"
 
 #include <QApplication>
 #include <QString>
@@ -10,6 +11,7 @@
 
 int main(int argc, char** argv)
 {
+    tintwick::setUpProcess();
     // Before the toolkit, which would end the process with a message of its own on a desktop that we do not support.
     QString whyNot;
     std::unique_ptr<tintwick::Platform> platform = tintwick::createPlatform(whyNot);

@@ -35,6 +35,16 @@ TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironm
 {
 }
 
+TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
+                                 const QString& redirections)
+    : m_desktop(desktop)
+    , m_process(desktop.start(QStringLiteral("bash"),
+                              {QStringLiteral("-c"), QStringLiteral("exec \"$0\" ") + redirections,
+                               QStringLiteral(TINTWICK_PROGRAM)},
+                              environment))
+{
+}
+
 bool TintwickProcess::belongsToProgram(xcb_window_t window)
 {
     return m_desktop.connection().property(window, "WM_CLASS").toLower().contains("tintwick");

@@ -29,6 +29,9 @@ public:
 
     /// Starts the program; `environment` is added to that of the desktop.
     explicit TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment = {});
+    /// Starts it with redirections of the shell, such as ">&-".
+    TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
+                    const QString& redirections);
 
     [[nodiscard]] RunningProgram& process() { return *m_process; }
 

@@ -19,6 +19,8 @@ xcb_window_t windowOf(const xcb_generic_event_t& event)
         return reinterpret_cast<const xcb_button_press_event_t&>(event).event;
     case XCB_MAP_NOTIFY:
         return reinterpret_cast<const xcb_map_notify_event_t&>(event).event;
+    case XCB_SELECTION_REQUEST:
+        return reinterpret_cast<const xcb_selection_request_event_t&>(event).owner;
     default:
         return XCB_NONE;
     }
