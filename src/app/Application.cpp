@@ -5,6 +5,7 @@
 #include "ColorExport.h"
 #include "DesktopSettings.h"
 #include "OpenSaveRequests.h"
+#include "Overlay.h"
 #include "Panel.h"
 #include "PanelView.h"
 #include "SettingsScreen.h"
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QPixmapCache>
+#include <QShortcut>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -109,6 +111,14 @@ void Application::setupPanel()
         new PanelView(m_appState, m_preferences, [this](QWidget& panel) { return createSettings(panel); });
     connect(m_panelView, &PanelView::pickRequested, this, &Application::pickFromPanel);
     m_panel = std::make_unique<Panel>(m_panelView);
+    m_panel->addAction(m_trayIcon.quitAction());
+    auto* settings = new QShortcut(m_trayIcon.settingsAction()->shortcut(), m_panel.get());
+    connect(settings, &QShortcut::activated, m_panelView, [this] {
+        // A sheet is to be closed first.
+        if (!Overlay::of(*m_panelView)) {
+            m_panelView->setShowingSettings(true);
+        }
+    });
     connect(m_panel.get(), &Panel::hidden, this, [this] { m_panelView->showNotice({}); });
     PanelHost& host = m_platform->panelHost();
     connect(&host, &PanelHost::dismissed, this, &Application::hidePanel);
@@ -160,6 +170,7 @@ void Application::openSettingsWindow()
     setupPanel();
     if (!m_settingsWindow) {
         m_settingsWindow = std::make_unique<SettingsWindow>(m_panelView->appearance());
+        m_settingsWindow->addActions({m_trayIcon.settingsAction(), m_trayIcon.quitAction()});
     }
     m_settingsWindow->present();
 }

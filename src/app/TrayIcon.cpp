@@ -5,8 +5,15 @@
 #include "Symbol.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QEvent>
 #include <QIcon>
+#include <QKeyEvent>
+#include <QMetaObject>
+#include <QMouseEvent>
 #include <QPixmap>
+#include <QWidget>
+#include <QWindow>
 
 namespace tintwick {
 
@@ -36,21 +43,23 @@ TrayIcon::TrayIcon(QObject* parent)
     QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
     connect(pick, &QAction::triggered, this, &TrayIcon::pickRequested);
     m_menu.addSeparator();
-    QAction* settings = m_menu.addAction(tr("Settings…"));
-    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    connect(settings, &QAction::triggered, this, &TrayIcon::settingsRequested);
+    m_settings = m_menu.addAction(tr("Settings…"));
+    m_settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    connect(m_settings, &QAction::triggered, this, &TrayIcon::settingsRequested);
     m_menu.addSeparator();
-    QAction* quit = m_menu.addAction(tr("Quit Tintwick"));
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(quit, &QAction::triggered, this, &TrayIcon::quitRequested);
+    m_quit = m_menu.addAction(tr("Quit Tintwick"));
+    m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(m_quit, &QAction::triggered, this, &TrayIcon::quitRequested);
 
     styleMenu(m_menu);
     setMenuScheme(Scheme::Light);
     connect(&m_menu, &QMenu::aboutToShow, this, &TrayIcon::menuAboutToShow);
+    m_menu.installEventFilter(this);
 
     m_icon.setToolTip(u"Tintwick"_s);
     m_icon.setContextMenu(&m_menu);
     connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        watchIconWindow();
         // The second of two quick clicks arrives as a double click.
         if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
             Q_EMIT clicked();
@@ -63,6 +72,69 @@ void TrayIcon::setDesktopPrefersDark(bool prefersDark)
     if (m_desktopPrefersDark != prefersDark) {
         m_desktopPrefersDark = prefersDark;
         m_icon.setIcon(trayIcon(prefersDark ? tintOnDark : tint));
+    }
+}
+
+// The toolkit does not tell when it makes the window of the icon, but reports the first click on it.
+void TrayIcon::watchIconWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->inherits("QSystemTrayIconSys")) {
+            window->installEventFilter(this);
+        }
+    }
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_menu) {
+        return handleMenuEvent(*event);
+    }
+    // The toolkit opens the menu at a press only, and the second of two quick presses is none to it.
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        const auto& mouse = static_cast<QMouseEvent&>(*event);
+        if (mouse.button() == Qt::RightButton) {
+            m_menu.popup(mouse.globalPosition().toPoint());
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool TrayIcon::handleMenuEvent(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Show:
+        // The toolkit grabs no input when another client holds the keyboard, for example the holder of a pressed
+        // shortcut. The menu needs the pointer to close at a click elsewhere. Queued, because it is not mapped yet.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (m_menu.isVisible()) {
+                    m_menu.windowHandle()->setMouseGrabEnabled(true);
+                }
+            },
+            Qt::QueuedConnection);
+        return false;
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress: {
+        // A menu does not react to the shortcuts of its own actions.
+        const auto& key = static_cast<QKeyEvent&>(event);
+        for (QAction* action : {m_settings, m_quit}) {
+            if (action->shortcut() != QKeySequence(key.keyCombination())) {
+                continue;
+            }
+            event.accept();
+            if (event.type() == QEvent::KeyPress) {
+                m_menu.close();
+                action->trigger();
+            }
+            return true;
+        }
+        return false;
+    }
+    default:
+        return false;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Scheme.h"
 
+#include <QAction>
 #include <QIcon>
 #include <QMenu>
 #include <QObject>
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] std::optional<QRect> frame() const;
 
     [[nodiscard]] const QMenu& menu() const { return m_menu; }
+    /// With its shortcut. A window that adds the action reacts to the shortcut, too.
+    [[nodiscard]] QAction* settingsAction() const { return m_settings; }
+    [[nodiscard]] QAction* quitAction() const { return m_quit; }
 
 Q_SIGNALS:
     void clicked();
@@ -42,8 +46,16 @@ Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    bool handleMenuEvent(QEvent& event);
+    void watchIconWindow();
+
     QMenu m_menu;
+    QAction* m_settings = nullptr;
+    QAction* m_quit = nullptr;
     QSystemTrayIcon m_icon;
     bool m_desktopPrefersDark = false;
 };
