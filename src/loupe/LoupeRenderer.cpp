@@ -21,16 +21,16 @@ QRgb* pixelRow(QImage& image, int y)
 
 } // namespace
 
-LoupeRenderer::Prepared::Prepared(const LoupeLook& ofLook, double scale)
-    : look(ofLook)
-    , geometry(ofLook.side, scale)
-    , artwork(ofLook, geometry)
+LoupeRenderer::Prepared::Prepared(const LoupeLook& look, double scale)
+    : geometry(look.side, scale)
+    , artwork(look, geometry)
     , below(artwork.below())
     , opening(artwork.opening())
     , lightPill(below, opening, artwork.abovePill(PillTone::LightBackground), geometry.pill())
     , darkPill(below, opening, artwork.abovePill(PillTone::DarkBackground), geometry.pill())
     , label(scale)
     , liveRow(static_cast<std::size_t>(geometry.size().width()))
+    , image(geometry.size(), QImage::Format_ARGB32_Premultiplied)
 {
 }
 
@@ -48,38 +48,42 @@ void LoupeRenderer::setCenterColor(std::optional<QRgb> color)
 
 const QImage& LoupeRenderer::render(const LoupeLook& look, double scale)
 {
-    prepare(look, scale);
-    drawLens();
-    drawInfoPill();
-    return m_image;
+    Prepared& prepared = prepare(look, scale);
+    drawLens(prepared);
+    drawInfoPill(prepared);
+    return prepared.image;
 }
 
-void LoupeRenderer::prepare(const LoupeLook& look, double scale)
+LoupeRenderer::Prepared& LoupeRenderer::prepare(const LoupeLook& look, double scale)
 {
-    if (!m_prepared || m_prepared->look != look || m_prepared->geometry.scale() != scale) {
-        m_prepared.emplace(look, scale);
-        m_image = QImage(m_prepared->geometry.size(), QImage::Format_ARGB32_Premultiplied);
+    if (look != m_look) {
+        m_prepared.clear();
+        m_look = look;
     }
-    Prepared& prepared = *m_prepared;
+    auto found = m_prepared.find(scale);
+    if (found == m_prepared.end()) {
+        found = m_prepared.try_emplace(scale, look, scale).first;
+    }
+    Prepared& prepared = found->second;
     const int cellCount = m_pixels.isNull() ? loupe::emptyGridSide : m_pixels.width();
     if (prepared.cellCount != cellCount) {
-        const QRect aboveThePill(0, 0, m_image.width(), prepared.geometry.pill().top());
+        const QRect aboveThePill(0, 0, prepared.image.width(), prepared.geometry.pill().top());
         prepared.cellCount = cellCount;
         prepared.cellEdges = prepared.geometry.cellEdges(cellCount);
         prepared.lens.emplace(prepared.below, prepared.opening, prepared.artwork.aboveLens(cellCount),
                               aboveThePill);
     }
+    return prepared;
 }
 
-void LoupeRenderer::drawLens()
+void LoupeRenderer::drawLens(Prepared& prepared) const
 {
-    Prepared& prepared = *m_prepared;
     const LoupeStencil& stencil = *prepared.lens;
     const std::vector<int>& edges = prepared.cellEdges;
     QRgb* const live = prepared.liveRow.data();
     const auto composeRows = [&](int from, int to) {
         for (int y = from; y < to; ++y) {
-            stencil.composeRow(y, live, pixelRow(m_image, y));
+            stencil.composeRow(y, live, pixelRow(prepared.image, y));
         }
     };
     if (m_pixels.isNull()) {
@@ -98,9 +102,8 @@ void LoupeRenderer::drawLens()
     composeRows(edges.back(), prepared.geometry.pill().top());
 }
 
-void LoupeRenderer::drawInfoPill()
+void LoupeRenderer::drawInfoPill(Prepared& prepared) const
 {
-    Prepared& prepared = *m_prepared;
     const QRgb color = m_centerColor.value_or(noCenterColor);
     const PillContent content = PillContent::of(color);
     const LoupeStencil& stencil =
@@ -109,9 +112,9 @@ void LoupeRenderer::drawInfoPill()
 
     std::ranges::fill(prepared.liveRow, color);
     for (int y = 0; y < pill.height(); ++y) {
-        stencil.composeRow(y, prepared.liveRow.data(), pixelRow(m_image, pill.top() + y));
+        stencil.composeRow(y, prepared.liveRow.data(), pixelRow(prepared.image, pill.top() + y));
     }
-    QPainter painter(&m_image);
+    QPainter painter(&prepared.image);
     prepared.label.draw(painter, pill, content);
 }
 

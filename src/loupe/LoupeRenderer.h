@@ -7,13 +7,15 @@
 
 #include <QImage>
 
+#include <map>
 #include <optional>
 #include <vector>
 
 namespace tintwick {
 
 /// Draws the loupe: the lens with the enlarged pixels, and below it the pill with the colour under the pointer, its
-/// hexadecimal code and its name. It draws images only; the caller shows them.
+/// hexadecimal code and its name. It draws images only; the caller shows them. What depends on shape, size and scale
+/// only, such as the shadows, is drawn once and kept for the next picks.
 class LoupeRenderer final
 {
 public:
@@ -23,16 +25,15 @@ public:
     void setCenterColor(std::optional<QRgb> color);
 
     /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, side × scale by (side + 56) × scale
-    /// pixels, rounded. The next call draws into the same image.
+    /// pixels, rounded. The next call at this scale draws into the same image.
     const QImage& render(const LoupeLook& look, double scale);
 
 private:
     /// Everything that depends on shape, size and scale only.
     struct Prepared
     {
-        Prepared(const LoupeLook& ofLook, double scale);
+        Prepared(const LoupeLook& look, double scale);
 
-        LoupeLook look;
         LoupeGeometry geometry;
         LoupeArtwork artwork;
         QImage below;
@@ -45,16 +46,18 @@ private:
         int cellCount = 0;
         std::vector<int> cellEdges;
         std::optional<LoupeStencil> lens;
+        QImage image;
     };
 
-    void prepare(const LoupeLook& look, double scale);
-    void drawLens();
-    void drawInfoPill();
+    [[nodiscard]] Prepared& prepare(const LoupeLook& look, double scale);
+    void drawLens(Prepared& prepared) const;
+    void drawInfoPill(Prepared& prepared) const;
 
     QImage m_pixels;
     std::optional<QRgb> m_centerColor;
-    std::optional<Prepared> m_prepared;
-    QImage m_image;
+    LoupeLook m_look;
+    /// By scale; all of the last look.
+    std::map<double, Prepared> m_prepared;
 };
 
 } // namespace tintwick

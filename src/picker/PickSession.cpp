@@ -72,10 +72,11 @@ QImage darkPixels(int side)
 
 } // namespace
 
-PickSession::PickSession(Platform& platform, Options options, QObject* parent)
+PickSession::PickSession(Platform& platform, LoupeRenderer& loupe, Options options, QObject* parent)
     : QObject(parent)
     , m_options(std::move(options))
     , m_radius(zoomradius::atStart(m_options.radius))
+    , m_loupe(loupe)
 {
     m_contentTimer.setSingleShot(true);
     m_contentTimer.setInterval(0);

@@ -46,8 +46,9 @@ public:
         std::function<QString(QRgb color)> copiedText;
     };
 
-    /// Starts the pick on the platform. The pick begins from the event loop. The platform must outlive this object.
-    PickSession(Platform& platform, Options options, QObject* parent = nullptr);
+    /// Starts the pick on the platform. The pick begins from the event loop. Platform and loupe must outlive this
+    /// object.
+    PickSession(Platform& platform, LoupeRenderer& loupe, Options options, QObject* parent = nullptr);
 
     /// Ends the pick without a colour. Does nothing when the pick has ended.
     void cancel();
@@ -81,7 +82,7 @@ private:
     ScreenPosition m_position;
     int m_radius;
     ScrollAccumulator m_scroll;
-    LoupeRenderer m_loupe;
+    LoupeRenderer& m_loupe;
     /// Merges the content changes of one turn of the event loop.
     QTimer m_contentTimer;
     // Destroyed first, because it reports to this object.

@@ -1,8 +1,10 @@
 #include "Picker.h"
 
-#include "LoupeRenderer.h"
 #include "Platform.h"
 #include "Preferences.h"
+
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <utility>
 
@@ -28,9 +30,12 @@ Picker::Picker(Platform& platform, const Preferences& preferences,
     m_platform.preparePicking();
 }
 
-void Picker::prepare() const
+void Picker::prepare()
 {
-    static_cast<void>(LoupeRenderer().render(lookIn(m_preferences), 1));
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        m_loupe.render(lookIn(m_preferences), screen->devicePixelRatio());
+    }
+    connect(&m_preferences, &Preferences::loupeChanged, this, &Picker::prepare, Qt::UniqueConnection);
 }
 
 void Picker::start()
@@ -39,7 +44,7 @@ void Picker::start()
         return;
     }
     m_session = new PickSession(
-        m_platform,
+        m_platform, m_loupe,
         {.look = lookIn(m_preferences), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText},
         this);
     connect(m_session, &PickSession::ended, this, &Picker::finish);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LoupeRenderer.h"
 #include "PickSession.h"
 
 #include <QObject>
@@ -23,8 +24,9 @@ public:
     Picker(Platform& platform, const Preferences& preferences, std::function<QString(QRgb color)> copiedText,
            QObject* parent = nullptr);
 
-    /// Loads the loupe's fonts, so that the first pick does not have to.
-    void prepare() const;
+    /// Draws the loupe once for each scale of the screens, so that the first frame of a pick does not have to load its
+    /// fonts and to blur its shadows. Repeated when the preferences for the loupe change.
+    void prepare();
 
     /// Does nothing during a pick. The current preferences determine the look and the zoom of the loupe.
     void start();
@@ -45,6 +47,7 @@ private:
     Platform& m_platform;
     const Preferences& m_preferences;
     std::function<QString(QRgb color)> m_copiedText;
+    LoupeRenderer m_loupe;
     // A child of this object; null when no pick runs.
     PickSession* m_session = nullptr;
 };
