@@ -6,12 +6,16 @@
 #include "ZoomRadius.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <utility>
 
 namespace tintwick {
 
 namespace {
+
+// Where a program draws without pause, more frames would only keep the server and the compositor from showing them.
+constexpr std::chrono::milliseconds frameTime{16};
 
 constexpr char32_t escapeCharacter = U'\u001B';
 
@@ -79,8 +83,8 @@ PickSession::PickSession(Platform& platform, LoupeRenderer& loupe, Options optio
     , m_loupe(loupe)
 {
     m_contentTimer.setSingleShot(true);
-    m_contentTimer.setInterval(0);
     connect(&m_contentTimer, &QTimer::timeout, this, &PickSession::updateLoupe);
+    m_sinceUpdate.start();
     m_session = platform.startPick(*this);
 }
 
@@ -160,7 +164,10 @@ void PickSession::keyPressed(const KeyPress& press)
 
 void PickSession::contentChanged()
 {
-    m_contentTimer.start();
+    if (!m_contentTimer.isActive()) {
+        const std::chrono::milliseconds sinceUpdate(m_sinceUpdate.elapsed());
+        m_contentTimer.start(std::max(std::chrono::milliseconds(0), frameTime - sinceUpdate));
+    }
 }
 
 void PickSession::lost()
@@ -227,6 +234,7 @@ void PickSession::updateLoupe()
 {
     // This grab contains all changes reported so far.
     m_contentTimer.stop();
+    m_sinceUpdate.start();
     const auto screen = static_cast<std::size_t>(m_position.screen);
     if (!m_hasPosition || screen >= m_session->screens().size()) {
         return;

@@ -5,6 +5,7 @@
 #include "PickingSession.h"
 #include "ScrollAccumulator.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -83,8 +84,9 @@ private:
     int m_radius;
     ScrollAccumulator m_scroll;
     LoupeRenderer& m_loupe;
-    /// Merges the content changes of one turn of the event loop.
+    /// Merges the content changes of one frame.
     QTimer m_contentTimer;
+    QElapsedTimer m_sinceUpdate;
     // Destroyed first, because it reports to this object.
     std::unique_ptr<PickingSession> m_session;
 };
