@@ -1,7 +1,9 @@
 #include "desktop/TintwickProcess.h"
+#include "support/FloodingClient.h"
 #include "support/Pattern.h"
 #include "support/TestWindow.h"
 
+#include <QDeadlineTimer>
 #include <QTest>
 
 using namespace tintwick;
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void theLoupeNeverSamplesItself();
     void aMenuThatHasClosedIsNotSampled_data();
     void aMenuThatHasClosedIsNotSampled();
+    void aProgramThatDrawsWithoutPauseDoesNotDelayTheLoupe_data();
+    void aProgramThatDrawsWithoutPauseDoesNotDelayTheLoupe();
 };
 
 namespace {
@@ -207,6 +211,35 @@ void LiveTest::aMenuThatHasClosedIsNotSampled()
             QVERIFY(program.waitForCenterCell(patternPixel(x, y)));
         }
     }
+}
+
+void LiveTest::aProgramThatDrawsWithoutPauseDoesNotDelayTheLoupe_data()
+{
+    addCompositors();
+}
+
+void LiveTest::aProgramThatDrawsWithoutPauseDoesNotDelayTheLoupe()
+{
+    PrivateDesktop desktop(desktopOfRow());
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const FloodingClient flood(desktop.display(), {100, 100, 1000, 500}, 8);
+    QVERIFY(program.startPicking());
+    for (int step = 0; step < 20; ++step) {
+        const QPoint position(300 + 37 * step, 250 + 61 * step % 300);
+        desktop.movePointer(position);
+        const QRect place = loupePlace(position, desktop.screen());
+        const QPoint onRing(place.center().x(), place.top() + 1);
+        // Asking without pause keeps the server as busy as it can be.
+        const QDeadlineTimer deadline(5000);
+        while (desktop.pixel(onRing) != qRgb(18, 18, 18) && !deadline.hasExpired()) {
+        }
+        QVERIFY(!deadline.hasExpired());
+    }
+    const QPoint calm(640, 700);
+    desktop.movePointer(calm);
+    QVERIFY(program.waitForCenterCell(patternPixel(calm.x(), calm.y())));
 }
 
 QTEST_GUILESS_MAIN(LiveTest)

@@ -6,6 +6,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <X11/keysym.h>
+
 #include <vector>
 
 using namespace tintwick;
@@ -27,6 +29,8 @@ private Q_SLOTS:
     void cellsBeyondTheScreenAreDarkGray();
     void overlappingWindowsAreSampledAsShown_data();
     void overlappingWindowsAreSampledAsShown();
+    void aFarMoveRightAfterTheStartIsSampledAsShown_data();
+    void aFarMoveRightAfterTheStartIsSampledAsShown();
 };
 
 namespace {
@@ -255,6 +259,46 @@ void TruthTest::overlappingWindowsAreSampledAsShown()
         // Nothing changes below, so the picture stays the same once the loupe does not move.
         static_cast<void>(desktop.settledScreenshot(loupePlace(position, desktop.screen())));
         QVERIFY2(program.centerCell() == expected, difference(position, program, expected).constData());
+    }
+}
+
+void TruthTest::aFarMoveRightAfterTheStartIsSampledAsShown_data()
+{
+    overlappingWindowsAreSampledAsShown_data();
+}
+
+void TruthTest::aFarMoveRightAfterTheStartIsSampledAsShown()
+{
+    QFETCH(const bool, windowManager);
+    QFETCH(const Compositor, compositor);
+    // So large that the screen is still being copied when the pointer moves.
+    PrivateDesktop desktop({.size = {3840, 2160}, .windowManager = windowManager, .compositor = compositor});
+    const auto picture = desktop.showPicture();
+    DesktopConnection other(desktop.display());
+    // A compositor's shadow is around it, which is in no window's content.
+    TestWindow window(other, {.geometry = {3000, 1700, 200, 200}});
+    window.setColor(QColor(10, 120, 60));
+    window.show();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QImage before = desktop.settledScreenshot();
+
+    for (int pick = 0; pick < 6; ++pick) {
+        desktop.movePointer({300, 300});
+        QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
+        desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
+        QVERIFY(program.waitForLoupe());
+        // Each step is far from the last or below the loupe at its last place.
+        for (const QPoint position :
+             {QPoint(2990 + pick, 1800), QPoint(3000, 1690 - pick), QPoint(3020, 1695), QPoint(200, 2000),
+              QPoint(3206, 1850 + pick), QPoint(3215, 1860)}) {
+            desktop.movePointer(position);
+            const QRgb expected = before.pixel(position);
+            QVERIFY2(program.waitForCenterCell(expected),
+                     difference(position, program, expected).constData());
+        }
+        desktop.typeKey(XK_Escape);
+        QVERIFY(program.waitForPickToEnd());
     }
 }
 

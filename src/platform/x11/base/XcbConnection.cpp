@@ -5,10 +5,15 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <chrono>
 
 namespace tintwick {
 
 namespace {
+
+// A client that draws without pause causes events faster than they are handled. What is due when the queue is empty,
+// such as a move of the pointer, waits for no longer than this.
+constexpr std::chrono::milliseconds longestTurn{8};
 
 xcb_screen_t* screenOfNumber(xcb_connection_t* connection, int number)
 {
@@ -96,7 +101,9 @@ void XcbConnection::drain()
         }
     };
     bool handledAny = false;
-    while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
+    const auto end = std::chrono::steady_clock::now() + longestTurn;
+    while (const XcbReply<xcb_generic_event_t> event{
+        std::chrono::steady_clock::now() < end ? xcb_poll_for_event(m_connection) : nullptr}) {
         handledAny = true;
         forEachSink([&](Sink& sink) { sink.handleEvent(*event); });
     }

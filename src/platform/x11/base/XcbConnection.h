@@ -37,7 +37,7 @@ public:
     public:
         /// Every sink receives every event and selects its own.
         virtual void handleEvent(const xcb_generic_event_t& event) = 0;
-        /// The queue is empty for now. Process the collected events here.
+        /// The queue is empty, or many events have been handled. Process the collected events here.
         virtual void eventsDrained() {}
 
     protected:

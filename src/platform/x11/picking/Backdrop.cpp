@@ -2,8 +2,6 @@
 
 #include "RenderFormats.h"
 
-#include <algorithm>
-
 namespace tintwick {
 
 namespace {
@@ -13,12 +11,11 @@ constexpr xcb_render_color_t black{0, 0, 0, 0xffff};
 
 } // namespace
 
-Backdrop::Backdrop(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
-                   const QRegion& bareRegion)
+Backdrop::Backdrop(const XcbConnection& connection, const ScreenCopy& copy, std::optional<QPoint> bareSpot)
     : m_picture(XcbPicture::withNewId(connection.get()))
 {
     if (!useWallpaper(connection)) {
-        useOneColor(connection, copy, bareRegion);
+        useOneColor(connection, copy, bareSpot);
     }
 }
 
@@ -44,23 +41,18 @@ bool Backdrop::useWallpaper(const XcbConnection& connection)
     return true;
 }
 
-void Backdrop::useOneColor(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
-                           const QRegion& bareRegion)
+void Backdrop::useOneColor(const XcbConnection& connection, const ScreenCopy& copy,
+                           std::optional<QPoint> bareSpot)
 {
     xcb_connection_t* c = connection.get();
     m_pixmap = XcbPixmap::withNewId(c);
     xcb_create_pixmap(c, translucentDepth, m_pixmap.id(), connection.root(), 1, 1);
     xcb_render_create_picture(c, m_picture.id(), m_pixmap.id(), formatOfDepth(c, translucentDepth),
                               XCB_RENDER_CP_REPEAT, &repeat);
-    const auto* const largest =
-        std::max_element(bareRegion.begin(), bareRegion.end(), [](const QRect& a, const QRect& b) {
-            return a.width() * a.height() < b.width() * b.height();
-        });
-    if (largest != bareRegion.end() && copy) {
-        const QPoint spot = largest->center();
-        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, copy->picture(), XCB_NONE, m_picture.id(),
-                             static_cast<std::int16_t>(spot.x()), static_cast<std::int16_t>(spot.y()), 0, 0,
-                             0, 0, 1, 1);
+    if (bareSpot) {
+        xcb_render_composite(c, XCB_RENDER_PICT_OP_SRC, copy.picture(), XCB_NONE, m_picture.id(),
+                             static_cast<std::int16_t>(bareSpot->x()),
+                             static_cast<std::int16_t>(bareSpot->y()), 0, 0, 0, 0, 1, 1);
     } else {
         const xcb_rectangle_t pixel{0, 0, 1, 1};
         xcb_render_fill_rectangles(c, XCB_RENDER_PICT_OP_SRC, m_picture.id(), black, 1, &pixel);

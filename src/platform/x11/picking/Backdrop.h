@@ -4,7 +4,7 @@
 #include "XcbConnection.h"
 #include "XcbHandle.h"
 
-#include <QRegion>
+#include <QPoint>
 
 #include <optional>
 
@@ -15,16 +15,14 @@ namespace tintwick {
 class Backdrop final
 {
 public:
-    /// `bareRegion` is the area without windows when the copy was made, in root coordinates.
-    Backdrop(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
-             const QRegion& bareRegion);
+    /// `bareSpot` is a position without a window when the copy was made, in root coordinates.
+    Backdrop(const XcbConnection& connection, const ScreenCopy& copy, std::optional<QPoint> bareSpot);
 
     [[nodiscard]] xcb_render_picture_t picture() const { return m_picture.id(); }
 
 private:
     [[nodiscard]] bool useWallpaper(const XcbConnection& connection);
-    void useOneColor(const XcbConnection& connection, const std::optional<ScreenCopy>& copy,
-                     const QRegion& bareRegion);
+    void useOneColor(const XcbConnection& connection, const ScreenCopy& copy, std::optional<QPoint> bareSpot);
 
     XcbPixmap m_pixmap;
     XcbPicture m_picture;

@@ -4,9 +4,14 @@
 #include "ToolkitConnection.h"
 #include "X11Compositor.h"
 
+#include <QTimer>
+
 #include <xcb/damage.h>
 #include <xcb/randr.h>
 #include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace tintwick {
 
@@ -17,6 +22,17 @@ constexpr int maximumRegionComplexity = 64;
 
 // The longest time that a compositor needs to repaint the area that the loupe has left.
 constexpr std::chrono::milliseconds compositorDelay{300};
+
+// Copying the rest of the screen must not delay the first frame of the loupe, nor the compositor that shows it.
+constexpr std::chrono::milliseconds firstFrameTime{16};
+
+void addTo(QRegion& sum, const QRegion& region)
+{
+    sum += region;
+    if (sum.rectCount() > maximumRegionComplexity) {
+        sum = sum.boundingRect();
+    }
+}
 
 } // namespace
 
@@ -38,17 +54,20 @@ ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& e
     if (m_extensions.canReadBelowLoupe) {
         // Damage is watched before the copy is made, so that no later change is missed.
         m_windows.emplace(m_connection, m_extensions);
-        m_bareRegion = m_screenRegion - m_windows->coveredRegion();
     }
-    const QRect bounds = m_screenRegion.boundingRect();
-    if (bounds.isEmpty()) {
+    if (m_screenRegion.isEmpty()) {
         return;
     }
-    m_copy.emplace(m_connection, QSize(bounds.right() + 1, bounds.bottom() + 1));
+    m_copy.emplace(m_connection, m_screenRegion);
     if (m_windows) {
-        m_windows->ignoreDamageBefore(m_copy->sequence());
+        findBareSpot();
     }
     if (m_isComposited) {
+        // A compositor that leaves the screen to a full-screen window takes it back because of the loupe. What it
+        // shows meanwhile must not be copied.
+        if (!m_windows || !m_windows->isOverlayShown()) {
+            m_copy->copy(m_screenRegion);
+        }
         if (m_extensions.canReadBelowLoupe) {
             m_screenDamage = XcbDamage::withNewId(m_connection.get());
             xcb_damage_create(m_connection.get(), m_screenDamage.id(), m_connection.root(),
@@ -67,6 +86,7 @@ ScreenReader::~ScreenReader()
 
 QImage ScreenReader::grab(const QRect& rect)
 {
+    applyDamage();
     m_lastGrab = rect;
     if (!m_canvas.begin(rect)) {
         return {};
@@ -83,6 +103,7 @@ QImage ScreenReader::grab(const QRect& rect)
     }
     const QRegion live = m_windows ? visible & m_changed : QRegion();
     if (live != visible) {
+        m_copy->copy(visible);
         m_canvas.drawRootPicture(m_copy->picture(), rect);
     }
     if (!live.isEmpty()) {
@@ -97,6 +118,13 @@ void ScreenReader::loupeWillCover(const QRect& area)
     m_loupeTrail.push_back({withShadow(area), now});
     while (m_loupeTrail.front().when < now - compositorDelay) {
         m_loupeTrail.pop_front();
+    }
+    if (m_copy) {
+        // A compositor may draw around the loupe, too.
+        m_copy->copy(withShadow(area));
+        if (!std::exchange(m_hasShownLoupe, true)) {
+            QTimer::singleShot(firstFrameTime, this, &ScreenReader::copyRest);
+        }
     }
     if (m_windows) {
         m_windows->keepContents(area);
@@ -125,6 +153,10 @@ void ScreenReader::handleEvent(const xcb_generic_event_t& event)
                reinterpret_cast<const xcb_damage_notify_event_t&>(event).damage == m_screenDamage.id()) {
         const auto& area = reinterpret_cast<const xcb_damage_notify_event_t&>(event).area;
         handleScreenDamage({area.x, area.y, area.width, area.height});
+    } else if (m_copiesRest && m_copy->isFinishedBy(event)) {
+        copyRest();
+    } else if (m_windows && type == m_extensions.damageEvent + XCB_DAMAGE_NOTIFY) {
+        addTo(m_damage, m_windows->handleEvent(event));
     } else if (m_windows) {
         markChanged(m_windows->handleEvent(event));
     }
@@ -180,8 +212,13 @@ void ScreenReader::handleScreenDamage(const QRect& area)
     }
     const QRect screen = m_screenRegion.boundingRect();
     if (!area.contains(screen) && !loupe.contains(area & screen)) {
-        markChanged(area);
+        addTo(m_damage, area);
     }
+}
+
+void ScreenReader::applyDamage()
+{
+    markChanged(std::exchange(m_damage, {}));
 }
 
 void ScreenReader::markChanged(const QRegion& region)
@@ -189,12 +226,33 @@ void ScreenReader::markChanged(const QRegion& region)
     if (region.isEmpty()) {
         return;
     }
-    m_changed += region;
-    if (m_changed.rectCount() > maximumRegionComplexity) {
-        m_changed = m_changed.boundingRect();
-    }
+    addTo(m_changed, region);
     if (region.intersects(m_lastGrab)) {
         Q_EMIT contentChanged();
+    }
+}
+
+void ScreenReader::findBareSpot()
+{
+    const QRegion bareRegion = m_screenRegion - m_windows->coveredRegion();
+    const auto* const largest =
+        std::max_element(bareRegion.begin(), bareRegion.end(), [](const QRect& a, const QRect& b) {
+            return a.width() * a.height() < b.width() * b.height();
+        });
+    if (largest != bareRegion.end()) {
+        m_bareSpot = largest->center();
+        m_copy->copy(QRect(*m_bareSpot, QSize(1, 1)));
+    }
+}
+
+// One tile at a time, so that the server answers the requests of a move in between.
+void ScreenReader::copyRest()
+{
+    const QRegion tile = m_copy->nextTile();
+    m_copiesRest = !tile.isEmpty();
+    if (m_copiesRest) {
+        m_copy->copy(tile);
+        m_connection.flush();
     }
 }
 
@@ -212,7 +270,7 @@ void ScreenReader::drawLive(const QRegion& region)
     const QRect area = region.boundingRect();
     m_canvas.clip(region);
     if (!m_backdrop) {
-        m_backdrop.emplace(m_connection, m_copy, m_bareRegion);
+        m_backdrop.emplace(m_connection, *m_copy, m_bareSpot);
     }
     m_canvas.drawRootPicture(m_backdrop->picture(), area);
     for (const StackedWindow* window : m_windows->contentsIn(area)) {

@@ -11,6 +11,7 @@
 
 #include <QImage>
 #include <QObject>
+#include <QPoint>
 #include <QRegion>
 
 #include <chrono>
@@ -22,10 +23,11 @@ namespace tintwick {
 
 /// Reads the screen below the loupe during one pick, live. All rectangles and regions are in root coordinates.
 ///
-/// The loupe covers the pixels that it magnifies, so there are two sources. The first is a copy of the screen, made
-/// before the loupe is shown. The second is the pixmaps of the windows, which the Composite extension keeps complete
+/// The loupe covers the pixels that it magnifies, so there are two sources. The first is a copy of the screen. Each part
+/// is copied before the loupe covers it, and the rest after the first frame, because the whole screen takes longer than
+/// a frame. The second source is the pixmaps of the windows, which the Composite extension keeps complete
 /// below other windows. A pixmap is requested when the loupe first covers its window, because without a compositor each
-/// costs the server a copy. The copy is used where nothing has changed since it was made; elsewhere the windows are
+/// costs the server a copy. The copy is used where nothing has changed since the pick began; elsewhere the windows are
 /// composed. Without Composite the copy is the only source.
 class ScreenReader final : public QObject, private XcbConnection::Sink
 {
@@ -62,13 +64,19 @@ private:
     };
 
     void handleEvent(const xcb_generic_event_t& event) override;
+    void eventsDrained() override { applyDamage(); }
     /// Whether the event reports a change of the monitors.
     [[nodiscard]] bool isScreenChange(const xcb_generic_event_t& event) const;
     /// Whether the event reports the start or the end of a compositor.
     [[nodiscard]] bool isCompositorChange(const xcb_generic_event_t& event) const;
     void selectEvents(bool select) const;
     void handleScreenDamage(const QRect& area);
+    /// Marks what has been drawn since the last call as changed.
+    void applyDamage();
     void markChanged(const QRegion& region);
+    /// Finds a position without a window, and copies it while it is bare.
+    void findBareSpot();
+    void copyRest();
     void readScreens();
     void drawLive(const QRegion& region);
     [[nodiscard]] XcbPicture createRootPicture() const;
@@ -82,16 +90,20 @@ private:
     bool m_isComposited = false;
     std::optional<ScreenCopy> m_copy;
     std::optional<WindowStack> m_windows;
-    /// The area without windows when the copy was made.
-    QRegion m_bareRegion;
+    /// A position without a window when the pick began.
+    std::optional<QPoint> m_bareSpot;
+    bool m_hasShownLoupe = false;
+    bool m_copiesRest = false;
     /// Created on first use.
     std::optional<Backdrop> m_backdrop;
     /// Reports what a compositor paints on the screen.
     XcbDamage m_screenDamage;
     /// Recent areas of the loupe, the newest last.
     std::deque<LoupePlace> m_loupeTrail;
-    /// The area that has changed since the copy was made.
+    /// The area that has changed since the pick began.
     QRegion m_changed;
+    /// What has been drawn since the last applyDamage().
+    QRegion m_damage;
     QRect m_lastGrab;
     GrabCanvas m_canvas;
     XcbConnection::Subscription m_subscription;

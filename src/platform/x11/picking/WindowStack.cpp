@@ -94,6 +94,7 @@ WindowStack::WindowStack(XcbConnection& connection, const PickingExtensions& ext
             watch(window);
         }
     }
+    m_damageCountsFrom = xcb_no_operation(c).sequence;
 }
 
 WindowStack::~WindowStack()
@@ -303,6 +304,10 @@ void WindowStack::describe(std::vector<StackedWindow*> windows)
         window.isGuard = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY && isGuardWindow(c, window.id);
         window.hasAlpha = format && format->direct.alpha_mask != 0;
         window.isShaped = shape->bounding_shaped != 0;
+        if (isFromServer(window.id, setup) && window.isMapped) {
+            m_isOverlayShown = shape->bounding_shape_extents_width >= geometry->width &&
+                               shape->bounding_shape_extents_height >= geometry->height;
+        }
     }
 }
 

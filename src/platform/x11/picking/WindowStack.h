@@ -59,10 +59,6 @@ public:
     WindowStack(const WindowStack&) = delete;
     WindowStack& operator=(const WindowStack&) = delete;
 
-    /// Ignores damage from before the request with this sequence number. The server reports each whole window when
-    /// watching begins.
-    void ignoreDamageBefore(std::uint32_t sequence) { m_damageCountsFrom = sequence; }
-
     /// Processes the event; returns the region of the root that may have changed.
     [[nodiscard]] QRegion handleEvent(const xcb_generic_event_t& event);
 
@@ -76,6 +72,8 @@ public:
 
     /// Frames of all visible windows.
     [[nodiscard]] QRegion coveredRegion() const;
+    /// Whether the server's overlay window, on which compositors paint, covers the whole screen.
+    [[nodiscard]] bool isOverlayShown() const { return m_isOverlayShown; }
 
 private:
     [[nodiscard]] QRegion handleDamage(const xcb_generic_event_t& event);
@@ -97,7 +95,9 @@ private:
 
     XcbConnection& m_connection;
     const PickingExtensions& m_extensions;
+    /// The server reports each whole window when watching begins; that damage is from before this request.
     std::uint32_t m_damageCountsFrom = 0;
+    bool m_isOverlayShown = false;
     std::vector<StackedWindow> m_windows;
 };
 
