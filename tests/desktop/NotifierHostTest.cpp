@@ -1,4 +1,5 @@
 #include "desktop/TintwickProcess.h"
+#include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
@@ -7,6 +8,8 @@
 #include <QStringList>
 #include <QTest>
 
+#include <array>
+#include <cstdint>
 #include <memory>
 
 using namespace tintwick;
@@ -73,6 +76,8 @@ class NotifierHostTest final : public QObject
 
 private Q_SLOTS:
     void thePanelOpensAtThePointer();
+    void withTwoMonitorsItLeavesTheBarsFree_data();
+    void withTwoMonitorsItLeavesTheBarsFree();
     void theClickThatHidesThePanelDoesNotShowItAgain();
     void aHostThatReportsThePressTogglesThePanel();
     void aClickElsewhereIsNotMistakenForOneOnTheIcon();
@@ -96,6 +101,55 @@ void NotifierHostTest::thePanelOpensAtThePointer()
     QVERIFY(desk.host.activate(onIcon));
     QVERIFY(desk.program.waitForPanel());
     QCOMPARE(desk.program.panel(), QRect(900 - 190, 11, 380, 580));
+}
+
+void NotifierHostTest::withTwoMonitorsItLeavesTheBarsFree_data()
+{
+    QTest::addColumn<TestWindow::Management>("management");
+    QTest::newRow("managed bars") << TestWindow::Management::Managed;
+    QTest::newRow("bars that the window manager does not know") << TestWindow::Management::Unmanaged;
+}
+
+void NotifierHostTest::withTwoMonitorsItLeavesTheBarsFree()
+{
+    QFETCH(const TestWindow::Management, management);
+    Desk desk;
+    desk.desktop.setMonitors({{"left", {0, 0, 640, 800}, true}, {"right", {640, 0, 640, 800}}});
+    DesktopConnection& connection = desk.desktop.connection();
+    // Left, right, top and bottom, and then the start and the end of each.
+    using Strut = std::array<std::uint32_t, 12>;
+    const auto makeBar = [&](const QRect& place, const Strut& strut) {
+        auto bar = std::make_unique<TestWindow>(
+            connection, TestWindow::Options{.geometry = place, .management = management});
+        const xcb_atom_t dock = connection.atom("_NET_WM_WINDOW_TYPE_DOCK");
+        xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, bar->id(),
+                            connection.atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, 1, &dock);
+        xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, bar->id(),
+                            connection.atom("_NET_WM_STRUT_PARTIAL"), XCB_ATOM_CARDINAL, 32,
+                            static_cast<std::uint32_t>(strut.size()), strut.data());
+        bar->show();
+        return bar;
+    };
+    const auto onTheRight = makeBar({1257, 0, 23, 800}, {0, 23, 0, 0, 0, 0, 0, 799});
+    const auto onTop = makeBar({640, 0, 640, 24}, {0, 0, 24, 0, 0, 0, 0, 0, 640, 1279});
+    QVERIFY(waitUntil(
+        [&] { return connection.isViewable(onTheRight->id()) && connection.isViewable(onTop->id()); }));
+    QVERIFY(desk.host.waitForItem());
+
+    const QPoint onRightMonitor(1200, 5);
+    desk.desktop.movePointer(onRightMonitor);
+    QVERIFY(desk.host.activate(onRightMonitor));
+    QVERIFY(desk.program.waitForPanel());
+    QVERIFY(waitUntil([&] { return desk.program.panel() == QRect(1257 - 8 - 380, 24, 380, 580); }));
+    QVERIFY(desk.host.activate(onRightMonitor));
+    QVERIFY(desk.program.waitForPanelToHide());
+
+    // The other monitor has no bar.
+    const QPoint onLeftMonitor(300, 5);
+    desk.desktop.movePointer(onLeftMonitor);
+    QVERIFY(desk.host.activate(onLeftMonitor));
+    QVERIFY(desk.program.waitForPanel());
+    QVERIFY(waitUntil([&] { return desk.program.panel() == QRect(300 - 190, 6, 380, 580); }));
 }
 
 void NotifierHostTest::theClickThatHidesThePanelDoesNotShowItAgain()

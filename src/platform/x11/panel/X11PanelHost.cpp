@@ -4,6 +4,7 @@
 #include "ToolkitConnection.h"
 #include "TranslucentVisual.h"
 #include "X11Compositor.h"
+#include "X11Reservations.h"
 
 #include <QCursor>
 #include <QEvent>
@@ -39,17 +40,29 @@ xcb_window_t childOfRoot(xcb_connection_t* c, xcb_window_t window, xcb_window_t 
     }
 }
 
-/// The primary one first.
-QList<PanelScreen> panelScreens()
+/// The toolkit measures sizes in points, but its screens have their places in pixels.
+PanelScreen panelScreen(const QScreen& screen, const X11Reservations& reserved)
 {
+    const QRect frame = screen.geometry();
+    const double scale = screen.devicePixelRatio();
+    const QRect pixels(frame.topLeft(), (QSizeF(frame.size()) * scale).toSize());
+    const QRect free = freeArea(pixels, reserved.root, reserved.workArea, reserved.struts);
+    const QPoint inside = (QPointF(free.topLeft() - frame.topLeft()) / scale).toPoint();
+    return {frame, QRect(frame.topLeft() + inside, (QSizeF(free.size()) / scale).toSize())};
+}
+
+/// The primary one first. The toolkit knows the free area of a single monitor only.
+QList<PanelScreen> panelScreens(const XcbConnection& connection)
+{
+    const X11Reservations reserved = queryReservations(connection);
     QList<PanelScreen> screens;
     const QScreen* primary = QGuiApplication::primaryScreen();
     for (const QScreen* screen : QGuiApplication::screens()) {
-        const PanelScreen panelScreen{screen->geometry(), screen->availableGeometry()};
+        const PanelScreen measured = panelScreen(*screen, reserved);
         if (screen == primary) {
-            screens.prepend(panelScreen);
+            screens.prepend(measured);
         } else {
-            screens.append(panelScreen);
+            screens.append(measured);
         }
     }
     return screens;
@@ -96,7 +109,7 @@ void X11PanelHost::showAtLastAnchor(PanelWindow& panel)
 {
     adopt(panel);
     QWidget& widget = *m_widget;
-    const QRect place = placePanel(m_lastAnchor, panelScreens(), widget.sizeHint());
+    const QRect place = placePanel(m_lastAnchor, panelScreens(m_connection), widget.sizeHint());
     widget.setFixedSize(place.size());
     widget.move(place.topLeft());
     panel.setBlended(hasCompositor(m_connection));
