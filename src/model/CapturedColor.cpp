@@ -89,6 +89,13 @@ CapturedColor CapturedColor::capture(double red, double green, double blue, doub
             std::nullopt};
 }
 
+CapturedColor CapturedColor::capture(std::uint32_t rgb)
+{
+    constexpr double brightest = 255;
+    const auto component = [rgb](unsigned shift) { return ((rgb >> shift) & 0xFF) / brightest; };
+    return capture(component(16), component(8), component(0), 1);
+}
+
 QString CapturedColor::hex6() const
 {
     return u'#' + hexPair(red) + hexPair(green) + hexPair(blue);

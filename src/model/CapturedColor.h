@@ -5,6 +5,7 @@
 #include <QString>
 #include <QUuid>
 
+#include <cstdint>
 #include <optional>
 
 namespace tintwick {
@@ -34,6 +35,8 @@ struct CapturedColor
 
     /// A colour captured now: a new id, no name, each component clamped to 0 to 1.
     [[nodiscard]] static CapturedColor capture(double red, double green, double blue, double alpha);
+    /// The same for an opaque colour given as 0xRRGGBB; higher bits do not count.
+    [[nodiscard]] static CapturedColor capture(std::uint32_t rgb);
 
     /// "#3B82F6"
     [[nodiscard]] QString hex6() const;

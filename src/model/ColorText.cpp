@@ -6,24 +6,17 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 
 namespace tintwick {
 
 namespace {
-
-CapturedColor colorOf(std::uint32_t rgb)
-{
-    const auto component = [rgb](int shift) { return ((rgb >> shift) & 0xFF) / 255.0; };
-    return CapturedColor::capture(component(16), component(8), component(0), 1);
-}
 
 std::optional<CapturedColor> namedColor(QStringView name)
 {
     const auto* const found = std::ranges::find_if(namedColors, [name](const NamedColor& row) {
         return row.name.compare(name, Qt::CaseInsensitive) == 0;
     });
-    return found == namedColors.end() ? std::nullopt : std::optional(colorOf(found->rgb));
+    return found == namedColors.end() ? std::nullopt : std::optional(CapturedColor::capture(found->rgb));
 }
 
 std::optional<CapturedColor> tailwindColor(QStringView token)
@@ -40,7 +33,7 @@ std::optional<CapturedColor> tailwindColor(QStringView token)
     if (family == tailwindPalette.end() || shade == tailwindShades.end()) {
         return std::nullopt;
     }
-    return colorOf(family->rgb.at(static_cast<std::size_t>(shade - tailwindShades.begin())));
+    return CapturedColor::capture(family->rgb.at(static_cast<std::size_t>(shade - tailwindShades.begin())));
 }
 
 } // namespace

@@ -216,7 +216,9 @@ void PickSession::pick(const ScreenPosition& position)
         return;
     }
     const QRgb color = pixel.pixel(0, 0) | 0xff000000;
-    m_session->copyText(m_options.copiedText(color));
+    if (const auto text = m_options.copiedText(color)) {
+        m_session->copyText(*text);
+    }
     end({PickOutcome::Kind::Picked, color});
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tintwick {
 
@@ -31,6 +32,9 @@ struct PickOutcome
     friend bool operator==(const PickOutcome&, const PickOutcome&) = default;
 };
 
+/// Returns the clipboard text of a picked colour, or nothing if the clipboard stays as it is.
+using CopiedText = std::function<std::optional<QString>(QRgb color)>;
+
 /// One pick, from the request to its outcome. Owns the loupe, the zoom and the position. The pixel in the centre of the
 /// loupe is the picked one.
 class PickSession final : public QObject, private PickingSession::Listener
@@ -43,8 +47,7 @@ public:
         LoupeLook look;
         /// Pixels on each side of the centre pixel when the pick begins; at least 1, without an upper bound.
         int radius = 7;
-        /// Returns the clipboard text of a picked colour.
-        std::function<QString(QRgb color)> copiedText;
+        CopiedText copiedText;
     };
 
     /// Starts the pick on the platform. The pick begins from the event loop. Platform and loupe must outlive this

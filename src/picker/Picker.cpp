@@ -20,8 +20,7 @@ LoupeLook lookIn(const Preferences& preferences)
 
 } // namespace
 
-Picker::Picker(Platform& platform, const Preferences& preferences,
-               std::function<QString(QRgb color)> copiedText, QObject* parent)
+Picker::Picker(Platform& platform, const Preferences& preferences, CopiedText copiedText, QObject* parent)
     : QObject(parent)
     , m_platform(platform)
     , m_preferences(preferences)

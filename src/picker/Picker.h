@@ -5,8 +5,6 @@
 
 #include <QObject>
 
-#include <functional>
-
 namespace tintwick {
 
 class Platform;
@@ -19,9 +17,8 @@ class Picker final : public QObject
     Q_OBJECT
 
 public:
-    /// `copiedText` returns the clipboard text of a picked colour. Platform and preferences must outlive the picker.
-    /// The application object must exist.
-    Picker(Platform& platform, const Preferences& preferences, std::function<QString(QRgb color)> copiedText,
+    /// Platform and preferences must outlive the picker. The application object must exist.
+    Picker(Platform& platform, const Preferences& preferences, CopiedText copiedText,
            QObject* parent = nullptr);
 
     /// Draws the loupe once for each scale of the screens, so that the first frame of a pick does not have to load its
@@ -46,7 +43,7 @@ private:
 
     Platform& m_platform;
     const Preferences& m_preferences;
-    std::function<QString(QRgb color)> m_copiedText;
+    CopiedText m_copiedText;
     LoupeRenderer m_loupe;
     // A child of this object; null when no pick runs.
     PickSession* m_session = nullptr;

@@ -19,7 +19,7 @@ class Platform
 public:
     virtual ~Platform() = default;
 
-    /// Call once, as soon as the application object exists and before the first pick.
+    /// Call as soon as the application object exists and before the first pick. Further calls do nothing.
     virtual void preparePicking() = 0;
     /// Starts a pick; the first report, or `refused()`, follows from the event loop. Never returns null. Only one
     /// session may run at a time. The listener must outlive the session.

@@ -97,17 +97,27 @@ void AppState::setShowCopiedFeedback(bool show)
 
 QString AppState::copiedText(const CapturedColor& color) const
 {
-    return string(m_defaultFormat, named(color));
+    return copiedText(color, m_defaultFormat);
+}
+
+QString AppState::copiedText(const CapturedColor& color, ColorFormat format) const
+{
+    return string(format, named(color));
 }
 
 void AppState::colorCaptured(const CapturedColor& color)
+{
+    addToHistory(color);
+    showCopyFeedback(m_defaultFormat, m_history.first());
+}
+
+void AppState::addToHistory(const CapturedColor& color)
 {
     m_history.prepend(named(color));
     if (m_history.size() > historyLimit) {
         m_history.removeLast();
     }
     Q_EMIT historyChanged();
-    showCopyFeedback(m_defaultFormat, m_history.first());
     save();
 }
 

@@ -57,9 +57,13 @@ public:
 
     /// The text that a pick of the colour copies: in the default format, with the name that the history will give it.
     [[nodiscard]] QString copiedText(const CapturedColor& color) const;
+    /// The same in another format.
+    [[nodiscard]] QString copiedText(const CapturedColor& color, ColorFormat format) const;
     /// Takes in a picked colour whose text has been copied: names it by the table of names if it has no name, puts it at
     /// the head of the history and drops the oldest beyond the limit.
     void colorCaptured(const CapturedColor& color);
+    /// The same for a colour that was not copied in the default format: shows no feedback.
+    void addToHistory(const CapturedColor& color);
     /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);
     /// Removes a colour from the history and from every collection. Saves in every case.

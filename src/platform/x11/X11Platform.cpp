@@ -94,7 +94,9 @@ X11Platform::X11Platform(std::unique_ptr<XcbConnection> connection)
 
 void X11Platform::preparePicking()
 {
-    m_picking.emplace(*m_connection, m_keymap);
+    if (!m_picking) {
+        m_picking.emplace(*m_connection, m_keymap);
+    }
 }
 
 std::unique_ptr<PickingSession> X11Platform::startPick(PickingSession::Listener& listener)
