@@ -8,6 +8,7 @@
 #include "Overlay.h"
 #include "Panel.h"
 #include "PanelView.h"
+#include "PickSeries.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
 #include "Ticker.h"
@@ -35,11 +36,6 @@ std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
     return prefersDark ? std::optional(*prefersDark ? Scheme::Dark : Scheme::Light) : std::nullopt;
 }
 
-CapturedColor captured(QRgb color)
-{
-    return CapturedColor::capture(qRed(color) / 255.0, qGreen(color) / 255.0, qBlue(color) / 255.0, 1);
-}
-
 } // namespace
 
 void Application::setUpToolkit()
@@ -54,12 +50,13 @@ void Application::setUpToolkit()
     QPixmapCache::setCacheLimit(0);
 }
 
-Application::Application(std::unique_ptr<Platform> platform)
+Application::Application(std::unique_ptr<Platform> platform, InstanceService& instance)
     : m_platform(std::move(platform))
     , m_picker(*m_platform, m_preferences,
-               [this](QRgb color) { return m_appState.copiedText(captured(color)); })
+               [this](QRgb color) { return m_appState.copiedText(CapturedColor::capture(color)); })
     , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences)
 {
+    setupInstance(instance);
 }
 
 Application::~Application() = default;
@@ -139,7 +136,7 @@ QWidget* Application::createSettings(QWidget& panel)
 void Application::setupPicker()
 {
     connect(&m_picker, &Picker::picked, this,
-            [this](QRgb color) { m_appState.colorCaptured(captured(color)); });
+            [this](QRgb color) { m_appState.colorCaptured(CapturedColor::capture(color)); });
     connect(&m_picker, &Picker::failed, this, &Application::reportFailedPick);
 }
 
@@ -156,6 +153,11 @@ void Application::showPanel(const PanelAnchor& anchor)
 {
     setupPanel();
     m_platform->panelHost().show(*m_panel, anchor);
+}
+
+void Application::openPanel()
+{
+    showPanel({m_trayIcon.frame()});
 }
 
 void Application::hidePanel()
@@ -204,9 +206,44 @@ void Application::shortcutReleased(ShortcutAction action)
         pick();
         break;
     case ShortcutAction::OpenMainWindow:
-        showPanel({m_trayIcon.frame()});
+        openPanel();
         break;
     }
+}
+
+void Application::setupInstance(const InstanceService& instance)
+{
+    connect(&instance, &InstanceService::activated, this, &Application::openPanel);
+    connect(&instance, &InstanceService::actionActivated, this, [this](const QString& name) {
+        if (name == "pick"_L1) {
+            pick();
+        } else if (name == "settings"_L1) {
+            openSettingsWindow();
+        } else if (name == "quit"_L1) {
+            QApplication::exit();
+        }
+    });
+    connect(&instance, &InstanceService::pickRequested, this, &Application::pickFor);
+    connect(&instance, &InstanceService::pickAbandoned, this, [this] {
+        if (m_series) {
+            m_series->cancel();
+        }
+    });
+}
+
+void Application::pickFor(const PickRequest& request, const InstanceService::Answer& answer)
+{
+    if (isPicking()) {
+        answer({PickAnswer::Outcome::Failed, {}, {}, tr("Another pick has not ended yet.")});
+        return;
+    }
+    m_series = std::make_unique<PickSeries>(request, *m_platform, m_preferences, m_appState);
+    connect(m_series.get(), &PickSeries::finished, this, [this, answer](const PickAnswer& result) {
+        // The series is still emitting its signal.
+        m_series.release()->deleteLater();
+        answer(result);
+    });
+    m_series->start();
 }
 
 void Application::pick()
@@ -222,7 +259,7 @@ void Application::pickFromPanel()
 
 void Application::startPick(PickOrigin origin)
 {
-    if (m_picker.isPicking()) {
+    if (isPicking()) {
         return;
     }
     m_pickOrigin = origin;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppState.h"
+#include "InstanceService.h"
 #include "Notifier.h"
 #include "PanelHost.h"
 #include "Picker.h"
@@ -21,6 +22,7 @@ namespace tintwick {
 class DesktopSettings;
 class Panel;
 class PanelView;
+class PickSeries;
 class SettingsWindow;
 
 /// The program: owns its state, tray icon, panel, picker and global shortcuts, and connects them. The constructor loads
@@ -33,11 +35,14 @@ public:
     /// Sets what the toolkit must know before an Application is made: names, paths, and no timers while idle.
     static void setUpToolkit();
 
-    explicit Application(std::unique_ptr<Platform> platform);
+    /// `instance` carries out what other processes ask for and must outlive this object.
+    Application(std::unique_ptr<Platform> platform, InstanceService& instance);
     ~Application() override;
 
     /// Shows the tray icon and grabs the global shortcuts. Call once; the panel and the loupe are prepared later.
     void start();
+    void openPanel();
+    void openSettingsWindow();
 
 private:
     enum class PickOrigin { Panel, Elsewhere };
@@ -47,6 +52,7 @@ private:
     void setupPanel();
     void setupPicker();
     void setupShortcuts();
+    void setupInstance(const InstanceService& instance);
     void shortcutReleased(ShortcutAction action);
     void followDesktopAppearance();
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
@@ -54,12 +60,14 @@ private:
     void togglePanel();
     void showPanel(const PanelAnchor& anchor);
     void hidePanel();
-    void openSettingsWindow();
 
     void pick();
     /// Hides the panel first, so that the user can pick what it covers.
     void pickFromPanel();
     void startPick(PickOrigin origin);
+    /// A series of picks for another process.
+    void pickFor(const PickRequest& request, const InstanceService::Answer& answer);
+    [[nodiscard]] bool isPicking() const { return m_picker.isPicking() || m_series; }
     /// Shows why no pick has begun: in the panel if its button was used, else in a notification.
     void reportFailedPick(const QString& reason);
 
@@ -71,6 +79,8 @@ private:
     Notifier m_notifier;
     PickOrigin m_pickOrigin = PickOrigin::Elsewhere;
     Picker m_picker;
+    /// Null when no other process waits for a pick.
+    std::unique_ptr<PickSeries> m_series;
     /// Owned by the panel.
     PanelView* m_panelView = nullptr;
     std::unique_ptr<Panel> m_panel;

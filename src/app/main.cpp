@@ -1,27 +1,148 @@
 #include "Application.h"
+#include "CommandLine.h"
+#include "DataFile.h"
+#include "DataLock.h"
+#include "InstanceService.h"
+#include "OfflineCommands.h"
+#include "PickReport.h"
 #include "Platform.h"
 #include "PlatformFactory.h"
 #include "ProcessSetup.h"
+#include "RunningInstance.h"
+#include "SinglePick.h"
+#include "StandardStreams.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QString>
+#include <QStringList>
 
-#include <cstdio>
 #include <cstdlib>
+#include <utility>
+#include <variant>
 
-int main(int argc, char** argv)
+namespace {
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+QStringList argumentsOf(int argc, char** argv)
 {
-    tintwick::setUpProcess();
-    // Before the toolkit, which would end the process with a message of its own on a desktop that we do not support.
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.append(QFile::decodeName(argv[i]));
+    }
+    return arguments;
+}
+
+/// Prints the reason and returns null on a desktop that we do not support. Must come before the toolkit, which would end
+/// the process with a message of its own.
+std::unique_ptr<Platform> connectToDesktop()
+{
     QString whyNot;
-    std::unique_ptr<tintwick::Platform> platform = tintwick::createPlatform(whyNot);
+    std::unique_ptr<Platform> platform = createPlatform(whyNot);
     if (!platform) {
-        std::fprintf(stderr, "%s\n", qUtf8Printable(whyNot));
+        printError(whyNot);
+    }
+    return platform;
+}
+
+/// Starts the program, or hands the command over to the one that runs.
+int start(int argc, char** argv, const Invocation& invocation)
+{
+    std::unique_ptr<Platform> platform = connectToDesktop();
+    if (!platform) {
         return EXIT_FAILURE;
     }
     QApplication toolkit(argc, argv);
-    tintwick::Application::setUpToolkit();
-    tintwick::Application application(std::move(platform));
+    Application::setUpToolkit();
+    InstanceService instance;
+    if (instance.claim() == InstanceService::Claim::Taken) {
+        const RunningInstance running;
+        const bool isAnswered = invocation.command == CommandId::Settings
+                                    ? running.activateAction(u"settings"_s)
+                                    : running.activate();
+        return isAnswered ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    DataLock lock(QFileInfo(DataFile().fileURL().toLocalFile()).path());
+    if (!lock.acquire()) {
+        printError(u"tintwick: another Tintwick uses the same data"_s);
+        return EXIT_FAILURE;
+    }
+    Application application(std::move(platform), instance);
     application.start();
+    switch (invocation.command) {
+    case CommandId::Panel:
+        application.openPanel();
+        break;
+    case CommandId::Settings:
+        application.openSettingsWindow();
+        break;
+    default:
+        break;
+    }
     return QApplication::exec();
+}
+
+int pick(int argc, char** argv, const Invocation& invocation)
+{
+    const PickRequest request{.count = invocation.count,
+                              .format = invocation.format ? rawValue(*invocation.format) : QString(),
+                              .copies = invocation.copies,
+                              .saves = invocation.saves};
+    {
+        // Starts much faster than the toolkit.
+        const QCoreApplication core(argc, argv);
+        if (const auto answer = RunningInstance().pick(request)) {
+            return report(*answer, invocation);
+        }
+    }
+    std::unique_ptr<Platform> platform = connectToDesktop();
+    if (!platform) {
+        return exitNotPossible;
+    }
+    const QApplication toolkit(argc, argv);
+    Application::setUpToolkit();
+    return report(pickAlone(request, std::move(platform)), invocation);
+}
+
+int quit(int argc, char** argv)
+{
+    const QCoreApplication core(argc, argv);
+    const RunningInstance running;
+    return !running.isThere() || running.activateAction(u"quit"_s) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    setUpProcess();
+    const auto commandLine = parseCommandLine(argumentsOf(argc, argv));
+    if (const auto* error = std::get_if<UsageError>(&commandLine)) {
+        printError(error->text);
+        return exitUsage;
+    }
+    if (const auto* information = std::get_if<InformationRequest>(&commandLine)) {
+        return writeToStandardOutput(information->text.toUtf8()) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    const auto& invocation = std::get<Invocation>(commandLine);
+    switch (invocation.command) {
+    case CommandId::Start:
+    case CommandId::Panel:
+    case CommandId::Settings:
+        return start(argc, argv, invocation);
+    case CommandId::Pick:
+        return pick(argc, argv, invocation);
+    case CommandId::Quit:
+        return quit(argc, argv);
+    case CommandId::Convert:
+    case CommandId::History:
+    case CommandId::Palettes:
+    case CommandId::Palette:
+    case CommandId::Export:
+        return runOffline(invocation);
+    }
+    Q_UNREACHABLE();
 }
