@@ -40,7 +40,7 @@ private Q_SLOTS:
     void aShortcutOfAnotherProgramIsReportedInOneLine_data();
     void aShortcutOfAnotherProgramIsReportedInOneLine();
     void aShortcutTakenWhileTheMenuIsOpenIsReportedInTheCurrentLayout();
-    void aSecondCopyReportsTheTakenShortcutAndRuns();
+    void aCopyWithOtherDataReportsTheTakenShortcutAndRuns();
     void theShortcutWorksOnceItsHolderIsGone_data();
     void theShortcutWorksOnceItsHolderIsGone();
     void theShortcutKeepsItsKeyInEveryLayout_data();
@@ -569,12 +569,14 @@ void GlobalShortcutTest::aShortcutTakenWhileTheMenuIsOpenIsReportedInTheCurrentL
     QCOMPARE(program.process().standardOutput(), QByteArray("Error registering hotkey ⌥⇧J: -9878\n"));
 }
 
-void GlobalShortcutTest::aSecondCopyReportsTheTakenShortcutAndRuns()
+void GlobalShortcutTest::aCopyWithOtherDataReportsTheTakenShortcutAndRuns()
 {
     Scene scene(true);
     TintwickProcess first(scene.desktop);
     QVERIFY(scene.waitUntilHeld(altShiftC));
-    TintwickProcess second(scene.desktop);
+    QProcessEnvironment otherData;
+    otherData.insert(QStringLiteral("XDG_DATA_HOME"), scene.desktop.dataHome() + QStringLiteral("-2"));
+    TintwickProcess second(scene.desktop, otherData);
     QVERIFY(waitUntil([&] { return !second.process().standardOutput().isEmpty(); }));
 
     scene.pressAndRelease(altShiftCKeys);

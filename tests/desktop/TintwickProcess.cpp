@@ -29,9 +29,10 @@ void write(const QString& path, const QByteArray& contents)
 
 } // namespace
 
-TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment)
+TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
+                                 const QStringList& arguments)
     : m_desktop(desktop)
-    , m_process(desktop.start(QStringLiteral(TINTWICK_PROGRAM), {}, environment))
+    , m_process(desktop.start(QStringLiteral(TINTWICK_PROGRAM), arguments, environment))
 {
 }
 

@@ -28,7 +28,8 @@ public:
     enum class ChosenBy : std::uint8_t { Pointer, Keys };
 
     /// Starts the program; `environment` is added to that of the desktop.
-    explicit TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment = {});
+    explicit TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment = {},
+                             const QStringList& arguments = {});
     /// Starts it with redirections of the shell, such as ">&-".
     TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
                     const QString& redirections);

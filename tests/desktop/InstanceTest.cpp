@@ -1,0 +1,230 @@
+#include "desktop/TintwickProcess.h"
+#include "support/Pattern.h"
+#include "support/TestWindow.h"
+#include "support/WaitUntil.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <X11/keysym.h>
+
+#include <csignal>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QPoint middle(640, 400);
+
+/// A private desktop with the test picture.
+struct Scene
+{
+    explicit Scene(bool hasBus = true)
+        : desktop({.sessionBus = hasBus})
+        , picture(desktop.showPicture())
+    {
+        desktop.movePointer(middle);
+    }
+
+    [[nodiscard]] TintwickProcess start(const QStringList& arguments = {})
+    {
+        return TintwickProcess(desktop, {}, arguments);
+    }
+    /// Runs a command to its end.
+    [[nodiscard]] std::optional<int> run(const QStringList& arguments)
+    {
+        return start(arguments).process().waitForEnd();
+    }
+
+    PrivateDesktop desktop;
+    std::unique_ptr<TestWindow> picture;
+};
+
+QJsonArray history(const TintwickProcess& program)
+{
+    return program.data().value("history"_L1).toArray();
+}
+
+} // namespace
+
+/// Several starts of the program on one desktop.
+class InstanceTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aSecondStartOpensThePanelOfTheFirst();
+    void aSecondStartWithoutABusEndsWithOneLine();
+    void commandsReachTheRunningProgram();
+    void aPickThroughTheRunningProgramIsPrintedCopiedAndSaved();
+    void aPickLeavesClipboardAndHistoryIfAsked();
+    void severalPicksAreCopiedTogether();
+    void escapeEndsAPickWithOne_data();
+    void escapeEndsAPickWithOne();
+    void theEndOfTheCallerEndsThePick();
+    void aPickIsRefusedDuringAnother();
+    void aPickWithoutTheProgramSavesAndLeavesNothingRunning();
+};
+
+void InstanceTest::aSecondStartOpensThePanelOfTheFirst()
+{
+    Scene scene;
+    TintwickProcess first = scene.start();
+    QVERIFY(first.waitForTrayIcon());
+    TintwickProcess second = scene.start();
+    QCOMPARE(second.process().waitForEnd(), 0);
+    QVERIFY(first.waitForPanel());
+    QCOMPARE(second.process().standardError(), QByteArray());
+}
+
+void InstanceTest::aSecondStartWithoutABusEndsWithOneLine()
+{
+    Scene scene(false);
+    TintwickProcess first = scene.start();
+    QVERIFY(first.waitForTrayIcon());
+    TintwickProcess second = scene.start();
+    QCOMPARE(second.process().waitForEnd(), 1);
+    QCOMPARE(second.process().standardError(), QByteArray("tintwick: another Tintwick uses the same data\n"));
+
+    // The lock ends with its process, whatever ends it.
+    first.process().kill();
+    TintwickProcess third = scene.start();
+    QVERIFY(third.waitForTrayIcon());
+    QVERIFY(third.process().isRunning());
+}
+
+void InstanceTest::commandsReachTheRunningProgram()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    QCOMPARE(scene.run({u"panel"_s}), 0);
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(scene.run({u"settings"_s}), 0);
+    QVERIFY(waitUntil([&] { return program.settingsWindow() != XCB_NONE; }));
+    QCOMPARE(scene.run({u"quit"_s}), 0);
+    QCOMPARE(program.process().waitForEnd(), 0);
+    // There is nothing left to quit.
+    QCOMPARE(scene.run({u"quit"_s}), 0);
+}
+
+void InstanceTest::aPickThroughTheRunningProgramIsPrintedCopiedAndSaved()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    TintwickProcess caller = scene.start({u"pick"_s, u"--json"_s});
+    QVERIFY(program.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+
+    const QByteArray hex = hexText(patternPixel(middle.x(), middle.y()));
+    const auto colors = QJsonDocument::fromJson(caller.process().standardOutput()).array();
+    QCOMPARE(colors.size(), 1);
+    QCOMPARE(colors.first().toObject().value("text"_L1).toString().toLatin1(), hex);
+    QVERIFY(program.waitForClipboard(hex));
+    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+}
+
+void InstanceTest::aPickLeavesClipboardAndHistoryIfAsked()
+{
+    Scene scene;
+    scene.desktop.takeClipboard("before");
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    TintwickProcess caller = scene.start({u"pick"_s, u"--no-copy"_s, u"--no-save"_s, u"-f"_s, u"RGB"_s});
+    QVERIFY(program.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+    QVERIFY(caller.process().standardOutput().startsWith("rgb("));
+    QCOMPARE(scene.desktop.clipboard(), QByteArray("before"));
+    // A save would have been the first.
+    QVERIFY(!QFileInfo::exists(program.dataFile()));
+}
+
+void InstanceTest::severalPicksAreCopiedTogether()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    TintwickProcess caller = scene.start({u"pick"_s, u"--count"_s, u"2"_s});
+    QVERIFY(program.waitForLoupe());
+    scene.desktop.click();
+    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(program.waitForLoupe());
+    scene.desktop.movePointer(middle + QPoint(50, 0));
+    QVERIFY(program.waitForCenterCell(patternPixel(middle.x() + 50, middle.y())));
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+    const QByteArray texts = hexText(patternPixel(middle.x(), middle.y())) + '\n' +
+                             hexText(patternPixel(middle.x() + 50, middle.y()));
+    QCOMPARE(caller.process().standardOutput(), texts + '\n');
+    QVERIFY(program.waitForClipboard(texts));
+}
+
+void InstanceTest::escapeEndsAPickWithOne_data()
+{
+    QTest::addColumn<bool>("isRunning");
+    QTest::newRow("running program") << true;
+    QTest::newRow("no running program") << false;
+}
+
+void InstanceTest::escapeEndsAPickWithOne()
+{
+    QFETCH(bool, isRunning);
+    Scene scene;
+    std::optional<TintwickProcess> program;
+    if (isRunning) {
+        program.emplace(scene.desktop);
+        QVERIFY(program->waitForTrayIcon());
+    }
+    TintwickProcess caller = scene.start({u"pick"_s});
+    TintwickProcess& picking = isRunning ? *program : caller;
+    QVERIFY(picking.waitForLoupe());
+    scene.desktop.typeKey(XK_Escape);
+    QCOMPARE(caller.process().waitForEnd(), 1);
+    QCOMPARE(caller.process().standardOutput(), QByteArray());
+    QCOMPARE(caller.process().standardError(), QByteArray());
+    QVERIFY(!QFileInfo::exists(picking.dataFile()));
+}
+
+void InstanceTest::theEndOfTheCallerEndsThePick()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    TintwickProcess caller = scene.start({u"pick"_s});
+    QVERIFY(program.waitForLoupe());
+    ::kill(static_cast<pid_t>(caller.process().processId()), SIGINT);
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(program.startPicking());
+}
+
+void InstanceTest::aPickIsRefusedDuringAnother()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.startPicking());
+    TintwickProcess caller = scene.start({u"pick"_s});
+    QCOMPARE(caller.process().waitForEnd(), 3);
+    QCOMPARE(caller.process().standardError(), QByteArray("tintwick: Another pick has not ended yet.\n"));
+    QVERIFY(program.loupe());
+}
+
+void InstanceTest::aPickWithoutTheProgramSavesAndLeavesNothingRunning()
+{
+    Scene scene;
+    TintwickProcess caller = scene.start({u"pick"_s, u"--format"_s, u"rgb"_s});
+    QVERIFY(caller.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+    QVERIFY(caller.process().standardOutput().startsWith("rgb("));
+    QCOMPARE(history(caller).size(), 1);
+    QVERIFY(caller.trayIcon().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(InstanceTest)
+#include "InstanceTest.moc"
