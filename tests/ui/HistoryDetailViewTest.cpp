@@ -136,8 +136,8 @@ void HistoryDetailViewTest::oneColorIsInTheFirstOfFiveColumns()
     const QRgb red = qRgb(0xF5, 0x4D, 0x4D);
     const int middle = firstRow + 24;
     QVERIFY(!isNear(picture.pixel(21, middle), red, 30));
-    // The edge is a fifth darker.
-    const QRgb edge = qRgb(0xC4, 0x3E, 0x3E);
+    // The edge is a quarter darker.
+    const QRgb edge = qRgb(0xBA, 0x3B, 0x3B);
     QVERIFY(isNear(picture.pixel(22, middle), edge, 6));
     QCOMPARE(picture.pixel(24, middle), red);
     QCOMPARE(picture.pixel(67, middle), red);
@@ -621,7 +621,7 @@ void HistoryDetailViewTest::layoutOfTheOverlayIsExact()
     const QRgb red = qRgb(0xF5, 0x4D, 0x4D);
     QCOMPARE(picture.pixel(62, top + 20), red);
     QCOMPARE(picture.pixel(97, top + 20), red);
-    const QRgb edge = qRgb(0xC4, 0x3E, 0x3E);
+    const QRgb edge = qRgb(0xBA, 0x3B, 0x3B);
     QVERIFY(isNear(picture.pixel(80, top), edge, 6));
     QVERIFY(isNear(picture.pixel(80, top + 39), edge, 6));
     QVERIFY(!isNear(picture.pixel(102, top + 20), red, 30));

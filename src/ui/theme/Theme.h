@@ -78,7 +78,7 @@ inline constexpr Color field /*      */ {0xFFFFFF, 0x1F1F23};
 inline constexpr Color thumb /*      */ {0xFFFFFF, 0x5B5B66};
 inline constexpr Color border = Color{0x000000, 0xFFFFFF}.opacity(0.2).opacity(0.5);
 /// Around a picked colour, which may be equal to its ground.
-inline constexpr Color colorEdge = Color{0x000000, 0xFFFFFF}.opacity(0.2);
+inline constexpr Color colorEdge = Color{0x000000, 0xFFFFFF}.opacity(0.24);
 inline constexpr double colorEdgeWidth = 0.5;
 inline constexpr Color textPrimary /**/ {0x1C1C21, 0xF4F4F6};
 inline constexpr Color textSecond /* */ {0x50505A, 0xC2C2CC};
