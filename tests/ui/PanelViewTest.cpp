@@ -5,11 +5,14 @@
 #include "Clickable.h"
 #include "CollectionDetailView.h"
 #include "CollectionRowCard.h"
+#include "ColorDetailRow.h"
 #include "CopiedPill.h"
 #include "HistoryDetailView.h"
 #include "NoticeView.h"
 #include "Overlay.h"
+#include "RenameColorOverlay.h"
 #include "ScrollArea.h"
+#include "SwatchView.h"
 #include "ui/Contrast.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -50,6 +53,8 @@ private Q_SLOTS:
     void pillIsHiddenInTheSettings();
     void longNameDoesNotMoveTheButtons();
     void altLeftGoesBack();
+    void altLeftGoesBackFromAFocusedControl_data();
+    void altLeftGoesBackFromAFocusedControl();
     void headerAndScreenFadeTogether_data();
     void headerAndScreenFadeTogether();
     void textLeavesRoomInsideItsControl();
@@ -380,6 +385,35 @@ void PanelViewTest::altLeftGoesBack()
     QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
     QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
     QVERIFY(panel.dashboard().isVisible());
+}
+
+void PanelViewTest::altLeftGoesBackFromAFocusedControl_data()
+{
+    QTest::addColumn<bool>("opensHistory");
+    QTest::addColumn<bool>("opensOverlay");
+    QTest::newRow("a swatch") << true << false;
+    QTest::newRow("a row") << false << false;
+    QTest::newRow("a field of an overlay") << true << true;
+}
+
+void PanelViewTest::altLeftGoesBackFromAFocusedControl()
+{
+    QFETCH(const bool, opensHistory);
+    QFETCH(const bool, opensOverlay);
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.addColor(panel.capture(0x3B82F6).id, brand);
+    panel.view->setSelectedCollectionId(opensHistory ? PanelView::historySelectionId : brand);
+    panel.settle();
+    if (opensOverlay) {
+        openRenameColorOverlay(*panel.view, panel.state, panel.state.history().first());
+    } else if (opensHistory) {
+        panel.view->currentScreen().findChild<SwatchView*>()->setFocus(Qt::TabFocusReason);
+    } else {
+        panel.view->currentScreen().findChild<ColorDetailRow*>()->setFocus(Qt::TabFocusReason);
+    }
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(panel.dashboard().isVisible(), !opensOverlay);
 }
 
 void PanelViewTest::headerAndScreenFadeTogether_data()

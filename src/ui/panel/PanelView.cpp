@@ -11,6 +11,7 @@
 #include "InOneLine.h"
 #include "Label.h"
 #include "NoticeView.h"
+#include "Overlay.h"
 #include "Paint.h"
 #include "Preferences.h"
 #include "Rule.h"
@@ -21,9 +22,9 @@
 #include <QDesktopServices>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QShortcut>
 #include <QUrl>
 
 #include <utility>
@@ -76,6 +77,9 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     showHeader();
     updateNotice();
 
+    // Not in `keyPressEvent()`, because swatches, segments and scroll areas take the arrow keys.
+    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, &PanelView::goBack);
     connect(m_dashboard, &DashboardView::pickRequested, this, &PanelView::pickRequested);
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
@@ -164,6 +168,18 @@ void PanelView::setShowingSettings(bool shows)
     }
     m_showingSettings = shows;
     showSelection();
+}
+
+void PanelView::goBack()
+{
+    if (Overlay::of(*this) != nullptr) {
+        return;
+    }
+    if (m_showingSettings) {
+        setShowingSettings(false);
+    } else {
+        setSelectedCollectionId({});
+    }
 }
 
 void PanelView::showNotice(const QString& sentence)
@@ -336,19 +352,6 @@ void PanelView::hideEvent(QHideEvent* event)
         m_hasToldOfUnreadableFile = true;
         updateNotice();
     }
-}
-
-void PanelView::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Left && event->modifiers() == Qt::AltModifier) {
-        if (m_showingSettings) {
-            setShowingSettings(false);
-        } else {
-            setSelectedCollectionId({});
-        }
-        return;
-    }
-    View::keyPressEvent(event);
 }
 
 void PanelView::setSystemScheme(std::optional<Scheme> scheme)

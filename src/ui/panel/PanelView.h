@@ -60,7 +60,6 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -96,6 +95,8 @@ private:
     void updateNotice();
     void showDataFolder();
 
+    /// Leaves the settings, or the screen that was opened from the dashboard.
+    void goBack();
     void cycleColorScheme();
     void applyColorScheme();
 
