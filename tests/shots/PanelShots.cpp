@@ -16,6 +16,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace tintwick {
 
@@ -123,6 +125,34 @@ void shootMainPanel(const QDir& folder)
         }
         panel.view().setSelectedCollectionId(panel.state().collections().first().id);
         QApplication::processEvents();
+    });
+    // Colours that are nearly those of their grounds.
+    const QList<QColor> pale{Qt::white, QColor(0xF5, 0xF5, 0xF7), QColor(0x1F, 0x1F, 0x23),
+                             QColor(0x2A, 0x2A, 0x2F), Qt::black};
+    shootState(u"pale"_s, pale, {{u"Light & dark"_s, 5}});
+    shootState(u"pale-history"_s, pale, {},
+               [](DemoPanel& panel) { panel.view().setSelectedCollectionId(PanelView::historySelectionId); });
+    shootState(u"pale-palette"_s, pale, {{u"Light & dark"_s, 5}}, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
+    });
+    shootState(u"recent-scrolled"_s, manyColors(15), twoPalettes, [](DemoPanel& panel) {
+        QWidget* row = panel.dashboard().swatches().first()->parentWidget();
+        qobject_cast<QScrollArea*>(row->parentWidget()->parentWidget())->horizontalScrollBar()->setValue(187);
+    });
+    shootState(u"hover-see-all"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { hover(button(panel, u"Recent History, See all"_s)); });
+    shootState(u"focus-see-all"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.activateWindow();
+        button(panel, u"Recent History, See all"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"focus-back"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.activateWindow();
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
+        button(panel, u"Back from Brand"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"ghost-palette"_s, manyColors(3), {}, [](DemoPanel& panel) {
+        const QUuid ghost = panel.state().createCollection(u"Ghost"_s).id;
+        panel.state().addColor(QUuid::createUuid(), ghost);
     });
     shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());

@@ -5,6 +5,7 @@
 #include "Paint.h"
 #include "Theme.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QHoverEvent>
 #include <QImage>
@@ -76,6 +77,16 @@ void fill(AppState& state, const QList<QColor>& colors)
         state.colorCaptured(
             CapturedColor::capture(color.redF(), color.greenF(), color.blueF(), color.alphaF()));
     });
+}
+
+QAbstractButton& button(const QWidget& view, const QString& name)
+{
+    for (auto* each : view.findChildren<QAbstractButton*>()) {
+        if (each->accessibleName() == name) {
+            return *each;
+        }
+    }
+    qFatal("no button %s", qUtf8Printable(name));
 }
 
 void hover(QWidget& widget)

@@ -2,8 +2,10 @@
 
 #include <QColor>
 #include <QList>
+#include <QString>
 #include <QWidget>
 
+class QAbstractButton;
 class QMenu;
 
 namespace tintwick {
@@ -18,6 +20,8 @@ class AppState;
 /// Replaces all colours in the state; the first one is the newest.
 void fill(AppState& state, const QList<QColor>& colors);
 
+/// The button with an accessible name; ends the program if there is none.
+[[nodiscard]] QAbstractButton& button(const QWidget& view, const QString& name);
 /// Hovers a widget.
 void hover(QWidget& widget);
 /// Draws an open menu, which is a separate window, into the picture of a screen, moved inside it if needed.

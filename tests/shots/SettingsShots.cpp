@@ -69,16 +69,6 @@ private:
     PanelView* m_view;
 };
 
-QAbstractButton& button(const QWidget& view, const QString& name)
-{
-    for (auto* each : view.findChildren<QAbstractButton*>()) {
-        if (each->accessibleName() == name) {
-            return *each;
-        }
-    }
-    qFatal("no button %s", qUtf8Printable(name));
-}
-
 } // namespace
 
 void shootSettings(const QDir& folder)
@@ -120,6 +110,10 @@ void shootSettings(const QDir& folder)
     shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();
         view.findChildren<ShortcutRecorder*>().first()->startRecording();
+    });
+    shootTab(u"general-refused"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.platform().shortcuts.refuse(idOf(ShortcutAction::ActivatePicker));
+        QApplication::processEvents();
     });
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
         view.platform().permission.settings = QUrl(u"settings:privacy"_s);
