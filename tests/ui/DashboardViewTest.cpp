@@ -36,6 +36,7 @@ private Q_SLOTS:
     void recentRowShowsTheFirstFifteenInOrder();
     void layoutIsExact();
     void bottomPaddingEqualsTopPadding();
+    void clearedHistoryIsLaidOutAtOnce();
     void shadowsOfTheRecentRowAreNotClipped();
     void hoveredSwatchGrows();
     void everyColorShowsOnItsGround_data();
@@ -219,6 +220,23 @@ void DashboardViewTest::bottomPaddingEqualsTopPadding()
     const QWidget* add = button(panel.dashboard(), QStringLiteral("New Palette"));
     QVERIFY(page->verticalScrollBar()->maximum() > 0);
     QCOMPARE(placeIn(*page->widget(), *add).bottom(), page->widget()->height() - 1 - 16);
+}
+
+// Without a layout in between that would be seen for a moment.
+void DashboardViewTest::clearedHistoryIsLaidOutAtOnce()
+{
+    PanelFixture panel;
+    panel.capture(0x3B82F6);
+    panel.letFeedbackEnd();
+    panel.settle();
+    panel.state.clearHistory();
+    QApplication::processEvents();
+    const auto place = [&panel](const char* name) {
+        return placeIn(*panel.view, *button(panel.dashboard(), QString::fromLatin1(name)));
+    };
+    QCOMPARE(place("Pick a Color"), QRect(16, 67, 348, 50));
+    const int title = QFontMetrics(theme::font(15, QFont::DemiBold)).height();
+    QCOMPARE(place("Create your first palette"), QRect(16, 67 + 50 + 20 + title + 20, 348, 50));
 }
 
 // The shadow has 0.4 of the colour and extends 3 deviations of 3 points; it is visible beside a white square.

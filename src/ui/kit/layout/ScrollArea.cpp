@@ -118,6 +118,9 @@ bool ScrollArea::eventFilter(QObject* watched, QEvent* event)
     // A hidden layout requests only its first change, so showing it counts as a change.
     if (watched == widget() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)) {
         fitContent();
+        // Resizes the content now. It would otherwise be laid out, and perhaps painted, at its old size first.
+        QEvent request(QEvent::LayoutRequest);
+        QCoreApplication::sendEvent(this, &request);
     }
     return QScrollArea::eventFilter(watched, event);
 }
