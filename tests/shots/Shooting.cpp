@@ -47,6 +47,7 @@ void shoot(const QDir& folder, const QString& name, const std::function<std::uni
         }
         QApplication::processEvents();
         Ticker::shared().advance(settled);
+        QApplication::processEvents();
         const QString word = scheme == Scheme::Light ? u"light"_s : u"dark"_s;
         save(*view, folder.filePath(u"%1-%2.png"_s.arg(name, word)), 1);
         save(*view, folder.filePath(u"%1-%2@2x.png"_s.arg(name, word)), 2);
