@@ -12,6 +12,7 @@
 #include "Overlay.h"
 #include "RenameColorOverlay.h"
 #include "ScrollArea.h"
+#include "Stack.h"
 #include "SwatchView.h"
 #include "ui/Contrast.h"
 #include "ui/OwnHomeMain.h"
@@ -72,6 +73,7 @@ private Q_SLOTS:
     void aFailedSaveIsToldUntilOneSucceeds();
     void anUnreadableFileIsToldUntilThePanelIsHidden();
     void theButtonOfANoticeShowsTheFolder();
+    void aShortNoticeHasRoomForItsButton();
 
 private:
     static QAbstractButton* button(const PanelFixture& panel, const QString& name);
@@ -784,6 +786,21 @@ void PanelViewTest::theButtonOfANoticeShowsTheFolder()
     button(panel, u"Show Folder"_s)->click();
     QCOMPARE(manager.shown, QList<QUrl>{QUrl::fromLocalFile(panel.state.dataFolder())});
     QVERIFY(QDir().rmdir(file));
+}
+
+void PanelViewTest::aShortNoticeHasRoomForItsButton()
+{
+    const std::unique_ptr<Stack> page(column(new NoticeView));
+    auto* notice = page->findChild<NoticeView*>();
+    notice->showNotice({.sentence = u"Not saved"_s, .buttonTitle = u"Show Folder"_s, .action = {}});
+    page->resize(380, 200);
+    page->show();
+    QApplication::processEvents();
+    const QRect shows = notice->findChild<TextButton*>()->geometry();
+    // The row is 14 below the header, the button 9 from its top and bottom and 12 from its end.
+    QCOMPARE(shows.top(), 14 + 9);
+    QCOMPARE(notice->height() - shows.bottom() - 1, 9);
+    QCOMPARE(380 - 16 - shows.right() - 1, 12);
 }
 
 int main(int argc, char** argv)

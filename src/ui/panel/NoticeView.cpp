@@ -70,9 +70,14 @@ void NoticeView::setButton(const Notice& notice)
 QSize NoticeView::sizeHint() const
 {
     const int width = theme::panelSize.width();
-    const int room =
-        m_button ? (margins + padding).top() + (margins + padding).bottom() + m_button->height() : 0;
-    return {width, std::max(heightForWidth(width), room)};
+    return {width, heightForWidth(width)};
+}
+
+int NoticeView::heightForWidth(int width) const
+{
+    const QMargins around = margins + padding;
+    const int room = m_button ? around.top() + m_button->height() + around.bottom() : 0;
+    return std::max(QLabel::heightForWidth(width), room);
 }
 
 void NoticeView::resizeEvent(QResizeEvent* event)

@@ -21,6 +21,7 @@ public:
     void showNotice(const Notice& notice);
 
     [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
