@@ -187,10 +187,8 @@ void ExportedFilesTest::theCssReaderRefusesOtherCss_data()
     QTest::newRow("empty") << QByteArray() << u"not one rule"_s;
     QTest::newRow("two rules") << QByteArray(":root {} :root {}") << u"not one rule"_s;
     QTest::newRow("another selector") << QByteArray("body { --a: #000000; }") << u"a rule for body"_s;
-    QTest::newRow("no colon") << QByteArray(":root { --a #000000; }")
-                              << u"no declaration: Expected ':' after declaration name, got hash."_s;
-    QTest::newRow("no name") << QByteArray(":root { : #000000; }")
-                             << u"no declaration: Expected <ident> for declaration name, got literal."_s;
+    QTest::newRow("no colon") << QByteArray(":root { --a #000000; }") << u"no declaration"_s;
+    QTest::newRow("no name") << QByteArray(":root { : #000000; }") << u"no declaration"_s;
     QTest::newRow("no colour") << QByteArray(":root { --a: #00000; }") << u"no colour: #00000"_s;
     // The palette name is written into the CSS comment without escaping. This name ends the comment early. The rest of
     // the line becomes part of the selector, so a browser ignores the rule.
@@ -270,8 +268,10 @@ void ExportedFilesTest::anImageProgramReadsThePicture()
     const QString format =
         u"%m %wx%h %[colorspace] %[profile:icc] opaque=%[opaque] %[fx:round(resolution.x)] dpi|"_s +
         channels + u"|%[fx:round(255*p{0,0}.r)]"_s;
-    QCOMPARE(outputOf(u"identify"_s, {u"-units"_s, u"PixelsPerInch"_s, u"-format"_s, format, put(*png)}),
-             "PNG " + size + " sRGB sRGB opaque=true 72 dpi|" + lastPixel + "|38");
+    const QByteArray description =
+        outputOf(u"identify"_s, {u"-units"_s, u"PixelsPerInch"_s, u"-format"_s, format, put(*png)});
+    // The versions of the program write "True" and "true".
+    QCOMPARE(description.toLower(), "png " + size + " srgb srgb opaque=true 72 dpi|" + lastPixel + "|38");
 }
 
 } // namespace tintwick

@@ -21,7 +21,7 @@ def declarations(css):
     found = []
     for item in tinycss2.parse_declaration_list(rules[0].content, skip_comments=True, skip_whitespace=True):
         if item.type != "declaration":
-            return f"no declaration: {item.message}"
+            return "no declaration"
         value = tinycss2.serialize(item.value).strip()
         if tinycss2.color3.parse_color(value) is None:
             return f"no colour: {value}"
