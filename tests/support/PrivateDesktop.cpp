@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QVersionNumber>
 
 #include <xcb/xfixes.h>
 #include <xcb/xtest.h>
@@ -119,6 +120,9 @@ void PrivateDesktop::startHelpers()
         if (m_options.compositor == Compositor::WithShadows) {
             arguments << QStringLiteral("--shadow");
         }
+        if (compositorForgetsDamage()) {
+            arguments << QStringLiteral("--no-use-damage");
+        }
         m_programs.push_back(start(QStringLiteral("picom"), arguments));
         require(waitUntil([this] { return m_connection->selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }),
                 "picom does not come up");
@@ -151,6 +155,17 @@ bool PrivateDesktop::windowManagerAnswers()
                        reinterpret_cast<const char*>(&request));
         return m_connection->hasProperty(probe.id(), "_NET_FRAME_EXTENTS");
     });
+}
+
+// picom 12 sometimes shows a part of a window that it did not repaint, and the old pixels stay on the screen. It does not
+// when it repaints the whole screen for each frame. The tests need that only where it is necessary, because otherwise
+// the damage that a compositor reports for parts of the screen would not be tested.
+bool PrivateDesktop::compositorForgetsDamage()
+{
+    const auto program = start(QStringLiteral("picom"), {QStringLiteral("--version")});
+    require(program->waitForEnd() == 0, "picom does not print its version");
+    const QString version = QString::fromLatin1(program->standardOutput()).remove(u'v');
+    return QVersionNumber::fromString(version) >= QVersionNumber(12);
 }
 
 // A compositor also takes its selection before it processes events.

@@ -109,6 +109,7 @@ private:
     void randr(const QStringList& arguments);
     void startHelpers();
     [[nodiscard]] bool windowManagerAnswers();
+    [[nodiscard]] bool compositorForgetsDamage();
     [[nodiscard]] bool compositorBlends();
     void showArrowOnRoot();
     void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
