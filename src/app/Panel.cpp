@@ -42,6 +42,7 @@ void Panel::setBlended(bool isBlended)
 {
     setDesktopBlends(isBlended);
     roundWindowCorners(*this, theme::panelRadius);
+    m_content->update();
 }
 
 QMargins Panel::shadowMargins() const
@@ -61,6 +62,7 @@ void Panel::paintShadow(QPainter& painter) const
 void Panel::resizeEvent(QResizeEvent* event)
 {
     m_content->setGeometry(rect());
+    roundWindowCorners(*this, theme::panelRadius);
     QWidget::resizeEvent(event);
 }
 

@@ -26,7 +26,7 @@ class PanelWindow
 {
 public:
     [[nodiscard]] virtual QWidget& widget() = 0;
-    /// Called before the window is shown. On a desktop that does not blend translucent pixels, the window must mask its
+    /// Called before the window is shown and when the desktop changes. On a desktop that does not blend translucent pixels, the window must mask its
     /// corners.
     virtual void setBlended(bool isBlended) = 0;
     /// How far the shadow extends beyond the window, in points.

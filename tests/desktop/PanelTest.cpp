@@ -70,6 +70,11 @@ private Q_SLOTS:
     void theMenuOfTheIconLooksLikeThePanel_data();
     void theMenuOfTheIconLooksLikeThePanel();
     void withoutACompositorItsCornersAreCutOff();
+    void withoutACompositorItHasAnEdge_data();
+    void withoutACompositorItHasAnEdge();
+    void whenTheCompositorGoesItHasNoBlackFrame();
+    void itsShadowComesWithIt();
+    void whenTheScreenShrinksItComesBackInside();
     void withACompositorItHasOneShadow_data();
     void withACompositorItHasOneShadow();
     void openingTakesTheKeyboardAndClosingGivesItBack_data();
@@ -238,13 +243,141 @@ void PanelTest::withoutACompositorItsCornersAreCutOff()
     for (const QPoint corner : {panel.bottomLeft(), panel.bottomRight()}) {
         QCOMPARE(desktop.pixel(corner), qRgb(0, 200, 0));
     }
-    // No pixel near a corner is darker than both the panel and the background.
+    // No pixel near a corner is darker than the panel's edge.
     const QImage picture = desktop.connection().screenshot(QRect(panel.left(), panel.bottom() - 19, 20, 20));
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
-            QVERIFY(qGreen(picture.pixel(x, y)) >= 200);
+            QVERIFY(qGreen(picture.pixel(x, y)) >= 0x68);
         }
     }
+}
+
+void PanelTest::withoutACompositorItHasAnEdge_data()
+{
+    QTest::addColumn<QColor>("behind");
+    QTest::newRow("before its own colour") << QColor(0xF5, 0xF5, 0xF7);
+    QTest::newRow("before white") << QColor(Qt::white);
+}
+
+void PanelTest::withoutACompositorItHasAnEdge()
+{
+    QFETCH(const QColor, behind);
+    PrivateDesktop desktop({});
+    TestWindow window(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    window.setColor(behind);
+    window.show();
+    window.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    desktop.clickAt(program.trayIcon().center());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    const QRect panel = program.panel();
+    const QPoint middle = panel.center();
+    for (const QPoint edge : {QPoint(panel.left(), middle.y()), QPoint(panel.right(), middle.y()),
+                              QPoint(middle.x(), panel.top()), QPoint(middle.x(), panel.bottom())}) {
+        QVERIFY(waitUntil([&] { return qGray(desktop.pixel(edge)) < 128; }));
+    }
+    QCOMPARE(desktop.pixel(middle + QPoint(-188, 0)), qRgb(0xF5, 0xF5, 0xF7));
+}
+
+void PanelTest::whenTheCompositorGoesItHasNoBlackFrame()
+{
+    const QStringList plain{u"--backend"_s, u"xrender"_s, u"--config"_s, u"/dev/null"_s,
+                            u"--no-fading-openclose"_s};
+    PrivateDesktop desktop({});
+    const QRgb ground = qRgb(200, 200, 200);
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(ground));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    desktop.clickAt(program.trayIcon().center());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    const QRect panel = program.panel();
+    const QPoint below(panel.center().x(), panel.bottom() + 9);
+    for (int round = 0; round < 2; ++round) {
+        const auto compositor = desktop.start(u"picom"_s, plain);
+        // Its shadow, 8 points below it.
+        QVERIFY(waitUntil([&] { return std::abs(qGray(desktop.pixel(below)) - 175) <= 3; }));
+        compositor->kill();
+        QVERIFY(waitUntil([&] { return desktop.pixel(below) == ground; }));
+        const auto isCut = [&] {
+            return desktop.pixel(panel.bottomLeft()) == ground &&
+                   desktop.pixel(panel.bottomRight()) == ground;
+        };
+        QVERIFY(waitUntil(isCut));
+        const QImage picture = desktop.settledScreenshot(panel.adjusted(-60, 0, 60, 60));
+        // The darkest pixels of the panel are its texts.
+        const QPoint corner = picture.rect().bottomLeft() + QPoint(60, -60);
+        for (int y = -19; y <= 0; ++y) {
+            for (int x = 0; x < 20; ++x) {
+                QVERIFY(qGray(picture.pixel(corner + QPoint(x, y))) > 90);
+            }
+        }
+        QVERIFY(isCut());
+    }
+}
+
+void PanelTest::itsShadowComesWithIt()
+{
+    PrivateDesktop desktop({.compositor = Compositor::Plain});
+    const QRgb ground = qRgb(200, 200, 200);
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(ground));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QPoint icon = program.trayIcon().center();
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanel());
+    const QRect panel = program.panel();
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHide());
+    // Two pixels of one picture: inside the panel near its bottom, and of its shadow.
+    const QRect strip(panel.center().x(), panel.bottom() - 4, 1, 14);
+    for (int round = 0; round < 10; ++round) {
+        QVERIFY(waitUntil([&] {
+            const QImage picture = desktop.connection().screenshot(strip);
+            return picture.pixel(0, 0) == ground && picture.pixel(0, 13) == ground;
+        }));
+        desktop.clickAt(icon);
+        QImage picture;
+        do {
+            picture = desktop.connection().screenshot(strip);
+        } while (picture.pixel(0, 0) != qRgb(0xF5, 0xF5, 0xF7));
+        QVERIFY(qGray(picture.pixel(0, 13)) < 190);
+        desktop.clickAt(icon);
+        QVERIFY(program.waitForPanelToHide());
+    }
+}
+
+void PanelTest::whenTheScreenShrinksItComesBackInside()
+{
+    PrivateDesktop desktop({.compositor = Compositor::Plain});
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(200, 200, 200));
+    behind.show();
+    behind.lower();
+    const QRect left(0, 0, 600, 500);
+    desktop.setMonitors({{"left", left, true}, {"right", {600, 0, 680, 800}}});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    desktop.clickAt(program.trayIcon().center());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    QCOMPARE(program.panel().x(), 608);
+    desktop.removeMonitor("right");
+    QVERIFY(
+        waitUntil([&] { return left.contains(program.panel()) && program.panel().x() == 600 - 8 - 380; }));
+    // Its shadow comes with it.
+    const QRect panel = program.panel();
+    QVERIFY(waitUntil([&] {
+        return std::abs(qGray(desktop.pixel({panel.left() - 1, panel.center().y()})) - 176) <= 3;
+    }));
+    QVERIFY(waitUntil([&] { return desktop.pixel({900, 400}) == qRgb(200, 200, 200); }));
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
 }
 
 void PanelTest::withACompositorItHasOneShadow_data()

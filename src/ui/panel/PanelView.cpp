@@ -386,6 +386,8 @@ void PanelView::paintEvent(QPaintEvent*)
     } else {
         // The window has a mask, and uncovered pixels inside it are black.
         painter.fillRect(rect(), ground);
+        // Nor is there a shadow around it.
+        strokeInside(painter, rect(), theme::panelRadius, theme::textThird.in(Appearance::of(this)), 1);
     }
 }
 

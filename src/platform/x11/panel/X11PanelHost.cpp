@@ -81,10 +81,12 @@ std::optional<QRect> anchorRect(const PanelAnchor& anchor)
 X11PanelHost::X11PanelHost(XcbConnection& connection)
     : m_connection(connection)
     , m_clickMonitor(connection)
+    , m_compositorMonitor(connection)
     , m_focus(connection)
 {
     connect(&m_clickMonitor, &X11ClickMonitor::pressed, this, &X11PanelHost::handlePress);
     connect(&m_clickMonitor, &X11ClickMonitor::clicked, this, &X11PanelHost::handleClick);
+    connect(&m_compositorMonitor, &X11CompositorMonitor::changed, this, &X11PanelHost::adaptToCompositor);
 }
 
 void X11PanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
@@ -115,6 +117,8 @@ void X11PanelHost::showAtLastAnchor(PanelWindow& panel)
     panel.setBlended(hasCompositor(m_connection));
     setWindowManagerHints(widget);
     m_clickMonitor.start();
+    m_compositorMonitor.start();
+    prepareShadow();
     widget.show();
     widget.raise();
     m_focus.take(widget);
@@ -128,6 +132,41 @@ void X11PanelHost::adopt(PanelWindow& panel)
     m_widget->installEventFilter(this);
     connect(m_widget, &QObject::destroyed, this, &X11PanelHost::handleHide, Qt::UniqueConnection);
     m_widget->windowHandle()->installEventFilter(this);
+    followScreens();
+}
+
+void X11PanelHost::followScreens()
+{
+    // Queued, because the toolkit reports a screen before it has updated all of them.
+    constexpr auto later = static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &X11PanelHost::followScreens, later);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11PanelHost::placeAgain, later);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        connect(screen, &QScreen::geometryChanged, this, &X11PanelHost::placeAgain, later);
+    }
+}
+
+void X11PanelHost::placeAgain()
+{
+    if (!m_widget || !m_widget->isVisible()) {
+        return;
+    }
+    const QRect place = placePanel(m_lastAnchor, panelScreens(m_connection), m_widget->sizeHint());
+    m_widget->setFixedSize(place.size());
+    m_widget->move(place.topLeft());
+}
+
+void X11PanelHost::adaptToCompositor()
+{
+    if (!m_widget || !m_widget->isVisible()) {
+        return;
+    }
+    m_panel->setBlended(hasCompositor(m_connection));
+    if (m_shadow) {
+        m_shadow->hide();
+    }
+    prepareShadow();
+    placeShadow();
 }
 
 // Over the toolkit's connection, so that the server gets all of it before the request to map the window. A window manager
@@ -196,11 +235,13 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_widget) {
         if (event->type() == QEvent::Hide) {
             handleHide();
+        } else if (m_isExposed && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
+            prepareShadow();
+            placeShadow();
         }
-    } else if (event->type() == QEvent::Expose && m_widget->windowHandle()->isExposed() && !m_hasShadow) {
-        m_hasShadow = true;
-        // Queued, so that the panel itself is painted first.
-        QMetaObject::invokeMethod(this, &X11PanelHost::showShadow, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::Expose && m_widget->windowHandle()->isExposed() && !m_isExposed) {
+        m_isExposed = true;
+        placeShadow();
     } else if (event->type() == QEvent::MouseButtonPress && !m_widget->isActiveWindow()) {
         // Some window managers do not focus a utility window on a click.
         m_focus.take(*m_widget);
@@ -211,36 +252,32 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
 void X11PanelHost::handleHide()
 {
     m_clickMonitor.stop();
+    m_compositorMonitor.stop();
     if (m_widget) {
         m_focus.giveBack(*m_widget);
     }
     if (m_shadow) {
         m_shadow->hide();
     }
-    m_hasShadow = false;
+    m_isExposed = false;
 }
 
-void X11PanelHost::showShadow()
+// Both before the panel is shown and before its first frame, so that the shadow does not come after it.
+void X11PanelHost::prepareShadow()
 {
     const xcb_visualid_t visual = translucentVisual(m_connection.screen());
-    if (!m_widget || !m_widget->isVisible() || visual == m_connection.screen().root_visual ||
-        !hasCompositor(m_connection)) {
+    if (visual == m_connection.screen().root_visual || !hasCompositor(m_connection)) {
         return;
     }
-    xcb_connection_t* c = m_connection.get();
-    const auto id = static_cast<xcb_window_t>(m_widget->winId());
-    const XcbReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
-        c, xcb_translate_coordinates(c, id, m_connection.root(), 0, 0), nullptr));
-    const xcb_window_t frame = childOfRoot(c, id, m_connection.root());
-    if (!place || frame == XCB_NONE) {
-        return;
-    }
+    const QSize size = m_widget->size();
     const double scale = m_widget->devicePixelRatioF();
-    const QMargins extents = m_panel->shadowMargins();
-    const QMargins margins(qRound(extents.left() * scale), qRound(extents.top() * scale),
-                           qRound(extents.right() * scale), qRound(extents.bottom() * scale));
-    QImage picture((QSizeF(m_widget->size()) * scale).toSize().grownBy(margins),
-                   QImage::Format_ARGB32_Premultiplied);
+    if (m_shadow && size == m_shadowedSize && scale == m_shadowedScale) {
+        return;
+    }
+    m_shadowedSize = size;
+    m_shadowedScale = scale;
+    const QMargins margins = shadowMargins();
+    QImage picture((QSizeF(size) * scale).toSize().grownBy(margins), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     picture.setDevicePixelRatio(scale);
     QPainter painter(&picture);
@@ -251,9 +288,34 @@ void X11PanelHost::showShadow()
     if (!m_shadow) {
         m_shadow.emplace(m_connection, visual);
     }
+    m_shadow->setPicture(picture);
+}
+
+void X11PanelHost::placeShadow()
+{
+    if (!m_shadow || !m_widget || !m_widget->isVisible() || !hasCompositor(m_connection)) {
+        return;
+    }
+    xcb_connection_t* c = m_connection.get();
+    const auto id = static_cast<xcb_window_t>(m_widget->winId());
+    const XcbReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
+        c, xcb_translate_coordinates(c, id, m_connection.root(), 0, 0), nullptr));
+    const xcb_window_t frame = childOfRoot(c, id, m_connection.root());
+    if (!place || frame == XCB_NONE) {
+        return;
+    }
     // Compositors draw the shadow of the window that they paint, which is the frame where there is one.
     declineShadow(m_connection, frame);
-    m_shadow->showBelow(frame, picture, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
+    const QMargins margins = shadowMargins();
+    m_shadow->showBelow(frame, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
+}
+
+QMargins X11PanelHost::shadowMargins() const
+{
+    const double scale = m_widget->devicePixelRatioF();
+    const QMargins extents = m_panel->shadowMargins();
+    return {qRound(extents.left() * scale), qRound(extents.top() * scale), qRound(extents.right() * scale),
+            qRound(extents.bottom() * scale)};
 }
 
 QString X11PanelHost::portalHandle(const QWidget& window) const

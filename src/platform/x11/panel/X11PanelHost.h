@@ -2,6 +2,7 @@
 
 #include "PanelHost.h"
 #include "X11ClickMonitor.h"
+#include "X11CompositorMonitor.h"
 #include "X11PanelFocus.h"
 #include "X11PanelShadow.h"
 #include "XcbConnection.h"
@@ -10,6 +11,7 @@
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
+#include <QSize>
 #include <QWidget>
 
 #include <optional>
@@ -43,10 +45,20 @@ private:
     /// True at most once per dismissal.
     [[nodiscard]] bool isClickThatDismissed(const PanelAnchor& anchor);
     void handleHide();
-    void showShadow();
+    void followScreens();
+    /// Moves a visible panel to where it belongs on the screens as they are now.
+    void placeAgain();
+    void adaptToCompositor();
+    /// Draws the shadow where it is not up to date. It is not visible before placeShadow().
+    void prepareShadow();
+    /// Shows the shadow below a visible panel.
+    void placeShadow();
+    /// In pixels.
+    [[nodiscard]] QMargins shadowMargins() const;
 
     XcbConnection& m_connection;
     X11ClickMonitor m_clickMonitor;
+    X11CompositorMonitor m_compositorMonitor;
     X11PanelFocus m_focus;
     std::optional<X11PanelShadow> m_shadow;
     PanelWindow* m_panel = nullptr;
@@ -54,7 +66,11 @@ private:
     QPointer<QWidget> m_widget;
     /// In points from the top left of the desktop.
     std::optional<QRect> m_lastAnchor;
-    bool m_hasShadow = false;
+    /// The panel is on the screen, and its shadow too if there is a compositor.
+    bool m_isExposed = false;
+    /// Of the panel when the shadow was drawn, and its scale.
+    QSize m_shadowedSize;
+    double m_shadowedScale = 0;
     bool m_isDismissible = true;
     bool m_pressDismisses = false;
     QElapsedTimer m_sinceDismissal;

@@ -42,19 +42,14 @@ X11PanelShadow::X11PanelShadow(XcbConnection& connection, xcb_visualid_t translu
                          0, 0, 0, nullptr);
 }
 
-void X11PanelShadow::showBelow(xcb_window_t window, const QImage& picture, QPoint topLeft)
+void X11PanelShadow::showBelow(xcb_window_t window, QPoint topLeft)
 {
     xcb_connection_t* c = m_connection.get();
-    setPicture(picture);
-    const std::array<std::uint32_t, 6> values{static_cast<std::uint32_t>(topLeft.x()),
-                                              static_cast<std::uint32_t>(topLeft.y()),
-                                              static_cast<std::uint32_t>(picture.width()),
-                                              static_cast<std::uint32_t>(picture.height()),
-                                              window,
+    const std::array<std::uint32_t, 4> values{static_cast<std::uint32_t>(topLeft.x()),
+                                              static_cast<std::uint32_t>(topLeft.y()), window,
                                               XCB_STACK_MODE_BELOW};
     xcb_configure_window(c, m_window.id(),
-                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
-                             XCB_CONFIG_WINDOW_HEIGHT | XCB_CONFIG_WINDOW_SIBLING |
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_SIBLING |
                              XCB_CONFIG_WINDOW_STACK_MODE,
                          values.data());
     xcb_map_window(c, m_window.id());
@@ -79,6 +74,9 @@ void X11PanelShadow::setPicture(const QImage& picture)
     putPicture(c, pixmap.id(), gc.id(), depth, picture);
     const std::uint32_t background = pixmap.id();
     xcb_change_window_attributes(c, m_window.id(), XCB_CW_BACK_PIXMAP, &background);
+    const std::array<std::uint32_t, 2> size{static_cast<std::uint32_t>(picture.width()),
+                                            static_cast<std::uint32_t>(picture.height())};
+    xcb_configure_window(c, m_window.id(), XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size.data());
     xcb_clear_area(c, 0, m_window.id(), 0, 0, 0, 0);
 }
 

@@ -18,14 +18,13 @@ public:
     /// `translucentVisual` has a depth of 32.
     X11PanelShadow(XcbConnection& connection, xcb_visualid_t translucentVisual);
 
-    /// Shows the premultiplied picture directly below `window`, a child of the root. `topLeft` is in pixels of the
-    /// root.
-    void showBelow(xcb_window_t window, const QImage& picture, QPoint topLeft);
+    /// Sets the premultiplied picture and the window's size, whether it is visible or not.
+    void setPicture(const QImage& picture);
+    /// Shows the window directly below `window`, a child of the root. `topLeft` is in pixels of the root.
+    void showBelow(xcb_window_t window, QPoint topLeft);
     void hide();
 
 private:
-    void setPicture(const QImage& picture);
-
     XcbConnection& m_connection;
     XcbColormap m_colormap;
     XcbWindow m_window;

@@ -49,9 +49,8 @@ std::vector<xcb_window_t> candidates(const XcbConnection& connection)
         const xcb_window_t* children = xcb_query_tree_children(tree.get());
         windows.insert(windows.end(), children, children + xcb_query_tree_children_length(tree.get()));
     }
-    std::ranges::sort(windows);
-    const auto repeated = std::ranges::unique(windows);
-    windows.erase(repeated.begin(), repeated.end());
+    std::sort(windows.begin(), windows.end());
+    windows.erase(std::unique(windows.begin(), windows.end()), windows.end());
     return windows;
 }
 

@@ -17,7 +17,7 @@ struct X11Reservations
     /// Of the current desktop; empty without a window manager that reports one.
     QRect workArea;
     /// Of all visible windows.
-    std::vector<Strut> struts;
+    std::vector<Strut> struts{};
 };
 
 [[nodiscard]] X11Reservations queryReservations(const XcbConnection& connection);
