@@ -6,7 +6,6 @@
 #include <QPainterPath>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tintwick {
 
@@ -15,9 +14,6 @@ namespace {
 // Lengths in points.
 constexpr DropShadow ringShadow{.offsetY = 4, .blur = 16, .opacity = 0.55};
 constexpr DropShadow pillShadow{.offsetY = 2, .blur = 8, .opacity = 0.35};
-// The shadows are wider than the image, so they fade out towards its edges. A clipped shadow would show the corners of
-// the image on a light desktop.
-constexpr double shadowFade = 6;
 constexpr double gridLineWidth = 0.5;
 constexpr double centerOutlineWidth = 1.5;
 constexpr double pillOutlineWidth = 0.5;
@@ -31,19 +27,6 @@ QColor gray(double level, double alpha = 1)
 DropShadow scaled(const DropShadow& shadow, double scale)
 {
     return {.offsetY = shadow.offsetY * scale, .blur = shadow.blur * scale, .opacity = shadow.opacity};
-}
-
-void fadeTowardsEdges(QImage& shadow, double distance)
-{
-    for (int y = 0; y < shadow.height(); ++y) {
-        uchar* row = shadow.scanLine(y);
-        const int vertical = std::min(y, shadow.height() - 1 - y);
-        for (int x = 0; x < shadow.width(); ++x) {
-            const int nearest = std::min({x, shadow.width() - 1 - x, vertical});
-            const double share = std::min(1.0, (nearest + 0.5) / distance);
-            row[x] = static_cast<uchar>(std::lround(row[x] * share * share * (3 - 2 * share)));
-        }
-    }
 }
 
 void fillFrame(QPainter& painter, const QRect& outside, const QRect& inside, const QColor& color)
@@ -80,16 +63,11 @@ QImage LoupeArtwork::below() const
     pillPainter.end();
 
     const double scale = m_geometry.scale();
-    QImage shadowOfRing = shadowOf(ring, scaled(ringShadow, scale));
-    QImage shadowOfPill = shadowOf(pill, scaled(pillShadow, scale));
-    fadeTowardsEdges(shadowOfRing, shadowFade * scale);
-    fadeTowardsEdges(shadowOfPill, shadowFade * scale);
-
     QImage image = blank(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
-    painter.drawImage(0, 0, shadowOfRing);
+    painter.drawImage(0, 0, shadowOf(ring, scaled(ringShadow, scale)));
     strokeRing(painter);
-    painter.drawImage(0, 0, shadowOfPill);
+    painter.drawImage(0, 0, shadowOf(pill, scaled(pillShadow, scale)));
     return image;
 }
 
@@ -194,8 +172,8 @@ void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
         // On the side away from the middle, so that the centre cell keeps all its pixels.
         const int edge = edges[static_cast<std::size_t>(i)];
         const int start = 2 * i <= count ? edge - width : edge;
-        painter.fillRect(start, lens.top(), width, lens.height(), color);
-        painter.fillRect(lens.left(), start, lens.width(), width, color);
+        painter.fillRect(lens.left() + start, lens.top(), width, lens.height(), color);
+        painter.fillRect(lens.left(), lens.top() + start, lens.width(), width, color);
     }
     painter.restore();
 }

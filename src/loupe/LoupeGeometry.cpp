@@ -22,13 +22,16 @@ int nearestPixel(double position)
 
 LoupeGeometry::LoupeGeometry(double side, double scale)
     : m_scale(scale)
-    , m_size(qRound(side * scale), qRound((side + loupe::gap + loupe::infoHeight) * scale))
+    , m_body(qRound(loupe::shadowSides * scale), qRound(loupe::shadowAbove * scale), qRound(side * scale),
+             qRound((side + loupe::gap + loupe::infoHeight) * scale))
+    , m_size(m_body.width() + 2 * m_body.x(),
+             m_body.y() + m_body.height() + qRound(loupe::shadowBelow * scale))
 {
 }
 
 QRect LoupeGeometry::lens() const
 {
-    return {0, 0, m_size.width(), m_size.width()};
+    return {m_body.topLeft(), QSize(m_body.width(), m_body.width())};
 }
 
 QRectF LoupeGeometry::inner() const
@@ -40,7 +43,7 @@ QRectF LoupeGeometry::inner() const
 QRect LoupeGeometry::pill() const
 {
     const int height = qRound(loupe::infoHeight * m_scale);
-    return {0, m_size.height() - height, m_size.width(), height};
+    return {m_body.x(), m_body.bottom() + 1 - height, m_body.width(), height};
 }
 
 double LoupeGeometry::cellSide(int count) const
@@ -50,7 +53,7 @@ double LoupeGeometry::cellSide(int count) const
 
 std::vector<int> LoupeGeometry::cellEdges(int count) const
 {
-    const int side = m_size.width();
+    const int side = m_body.width();
     const double cell = cellSide(count);
     std::vector<int> edges(static_cast<std::size_t>(count) + 1);
     const auto mirrored = [&](int i) -> int& { return edges[static_cast<std::size_t>(count - i)]; };
@@ -64,17 +67,16 @@ std::vector<int> LoupeGeometry::cellEdges(int count) const
 
 QRect LoupeGeometry::centerCell(int count) const
 {
-    const int side = m_size.width();
-    const int start = nearestPixel(side / 2.0 - cellSide(count) / 2.0);
-    return {start, start, side - 2 * start, side - 2 * start};
+    const int start = nearestPixel(m_body.width() / 2.0 - cellSide(count) / 2.0);
+    return lens().adjusted(start, start, -start, -start);
 }
 
-QPointF loupePlace(QPointF pointer, QSize loupe, QSize screen, double margin)
+QPointF loupePlace(QPointF pointer, QSize body, QSize screen, double margin)
 {
-    // The lens is as wide as the loupe, and square.
-    const double lensRadius = loupe.width() / 2.0;
-    const double rightmost = screen.width() - loupe.width() - margin;
-    const double lowest = screen.height() - loupe.height() - margin;
+    // The lens is as wide as the body, and square.
+    const double lensRadius = body.width() / 2.0;
+    const double rightmost = screen.width() - body.width() - margin;
+    const double lowest = screen.height() - body.height() - margin;
     return {std::max(margin, std::min(rightmost, pointer.x() - lensRadius)),
             std::min(lowest, std::max(margin, pointer.y() - lensRadius))};
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 // The geometry of the loupe's image and its position on the screen. All lengths are physical pixels unless points are
-// stated, and y is downwards. The lens is the square at the top of the image and the pill is the strip at the bottom.
-// The gap between them is empty.
+// stated, and y is downwards. The lens is the square at the top of the body and the pill is the strip at the bottom.
+// The gap between them is empty. The room around the body is for the shadows.
 
 #include <QPointF>
 #include <QRect>
@@ -23,6 +23,10 @@ inline constexpr double infoHeight = 46;
 inline constexpr double gap = 10;
 inline constexpr double screenMargin = 4;
 
+/// Beyond this room the shadows are weaker than one step of a byte. They are offset downwards, and the pill's shadow
+/// ends sooner than that of the ring.
+inline constexpr double shadowSides = 22, shadowAbove = 18, shadowBelow = 14;
+
 /// The number of cells per side when there are no pixels.
 inline constexpr int emptyGridSide = 15;
 
@@ -37,7 +41,10 @@ public:
     LoupeGeometry(double side, double scale);
 
     [[nodiscard]] double scale() const { return m_scale; }
+    /// The size of the image.
     [[nodiscard]] QSize size() const { return m_size; }
+    /// Lens, gap and pill: the image without the room for the shadows.
+    [[nodiscard]] QRect body() const { return m_body; }
     [[nodiscard]] QRect lens() const;
     /// The area of the cells: the lens without the ring.
     [[nodiscard]] QRectF inner() const;
@@ -45,20 +52,21 @@ public:
 
     /// The exact side of one cell in a grid of `count` cells per side.
     [[nodiscard]] double cellSide(int count) const;
-    /// The edges of the cells along one side of the lens, the same in both directions: `count` + 1 ascending positions.
-    /// The outermost ones are the edges of the lens, so that no gap appears below the ring.
+    /// The edges of the cells along one side of the lens, from its corner, the same in both directions: `count` + 1
+    /// ascending positions. The outermost ones are the edges of the lens, so that no gap appears below the ring.
     [[nodiscard]] std::vector<int> cellEdges(int count) const;
     /// The cell in the middle of the lens, also when the grid has no cell exactly there.
     [[nodiscard]] QRect centerCell(int count) const;
 
 private:
     double m_scale;
+    QRect m_body;
     QSize m_size;
 };
 
-/// The top left corner of a loupe whose lens is centred on the pointer, moved so that `margin` stays free inside the
+/// The top left corner of a body whose lens is centred on the pointer, moved so that `margin` stays free inside the
 /// screen. Pointer and result are relative to the screen's top left corner. The result is not rounded. Where the loupe
 /// does not fit, the left and the bottom margin take precedence.
-[[nodiscard]] QPointF loupePlace(QPointF pointer, QSize loupe, QSize screen, double margin);
+[[nodiscard]] QPointF loupePlace(QPointF pointer, QSize body, QSize screen, double margin);
 
 } // namespace tintwick

@@ -14,9 +14,9 @@ namespace {
 constexpr QRgb emptyLensColor = qRgb(240, 240, 240);
 constexpr QRgb noCenterColor = qRgb(242, 242, 242);
 
-QRgb* pixelRow(QImage& image, int y)
+QRgb* pixelsFrom(QImage& image, QPoint start)
 {
-    return reinterpret_cast<QRgb*>(image.scanLine(y));
+    return reinterpret_cast<QRgb*>(image.scanLine(start.y())) + start.x();
 }
 
 } // namespace
@@ -29,8 +29,9 @@ LoupeRenderer::Prepared::Prepared(const LoupeLook& look, double scale)
     , lightPill(below, opening, artwork.abovePill(PillTone::LightBackground), geometry.pill())
     , darkPill(below, opening, artwork.abovePill(PillTone::DarkBackground), geometry.pill())
     , label(scale)
-    , liveRow(static_cast<std::size_t>(geometry.size().width()))
-    , image(geometry.size(), QImage::Format_ARGB32_Premultiplied)
+    , liveRow(static_cast<std::size_t>(geometry.body().width()))
+    // Only lens and pill are drawn for each frame.
+    , image(below)
 {
 }
 
@@ -67,11 +68,10 @@ LoupeRenderer::Prepared& LoupeRenderer::prepare(const LoupeLook& look, double sc
     Prepared& prepared = found->second;
     const int cellCount = m_pixels.isNull() ? loupe::emptyGridSide : m_pixels.width();
     if (prepared.cellCount != cellCount) {
-        const QRect aboveThePill(0, 0, prepared.image.width(), prepared.geometry.pill().top());
         prepared.cellCount = cellCount;
         prepared.cellEdges = prepared.geometry.cellEdges(cellCount);
         prepared.lens.emplace(prepared.below, prepared.opening, prepared.artwork.aboveLens(cellCount),
-                              aboveThePill);
+                              prepared.geometry.lens());
     }
     return prepared;
 }
@@ -79,11 +79,12 @@ LoupeRenderer::Prepared& LoupeRenderer::prepare(const LoupeLook& look, double sc
 void LoupeRenderer::drawLens(Prepared& prepared) const
 {
     const LoupeStencil& stencil = *prepared.lens;
+    const QRect lens = prepared.geometry.lens();
     const std::vector<int>& edges = prepared.cellEdges;
     QRgb* const live = prepared.liveRow.data();
     const auto composeRows = [&](int from, int to) {
         for (int y = from; y < to; ++y) {
-            stencil.composeRow(y, live, pixelRow(prepared.image, y));
+            stencil.composeRow(y, live, pixelsFrom(prepared.image, lens.topLeft() + QPoint(0, y)));
         }
     };
     if (m_pixels.isNull()) {
@@ -98,8 +99,6 @@ void LoupeRenderer::drawLens(Prepared& prepared) const
         }
         composeRows(edge[0], edge[1]);
     }
-    // No live colour is visible in the gap above the pill.
-    composeRows(edges.back(), prepared.geometry.pill().top());
 }
 
 void LoupeRenderer::drawInfoPill(Prepared& prepared) const
@@ -112,9 +111,11 @@ void LoupeRenderer::drawInfoPill(Prepared& prepared) const
 
     std::ranges::fill(prepared.liveRow, color);
     for (int y = 0; y < pill.height(); ++y) {
-        stencil.composeRow(y, prepared.liveRow.data(), pixelRow(prepared.image, pill.top() + y));
+        stencil.composeRow(y, prepared.liveRow.data(),
+                           pixelsFrom(prepared.image, pill.topLeft() + QPoint(0, y)));
     }
     QPainter painter(&prepared.image);
+    painter.setClipRect(pill);
     prepared.label.draw(painter, pill, content);
 }
 

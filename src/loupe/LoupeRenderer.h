@@ -24,8 +24,7 @@ public:
     /// Without a colour the pill is light grey.
     void setCenterColor(std::optional<QRgb> color);
 
-    /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, side × scale by (side + 56) × scale
-    /// pixels, rounded. The next call at this scale draws into the same image.
+    /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, of LoupeGeometry::size(). The next call at this scale draws into the same image.
     const QImage& render(const LoupeLook& look, double scale);
 
 private:

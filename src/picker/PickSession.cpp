@@ -245,9 +245,10 @@ void PickSession::updateLoupe()
     const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
     m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
     m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));
-    const QImage& picture = m_loupe.render(m_options.look, scale);
-    const QPointF place = loupePlace(m_position.point, picture.size(), size, loupe::screenMargin * scale);
-    m_session->showLoupe(picture, m_position.screen, place.toPoint());
+    const QRect body = LoupeGeometry(m_options.look.side, scale).body();
+    const QPointF place = loupePlace(m_position.point, body.size(), size, loupe::screenMargin * scale);
+    m_session->showLoupe(m_loupe.render(m_options.look, scale), m_position.screen,
+                         place.toPoint() - body.topLeft());
 }
 
 QSize PickSession::screenSize(const ScreenPosition& position) const

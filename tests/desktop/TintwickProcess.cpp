@@ -27,6 +27,15 @@ void write(const QString& path, const QByteArray& contents)
     }
 }
 
+// The window has room for the shadows around the loupe: 22 points on both sides, 18 above and 14 below. The loupe is 56
+// points higher than wide, so the window is 44 points higher than wide, which reveals the scale.
+QRect withoutShadows(const QRect& window)
+{
+    const double scale = std::round((window.height() - window.width()) / 44.0 * 4) / 4;
+    const auto pixels = [scale](double points) { return static_cast<int>(std::lround(points * scale)); };
+    return window.adjusted(pixels(22), pixels(18), -pixels(22), -pixels(14));
+}
+
 } // namespace
 
 TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
@@ -291,7 +300,7 @@ std::optional<QRect> TintwickProcess::loupe()
         m_loupe = *found;
     }
     const QRect place = connection.geometry(m_loupe);
-    return place.isEmpty() ? std::nullopt : std::optional(place);
+    return place.isEmpty() ? std::nullopt : std::optional(withoutShadows(place));
 }
 
 bool TintwickProcess::waitForLoupe()

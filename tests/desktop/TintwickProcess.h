@@ -70,7 +70,7 @@ public:
     [[nodiscard]] bool startPicking(ChosenBy chosenBy = ChosenBy::Pointer);
     [[nodiscard]] bool waitForPickToEnd();
 
-    /// The loupe's rectangle on the screen; none while it is not shown.
+    /// The loupe's rectangle on the screen, without its shadows; none while it is not shown.
     [[nodiscard]] std::optional<QRect> loupe();
     /// Waits until the loupe is at the place, within one pixel for rounding.
     [[nodiscard]] bool waitForLoupeAt(const QRect& place);

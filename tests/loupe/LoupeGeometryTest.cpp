@@ -13,8 +13,8 @@ class LoupeGeometryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theImageConsistsOfLensGapAndPill_data();
-    void theImageConsistsOfLensGapAndPill();
+    void theImageConsistsOfLensGapPillAndShadows_data();
+    void theImageConsistsOfLensGapPillAndShadows();
     void cellsFillTheLensOnWholePixels_data();
     void cellsFillTheLensOnWholePixels();
     void cellsAreSymmetricAndNeverLosePixels_data();
@@ -25,36 +25,39 @@ private Q_SLOTS:
     void theLoupeFollowsThePointerInsideTheScreen();
 };
 
-void LoupeGeometryTest::theImageConsistsOfLensGapAndPill_data()
+void LoupeGeometryTest::theImageConsistsOfLensGapPillAndShadows_data()
 {
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
     QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("lens");
+    QTest::addColumn<QRect>("body");
     QTest::addColumn<QRectF>("inner");
     QTest::addColumn<QRect>("pill");
 
-    QTest::newRow("small") << 100.0 << 1.0 << QSize(100, 156) << QRect(0, 0, 100, 100)
-                           << QRectF(3.5, 3.5, 93, 93) << QRect(0, 110, 100, 46);
-    QTest::newRow("medium") << 130.0 << 1.0 << QSize(130, 186) << QRect(0, 0, 130, 130)
-                            << QRectF(3.5, 3.5, 123, 123) << QRect(0, 140, 130, 46);
-    QTest::newRow("large") << 160.0 << 1.0 << QSize(160, 216) << QRect(0, 0, 160, 160)
-                           << QRectF(3.5, 3.5, 153, 153) << QRect(0, 170, 160, 46);
-    QTest::newRow("medium, scale 1.25") << 130.0 << 1.25 << QSize(163, 233) << QRect(0, 0, 163, 163)
-                                        << QRectF(4.375, 4.375, 154.25, 154.25) << QRect(0, 175, 163, 58);
-    QTest::newRow("medium, scale 1.5") << 130.0 << 1.5 << QSize(195, 279) << QRect(0, 0, 195, 195)
-                                       << QRectF(5.25, 5.25, 184.5, 184.5) << QRect(0, 210, 195, 69);
-    QTest::newRow("large, scale 2") << 160.0 << 2.0 << QSize(320, 432) << QRect(0, 0, 320, 320)
-                                    << QRectF(7, 7, 306, 306) << QRect(0, 340, 320, 92);
+    // The shadows take 22 points on both sides, 18 above and 14 below.
+    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 188) << QRect(22, 18, 100, 156)
+                           << QRectF(25.5, 21.5, 93, 93) << QRect(22, 128, 100, 46);
+    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 218) << QRect(22, 18, 130, 186)
+                            << QRectF(25.5, 21.5, 123, 123) << QRect(22, 158, 130, 46);
+    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 248) << QRect(22, 18, 160, 216)
+                           << QRectF(25.5, 21.5, 153, 153) << QRect(22, 188, 160, 46);
+    QTest::newRow("medium, scale 1.25") << 130.0 << 1.25 << QSize(219, 274) << QRect(28, 23, 163, 233)
+                                        << QRectF(32.375, 27.375, 154.25, 154.25) << QRect(28, 198, 163, 58);
+    QTest::newRow("medium, scale 1.5") << 130.0 << 1.5 << QSize(261, 327) << QRect(33, 27, 195, 279)
+                                       << QRectF(38.25, 32.25, 184.5, 184.5) << QRect(33, 237, 195, 69);
+    QTest::newRow("large, scale 2") << 160.0 << 2.0 << QSize(408, 496) << QRect(44, 36, 320, 432)
+                                    << QRectF(51, 43, 306, 306) << QRect(44, 376, 320, 92);
 }
 
-void LoupeGeometryTest::theImageConsistsOfLensGapAndPill()
+void LoupeGeometryTest::theImageConsistsOfLensGapPillAndShadows()
 {
     QFETCH(const double, side);
     QFETCH(const double, scale);
+    QFETCH(const QRect, body);
     const LoupeGeometry geometry(side, scale);
     QTEST(geometry.size(), "size");
-    QTEST(geometry.lens(), "lens");
+    QCOMPARE(geometry.body(), body);
+    QCOMPARE(geometry.lens(), QRect(body.topLeft(), QSize(body.width(), body.width())));
     QTEST(geometry.inner(), "inner");
     QTEST(geometry.pill(), "pill");
 }
@@ -105,14 +108,14 @@ void LoupeGeometryTest::cellsAreSymmetricAndNeverLosePixels()
             QCOMPARE(edges.size(), static_cast<std::size_t>(count) + 1);
             const QRect center = geometry.centerCell(count);
             for (std::size_t i = 0; i < edges.size(); ++i) {
-                QCOMPARE(edges[i] + edges[edges.size() - 1 - i], geometry.size().width());
+                QCOMPARE(edges[i] + edges[edges.size() - 1 - i], geometry.lens().width());
                 if (i > 0) {
                     QVERIFY(edges[i] > edges[i - 1]);
                 }
             }
             const auto middle = static_cast<std::size_t>(radius);
-            QCOMPARE(center.left(), edges[middle]);
-            QCOMPARE(center.left() + center.width(), edges[middle + 1]);
+            QCOMPARE(center.left(), geometry.lens().left() + edges[middle]);
+            QCOMPARE(center.width(), edges[middle + 1] - edges[middle]);
             QVERIFY(center.width() >= geometry.cellSide(count) - 1);
             QVERIFY(center.width() <= geometry.cellSide(count) + 1);
         }
@@ -125,10 +128,10 @@ void LoupeGeometryTest::theCenterCellIsInTheMiddle_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<QRect>("cell");
 
-    QTest::newRow("15 cells of 8.2") << 130.0 << 15 << QRect(61, 61, 8, 8);
-    QTest::newRow("31 cells of 3: halves are rounded outwards") << 100.0 << 31 << QRect(48, 48, 4, 4);
-    QTest::newRow("2 cells of 61.5: centred, not on a cell") << 130.0 << 2 << QRect(34, 34, 62, 62);
-    QTest::newRow("one cell: the whole inside") << 130.0 << 1 << QRect(3, 3, 124, 124);
+    QTest::newRow("15 cells of 8.2") << 130.0 << 15 << QRect(83, 79, 8, 8);
+    QTest::newRow("31 cells of 3: halves are rounded outwards") << 100.0 << 31 << QRect(70, 66, 4, 4);
+    QTest::newRow("2 cells of 61.5: centred, not on a cell") << 130.0 << 2 << QRect(56, 52, 62, 62);
+    QTest::newRow("one cell: the whole inside") << 130.0 << 1 << QRect(25, 21, 124, 124);
 }
 
 void LoupeGeometryTest::theCenterCellIsInTheMiddle()
@@ -176,7 +179,7 @@ void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen()
     QFETCH(const double, scale);
     QFETCH(const QSize, screen);
     const LoupeGeometry geometry(130, scale);
-    QTEST(loupePlace(pointer, geometry.size(), screen, loupe::screenMargin * scale), "place");
+    QTEST(loupePlace(pointer, geometry.body().size(), screen, loupe::screenMargin * scale), "place");
 }
 
 QTEST_APPLESS_MAIN(LoupeGeometryTest)

@@ -19,6 +19,12 @@ QImage uniformPixels(int count, QRgb color)
     return pixels;
 }
 
+/// The next frame without the room for the shadows.
+QImage bodyOf(LoupeRenderer& view, const LoupeLook& look, double scale)
+{
+    return view.render(look, scale).copy(LoupeGeometry(look.side, scale).body());
+}
+
 /// The range of the red component inside the pill, which depends on the texts.
 std::pair<int, int> rangeInPill(const QImage& picture, int scale)
 {
@@ -54,6 +60,8 @@ private Q_SLOTS:
     void theSeamBetweenRingAndCellsIsOpaque();
     void aCircleHasTransparentCorners();
     void theGapBetweenLensAndPillHasOnlyShadow();
+    void theShadowsEndInsideTheImage_data();
+    void theShadowsEndInsideTheImage();
     void textIsDarkOnLightAndLightOnDark();
     void withoutACenterColorThePillIsLightGray();
     void aFrameDoesNotDependOnTheFramesBefore();
@@ -64,12 +72,12 @@ void LoupeRendererTest::theImageHasTheSizeOfTheLoupe_data()
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("small") << 100.0 << 1.0 << QSize(100, 156);
-    QTest::newRow("medium") << 130.0 << 1.0 << QSize(130, 186);
-    QTest::newRow("large") << 160.0 << 1.0 << QSize(160, 216);
-    QTest::newRow("medium at 1.25") << 130.0 << 1.25 << QSize(163, 233);
-    QTest::newRow("medium at 1.5") << 130.0 << 1.5 << QSize(195, 279);
-    QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(260, 372);
+    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 188);
+    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 218);
+    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 248);
+    QTest::newRow("medium at 1.25") << 130.0 << 1.25 << QSize(219, 274);
+    QTest::newRow("medium at 1.5") << 130.0 << 1.5 << QSize(261, 327);
+    QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(348, 436);
 }
 
 void LoupeRendererTest::theImageHasTheSizeOfTheLoupe()
@@ -89,7 +97,7 @@ void LoupeRendererTest::everyByteIsShownUnchanged()
         const QRgb color = qRgb(byte, 255 - byte, byte ^ 0x55);
         view.setPixels(uniformPixels(3, color));
         view.setCenterColor(color);
-        const QImage& picture = view.render(mediumSquare, 1);
+        const QImage picture = bodyOf(view, mediumSquare, 1);
         const QRgb expected = qRgb(byte, 255 - byte, byte ^ 0x55);
         QCOMPARE(picture.pixel(20, 20), expected);
         QCOMPARE(picture.pixel(65, 65), expected);
@@ -124,7 +132,7 @@ void LoupeRendererTest::theCenterCellAndThePillShowTheCenterColor()
         pixels.setPixel(radius, radius, center);
         view.setPixels(pixels);
         view.setCenterColor(center);
-        const QImage& picture = view.render({.isCircle = isCircle, .side = side}, scale);
+        const QImage picture = bodyOf(view, {.isCircle = isCircle, .side = side}, scale);
         const int centerOfLens = picture.width() / 2;
         QCOMPARE(picture.pixel(centerOfLens, centerOfLens), qRgb(31, 127, 201));
         QCOMPARE(picture.pixel(5, picture.height() - qRound(23 * scale)), qRgb(31, 127, 201));
@@ -157,7 +165,7 @@ void LoupeRendererTest::cellsKeepTheirColorsUpToTheirEdges()
         }
     }
     view.setPixels(pixels);
-    const QImage& picture = view.render(mediumSquare, scale);
+    const QImage picture = bodyOf(view, mediumSquare, scale);
     // The middle of the second row has no horizontal lines, no corners and no centre cell.
     const double cell = (picture.width() - 7 * scale) / count;
     const int y = static_cast<int>(3.5 * scale + 1.5 * cell);
@@ -188,7 +196,7 @@ void LoupeRendererTest::theTopRowOfThePixelsIsAtTheTop()
     pixels.setPixel(1, 0, qRgb(0, 255, 0));
     pixels.setPixel(2, 0, qRgb(255, 255, 0));
     view.setPixels(pixels);
-    const QImage& picture = view.render(mediumSquare, 1);
+    const QImage picture = bodyOf(view, mediumSquare, 1);
     QCOMPARE(picture.pixel(20, 20), qRgb(255, 0, 0));
     QCOMPARE(picture.pixel(65, 20), qRgb(0, 255, 0));
     QCOMPARE(picture.pixel(110, 20), qRgb(255, 255, 0));
@@ -198,7 +206,7 @@ void LoupeRendererTest::theTopRowOfThePixelsIsAtTheTop()
 void LoupeRendererTest::anEmptyLensIsLightWithGridLines()
 {
     LoupeRenderer view;
-    const QImage& picture = view.render(mediumSquare, 1);
+    const QImage picture = bodyOf(view, mediumSquare, 1);
     // 0.94 × 255 = 239.7. Cells of 8.2 from 3.5: the columns end at 12, 20, 28, 36, ...
     const QRgb field = qRgb(240, 240, 240);
     // A line of half a pixel at 0.13, drawn as a whole pixel: 240 × (1 − 0.065)
@@ -223,7 +231,7 @@ void LoupeRendererTest::theCenterCellIsOutlinedDarkThenLight()
 {
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(200, 0, 0)));
-    const QImage& picture = view.render(mediumSquare, 1);
+    const QImage picture = bodyOf(view, mediumSquare, 1);
     // The cell spans 61 to 69. A dark line of width 1.5 takes one pixel on either side of its edge, a light line the
     // next pixel.
     const QRgb dark = qRgb(13, 13, 13);
@@ -261,7 +269,7 @@ void LoupeRendererTest::theSeamBetweenRingAndCellsIsOpaque()
     QFETCH(const double, scale);
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(255, 255, 255)));
-    const QImage& picture = view.render({.isCircle = isCircle, .side = 130}, scale);
+    const QImage picture = bodyOf(view, {.isCircle = isCircle, .side = 130}, scale);
     const double middle = picture.width() / 2.0;
     int translucent = 0;
     for (int y = 0; y < picture.width(); ++y) {
@@ -289,19 +297,19 @@ void LoupeRendererTest::aCircleHasTransparentCorners()
 {
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(255, 255, 255)));
-    const QImage& picture = view.render(mediumCircle, 1);
+    const QImage picture = bodyOf(view, mediumCircle, 1);
     // 10 pixels from both edges is outside the inscribed circle, and inside the rounded corner of the square.
     for (const QPoint corner : {QPoint(10, 10), QPoint(119, 10), QPoint(10, 119), QPoint(119, 119)}) {
         QVERIFY(qAlpha(picture.pixel(corner)) < 100);
     }
-    QCOMPARE(qAlpha(view.render(mediumSquare, 1).pixel(10, 10)), 255);
+    QCOMPARE(qAlpha(bodyOf(view, mediumSquare, 1).pixel(10, 10)), 255);
 }
 
 void LoupeRendererTest::theGapBetweenLensAndPillHasOnlyShadow()
 {
     LoupeRenderer view;
     view.setPixels(uniformPixels(15, qRgb(255, 255, 255)));
-    const QImage& picture = view.render(mediumSquare, 1);
+    const QImage picture = bodyOf(view, mediumSquare, 1);
     for (int y = 130; y < 140; ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = 0; x < picture.width(); ++x) {
@@ -313,17 +321,50 @@ void LoupeRendererTest::theGapBetweenLensAndPillHasOnlyShadow()
     }
 }
 
+void LoupeRendererTest::theShadowsEndInsideTheImage_data()
+{
+    theCenterCellAndThePillShowTheCenterColor_data();
+}
+
+void LoupeRendererTest::theShadowsEndInsideTheImage()
+{
+    QFETCH(const bool, isCircle);
+    QFETCH(const double, side);
+    QFETCH(const double, scale);
+    LoupeRenderer view;
+    const QImage& picture = view.render({.isCircle = isCircle, .side = side}, scale);
+    int strongest = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        strongest = std::max(
+            {strongest, qAlpha(picture.pixel(x, 0)), qAlpha(picture.pixel(x, picture.height() - 1))});
+    }
+    for (int y = 0; y < picture.height(); ++y) {
+        strongest =
+            std::max({strongest, qAlpha(picture.pixel(0, y)), qAlpha(picture.pixel(picture.width() - 1, y))});
+    }
+    QCOMPARE(strongest, 0);
+    // It becomes weaker with the distance from the ring.
+    const int besideTheLens = picture.height() / 2;
+    const QList<double> distances{2, 8, 14};
+    int last = 255;
+    for (const double distance : distances) {
+        const int alpha = qAlpha(picture.pixel(qRound((22 - distance) * scale), besideTheLens));
+        QVERIFY2(alpha > 0 && alpha < last, qPrintable(QString::number(alpha)));
+        last = alpha;
+    }
+}
+
 void LoupeRendererTest::textIsDarkOnLightAndLightOnDark()
 {
     LoupeRenderer view;
     view.setCenterColor(qRgb(255, 255, 255));
-    const auto [darkest, paper] = rangeInPill(view.render(mediumSquare, 2), 2);
+    const auto [darkest, paper] = rangeInPill(bodyOf(view, mediumSquare, 2), 2);
     QCOMPARE(paper, 255);
     // 0.08 at 0.95 over white is 32; thin strokes are a little lighter.
     QVERIFY2(darkest < 60, qPrintable(QString::number(darkest)));
 
     view.setCenterColor(qRgb(0, 0, 0));
-    const auto [slate, lightest] = rangeInPill(view.render(mediumSquare, 2), 2);
+    const auto [slate, lightest] = rangeInPill(bodyOf(view, mediumSquare, 2), 2);
     QCOMPARE(slate, 0);
     // White at 0.97 over black is 247.
     QVERIFY2(lightest > 220, qPrintable(QString::number(lightest)));
@@ -335,7 +376,7 @@ void LoupeRendererTest::withoutACenterColorThePillIsLightGray()
     view.setCenterColor(qRgb(0, 0, 0));
     view.setCenterColor(std::nullopt);
     // 0.95 × 255 = 242.25
-    QCOMPARE(view.render(mediumSquare, 1).pixel(6, 160), qRgb(242, 242, 242));
+    QCOMPARE(bodyOf(view, mediumSquare, 1).pixel(6, 160), qRgb(242, 242, 242));
 }
 
 void LoupeRendererTest::aFrameDoesNotDependOnTheFramesBefore()

@@ -22,6 +22,9 @@ ScreenPosition at(double x, double y, int screen = 0)
     return {screen, QPointF(x, y)};
 }
 
+/// In a picture of the medium loupe, which has room for shadows: 22 pixels on both sides and 18 above.
+constexpr QPoint centerOfLens(22 + 65, 18 + 65);
+
 QString textOf(QRgb color)
 {
     return QColor(color).name();
@@ -162,7 +165,7 @@ private Q_SLOTS:
             QCOMPARE(desk.desktop.grabs.back().pixels,
                      QRect(pixel.x() - radius, pixel.y() - radius, 2 * radius + 1, 2 * radius + 1));
             const QImage& frame = desk.desktop.frames.back().picture;
-            QCOMPARE(frame.pixel(frame.width() / 2, frame.width() / 2), expected);
+            QCOMPARE(frame.pixel(centerOfLens), expected);
             desk.click({0, point});
             QCOMPARE(desk.picked, QList<QRgb>{expected});
         }
@@ -454,7 +457,7 @@ private Q_SLOTS:
         QTest::addColumn<Screen>("screen");
         QTest::addColumn<LoupeSize>("size");
         QTest::addColumn<QPointF>("pointer");
-        QTest::addColumn<QSize>("picture");
+        QTest::addColumn<QSize>("loupe");
         QTest::addColumn<QPoint>("topLeft");
 
         const Screen plain{{1920, 1080}, 1};
@@ -462,8 +465,8 @@ private Q_SLOTS:
         const Screen tiny{{100, 100}, 1};
         const QSize medium(130, 186);
         const auto row = [](const char* name, const Screen& screen, LoupeSize size, QPointF pointer,
-                            QSize picture, QPoint topLeft) {
-            QTest::newRow(name) << screen << size << pointer << picture << topLeft;
+                            QSize loupe, QPoint topLeft) {
+            QTest::newRow(name) << screen << size << pointer << loupe << topLeft;
         };
         row("middle", plain, LoupeSize::Medium, {960, 540}, medium, {895, 475});
         row("small", plain, LoupeSize::Small, {960, 540}, {100, 156}, {910, 490});
@@ -494,8 +497,11 @@ private Q_SLOTS:
         QCOMPARE(desk.shown(), 2);
         const ScriptedDesktop::Frame& frame = desk.desktop.frames.back();
         QCOMPARE(frame.screen, 1);
-        QTEST(frame.picture.size(), "picture");
-        QTEST(frame.topLeft, "topLeft");
+        // Without the room for the shadows
+        const QMarginsF shadows = QMarginsF(22, 18, 22, 14) * screen.scale;
+        const QRect loupe = QRect(frame.topLeft, frame.picture.size()).marginsRemoved(shadows.toMargins());
+        QTEST(loupe.size(), "loupe");
+        QTEST(loupe.topLeft(), "topLeft");
     }
 
     void withoutAPictureTheLoupeIsDarkAndNothingIsPicked()
@@ -626,7 +632,7 @@ private Q_SLOTS:
         desk.desktop.origins = {{0, 0}, {1920, 0}};
         desk.start();
         desk.desktop.move(at(580, 500, 1));
-        QCOMPARE(desk.desktop.frames.back().topLeft, QPoint(515, 435));
+        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 18), QPoint(515, 435));
 
         desk.desktop.screens.resize(1);
         desk.desktop.origins.resize(1);
@@ -639,7 +645,7 @@ private Q_SLOTS:
 
         desk.desktop.move(at(1919, 300));
         QCOMPARE(desk.desktop.frames.back().screen, 0);
-        QCOMPARE(desk.desktop.frames.back().topLeft, QPoint(1786, 235));
+        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 18), QPoint(1786, 235));
     }
 
     void withoutAnyScreenNoLoupeIsShownAndEscapeCancels()
