@@ -184,6 +184,7 @@ void Application::followDesktopAppearance()
         m_panelView->setSystemScheme(preferredScheme(*m_desktopSettings));
         m_trayIcon.setDesktopPrefersDark(m_desktopSettings->prefersDark().value_or(false));
         Ticker::shared().setMotionReduced(m_desktopSettings->prefersReducedMotion());
+        m_picker.setHighContrast(m_desktopSettings->prefersHighContrast());
     };
     apply();
     connect(m_desktopSettings.get(), &DesktopSettings::changed, this, apply);

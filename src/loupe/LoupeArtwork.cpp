@@ -14,7 +14,6 @@ namespace {
 // Lengths in points.
 constexpr DropShadow ringShadow{.offsetY = 4, .blur = 16, .opacity = 0.55};
 constexpr DropShadow pillShadow{.offsetY = 2, .blur = 8, .opacity = 0.35};
-constexpr double gridLineWidth = 0.5;
 constexpr double centerOutlineWidth = 1.5;
 constexpr double pillOutlineWidth = 0.5;
 
@@ -85,7 +84,9 @@ QImage LoupeArtwork::aboveLens(int count) const
 {
     QImage image = blank(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
-    drawGridLines(painter, count);
+    if (!m_look.hasHighContrast) {
+        drawGridLines(painter, count);
+    }
     drawCenterOutlines(painter, count);
     strokeRing(painter);
     return image;
@@ -158,20 +159,16 @@ void LoupeArtwork::strokeRing(QPainter& painter) const
 void LoupeArtwork::drawGridLines(QPainter& painter, int count) const
 {
     // A line is drawn in whole pixels. Its opacity decreases in proportion to the added width.
-    const double exactWidth = gridLineWidth * m_geometry.scale();
-    const int width = std::max(1, qRound(exactWidth));
+    const double exactWidth = loupe::gridLineWidth * m_geometry.scale();
+    const int width = m_geometry.gridLineWidth();
     const QColor color = gray(0, 0.13 * exactWidth / width);
     const QRect lens = m_geometry.lens();
-    const std::vector<int> edges = m_geometry.cellEdges(count);
 
     painter.save();
     painter.setClipPath(lensOpening());
     // Crossing lines must not add up.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    for (int i = 1; i < count; ++i) {
-        // On the side away from the middle, so that the centre cell keeps all its pixels.
-        const int edge = edges[static_cast<std::size_t>(i)];
-        const int start = 2 * i <= count ? edge - width : edge;
+    for (const int start : m_geometry.gridLines(count)) {
         painter.fillRect(lens.left() + start, lens.top(), width, lens.height(), color);
         painter.fillRect(lens.left(), lens.top() + start, lens.width(), width, color);
     }

@@ -22,7 +22,7 @@ public:
     /// The areas of live colours: inside the ring, and in the pill. Alpha8.
     [[nodiscard]] QImage opening() const;
     /// Above the cells: the grid lines of `count` cells per side, the outlines of the centre cell, and the ring.
-    /// Premultiplied ARGB32.
+    /// Premultiplied ARGB32. With high contrast the lines depend on the live colours and are not part of it.
     [[nodiscard]] QImage aboveLens(int count) const;
     /// Above the pill's colour: its outline. Premultiplied ARGB32.
     [[nodiscard]] QImage abovePill(PillTone tone) const;

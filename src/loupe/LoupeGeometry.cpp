@@ -65,6 +65,23 @@ std::vector<int> LoupeGeometry::cellEdges(int count) const
     return edges;
 }
 
+int LoupeGeometry::gridLineWidth() const
+{
+    return std::max(1, qRound(loupe::gridLineWidth * m_scale));
+}
+
+std::vector<int> LoupeGeometry::gridLines(int count) const
+{
+    std::vector<int> lines = cellEdges(count);
+    lines.pop_back();
+    lines.erase(lines.begin());
+    const int width = gridLineWidth();
+    for (int i = 1; 2 * i <= count && i < count; ++i) {
+        lines[static_cast<std::size_t>(i) - 1] -= width;
+    }
+    return lines;
+}
+
 QRect LoupeGeometry::centerCell(int count) const
 {
     const int start = nearestPixel(m_body.width() / 2.0 - cellSide(count) / 2.0);

@@ -21,6 +21,7 @@ inline constexpr double lensCorner = 18;
 inline constexpr double infoCorner = 11;
 inline constexpr double infoHeight = 46;
 inline constexpr double gap = 10;
+inline constexpr double gridLineWidth = 0.5;
 inline constexpr double screenMargin = 4;
 
 /// Beyond this room the shadows are weaker than one step of a byte. They are offset downwards, and the pill's shadow
@@ -55,6 +56,11 @@ public:
     /// The edges of the cells along one side of the lens, from its corner, the same in both directions: `count` + 1
     /// ascending positions. The outermost ones are the edges of the lens, so that no gap appears below the ring.
     [[nodiscard]] std::vector<int> cellEdges(int count) const;
+    /// The width of a grid line.
+    [[nodiscard]] int gridLineWidth() const;
+    /// Where the grid lines start along one side of the lens, from its corner, the same in both directions. Each line is
+    /// inside the cell away from the middle, so that the centre cell keeps all its pixels.
+    [[nodiscard]] std::vector<int> gridLines(int count) const;
     /// The cell in the middle of the lens, also when the grid has no cell exactly there.
     [[nodiscard]] QRect centerCell(int count) const;
 

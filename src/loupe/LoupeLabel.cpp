@@ -63,8 +63,9 @@ QFont LoupeLabel::nameFont(double scale)
                      QFont::SansSerif, nameSize * scale);
 }
 
-LoupeLabel::LoupeLabel(double scale)
-    : m_gap(lineGap * scale)
+LoupeLabel::LoupeLabel(const LoupeLook& look, double scale)
+    : m_isOpaque(look.hasHighContrast)
+    , m_gap(lineGap * scale)
     , m_hexFont(hexFont(scale))
     , m_nameFont(nameFont(scale))
     // The maximum height of the ink of all texts, so that a descender does not move the lines.
@@ -84,10 +85,11 @@ void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& c
     const double middle = pill.x() + pill.width() / 2.0;
     const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight)) / 2;
     const double bottom = pill.y() + pill.height();
+    const QColor strongest = content.tone == PillTone::LightBackground ? Qt::black : Qt::white;
     const auto drawLine = [&](const Line& line, double aboveBottom, const QColor& color) {
         // Baselines on whole pixels keep the glyphs sharp.
         const QPointF start(middle - line.width / 2, std::round(bottom - aboveBottom));
-        painter.setPen(color);
+        painter.setPen(m_isOpaque ? strongest : color);
         for (const QGlyphRun& run : line.glyphs) {
             painter.drawGlyphRun(start, run);
         }

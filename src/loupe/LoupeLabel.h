@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LoupeLook.h"
 #include "PillContent.h"
 
 #include <QFont>
@@ -15,7 +16,7 @@ namespace tintwick {
 class LoupeLabel final
 {
 public:
-    explicit LoupeLabel(double scale);
+    LoupeLabel(const LoupeLook& look, double scale);
 
     /// Draws both lines, centred, onto an image at physical pixels.
     void draw(QPainter& painter, const QRect& pill, const PillContent& content);
@@ -35,6 +36,7 @@ private:
 
     [[nodiscard]] static Line makeLine(const QString& text, const QFont& font);
 
+    bool m_isOpaque;
     double m_gap;
     QFont m_hexFont;
     QFont m_nameFont;

@@ -2,12 +2,14 @@
 
 namespace tintwick {
 
-/// The user's settings for the loupe's appearance.
+/// The settings for the loupe's appearance.
 struct LoupeLook
 {
     bool isCircle = false;
     /// Side of the lens in points.
     double side = 130;
+    /// Texts and grid lines contrast with the colours below them by 4.5 : 1 at least.
+    bool hasHighContrast = false;
 
     friend constexpr bool operator==(const LoupeLook&, const LoupeLook&) = default;
 };

@@ -1,6 +1,7 @@
 #include "LoupeRenderer.h"
 
 #include "PillContent.h"
+#include "StrongestContrast.h"
 
 #include <QPainter>
 
@@ -14,6 +15,28 @@ namespace {
 constexpr QRgb emptyLensColor = qRgb(240, 240, 240);
 constexpr QRgb noCenterColor = qRgb(242, 242, 242);
 
+/// Narrower cells would consist of little else than opaque lines.
+constexpr double narrowestCellWithLines = 3; // points
+
+QImage emptyLens()
+{
+    QImage pixels(loupe::emptyGridSide, loupe::emptyGridSide, QImage::Format_RGB32);
+    pixels.fill(emptyLensColor);
+    return pixels;
+}
+
+/// For each pixel along a side of the lens, whether an opaque grid line is there.
+std::vector<bool> opaqueLines(const LoupeLook& look, const LoupeGeometry& geometry, int count)
+{
+    std::vector<bool> isOnLine(static_cast<std::size_t>(geometry.lens().width()));
+    if (look.hasHighContrast && geometry.cellSide(count) >= narrowestCellWithLines * geometry.scale()) {
+        for (const int start : geometry.gridLines(count)) {
+            std::fill_n(isOnLine.begin() + start, geometry.gridLineWidth(), true);
+        }
+    }
+    return isOnLine;
+}
+
 QRgb* pixelsFrom(QImage& image, QPoint start)
 {
     return reinterpret_cast<QRgb*>(image.scanLine(start.y())) + start.x();
@@ -21,15 +44,17 @@ QRgb* pixelsFrom(QImage& image, QPoint start)
 
 } // namespace
 
-LoupeRenderer::Prepared::Prepared(const LoupeLook& look, double scale)
-    : geometry(look.side, scale)
+LoupeRenderer::Prepared::Prepared(const LoupeLook& ofLook, double scale)
+    : look(ofLook)
+    , geometry(look.side, scale)
     , artwork(look, geometry)
     , below(artwork.below())
     , opening(artwork.opening())
     , lightPill(below, opening, artwork.abovePill(PillTone::LightBackground), geometry.pill())
     , darkPill(below, opening, artwork.abovePill(PillTone::DarkBackground), geometry.pill())
-    , label(scale)
+    , label(look, scale)
     , liveRow(static_cast<std::size_t>(geometry.body().width()))
+    , lineRow(liveRow.size())
     // Only lens and pill are drawn for each frame.
     , image(below)
 {
@@ -70,6 +95,7 @@ LoupeRenderer::Prepared& LoupeRenderer::prepare(const LoupeLook& look, double sc
     if (prepared.cellCount != cellCount) {
         prepared.cellCount = cellCount;
         prepared.cellEdges = prepared.geometry.cellEdges(cellCount);
+        prepared.isOnLine = opaqueLines(look, prepared.geometry, cellCount);
         prepared.lens.emplace(prepared.below, prepared.opening, prepared.artwork.aboveLens(cellCount),
                               prepared.geometry.lens());
     }
@@ -78,33 +104,46 @@ LoupeRenderer::Prepared& LoupeRenderer::prepare(const LoupeLook& look, double sc
 
 void LoupeRenderer::drawLens(Prepared& prepared) const
 {
-    const LoupeStencil& stencil = *prepared.lens;
-    const QRect lens = prepared.geometry.lens();
-    const std::vector<int>& edges = prepared.cellEdges;
-    QRgb* const live = prepared.liveRow.data();
-    const auto composeRows = [&](int from, int to) {
-        for (int y = from; y < to; ++y) {
-            stencil.composeRow(y, live, pixelsFrom(prepared.image, lens.topLeft() + QPoint(0, y)));
+    const QImage pixels = m_pixels.isNull() ? emptyLens() : m_pixels;
+    const QPoint corner = prepared.geometry.lens().topLeft();
+    for (int row = 0; row < pixels.height(); ++row) {
+        fillRows(prepared, reinterpret_cast<const QRgb*>(pixels.constScanLine(row)));
+        const auto edge = prepared.cellEdges.begin() + row;
+        for (int y = edge[0]; y < edge[1]; ++y) {
+            const bool isOnLine = prepared.isOnLine[static_cast<std::size_t>(y)];
+            prepared.lens->composeRow(y, isOnLine ? prepared.lineRow.data() : prepared.liveRow.data(),
+                                      pixelsFrom(prepared.image, corner + QPoint(0, y)));
         }
-    };
-    if (m_pixels.isNull()) {
-        std::fill_n(live, stencil.width(), emptyLensColor);
-        composeRows(0, edges.back());
     }
-    for (int row = 0; row < m_pixels.height(); ++row) {
-        const auto* pixels = reinterpret_cast<const QRgb*>(m_pixels.constScanLine(row));
-        const auto edge = edges.begin() + row;
-        for (std::size_t column = 0; column + 1 < edges.size(); ++column) {
-            std::fill(live + edges[column], live + edges[column + 1], pixels[column]);
+}
+
+/// Sets the two kinds of rows of pixels that these cells consist of.
+void LoupeRenderer::fillRows(Prepared& prepared, const QRgb* pixels)
+{
+    const std::vector<int>& edges = prepared.cellEdges;
+    const bool hasLines = prepared.look.hasHighContrast;
+    for (std::size_t column = 0; column + 1 < edges.size(); ++column) {
+        std::fill(prepared.liveRow.data() + edges[column], prepared.liveRow.data() + edges[column + 1],
+                  pixels[column]);
+        if (hasLines) {
+            std::fill(prepared.lineRow.data() + edges[column], prepared.lineRow.data() + edges[column + 1],
+                      strongestContrast(pixels[column]));
         }
-        composeRows(edge[0], edge[1]);
+    }
+    for (std::size_t x = 0; hasLines && x < prepared.liveRow.size(); ++x) {
+        if (prepared.isOnLine[x]) {
+            prepared.liveRow[x] = prepared.lineRow[x];
+        }
     }
 }
 
 void LoupeRenderer::drawInfoPill(Prepared& prepared) const
 {
     const QRgb color = m_centerColor.value_or(noCenterColor);
-    const PillContent content = PillContent::of(color);
+    PillContent content = PillContent::of(color);
+    if (prepared.look.hasHighContrast) {
+        content.tone = blackContrastsMore(color) ? PillTone::LightBackground : PillTone::DarkBackground;
+    }
     const LoupeStencil& stencil =
         content.tone == PillTone::LightBackground ? prepared.lightPill : prepared.darkPill;
     const QRect pill = prepared.geometry.pill();

@@ -31,8 +31,9 @@ private:
     /// Everything that depends on shape, size and scale only.
     struct Prepared
     {
-        Prepared(const LoupeLook& look, double scale);
+        Prepared(const LoupeLook& ofLook, double scale);
 
+        LoupeLook look;
         LoupeGeometry geometry;
         LoupeArtwork artwork;
         QImage below;
@@ -41,15 +42,19 @@ private:
         LoupeStencil darkPill;
         LoupeLabel label;
         std::vector<QRgb> liveRow;
+        std::vector<QRgb> lineRow;
         /// Cells per side in the last frame.
         int cellCount = 0;
         std::vector<int> cellEdges;
+        /// For each pixel along a side of the lens, whether a line in the colour of the strongest contrast is there.
+        std::vector<bool> isOnLine;
         std::optional<LoupeStencil> lens;
         QImage image;
     };
 
     [[nodiscard]] Prepared& prepare(const LoupeLook& look, double scale);
     void drawLens(Prepared& prepared) const;
+    static void fillRows(Prepared& prepared, const QRgb* pixels);
     void drawInfoPill(Prepared& prepared) const;
 
     QImage m_pixels;

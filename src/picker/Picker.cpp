@@ -10,16 +10,6 @@
 
 namespace tintwick {
 
-namespace {
-
-LoupeLook lookIn(const Preferences& preferences)
-{
-    return {.isCircle = preferences.loupeShape() == LoupeShape::Circle,
-            .side = loupeSide(preferences.loupeSize())};
-}
-
-} // namespace
-
 Picker::Picker(Platform& platform, const Preferences& preferences, CopiedText copiedText, QObject* parent)
     : QObject(parent)
     , m_platform(platform)
@@ -32,9 +22,17 @@ Picker::Picker(Platform& platform, const Preferences& preferences, CopiedText co
 void Picker::prepare()
 {
     for (const QScreen* screen : QGuiApplication::screens()) {
-        m_loupe.render(lookIn(m_preferences), screen->devicePixelRatio());
+        m_loupe.render(look(), screen->devicePixelRatio());
     }
     connect(&m_preferences, &Preferences::loupeChanged, this, &Picker::prepare, Qt::UniqueConnection);
+}
+
+void Picker::setHighContrast(bool hasHighContrast)
+{
+    if (hasHighContrast != m_hasHighContrast) {
+        m_hasHighContrast = hasHighContrast;
+        prepare();
+    }
 }
 
 void Picker::start()
@@ -44,8 +42,7 @@ void Picker::start()
     }
     m_session = new PickSession(
         m_platform, m_loupe,
-        {.look = lookIn(m_preferences), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText},
-        this);
+        {.look = look(), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText}, this);
     connect(m_session, &PickSession::ended, this, &Picker::finish);
 }
 
@@ -54,6 +51,13 @@ void Picker::cancel()
     if (m_session) {
         m_session->cancel();
     }
+}
+
+LoupeLook Picker::look() const
+{
+    return {.isCircle = m_preferences.loupeShape() == LoupeShape::Circle,
+            .side = loupeSide(m_preferences.loupeSize()),
+            .hasHighContrast = m_hasHighContrast};
 }
 
 void Picker::finish(const PickOutcome& outcome)

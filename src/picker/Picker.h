@@ -25,6 +25,9 @@ public:
     /// fonts and to blur its shadows. Repeated when the preferences for the loupe change.
     void prepare();
 
+    /// Whether the next loupes have high contrast.
+    void setHighContrast(bool hasHighContrast);
+
     /// Does nothing during a pick. The current preferences determine the look and the zoom of the loupe.
     void start();
     /// Ends the pick without a colour. Does nothing when no pick runs.
@@ -39,11 +42,13 @@ Q_SIGNALS:
     void failed(const QString& reason);
 
 private:
+    [[nodiscard]] LoupeLook look() const;
     void finish(const PickOutcome& outcome);
 
     Platform& m_platform;
     const Preferences& m_preferences;
     CopiedText m_copiedText;
+    bool m_hasHighContrast = false;
     LoupeRenderer m_loupe;
     // A child of this object; null when no pick runs.
     PickSession* m_session = nullptr;

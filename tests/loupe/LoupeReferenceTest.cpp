@@ -86,18 +86,21 @@ void LoupeReferenceTest::theImageEqualsItsReference_data()
     QTest::addColumn<double>("scale");
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("base");
+    QTest::addColumn<bool>("hasHighContrast");
 
-    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light;
-    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark;
-    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light;
-    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark;
-    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light;
-    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark;
-    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light;
-    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark;
-    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark;
-    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0;
-    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0;
+    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light << false;
+    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark << false;
+    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light << false;
+    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark << false;
+    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light << false;
+    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark << false;
+    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light << false;
+    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark << false;
+    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark << false;
+    QTest::newRow("square-medium-high-contrast") << false << 130.0 << 1.0 << 15 << light << true;
+    QTest::newRow("circle-medium-scale-2-high-contrast") << true << 130.0 << 2.0 << 15 << dark << true;
+    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0 << false;
+    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0 << false;
 }
 
 void LoupeReferenceTest::theImageEqualsItsReference()
@@ -107,6 +110,7 @@ void LoupeReferenceTest::theImageEqualsItsReference()
     QFETCH(const double, scale);
     QFETCH(const int, count);
     QFETCH(const int, base);
+    QFETCH(const bool, hasHighContrast);
 
     LoupeRenderer view;
     if (count > 0) {
@@ -116,7 +120,8 @@ void LoupeReferenceTest::theImageEqualsItsReference()
     }
     // The format in which PNG stores it.
     const QImage actual =
-        view.render({.isCircle = isCircle, .side = side}, scale).convertToFormat(QImage::Format_ARGB32);
+        view.render({.isCircle = isCircle, .side = side, .hasHighContrast = hasHighContrast}, scale)
+            .convertToFormat(QImage::Format_ARGB32);
 
     const QString name = QLatin1StringView(QTest::currentDataTag()) + u".png"_s;
     const QString path = QDir(QStringLiteral(REFERENCE_DIR)).filePath(name);

@@ -64,6 +64,9 @@ private Q_SLOTS:
     void theShadowsEndInsideTheImage();
     void textIsDarkOnLightAndLightOnDark();
     void withoutACenterColorThePillIsLightGray();
+    void withHighContrastTextsAndLinesReachFourAndAHalf_data();
+    void withHighContrastTextsAndLinesReachFourAndAHalf();
+    void withHighContrastNarrowCellsHaveNoLines();
     void aFrameDoesNotDependOnTheFramesBefore();
 };
 
@@ -368,6 +371,60 @@ void LoupeRendererTest::textIsDarkOnLightAndLightOnDark()
     QCOMPARE(slate, 0);
     // White at 0.97 over black is 247.
     QVERIFY2(lightest > 220, qPrintable(QString::number(lightest)));
+}
+
+void LoupeRendererTest::withHighContrastTextsAndLinesReachFourAndAHalf_data()
+{
+    QTest::addColumn<QRgb>("color");
+    QTest::addColumn<QRgb>("contrast");
+    const QRgb black = qRgb(0, 0, 0);
+    const QRgb white = qRgb(255, 255, 255);
+    // The contrast ratios are those of WCAG 2.
+    QTest::newRow("white, 21") << qRgb(255, 255, 255) << black;
+    QTest::newRow("black, 21") << qRgb(0, 0, 0) << white;
+    QTest::newRow("red, 5.25") << qRgb(255, 0, 0) << black;
+    QTest::newRow("blue, 8.59") << qRgb(0, 0, 255) << white;
+    QTest::newRow("lime, 15.3") << qRgb(0, 255, 0) << black;
+    QTest::newRow("the darkest grey below black lines, 4.62") << qRgb(118, 118, 118) << black;
+    QTest::newRow("the lightest grey below white lines, 4.61") << qRgb(117, 117, 117) << white;
+}
+
+void LoupeRendererTest::withHighContrastTextsAndLinesReachFourAndAHalf()
+{
+    QFETCH(const QRgb, color);
+    QFETCH(const QRgb, contrast);
+    constexpr LoupeLook look{.isCircle = false, .side = 130, .hasHighContrast = true};
+    LoupeRenderer view;
+    view.setPixels(uniformPixels(15, color));
+    view.setCenterColor(color);
+    // Cells of 8.2 from 3.5: the columns end at 12, 20, 28, 36, ...
+    const QImage picture = bodyOf(view, look, 1);
+    QCOMPARE(picture.pixel(10, 32), color);
+    QCOMPARE(picture.pixel(11, 32), contrast);
+    QCOMPARE(picture.pixel(12, 32), color);
+    QCOMPARE(picture.pixel(118, 32), contrast);
+    QCOMPARE(picture.pixel(32, 19), contrast);
+    QCOMPARE(picture.pixel(19, 19), contrast);
+    QCOMPARE(picture.pixel(65, 65), color);
+    // The lower half of the pill has the second line only. At scale 3 its stems are wider than a pixel.
+    const QImage large = bodyOf(view, look, 3);
+    int count = 0;
+    for (int y = large.height() - 20 * 3; y < large.height() - 2 * 3; ++y) {
+        for (int x = 12 * 3; x < large.width() - 12 * 3; ++x) {
+            count += large.pixel(x, y) == contrast ? 1 : 0;
+        }
+    }
+    QVERIFY2(count > 20, qPrintable(QString::number(count)));
+}
+
+void LoupeRendererTest::withHighContrastNarrowCellsHaveNoLines()
+{
+    LoupeRenderer view;
+    view.setPixels(uniformPixels(81, qRgb(200, 0, 0)));
+    const QImage picture = bodyOf(view, {.isCircle = false, .side = 130, .hasHighContrast = true}, 1);
+    for (int x = 20; x < 55; ++x) {
+        QCOMPARE(picture.pixel(x, 30), qRgb(200, 0, 0));
+    }
 }
 
 void LoupeRendererTest::withoutACenterColorThePillIsLightGray()

@@ -452,6 +452,16 @@ private Q_SLOTS:
         QTEST(desk.side(), "sideZoomedOut");
     }
 
+    void highContrastAppliesToTheNextLoupe()
+    {
+        Desk desk;
+        desk.picker->setHighContrast(true);
+        desk.start();
+        const QImage& frame = desk.desktop.frames.back().picture;
+        // The first column of cells ends at 12. The colours around (500, 400) are light.
+        QCOMPARE(frame.pixel(22 + 11, 18 + 62), qRgb(0, 0, 0));
+    }
+
     void theLoupeFollowsThePointerWithinItsScreen_data()
     {
         QTest::addColumn<Screen>("screen");

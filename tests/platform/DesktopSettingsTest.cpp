@@ -16,6 +16,8 @@ private Q_SLOTS:
     void settingsAreParsed_data();
     void settingsAreParsed();
     void anyReducedMotionSettingCounts();
+    void highContrastIsParsed_data();
+    void highContrastIsParsed();
 };
 
 void DesktopSettingsTest::withoutABusThereAreNoPreferences()
@@ -23,6 +25,7 @@ void DesktopSettingsTest::withoutABusThereAreNoPreferences()
     const DesktopSettings appearance;
     QCOMPARE(appearance.prefersDark(), std::nullopt);
     QVERIFY(!appearance.prefersReducedMotion());
+    QVERIFY(!appearance.prefersHighContrast());
 }
 
 void DesktopSettingsTest::settingsAreParsed_data()
@@ -83,6 +86,35 @@ void DesktopSettingsTest::anyReducedMotionSettingCounts()
     QVERIFY(appearance.prefersReducedMotion());
     appearance.take(u"org.freedesktop.appearance"_s, u"reduced-motion"_s, 0U);
     QVERIFY(!appearance.prefersReducedMotion());
+}
+
+void DesktopSettingsTest::highContrastIsParsed_data()
+{
+    QTest::addColumn<QString>("space");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<bool>("highContrast");
+    const QString appearance = u"org.freedesktop.appearance"_s;
+    const QString gnome = u"org.gnome.desktop.a11y.interface"_s;
+    QTest::newRow("no preference") << appearance << u"contrast"_s << QVariant(0U) << false;
+    QTest::newRow("higher contrast") << appearance << u"contrast"_s << QVariant(1U) << true;
+    QTest::newRow("an unknown contrast") << appearance << u"contrast"_s << QVariant(9U) << false;
+    QTest::newRow("GNOME, on") << gnome << u"high-contrast"_s << QVariant(true) << true;
+    QTest::newRow("GNOME, off") << gnome << u"high-contrast"_s << QVariant(false) << false;
+    QTest::newRow("the key in another namespace") << gnome << u"contrast"_s << QVariant(1U) << false;
+}
+
+void DesktopSettingsTest::highContrastIsParsed()
+{
+    QFETCH(const QString, space);
+    QFETCH(const QString, key);
+    QFETCH(const QVariant, value);
+    QFETCH(const bool, highContrast);
+    DesktopSettings appearance;
+    QSignalSpy changed(&appearance, &DesktopSettings::changed);
+    appearance.take(space, key, value);
+    QCOMPARE(appearance.prefersHighContrast(), highContrast);
+    QCOMPARE(changed.size(), highContrast ? 1 : 0);
 }
 
 QTEST_GUILESS_MAIN(DesktopSettingsTest)

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccessibilitySpace = u"org.gnome.desktop.a11y.interface"_s;
 const QString kdeSpace = u"org.kde.kdeglobals.KDE"_s;
 
 enum PortalColorScheme : unsigned { NoPreference = 0, PreferDark = 1, PreferLight = 2 };
@@ -34,7 +35,8 @@ DesktopSettings::DesktopSettings(QObject* parent)
     qDBusRegisterMetaType<SettingsByNamespace>();
     auto* proxy = new SettingsProxy(portal::service, portal::path, bus, this);
     connect(proxy, &SettingsProxy::SettingChanged, this, &DesktopSettings::takeChange);
-    auto* call = new QDBusPendingCallWatcher(proxy->ReadAll({appearanceSpace, gnomeSpace, kdeSpace}), this);
+    auto* call = new QDBusPendingCallWatcher(
+        proxy->ReadAll({appearanceSpace, gnomeSpace, gnomeAccessibilitySpace, kdeSpace}), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::takeAll);
 }
 
@@ -47,6 +49,7 @@ void DesktopSettings::take(const QString& space, const QString& key, const QVari
 {
     const std::optional<bool> darkBefore = m_prefersDark;
     const bool motionBefore = prefersReducedMotion();
+    const bool contrastBefore = prefersHighContrast();
     if (space == appearanceSpace && key == "color-scheme"_L1) {
         const unsigned scheme = value.toUInt();
         m_prefersDark = scheme == PreferDark    ? std::optional(true)
@@ -54,13 +57,18 @@ void DesktopSettings::take(const QString& space, const QString& key, const QVari
                                                 : std::nullopt;
     } else if (space == appearanceSpace && key == "reduced-motion"_L1) {
         m_reducedMotion = value.toUInt() == 1;
+    } else if (space == appearanceSpace && key == "contrast"_L1) {
+        m_highContrast = value.toUInt() == 1;
+    } else if (space == gnomeAccessibilitySpace && key == "high-contrast"_L1) {
+        m_gnomeHighContrast = value.toBool();
     } else if (space == gnomeSpace && key == "enable-animations"_L1) {
         m_animationsDisabled = !value.toBool();
     } else if (space == kdeSpace && key == "AnimationDurationFactor"_L1) {
         bool isNumber = false;
         m_animationsTakeNoTime = value.toString().toDouble(&isNumber) <= 0 && isNumber;
     }
-    if (m_prefersDark != darkBefore || prefersReducedMotion() != motionBefore) {
+    if (m_prefersDark != darkBefore || prefersReducedMotion() != motionBefore ||
+        prefersHighContrast() != contrastBefore) {
         Q_EMIT changed();
     }
 }

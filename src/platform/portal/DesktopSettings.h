@@ -24,6 +24,7 @@ public:
     /// None where the desktop has no preference or reports none.
     [[nodiscard]] std::optional<bool> prefersDark() const { return m_prefersDark; }
     [[nodiscard]] bool prefersReducedMotion() const;
+    [[nodiscard]] bool prefersHighContrast() const { return m_highContrast || m_gnomeHighContrast; }
 
     /// Takes one setting, with the portal's names and type. An unknown setting changes nothing.
     void take(const QString& space, const QString& key, const QVariant& value);
@@ -39,6 +40,8 @@ private:
     bool m_reducedMotion = false;
     bool m_animationsDisabled = false;
     bool m_animationsTakeNoTime = false;
+    bool m_highContrast = false;
+    bool m_gnomeHighContrast = false;
 };
 
 } // namespace tintwick
