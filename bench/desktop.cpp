@@ -4,14 +4,13 @@
 // usage: tintwick_bench_desktop [--idle-seconds N]
 
 #include "FullPayload.h"
+#include "LoupeTiming.h"
+#include "Measuring.h"
 #include "Table.h"
 
 #include "PayloadCoding.h"
 #include "desktop/TintwickProcess.h"
-#include "support/KeyboardInput.h"
-#include "support/Pattern.h"
 #include "support/PrivateDesktop.h"
-#include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
 #include <QCommandLineParser>
@@ -30,7 +29,6 @@
 #include <cstdlib>
 #include <functional>
 #include <numeric>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -41,22 +39,6 @@ namespace {
 using namespace tintwick;
 
 constexpr std::chrono::seconds panelWatched{10};
-
-using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
-void require(bool condition, const char* whatWentWrong)
-{
-    if (!condition) {
-        throw std::runtime_error(whatWentWrong);
-    }
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 void print(const char* what, double figure, const char* unit, const char* besideWhat, double beside)
 {
@@ -187,7 +169,7 @@ double startTime(PrivateDesktop& desktop, const QString& program, const QStringL
         require(waitUntil([&] { return ownsViewableWindow(desktop, process->processId(), windowClass); },
                           std::chrono::seconds(20)),
                 "a peer shows no window");
-        times.push_back(Milliseconds(Clock::now() - start).count());
+        times.push_back(millisecondsSince(start));
     }
     return median(times);
 }
@@ -207,42 +189,10 @@ Start ownStart(PrivateDesktop& desktop)
         const auto start = Clock::now();
         TintwickProcess program(desktop);
         require(waitUntil([&] { return program.trayIcon().width() > 4; }), "no tray icon");
-        times.push_back(Milliseconds(Clock::now() - start).count());
+        times.push_back(millisecondsSince(start));
         processorTimes.push_back(processorTime(program.process().processId()));
     }
     return {median(times), median(processorTimes)};
-}
-
-std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connection, int count)
-{
-    std::vector<std::unique_ptr<TestWindow>> windows;
-    for (int i = 0; i < count; ++i) {
-        const QRect place(60 + 70 * i, 80 + 30 * (i % 10), 400, 300);
-        windows.push_back(std::make_unique<TestWindow>(
-            connection,
-            TestWindow::Options{.geometry = place, .management = TestWindow::Management::Managed}));
-        windows.back()->setPicture(patternImage(place));
-        windows.back()->show();
-    }
-    return windows;
-}
-
-/// From the call of `begin` to the loupe's first frame on the screen. Ends the pick.
-double timeToLoupe(PrivateDesktop& desktop, TintwickProcess& program, const std::function<void()>& begin)
-{
-    const QRect place = loupePlace(desktop.pointer(), desktop.screen());
-    // The first frame draws the ring over another colour.
-    const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
-    const QRgb before = desktop.pixel(onRing);
-    const auto start = Clock::now();
-    begin();
-    while (!program.loupe() || desktop.pixel(onRing) == before) {
-        require(Clock::now() - start < std::chrono::seconds(5), "no loupe");
-    }
-    const double time = Milliseconds(Clock::now() - start).count();
-    desktop.typeKey(XK_Escape);
-    require(program.waitForPickToEnd(), "the pick does not end");
-    return time;
 }
 
 /// From the click on "Pick Color" to the loupe's first frame on the screen.
@@ -259,24 +209,6 @@ double pickTime(PrivateDesktop& desktop, TintwickProcess& program)
     return median(times);
 }
 
-/// From the release of the shortcut's key to the loupe's first frame on the screen.
-double shortcutTime(PrivateDesktop& desktop, TintwickProcess& program)
-{
-    KeyboardInput keyboard(desktop.display());
-    std::vector<double> times;
-    for (int i = 0; i < 25; ++i) {
-        require(waitUntil([&] { return desktop.connection().inputIsFree(); }), "the pick keeps the input");
-        desktop.movePointer({300 + 50 * i, 540});
-        keyboard.press(KEY_LEFTALT);
-        keyboard.press(KEY_LEFTSHIFT);
-        keyboard.press(KEY_C);
-        times.push_back(timeToLoupe(desktop, program, [&] { keyboard.release(KEY_C); }));
-        keyboard.release(KEY_LEFTSHIFT);
-        keyboard.release(KEY_LEFTALT);
-    }
-    return median(times);
-}
-
 /// One plain GetImage of as many pixels as the largest loupe samples.
 double floorOfGrab(PrivateDesktop& desktop)
 {
@@ -285,7 +217,7 @@ double floorOfGrab(PrivateDesktop& desktop)
     for (int i = 0; i < count; ++i) {
         static_cast<void>(desktop.connection().screenshot({200 + i, 200, 31, 31}));
     }
-    return Milliseconds(Clock::now() - start).count() / count;
+    return millisecondsSince(start) / count;
 }
 
 QPoint onPath(int step)
@@ -323,7 +255,7 @@ double backlogTime(PrivateDesktop& desktop, TintwickProcess& program, QPoint las
     while (program.loupe() != place || program.centerCell() != colorThere) {
         require(Clock::now() - stopped < std::chrono::seconds(20), "the loupe does not arrive");
     }
-    return Milliseconds(Clock::now() - stopped).count();
+    return millisecondsSince(stopped);
 }
 
 struct Memory
@@ -366,7 +298,7 @@ void measurePicking(PrivateDesktop::Compositor compositor)
     PrivateDesktop desktop({.size = {1920, 1080}, .compositor = compositor});
     DesktopConnection other(desktop.display());
     const auto picture = desktop.showPicture();
-    const auto windows = openWindows(other, 20);
+    const auto windows = openWindows(other, desktop.screen(), 20);
     TintwickProcess program(desktop);
     require(program.waitForTrayIcon(), "no tray icon");
     const QImage screen = desktop.settledScreenshot();
@@ -406,7 +338,7 @@ void measurePanel(PrivateDesktop::Compositor compositor)
         const auto start = Clock::now();
         desktop.click();
         require(waitUntil([&] { return desktop.pixel(inside) != without; }), "no panel");
-        times.push_back(Milliseconds(Clock::now() - start).count());
+        times.push_back(millisecondsSince(start));
         desktop.click();
         require(waitUntil([&] { return desktop.pixel(inside) == without; }), "the panel stays");
     }
