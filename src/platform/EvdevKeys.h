@@ -13,7 +13,7 @@ inline constexpr int xKeycodeOffset = 8;
 /// None when KeyCode.h does not list the key code.
 [[nodiscard]] std::optional<int> evdevForKeyCode(int keyCode);
 
-/// None when KeyCode.h has no key at that position (media keys, mouse buttons).
+/// None when KeyCode.h has no key at that position (power keys, mouse buttons).
 [[nodiscard]] std::optional<int> keyCodeForEvdev(int evdev);
 
 } // namespace tintwick

@@ -28,6 +28,22 @@ inline constexpr int isoSection = 10, jisYen = 93, jisUnderscore = 94, jisKeypad
 inline constexpr int keypadDecimal = 65, keypadMultiply = 67, keypadPlus = 69, keypadClear = 71,
                      keypadDivide = 75, keypadEnter = 76, keypadMinus = 78, keypadEquals = 81;
 
+/// Keys that the stored format of other systems does not have are this number plus their evdev code. The codes of the
+/// format have 16 bits, so the two never collide. A version of the program that lacks such a key does not bind it.
+inline constexpr int evdevBase = 0x10000;
+inline constexpr int print = evdevBase + 99, pause = evdevBase + 119, menu = evdevBase + 127;
+inline constexpr int f21 = evdevBase + 191, f22 = evdevBase + 192, f23 = evdevBase + 193,
+                     f24 = evdevBase + 194;
+inline constexpr int helpKey = evdevBase + 138, calculator = evdevBase + 140, files = evdevBase + 144,
+                     webBrowser = evdevBase + 150, mail = evdevBase + 155, bookmarks = evdevBase + 156,
+                     computer = evdevBase + 157, back = evdevBase + 158, forward = evdevBase + 159,
+                     eject = evdevBase + 161, nextTrack = evdevBase + 163, playPause = evdevBase + 164,
+                     previousTrack = evdevBase + 165, stop = evdevBase + 166, record = evdevBase + 167,
+                     rewind = evdevBase + 168, tools = evdevBase + 171, homePage = evdevBase + 172,
+                     refresh = evdevBase + 173, play = evdevBase + 207, fastForward = evdevBase + 208,
+                     search = evdevBase + 217, brightnessDown = evdevBase + 224,
+                     brightnessUp = evdevBase + 225, media = evdevBase + 226, display = evdevBase + 227;
+
 } // namespace tintwick::keycode
 
 // Modifier masks. Stored shortcuts use the same values.

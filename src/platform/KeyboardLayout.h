@@ -20,6 +20,9 @@ public:
     /// (dead keys, function keys) or does not exist.
     [[nodiscard]] virtual std::optional<QString> characterForKey(int keyCode) const = 0;
 
+    /// The accent that a dead key puts on the next letter, as a character of its own; none for other keys.
+    [[nodiscard]] virtual std::optional<QString> accentForKey(int keyCode) const = 0;
+
 Q_SIGNALS:
     /// The user chose another layout or plugged in another keyboard.
     void changed();

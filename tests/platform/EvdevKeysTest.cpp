@@ -135,6 +135,39 @@ constexpr NamedKey namedKeys[] = {
     {"jisYen", 93, 124},
     {"jisUnderscore", 94, 89},
     {"jisKeypadComma", 95, 121},
+    {"print", 65635, 99},
+    {"pause", 65655, 119},
+    {"menu", 65663, 127},
+    {"f21", 65727, 191},
+    {"f22", 65728, 192},
+    {"f23", 65729, 193},
+    {"f24", 65730, 194},
+    {"helpKey", 65674, 138},
+    {"calculator", 65676, 140},
+    {"files", 65680, 144},
+    {"webBrowser", 65686, 150},
+    {"mail", 65691, 155},
+    {"bookmarks", 65692, 156},
+    {"computer", 65693, 157},
+    {"back", 65694, 158},
+    {"forward", 65695, 159},
+    {"eject", 65697, 161},
+    {"nextTrack", 65699, 163},
+    {"playPause", 65700, 164},
+    {"previousTrack", 65701, 165},
+    {"stop", 65702, 166},
+    {"record", 65703, 167},
+    {"rewind", 65704, 168},
+    {"tools", 65707, 171},
+    {"homePage", 65708, 172},
+    {"refresh", 65709, 173},
+    {"play", 65743, 207},
+    {"fastForward", 65744, 208},
+    {"search", 65753, 217},
+    {"brightnessDown", 65760, 224},
+    {"brightnessUp", 65761, 225},
+    {"media", 65762, 226},
+    {"display", 65763, 227},
 };
 
 } // namespace
@@ -163,7 +196,7 @@ private Q_SLOTS:
     void onlyTheKeysOfTheTableAreMappedAndEachOnce()
     {
         std::set<int> evdevs;
-        for (int keyCode = -1024; keyCode <= 1024; ++keyCode) {
+        for (int keyCode = -1024; keyCode <= 0x10000 + 1024; ++keyCode) {
             if (const auto evdev = evdevForKeyCode(keyCode)) {
                 evdevs.insert(*evdev);
             }
@@ -174,17 +207,15 @@ private Q_SLOTS:
                 keyCodes.insert(*keyCode);
             }
         }
-        QCOMPARE(std::size(namedKeys), std::size_t{117});
-        QCOMPARE(evdevs.size(), std::size_t{117});
-        QCOMPARE(keyCodes.size(), std::size_t{117});
+        QCOMPARE(std::size(namedKeys), std::size_t{150});
+        QCOMPARE(evdevs.size(), std::size_t{150});
+        QCOMPARE(keyCodes.size(), std::size_t{150});
     }
 
     void otherPositionsHaveNoKeyCode_data()
     {
         QTest::addColumn<int>("evdev");
-        QTest::newRow("Menu") << 127;
-        QTest::newRow("Help of the media keys") << 138;
-        QTest::newRow("Print Screen") << 99;
+        QTest::newRow("Power") << 116;
         QTest::newRow("left mouse button") << 0x110;
         QTest::newRow("no key") << 0;
         QTest::newRow("below every code") << -8;

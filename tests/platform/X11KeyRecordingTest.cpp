@@ -204,7 +204,10 @@ private Q_SLOTS:
         QTest::newRow("all of them and F5")
             << us << QList<int>{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_LEFTALT, KEY_LEFTCTRL, KEY_F5} << "96+6912";
         QTest::newRow("5 on the keypad") << us << QList<int>{KEY_LEFTALT, KEY_KP5} << "87+2048";
-        QTest::newRow("a key without a key code") << us << QList<int>{KEY_LEFTALT, KEY_COMPOSE} << "-1+2048";
+        QTest::newRow("a key without a key code") << us << QList<int>{KEY_LEFTALT, KEY_POWER} << "-1+2048";
+        QTest::newRow("Print") << us << QList<int>{KEY_SYSRQ} << "65635+0";
+        QTest::newRow("Menu") << us << QList<int>{KEY_LEFTALT, KEY_COMPOSE} << "65663+2048";
+        QTest::newRow("a media key") << us << QList<int>{KEY_LEFTCTRL, KEY_PLAYPAUSE} << "65700+4096";
         QTest::newRow("beside the left Shift")
             << QStringList{QStringLiteral("de")} << QList<int>{KEY_LEFTALT, KEY_102ND} << "10+2048";
         QTest::newRow("a modifier that no shortcut can have")
@@ -236,6 +239,33 @@ private Q_SLOTS:
         keyboard.tap(KEY_F12);
         QTRY_VERIFY(program.recorder.keys.contains(QStringLiteral("111+0")));
         QCOMPARE(program.recorder.keys, (QStringList{reported, QStringLiteral("111+0")}));
+    }
+
+    void theKeyInThePlaceOfCapsLockIsReportedWithItsCharacter_data()
+    {
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<char32_t>("character");
+        QTest::newRow("Escape") << "caps:escape" << U'\u001B';
+        QTest::newRow("Escape, with Shift Caps Lock") << "caps:escape_shifted_capslock" << U'\u001B';
+        QTest::newRow("swapped with Escape") << "caps:swapescape" << U'\u001B';
+        QTest::newRow("Backspace") << "caps:backspace" << U'\b';
+    }
+    void theKeyInThePlaceOfCapsLockIsReportedWithItsCharacter()
+    {
+        QFETCH(const QString, option);
+        QFETCH(const char32_t, character);
+        const auto usAgain = qScopeGuard([] {
+            run("setxkbmap", {QStringLiteral("us"), QStringLiteral("-option"), QString()});
+        });
+        run("setxkbmap", {QStringLiteral("us"), QStringLiteral("-option"), option});
+        Program program;
+        KeyboardInput keyboard;
+        std::optional<KeyPress> reported;
+        QObject::connect(&program.recording, &KeyRecording::keyPressed, &program.recording,
+                         [&](const KeyPress& press) { reported = press; });
+        QVERIFY(program.begin());
+        keyboard.tap(KEY_CAPSLOCK);
+        QTRY_COMPARE(reported, (KeyPress{.keyCode = 57, .character = character}));
     }
 
     void locksAreIgnored()

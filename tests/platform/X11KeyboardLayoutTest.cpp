@@ -88,6 +88,35 @@ private Q_SLOTS:
         QCOMPARE(keyboardLayout.characterForKey(keyCode).has_value(), !character.isNull());
     }
 
+    void deadKeysHaveTheirAccent_data()
+    {
+        QTest::addColumn<QStringList>("keymap");
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<QString>("accent");
+        const QString none;
+        QTest::newRow("de: acute") << layout("de") << 24 << "´";
+        QTest::newRow("de: circumflex") << layout("de") << 50 << "^";
+        QTest::newRow("fr: circumflex") << layout("fr") << 33 << "^";
+        QTest::newRow("es: grave") << layout("es") << 33 << "`";
+        QTest::newRow("se: diaeresis") << layout("se") << 30 << "¨";
+        QTest::newRow("de: a letter") << layout("de") << 8 << none;
+        QTest::newRow("us: F1") << layout("us") << 122 << none;
+        QTest::newRow("no such key") << layout("us") << 999 << none;
+    }
+    void deadKeysHaveTheirAccent()
+    {
+        QFETCH(const QStringList, keymap);
+        QFETCH(const int, keyCode);
+        QFETCH(const QString, accent);
+        setKeymap(keymap);
+        const auto connection = XcbConnection::open();
+        QVERIFY(connection);
+        XkbKeymap keymapOfServer(*connection);
+        const X11KeyboardLayout keyboardLayout(*connection, keymapOfServer);
+        QCOMPARE(keyboardLayout.accentForKey(keyCode).value_or(QString()), accent);
+        QCOMPARE(keyboardLayout.characterForKey(keyCode).has_value(), keyCode == 8);
+    }
+
     void aNewLayoutIsReportedAndUsed()
     {
         const auto connection = XcbConnection::open();

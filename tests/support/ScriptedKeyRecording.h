@@ -13,8 +13,17 @@ public:
     Outcome outcome = Outcome::Started;
 
     [[nodiscard]] bool isOn() const { return m_isOn; }
-    void press(int keyCode, int modifiers = 0) { send({keyCode, modifiers, false, 0}); }
-    void repeat(int keyCode, int modifiers = 0) { send({keyCode, modifiers, true, 0}); }
+    void press(int keyCode, int modifiers = 0) { press({.keyCode = keyCode, .modifiers = modifiers}); }
+    void repeat(int keyCode, int modifiers = 0)
+    {
+        press({.keyCode = keyCode, .modifiers = modifiers, .isRepeat = true});
+    }
+    void press(const KeyPress& press)
+    {
+        if (m_isOn) {
+            Q_EMIT keyPressed(press);
+        }
+    }
 
     [[nodiscard]] Outcome begin() override
     {
@@ -27,13 +36,6 @@ public:
     void end() override { m_isOn = false; }
 
 private:
-    void send(const KeyPress& press)
-    {
-        if (m_isOn) {
-            Q_EMIT keyPressed(press);
-        }
-    }
-
     bool m_isOn = false;
 };
 

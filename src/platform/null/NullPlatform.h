@@ -27,6 +27,7 @@ class NullKeyboardLayout final : public KeyboardLayout
 
 public:
     [[nodiscard]] std::optional<QString> characterForKey(int) const override { return std::nullopt; }
+    [[nodiscard]] std::optional<QString> accentForKey(int) const override { return std::nullopt; }
 };
 
 /// Shows the panel as an ordinary window that the toolkit places.

@@ -93,7 +93,9 @@ void X11KeyRecording::handlePress(const xcb_input_key_press_event_t& event)
         return;
     }
     m_keysDown.set(keycode);
-    if (!m_isRecording || m_modifierKeys.test(keycode)) {
+    const char32_t character = m_keymap.character(keycode, event.mods.effective, event.group.effective);
+    // A key that types a character, such as Escape in the place of Caps Lock, is a modifier key on another level only.
+    if (!m_isRecording || (m_modifierKeys.test(keycode) && character == 0)) {
         return;
     }
     const auto modifiers = m_modifierMap.shortcutModifiers(event.mods.effective);
@@ -102,7 +104,8 @@ void X11KeyRecording::handlePress(const xcb_input_key_press_event_t& event)
     press.keyCode = position && modifiers ? *position : -1;
     press.modifiers = modifiers.value_or(0);
     press.isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0;
-    press.character = m_keymap.character(keycode, event.mods.effective, event.group.effective);
+    press.hasOtherModifier = !modifiers;
+    press.character = character;
     Q_EMIT keyPressed(press);
 }
 

@@ -18,6 +18,7 @@ public:
     ~X11KeyboardLayout() override;
 
     [[nodiscard]] std::optional<QString> characterForKey(int keyCode) const override;
+    [[nodiscard]] std::optional<QString> accentForKey(int keyCode) const override;
 
 private:
     struct Layout
@@ -25,6 +26,9 @@ private:
         xkb_keymap* keymap = nullptr;
         std::uint32_t group = 0;
     };
+
+    /// The symbol of the key without modifiers; XKB_KEY_NoSymbol when it has none or several.
+    [[nodiscard]] xkb_keysym_t symbolOf(int keyCode) const;
 
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsDrained() override;
