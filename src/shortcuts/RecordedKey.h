@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Shortcut.h"
+#include "ShortcutAction.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace tintwick {
 
@@ -29,20 +31,36 @@ struct RecordedKey
         UsedByMenuItem,
         /// The desktop or another program holds the shortcut. The user may store it anyway.
         UsedBySystem,
+        /// Another action of the program has the shortcut. The user may store it anyway.
+        UsedByOtherAction,
+        /// Most programs use the shortcut, and would no longer get it. The user may store it anyway.
+        UsedByMostPrograms,
         /// The shortcut is free.
         Accept,
     };
 
+    /// Why a key cannot be a shortcut.
+    enum class Refusal : std::uint8_t {
+        /// No other program would get the key any more: it needs Control, Alt or Super.
+        NeedsModifier,
+        /// It is held with a modifier that no shortcut can have.
+        OtherModifier,
+        UnknownKey,
+    };
+
     Meaning meaning = Meaning::Ignore;
-    /// Set for UsedByMenuItem, UsedBySystem and Accept.
+    /// Set for UsedByMenuItem and the meanings after it.
     Shortcut shortcut = {};
-    /// Set for UsedByMenuItem.
-    QString menuItemTitle = {};
+    /// The title of the menu item or of the action, or what most programs do, for example "copy".
+    QString use = {};
+    /// Set for Refuse.
+    std::optional<Refusal> refusal = {};
 
     friend bool operator==(const RecordedKey&, const RecordedKey&) = default;
 };
 
-/// The first meaning that applies, in the order of Meaning.
-[[nodiscard]] RecordedKey recordedKey(const KeyPress& press, const RecorderServices& services);
+/// The first meaning for this action that applies, in the order of Meaning.
+[[nodiscard]] RecordedKey recordedKey(const KeyPress& press, ShortcutAction action,
+                                      const RecorderServices& services);
 
 } // namespace tintwick

@@ -4,29 +4,31 @@
 #include "SpecialKey.h"
 
 #include <QList>
+#include <QStringView>
 
 namespace tintwick {
 
 namespace {
 
-QString modifierSymbols(int modifiers)
+QString modifierText(int modifiers, KeyNames names)
 {
     constexpr struct
     {
         int mask;
-        const char16_t* symbol;
-    } symbols[] = {
-        {modifier::control, u"\u2303"},
-        {modifier::alt, u"\u2325"},
-        {modifier::shift, u"\u21E7"},
-        {modifier::super, u"\u2318"},
+        const char16_t* sign;
+        const char16_t* word;
+    } texts[] = {
+        {modifier::control, u"\u2303", u"Ctrl+"},
+        {modifier::alt, u"\u2325", u"Alt+"},
+        {modifier::shift, u"\u21E7", u"Shift+"},
+        {modifier::super, u"\u2318", u"Super+"},
         // The globe with the variation selector for text, which keeps it from being drawn as an emoji.
-        {modifier::function, u"\U0001F310\uFE0E"},
+        {modifier::function, u"\U0001F310\uFE0E", u"Fn+"},
     };
     QString text;
-    for (const auto& [mask, symbol] : symbols) {
+    for (const auto& [mask, sign, word] : texts) {
         if ((modifiers & mask) != 0) {
-            text += QStringView(symbol);
+            text += QStringView(names == KeyNames::Signs ? sign : word);
         }
     }
     return text;
@@ -39,18 +41,22 @@ QString capitalized(const QString& character)
     return QString::fromUcs4(&capital, 1);
 }
 
+QString keyText(int keyCode, const KeyboardLayout& layout, KeyNames names)
+{
+    if (const auto special = specialKeyForKeyCode(keyCode)) {
+        return names == KeyNames::Signs ? signOf(*special) : wordOf(*special);
+    }
+    if (const auto character = characterOf(keyCode, layout)) {
+        return capitalized(*character);
+    }
+    return layout.accentForKey(keyCode).value_or(QChar(QChar::ReplacementCharacter));
+}
+
 } // namespace
 
-QString describe(const Shortcut& shortcut, const KeyboardLayout& layout)
+QString describe(const Shortcut& shortcut, const KeyboardLayout& layout, KeyNames names)
 {
-    const auto symbols = modifierSymbols(shortcut.modifiers);
-    if (const auto special = specialKeyForKeyCode(shortcut.keyCode)) {
-        return symbols + displayText(*special);
-    }
-    if (const auto character = characterOf(shortcut.keyCode, layout)) {
-        return symbols + capitalized(*character);
-    }
-    return symbols + QChar(QChar::ReplacementCharacter);
+    return modifierText(shortcut.modifiers, names) + keyText(shortcut.keyCode, layout, names);
 }
 
 std::optional<QString> characterOf(int keyCode, const KeyboardLayout& layout)

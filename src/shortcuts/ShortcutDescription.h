@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeyNames.h"
 #include "Shortcut.h"
 
 #include <QString>
@@ -10,8 +11,10 @@ namespace tintwick {
 
 class KeyboardLayout;
 
-/// What the user sees, for example "⌥⇧C". A key that types no character of its own is shown as U+FFFD.
-[[nodiscard]] QString describe(const Shortcut& shortcut, const KeyboardLayout& layout);
+/// What the user sees, for example "⌥⇧C" or "Alt+Shift+C". A dead key is shown as its accent, a key that the layout does
+/// not use as U+FFFD.
+[[nodiscard]] QString describe(const Shortcut& shortcut, const KeyboardLayout& layout,
+                               KeyNames names = KeyNames::Signs);
 
 /// The one character that a key types without modifiers. None for special keys, for dead keys and for keys that type several
 /// characters. Key codes are those of KeyCode.h.

@@ -30,16 +30,17 @@ std::optional<ShortcutAction> actionOf(const QString& id)
 } // namespace
 
 ShortcutRegistry::ShortcutRegistry(GlobalShortcuts& desktop, const KeyboardLayout& layout,
-                                   Preferences& preferences, QObject* parent)
-    : QObject(parent)
-    , m_desktop(desktop)
+                                   Preferences& preferences, FontCheck fontsHave)
+    : m_desktop(desktop)
     , m_layout(layout)
     , m_preferences(preferences)
+    , m_fontsHave(std::move(fontsHave))
 {
     for (const ShortcutAction action : allShortcutActions) {
         bindingOf(action).shortcut = storedShortcut(action);
     }
-    connect(&m_layout, &KeyboardLayout::changed, this, &ShortcutRegistry::keyboardLayoutChanged);
+    connect(&m_layout, &KeyboardLayout::changed, this, &ShortcutRegistry::textsChanged);
+    connect(&m_preferences, &Preferences::keyNamesChanged, this, &ShortcutRegistry::textsChanged);
     connect(&m_preferences, &Preferences::shortcutChanged, this, &ShortcutRegistry::followPreferences);
     connect(&m_desktop, &GlobalShortcuts::changed, this, &ShortcutRegistry::followDesktop);
     connect(&m_desktop, &GlobalShortcuts::bound, this, &ShortcutRegistry::followBound);
@@ -84,7 +85,22 @@ QString ShortcutRegistry::text(ShortcutAction action) const
     if (keyChoice() != GlobalShortcuts::KeyChoice::Program) {
         return binding.textOfDesktop;
     }
-    return binding.shortcut ? describe(*binding.shortcut, m_layout) : QString();
+    return binding.shortcut ? text(*binding.shortcut) : QString();
+}
+
+QString ShortcutRegistry::words(ShortcutAction action) const
+{
+    const Binding& binding = bindingOf(action);
+    if (keyChoice() != GlobalShortcuts::KeyChoice::Program) {
+        return binding.textOfDesktop;
+    }
+    return binding.shortcut ? describe(*binding.shortcut, m_layout, KeyNames::Words) : QString();
+}
+
+QString ShortcutRegistry::text(const Shortcut& shortcut) const
+{
+    const QString text = describe(shortcut, m_layout, m_preferences.keyNames());
+    return !m_fontsHave || m_fontsHave(text) ? text : describe(shortcut, m_layout, KeyNames::Words);
 }
 
 void ShortcutRegistry::setShortcut(ShortcutAction action, const std::optional<Shortcut>& shortcut)
@@ -102,6 +118,10 @@ void ShortcutRegistry::setShortcut(ShortcutAction action, const std::optional<Sh
     {
         const QScopedValueRollback storing(m_isStoring, true);
         m_preferences.setShortcutText(idOf(action), text);
+        if (!shortcut && storedShortcut(action)) {
+            // A system-wide file has one.
+            m_preferences.setShortcutText(idOf(action), storedRemoval());
+        }
     }
     binding.shortcut = storedShortcut(action);
     bind(action);

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <optional>
 
 namespace tintwick {
@@ -17,24 +18,30 @@ class Preferences;
 /// The global shortcuts of the program: keeps the combination of each action, stores it in the preferences and binds it on
 /// the desktop.
 ///
-/// The stored text of an action is the combination as JSON, or "false" when the user removed a combination whose default
-/// must not come back. Any other text means that the action has no combination.
+/// The stored text of an action is the combination as JSON, or "false" when the user removed a combination whose default,
+/// or whose system-wide value, must not come back. Any other text means that the action has no combination.
 class ShortcutRegistry final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All three must outlive this object.
+    /// Whether the fonts have all characters of a text.
+    using FontCheck = std::function<bool(const QString& text)>;
+
+    /// All three must outlive this object. Signs that the fonts do not have are replaced by words.
     ShortcutRegistry(GlobalShortcuts& desktop, const KeyboardLayout& layout, Preferences& preferences,
-                     QObject* parent = nullptr);
+                     FontCheck fontsHave = {});
 
     /// Stores the default of each action that has nothing stored, and binds all actions. Call once, after connecting to
     /// the signals. Prints one line to standard output for each combination that the desktop refuses, now or later.
     void start();
 
     [[nodiscard]] std::optional<Shortcut> shortcut(ShortcutAction action) const;
-    /// What the user sees; empty when the action has no combination.
+    /// What the user sees, in signs or in words; empty when the action has no combination.
     [[nodiscard]] QString text(ShortcutAction action) const;
+    /// The same in words, for tool tips and screen readers.
+    [[nodiscard]] QString words(ShortcutAction action) const;
+    [[nodiscard]] QString text(const Shortcut& shortcut) const;
     /// Why the combination does not work; none when it works or when there is none. The action keeps the combination
     /// before until it gets this one.
     [[nodiscard]] std::optional<ShortcutRefusal::Reason> refusal(ShortcutAction action) const;
@@ -61,8 +68,8 @@ Q_SIGNALS:
     /// The combination was stored, removed or changed by the desktop.
     void shortcutChanged(tintwick::ShortcutAction action);
     void refusalChanged(tintwick::ShortcutAction action);
-    /// text() may be different now.
-    void keyboardLayoutChanged();
+    /// text() may be different now, for the same combinations.
+    void textsChanged();
 
 private:
     struct Binding
@@ -87,6 +94,7 @@ private:
     GlobalShortcuts& m_desktop;
     const KeyboardLayout& m_layout;
     Preferences& m_preferences;
+    FontCheck m_fontsHave;
     /// By action.
     std::array<Binding, allShortcutActions.size()> m_bindings;
     bool m_isStoring = false;

@@ -15,7 +15,7 @@ enum class SpecialKey : std::uint8_t {
     DeleteForward,
     End,
     Escape,
-    Help,
+    Insert,
     Home,
     Space,
     Tab,
@@ -45,6 +45,10 @@ enum class SpecialKey : std::uint8_t {
     F18,
     F19,
     F20,
+    F21,
+    F22,
+    F23,
+    F24,
     Keypad0,
     Keypad1,
     Keypad2,
@@ -63,13 +67,49 @@ enum class SpecialKey : std::uint8_t {
     KeypadMinus,
     KeypadMultiply,
     KeypadPlus,
+    KeypadComma,
+    CapsLock,
+    Print,
+    Pause,
+    Menu,
+    Mute,
+    VolumeDown,
+    VolumeUp,
+    PlayPause,
+    Play,
+    Stop,
+    NextTrack,
+    PreviousTrack,
+    Record,
+    Rewind,
+    FastForward,
+    Eject,
+    Media,
+    BrightnessDown,
+    BrightnessUp,
+    Display,
+    HelpKey,
+    Calculator,
+    Files,
+    Computer,
+    Tools,
+    WebBrowser,
+    HomePage,
+    Mail,
+    Search,
+    Bookmarks,
+    Back,
+    Forward,
+    Refresh,
 };
 
 /// None when the key is shown by its character. Key codes are those of KeyCode.h.
 [[nodiscard]] std::optional<SpecialKey> specialKeyForKeyCode(int keyCode);
 
-/// The text that the user sees, for example "⎋" or "F5".
-[[nodiscard]] QString displayText(SpecialKey key);
+/// The sign of the key, for example "⎋"; its word when it has no sign, for example "F5".
+[[nodiscard]] QString signOf(SpecialKey key);
+/// The name of the key, for example "Escape".
+[[nodiscard]] QString wordOf(SpecialKey key);
 
 /// The key of a menu shortcut that this key triggers. A keypad key triggers the shortcut of its digit or sign.
 [[nodiscard]] Qt::Key menuKey(SpecialKey key);

@@ -18,12 +18,14 @@ constexpr QAnyStringView colorSchemeKey = u"colorSchemePref";
 constexpr QAnyStringView loupeShapeKey = u"scopeShape";
 constexpr QAnyStringView loupeSizeKey = u"scopePhysicalSize";
 constexpr QAnyStringView loupeRadiusKey = u"scopeDefaultRadius";
+constexpr QAnyStringView keyNamesKey = u"keyNames";
 constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 
 // The stored words of an enumeration, in its order.
 constexpr std::array colorSchemeWords{"auto"_L1, "light"_L1, "dark"_L1};
 constexpr std::array loupeShapeWords{"square"_L1, "circle"_L1};
 constexpr std::array loupeSizeWords{"small"_L1, "medium"_L1, "large"_L1};
+constexpr std::array keyNamesWords{"signs"_L1, "words"_L1};
 
 template <typename Enum, std::size_t N>
 QString wordOf(Enum value, const std::array<QLatin1StringView, N>& words)
@@ -134,6 +136,7 @@ Preferences::Values Preferences::storedValues() const
         .loupeShape = valueOf(m_settings.value(loupeShapeKey), loupeShapeWords, defaults.loupeShape),
         .loupeSize = valueOf(m_settings.value(loupeSizeKey), loupeSizeWords, defaults.loupeSize),
         .loupeRadius = radiusOf(m_settings.value(loupeRadiusKey)),
+        .keyNames = valueOf(m_settings.value(keyNamesKey), keyNamesWords, defaults.keyNames),
         .shortcutTexts = {},
     };
     for (const QString& key : m_settings.allKeys()) {
@@ -155,6 +158,9 @@ void Preferences::signalChanges(const Values& before)
     if (now.loupeShape != before.loupeShape || now.loupeSize != before.loupeSize ||
         now.loupeRadius != before.loupeRadius) {
         Q_EMIT loupeChanged();
+    }
+    if (now.keyNames != before.keyNames) {
+        Q_EMIT keyNamesChanged();
     }
     QMap<QString, QString> either = before.shortcutTexts;
     either.insert(now.shortcutTexts);
@@ -196,6 +202,11 @@ void Preferences::setLoupeSize(LoupeSize size)
 void Preferences::setLoupeRadius(int radius)
 {
     store(loupeRadiusKey, radius);
+}
+
+void Preferences::setKeyNames(KeyNames names)
+{
+    store(keyNamesKey, wordOf(names, keyNamesWords));
 }
 
 std::optional<QString> Preferences::shortcutText(const QString& name) const

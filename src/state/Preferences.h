@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KeyNames.h"
+
 #include <QAnyStringView>
 #include <QFileSystemWatcher>
 #include <QMap>
@@ -66,6 +68,9 @@ public:
     /// A radius below 1 reads as the default.
     void setLoupeRadius(int radius);
 
+    [[nodiscard]] KeyNames keyNames() const { return m_values.keyNames; }
+    void setKeyNames(KeyNames names);
+
     /// The stored text of a shortcut, by its name; empty when the stored value is not one text, none when nothing is
     /// stored.
     [[nodiscard]] std::optional<QString> shortcutText(const QString& name) const;
@@ -76,6 +81,7 @@ Q_SIGNALS:
     void colorSchemeChanged();
     /// After a change of shape, size or radius.
     void loupeChanged();
+    void keyNamesChanged();
     void shortcutChanged(const QString& name);
 
 private:
@@ -85,6 +91,7 @@ private:
         LoupeShape loupeShape = LoupeShape::Square;
         LoupeSize loupeSize = LoupeSize::Medium;
         int loupeRadius = defaultLoupeRadius;
+        KeyNames keyNames = KeyNames::Signs;
         QMap<QString, QString> shortcutTexts;
     };
 

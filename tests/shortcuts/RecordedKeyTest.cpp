@@ -39,7 +39,11 @@ struct Program
 
     [[nodiscard]] RecordedKey press(int keyCode, int modifiers = none, bool isRepeat = false)
     {
-        return recordedKey({keyCode, modifiers, isRepeat, 0}, {registry, nullptr, layout, menu});
+        return press({.keyCode = keyCode, .modifiers = modifiers, .isRepeat = isRepeat});
+    }
+    [[nodiscard]] RecordedKey press(const KeyPress& press)
+    {
+        return recordedKey(press, ShortcutAction::ActivatePicker, {registry, nullptr, layout, menu});
     }
 };
 
@@ -61,9 +65,9 @@ private Q_SLOTS:
 
         row("Tab", 48, none, Meaning::PassOn);
         row("Shift Tab", 48, shift, Meaning::PassOn);
-        row("Control Tab", 48, control, Meaning::Accept);
-        row("Alt Tab", 48, alt, Meaning::Accept);
-        row("Super Tab", 48, super, Meaning::Accept);
+        row("Control Tab", 48, control, Meaning::UsedByMostPrograms);
+        row("Alt Tab", 48, alt, Meaning::UsedByMostPrograms);
+        row("Super Tab", 48, super, Meaning::UsedByMostPrograms);
         row("Function Tab", 48, function, Meaning::Refuse);
 
         row("Escape", 53, none, Meaning::End);
@@ -84,7 +88,7 @@ private Q_SLOTS:
         row("Shift C", 8, shift, Meaning::Refuse);
         row("Function C", 8, function, Meaning::Refuse);
         row("Shift Function C", 8, shift | function, Meaning::Refuse);
-        row("Control C", 8, control, Meaning::Accept);
+        row("Control C", 8, control, Meaning::UsedByMostPrograms);
         row("Alt C", 8, alt, Meaning::Accept);
         row("Super C", 8, super, Meaning::Accept);
         row("Alt Shift C", 8, alt | shift, Meaning::Accept);
@@ -99,8 +103,18 @@ private Q_SLOTS:
         row("Control Up", 126, control, Meaning::Accept);
         row("Home", 115, none, Meaning::Refuse);
         row("Page Down", 121, none, Meaning::Refuse);
-        row("Help", 114, none, Meaning::Refuse);
+        row("Insert", 114, none, Meaning::Refuse);
+        row("Alt Insert", 114, alt, Meaning::Accept);
         row("Volume Up", 72, none, Meaning::Refuse);
+        row("Super Volume Up", 72, super, Meaning::Accept);
+        row("Play", 65700, none, Meaning::Refuse);
+        row("Control Play", 65700, control, Meaning::Accept);
+        row("Print", 65635, none, Meaning::Accept);
+        row("Shift Print", 65635, shift, Meaning::Accept);
+        row("Pause", 65655, none, Meaning::Refuse);
+        row("Control Pause", 65655, control, Meaning::Accept);
+        row("Menu", 65663, none, Meaning::Refuse);
+        row("Super Menu", 65663, super, Meaning::Accept);
 
         row("5 on the keypad", 87, none, Meaning::Refuse);
         row("Shift 5 on the keypad", 87, shift, Meaning::Refuse);
@@ -115,6 +129,7 @@ private Q_SLOTS:
         row("Function F6", 97, function, Meaning::Accept);
         row("Shift Function F6", 97, shift | function, Meaning::Accept);
         row("F20", 90, none, Meaning::Accept);
+        row("F24", 65730, none, Meaning::Accept);
 
         row("a key without a number", -1, none, Meaning::Refuse);
         row("Control and a key without a number", -1, control, Meaning::Refuse);
@@ -145,7 +160,7 @@ private Q_SLOTS:
     {
         Program program;
         constexpr int capsLock = 0x400;
-        QCOMPARE(program.press(8, control | capsLock), (RecordedKey{Meaning::Accept, {8, control}}));
+        QCOMPARE(program.press(8, alt | capsLock), (RecordedKey{Meaning::Accept, {8, alt}}));
         QCOMPARE(program.press(8, capsLock).meaning, Meaning::Refuse);
         QCOMPARE(program.press(53, capsLock).meaning, Meaning::End);
     }
@@ -166,6 +181,76 @@ private Q_SLOTS:
         Program program;
         QCOMPARE(program.press(keyCode, modifiers),
                  (RecordedKey{Meaning::UsedByMenuItem, {keyCode, modifiers}, title}));
+    }
+
+    void aKeyMeansWhatItTypesAndNotItsPosition_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<char32_t>("character");
+        QTest::addColumn<Meaning>("meaning");
+        constexpr int capsLock = 57, escape = 53, backspace = 51;
+        QTest::newRow("Caps Lock that types Escape") << capsLock << U'\u001B' << Meaning::End;
+        QTest::newRow("Caps Lock that types Backspace") << capsLock << U'\b' << Meaning::Clear;
+        QTest::newRow("a key that types Delete") << capsLock << U'\u007F' << Meaning::Clear;
+        QTest::newRow("Escape that types a letter") << escape << U'x' << Meaning::Refuse;
+        QTest::newRow("Backspace that types a letter") << backspace << U'x' << Meaning::Refuse;
+        QTest::newRow("Escape that types Escape") << escape << U'\u001B' << Meaning::End;
+        QTest::newRow("a key without a code that types Escape") << -1 << U'\u001B' << Meaning::End;
+    }
+    void aKeyMeansWhatItTypesAndNotItsPosition()
+    {
+        QFETCH(const int, keyCode);
+        QFETCH(const char32_t, character);
+        QFETCH(const Meaning, meaning);
+        Program program;
+        QCOMPARE(program.press({.keyCode = keyCode, .character = character}).meaning, meaning);
+    }
+
+    void aRefusalHasAReason_data()
+    {
+        QTest::addColumn<KeyPress>("press");
+        QTest::addColumn<RecordedKey::Refusal>("refusal");
+        using Refusal = RecordedKey::Refusal;
+        QTest::newRow("a letter alone") << KeyPress{.keyCode = 8} << Refusal::NeedsModifier;
+        QTest::newRow("with Shift") << KeyPress{.keyCode = 8, .modifiers = shift} << Refusal::NeedsModifier;
+        QTest::newRow("an unknown key") << KeyPress{.keyCode = -1, .modifiers = alt} << Refusal::UnknownKey;
+        QTest::newRow("with AltGr") << KeyPress{.keyCode = -1, .hasOtherModifier = true}
+                                    << Refusal::OtherModifier;
+        QTest::newRow("Escape with AltGr")
+            << KeyPress{.keyCode = -1, .hasOtherModifier = true, .character = U'\u001B'}
+            << Refusal::OtherModifier;
+    }
+    void aRefusalHasAReason()
+    {
+        QFETCH(const KeyPress, press);
+        QFETCH(const RecordedKey::Refusal, refusal);
+        Program program;
+        QCOMPARE(program.press(press), (RecordedKey{.meaning = Meaning::Refuse, .refusal = refusal}));
+    }
+
+    void theShortcutOfAnotherActionIsNoticed()
+    {
+        Program program;
+        program.registry.setShortcut(ShortcutAction::OpenMainWindow, Shortcut{97, none});
+        QCOMPARE(program.press(97, none),
+                 (RecordedKey{Meaning::UsedByOtherAction, {97, none}, QStringLiteral("Open Main Window")}));
+        QCOMPARE(program.press(97, shift).meaning, Meaning::Accept);
+    }
+
+    void thePresentShortcutIsAcceptedAgain()
+    {
+        Program program;
+        for (const auto action : allShortcutActions) {
+            program.registry.setShortcut(action, Shortcut{8, control});
+        }
+        QCOMPARE(program.press(8, control), (RecordedKey{Meaning::Accept, {8, control}}));
+    }
+
+    void aShortcutOfMostProgramsHasItsUse()
+    {
+        Program program;
+        QCOMPARE(program.press(8, control),
+                 (RecordedKey{Meaning::UsedByMostPrograms, {8, control}, QStringLiteral("copy")}));
     }
 
     void aRepeatedKeyIsIgnored_data()

@@ -375,6 +375,34 @@ private Q_SLOTS:
         QCOMPARE(session.registry.refusal(picker), std::nullopt);
     }
 
+    void theTextHasWordsWhenTheUserPrefersThem()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        session.registry.start();
+        const QSignalSpy textChanges(&session.registry, &ShortcutRegistry::textsChanged);
+        session.preferences.setKeyNames(KeyNames::Words);
+        QCOMPARE(textChanges.count(), 1);
+        QCOMPARE(session.registry.text(picker), QStringLiteral("Alt+Shift+C"));
+        QCOMPARE(session.registry.words(picker), QStringLiteral("Alt+Shift+C"));
+        session.preferences.setKeyNames(KeyNames::Signs);
+        QCOMPARE(session.registry.text(picker), QStringLiteral("⌥⇧C"));
+        QCOMPARE(session.registry.words(picker), QStringLiteral("Alt+Shift+C"));
+        QCOMPARE(session.registry.words(panel), QString());
+    }
+
+    void theTextHasWordsWhenTheFontsLackItsSigns()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        ShortcutRegistry registry(session.desktop, session.layout, session.preferences,
+                                  [](const QString& text) { return !text.contains(u'⌥'); });
+        registry.setShortcut(picker, altShiftC);
+        QCOMPARE(registry.text(picker), QStringLiteral("Alt+Shift+C"));
+        registry.setShortcut(picker, superC);
+        QCOMPARE(registry.text(picker), QStringLiteral("⌘C"));
+    }
+
     void combinationsOfOtherProgramsAreTaken()
     {
         const QTemporaryDir folder;
@@ -389,7 +417,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         Session session(folder);
         session.registry.start();
-        QSignalSpy layoutChanges(&session.registry, &ShortcutRegistry::keyboardLayoutChanged);
+        QSignalSpy layoutChanges(&session.registry, &ShortcutRegistry::textsChanged);
         QCOMPARE(session.registry.text(picker), QStringLiteral("⌥⇧C"));
         session.layout.characters[8] = QStringLiteral("j");
         Q_EMIT session.layout.changed();

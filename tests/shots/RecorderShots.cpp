@@ -97,6 +97,10 @@ void shootRecorder(const QDir& folder)
         demo.recorder().startRecording();
         demo.press(keyQ, modifier::control);
     });
+    shootState(u"alert-common"_s, [](DemoRecorders& demo) {
+        demo.recorder().startRecording();
+        demo.press(keyC, modifier::control);
+    });
     shootState(u"alert-system"_s, [](DemoRecorders& demo) {
         demo.recorder().startRecording();
         demo.press(keyD, modifier::super);

@@ -59,6 +59,8 @@ public:
     [[nodiscard]] PanelView& view() { return *m_view; }
     [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
     [[nodiscard]] AppState& state() { return m_appState; }
+    [[nodiscard]] Preferences& preferences() { return m_preferences; }
+    [[nodiscard]] ShortcutRegistry& shortcuts() { return m_shortcuts; }
 
 private:
     test::ScriptedPlatform m_platform;
@@ -115,6 +117,18 @@ void shootSettings(const QDir& folder)
         view.platform().shortcuts.refuse(idOf(ShortcutAction::ActivatePicker));
         QApplication::processEvents();
     });
+    shootTab(u"general-refused-key"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.activateWindow();
+        view.findChildren<ShortcutRecorder*>().first()->startRecording();
+        view.platform().recording.press(keycode::c);
+    });
+    shootTab(u"general-words"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.preferences().setKeyNames(KeyNames::Words);
+        view.shortcuts().setShortcut(
+            ShortcutAction::OpenMainWindow,
+            Shortcut{keycode::keypadEnter, modifier::control | modifier::alt | modifier::shift});
+    });
+    QSettings().clear();
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
         view.platform().permission.settings = QUrl(u"settings:privacy"_s);
         view.platform().permission.isGranted = false;

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void aValueOfAnotherTypeGivesTheDefault_data();
     void aValueOfAnotherTypeGivesTheDefault();
     void setValuesAreWrittenAtOnce();
+    void namesOfKeysAreReadAndWritten();
     void writtenValuesAreReadBack();
     void settingTheStoredValueDoesNotWrite();
     void eachChangeIsSignalledOnce();
@@ -218,6 +219,19 @@ void PreferencesTest::setValuesAreWrittenAtOnce()
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=dark\n"));
     preferences.setLoupeRadius(11);
     QCOMPARE(contentOf(m_path), QByteArray("[General]\ncolorSchemePref=dark\nscopeDefaultRadius=11\n"));
+}
+
+void PreferencesTest::namesOfKeysAreReadAndWritten()
+{
+    Preferences preferences;
+    QCOMPARE(preferences.keyNames(), KeyNames::Signs);
+    const QSignalSpy changes(&preferences, &Preferences::keyNamesChanged);
+    preferences.setKeyNames(KeyNames::Words);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\nkeyNames=words\n"));
+    QCOMPARE(Preferences().keyNames(), KeyNames::Words);
+    preferences.setKeyNames(KeyNames::Signs);
+    QCOMPARE(preferences.keyNames(), KeyNames::Signs);
+    QCOMPARE(changes.count(), 2);
 }
 
 void PreferencesTest::writtenValuesAreReadBack()

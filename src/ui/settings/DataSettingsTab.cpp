@@ -36,7 +36,7 @@ QWidget* exportButton(const QString& name, const QString& title, const QString& 
 DataSettingsTab::DataSettingsTab(AppState& appState, const std::optional<QUrl>& projectPage)
     : m_appState(appState)
 {
-    setContent(column(gap(16), historySection(), exportSection(), aboutSection(projectPage)));
+    setContent(column(gap(12), historySection(), exportSection(), aboutSection(projectPage)));
 }
 
 QWidget* DataSettingsTab::historySection()

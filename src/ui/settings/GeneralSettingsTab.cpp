@@ -57,7 +57,7 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferen
     , m_preferences(preferences)
     , m_platform(platform)
 {
-    setContent(column(gap(16), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
+    setContent(column(gap(12), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
                       screenRecordingSection()));
 }
 
@@ -68,9 +68,13 @@ QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording,
         recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         return withMessage(settingsRow(titleOf(action), recorder), *recorder);
     };
-    return settingsSection(tr("Keyboard Shortcuts"),
-                           settingsRows({recorderRow(ShortcutAction::ActivatePicker),
-                                         recorderRow(ShortcutAction::OpenMainWindow)}));
+    auto* names = new SegmentedPicker(tr("Show keys as"), {tr("Signs"), tr("Words")},
+                                      positionOf(m_preferences.keyNames(), allKeyNames));
+    names->onSelect([this](qsizetype position) { m_preferences.setKeyNames(at(allKeyNames, position)); });
+    return settingsSection(
+        tr("Keyboard Shortcuts"),
+        settingsRows({recorderRow(ShortcutAction::ActivatePicker),
+                      recorderRow(ShortcutAction::OpenMainWindow), settingsRow(tr("Show keys as"), names)}));
 }
 
 QWidget* GeneralSettingsTab::loupeSection()

@@ -22,7 +22,7 @@ public:
                        const Platform& platform, QWidget& panel);
 
 private:
-    [[nodiscard]] static QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
+    [[nodiscard]] QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
     [[nodiscard]] QWidget* loupeSection();
     [[nodiscard]] QWidget* copyFormatSection();
     [[nodiscard]] QWidget* screenRecordingSection();

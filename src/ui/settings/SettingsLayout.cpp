@@ -12,7 +12,7 @@ namespace {
 constexpr double cardRadius = 14;
 constexpr int labelColumn = 150;
 constexpr int rowHeight = 28;
-constexpr int ruleGap = 6;
+constexpr int ruleGap = 4;
 
 } // namespace
 

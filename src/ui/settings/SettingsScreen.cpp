@@ -69,7 +69,7 @@ void SettingsScreen::showTab()
         tab = new DataSettingsTab(m_appState);
         break;
     }
-    m_screen->setContent(verticalScroll(column(Padding{{16, 12, 16, 16}}, tab, spacer())));
+    m_screen->setContent(verticalScroll(column(Padding{{16, 12, 16, 12}}, tab, spacer())));
 }
 
 // Otherwise a control of the previous screen would keep the focus.

@@ -8,23 +8,25 @@
 #include "Clickable.h"
 #include "KeyRecording.h"
 #include "Overlay.h"
-#include "Paint.h"
 #include "RecordedKey.h"
+#include "RecorderField.h"
+#include "RecorderTexts.h"
 #include "ShortcutRegistry.h"
-#include "ShortcutText.h"
 #include "Stack.h"
 #include "SymbolView.h"
 #include "Theme.h"
+#include "ToolTip.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tintwick {
 
@@ -32,13 +34,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int fieldHeight = 24;
-constexpr double cornerRadius = 7;
-constexpr double borderOpacity = 0.6;
-constexpr double recordingTint = 0.2;
-constexpr double recordingRing = 2;
 constexpr int clearButtonSide = 14;
-constexpr int clearButtonMargin = (fieldHeight - clearButtonSide) / 2;
+constexpr int clearButtonMargin = (RecorderField::height - clearButtonSide) / 2;
 /// On both sides, so that the text is centred beside the clear button.
 constexpr int textMargin = clearButtonSide + 2 * clearButtonMargin;
 constexpr int placeholderMargin = 10;
@@ -55,25 +52,24 @@ QString pressShortcut()
     return ShortcutRecorder::tr("Press Shortcut");
 }
 
-QFont fieldFont()
-{
-    return theme::font(13);
-}
-
-int widthOf(const QString& text)
-{
-    return static_cast<int>(std::ceil(widthOfShortcut(text, fieldFont())));
-}
-
 QString describeField(const ShortcutRecorder& recorder)
 {
     return recorder.message().isEmpty() ? recorder.placeholder() : recorder.message();
 }
 
+bool showsToolTip(QWidget& recorder, const QEvent& event)
+{
+    if (event.type() != QEvent::ToolTip) {
+        return false;
+    }
+    showToolTip(recorder, static_cast<const QHelpEvent&>(event).globalPos());
+    return true;
+}
+
 QAccessibleInterface* accessibleField(QWidget& widget)
 {
     auto& recorder = static_cast<ShortcutRecorder&>(widget);
-    return new AccessibleHotkeyField(recorder, {[&recorder] { return recorder.text(); },
+    return new AccessibleHotkeyField(recorder, {[&recorder] { return recorder.words(); },
                                                 [&recorder] { return describeField(recorder); },
                                                 [&recorder] { recorder.startRecording(); }});
 }
@@ -99,18 +95,12 @@ ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAct
     refreshText();
     resize(sizeHint());
 
-    if (!canRecord()) {
-        setToolTip(opensDesktopDialog() ? tr("The desktop's settings choose this shortcut.")
-                                        : tr("This desktop does not let Tintwick record shortcuts."));
-    }
-
     connect(&m_services.shortcuts, &ShortcutRegistry::shortcutChanged, this, [this](ShortcutAction changed) {
         if (changed == m_action) {
             refreshText();
         }
     });
-    connect(&m_services.shortcuts, &ShortcutRegistry::keyboardLayoutChanged, this,
-            &ShortcutRecorder::refreshText);
+    connect(&m_services.shortcuts, &ShortcutRegistry::textsChanged, this, &ShortcutRecorder::refreshText);
     connect(&m_services.shortcuts, &ShortcutRegistry::refusalChanged, this, [this](ShortcutAction changed) {
         if (changed == m_action) {
             refreshMessage();
@@ -119,6 +109,7 @@ ShortcutRecorder::ShortcutRecorder(const RecorderServices& services, ShortcutAct
     if (m_services.keys) {
         connectToKeys(*m_services.keys);
     }
+    connect(&m_limits, &RecordingLimits::reached, this, &ShortcutRecorder::endRecording);
 }
 
 // All recorders share one recording. A recorder is in the state Recording while it runs for this one.
@@ -126,6 +117,7 @@ void ShortcutRecorder::connectToKeys(const KeyRecording& keys)
 {
     connect(&keys, &KeyRecording::keyPressed, this, [this](const KeyPress& press) {
         if (m_state == State::Recording) {
+            m_limits.keyPressed();
             handleKey(press);
         }
     });
@@ -141,6 +133,11 @@ ShortcutRecorder::~ShortcutRecorder()
     endRecording();
 }
 
+QString ShortcutRecorder::words() const
+{
+    return m_services.shortcuts.words(m_action);
+}
+
 QString ShortcutRecorder::placeholder() const
 {
     if (canRecord()) {
@@ -151,6 +148,9 @@ QString ShortcutRecorder::placeholder() const
 
 QString ShortcutRecorder::message() const
 {
+    if (!m_hint.isEmpty()) {
+        return m_hint;
+    }
     const auto refusal = m_services.shortcuts.refusal(m_action);
     if (refusal == ShortcutRefusal::Reason::Taken) {
         return tr("Taken by another program");
@@ -170,13 +170,22 @@ bool ShortcutRecorder::opensDesktopDialog() const
 
 QSize ShortcutRecorder::sizeHint() const
 {
+    const auto widthFor = [](const QString& text, int margin) {
+        return std::max(minimumWidth, RecorderField::widthOf(text) + 2 * margin);
+    };
     if (!m_text.isEmpty()) {
-        return {std::max(minimumWidth, widthOf(m_text) + 2 * textMargin), fieldHeight};
+        return {widthFor(m_text, textMargin), RecorderField::height};
     }
     // The field keeps its width when recording begins.
-    const int width =
-        canRecord() ? std::max(widthOf(recordShortcut()), widthOf(pressShortcut())) : widthOf(placeholder());
-    return {std::max(minimumWidth, width + 2 * placeholderMargin), fieldHeight};
+    const int width = canRecord() ? std::max(widthFor(recordShortcut(), placeholderMargin),
+                                             widthFor(pressShortcut(), placeholderMargin))
+                                  : widthFor(placeholder(), placeholderMargin);
+    return {width, RecorderField::height};
+}
+
+QSize ShortcutRecorder::minimumSizeHint() const
+{
+    return {minimumWidth, RecorderField::height};
 }
 
 void ShortcutRecorder::startRecording()
@@ -202,6 +211,7 @@ void ShortcutRecorder::start(Qt::FocusReason reason)
     setFocus(reason);
     if (m_services.keys->begin() == KeyRecording::Outcome::Refused) {
         QApplication::beep();
+        setHint(tr("Another program holds the keyboard"));
         if (!hadFocus) {
             clearFocus();
         }
@@ -233,6 +243,12 @@ void ShortcutRecorder::endRecording()
 void ShortcutRecorder::setState(State state)
 {
     m_state = state;
+    if (state == State::Recording) {
+        m_limits.start();
+    } else {
+        m_limits.stop();
+    }
+    setHint({});
     update();
     reportDescription();
 }
@@ -245,7 +261,7 @@ void ShortcutRecorder::reportDescription()
 
 void ShortcutRecorder::handleKey(const KeyPress& press)
 {
-    const RecordedKey key = recordedKey(press, m_services);
+    const RecordedKey key = recordedKey(press, m_action, m_services);
     switch (key.meaning) {
     case RecordedKey::Meaning::Ignore:
         break;
@@ -265,14 +281,13 @@ void ShortcutRecorder::handleKey(const KeyPress& press)
         break;
     case RecordedKey::Meaning::Refuse:
         QApplication::beep();
+        setHint(refusalText(key.refusal.value_or(RecordedKey::Refusal::UnknownKey)));
         break;
     case RecordedKey::Meaning::UsedByMenuItem:
-        ask(tr("This shortcut belongs to the menu item “%1”.").arg(key.menuItemTitle), {}, {tr("OK")}, {});
-        break;
     case RecordedKey::Meaning::UsedBySystem:
-        ask(tr("The desktop or another program uses this shortcut."),
-            tr("Most shortcuts of the desktop can be changed in its keyboard settings."),
-            {tr("OK"), tr("Use Anyway")}, [this, shortcut = key.shortcut] { accept(shortcut); });
+    case RecordedKey::Meaning::UsedByOtherAction:
+    case RecordedKey::Meaning::UsedByMostPrograms:
+        ask(key);
         break;
     case RecordedKey::Meaning::Accept:
         accept(key.shortcut);
@@ -281,20 +296,19 @@ void ShortcutRecorder::handleKey(const KeyPress& press)
 }
 
 // Recording ends while the alert is shown, because the user can answer it with keys.
-void ShortcutRecorder::ask(const QString& message, const QString& informativeText, const QStringList& buttons,
-                           const std::function<void()>& onSecondButton)
+void ShortcutRecorder::ask(const RecordedKey& key)
 {
     setState(State::Asking);
     m_services.keys->end();
-    m_alert = showAlert(m_panel, {message, informativeText, buttons},
-                        [recorder = QPointer(this), onSecondButton](int button) {
+    m_alert = showAlert(m_panel, alertAbout(key, m_services.shortcuts),
+                        [recorder = QPointer(this), shortcut = key.shortcut](int button) {
                             if (!recorder || recorder->m_state != State::Asking) {
                                 return;
                             }
                             if (button == 0) {
                                 recorder->goOnRecording();
                             } else {
-                                onSecondButton();
+                                recorder->accept(shortcut);
                             }
                         });
 }
@@ -305,6 +319,7 @@ void ShortcutRecorder::goOnRecording()
     if (m_services.keys->begin() == KeyRecording::Outcome::Refused) {
         QApplication::beep();
         endRecording();
+        setHint(tr("Another program holds the keyboard"));
         return;
     }
     setState(State::Recording);
@@ -338,14 +353,32 @@ void ShortcutRecorder::refreshText()
 {
     const QString text = m_services.shortcuts.text(m_action);
     m_clearButton->setVisible(!text.isEmpty() && canRecord());
+    setToolTip(toolTipText());
     if (m_text == text) {
         return;
     }
     m_text = text;
     updateGeometry();
     update();
-    QAccessibleValueChangeEvent changed(this, m_text);
+    QAccessibleValueChangeEvent changed(this, words());
     QAccessible::updateAccessibility(&changed);
+}
+
+QString ShortcutRecorder::toolTipText() const
+{
+    if (canRecord()) {
+        return words();
+    }
+    return opensDesktopDialog() ? tr("The desktop's settings choose this shortcut.")
+                                : tr("This desktop does not let Tintwick record shortcuts.");
+}
+
+void ShortcutRecorder::setHint(const QString& hint)
+{
+    if (m_hint != hint) {
+        m_hint = hint;
+        refreshMessage();
+    }
 }
 
 void ShortcutRecorder::refreshMessage()
@@ -360,27 +393,45 @@ bool ShortcutRecorder::event(QEvent* event)
     if (event->type() == QEvent::WindowDeactivate) {
         endRecording();
     }
-    return QWidget::event(event);
+    return showsToolTip(*this, *event) || QWidget::event(event);
 }
 
 bool ShortcutRecorder::eventFilter(QObject* watched, QEvent* event)
 {
-    if (m_state == State::Recording && event->type() == QEvent::MouseButtonRelease &&
-        watched->isWidgetType()) {
-        const auto& release = static_cast<const QMouseEvent&>(*event);
-        const bool isClick = release.button() == Qt::LeftButton || release.button() == Qt::RightButton;
-        if (isClick && !isOnField(*static_cast<QWidget*>(watched), release)) {
-            endRecording();
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+        if (m_state == State::Recording && watched->isWindowType()) {
+            return clickedWhileRecording(*watched, static_cast<const QMouseEvent&>(*event));
         }
+        break;
+    default:
+        break;
     }
     return QWidget::eventFilter(watched, event);
 }
 
-bool ShortcutRecorder::isOnField(const QWidget& clicked, const QMouseEvent& event) const
+// The window gets a click before the toolkit moves the focus and before a widget does. A click that does not end the
+// recording must not move the focus, so nothing gets it.
+bool ShortcutRecorder::clickedWhileRecording(const QObject& clicked, const QMouseEvent& event)
 {
-    const QRect field = rect().adjusted(-clickTolerance, -clickTolerance, clickTolerance, clickTolerance);
     // Positions in the window, because the toolkit may not know yet where the window manager placed it.
-    return clicked.window() == window() && field.contains(mapFrom(window(), event.scenePosition().toPoint()));
+    const QPoint place = mapFrom(window(), event.position().toPoint());
+    const bool isInWindow = &clicked == window()->windowHandle();
+    if (isInWindow && rect().contains(place)) {
+        const bool isOnClearButton = m_clearButton->isVisible() && m_clearButton->geometry().contains(place);
+        return event.button() != Qt::LeftButton || !isOnClearButton;
+    }
+    const bool isClick = event.button() == Qt::LeftButton || event.button() == Qt::RightButton;
+    const QRect field = rect().adjusted(-clickTolerance, -clickTolerance, clickTolerance, clickTolerance);
+    if (!isClick || (isInWindow && field.contains(place))) {
+        return true;
+    }
+    if (event.type() == QEvent::MouseButtonRelease) {
+        endRecording();
+    }
+    return false;
 }
 
 void ShortcutRecorder::focusInEvent(QFocusEvent* event)
@@ -402,6 +453,7 @@ void ShortcutRecorder::focusOutEvent(QFocusEvent* event)
 void ShortcutRecorder::hideEvent(QHideEvent* event)
 {
     endRecording();
+    setHint({});
     QWidget::hideEvent(event);
 }
 
@@ -446,21 +498,12 @@ void ShortcutRecorder::resizeEvent(QResizeEvent* event)
 void ShortcutRecorder::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const Scheme scheme = Appearance::of(this);
-    fillRounded(painter, rect(), cornerRadius, theme::field.in(scheme));
-    if (isRecording()) {
-        fillRounded(painter, rect(), cornerRadius, theme::accent.opacity(recordingTint).in(scheme));
-        strokeInside(painter, rect(), cornerRadius, theme::focusRing.in(scheme), recordingRing);
-    } else {
-        strokeInside(painter, rect(), cornerRadius, theme::textThird.opacity(borderOpacity).in(scheme), 1);
-        if (hasFocus() && m_showsFocusRing) {
-            drawFocusRing(painter, rect(), cornerRadius, scheme);
-        }
-    }
-    // The old shortcut while recording, and a shortcut that does not work, are drawn in the secondary colour.
-    const bool isCurrent = !m_text.isEmpty() && !isRecording() && !m_services.shortcuts.refusal(m_action);
-    painter.setPen((isCurrent ? theme::textPrimary : theme::textSecond).in(scheme));
-    drawShortcut(painter, rect(), m_text.isEmpty() ? placeholder() : m_text, fieldFont());
+    RecorderField field{m_text.isEmpty() ? placeholder() : m_text};
+    field.isCurrent = !m_text.isEmpty() && !isRecording() && !m_services.shortcuts.refusal(m_action);
+    field.isRecording = isRecording();
+    field.hasFocusRing = hasFocus() && m_showsFocusRing;
+    field.endMargin = m_clearButton->isVisible() ? textMargin : 0;
+    field.paint(painter, rect(), Appearance::of(this));
 }
 
 } // namespace tintwick

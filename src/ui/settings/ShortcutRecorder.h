@@ -1,13 +1,14 @@
 #pragma once
 
 #include "RecorderServices.h"
+#include "RecordingLimits.h"
 #include "ShortcutAction.h"
 
 #include <QPointer>
 #include <QWidget>
 
+#include <chrono>
 #include <cstdint>
-#include <functional>
 
 namespace tintwick {
 
@@ -15,6 +16,7 @@ class KeyRecording;
 class Overlay;
 class PlainButton;
 struct KeyPress;
+struct RecordedKey;
 
 /// The field in which the user sets or removes the shortcut of one action. It shows the shortcut. After a click, or Return
 /// or Space, it records the next combination and stores it at once. Where the desktop chooses the keys, a click opens the
@@ -32,18 +34,24 @@ public:
 
     /// What the field shows; empty when the action has no shortcut.
     [[nodiscard]] QString text() const { return m_text; }
+    /// The same in words, as screen readers and the tool tip say it.
+    [[nodiscard]] QString words() const;
     /// What the field shows when there is no text. Screen readers read it as the description of the field.
     [[nodiscard]] QString placeholder() const;
-    /// What is wrong, in words: why the shortcut does not work. Empty when nothing is.
+    /// What is wrong, in words: why a key was refused, or why the shortcut does not work. Empty when nothing is.
     [[nodiscard]] QString message() const;
     [[nodiscard]] bool isRecording() const { return m_state != State::Idle; }
+
+    /// Recording ends after this time without a key; 30 seconds at first.
+    void setPatience(std::chrono::milliseconds patience) { m_limits.setPatience(patience); }
 
     /// Does what a click on the field does. Does nothing while the field is hidden or below an alert; beeps when the
     /// keyboard cannot be taken.
     void startRecording();
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    /// In less room than sizeHint() the text is drawn smaller or cut.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void messageChanged();
@@ -74,23 +82,28 @@ private:
     void start(Qt::FocusReason reason);
     void endRecording();
     void setState(State state);
-    void ask(const QString& message, const QString& informativeText, const QStringList& buttons,
-             const std::function<void()>& onSecondButton);
+    void ask(const RecordedKey& key);
     void goOnRecording();
     void accept(const Shortcut& shortcut);
     void clear();
     void clearButtonPressed();
     void refreshText();
+    [[nodiscard]] QString toolTipText() const;
+    void setHint(const QString& hint);
     void refreshMessage();
     void reportDescription();
     [[nodiscard]] bool canRecord() const;
     [[nodiscard]] bool opensDesktopDialog() const;
-    [[nodiscard]] bool isOnField(const QWidget& clicked, const QMouseEvent& event) const;
+    /// Ends the recording unless the click is on the field or close to it. Returns whether the click ends here.
+    [[nodiscard]] bool clickedWhileRecording(const QObject& clicked, const QMouseEvent& event);
 
     RecorderServices m_services;
     ShortcutAction m_action;
     QWidget& m_panel;
     QString m_text;
+    /// Why the last key, or the recording, was refused; empty when it was not.
+    QString m_hint;
+    RecordingLimits m_limits;
     State m_state = State::Idle;
     /// True when the field had the focus before recording began; then it keeps the focus afterwards.
     bool m_keepsFocus = false;

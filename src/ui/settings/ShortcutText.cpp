@@ -12,7 +12,6 @@ namespace tintwick {
 namespace {
 
 constexpr QChar keycap(0x20E3);
-constexpr QChar circle(0x20DD);
 
 constexpr double frameSide = 16;
 constexpr double frameMargin = 3;
@@ -24,16 +23,15 @@ struct Parts
     /// The text before the framed key; the whole text when no key is framed.
     QString plain;
     QString framed;
-    bool isRound = false;
 };
 
 Parts partsOf(const QString& text)
 {
-    const bool isFramed = text.size() > 1 && (text.back() == keycap || text.back() == circle);
+    const bool isFramed = text.size() > 1 && text.back() == keycap;
     if (!isFramed) {
         return {text, {}};
     }
-    return {text.chopped(2), text.sliced(text.size() - 2, 1), text.back() == circle};
+    return {text.chopped(2), text.sliced(text.size() - 2, 1)};
 }
 
 double widthOf(const QString& text, const QFont& font)
@@ -76,8 +74,7 @@ void drawShortcut(QPainter& painter, const QRectF& place, const QString& text, c
     painter.drawText(frame, Qt::AlignCenter, parts.framed);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    const double radius = parts.isRound ? frameSide / 2 : keycapRadius;
-    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), keycapRadius, keycapRadius);
 }
 
 } // namespace tintwick

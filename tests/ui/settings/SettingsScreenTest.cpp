@@ -6,6 +6,7 @@
 #include "PopUpPicker.h"
 #include "SegmentedPicker.h"
 #include "SettingsWindow.h"
+#include "ShortcutCoding.h"
 #include "ShortcutRecorder.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/settings/SettingsFixture.h"
@@ -178,6 +179,7 @@ void SettingsScreenTest::textsAreInOrder_data()
                              << QStringList{u"Keyboard Shortcuts"_s,
                                             u"Activate Picker"_s,
                                             u"Open Main Window"_s,
+                                            u"Show keys as"_s,
                                             u"Scope / Magnifier"_s,
                                             u"Shape"_s,
                                             u"Scope Size"_s,
@@ -216,15 +218,21 @@ void SettingsScreenTest::nothingIsCutOff_data()
 {
     QTest::addColumn<SettingsTab>("tab");
     QTest::addColumn<bool>("isPermitted");
-    QTest::newRow("General") << SettingsTab::General << true;
-    QTest::newRow("General, not permitted") << SettingsTab::General << false;
-    QTest::newRow("Data") << SettingsTab::Data << true;
+    QTest::addColumn<KeyNames>("keyNames");
+    QTest::newRow("General") << SettingsTab::General << true << KeyNames::Signs;
+    QTest::newRow("General, not permitted") << SettingsTab::General << false << KeyNames::Signs;
+    QTest::newRow("General, with words for keys") << SettingsTab::General << true << KeyNames::Words;
+    QTest::newRow("Data") << SettingsTab::Data << true << KeyNames::Signs;
 }
 
 void SettingsScreenTest::nothingIsCutOff()
 {
     QFETCH(const SettingsTab, tab);
     QFETCH(const bool, isPermitted);
+    QFETCH(const KeyNames, keyNames);
+    constexpr int allModifiers = modifier::control | modifier::alt | modifier::shift | modifier::super;
+    Preferences().setKeyNames(keyNames);
+    Preferences().setShortcutText(u"openMainWindow"_s, toJson({keycode::previousTrack, allModifiers}));
     SettingsFixture fixture(tab);
     fixture.capture(100);
     fixture.platform.permission.settings = QUrl(u"settings:privacy"_s);
@@ -251,12 +259,12 @@ void SettingsScreenTest::tabGoesFromTopToBottom()
     const SettingsFixture fixture;
     QStringList order;
     fixture.segment(u"Tab"_s, u"General"_s)->setFocus(Qt::TabFocusReason);
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 9; ++i) {
         order.append(fixture.panel.focusWidget()->accessibleName());
         QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(order, (QStringList{u"General"_s, u"Activate Picker shortcut"_s, u"Clear Shortcut"_s,
-                                 u"Open Main Window shortcut"_s, u"Square"_s, u"M"_s, u"Mid"_s,
+                                 u"Open Main Window shortcut"_s, u"Signs"_s, u"Square"_s, u"M"_s, u"Mid"_s,
                                  u"Default Format"_s}));
 }
 
@@ -307,6 +315,8 @@ void SettingsScreenTest::tabShowsStoredValues_data()
     row("circle", shape, u"circle"_s, u"Shape"_s, u"Circle"_s);
     // Reads as square.
     row("a shape in another case", shape, u"Circle"_s, u"Shape"_s, u"Square"_s);
+    row("no names of keys", u"none"_s, 0, u"Show keys as"_s, u"Signs"_s);
+    row("words", u"keyNames"_s, u"words"_s, u"Show keys as"_s, u"Words"_s);
     row("no size", u"none"_s, 0, u"Scope Size"_s, u"M"_s);
     row("small", size, u"small"_s, u"Scope Size"_s, u"S"_s);
     row("medium", size, u"medium"_s, u"Scope Size"_s, u"M"_s);
@@ -343,6 +353,8 @@ void SettingsScreenTest::choiceIsStoredAtOnce_data()
                         const QVariant& value) {
         QTest::addRow("%s", qPrintable(title)) << picker << title << key << value;
     };
+    row(u"Show keys as"_s, u"Signs"_s, u"keyNames"_s, u"signs"_s);
+    row(u"Show keys as"_s, u"Words"_s, u"keyNames"_s, u"words"_s);
     row(u"Shape"_s, u"Square"_s, u"scopeShape"_s, u"square"_s);
     row(u"Shape"_s, u"Circle"_s, u"scopeShape"_s, u"circle"_s);
     row(u"Scope Size"_s, u"S"_s, u"scopePhysicalSize"_s, u"small"_s);

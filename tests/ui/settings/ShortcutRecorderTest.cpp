@@ -147,6 +147,22 @@ private Q_SLOTS:
         QCOMPARE(scene.recorder->sizeHint().height(), 24);
     }
 
+    void aLongTextStaysBesideTheClearButton()
+    {
+        Scene scene;
+        constexpr int keypadEnter = 76;
+        scene.preferences.setKeyNames(KeyNames::Words);
+        scene.registry.setShortcut(ShortcutAction::ActivatePicker,
+                                   Shortcut{keypadEnter, control | alt | shift | super});
+        scene.recorder->resize(170, 24);
+        scene.clearButton().setVisible(true);
+        const QImage image = scene.recorder->grab().toImage();
+        const QColor ground = image.pixelColor(151, 6);
+        for (int y = 3; y < 21; ++y) {
+            QCOMPARE(image.pixelColor(149, y), ground);
+        }
+    }
+
     void theClearButtonIsVisibleWhileThereIsAShortcut()
     {
         Scene scene;
@@ -293,6 +309,75 @@ private Q_SLOTS:
         QCOMPARE(scene.stored(), (Shortcut{f5, 0}));
     }
 
+    void theMessageSaysWhyAKeyIsRefused()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        QCOMPARE(scene.recorder->message(), QString());
+        scene.keys.press(keyC, shift);
+        QCOMPARE(scene.recorder->message(), u"This key needs Ctrl, Alt or Super"_s);
+        QCOMPARE(accessible(*scene.recorder).text(QAccessible::Description),
+                 u"This key needs Ctrl, Alt or Super"_s);
+        scene.keys.press({.keyCode = -1, .hasOtherModifier = true});
+        QCOMPARE(scene.recorder->message(), u"Only Ctrl, Alt, Shift and Super can be part of a shortcut"_s);
+        scene.keys.press(-1, control);
+        QCOMPARE(scene.recorder->message(), u"This key cannot be part of a shortcut"_s);
+        scene.keys.press(escape);
+        QCOMPARE(scene.recorder->message(), QString());
+    }
+
+    void theMessageSaysThatTheKeyboardIsHeld()
+    {
+        Scene scene;
+        scene.keys.outcome = KeyRecording::Outcome::Refused;
+        scene.click(*scene.recorder);
+        QCOMPARE(scene.recorder->message(), u"Another program holds the keyboard"_s);
+        scene.keys.outcome = KeyRecording::Outcome::Started;
+        scene.click(*scene.recorder);
+        QCOMPARE(scene.recorder->message(), QString());
+    }
+
+    void recordingEndsAfterAWhileWithoutAKey()
+    {
+        Scene scene;
+        scene.recorder->setPatience(std::chrono::milliseconds(200));
+        scene.click(*scene.recorder);
+        QVERIFY(scene.recorder->isRecording());
+        QTRY_VERIFY(!scene.recorder->isRecording());
+        QVERIFY(!scene.keys.isOn());
+        QVERIFY(!scene.registry.isPaused());
+        QCOMPARE(scene.stored(), altShiftC);
+    }
+
+    void anAlertWaitsForItsAnswer()
+    {
+        Scene scene;
+        scene.click(*scene.recorder);
+        scene.keys.press(keyD, super);
+        QVERIFY(scene.alert());
+        scene.recorder->setPatience(std::chrono::milliseconds(0));
+        QApplication::processEvents();
+        QVERIFY(scene.alert());
+        QVERIFY(scene.recorder->isRecording());
+    }
+
+    void theToolTipAndScreenReadersHaveWords()
+    {
+        Scene scene;
+        QCOMPARE(scene.recorder->toolTip(), u"Alt+Shift+C"_s);
+        QCOMPARE(accessible(*scene.recorder).text(QAccessible::Value), u"Alt+Shift+C"_s);
+        QCOMPARE(scene.other->toolTip(), QString());
+    }
+
+    void theFieldShowsWordsWhenTheUserPrefersThem()
+    {
+        Scene scene;
+        scene.preferences.setKeyNames(KeyNames::Words);
+        QCOMPARE(scene.recorder->text(), u"Alt+Shift+C"_s);
+        scene.preferences.setKeyNames(KeyNames::Signs);
+        QCOMPARE(scene.recorder->text(), u"⌥⇧C"_s);
+    }
+
     void aHeldKeyIsNotRecorded()
     {
         Scene scene;
@@ -413,10 +498,23 @@ private Q_SLOTS:
         QFETCH(const bool, ends);
         for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
             Scene scene;
+            // As the settings screen, whose focus would end the recording.
+            scene.panel.setFocusPolicy(Qt::ClickFocus);
             scene.click(*scene.recorder);
             QTest::mouseClick(scene.panel.windowHandle(), button, Qt::NoModifier, place);
             QCOMPARE(scene.recorder->isRecording(), !ends);
             QCOMPARE(scene.keys.isOn(), !ends);
+        }
+    }
+
+    void aMiddleClickDoesNotEndRecording()
+    {
+        Scene scene;
+        scene.panel.setFocusPolicy(Qt::ClickFocus);
+        scene.click(*scene.recorder);
+        for (const QPoint place : {QPoint(110, 50), QPoint(98, 50), QPoint(300, 400)}) {
+            QTest::mouseClick(scene.panel.windowHandle(), Qt::MiddleButton, Qt::NoModifier, place);
+            QVERIFY(scene.recorder->isRecording());
         }
     }
 
@@ -619,6 +717,45 @@ private Q_SLOTS:
         QCOMPARE(scene.registry.isPaused(), !accepted);
     }
 
+    void aShortcutWithAnotherUseNeedsAConfirmation_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QStringList>("texts");
+        QTest::newRow("copying") << keyC << control
+                                 << QStringList{
+                                        u"Other programs use ⌃C to copy."_s,
+                                        u"They would no longer get these keys while Tintwick runs."_s};
+        QTest::newRow("switching windows")
+            << tab << alt
+            << QStringList{u"Other programs use ⌥⇥ to switch windows."_s,
+                           u"They would no longer get these keys while Tintwick runs."_s};
+        QTest::newRow("the other action")
+            << f5 << 0
+            << QStringList{u"“Open Main Window” has this shortcut too."_s, u"One press would do both."_s};
+    }
+    void aShortcutWithAnotherUseNeedsAConfirmation()
+    {
+        QFETCH(const int, keyCode);
+        QFETCH(const int, modifiers);
+        QFETCH(const QStringList, texts);
+        Scene scene;
+        scene.registry.setShortcut(ShortcutAction::OpenMainWindow, Shortcut{f5, 0});
+        scene.click(*scene.recorder);
+        scene.keys.press(keyCode, modifiers);
+        QVERIFY(scene.alert());
+        QCOMPARE(scene.alertTexts(), texts);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(scene.stored(), altShiftC);
+        QVERIFY(scene.recorder->isRecording());
+
+        scene.keys.press(keyCode, modifiers);
+        Ticker::shared().advance(60);
+        scene.click(*scene.alertButton(u"Use Anyway"_s));
+        QCOMPARE(scene.stored(), (Shortcut{keyCode, modifiers}));
+        QVERIFY(!scene.recorder->isRecording());
+    }
+
     void anAlertClosesWhenRecordingEnds()
     {
         Scene scene;
@@ -665,7 +802,7 @@ private Q_SLOTS:
         auto& interface = accessible(*scene.recorder);
         QCOMPARE(interface.role(), QAccessible::HotkeyField);
         QCOMPARE(interface.text(QAccessible::Name), u"Activate Picker shortcut"_s);
-        QCOMPARE(interface.text(QAccessible::Value), u"⌥⇧C"_s);
+        QCOMPARE(interface.text(QAccessible::Value), u"Alt+Shift+C"_s);
         QCOMPARE(interface.text(QAccessible::Description), u"Record Shortcut"_s);
         QCOMPARE(accessible(*scene.other).text(QAccessible::Value), QString());
         QCOMPARE(accessible(scene.clearButton()).text(QAccessible::Name), u"Clear Shortcut"_s);

@@ -67,7 +67,6 @@ void ShortcutTextTest::aKeypadKeyIsDrawnInAFrame_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("5") << u"5\u20E3"_s;
     QTest::newRow("-") << u"-\u20E3"_s;
-    QTest::newRow("Help") << u"?\u20DD"_s;
 }
 
 void ShortcutTextTest::aKeypadKeyIsDrawnInAFrame()
@@ -103,7 +102,6 @@ void ShortcutTextTest::theWidthMatchesTheDrawnText_data()
     QTest::addColumn<double>("beyondThePlainPart");
     QTest::newRow("none framed") << u"H"_s << 0.0;
     QTest::newRow("a key of the keypad") << u"H5\u20E3"_s << 18.0;
-    QTest::newRow("Help") << u"H?\u20DD"_s << 18.0;
 }
 
 void ShortcutTextTest::theWidthMatchesTheDrawnText()
