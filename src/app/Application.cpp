@@ -4,6 +4,7 @@
 #include "CapturedColor.h"
 #include "ColorExport.h"
 #include "DesktopSettings.h"
+#include "FontCoverage.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "Panel.h"
@@ -13,6 +14,7 @@
 #include "SettingsWindow.h"
 #include "Ticker.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QPixmapCache>
 #include <QShortcut>
@@ -54,7 +56,7 @@ Application::Application(std::unique_ptr<Platform> platform, InstanceService& in
     : m_platform(std::move(platform))
     , m_picker(*m_platform, m_preferences,
                [this](QRgb color) { return m_appState.copiedText(CapturedColor::capture(color)); })
-    , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences)
+    , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences, fontsHave)
 {
     setupInstance(instance);
 }
@@ -89,6 +91,7 @@ void Application::setupTrayIcon()
     connect(&m_trayIcon, &TrayIcon::pickRequested, this, &Application::pick);
     connect(&m_trayIcon, &TrayIcon::settingsRequested, this, &Application::openSettingsWindow);
     connect(&m_trayIcon, &TrayIcon::menuAboutToShow, this, [this] {
+        showPickKeys();
         if (m_panelView) {
             m_trayIcon.setMenuScheme(Appearance::of(m_panelView));
         }
@@ -123,6 +126,7 @@ void Application::setupPanel()
     connect(&OpenSaveRequests::shared(), &OpenSaveRequests::anyChanged, this,
             [&host](bool isAny) { host.setDismissible(!isAny); });
     followDesktopAppearance();
+    showPickKeys();
 }
 
 QWidget* Application::createSettings(QWidget& panel)
@@ -193,7 +197,24 @@ void Application::followDesktopAppearance()
 void Application::setupShortcuts()
 {
     connect(&m_shortcuts, &ShortcutRegistry::deactivated, this, &Application::shortcutReleased);
+    connect(&m_shortcuts, &ShortcutRegistry::shortcutChanged, this, &Application::showPickKeys);
+    connect(&m_shortcuts, &ShortcutRegistry::refusalChanged, this, &Application::showPickKeys);
+    connect(&m_shortcuts, &ShortcutRegistry::textsChanged, this, &Application::showPickKeys);
     m_shortcuts.start();
+    showPickKeys();
+}
+
+void Application::showPickKeys()
+{
+    const auto action = ShortcutAction::ActivatePicker;
+    const bool works = !m_shortcuts.refusal(action);
+    const QString words = works ? m_shortcuts.words(action) : QString();
+    const QString keys = works ? m_shortcuts.text(action) : QString();
+    // A screen reader says the text of a menu item, and does not know the signs.
+    m_trayIcon.setPickKeys(QAccessible::isActive() ? words : keys, words);
+    if (m_panelView) {
+        m_panelView->setPickKeys(keys, words);
+    }
 }
 
 void Application::shortcutReleased(ShortcutAction action)

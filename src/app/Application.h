@@ -54,6 +54,7 @@ private:
     void setupShortcuts();
     void setupInstance(const InstanceService& instance);
     void shortcutReleased(ShortcutAction action);
+    void showPickKeys();
     void followDesktopAppearance();
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
 

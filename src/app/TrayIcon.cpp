@@ -40,8 +40,10 @@ TrayIcon::TrayIcon(QObject* parent)
     : QObject(parent)
     , m_icon(trayIcon(tint))
 {
-    QAction* pick = m_menu.addAction(tr("Pick Color (⌥⇧C)"));
-    connect(pick, &QAction::triggered, this, &TrayIcon::pickRequested);
+    m_pick = m_menu.addAction(QString());
+    setPickKeys({}, {});
+    m_menu.setToolTipsVisible(true);
+    connect(m_pick, &QAction::triggered, this, &TrayIcon::pickRequested);
     m_menu.addSeparator();
     m_settings = m_menu.addAction(tr("Settings…"));
     m_settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
@@ -141,6 +143,14 @@ bool TrayIcon::handleMenuEvent(QEvent& event)
 void TrayIcon::setMenuScheme(Scheme scheme)
 {
     m_menu.setPalette(Appearance::palette(scheme));
+}
+
+void TrayIcon::setPickKeys(const QString& keys, const QString& inWords)
+{
+    const QString title = tr("Pick Color");
+    // An ampersand would mark the key that chooses the item.
+    m_pick->setText(keys.isEmpty() ? title : u"%1 (%2)"_s.arg(title, keys).replace(u'&', u"&&"_s));
+    m_pick->setToolTip(inWords == keys ? QString() : inWords);
 }
 
 std::optional<QRect> TrayIcon::frame() const

@@ -31,6 +31,9 @@ public:
     /// Of the menu; without effect where the tray draws the menu itself.
     void setMenuScheme(Scheme scheme);
 
+    /// The keys of the shortcut that picks, as the menu and its tool tip show them; empty when there is none.
+    void setPickKeys(const QString& keys, const QString& inWords);
+
     /// In points from the top left of the desktop; none without a tray, or when the tray does not report the place.
     [[nodiscard]] std::optional<QRect> frame() const;
 
@@ -54,6 +57,7 @@ private:
     void watchIconWindow();
 
     QMenu m_menu;
+    QAction* m_pick = nullptr;
     QAction* m_settings = nullptr;
     QAction* m_quit = nullptr;
     QSystemTrayIcon m_icon;

@@ -11,6 +11,7 @@ class TrayIconTest final : public QObject
 
 private Q_SLOTS:
     void iconContrastsWithEveryBar();
+    void theMenuShowsTheKeysThatPick();
 };
 
 namespace {
@@ -40,6 +41,20 @@ void TrayIconTest::iconContrastsWithEveryBar()
     QCOMPARE(ink(item), QColor(0xE4, 0xE4, 0xE6));
     item.setDesktopPrefersDark(false);
     QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));
+}
+
+void TrayIconTest::theMenuShowsTheKeysThatPick()
+{
+    TrayIcon item;
+    const QAction& pick = *item.menu().actions().constFirst();
+    QCOMPARE(pick.text(), QStringLiteral("Pick Color"));
+    item.setPickKeys(QStringLiteral("⌥⇧C"), QStringLiteral("Alt+Shift+C"));
+    QCOMPARE(pick.text(), QStringLiteral("Pick Color (⌥⇧C)"));
+    QCOMPARE(pick.toolTip(), QStringLiteral("Alt+Shift+C"));
+    item.setPickKeys(QStringLiteral("⌥&"), QStringLiteral("Alt+&"));
+    QCOMPARE(pick.text(), QStringLiteral("Pick Color (⌥&&)"));
+    item.setPickKeys({}, {});
+    QCOMPARE(pick.text(), QStringLiteral("Pick Color"));
 }
 
 QTEST_MAIN(TrayIconTest)

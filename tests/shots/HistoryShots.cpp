@@ -25,6 +25,7 @@ public:
         , m_view(new HistoryDetailView(m_appState, *this))
     {
         fill(m_appState, colors);
+        m_view->setPickKeys(u"⌥⇧C"_s, u"Alt+Shift+C"_s);
         setScreen(m_view);
     }
 

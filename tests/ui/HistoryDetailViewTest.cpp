@@ -72,6 +72,7 @@ private Q_SLOTS:
     void oneColorIsInTheFirstOfFiveColumns();
     void colorsFillRowsOfFiveInOrder();
     void emptyScreenExplainsHowToPick();
+    void emptyScreenNamesNoKeysWithoutAShortcut();
     void exportMenuIsDisabledWithoutColors();
     void exportMenuOffersThreeFormats();
     void exportContainsTheWholeHistory();
@@ -162,10 +163,22 @@ void HistoryDetailViewTest::colorsFillRowsOfFiveInOrder()
     }
 }
 
+void HistoryDetailViewTest::emptyScreenNamesNoKeysWithoutAShortcut()
+{
+    HistoryFixture panel;
+    panel.view->setPickKeys({}, {});
+    panel.settle();
+    QVERIFY(visibleTexts(panel.screen()).contains(u"No colors yet"_s));
+}
+
 void HistoryDetailViewTest::emptyScreenExplainsHowToPick()
 {
     HistoryFixture panel;
+    panel.view->setPickKeys(u"⌥⇧C"_s, u"Alt+Shift+C"_s);
+    panel.settle();
     QVERIFY(visibleTexts(panel.screen()).contains(u"No colors yet\nPress ⌥⇧C to snip a color"_s));
+    QCOMPARE(panel.screen().findChildren<Label*>().last()->accessibleName(),
+             u"No colors yet\nPress Alt+Shift+C to snip a color"_s);
     QVERIFY(!panel.screen().findChild<Grid*>()->isVisible());
     const Label* text = panel.screen().findChildren<Label*>().last();
     const QRect place = placeIn(*panel.view, *text);

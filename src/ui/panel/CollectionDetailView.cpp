@@ -82,7 +82,8 @@ private:
 CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
     : m_appState(appState)
     , m_collectionId(collectionId)
-    , m_empty(emptyState(u"palette"_s, tr("No colors yet\nDrag swatches here from Recent History")))
+    , m_empty(emptyState(u"palette"_s,
+                         emptyStateLabel(tr("No colors yet\nDrag swatches here from Recent History"))))
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
     , m_scroll(verticalScroll(m_list))
     , m_rows(

@@ -15,11 +15,15 @@ QString colorCountText(qsizetype count)
                       : QCoreApplication::translate("DetailScreen", "%1 colors").arg(count);
 }
 
-Stack* emptyState(const QString& symbolName, const QString& text)
+Stack* emptyState(const QString& symbolName, Label* text)
 {
     return column(gap(8), fillWidth(), spacer(),
-                  symbol(symbolName, 28, SymbolWeight::Regular, theme::textThird),
-                  label(text, theme::font(12), theme::textThird), spacer());
+                  symbol(symbolName, 28, SymbolWeight::Regular, theme::textThird), text, spacer());
+}
+
+Label* emptyStateLabel(const QString& text)
+{
+    return label(text, theme::font(12), theme::textThird);
 }
 
 } // namespace tintwick

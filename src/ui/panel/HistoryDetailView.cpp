@@ -25,6 +25,7 @@ constexpr GridShape gridShape{.columns = 5, .columnGap = 8, .rowGap = 10, .paddi
 
 HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
     : m_appState(appState)
+    , m_emptyText(emptyStateLabel({}))
     , m_grid(new Grid(gridShape))
     , m_swatches(
           *m_grid,
@@ -41,13 +42,23 @@ HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
     setContent(column(
         toolbar(),
         rule(),
-        shownWhen(historyIsEmpty(),
-            emptyState(u"eyedropper"_s, tr("No colors yet\nPress ⌥⇧C to snip a color"))),
+        shownWhen(historyIsEmpty(), emptyState(u"eyedropper"_s, m_emptyText)),
         shownWhen(historyIsNotEmpty(), swatchGrid())));
     // clang-format on
 
+    setPickKeys({}, {});
     connect(&m_appState, &AppState::historyChanged, this, &HistoryDetailView::showHistory);
     showHistory();
+}
+
+void HistoryDetailView::setPickKeys(const QString& keys, const QString& inWords)
+{
+    const auto text = [](const QString& shownKeys) {
+        return shownKeys.isEmpty() ? tr("No colors yet")
+                                   : tr("No colors yet\nPress %1 to snip a color").arg(shownKeys);
+    };
+    m_emptyText->setText(text(keys));
+    m_emptyText->setAccessibleName(text(inWords));
 }
 
 QWidget* HistoryDetailView::toolbar()

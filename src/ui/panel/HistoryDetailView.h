@@ -11,6 +11,7 @@ namespace tintwick {
 
 class AppState;
 class ExportMenu;
+class Label;
 
 /// The screen of the history: a grid of all its colours.
 class HistoryDetailView final : public View
@@ -20,6 +21,9 @@ class HistoryDetailView final : public View
 public:
     /// `panel` contains the view and is what overlays cover.
     HistoryDetailView(AppState& appState, QWidget& panel);
+
+    /// See PanelView::setPickKeys().
+    void setPickKeys(const QString& keys, const QString& inWords);
 
     [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_swatches.views(); }
 
@@ -39,6 +43,7 @@ private:
     AppState& m_appState;
     ExportMenu* m_export = nullptr;
     QWidget* m_clear = nullptr;
+    Label* m_emptyText;
     Grid* m_grid;
     RecordViews<ColorSwatchView, CapturedColor, Grid> m_swatches;
 };

@@ -124,6 +124,15 @@ QWidget* PanelView::colorSchemeToggle()
     return m_schemeToggle;
 }
 
+void PanelView::setPickKeys(const QString& keys, const QString& inWords)
+{
+    m_pickKeys = keys;
+    m_pickKeysInWords = inWords;
+    if (auto* history = qobject_cast<HistoryDetailView*>(m_detail)) {
+        history->setPickKeys(keys, inWords);
+    }
+}
+
 void PanelView::cycleColorScheme()
 {
     m_preferences.setColorScheme(next(m_preferences.colorScheme()));
@@ -247,8 +256,11 @@ QWidget* PanelView::makeScreen(const ScreenChoice& choice)
     switch (choice.kind) {
     case ScreenKind::Settings:
         return m_makeSettings(*this);
-    case ScreenKind::History:
-        return new HistoryDetailView(m_appState, *this);
+    case ScreenKind::History: {
+        auto* history = new HistoryDetailView(m_appState, *this);
+        history->setPickKeys(m_pickKeys, m_pickKeysInWords);
+        return history;
+    }
     case ScreenKind::Collection:
         return new CollectionDetailView(m_appState, choice.collectionId);
     case ScreenKind::Dashboard:

@@ -49,6 +49,9 @@ public:
     /// the view tells there that the data file was unreadable, until the panel is hidden, and why the data is not saved.
     void showNotice(const QString& sentence);
 
+    /// The keys of the shortcut that picks, as they are shown and as a screen reader says them; empty when there is none.
+    void setPickKeys(const QString& keys, const QString& inWords);
+
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
     /// The screen below the header. The settings, the history and a collection get a new widget each time.
@@ -108,6 +111,8 @@ private:
 
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;
+    QString m_pickKeys;
+    QString m_pickKeysInWords;
     ScreenChoice m_shownScreen;
     /// The focused control of a screen when a deeper one was opened by keyboard; it gets the focus back.
     QHash<ScreenKind, QPointer<QWidget>> m_openers;
