@@ -1,5 +1,6 @@
 #include "DataSettingsTab.h"
 
+#include "Alert.h"
 #include "AppState.h"
 #include "Bound.h"
 #include "Button.h"
@@ -66,6 +67,13 @@ QWidget* DataSettingsTab::exportSection()
                          [this] { ColorExport().exportPNG(m_appState.history()); })));
 }
 
+void DataSettingsTab::open(const QUrl& page)
+{
+    if (!QDesktopServices::openUrl(page)) {
+        showAlert(*window(), {tr("The page cannot be opened"), page.toLocalFile(), {tr("OK")}}, [](int) {});
+    }
+}
+
 QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
 {
     Stack* credit =
@@ -74,7 +82,7 @@ QWidget* DataSettingsTab::aboutSection(const std::optional<QUrl>& projectPage)
     if (projectPage) {
         const QString title = tr("Read Me");
         credit->add(plainTextButton(
-            title, [page = *projectPage] { QDesktopServices::openUrl(page); },
+            title, [this, page = *projectPage] { open(page); },
             label(title, theme::font(13, QFont::Medium), theme::accentText)));
     }
     return settingsSection(

@@ -19,6 +19,8 @@ public:
 private:
     [[nodiscard]] QWidget* historySection();
     [[nodiscard]] QWidget* exportSection();
+    /// Shows an alert when no program opens the page.
+    void open(const QUrl& page);
     [[nodiscard]] QWidget* aboutSection(const std::optional<QUrl>& projectPage);
 
     AppState& m_appState;

@@ -1,5 +1,7 @@
 #include "ProjectPage.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -11,18 +13,20 @@ using namespace Qt::StringLiterals;
 
 QStringList projectPagePlaces()
 {
-    QStringList places = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
-    for (QString& place : places) {
-        place += u"/doc/tintwick/README.md"_s;
+    const QString program = QCoreApplication::applicationDirPath();
+    QStringList places{program + u"/../share/doc/tintwick/README.md"_s};
+    for (const QString& place : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
+        places.append(place + u"/doc/tintwick/README.md"_s);
     }
-    return places << QStringLiteral(TINTWICK_README);
+    // A program that is not installed lies in build/<preset>.
+    return places << program + u"/../../README.md"_s;
 }
 
 std::optional<QUrl> findProjectPage(const QStringList& places)
 {
     const auto found =
         std::ranges::find_if(places, [](const QString& place) { return QFileInfo(place).isFile(); });
-    return found == places.end() ? std::nullopt : std::optional(QUrl::fromLocalFile(*found));
+    return found == places.end() ? std::nullopt : std::optional(QUrl::fromLocalFile(QDir::cleanPath(*found)));
 }
 
 } // namespace tintwick

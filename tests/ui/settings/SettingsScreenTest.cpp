@@ -12,6 +12,7 @@
 #include "ui/settings/SettingsFixture.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -51,6 +52,17 @@ public Q_SLOTS:
 private:
     QString m_scheme;
 };
+
+/// Writes a project page into the user's data folder; returns its path.
+QString installProjectPage()
+{
+    const QString folder = qEnvironmentVariable("XDG_DATA_HOME") + u"/doc/tintwick"_s;
+    QFile page(folder + u"/README.md"_s);
+    if (!QDir().mkpath(folder) || !page.open(QIODevice::WriteOnly) || page.write("# Tintwick\n") < 0) {
+        qFatal("cannot write the project page");
+    }
+    return page.fileName();
+}
 
 /// Records key presses that reach a window or pass through it.
 class KeysSeen final : public QObject
@@ -133,7 +145,7 @@ private Q_SLOTS:
     void noLinkWithoutAProjectPage();
     void projectPageIsTheFirstFileThatExists_data();
     void projectPageIsTheFirstFileThatExists();
-    void projectPageExists();
+    void installedProjectPageIsFound();
 
     void windowRefersToThePanel();
     void windowHasTheAppearanceOfThePanel();
@@ -142,6 +154,7 @@ private Q_SLOTS:
 void SettingsScreenTest::init()
 {
     QSettings().clear();
+    installProjectPage();
 }
 
 void SettingsScreenTest::generalIsShownFirst()
@@ -680,11 +693,11 @@ void SettingsScreenTest::projectPageIsTheFirstFileThatExists()
     }
 }
 
-void SettingsScreenTest::projectPageExists()
+void SettingsScreenTest::installedProjectPageIsFound()
 {
-    QVERIFY(
-        projectPagePlaces().contains(qEnvironmentVariable("XDG_DATA_HOME") + u"/doc/tintwick/README.md"_s));
-    QVERIFY(findProjectPage().has_value());
+    const QString page = installProjectPage();
+    QVERIFY(projectPagePlaces().contains(page));
+    QCOMPARE(findProjectPage(), QUrl::fromLocalFile(page));
 }
 
 void SettingsScreenTest::windowRefersToThePanel()
