@@ -45,6 +45,7 @@ void Application::setUpToolkit()
     QApplication::setOrganizationName(u"Tintwick"_s);
     QApplication::setApplicationName(u"Tintwick"_s);
     QApplication::setApplicationVersion(QStringLiteral(TINTWICK_VERSION));
+    QApplication::setDesktopFileName(u"org.tintwick.Tintwick"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     // Painting uses these threads. By default each of them wakes up 30 seconds later to exit.
     QThreadPool::globalInstance()->setExpiryTimeout(threadExpiry);

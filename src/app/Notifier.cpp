@@ -23,7 +23,7 @@ void Notifier::notify(const QString& summary, const QString& body)
     QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s,
                                                        u"/org/freedesktop/Notifications"_s,
                                                        u"org.freedesktop.Notifications"_s, u"Notify"_s);
-    call << QCoreApplication::applicationName() << m_lastId << u"tintwick"_s << summary
+    call << QCoreApplication::applicationName() << m_lastId << u"org.tintwick.Tintwick"_s << summary
          << body.toHtmlEscaped() << QStringList() << QVariantMap() << expiryOfTheDesktop;
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, summary, body] {
