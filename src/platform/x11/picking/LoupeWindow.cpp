@@ -34,13 +34,17 @@ void LoupeWindow::show(const QImage& picture, QPoint topLeft)
 {
     xcb_connection_t* c = m_connection.get();
     const bool isComposited = m_reader.isComposited();
+    m_reader.loupeWillCover(QRect(topLeft, picture.size()));
     if (picture.size() != m_size || isComposited != m_isComposited) {
+        if (m_isMapped) {
+            // It grows before it moves.
+            m_reader.loupeWillCover(QRect(m_place, picture.size()));
+        }
         m_isComposited = isComposited;
         setSize(picture.size());
         cutToOutline(picture);
     }
     m_place = topLeft;
-    m_reader.loupeWillCover(QRect(m_place, m_size));
     const std::array<std::uint32_t, 2> place{static_cast<std::uint32_t>(m_place.x()),
                                              static_cast<std::uint32_t>(m_place.y())};
     if (m_isMapped) {
