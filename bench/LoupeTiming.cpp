@@ -34,13 +34,12 @@ std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connecti
 double timeToLoupe(PrivateDesktop& desktop, TintwickProcess& program, const std::function<void()>& begin,
                    double scale)
 {
-    const QRect place = loupePlace(desktop.pointer(), desktop.screen(), scale);
-    // The first frame draws the ring over another colour.
-    const QPoint onRing = place.topLeft() + QPoint(place.width() / 2, 1);
-    const QRgb before = desktop.pixel(onRing);
+    const QPoint watched = onRing(loupePlace(desktop.pointer(), desktop.screen(), scale));
+    // A compositor may still show the loupe of the last pick.
+    require(waitUntil([&] { return desktop.pixel(watched) != ringColor; }), "the last loupe stays");
     const auto start = Clock::now();
     begin();
-    while (desktop.pixel(onRing) == before) {
+    while (desktop.pixel(watched) != ringColor) {
         require(Clock::now() - start < std::chrono::seconds(5), "no loupe");
     }
     const double time = millisecondsSince(start);

@@ -4,11 +4,24 @@
 #include "support/PrivateDesktop.h"
 #include "support/TestWindow.h"
 
+#include <QPoint>
+#include <QRect>
+#include <QRgb>
+
 #include <functional>
 #include <memory>
 #include <vector>
 
 namespace tintwick {
+
+/// The colour of the ring around the loupe's lens.
+constexpr QRgb ringColor = qRgb(18, 18, 18);
+
+/// A position on the ring of a loupe at this place.
+[[nodiscard]] inline QPoint onRing(const QRect& place)
+{
+    return {place.center().x(), place.top() + 1};
+}
 
 /// Managed windows with pictures, spread over the screen.
 [[nodiscard]] std::vector<std::unique_ptr<TestWindow>> openWindows(DesktopConnection& connection,

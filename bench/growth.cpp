@@ -46,7 +46,9 @@ void printHead()
 {
     std::printf("%-50s", "shortcut to the loupe's first frame, ms (aim 16)");
     for (const auto& [screen, windows] : workloads) {
-        std::printf("%4dp,%4d windows", screen.height(), windows);
+        std::array<char, 24> column{};
+        std::snprintf(column.data(), column.size(), "%dp, %d windows", screen.height(), windows);
+        std::printf("%20s", column.data());
     }
     std::puts("");
 }
@@ -71,7 +73,7 @@ void measureFirstFrame(Compositor compositor)
     for (std::size_t row = 0; row < scales.size(); ++row) {
         std::printf("  %s, scale %-20g", nameOf(compositor), scales[row]);
         for (const double time : times[row]) {
-            std::printf("%18.1f", time);
+            std::printf("%20.1f", time);
         }
         std::puts("");
     }
@@ -82,7 +84,6 @@ void measureFirstFrame(Compositor compositor)
 void measureFlood(Compositor compositor)
 {
     constexpr int moves = 40;
-    constexpr QRgb ringColor = qRgb(18, 18, 18);
     PrivateDesktop desktop({.size = {1920, 1080}, .compositor = compositor});
     const auto picture = desktop.showPicture();
     TintwickProcess program(desktop);
@@ -92,11 +93,10 @@ void measureFlood(Compositor compositor)
     std::vector<double> times;
     for (int step = 0; step < moves; ++step) {
         const QPoint position(500 + step * 97 % 600, 400 + step * 61 % 300);
-        const QRect place = loupePlace(position, desktop.screen());
-        const QPoint onRing(place.center().x(), place.top() + 1);
+        const QPoint watched = onRing(loupePlace(position, desktop.screen()));
         const auto start = Clock::now();
         desktop.movePointer(position);
-        require(waitUntil([&] { return desktop.pixel(onRing) == ringColor; }, std::chrono::seconds(20)),
+        require(waitUntil([&] { return desktop.pixel(watched) == ringColor; }, std::chrono::seconds(20)),
                 "the loupe does not follow");
         times.push_back(millisecondsSince(start));
     }
