@@ -1,12 +1,20 @@
 #include "Preferences.h"
 
+#include "FileDescriptor.h"
+#include "PrivateFolder.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QVariant>
+#include <QLockFile>
+#include <QStandardPaths>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace tintwick {
 
@@ -51,6 +59,15 @@ int radiusOf(const QVariant& stored)
     return radius >= 1 ? radius : defaultLoupeRadius;
 }
 
+/// Creates the file and its folder for the user only, if they are missing. QSettings keeps the mode of a file. A failure
+/// shows when the file is written.
+void createPrivateFile(const QString& path)
+{
+    static_cast<void>(makePrivateFolder(QFileInfo(path).path()));
+    const FileDescriptor file(::open(QFile::encodeName(path).constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+}
+
 } // namespace
 
 ColorSchemeChoice next(ColorSchemeChoice choice)
@@ -65,20 +82,27 @@ QString storedWord(ColorSchemeChoice choice)
 }
 
 Preferences::Preferences(QObject* parent)
-    : QObject(parent)
-    , m_settings(QSettings::NativeFormat, QSettings::UserScope, u"Tintwick"_s, u"Tintwick"_s)
+    : Preferences(
+          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+              u"/Tintwick/Tintwick.conf"_s,
+          [] {
+              return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"Tintwick"_s,
+                                                 u"Tintwick"_s);
+          },
+          parent)
 {
-    start();
 }
 
 Preferences::Preferences(const QString& path, QObject* parent)
-    : QObject(parent)
-    , m_settings(path, QSettings::NativeFormat)
+    : Preferences(
+          path, [path] { return std::make_unique<QSettings>(path, QSettings::NativeFormat); }, parent)
 {
-    start();
 }
 
-void Preferences::start()
+Preferences::Preferences(QString path, Open open, QObject* parent)
+    : QObject(parent)
+    , m_path(std::move(path))
+    , m_open(std::move(open))
 {
     removeAbandonedLock();
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &Preferences::readAgain);
@@ -86,14 +110,96 @@ void Preferences::start()
     readAgain();
 }
 
+QString Preferences::folder() const
+{
+    return QFileInfo(m_path).absolutePath();
+}
+
+QVariant Preferences::storedValue(QAnyStringView key) const
+{
+    return m_settings ? m_settings->value(key) : QVariant();
+}
+
+void Preferences::setProblem(const QString& problem)
+{
+    if (m_problem != problem) {
+        m_problem = problem;
+        Q_EMIT problemChanged();
+    }
+}
+
+void Preferences::openOrClose()
+{
+    const QFileInfo file(m_path);
+    const bool isFree = !file.exists() || file.isFile();
+    if (!isFree) {
+        m_settings.reset();
+        setProblem(tr("Preferences are not saved: %1 is not a file").arg(file.fileName()));
+    } else if (!m_settings) {
+        m_settings = m_open();
+        setProblem({});
+    }
+}
+
+QString Preferences::lockPath() const
+{
+    return m_path + u".lock"_s;
+}
+
 void Preferences::removeAbandonedLock() const
 {
-    const QFileInfo lock(m_settings.fileName() + u".lock"_s);
+    const QFileInfo lock(lockPath());
     constexpr qint64 second = 1000;
-    const bool isAbandoned = lock.exists() && lock.size() == 0 &&
-                             lock.lastModified().msecsTo(QDateTime::currentDateTime()) > second;
+    // The time may be in the future, after the clock was set.
+    const bool isAbandoned = lock.isFile() && lock.size() == 0 &&
+                             std::abs(lock.lastModified().msecsTo(QDateTime::currentDateTime())) > second;
     if (isAbandoned) {
         QFile::remove(lock.filePath());
+    }
+}
+
+bool Preferences::canLock() const
+{
+    const QFileInfo file(lockPath());
+    if (!file.exists() && !file.isSymLink()) {
+        return true;
+    }
+    // Reading the owner from a pipe would wait for ever.
+    if (!file.isFile()) {
+        return false;
+    }
+    constexpr int patience = 1100; // milliseconds
+    QLockFile lock(lockPath());
+    if (!lock.tryLock(patience)) {
+        removeAbandonedLock();
+    }
+    return lock.isLocked() || !QFileInfo::exists(lockPath());
+}
+
+void Preferences::write(const std::function<void(QSettings&)>& change)
+{
+    openOrClose();
+    if (!m_settings) {
+        return;
+    }
+    if (!canLock()) {
+        setProblem(
+            tr("Preferences are not saved: another program holds %1").arg(QFileInfo(lockPath()).fileName()));
+        return;
+    }
+    createPrivateFile(m_path);
+    if (m_settings->status() == QSettings::AccessError) {
+        // The status of an earlier failure stays until the object is replaced.
+        m_settings = m_open();
+    }
+    change(*m_settings);
+    readAgain();
+    if (m_settings) {
+        const bool isWritten = m_settings->status() != QSettings::AccessError;
+        setProblem(
+            isWritten
+                ? QString()
+                : tr("Preferences are not saved: %1 cannot be written").arg(QFileInfo(m_path).fileName()));
     }
 }
 
@@ -101,8 +207,7 @@ void Preferences::removeAbandonedLock() const
 // removed or replaced; the file reports a change in place.
 void Preferences::watchFile()
 {
-    const QString path = m_settings.fileName();
-    QString folder = QFileInfo(path).absolutePath();
+    QString folder = this->folder();
     while (!QFileInfo::exists(folder)) {
         folder = QFileInfo(folder).absolutePath();
     }
@@ -115,8 +220,8 @@ void Preferences::watchFile()
     if (!others.isEmpty()) {
         m_watcher.removePaths(others);
     }
-    if (QFileInfo::exists(path)) {
-        m_watcher.addPath(path);
+    if (QFileInfo::exists(m_path)) {
+        m_watcher.addPath(m_path);
     }
 }
 
@@ -124,7 +229,10 @@ void Preferences::readAgain()
 {
     // Watches first, so that no change after the reading is missed.
     watchFile();
-    m_settings.sync();
+    openOrClose();
+    if (m_settings) {
+        m_settings->sync();
+    }
     signalChanges(std::exchange(m_values, storedValues()));
 }
 
@@ -132,16 +240,16 @@ Preferences::Values Preferences::storedValues() const
 {
     const Values defaults;
     Values values{
-        .colorScheme = valueOf(m_settings.value(colorSchemeKey), colorSchemeWords, defaults.colorScheme),
-        .loupeShape = valueOf(m_settings.value(loupeShapeKey), loupeShapeWords, defaults.loupeShape),
-        .loupeSize = valueOf(m_settings.value(loupeSizeKey), loupeSizeWords, defaults.loupeSize),
-        .loupeRadius = radiusOf(m_settings.value(loupeRadiusKey)),
-        .keyNames = valueOf(m_settings.value(keyNamesKey), keyNamesWords, defaults.keyNames),
+        .colorScheme = valueOf(storedValue(colorSchemeKey), colorSchemeWords, defaults.colorScheme),
+        .loupeShape = valueOf(storedValue(loupeShapeKey), loupeShapeWords, defaults.loupeShape),
+        .loupeSize = valueOf(storedValue(loupeSizeKey), loupeSizeWords, defaults.loupeSize),
+        .loupeRadius = radiusOf(storedValue(loupeRadiusKey)),
+        .keyNames = valueOf(storedValue(keyNamesKey), keyNamesWords, defaults.keyNames),
         .shortcutTexts = {},
     };
-    for (const QString& key : m_settings.allKeys()) {
+    for (const QString& key : m_settings ? m_settings->allKeys() : QStringList()) {
         if (key.startsWith(shortcutPrefix)) {
-            const QVariant value = m_settings.value(key);
+            const QVariant value = storedValue(key);
             values.shortcutTexts.insert(key.sliced(shortcutPrefix.size()),
                                         value.typeId() == QMetaType::QString ? value.toString() : QString());
         }
@@ -175,13 +283,12 @@ void Preferences::signalChanges(const Values& before)
 
 void Preferences::store(QAnyStringView key, const QVariant& value)
 {
-    const QVariant stored = m_settings.value(key);
+    const QVariant stored = storedValue(key);
     const bool isText = stored.typeId() == QMetaType::QString || stored.typeId() == value.typeId();
     if (isText && stored.toString() == value.toString()) {
         return;
     }
-    m_settings.setValue(key, value);
-    readAgain();
+    write([&](QSettings& settings) { settings.setValue(key, value); });
 }
 
 void Preferences::setColorScheme(ColorSchemeChoice choice)
@@ -220,9 +327,8 @@ void Preferences::setShortcutText(const QString& name, const std::optional<QStri
     const QString key = shortcutPrefix + name;
     if (text) {
         store(key, *text);
-    } else if (m_settings.contains(key)) {
-        m_settings.remove(key);
-        readAgain();
+    } else if (m_settings && m_settings->contains(key)) {
+        write([&key](QSettings& settings) { settings.remove(key); });
     }
 }
 

@@ -8,8 +8,11 @@
 #include <QObject>
 #include <QSettings>
 #include <QString>
+#include <QVariant>
 
 #include <array>
+#include <functional>
+#include <memory>
 #include <optional>
 
 namespace tintwick {
@@ -40,18 +43,22 @@ inline constexpr int defaultLoupeRadius = 7;
 /// missing there is read from the system-wide file. A value that is missing, mistyped or unknown reads as the default;
 /// an unknown value stays stored until it is set.
 ///
-/// The object holds all values: a getter reads no file. A setter writes the file before it returns. Changes that other
-/// programs make to the user's file are noticed in the event loop.
+/// The object holds all values: a getter reads no file. A setter writes the file before it returns; the folder and the file
+/// are private to the user if it creates them. Changes that other programs make to the user's file are noticed in the event
+/// loop.
 class Preferences final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Also removes an abandoned lock of the file: a program that was killed while it wrote leaves an empty one, and
-    /// the next write would wait half a minute for it. Only a lock that is older than a second counts as abandoned.
     explicit Preferences(QObject* parent = nullptr);
     /// Uses another file, without system-wide values.
     explicit Preferences(const QString& path, QObject* parent = nullptr);
+
+    /// Why a choice was not stored: one sentence for the user, empty if all is well.
+    [[nodiscard]] const QString& problem() const { return m_problem; }
+    /// The folder of the user's file.
+    [[nodiscard]] QString folder() const;
 
     [[nodiscard]] ColorSchemeChoice colorScheme() const { return m_values.colorScheme; }
     void setColorScheme(ColorSchemeChoice choice);
@@ -83,6 +90,7 @@ Q_SIGNALS:
     void loupeChanged();
     void keyNamesChanged();
     void shortcutChanged(const QString& name);
+    void problemChanged();
 
 private:
     struct Values
@@ -95,15 +103,31 @@ private:
         QMap<QString, QString> shortcutTexts;
     };
 
-    void start();
+    using Open = std::function<std::unique_ptr<QSettings>()>;
+    Preferences(QString path, Open open, QObject* parent);
+
+    [[nodiscard]] QVariant storedValue(QAnyStringView key) const;
+    /// Opens the file if it is one, or closes it. Opening anything else, such as a pipe, could wait for ever.
+    void openOrClose();
+    /// Calls `change` and writes the file, unless something prevents that.
+    void write(const std::function<void(QSettings&)>& change);
+    [[nodiscard]] QString lockPath() const;
+    /// A program that was killed while it wrote leaves an empty lock. Only one that is older than a second counts.
     void removeAbandonedLock() const;
+    /// Waits for the lock of the file for about a second, whereas QSettings waits without a limit.
+    [[nodiscard]] bool canLock() const;
+    void setProblem(const QString& problem);
     void watchFile();
     void readAgain();
     [[nodiscard]] Values storedValues() const;
     void store(QAnyStringView key, const QVariant& value);
     void signalChanges(const Values& before);
 
-    QSettings m_settings;
+    QString m_path;
+    Open m_open;
+    /// Null while something else has the file's name.
+    std::unique_ptr<QSettings> m_settings;
+    QString m_problem;
     QFileSystemWatcher m_watcher;
     Values m_values;
 };

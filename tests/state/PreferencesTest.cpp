@@ -1,7 +1,10 @@
 #include "Preferences.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -9,6 +12,8 @@
 
 #include <cstdio>
 #include <optional>
+
+#include <sys/stat.h>
 
 namespace tintwick {
 
@@ -52,6 +57,12 @@ private Q_SLOTS:
     void aGetterReadsNoFile();
     void onlyAnOldEmptyLockIsRemoved_data();
     void onlyAnOldEmptyLockIsRemoved();
+    void aLockThatStaysIsToldAfterAShortWait_data();
+    void aLockThatStaysIsToldAfterAShortWait();
+    void folderAndFileArePrivate();
+    void anythingButAFileIsNotOpened_data();
+    void anythingButAFileIsNotOpened();
+    void aFileThatCannotBeWrittenIsTold();
 
 private:
     void store(const QByteArray& lines);
@@ -437,6 +448,7 @@ void PreferencesTest::onlyAnOldEmptyLockIsRemoved_data()
     QTest::addColumn<bool>("stays");
     QTest::newRow("empty and old") << QByteArray() << 60 << false;
     QTest::newRow("empty and new") << QByteArray() << 0 << true;
+    QTest::newRow("empty and from the future") << QByteArray() << -86400 << false;
     QTest::newRow("held by a running program") << QByteArray("4711\ntintwick\nhost\n") << 60 << true;
 }
 
@@ -457,6 +469,122 @@ void PreferencesTest::onlyAnOldEmptyLockIsRemoved()
     const Preferences preferences;
     QCOMPARE(lock.exists(), stays);
     lock.remove();
+}
+
+void PreferencesTest::aLockThatStaysIsToldAfterAShortWait_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char* kind : {"held", "folder", "pipe", "unknown owner, from the future"}) {
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+    }
+}
+
+void PreferencesTest::aLockThatStaysIsToldAfterAShortWait()
+{
+    QFETCH(const QString, kind);
+    const QTemporaryDir home;
+    const QString path = home.filePath(QStringLiteral("some.conf"));
+    const QString lock = path + QStringLiteral(".lock");
+    Preferences preferences(path);
+    QLockFile held(lock);
+    if (kind == QStringLiteral("held")) {
+        QVERIFY(held.lock());
+    } else if (kind == QStringLiteral("folder")) {
+        QVERIFY(QDir().mkdir(lock));
+    } else if (kind == QStringLiteral("pipe")) {
+        QVERIFY(::mkfifo(QFile::encodeName(lock).constData(), 0600) == 0);
+    } else {
+        QFile file(lock);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("1\nother\nelsewhere\nx\ny\n") > 0 &&
+                file.flush());
+        QVERIFY(
+            file.setFileTime(QDateTime::currentDateTime().addSecs(20), QFileDevice::FileModificationTime));
+    }
+    QElapsedTimer elapsed;
+    elapsed.start();
+    const QSignalSpy problem(&preferences, &Preferences::problemChanged);
+    preferences.setLoupeRadius(4);
+    QVERIFY2(elapsed.elapsed() < 4000, qPrintable(QString::number(elapsed.elapsed())));
+    QCOMPARE(preferences.problem(),
+             QStringLiteral("Preferences are not saved: another program holds some.conf.lock"));
+    QCOMPARE(problem.count(), 1);
+    QCOMPARE(contentOf(path), QByteArray());
+
+    held.unlock();
+    QVERIFY(!QFile::exists(lock) || QFile::remove(lock) || QDir().rmdir(lock));
+    preferences.setLoupeRadius(11);
+    QCOMPARE(preferences.problem(), QString());
+    QCOMPARE(contentOf(path), QByteArray("[General]\nscopeDefaultRadius=11\n"));
+}
+
+void PreferencesTest::folderAndFileArePrivate()
+{
+    const QTemporaryDir home;
+    const mode_t mask = ::umask(0);
+    Preferences preferences(home.filePath(QStringLiteral("new/folder/some.conf")));
+    preferences.setLoupeRadius(4);
+    ::umask(mask);
+    const auto modeOf = [&](const char* name) {
+        struct stat status = {};
+        ::stat(QFile::encodeName(home.filePath(QLatin1StringView(name))).constData(), &status);
+        return status.st_mode & 07777U;
+    };
+    QCOMPARE(modeOf("new"), 0700U);
+    QCOMPARE(modeOf("new/folder"), 0700U);
+    QCOMPARE(modeOf("new/folder/some.conf"), 0600U);
+    QCOMPARE(contentOf(home.filePath(QStringLiteral("new/folder/some.conf"))),
+             QByteArray("[General]\nscopeDefaultRadius=4\n"));
+}
+
+void PreferencesTest::anythingButAFileIsNotOpened_data()
+{
+    QTest::addColumn<bool>("isFolder");
+    QTest::addColumn<bool>("isThereAtTheStart");
+    for (const bool isFolder : {true, false}) {
+        for (const bool isThereAtTheStart : {true, false}) {
+            QTest::addRow("%s, %s", isFolder ? "folder" : "pipe",
+                          isThereAtTheStart ? "at the start" : "later")
+                << isFolder << isThereAtTheStart;
+        }
+    }
+}
+
+void PreferencesTest::anythingButAFileIsNotOpened()
+{
+    QFETCH(const bool, isFolder);
+    QFETCH(const bool, isThereAtTheStart);
+    const QTemporaryDir home;
+    const QString path = home.filePath(QStringLiteral("some.conf"));
+    const auto create = [&] {
+        return isFolder ? QDir().mkdir(path) : ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
+    };
+    QVERIFY(!isThereAtTheStart || create());
+    Preferences preferences(path);
+    QVERIFY(isThereAtTheStart || create());
+    QCOMPARE(preferences.loupeRadius(), 7);
+    preferences.setLoupeRadius(4);
+    QCOMPARE(preferences.problem(), QStringLiteral("Preferences are not saved: some.conf is not a file"));
+
+    QVERIFY(isFolder ? QDir().rmdir(path) : QFile::remove(path));
+    preferences.setLoupeRadius(11);
+    QCOMPARE(preferences.problem(), QString());
+    QCOMPARE(preferences.loupeRadius(), 11);
+    QCOMPARE(contentOf(path), QByteArray("[General]\nscopeDefaultRadius=11\n"));
+}
+
+void PreferencesTest::aFileThatCannotBeWrittenIsTold()
+{
+    const QTemporaryDir home;
+    // A file in the place of the folder; permissions do not restrict root.
+    const QString folder = home.filePath(QStringLiteral("folder"));
+    QVERIFY(QFile(folder).open(QIODevice::WriteOnly));
+    Preferences preferences(folder + QStringLiteral("/some.conf"));
+    preferences.setLoupeRadius(4);
+    QCOMPARE(preferences.problem(), QStringLiteral("Preferences are not saved: some.conf cannot be written"));
+    QVERIFY(QFile::remove(folder));
+    preferences.setLoupeRadius(11);
+    QCOMPARE(preferences.problem(), QString());
+    QCOMPARE(Preferences(folder + QStringLiteral("/some.conf")).loupeRadius(), 11);
 }
 
 } // namespace tintwick

@@ -87,6 +87,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
     connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
     connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
+    connect(&m_preferences, &Preferences::problemChanged, this, &PanelView::updateNotice);
     connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
 
@@ -207,13 +208,20 @@ Notice PanelView::currentNotice()
     if (!m_passingNotice.isEmpty()) {
         return {.sentence = m_passingNotice, .buttonTitle = {}, .action = {}};
     }
-    const QString sentence = tellsOfUnreadableFile()
-                                 ? tr("Your saved colors could not be read. Their file is kept.")
-                                 : m_appState.saveProblem();
-    if (sentence.isEmpty()) {
-        return {};
+    const auto withFolder = [this](const QString& sentence, const QString& folder) {
+        return Notice{sentence, tr("Show Folder"), [this, folder] { showFolder(folder); }};
+    };
+    if (tellsOfUnreadableFile()) {
+        return withFolder(tr("Your saved colors could not be read. Their file is kept."),
+                          m_appState.dataFolder());
     }
-    return {.sentence = sentence, .buttonTitle = tr("Show Folder"), .action = [this] { showDataFolder(); }};
+    if (!m_appState.saveProblem().isEmpty()) {
+        return withFolder(m_appState.saveProblem(), m_appState.dataFolder());
+    }
+    if (!m_preferences.problem().isEmpty()) {
+        return withFolder(m_preferences.problem(), m_preferences.folder());
+    }
+    return {};
 }
 
 void PanelView::updateNotice()
@@ -221,9 +229,8 @@ void PanelView::updateNotice()
     m_notice->showNotice(currentNotice());
 }
 
-void PanelView::showDataFolder()
+void PanelView::showFolder(const QString& folder)
 {
-    const QString folder = m_appState.dataFolder();
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) {
         showNotice(tr("The folder is %1").arg(folder));
     }

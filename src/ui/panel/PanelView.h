@@ -46,7 +46,7 @@ public:
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
     /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
-    /// the view tells there that the data file was unreadable, until the panel is hidden, and why the data is not saved.
+    /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
     void showNotice(const QString& sentence);
 
     /// The keys of the shortcut that picks, as they are shown and as a screen reader says them; empty when there is none.
@@ -96,7 +96,7 @@ private:
     [[nodiscard]] bool tellsOfUnreadableFile() const;
     [[nodiscard]] Notice currentNotice();
     void updateNotice();
-    void showDataFolder();
+    void showFolder(const QString& folder);
 
     /// Leaves the settings, or the screen that was opened from the dashboard.
     void goBack();
