@@ -10,10 +10,13 @@
 #include <QFileInfo>
 #include <QPalette>
 #include <QScreen>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QWidget>
 
 #include <utility>
+
+#include <malloc.h>
 
 namespace tintwick {
 
@@ -22,6 +25,26 @@ namespace {
 using namespace Qt::StringLiterals;
 
 QString lastFolder;
+
+/// Keeps the toolkit's save dialog from storing which folders the user has visited ("QtProject.conf"), which it does in its
+/// destructor, and from reading it. Settings that exist already keep their file.
+class NoToolkitRecords final
+{
+public:
+    NoToolkitRecords() { setFolder(u"/dev/null"_s); }
+    ~NoToolkitRecords()
+    {
+        setFolder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+    }
+    NoToolkitRecords(const NoToolkitRecords&) = delete;
+    NoToolkitRecords& operator=(const NoToolkitRecords&) = delete;
+
+private:
+    static void setFolder(const QString& path)
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
+    }
+};
 
 /// The folder that a dialog shows first.
 QString firstFolder()
@@ -69,6 +92,12 @@ SaveRequest::SaveRequest(QByteArray data, QString suggestedName, ContentType con
 
 SaveRequest::~SaveRequest()
 {
+    if (m_dialog) {
+        const NoToolkitRecords noRecords;
+        m_dialog.reset();
+        // A dialog takes some megabytes, most of which the allocator would keep.
+        ::malloc_trim(0);
+    }
     OpenSaveRequests::shared().remove();
 }
 
@@ -103,6 +132,7 @@ void SaveRequest::askPortal(const QString& title)
 void SaveRequest::askToolkit()
 {
     const QWidget* view = focusedView();
+    const NoToolkitRecords noRecords;
     m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName,
                                             [this](const QString& path) { return write(path); });
     if (view) {

@@ -1,17 +1,22 @@
 #include "SaveDialog.h"
 
 #include "ContentType.h"
+#include "SaveRequest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCompleter>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPixmapCache>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -55,11 +60,28 @@ QColor backgroundOf(const QWidget& widget)
     return widget.palette().color(QPalette::Window);
 }
 
+/// The visible dialog, or null.
+SaveDialog* openDialog()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<SaveDialog*>(window); dialog && dialog->isVisible()) {
+            return dialog;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 class SaveDialogTest final : public QObject
 {
     Q_OBJECT
+
+public:
+    explicit SaveDialogTest(const QString& configHome)
+        : m_configHome(configHome)
+    {
+    }
 
 private Q_SLOTS:
     void theConfirmationHasTheDialogPalette();
@@ -68,6 +90,11 @@ private Q_SLOTS:
     void otherWindowsKeepTheirPalette();
     void aFailedWriteKeepsTheDialogOpenAndShowsTheReason();
     void theDialogCanBeCancelledAfterAFailedWrite();
+    void manyDialogsLeaveNoMemoryBehind();
+    void theToolkitKeepsNoRecordOfFolders();
+
+private:
+    QString m_configHome;
 };
 
 void SaveDialogTest::theConfirmationHasTheDialogPalette()
@@ -158,5 +185,60 @@ void SaveDialogTest::theDialogCanBeCancelledAfterAFailedWrite()
     QCOMPARE(finished.first().first().toInt(), static_cast<int>(QDialog::Rejected));
 }
 
-QTEST_MAIN(SaveDialogTest)
+void SaveDialogTest::manyDialogsLeaveNoMemoryBehind()
+{
+    // Memory of the process's own, without the pages of libraries and caches that the kernel shares.
+    const auto ownMegabytes = [] {
+        QFile file(u"/proc/self/status"_s);
+        const QByteArray status = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        const QByteArray kilobytes = status.mid(status.indexOf("RssAnon:")).simplified().split(' ').value(1);
+        return kilobytes.toDouble() / 1024;
+    };
+    // As in the program.
+    QPixmapCache::setCacheLimit(0);
+    const double before = ownMegabytes();
+    QVERIFY(before > 0);
+    for (int i = 0; i < 200; ++i) {
+        const QPointer<SaveRequest> request =
+            new SaveRequest("text", u"a.css"_s, ContentType{u"CSS"_s, u"css"_s}, {});
+        request->begin();
+        QTRY_VERIFY(openDialog());
+        openDialog()->reject();
+        QTRY_VERIFY(!request);
+    }
+    const double more = ownMegabytes() - before;
+    QVERIFY2(more < 4, qPrintable(QString::number(more)));
+}
+
+void SaveDialogTest::theToolkitKeepsNoRecordOfFolders()
+{
+    const QTemporaryDir folder;
+    // Dialogs of other tests, which no request has made.
+    QFile::remove(m_configHome + u"/QtProject.conf"_s);
+    const QString before = QSettings(u"Tintwick"_s, u"Tintwick"_s).fileName();
+    const QPointer<SaveRequest> request =
+        new SaveRequest("text", u"a.css"_s, ContentType{u"CSS"_s, u"css"_s}, {});
+    request->begin();
+    QTRY_VERIFY(openDialog());
+    openDialog()->setDirectory(folder.path());
+    openDialog()->findChild<QLineEdit*>()->setText(folder.filePath(u"a.css"_s));
+    static_cast<QDialog*>(openDialog())->accept();
+    QTRY_VERIFY(!request);
+    QVERIFY(QFile::exists(folder.filePath(u"a.css"_s)));
+    QCOMPARE(QDir(m_configHome).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList());
+    // Our own preferences keep their place.
+    QCOMPARE(QSettings(u"Tintwick"_s, u"Tintwick"_s).fileName(), before);
+}
+
+int main(int argc, char** argv)
+{
+    // Without a bus the toolkit's dialog is used.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QApplication application(argc, argv);
+    SaveDialogTest test(home.path());
+    return QTest::qExec(&test, argc, argv);
+}
 #include "SaveDialogTest.moc"
