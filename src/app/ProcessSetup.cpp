@@ -1,16 +1,24 @@
 #include "ProcessSetup.h"
 
+#include "FileDescriptor.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
+#include <iterator>
 #include <vector>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <pwd.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace tintwick {
@@ -20,6 +28,8 @@ namespace {
 constexpr std::array folderVariables{"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME",
                                      "XDG_RUNTIME_DIR"};
 constexpr std::array folderListVariables{"XDG_DATA_DIRS", "XDG_CONFIG_DIRS"};
+
+constexpr auto* busVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 void openStandardDescriptors()
 {
@@ -56,6 +66,51 @@ QByteArray homeOfUser()
     return found != nullptr ? QByteArray(found->pw_dir) : QByteArray();
 }
 
+/// The path of the session bus's socket, with a zero in front of an abstract one. Empty when the bus is reached in
+/// another way, or there is none.
+QByteArray busSocket()
+{
+    const QByteArray address = qgetenv(busVariable);
+    if (address.isEmpty()) {
+        return qgetenv("XDG_RUNTIME_DIR") + "/bus";
+    }
+    for (const QByteArray& part : address.split(';').first().split(',')) {
+        if (part.startsWith("unix:path=")) {
+            return QByteArray::fromPercentEncoding(part.mid(qstrlen("unix:path=")));
+        }
+        if (part.startsWith("unix:abstract=")) {
+            return '\0' + QByteArray::fromPercentEncoding(part.mid(qstrlen("unix:abstract=")));
+        }
+    }
+    return {};
+}
+
+/// Whether the session bus replies to the start of the login. True for a bus that is not there, which the toolkit
+/// notices at once.
+bool sessionBusAnswers()
+{
+    constexpr int patience = 800; // milliseconds
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = busSocket();
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (path.isEmpty() || static_cast<std::size_t>(path.size()) >= sizeof address.sun_path ||
+        !socket.isOpen()) {
+        return true;
+    }
+    std::copy(path.cbegin(), path.cend(), std::begin(address.sun_path));
+    const auto size =
+        static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + static_cast<std::size_t>(path.size()));
+    if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), size) != 0) {
+        // A full queue of connections is that of a bus which accepts none.
+        return errno != EAGAIN;
+    }
+    const QByteArray login = '\0' + ("AUTH EXTERNAL " + QByteArray::number(::getuid()).toHex() + "\r\n");
+    ::send(socket.get(), login.constData(), static_cast<std::size_t>(login.size()), MSG_NOSIGNAL);
+    pollfd answer{socket.get(), POLLIN, 0};
+    return ::poll(&answer, 1, patience) > 0;
+}
+
 } // namespace
 
 void correctUserFolders()
@@ -82,6 +137,9 @@ void setUpProcess()
     openStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     correctUserFolders();
+    if (!sessionBusAnswers()) {
+        qputenv(busVariable, "disabled:");
+    }
 }
 
 } // namespace tintwick

@@ -10,6 +10,7 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QTest>
@@ -299,6 +300,7 @@ private Q_SLOTS:
     void aClickInThePortalsDialogDoesNotHideThePanel();
     void withoutAWorkingPortalTheToolkitsDialogIsShown_data();
     void withoutAWorkingPortalTheToolkitsDialogIsShown();
+    void aFrozenBusDelaysTheToolkitsDialogByLessThanASecond();
     void thePortalGetsTheLastFolder();
     void quittingClosesThePortalsDialog();
 };
@@ -642,6 +644,24 @@ void ExportTest::withoutAWorkingPortalTheToolkitsDialogIsShown()
     QVERIFY(desk.waitForDialogs(0));
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"palette.json"_s)) == json; }));
     QVERIFY(!QFile::exists(desk.home(u"late.json"_s)));
+}
+
+void ExportTest::aFrozenBusDelaysTheToolkitsDialogByLessThanASecond()
+{
+    Desk desk(true);
+    QVERIFY(desk.openPanel());
+    desk.desktop.freezeSessionBus();
+    QVERIFY(desk.choose(Export::Json));
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QVERIFY(desk.waitForDialogs(1));
+    QVERIFY2(elapsed.elapsed() < 3000, qPrintable(QString::number(elapsed.elapsed())));
+    desk.desktop.typeKey(XK_Return);
+    QVERIFY(desk.waitForDialogs(0));
+    QVERIFY(waitUntil([&] { return contentOf(desk.home(u"palette.json"_s)) == json; }));
+    QVERIFY(desk.program.openMenu());
+    desk.program.chooseQuit();
+    QCOMPARE(desk.program.process().waitForEnd(), std::optional(0));
 }
 
 void ExportTest::thePortalGetsTheLastFolder()

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void keysZoom();
     void everyPickStartsWithTheDefaultZoom();
     void aTextCopiedElsewhereDuringThePickIsReplaced();
+    void aFrozenSessionBusDelaysNoPick();
     void quitEndsTheProgramWithSuccess();
     void unsupportedDesktopsAreReportedInOneLine_data();
     void unsupportedDesktopsAreReportedInOneLine();
@@ -342,6 +344,24 @@ void OutcomeTest::aTextCopiedElsewhereDuringThePickIsReplaced()
     desktop.click();
     QVERIFY(program.waitForPickToEnd());
     QVERIFY(program.waitForClipboard(hexText(patternPixel(middle.x(), middle.y()))));
+}
+
+void OutcomeTest::aFrozenSessionBusDelaysNoPick()
+{
+    PrivateDesktop desktop({.sessionBus = true});
+    desktop.freezeSessionBus();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    QVERIFY2(elapsed.elapsed() < 3000, qPrintable(QString::number(elapsed.elapsed())));
+    QVERIFY(program.startPicking());
+    desktop.movePointer(middle);
+    desktop.click();
+    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(program.openMenu());
+    program.chooseQuit();
+    QCOMPARE(program.process().waitForEnd(), std::optional<int>(0));
 }
 
 void OutcomeTest::quitEndsTheProgramWithSuccess()

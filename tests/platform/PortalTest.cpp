@@ -135,8 +135,11 @@ void PortalTest::withoutTheServiceThereAreNoPreferences()
     const DesktopSettings settings;
     // The portal may start later.
     QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
-    SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
-    QTRY_COMPARE(settings.prefersDark(), std::optional(true));
+    // The settings subscribe when the bus has answered.
+    QVERIFY(QTest::qWaitFor([&] {
+        SettingsPortal::report(bus, u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
+        return settings.prefersDark() == true;
+    }));
 }
 
 void PortalTest::withoutTheServiceTheFileChooserIsUnavailable()

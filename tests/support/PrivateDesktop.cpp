@@ -11,6 +11,7 @@
 #include <xcb/xtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <stdexcept>
 
 namespace tintwick {
@@ -30,7 +31,7 @@ PrivateDesktop::PrivateDesktop(const Options& options)
     : m_options(options)
 {
     require(m_folder.isValid(), "no temporary folder");
-    for (const auto* name : {"data", "config", "cache", "runtime"}) {
+    for (const auto* name : {"data", "config", "cache", "runtime", "tmp"}) {
         const QString path = m_folder.filePath(QString::fromLatin1(name));
         require(QDir().mkpath(path), "no folder for the private desktop");
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -42,6 +43,9 @@ PrivateDesktop::PrivateDesktop(const Options& options)
 PrivateDesktop::~PrivateDesktop()
 {
     m_connection.reset();
+    if (m_busProcess != 0) {
+        ::kill(m_busProcess, SIGCONT);
+    }
     // End the server last: the other programs would print errors when their connection breaks.
     while (!m_programs.empty()) {
         m_programs.pop_back();
@@ -104,6 +108,7 @@ void PrivateDesktop::startHelpers()
         require(waitUntil([&] { return bus.standardOutput().endsWith('\n'); }),
                 "dbus-daemon does not come up");
         m_busAddress = bus.standardOutput().trimmed();
+        m_busProcess = static_cast<pid_t>(bus.processId());
     }
     if (m_options.windowManager) {
         m_programs.push_back(start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}));
@@ -203,6 +208,7 @@ QProcessEnvironment PrivateDesktop::environment() const
     set("XDG_DATA_HOME", dataHome());
     set("XDG_CONFIG_HOME", configHome());
     set("XDG_CACHE_HOME", m_folder.filePath(QStringLiteral("cache")));
+    set("TMPDIR", m_folder.filePath(QStringLiteral("tmp")));
     set("XDG_RUNTIME_DIR", m_folder.filePath(QStringLiteral("runtime")));
     // Without an address some programs would search for a bus, or start one.
     set("DBUS_SESSION_BUS_ADDRESS",
@@ -217,6 +223,11 @@ std::unique_ptr<RunningProgram> PrivateDesktop::start(const QString& program, co
     QProcessEnvironment all = environment();
     all.insert(additions);
     return std::make_unique<RunningProgram>(program, arguments, all, m_folder.path());
+}
+
+void PrivateDesktop::freezeSessionBus() const
+{
+    ::kill(m_busProcess, SIGSTOP);
 }
 
 QByteArray PrivateDesktop::clipboard()

@@ -22,6 +22,8 @@
 #include <utility>
 #include <vector>
 
+#include <sys/types.h>
+
 namespace tintwick {
 
 /// A headless desktop: an X server, and on request a window manager, a compositor, a tray and a bus. It has its own
@@ -69,6 +71,8 @@ public:
     [[nodiscard]] std::unique_ptr<RunningProgram> start(const QString& program,
                                                         const QStringList& arguments = {},
                                                         const QProcessEnvironment& additions = {});
+    /// Stops the session bus, so that it takes no message, until the desktop ends.
+    void freezeSessionBus() const;
     /// The clipboard text that another program reads; empty when there is none.
     [[nodiscard]] QByteArray clipboard();
     /// Lets another program own the clipboard with this text, and waits until it does.
@@ -119,6 +123,7 @@ private:
     QTemporaryDir m_folder;
     QByteArray m_display;
     QByteArray m_busAddress;
+    pid_t m_busProcess = 0;
     std::vector<std::unique_ptr<RunningProgram>> m_programs;
     std::unique_ptr<DesktopConnection> m_connection;
 };

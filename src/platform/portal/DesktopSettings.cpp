@@ -1,6 +1,7 @@
 #include "DesktopSettings.h"
 
 #include "Portal.h"
+#include "SessionBus.h"
 #include "SettingsProxy.h"
 
 #include <QDBusConnection>
@@ -28,12 +29,20 @@ enum PortalColorScheme : unsigned { NoPreference = 0, PreferDark = 1, PreferLigh
 DesktopSettings::DesktopSettings(QObject* parent)
     : QObject(parent)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
+    if (!QDBusConnection::sessionBus().isConnected()) {
         return;
     }
+    askSessionBus(*this, [this](bool works) {
+        if (works) {
+            askPortal();
+        }
+    });
+}
+
+void DesktopSettings::askPortal()
+{
     qDBusRegisterMetaType<SettingsByNamespace>();
-    auto* proxy = new SettingsProxy(portal::service, portal::path, bus, this);
+    auto* proxy = new SettingsProxy(portal::service, portal::path, QDBusConnection::sessionBus(), this);
     connect(proxy, &SettingsProxy::SettingChanged, this, &DesktopSettings::takeChange);
     auto* call = new QDBusPendingCallWatcher(
         proxy->ReadAll({appearanceSpace, gnomeSpace, gnomeAccessibilitySpace, kdeSpace}), this);

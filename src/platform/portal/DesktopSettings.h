@@ -33,6 +33,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void askPortal();
     void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
     void takeAll(QDBusPendingCallWatcher* call);
 

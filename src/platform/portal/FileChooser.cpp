@@ -96,7 +96,7 @@ FileChooser::FileChooser(QObject* parent)
 
 void FileChooser::saveFile(const Question& question)
 {
-    send([&question](const QString& token) {
+    send([question](const QString& token) {
         FileChooserProxy proxy(portal::service, portal::path, QDBusConnection::sessionBus());
         return proxy.SaveFile(question.parentWindow, question.title, optionsFor(question, token));
     });

@@ -2,6 +2,7 @@
 
 #include "Portal.h"
 #include "RequestProxy.h"
+#include "SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -42,17 +43,30 @@ PortalRequest::PortalRequest(QObject* parent)
 PortalRequest::~PortalRequest()
 {
     if (!m_hasEnded && !m_handle.isEmpty()) {
-        RequestProxy(portal::service, m_handle, QDBusConnection::sessionBus()).Close();
+        // The constructor of a proxy would wait for a bus that does not answer.
+        QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+            portal::service, m_handle, QLatin1StringView(RequestProxy::staticInterfaceName()), u"Close"_s));
     }
 }
 
 void PortalRequest::send(const Call& call)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
+    if (!QDBusConnection::sessionBus().isConnected()) {
         giveUp();
         return;
     }
+    askSessionBus(*this, [this, call](bool works) {
+        if (works) {
+            sendNow(call);
+        } else {
+            giveUp();
+        }
+    });
+}
+
+void PortalRequest::sendNow(const Call& call)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
     auto* watcher =
         new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::giveUp);

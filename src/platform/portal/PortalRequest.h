@@ -30,7 +30,8 @@ protected:
     explicit PortalRequest(QObject* parent);
 
     using Call = std::function<QDBusPendingReply<QDBusObjectPath>(const QString& token)>;
-    /// Subscribes to the answer, then makes the call. The token is for the call's option "handle_token".
+    /// Subscribes to the answer, then makes the call, from the event loop. The token is for the call's option
+    /// "handle_token".
     void send(const Call& call);
 
     /// Called with the answer; not a success when the user has cancelled or the portal has given up.
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void takeResponse(const QDBusMessage& message);
 
 private:
+    void sendNow(const Call& call);
     void takeHandle(QDBusPendingCallWatcher* call);
     void giveUp();
     /// False when the request has ended before.
