@@ -78,8 +78,8 @@ class SaveDialogTest final : public QObject
     Q_OBJECT
 
 public:
-    explicit SaveDialogTest(const QString& configHome)
-        : m_configHome(configHome)
+    explicit SaveDialogTest(QString configHome)
+        : m_configHome(std::move(configHome))
     {
     }
 

@@ -75,6 +75,8 @@ int openFile(const char* name, const char* path, int flags, mode_t mode)
 
 } // namespace
 
+// The C library declares these with reserved names.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 int open(const char* path, int flags, ...)
@@ -124,3 +126,4 @@ int fallocate(int descriptor, int mode, off_t offset, off_t length)
 }
 
 } // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
