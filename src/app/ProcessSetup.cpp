@@ -132,14 +132,18 @@ void correctUserFolders()
     }
 }
 
+void ignoreSilentSessionBus()
+{
+    if (!sessionBusAnswers()) {
+        qputenv(busVariable, "disabled:");
+    }
+}
+
 void setUpProcess()
 {
     openStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     correctUserFolders();
-    if (!sessionBusAnswers()) {
-        qputenv(busVariable, "disabled:");
-    }
 }
 
 } // namespace tintwick

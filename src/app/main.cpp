@@ -51,6 +51,7 @@ std::unique_ptr<Platform> connectToDesktop()
 /// Starts the program, or hands the command over to the one that runs.
 int start(int argc, char** argv, const Invocation& invocation)
 {
+    ignoreSilentSessionBus();
     std::unique_ptr<Platform> platform = connectToDesktop();
     if (!platform) {
         return EXIT_FAILURE;
@@ -91,6 +92,7 @@ int pick(int argc, char** argv, const Invocation& invocation)
                               .format = invocation.format ? rawValue(*invocation.format) : QString(),
                               .copies = invocation.copies,
                               .saves = invocation.saves};
+    ignoreSilentSessionBus();
     {
         // Starts much faster than the toolkit.
         const QCoreApplication core(argc, argv);
@@ -109,6 +111,7 @@ int pick(int argc, char** argv, const Invocation& invocation)
 
 int quit(int argc, char** argv)
 {
+    ignoreSilentSessionBus();
     const QCoreApplication core(argc, argv);
     const RunningInstance running;
     return !running.isThere() || running.activateAction(u"quit"_s) ? EXIT_SUCCESS : EXIT_FAILURE;
