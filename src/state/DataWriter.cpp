@@ -1,8 +1,29 @@
 #include "DataWriter.h"
 
+#include <cstdlib>
 #include <utility>
+#include <vector>
 
 namespace tintwick {
+
+namespace {
+
+/// The writers whose threads have started.
+std::vector<DataWriter*>& startedWriters()
+{
+    static std::vector<DataWriter*> writers;
+    return writers;
+}
+
+// The toolkit calls exit() when the display ends, and no destructor of ours runs.
+void finishWrites()
+{
+    for (DataWriter* writer : startedWriters()) {
+        writer->waitUntilIdle();
+    }
+}
+
+} // namespace
 
 DataWriter::DataWriter(QObject* parent)
     : QObject(parent)
@@ -18,6 +39,7 @@ DataWriter::~DataWriter()
     m_changed.notify_all();
     if (m_thread.joinable()) {
         m_thread.join();
+        std::erase(startedWriters(), this);
     }
 }
 
@@ -36,7 +58,9 @@ void DataWriter::write(const Payload& payload)
         m_waiting = payload;
     }
     if (!m_thread.joinable()) {
+        startedWriters().push_back(this);
         m_thread = std::thread([this] { run(); });
+        [[maybe_unused]] static const int registered = std::atexit(finishWrites);
     }
     m_changed.notify_all();
 }

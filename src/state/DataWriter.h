@@ -14,7 +14,8 @@
 namespace tintwick {
 
 /// Saves the user's data in a thread of its own, so that a slow disk delays nobody. The thread starts with the first
-/// write and sleeps between writes. The member functions are for the owner's thread.
+/// write and sleeps between writes. The member functions are for the owner's thread, which is the main thread. An exit()
+/// of the process waits for the writes.
 ///
 /// A data file that was not read is not replaced: before each save it is read again. When that succeeds, nothing is saved;
 /// the owner takes the stored data, adds its own and writes both. A file that cannot be decoded is moved aside.

@@ -166,6 +166,7 @@ private Q_SLOTS:
     void anUnreadableFileIsKeptAndItsFolderShown();
     void aSignalEndsTheProgramAsQuitDoes_data();
     void aSignalEndsTheProgramAsQuitDoes();
+    void theEndOfTheDisplayLosesNothing();
     void aClosedStandardOutputIsNoReasonToEnd_data();
     void aClosedStandardOutputIsNoReasonToEnd();
 };
@@ -280,6 +281,17 @@ void DiskTest::aSignalEndsTheProgramAsQuitDoes()
     QCOMPARE(disk.program->process().waitForEnd(), std::optional(0));
     QCOMPARE(disk.storedColors(), 1);
     QCOMPARE(disk.program->process().standardError(), QByteArray());
+}
+
+void DiskTest::theEndOfTheDisplayLosesNothing()
+{
+    FaultyDisk disk("sync-delay 1000");
+    disk.start();
+    QVERIFY(disk.pick());
+    QCOMPARE(disk.storedColors(), 0);
+    disk.desktop.endServer();
+    QVERIFY(disk.program->process().waitForEnd().has_value());
+    QCOMPARE(disk.storedColors(), 1);
 }
 
 void DiskTest::aClosedStandardOutputIsNoReasonToEnd_data()

@@ -225,6 +225,12 @@ std::unique_ptr<RunningProgram> PrivateDesktop::start(const QString& program, co
     return std::make_unique<RunningProgram>(program, arguments, all, m_folder.path());
 }
 
+void PrivateDesktop::endServer()
+{
+    // Its destructor lets the server remove its socket and lock.
+    m_programs.erase(m_programs.begin());
+}
+
 void PrivateDesktop::freezeSessionBus() const
 {
     ::kill(m_busProcess, SIGSTOP);

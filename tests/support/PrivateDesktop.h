@@ -71,6 +71,8 @@ public:
     [[nodiscard]] std::unique_ptr<RunningProgram> start(const QString& program,
                                                         const QStringList& arguments = {},
                                                         const QProcessEnvironment& additions = {});
+    /// Ends the X server. Only programs that need no display can be used afterwards.
+    void endServer();
     /// Stops the session bus, so that it takes no message, until the desktop ends.
     void freezeSessionBus() const;
     /// The clipboard text that another program reads; empty when there is none.
