@@ -43,6 +43,8 @@ private Q_SLOTS:
     void aCopyWithOtherDataReportsTheTakenShortcutAndRuns();
     void theShortcutWorksOnceItsHolderIsGone_data();
     void theShortcutWorksOnceItsHolderIsGone();
+    void aShortcutEditedInTheFileIsTakenAndTheOldOneGivenBack_data();
+    void aShortcutEditedInTheFileIsTakenAndTheOldOneGivenBack();
     void theShortcutKeepsItsKeyInEveryLayout_data();
     void theShortcutKeepsItsKeyInEveryLayout();
     void theShortcutFollowsAltToAnotherModifier();
@@ -622,6 +624,36 @@ void GlobalShortcutTest::theShortcutWorksOnceItsHolderIsGone()
     scene.pressAndRelease(altShiftCKeys);
     QVERIFY(scene.waitForLoupe(program));
     QCOMPARE(program.process().standardOutput(), altShiftCRefused);
+}
+
+void GlobalShortcutTest::aShortcutEditedInTheFileIsTakenAndTheOldOneGivenBack_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<bool>("replacesTheFile");
+    const QByteArray altShiftV = R"(="{\"carbonKeyCode\":9,\"carbonModifiers\":2560}")";
+    QTest::newRow("in place") << altShiftV << false;
+    QTest::newRow("by another file") << altShiftV << true;
+    QTest::newRow("with spaces") << QByteArray(R"( = "{ \"carbonKeyCode\": 9, \"carbonModifiers\": 2560 }")")
+                                 << false;
+}
+
+void GlobalShortcutTest::aShortcutEditedInTheFileIsTakenAndTheOldOneGivenBack()
+{
+    QFETCH(const QByteArray, line);
+    QFETCH(const bool, replacesTheFile);
+    constexpr KeyCombination altShiftV{KEY_V, alt | shift};
+    Scene scene;
+    QVERIFY(scene.store(Scene::preferencesWith('"' + altShiftCStored + '"')));
+    TintwickProcess program(scene.desktop);
+    QVERIFY(scene.waitUntilHeld(altShiftC));
+    if (replacesTheFile) {
+        QVERIFY(QFile::remove(scene.preferencesFile()));
+    }
+    QVERIFY(scene.store("[General]\nKeyboardShortcuts_activatePicker" + line + '\n'));
+    QVERIFY(scene.waitUntilHeld(altShiftV));
+    QVERIFY(scene.waitUntilFree(altShiftC));
+    scene.pressAndRelease({KEY_LEFTALT, KEY_LEFTSHIFT, KEY_V});
+    QVERIFY(scene.waitForLoupe(program));
 }
 
 void GlobalShortcutTest::theShortcutKeepsItsKeyInEveryLayout_data()

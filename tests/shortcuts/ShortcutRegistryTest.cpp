@@ -403,6 +403,30 @@ private Q_SLOTS:
         QCOMPARE(registry.text(picker), QStringLiteral("⌘C"));
     }
 
+    void aShortcutOfASystemWideFileCanBeRemoved()
+    {
+        const QTemporaryDir user;
+        const QTemporaryDir system;
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, user.path());
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, system.path());
+        {
+            QSettings file(system.filePath(QStringLiteral("Tintwick/Tintwick.conf")),
+                           QSettings::NativeFormat);
+            file.setValue(panelKey, storedSuperC);
+        }
+        Preferences preferences;
+        ScriptedGlobalShortcuts desktop;
+        const ScriptedKeyboardLayout layout;
+        ShortcutRegistry registry(desktop, layout, preferences);
+        registry.start();
+        QCOMPARE(registry.shortcut(panel), std::optional(superC));
+        registry.setShortcut(panel, std::nullopt);
+        QCOMPARE(registry.shortcut(panel), std::nullopt);
+        QVERIFY(desktop.journal.contains(QStringLiteral("unbind openMainWindow")));
+        QCOMPARE(Preferences().shortcutText(QStringLiteral("openMainWindow")),
+                 std::optional(QStringLiteral("false")));
+    }
+
     void combinationsOfOtherProgramsAreTaken()
     {
         const QTemporaryDir folder;

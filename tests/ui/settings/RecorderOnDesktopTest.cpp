@@ -334,6 +334,19 @@ private Q_SLOTS:
         QTRY_VERIFY(scene.keyboardIsFree());
     }
 
+    void aClickOnePixelBesideTheFieldDoesNotEndRecording()
+    {
+        Scene scene;
+        scene.panel.setFocusPolicy(Qt::ClickFocus);
+        QVERIFY(scene.startByClick());
+        scene.click(QPoint(99, 52));
+        scene.keyboard.tap(KEY_C);
+        QTRY_COMPARE(scene.recorder->message(), u"This key needs Ctrl, Alt or Super"_s);
+        QVERIFY(scene.recorder->isRecording());
+        scene.click(QPoint(96, 52));
+        QTRY_VERIFY(!scene.recorder->isRecording());
+    }
+
     // This test is the last, because the window manager takes its keys again after a change of the keymap.
     void theTextFollowsTheLayout()
     {
