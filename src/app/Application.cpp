@@ -89,6 +89,7 @@ void Application::prepareLater()
 void Application::setupTrayIcon()
 {
     connect(&m_trayIcon, &TrayIcon::clicked, this, &Application::togglePanel);
+    connect(&m_trayIcon, &TrayIcon::panelRequested, this, &Application::openPanel);
     connect(&m_trayIcon, &TrayIcon::pickRequested, this, &Application::pick);
     connect(&m_trayIcon, &TrayIcon::settingsRequested, this, &Application::openSettingsWindow);
     connect(&m_trayIcon, &TrayIcon::menuAboutToShow, this, [this] {

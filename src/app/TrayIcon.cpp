@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QEvent>
 #include <QIcon>
 #include <QKeyEvent>
@@ -38,7 +39,8 @@ QIcon trayIcon(const QColor& color)
 
 TrayIcon::TrayIcon(QObject* parent)
     : QObject(parent)
-    , m_icon(trayIcon(tint))
+    , m_open(tr("Open Tintwick"))
+    , m_item(u"Tintwick"_s)
 {
     m_pick = m_menu.addAction(QString());
     setPickKeys({}, {});
@@ -58,22 +60,66 @@ TrayIcon::TrayIcon(QObject* parent)
     connect(&m_menu, &QMenu::aboutToShow, this, &TrayIcon::menuAboutToShow);
     m_menu.installEventFilter(this);
 
-    m_icon.setToolTip(u"Tintwick"_s);
-    m_icon.setContextMenu(&m_menu);
-    connect(&m_icon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        watchIconWindow();
-        // The second of two quick clicks arrives as a double click.
-        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
-            Q_EMIT clicked();
-        }
-    });
+    m_item.setIcon(trayIcon(tint));
+    connect(&m_item, &StatusNotifierItem::hostChanged, this, &TrayIcon::changeTray);
+    connect(&m_item, &StatusNotifierItem::activated, this, &TrayIcon::clicked);
+    connect(&m_item, &StatusNotifierItem::menuRequested, this, [this] { m_menu.popup(QCursor::pos()); });
+    connect(&m_open, &QAction::triggered, this, &TrayIcon::panelRequested);
+    m_separator.setSeparator(true);
+    m_item.setMenu(QList{&m_open, &m_separator} + m_menu.actions());
+}
+
+void TrayIcon::changeTray()
+{
+    if (!m_item.hasHost() && !m_embedded) {
+        embed();
+    } else if (m_embedded) {
+        m_embedded->setVisible(!m_item.hasHost());
+    }
+}
+
+void TrayIcon::embed()
+{
+    m_embedded = std::make_unique<QSystemTrayIcon>(icon());
+    m_embedded->setToolTip(m_item.title());
+    m_embedded->setContextMenu(&m_menu);
+    connect(m_embedded.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                watchIconWindow();
+                // The second of two quick clicks arrives as a double click.
+                if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
+                    Q_EMIT clicked();
+                }
+            });
+    m_embedded->show();
+}
+
+void TrayIcon::setIcon(const QIcon& icon)
+{
+    m_item.setIcon(icon);
+    if (m_embedded) {
+        m_embedded->setIcon(icon);
+    }
+}
+
+bool TrayIcon::hasTray() const
+{
+    return m_item.hasHost() ||
+           (m_embedded && m_embedded->isVisible() && QSystemTrayIcon::isSystemTrayAvailable());
+}
+
+void TrayIcon::showMessage(const QString& title, const QString& text)
+{
+    if (m_embedded) {
+        m_embedded->showMessage(title, text, icon());
+    }
 }
 
 void TrayIcon::setDesktopPrefersDark(bool prefersDark)
 {
     if (m_desktopPrefersDark != prefersDark) {
         m_desktopPrefersDark = prefersDark;
-        m_icon.setIcon(trayIcon(prefersDark ? tintOnDark : tint));
+        setIcon(trayIcon(prefersDark ? tintOnDark : tint));
     }
 }
 
@@ -155,7 +201,7 @@ void TrayIcon::setPickKeys(const QString& keys, const QString& inWords)
 
 std::optional<QRect> TrayIcon::frame() const
 {
-    const QRect frame = m_icon.geometry();
+    const QRect frame = m_embedded ? m_embedded->geometry() : QRect();
     return frame.isEmpty() ? std::nullopt : std::optional(frame);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Scheme.h"
+#include "StatusNotifierItem.h"
 
 #include <QAction>
 #include <QIcon>
@@ -9,11 +10,13 @@
 #include <QRect>
 #include <QSystemTrayIcon>
 
+#include <memory>
 #include <optional>
 
 namespace tintwick {
 
-/// The tray icon and its menu. A tray that starts later, or again, gets the icon too.
+/// The tray icon and its menu: in a tray that draws icons itself (StatusNotifier), else in one that embeds windows
+/// (XEmbed). A tray that starts later, or again, gets the icon too.
 class TrayIcon final : public QObject
 {
     Q_OBJECT
@@ -21,11 +24,14 @@ class TrayIcon final : public QObject
 public:
     explicit TrayIcon(QObject* parent = nullptr);
 
-    void show() { m_icon.show(); }
-    /// Shows a message beside the icon; does nothing without a tray.
-    void showMessage(const QString& title, const QString& text) { m_icon.showMessage(title, text, icon()); }
+    /// Looks for a tray from the event loop. Call once.
+    void show() { m_item.start(); }
+    /// Shows a message beside the icon, if the tray embeds it.
+    void showMessage(const QString& title, const QString& text);
+    /// Whether a tray is there.
+    [[nodiscard]] bool hasTray() const;
 
-    [[nodiscard]] QIcon icon() const { return m_icon.icon(); }
+    [[nodiscard]] QIcon icon() const { return m_item.icon(); }
     /// The icon is light on a desktop that prefers dark, where bars are dark.
     void setDesktopPrefersDark(bool prefersDark);
     /// Of the menu; without effect where the tray draws the menu itself.
@@ -44,6 +50,8 @@ public:
 
 Q_SIGNALS:
     void clicked();
+    /// From the menu of trays that open it on every click.
+    void panelRequested();
     void menuAboutToShow();
     void pickRequested();
     void settingsRequested();
@@ -53,6 +61,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void changeTray();
+    void setIcon(const QIcon& icon);
+    void embed();
     bool handleMenuEvent(QEvent& event);
     void watchIconWindow();
 
@@ -60,7 +71,12 @@ private:
     QAction* m_pick = nullptr;
     QAction* m_settings = nullptr;
     QAction* m_quit = nullptr;
-    QSystemTrayIcon m_icon;
+    QAction m_open;
+    QAction m_separator;
+    StatusNotifierItem m_item;
+    /// Shown while no tray draws icons itself. Created then only: when the toolkit creates the first one, it chooses the
+    /// kind of tray for all.
+    std::unique_ptr<QSystemTrayIcon> m_embedded;
     bool m_desktopPrefersDark = false;
 };
 

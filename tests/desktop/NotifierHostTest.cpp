@@ -1,3 +1,4 @@
+#include "DBusMenuTypes.h"
 #include "desktop/TintwickProcess.h"
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
@@ -5,8 +6,13 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusReply>
+#include <QDBusVariant>
 #include <QStringList>
 #include <QTest>
+
+#include <X11/keysym.h>
 
 #include <array>
 #include <cstdint>
@@ -58,11 +64,49 @@ public:
         return m_bus.call(click).type() == QDBusMessage::ReplyMessage;
     }
 
+    /// The titles of the menu's entries; empty for separators.
+    [[nodiscard]] QStringList menu() const
+    {
+        QStringList titles;
+        for (const DBusMenuLayout& entry : layout().children) {
+            titles.append(entry.properties.value(u"label"_s).toString());
+        }
+        return titles;
+    }
+    /// Reports a click on an entry of the menu.
+    void choose(const QString& title) const
+    {
+        QDBusMessage event = menuCall(u"Event"_s);
+        for (const DBusMenuLayout& entry : layout().children) {
+            if (entry.properties.value(u"label"_s) == title) {
+                event << entry.id << u"clicked"_s << QVariant::fromValue(QDBusVariant(0)) << 0U;
+            }
+        }
+        m_bus.call(event);
+    }
+
 public Q_SLOTS:
     // D-Bus defines this name.
     void RegisterStatusNotifierItem(const QString& service) { m_items.append(service); }
 
 private:
+    [[nodiscard]] QDBusMessage menuCall(const QString& method) const
+    {
+        QDBusMessage ask = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
+                                                          u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+        ask << u"org.kde.StatusNotifierItem"_s << u"Menu"_s;
+        const QDBusReply<QDBusVariant> menu = m_bus.call(ask);
+        return QDBusMessage::createMethodCall(m_items.last(),
+                                              menu.value().variant().value<QDBusObjectPath>().path(),
+                                              u"com.canonical.dbusmenu"_s, method);
+    }
+    [[nodiscard]] DBusMenuLayout layout() const
+    {
+        QDBusMessage call = menuCall(u"GetLayout"_s);
+        call << 0 << -1 << QStringList();
+        return qdbus_cast<DBusMenuLayout>(m_bus.call(call).arguments().value(1));
+    }
+
     QDBusConnection m_bus;
     QStringList m_items;
 };
@@ -82,6 +126,8 @@ private Q_SLOTS:
     void aHostThatReportsThePressTogglesThePanel();
     void aClickElsewhereIsNotMistakenForOneOnTheIcon();
     void afterAFailedPickThePanelReturnsToItsPlace();
+    void aHostThatStartsLaterGetsTheIcon();
+    void theMenuOpensThePanel();
 
 private:
     struct Desk
@@ -225,6 +271,48 @@ void NotifierHostTest::afterAFailedPickThePanelReturnsToItsPlace()
     QVERIFY(waitUntil(
         [&] { return desk.desktop.pixel(place.topLeft() + QPoint(25, 80)) == qRgb(97, 102, 224); }));
     QCOMPARE(desk.program.panel(), place);
+}
+
+// The icon moves from a tray that embeds windows to the host, and back when the host has ended.
+void NotifierHostTest::aHostThatStartsLaterGetsTheIcon()
+{
+    PrivateDesktop desktop({.sessionBus = true});
+    const QString bus = desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s);
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    for (int round = 0; round < 2; ++round) {
+        {
+            const NotifierHost host(bus);
+            QVERIFY(host.waitForItem());
+            QVERIFY(waitUntil([&] { return program.trayIcon().isEmpty(); }));
+            const QPoint onIcon(900, 10);
+            desktop.movePointer(onIcon);
+            QVERIFY(host.activate(onIcon));
+            QVERIFY(program.waitForPanel());
+            QVERIFY(host.activate(onIcon));
+            QVERIFY(program.waitForPanelToHide());
+            QCOMPARE(host.items().size(), 1);
+        }
+        QVERIFY(program.waitForTrayIcon());
+    }
+}
+
+// Some hosts open the menu on every click.
+void NotifierHostTest::theMenuOpensThePanel()
+{
+    Desk desk;
+    QVERIFY(desk.host.waitForItem());
+    QCOMPARE(desk.host.menu(),
+             (QStringList{
+                 u"Open Tintwick"_s, {}, u"Pick Color (⌥⇧C)"_s, {}, u"Settings…"_s, {}, u"Quit Tintwick"_s}));
+    desk.host.choose(u"Open Tintwick"_s);
+    QVERIFY(desk.program.waitForPanel());
+    desk.host.choose(u"Pick Color (⌥⇧C)"_s);
+    QVERIFY(desk.program.waitForLoupe());
+    desk.desktop.typeKey(XK_Escape);
+    QVERIFY(desk.program.waitForPickToEnd());
+    desk.host.choose(u"Quit Tintwick"_s);
+    QCOMPARE(desk.program.process().waitForEnd(), 0);
 }
 
 QTEST_GUILESS_MAIN(NotifierHostTest)
