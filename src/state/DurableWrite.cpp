@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t userOnly = S_IRUSR | S_IWUSR;
 
-/// These functions return 0 or an errno value.
+// The functions with a result return 0 or an errno value; only openNew() returns a descriptor.
 
 int writeAll(const FileDescriptor& file, const QByteArray& bytes)
 {
