@@ -13,6 +13,7 @@
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
 #include "Ticker.h"
+#include "Tray.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -101,6 +102,11 @@ void Application::setupTrayIcon()
     // exit() and not quit(): the panel ignores close events, and quit() stops when a window ignores one.
     connect(&m_trayIcon, &TrayIcon::quitRequested, qApp, [] { QApplication::exit(); });
     connect(&m_notifier, &Notifier::unavailable, &m_trayIcon, &TrayIcon::showMessage);
+    if (Tray* tray = m_platform->tray()) {
+        const auto apply = [this, tray] { m_trayIcon.setSymbolColor(tray->symbolColor()); };
+        apply();
+        connect(tray, &Tray::symbolColorChanged, this, apply);
+    }
     m_trayIcon.show();
 }
 
@@ -188,7 +194,6 @@ void Application::followDesktopAppearance()
     m_desktopSettings = std::make_unique<DesktopSettings>();
     const auto apply = [this] {
         m_panelView->setSystemScheme(preferredScheme(*m_desktopSettings));
-        m_trayIcon.setDesktopPrefersDark(m_desktopSettings->prefersDark().value_or(false));
         Ticker::shared().setMotionReduced(m_desktopSettings->prefersReducedMotion());
         m_picker.setHighContrast(m_desktopSettings->prefersHighContrast());
     };

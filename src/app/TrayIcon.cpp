@@ -9,6 +9,7 @@
 #include <QCursor>
 #include <QEvent>
 #include <QIcon>
+#include <QIconEngine>
 #include <QKeyEvent>
 #include <QMetaObject>
 #include <QMouseEvent>
@@ -16,15 +17,46 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <utility>
+
 namespace tintwick {
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-// The colour of a tray is unknown. This grey has a contrast of 4.5 to 1 on white and on black.
+// Most trays do not report their colours. This grey has a contrast of 4.5 to 1 on white and on black.
 constexpr QColor tint(0x76, 0x76, 0x76);
-constexpr QColor tintOnDark(0xE4, 0xE4, 0xE6);
+
+/// Pictures with the name of the installed symbol, which trays that draw the icon themselves prefer and tint.
+class NamedIcon final : public QIconEngine
+{
+public:
+    NamedIcon(QIcon pictures, QString name)
+        : m_pictures(std::move(pictures))
+        , m_name(std::move(name))
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        m_pictures.paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_pictures.pixmap(size, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_pictures.availableSizes(mode, state);
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new NamedIcon(m_pictures, m_name); }
+    QString iconName() override { return m_name; }
+
+private:
+    QIcon m_pictures;
+    QString m_name;
+};
 
 QIcon trayIcon(const QColor& color)
 {
@@ -32,7 +64,9 @@ QIcon trayIcon(const QColor& color)
     for (const int side : {16, 22, 24, 32, 44, 48}) {
         icon.addPixmap(symbolPixmapOfSide(u"eyedropper-filled", side, color));
     }
-    return icon;
+    // Some trays show nothing for a name that they do not find, so only an installed symbol is named.
+    const QString name = u"org.tintwick.Tintwick-symbolic"_s;
+    return QIcon::hasThemeIcon(name) ? QIcon(new NamedIcon(icon, name)) : icon;
 }
 
 } // namespace
@@ -115,12 +149,9 @@ void TrayIcon::showMessage(const QString& title, const QString& text)
     }
 }
 
-void TrayIcon::setDesktopPrefersDark(bool prefersDark)
+void TrayIcon::setSymbolColor(const std::optional<QColor>& color)
 {
-    if (m_desktopPrefersDark != prefersDark) {
-        m_desktopPrefersDark = prefersDark;
-        setIcon(trayIcon(prefersDark ? tintOnDark : tint));
-    }
+    setIcon(trayIcon(color.value_or(tint)));
 }
 
 // The toolkit does not tell when it makes the window of the icon, but reports the first click on it.

@@ -32,8 +32,8 @@ public:
     [[nodiscard]] bool hasTray() const;
 
     [[nodiscard]] QIcon icon() const { return m_item.icon(); }
-    /// The icon is light on a desktop that prefers dark, where bars are dark.
-    void setDesktopPrefersDark(bool prefersDark);
+    /// Sets the colour of symbols on the tray. By default, and for none, it is a grey that shows on light and dark trays.
+    void setSymbolColor(const std::optional<QColor>& color);
     /// Of the menu; without effect where the tray draws the menu itself.
     void setMenuScheme(Scheme scheme);
 
@@ -77,7 +77,6 @@ private:
     /// Shown while no tray draws icons itself. Created then only: when the toolkit creates the first one, it chooses the
     /// kind of tray for all.
     std::unique_ptr<QSystemTrayIcon> m_embedded;
-    bool m_desktopPrefersDark = false;
 };
 
 } // namespace tintwick

@@ -11,6 +11,7 @@ class GlobalShortcuts;
 class KeyboardLayout;
 class KeyRecording;
 class PanelHost;
+class Tray;
 
 /// Everything the program needs from a desktop. One backend is created at start and lives as long as the program. Its
 /// services may be used once the application object exists.
@@ -27,6 +28,8 @@ public:
     [[nodiscard]] virtual CapturePermission capturePermission() const = 0;
 
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
+    /// Null where trays report nothing.
+    [[nodiscard]] virtual Tray* tray() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
     /// Null where a program cannot grab the keyboard.

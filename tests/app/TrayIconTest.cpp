@@ -10,7 +10,7 @@ class TrayIconTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void iconContrastsWithEveryBar();
+    void theIconHasTheColorOfTheTray();
     void theMenuShowsTheKeysThatPick();
 };
 
@@ -33,13 +33,13 @@ QColor ink(const TrayIcon& item)
 
 } // namespace
 
-void TrayIconTest::iconContrastsWithEveryBar()
+void TrayIconTest::theIconHasTheColorOfTheTray()
 {
     TrayIcon item;
     QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));
-    item.setDesktopPrefersDark(true);
-    QCOMPARE(ink(item), QColor(0xE4, 0xE4, 0xE6));
-    item.setDesktopPrefersDark(false);
+    item.setSymbolColor(QColor(0xEE, 0xEE, 0xEC));
+    QCOMPARE(ink(item), QColor(0xEE, 0xEE, 0xEC));
+    item.setSymbolColor(std::nullopt);
     QCOMPARE(ink(item), QColor(0x76, 0x76, 0x76));
 }
 

@@ -4,11 +4,14 @@
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusReply>
 #include <QDBusVariant>
+#include <QDir>
+#include <QFile>
 #include <QStringList>
 #include <QTest>
 
@@ -85,6 +88,15 @@ public:
         m_bus.call(event);
     }
 
+    /// A property of the icon.
+    [[nodiscard]] QVariant property(const QString& name) const
+    {
+        QDBusMessage request = QDBusMessage::createMethodCall(
+            m_items.last(), u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+        request << u"org.kde.StatusNotifierItem"_s << name;
+        return m_bus.call(request).arguments().value(0).value<QDBusVariant>().variant();
+    }
+
 public Q_SLOTS:
     // D-Bus defines this name.
     void RegisterStatusNotifierItem(const QString& service) { m_items.append(service); }
@@ -128,6 +140,8 @@ private Q_SLOTS:
     void afterAFailedPickThePanelReturnsToItsPlace();
     void aHostThatStartsLaterGetsTheIcon();
     void theMenuOpensThePanel();
+    void anInstalledSymbolIsNamedBesideThePictures_data();
+    void anInstalledSymbolIsNamedBesideThePictures();
 
 private:
     struct Desk
@@ -313,6 +327,39 @@ void NotifierHostTest::theMenuOpensThePanel()
     QVERIFY(desk.program.waitForPickToEnd());
     desk.host.choose(u"Quit Tintwick"_s);
     QCOMPARE(desk.program.process().waitForEnd(), 0);
+}
+
+void NotifierHostTest::anInstalledSymbolIsNamedBesideThePictures_data()
+{
+    QTest::addColumn<bool>("isInstalled");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("installed") << true << u"org.tintwick.Tintwick-symbolic"_s;
+    QTest::newRow("not installed") << false << QString();
+}
+
+void NotifierHostTest::anInstalledSymbolIsNamedBesideThePictures()
+{
+    QFETCH(const bool, isInstalled);
+    QFETCH(const QString, name);
+    PrivateDesktop desktop({.tray = false, .sessionBus = true});
+    const QString icons = desktop.dataHome() + u"/icons/hicolor"_s;
+    QVERIFY(QDir().mkpath(icons + u"/symbolic/apps"_s));
+    const auto write = [&](const QString& path, const QByteArray& content) {
+        QFile file(icons + path);
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    };
+    QVERIFY(write(u"/index.theme"_s, "[Icon Theme]\nName=Hicolor\nDirectories=symbolic/apps\n\n[symbolic/apps]\n"
+                                     "Size=16\nMinSize=8\nMaxSize=512\nType=Scalable\n"));
+    const QByteArray drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\"/>";
+    QVERIFY(!isInstalled || write(u"/symbolic/apps/org.tintwick.Tintwick-symbolic.svg"_s, drawing));
+    NotifierHost host(desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s));
+    const TintwickProcess program(desktop);
+    QVERIFY(host.waitForItem());
+    QCOMPARE(host.property(u"IconName"_s).toString(), name);
+    const auto pictures = host.property(u"IconPixmap"_s).value<QDBusArgument>();
+    QCOMPARE(pictures.currentType(), QDBusArgument::ArrayType);
+    pictures.beginArray();
+    QVERIFY(!pictures.atEnd());
 }
 
 QTEST_GUILESS_MAIN(NotifierHostTest)

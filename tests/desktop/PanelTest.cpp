@@ -275,7 +275,7 @@ void PanelTest::withoutACompositorItHasAnEdge()
     const QPoint middle = panel.center();
     for (const QPoint edge : {QPoint(panel.left(), middle.y()), QPoint(panel.right(), middle.y()),
                               QPoint(middle.x(), panel.top()), QPoint(middle.x(), panel.bottom())}) {
-        QVERIFY(waitUntil([&] { return qGray(desktop.pixel(edge)) < 128; }));
+        QVERIFY(waitUntil([&] { return qGray(desktop.pixel(edge)) < 175; }));
     }
     QCOMPARE(desktop.pixel(middle + QPoint(-188, 0)), qRgb(0xF5, 0xF5, 0xF7));
 }

@@ -5,6 +5,9 @@
 
 #include <X11/keysym.h>
 
+#include <array>
+#include <cstdint>
+
 using namespace tintwick;
 
 using Button = PrivateDesktop::Button;
@@ -29,6 +32,7 @@ private Q_SLOTS:
     void whileAnotherClientHoldsTheKeyboardAClickElsewhereClosesIt_data();
     void whileAnotherClientHoldsTheKeyboardAClickElsewhereClosesIt();
     void aSecondRightClickOpensItAgain();
+    void theIconHasTheColorThatTheTrayReports();
 };
 
 void TrayMenuTest::ctrlQQuits_data()
@@ -164,6 +168,36 @@ void TrayMenuTest::aSecondRightClickOpensItAgain()
         desktop.typeKey(XK_Escape);
         QVERIFY(waitUntil([&] { return program.menuPlace().isEmpty(); }));
     }
+}
+
+void TrayMenuTest::theIconHasTheColorThatTheTrayReports()
+{
+    PrivateDesktop desktop({});
+    DesktopConnection& connection = desktop.connection();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const auto shows = [&](QRgb color) {
+        const QImage picture = connection.screenshot(program.trayIcon());
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) == color) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    QVERIFY(waitUntil([&] { return shows(qRgb(0x76, 0x76, 0x76)); }));
+    std::array<std::uint32_t, 12> colors{0x2020, 0x4040, 0x6060};
+    const xcb_window_t tray = connection.selectionOwner("_NET_SYSTEM_TRAY_S0");
+    const xcb_atom_t property = connection.atom("_NET_SYSTEM_TRAY_COLORS");
+    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, tray, property, XCB_ATOM_CARDINAL, 32,
+                        static_cast<std::uint32_t>(colors.size()), colors.data());
+    connection.sync();
+    QVERIFY(waitUntil([&] { return shows(qRgb(0x20, 0x40, 0x60)); }));
+    xcb_delete_property(connection.get(), tray, property);
+    connection.sync();
+    QVERIFY(waitUntil([&] { return shows(qRgb(0x76, 0x76, 0x76)); }));
 }
 
 QTEST_GUILESS_MAIN(TrayMenuTest)

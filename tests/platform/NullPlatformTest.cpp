@@ -105,6 +105,7 @@ void NullPlatformTest::noOtherServiceIsAvailable()
     NullPlatform platform;
     QVERIFY(!platform.capturePermission().isGranted);
     QVERIFY(!platform.keyRecording());
+    QVERIFY(!platform.tray());
     QVERIFY(!platform.keyboardLayout().characterForKey(0));
 }
 

@@ -27,6 +27,7 @@ public:
     }
     [[nodiscard]] CapturePermission capturePermission() const override { return permission; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
+    [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return &recording; }

@@ -56,6 +56,7 @@ public:
         return {.isGranted = false, .settings = {}};
     }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
+    [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return m_shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return m_layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return nullptr; }

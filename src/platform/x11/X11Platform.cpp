@@ -104,6 +104,11 @@ std::unique_ptr<PickingSession> X11Platform::startPick(PickingSession::Listener&
     return std::make_unique<X11PickingSession>(*m_picking, listener);
 }
 
+Tray* X11Platform::tray()
+{
+    return m_tray ? &*m_tray : &m_tray.emplace(*m_connection);
+}
+
 GlobalShortcuts& X11Platform::globalShortcuts()
 {
     return m_globalShortcuts ? *m_globalShortcuts : m_globalShortcuts.emplace(*m_connection);

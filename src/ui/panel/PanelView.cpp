@@ -406,7 +406,8 @@ void PanelView::paintEvent(QPaintEvent*)
         // The window has a mask, and uncovered pixels inside it are black.
         painter.fillRect(rect(), ground);
         // Nor is there a shadow around it.
-        strokeInside(painter, rect(), theme::panelRadius, theme::textThird.in(Appearance::of(this)), 1);
+        strokeInside(painter, rect(), theme::panelRadius, theme::textThird.opacity(0.55).in(Appearance::of(this)),
+                     1);
     }
 }
 
