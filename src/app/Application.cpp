@@ -127,7 +127,10 @@ void Application::setupPanel()
             m_panelView->setShowingSettings(true);
         }
     });
-    connect(m_panel.get(), &Panel::hidden, this, [this] { m_panelView->showNotice({}); });
+    connect(m_panel.get(), &Panel::hidden, this, [this] {
+        m_panelView->showNotice({});
+        m_panelView->leaveSettings();
+    });
     PanelHost& host = m_platform->panelHost();
     connect(&host, &PanelHost::dismissed, this, &Application::hidePanel);
     ColorExport::setPortalHandle([&host](const QWidget& window) { return host.portalHandle(window); });

@@ -91,8 +91,8 @@ public:
     /// A property of the icon.
     [[nodiscard]] QVariant property(const QString& name) const
     {
-        QDBusMessage request = QDBusMessage::createMethodCall(
-            m_items.last(), u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+        QDBusMessage request = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
+                                                              u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
         request << u"org.kde.StatusNotifierItem"_s << name;
         return m_bus.call(request).arguments().value(0).value<QDBusVariant>().variant();
     }
@@ -348,8 +348,9 @@ void NotifierHostTest::anInstalledSymbolIsNamedBesideThePictures()
         QFile file(icons + path);
         return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
     };
-    QVERIFY(write(u"/index.theme"_s, "[Icon Theme]\nName=Hicolor\nDirectories=symbolic/apps\n\n[symbolic/apps]\n"
-                                     "Size=16\nMinSize=8\nMaxSize=512\nType=Scalable\n"));
+    QVERIFY(write(u"/index.theme"_s,
+                  "[Icon Theme]\nName=Hicolor\nDirectories=symbolic/apps\n\n[symbolic/apps]\n"
+                  "Size=16\nMinSize=8\nMaxSize=512\nType=Scalable\n"));
     const QByteArray drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\"/>";
     QVERIFY(!isInstalled || write(u"/symbolic/apps/org.tintwick.Tintwick-symbolic.svg"_s, drawing));
     NotifierHost host(desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s));

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void aWindowThatIsClickedKeepsTheKeyboard();
     void aSheetThatWasLeftOpenComesBackWithItsFieldFocused();
     void aToolTipAppearsAfterOpeningFromTheTray();
+    void closedInTheSettingsItOpensOnTheDashboard();
     void aColorIsDraggedOntoACollection();
     void aPickFromThePanelHidesItFirst();
     void aPickByTheShortcutDoesNotHideIt();
@@ -568,6 +569,29 @@ void PanelTest::aToolTipAppearsAfterOpeningFromTheTray()
     const std::size_t before = windows();
     desktop.movePointer(program.panel().topLeft() + settingsButton);
     QVERIFY(waitUntil([&] { return windows() == before + 1; }));
+}
+
+void PanelTest::closedInTheSettingsItOpensOnTheDashboard()
+{
+    PrivateDesktop desktop({});
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QPoint icon = program.trayIcon().center();
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHaveFocus());
+    const QPoint button = program.panel().topLeft() + QPoint(60, 92);
+    const auto isDashboard = [&] {
+        const QRgb color = desktop.pixel(button);
+        return qBlue(color) - qRed(color) > 60;
+    };
+    QVERIFY(waitUntil(isDashboard));
+    desktop.clickAt(program.panel().topLeft() + settingsButton);
+    QVERIFY(waitUntil([&] { return !isDashboard(); }));
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHide());
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHaveFocus());
+    QVERIFY(waitUntil(isDashboard));
 }
 
 void PanelTest::aColorIsDraggedOntoACollection()

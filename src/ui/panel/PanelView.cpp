@@ -192,6 +192,14 @@ void PanelView::goBack()
     }
 }
 
+void PanelView::leaveSettings()
+{
+    if (m_showingSettings && Overlay::of(*this) == nullptr) {
+        m_selectedCollectionId.reset();
+        setShowingSettings(false);
+    }
+}
+
 void PanelView::showNotice(const QString& sentence)
 {
     m_passingNotice = sentence;
@@ -406,8 +414,8 @@ void PanelView::paintEvent(QPaintEvent*)
         // The window has a mask, and uncovered pixels inside it are black.
         painter.fillRect(rect(), ground);
         // Nor is there a shadow around it.
-        strokeInside(painter, rect(), theme::panelRadius, theme::textThird.opacity(0.55).in(Appearance::of(this)),
-                     1);
+        strokeInside(painter, rect(), theme::panelRadius,
+                     theme::textThird.opacity(0.55).in(Appearance::of(this)), 1);
     }
 }
 

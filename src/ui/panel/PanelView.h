@@ -45,6 +45,8 @@ public:
     /// Shows a collection, or the history for `historySelectionId`. Shows the dashboard for none and for an unknown id.
     void setSelectedCollectionId(const std::optional<QUuid>& id);
     void setShowingSettings(bool shows);
+    /// Shows the dashboard if the settings are shown and no sheet is open above them.
+    void leaveSettings();
     /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
     /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
     void showNotice(const QString& sentence);
