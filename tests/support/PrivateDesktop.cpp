@@ -126,7 +126,8 @@ void PrivateDesktop::startHelpers()
             arguments << QStringLiteral("--shadow");
         }
         if (compositorForgetsDamage()) {
-            arguments << QStringLiteral("--no-use-damage");
+            // Frames that wait for each other would be delayed for seconds while a client draws without pause.
+            arguments << QStringLiteral("--no-use-damage") << QStringLiteral("--no-frame-pacing");
         }
         m_programs.push_back(start(QStringLiteral("picom"), arguments));
         require(waitUntil([this] { return m_connection->selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }),
