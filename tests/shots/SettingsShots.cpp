@@ -59,7 +59,6 @@ public:
     [[nodiscard]] PanelView& view() { return *m_view; }
     [[nodiscard]] test::ScriptedPlatform& platform() { return m_platform; }
     [[nodiscard]] AppState& state() { return m_appState; }
-    [[nodiscard]] Preferences& preferences() { return m_preferences; }
     [[nodiscard]] ShortcutRegistry& shortcuts() { return m_shortcuts; }
 
 private:
@@ -122,13 +121,6 @@ void shootSettings(const QDir& folder)
         view.findChildren<ShortcutRecorder*>().first()->startRecording();
         view.platform().recording.press(keycode::c);
     });
-    shootTab(u"general-words"_s, SettingsTab::General, [](DemoSettings& view) {
-        view.preferences().setKeyNames(KeyNames::Words);
-        view.shortcuts().setShortcut(
-            ShortcutAction::OpenMainWindow,
-            Shortcut{keycode::keypadEnter, modifier::control | modifier::alt | modifier::shift});
-    });
-    QSettings().clear();
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
         view.platform().permission.settings = QUrl(u"settings:privacy"_s);
         view.platform().permission.isGranted = false;
@@ -144,6 +136,13 @@ void shootSettings(const QDir& folder)
     preferences.setLoupeRadius(9);
     preferences.setLoupeShape(LoupeShape::Circle);
     shootTab(u"general-radius-9"_s, SettingsTab::General);
+    QSettings().clear();
+    preferences.setKeyNames(KeyNames::Words);
+    shootTab(u"general-words"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.shortcuts().setShortcut(
+            ShortcutAction::OpenMainWindow,
+            Shortcut{keycode::keypadEnter, modifier::control | modifier::alt | modifier::shift});
+    });
     QSettings().clear();
 
     shootTab(u"data"_s, SettingsTab::Data);

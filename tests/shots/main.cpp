@@ -1,6 +1,7 @@
 #include "Ticker.h"
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
+#include "shots/LoupeShots.h"
 #include "shots/PaletteShots.h"
 #include "shots/PanelShots.h"
 #include "shots/RecorderShots.h"
@@ -30,6 +31,7 @@ int main(int argc, char** argv)
     }
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
+    tintwick::shootLoupe(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
     tintwick::shootPalette(QDir(arguments.at(1)));
