@@ -283,19 +283,26 @@ void TruthTest::aFarMoveRightAfterTheStartIsSampledAsShown()
     QVERIFY(program.waitForTrayIcon());
     const QImage before = desktop.settledScreenshot();
 
-    for (int pick = 0; pick < 6; ++pick) {
-        desktop.movePointer({300, 300});
+    const QPoint start(300, 300);
+    const QPoint inTheShadow(2990, 1800);
+    // From each place to a pixel that the loupe covers there
+    const QPoint step(40, 30);
+    const auto shows = [&](QPoint position) { return program.waitForCenterCell(before.pixel(position)); };
+    for (int pick = 0; pick < 8; ++pick) {
+        desktop.movePointer(start);
         QVERIFY(waitUntil([&] { return other.inputIsFree(); }));
         desktop.typeKey(XK_c, {XK_Alt_L, XK_Shift_L});
         QVERIFY(program.waitForLoupe());
-        // Each step is far from the last or below the loupe at its last place.
-        for (const QPoint position :
-             {QPoint(2990 + pick, 1800), QPoint(3000, 1690 - pick), QPoint(3020, 1695), QPoint(200, 2000),
-              QPoint(3206, 1850 + pick), QPoint(3215, 1860)}) {
+        for (const QPoint place : {start, inTheShadow}) {
+            desktop.movePointer(place);
+            QVERIFY(program.waitForLoupeAt(loupePlace(place, desktop.screen())));
+            desktop.movePointer(place + step);
+            QVERIFY2(shows(place + step),
+                     difference(place + step, program, before.pixel(place + step)).constData());
+        }
+        for (const QPoint position : {QPoint(3000, 1690), QPoint(200, 2000), QPoint(3206, 1850)}) {
             desktop.movePointer(position);
-            const QRgb expected = before.pixel(position);
-            QVERIFY2(program.waitForCenterCell(expected),
-                     difference(position, program, expected).constData());
+            QVERIFY2(shows(position), difference(position, program, before.pixel(position)).constData());
         }
         desktop.typeKey(XK_Escape);
         QVERIFY(program.waitForPickToEnd());

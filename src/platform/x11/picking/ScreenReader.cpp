@@ -63,10 +63,12 @@ ScreenReader::ScreenReader(XcbConnection& connection, const PickingExtensions& e
         findBareSpot();
     }
     if (m_isComposited) {
-        // A compositor that leaves the screen to a full-screen window takes it back because of the loupe. What it
-        // shows meanwhile must not be copied.
-        if (!m_windows || !m_windows->isOverlayShown()) {
-            m_copy->copy(m_screenRegion);
+        // A compositor that leaves a monitor to a full-screen window takes it back because of the loupe. What it shows
+        // meanwhile must not be copied.
+        for (const X11Screen& screen : m_screens) {
+            if (!m_windows || m_windows->isCoveredByOneWindow(screen.frame)) {
+                m_copy->copy(screen.frame);
+            }
         }
         if (m_extensions.canReadBelowLoupe) {
             m_screenDamage = XcbDamage::withNewId(m_connection.get());

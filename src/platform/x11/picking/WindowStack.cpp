@@ -259,6 +259,14 @@ QRegion WindowStack::coveredRegion() const
     return covered;
 }
 
+bool WindowStack::isCoveredByOneWindow(const QRect& rect) const
+{
+    const auto topmost = std::find_if(m_windows.rbegin(), m_windows.rend(), [&](const StackedWindow& window) {
+        return window.isVisible() && window.frame.intersects(rect);
+    });
+    return topmost != m_windows.rend() && topmost->frame.contains(rect);
+}
+
 StackedWindow* WindowStack::find(xcb_window_t id)
 {
     const auto window = std::find_if(m_windows.begin(), m_windows.end(), hasId(id));
@@ -304,10 +312,6 @@ void WindowStack::describe(std::vector<StackedWindow*> windows)
         window.isGuard = attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY && isGuardWindow(c, window.id);
         window.hasAlpha = format && format->direct.alpha_mask != 0;
         window.isShaped = shape->bounding_shaped != 0;
-        if (isFromServer(window.id, setup) && window.isMapped) {
-            m_isOverlayShown = shape->bounding_shape_extents_width >= geometry->width &&
-                               shape->bounding_shape_extents_height >= geometry->height;
-        }
     }
 }
 

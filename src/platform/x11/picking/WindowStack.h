@@ -72,8 +72,8 @@ public:
 
     /// Frames of all visible windows.
     [[nodiscard]] QRegion coveredRegion() const;
-    /// Whether the server's overlay window, on which compositors paint, covers the whole screen.
-    [[nodiscard]] bool isOverlayShown() const { return m_isOverlayShown; }
+    /// Whether nothing but one window is visible in the rectangle.
+    [[nodiscard]] bool isCoveredByOneWindow(const QRect& rect) const;
 
 private:
     [[nodiscard]] QRegion handleDamage(const xcb_generic_event_t& event);
@@ -97,7 +97,6 @@ private:
     const PickingExtensions& m_extensions;
     /// The server reports each whole window when watching begins; that damage is from before this request.
     std::uint32_t m_damageCountsFrom = 0;
-    bool m_isOverlayShown = false;
     std::vector<StackedWindow> m_windows;
 };
 
