@@ -3,11 +3,13 @@
 #include "Appearance.h"
 #include "ContextMenu.h"
 #include "Symbol.h"
+#include "ToolTip.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QIconEngine>
 #include <QKeyEvent>
@@ -78,7 +80,6 @@ TrayIcon::TrayIcon(QObject* parent)
 {
     m_pick = m_menu.addAction(QString());
     setPickKeys({}, {});
-    m_menu.setToolTipsVisible(true);
     connect(m_pick, &QAction::triggered, this, &TrayIcon::pickRequested);
     m_menu.addSeparator();
     m_settings = m_menu.addAction(tr("Settings…"));
@@ -183,6 +184,12 @@ bool TrayIcon::eventFilter(QObject* watched, QEvent* event)
 bool TrayIcon::handleMenuEvent(QEvent& event)
 {
     switch (event.type()) {
+    case QEvent::ToolTip:
+        // Not the tool tip of the item, which the toolkit would show in its own style.
+        if (const auto& help = static_cast<QHelpEvent&>(event); m_menu.actionAt(help.pos()) == m_pick) {
+            showToolTip(m_menu, help.globalPos());
+        }
+        return true;
     case QEvent::Show:
         // The toolkit grabs no input when another client holds the keyboard, for example the holder of a pressed
         // shortcut. The menu needs the pointer to close at a click elsewhere. Queued, because it is not mapped yet.
@@ -227,7 +234,7 @@ void TrayIcon::setPickKeys(const QString& keys, const QString& inWords)
     const QString title = tr("Pick Color");
     // An ampersand would mark the key that chooses the item.
     m_pick->setText(keys.isEmpty() ? title : u"%1 (%2)"_s.arg(title, keys).replace(u'&', u"&&"_s));
-    m_pick->setToolTip(inWords == keys ? QString() : inWords);
+    m_menu.setToolTip(inWords == keys ? QString() : inWords);
 }
 
 std::optional<QRect> TrayIcon::frame() const
