@@ -217,7 +217,7 @@ private Q_SLOTS:
         QTest::newRow("with AltGr") << KeyPress{.keyCode = -1, .hasOtherModifier = true}
                                     << Refusal::OtherModifier;
         QTest::newRow("Escape with AltGr")
-            << KeyPress{.keyCode = -1, .hasOtherModifier = true, .character = U'\u001B'}
+            << KeyPress{.keyCode = -1, .character = U'\u001B', .hasOtherModifier = true}
             << Refusal::OtherModifier;
     }
     void aRefusalHasAReason()
