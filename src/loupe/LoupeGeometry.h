@@ -24,9 +24,10 @@ inline constexpr double gap = 10;
 inline constexpr double gridLineWidth = 0.5;
 inline constexpr double screenMargin = 4;
 
-/// Beyond this room the shadows are weaker than one step of a byte. They are offset downwards, and the pill's shadow
-/// ends sooner than that of the ring.
-inline constexpr double shadowSides = 22, shadowAbove = 18, shadowBelow = 14;
+/// Beyond this room the shadows are weaker than one step of a byte. The pill's shadow ends sooner than that of the ring.
+/// The room above equals that at the sides, so that the lens's centre is as far from the top of the image as from its
+/// left edge: half the image's width.
+inline constexpr double shadowSides = 22, shadowAbove = 22, shadowBelow = 14;
 
 /// The number of cells per side when there are no pixels.
 inline constexpr int emptyGridSide = 15;

@@ -27,13 +27,13 @@ void write(const QString& path, const QByteArray& contents)
     }
 }
 
-// The window has room for the shadows around the loupe: 22 points on both sides, 18 above and 14 below. The loupe is 56
-// points higher than wide, so the window is 44 points higher than wide, which reveals the scale.
+// The window has room for the shadows around the loupe: 22 points above and on both sides and 14 below. The loupe is 56
+// points higher than wide, so the window is 48 points higher than wide, which reveals the scale.
 QRect withoutShadows(const QRect& window)
 {
-    const double scale = std::round((window.height() - window.width()) / 44.0 * 4) / 4;
+    const double scale = std::round((window.height() - window.width()) / 48.0 * 4) / 4;
     const auto pixels = [scale](double points) { return static_cast<int>(std::lround(points * scale)); };
-    return window.adjusted(pixels(22), pixels(18), -pixels(22), -pixels(14));
+    return window.adjusted(pixels(22), pixels(22), -pixels(22), -pixels(14));
 }
 
 } // namespace

@@ -34,19 +34,19 @@ void LoupeGeometryTest::theImageConsistsOfLensGapPillAndShadows_data()
     QTest::addColumn<QRectF>("inner");
     QTest::addColumn<QRect>("pill");
 
-    // The shadows take 22 points on both sides, 18 above and 14 below.
-    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 188) << QRect(22, 18, 100, 156)
-                           << QRectF(25.5, 21.5, 93, 93) << QRect(22, 128, 100, 46);
-    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 218) << QRect(22, 18, 130, 186)
-                            << QRectF(25.5, 21.5, 123, 123) << QRect(22, 158, 130, 46);
-    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 248) << QRect(22, 18, 160, 216)
-                           << QRectF(25.5, 21.5, 153, 153) << QRect(22, 188, 160, 46);
-    QTest::newRow("medium, scale 1.25") << 130.0 << 1.25 << QSize(219, 274) << QRect(28, 23, 163, 233)
-                                        << QRectF(32.375, 27.375, 154.25, 154.25) << QRect(28, 198, 163, 58);
-    QTest::newRow("medium, scale 1.5") << 130.0 << 1.5 << QSize(261, 327) << QRect(33, 27, 195, 279)
-                                       << QRectF(38.25, 32.25, 184.5, 184.5) << QRect(33, 237, 195, 69);
-    QTest::newRow("large, scale 2") << 160.0 << 2.0 << QSize(408, 496) << QRect(44, 36, 320, 432)
-                                    << QRectF(51, 43, 306, 306) << QRect(44, 376, 320, 92);
+    // The shadows take 22 points above and on both sides and 14 below.
+    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 192) << QRect(22, 22, 100, 156)
+                           << QRectF(25.5, 25.5, 93, 93) << QRect(22, 132, 100, 46);
+    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 222) << QRect(22, 22, 130, 186)
+                            << QRectF(25.5, 25.5, 123, 123) << QRect(22, 162, 130, 46);
+    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 252) << QRect(22, 22, 160, 216)
+                           << QRectF(25.5, 25.5, 153, 153) << QRect(22, 192, 160, 46);
+    QTest::newRow("medium, scale 1.25") << 130.0 << 1.25 << QSize(219, 279) << QRect(28, 28, 163, 233)
+                                        << QRectF(32.375, 32.375, 154.25, 154.25) << QRect(28, 203, 163, 58);
+    QTest::newRow("medium, scale 1.5") << 130.0 << 1.5 << QSize(261, 333) << QRect(33, 33, 195, 279)
+                                       << QRectF(38.25, 38.25, 184.5, 184.5) << QRect(33, 243, 195, 69);
+    QTest::newRow("large, scale 2") << 160.0 << 2.0 << QSize(408, 504) << QRect(44, 44, 320, 432)
+                                    << QRectF(51, 51, 306, 306) << QRect(44, 384, 320, 92);
 }
 
 void LoupeGeometryTest::theImageConsistsOfLensGapPillAndShadows()
@@ -128,10 +128,10 @@ void LoupeGeometryTest::theCenterCellIsInTheMiddle_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<QRect>("cell");
 
-    QTest::newRow("15 cells of 8.2") << 130.0 << 15 << QRect(83, 79, 8, 8);
-    QTest::newRow("31 cells of 3: halves are rounded outwards") << 100.0 << 31 << QRect(70, 66, 4, 4);
-    QTest::newRow("2 cells of 61.5: centred, not on a cell") << 130.0 << 2 << QRect(56, 52, 62, 62);
-    QTest::newRow("one cell: the whole inside") << 130.0 << 1 << QRect(25, 21, 124, 124);
+    QTest::newRow("15 cells of 8.2") << 130.0 << 15 << QRect(83, 83, 8, 8);
+    QTest::newRow("31 cells of 3: halves are rounded outwards") << 100.0 << 31 << QRect(70, 70, 4, 4);
+    QTest::newRow("2 cells of 61.5: centred, not on a cell") << 130.0 << 2 << QRect(56, 56, 62, 62);
+    QTest::newRow("one cell: the whole inside") << 130.0 << 1 << QRect(25, 25, 124, 124);
 }
 
 void LoupeGeometryTest::theCenterCellIsInTheMiddle()

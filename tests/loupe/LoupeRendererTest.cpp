@@ -75,12 +75,12 @@ void LoupeRendererTest::theImageHasTheSizeOfTheLoupe_data()
     QTest::addColumn<double>("side");
     QTest::addColumn<double>("scale");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 188);
-    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 218);
-    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 248);
-    QTest::newRow("medium at 1.25") << 130.0 << 1.25 << QSize(219, 274);
-    QTest::newRow("medium at 1.5") << 130.0 << 1.5 << QSize(261, 327);
-    QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(348, 436);
+    QTest::newRow("small") << 100.0 << 1.0 << QSize(144, 192);
+    QTest::newRow("medium") << 130.0 << 1.0 << QSize(174, 222);
+    QTest::newRow("large") << 160.0 << 1.0 << QSize(204, 252);
+    QTest::newRow("medium at 1.25") << 130.0 << 1.25 << QSize(219, 279);
+    QTest::newRow("medium at 1.5") << 130.0 << 1.5 << QSize(261, 333);
+    QTest::newRow("medium at 2") << 130.0 << 2.0 << QSize(348, 444);
 }
 
 void LoupeRendererTest::theImageHasTheSizeOfTheLoupe()

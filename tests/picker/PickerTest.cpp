@@ -22,8 +22,8 @@ ScreenPosition at(double x, double y, int screen = 0)
     return {screen, QPointF(x, y)};
 }
 
-/// In a picture of the medium loupe, which has room for shadows: 22 pixels on both sides and 18 above.
-constexpr QPoint centerOfLens(22 + 65, 18 + 65);
+/// In a picture of the medium loupe, which has room for shadows: 22 pixels on both sides and above.
+constexpr QPoint centerOfLens(22 + 65, 22 + 65);
 
 QString textOf(QRgb color)
 {
@@ -459,7 +459,7 @@ private Q_SLOTS:
         desk.start();
         const QImage& frame = desk.desktop.frames.back().picture;
         // The first column of cells ends at 12. The colours around (500, 400) are light.
-        QCOMPARE(frame.pixel(22 + 11, 18 + 62), qRgb(0, 0, 0));
+        QCOMPARE(frame.pixel(22 + 11, 22 + 62), qRgb(0, 0, 0));
     }
 
     void theLoupeFollowsThePointerWithinItsScreen_data()
@@ -508,7 +508,7 @@ private Q_SLOTS:
         const ScriptedDesktop::Frame& frame = desk.desktop.frames.back();
         QCOMPARE(frame.screen, 1);
         // Without the room for the shadows
-        const QMarginsF shadows = QMarginsF(22, 18, 22, 14) * screen.scale;
+        const QMarginsF shadows = QMarginsF(22, 22, 22, 14) * screen.scale;
         const QRect loupe = QRect(frame.topLeft, frame.picture.size()).marginsRemoved(shadows.toMargins());
         QTEST(loupe.size(), "loupe");
         QTEST(loupe.topLeft(), "topLeft");
@@ -642,7 +642,7 @@ private Q_SLOTS:
         desk.desktop.origins = {{0, 0}, {1920, 0}};
         desk.start();
         desk.desktop.move(at(580, 500, 1));
-        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 18), QPoint(515, 435));
+        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 22), QPoint(515, 435));
 
         desk.desktop.screens.resize(1);
         desk.desktop.origins.resize(1);
@@ -655,7 +655,7 @@ private Q_SLOTS:
 
         desk.desktop.move(at(1919, 300));
         QCOMPARE(desk.desktop.frames.back().screen, 0);
-        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 18), QPoint(1786, 235));
+        QCOMPARE(desk.desktop.frames.back().topLeft + QPoint(22, 22), QPoint(1786, 235));
     }
 
     void withoutAnyScreenNoLoupeIsShownAndEscapeCancels()

@@ -401,7 +401,8 @@ void SettingsScreenTest::nextPickUsesZoomAndSize()
     ScriptedDesktop& desktop = fixture.platform.desktop;
     Picker picker(fixture.platform, fixture.preferences, [](QRgb) { return QString(); });
     const auto side = [&] { return desktop.grabs.back().pixels.width(); };
-    const auto loupeWidth = [&] { return desktop.frames.back().picture.width(); };
+    // Without 22 pixels of shadow on both sides.
+    const auto loupeWidth = [&] { return desktop.frames.back().picture.width() - 44; };
 
     picker.start();
     QCoreApplication::processEvents();
