@@ -519,7 +519,7 @@ private Q_SLOTS:
         Desk desk;
         const auto world = std::exchange(desk.desktop.picture, [](const auto&) { return QImage(); });
         desk.start();
-        QCOMPARE(desk.desktop.frames.back().picture.pixelColor(30, 30), QColor(0x55, 0x55, 0x55));
+        QCOMPARE(desk.desktop.frames.back().picture.pixelColor(38, 38), QColor(0x55, 0x55, 0x55));
         desk.click(at(500, 400));
         desk.key(keycode::returnKey);
         QVERIFY(desk.picker->isPicking());
