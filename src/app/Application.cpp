@@ -63,7 +63,10 @@ Application::Application(std::unique_ptr<Platform> platform, InstanceService& in
     setupInstance(instance);
 }
 
-Application::~Application() = default;
+Application::~Application()
+{
+    m_platform->keepClipboard();
+}
 
 void Application::start()
 {

@@ -22,6 +22,7 @@ PickAnswer pickAlone(const PickRequest& request, std::unique_ptr<Platform> platf
     });
     series.start();
     loop.exec();
+    platform->keepClipboard();
     return answer;
 }
 

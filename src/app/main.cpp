@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 #include "DataFile.h"
 #include "DataLock.h"
+#include "HelperProcess.h"
 #include "InstanceService.h"
 #include "OfflineCommands.h"
 #include "PickReport.h"
@@ -122,6 +123,9 @@ int quit(int argc, char** argv)
 int main(int argc, char** argv)
 {
     setUpProcess();
+    if (const auto status = runHelperProcess(argc, argv)) {
+        return *status;
+    }
     const auto commandLine = parseCommandLine(argumentsOf(argc, argv));
     if (const auto* error = std::get_if<UsageError>(&commandLine)) {
         printError(error->text);

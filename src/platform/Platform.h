@@ -34,6 +34,10 @@ public:
     [[nodiscard]] virtual KeyboardLayout& keyboardLayout() = 0;
     /// Null where a program cannot grab the keyboard.
     [[nodiscard]] virtual KeyRecording* keyRecording() = 0;
+
+    /// Keeps a text that this program has copied on the clipboard after the program's end. Call when the program ends,
+    /// while the application object exists; takes a second at most.
+    virtual void keepClipboard() = 0;
 };
 
 } // namespace tintwick

@@ -31,6 +31,7 @@ public:
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return &recording; }
+    void keepClipboard() override {}
 };
 
 } // namespace tintwick::test

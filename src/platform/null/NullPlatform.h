@@ -60,6 +60,7 @@ public:
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return m_shortcuts; }
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return m_layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return nullptr; }
+    void keepClipboard() override {}
 
 private:
     NullPanelHost m_panelHost;

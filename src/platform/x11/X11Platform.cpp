@@ -1,5 +1,12 @@
 #include "X11Platform.h"
 
+#include "ClientResources.h"
+#include "ClipboardProcess.h"
+#include "ToolkitConnection.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include <xcb/randr.h>
 
 #include <algorithm>
@@ -122,6 +129,19 @@ KeyboardLayout& X11Platform::keyboardLayout()
 KeyRecording* X11Platform::keyRecording()
 {
     return m_keyRecording ? &*m_keyRecording : &m_keyRecording.emplace(*m_connection, m_keymap);
+}
+
+// A clipboard manager gets the text from the toolkit when the application object is destroyed.
+void X11Platform::keepClipboard()
+{
+    const auto owner = [this](const char* selection) {
+        return m_connection->selectionOwner(m_connection->atom(selection));
+    };
+    const xcb_window_t copied = owner("CLIPBOARD");
+    xcb_connection_t* toolkit = toolkit::connection();
+    if (toolkit && isFromClient(copied, *xcb_get_setup(toolkit)) && owner("CLIPBOARD_MANAGER") == XCB_NONE) {
+        startClipboardProcess(QGuiApplication::clipboard()->text().toUtf8(), copied);
+    }
 }
 
 } // namespace tintwick

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override;
     [[nodiscard]] KeyRecording* keyRecording() override;
+    void keepClipboard() override;
 
 private:
     std::unique_ptr<XcbConnection> m_connection;

@@ -11,10 +11,7 @@ xcb_atom_t compositorSelection(const XcbConnection& connection)
 
 bool hasCompositor(const XcbConnection& connection)
 {
-    xcb_connection_t* c = connection.get();
-    const auto cookie = xcb_get_selection_owner(c, compositorSelection(connection));
-    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(c, cookie, nullptr));
-    return owner && owner->owner != XCB_WINDOW_NONE;
+    return connection.selectionOwner(compositorSelection(connection)) != XCB_NONE;
 }
 
 } // namespace tintwick

@@ -133,4 +133,11 @@ xcb_atom_t XcbConnection::atom(const std::string& name) const
     return m_atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+xcb_window_t XcbConnection::selectionOwner(xcb_atom_t selection) const
+{
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, selection), nullptr));
+    return reply ? reply->owner : xcb_window_t{XCB_NONE};
+}
+
 } // namespace tintwick

@@ -88,6 +88,8 @@ public:
 
     /// Sends one request for each name.
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
+    /// XCB_NONE when the selection has no owner.
+    [[nodiscard]] xcb_window_t selectionOwner(xcb_atom_t selection) const;
     [[nodiscard]] std::uint32_t newId() const { return xcb_generate_id(m_connection); }
     void flush() const { xcb_flush(m_connection); }
 

@@ -1,0 +1,12 @@
+#include "HelperProcess.h"
+
+#include "ClipboardProcess.h"
+
+namespace tintwick {
+
+std::optional<int> runHelperProcess(int argc, char** argv)
+{
+    return runClipboardProcess(argc, argv);
+}
+
+} // namespace tintwick
