@@ -2,6 +2,8 @@
 
 #include "ColorNames.h"
 #include "ListOrder.h"
+#include "PayloadCoding.h"
+#include "PayloadMerge.h"
 
 #include <QFileInfo>
 #include <QTimer>
@@ -239,8 +241,8 @@ void AppState::flush()
 
 void AppState::takeAttempt()
 {
-    if (const std::optional<Payload> stored = m_writer.takeStored()) {
-        addStored(*stored);
+    if (const auto change = m_writer.takeStored()) {
+        addStored(*change);
     }
     if (m_writer.hasMovedFileAside()) {
         noteUnreadableFile();
@@ -248,18 +250,20 @@ void AppState::takeAttempt()
     setSaveProblem(m_writer.problem());
 }
 
-void AppState::addStored(const Payload& stored)
+void AppState::addStored(const DataWriter::StoredChange& change)
 {
-    const qsizetype limit = std::max(historyLimit, stored.history.size());
-    m_history = (m_history + stored.history).first(std::min(limit, m_history.size() + stored.history.size()));
-    m_collections = stored.collections + m_collections;
-    // A format other than that of an empty state was chosen in this run.
-    if (m_defaultFormat == Payload().defaultFormat) {
-        m_defaultFormat = stored.defaultFormat;
-    }
+    Payload both = merged(change.before, asStored({m_history, m_collections, m_defaultFormat}), change.now);
+    const qsizetype limit = std::max(historyLimit, change.now.history.size());
+    both.history.resize(std::min(limit, both.history.size()));
+    const bool isOtherFormat = both.defaultFormat != m_defaultFormat;
+    m_history = std::move(both.history);
+    m_collections = std::move(both.collections);
+    m_defaultFormat = both.defaultFormat;
     Q_EMIT historyChanged();
     Q_EMIT collectionsChanged();
-    Q_EMIT defaultFormatChanged();
+    if (isOtherFormat) {
+        Q_EMIT defaultFormatChanged();
+    }
     save();
 }
 

@@ -22,8 +22,8 @@ namespace tintwick {
 /// constructor reads the data file. Every change of what is stored is saved soon after, by another thread; the destructor
 /// waits for it. An operation with an unknown id changes nothing.
 ///
-/// When the data file could not be read at the start, it is read again before each save. What it holds then joins the
-/// state: colours and collections of both are kept.
+/// When another program has written the data file, its changes join the state at the next save, before this state's
+/// own changes are saved. So does a file that could not be read at the start and can be read later.
 class AppState final : public QObject
 {
     Q_OBJECT
@@ -107,7 +107,7 @@ private:
     void save();
     /// Takes the results of the writer's last attempt.
     void takeAttempt();
-    void addStored(const Payload& stored);
+    void addStored(const DataWriter::StoredChange& change);
     void setSaveProblem(const DataProblem& problem);
     void noteUnreadableFile();
     void setShowCopiedFeedback(bool show);

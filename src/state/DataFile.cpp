@@ -63,7 +63,7 @@ int readStart(const FileDescriptor& file, qsizetype limit, QByteArray& bytes)
 
 DataReading failed(int error)
 {
-    return {.outcome = DataReading::Outcome::Failed, .payload = {}, .error = error};
+    return {.outcome = DataReading::Outcome::Failed, .payload = {}, .error = error, .identity = {}};
 }
 
 QString asidePath(const QDir& folder, const QDateTime& time)
@@ -110,18 +110,29 @@ DataReading DataFile::read() const
     if (!S_ISREG(status.st_mode)) {
         return failed(EISDIR);
     }
+    const FileIdentity identity = FileIdentity::ofDescriptor(file.get());
     QByteArray bytes;
     if (const int error = readStart(file, largestPayload + 1, bytes); error != 0) {
         return failed(error);
     }
     auto payload = decodePayload(bytes);
     if (!payload) {
-        return {.outcome = DataReading::Outcome::Undecodable, .payload = {}, .error = 0};
+        return {
+            .outcome = DataReading::Outcome::Undecodable, .payload = {}, .error = 0, .identity = identity};
     }
-    return {.outcome = DataReading::Outcome::Read, .payload = *std::move(payload), .error = 0};
+    return {.outcome = DataReading::Outcome::Read,
+            .payload = *std::move(payload),
+            .error = 0,
+            .identity = identity};
 }
 
 int DataFile::save(const Payload& payload) const
+{
+    std::optional<FileIdentity> any;
+    return save(payload, any);
+}
+
+int DataFile::save(const Payload& payload, std::optional<FileIdentity>& known) const
 {
     const auto json = encodePayload(payload);
     if (!json) {
@@ -130,7 +141,7 @@ int DataFile::save(const Payload& payload) const
     if (const int error = makePrivateFolder(dataFolder()); error != 0) {
         return error;
     }
-    return writeDurably(dataPath(), u"data.tmp.json"_s, *json);
+    return writeDurably(dataPath(), u"data.tmp.json"_s, *json, known);
 }
 
 int DataFile::moveAside() const

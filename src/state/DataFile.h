@@ -1,9 +1,12 @@
 #pragma once
 
 #include "DataReading.h"
+#include "FileIdentity.h"
 
 #include <QString>
 #include <QUrl>
+
+#include <optional>
 
 namespace tintwick {
 
@@ -24,6 +27,9 @@ public:
     /// Replaces the data file; the content is on the disk when this returns. Returns 0, or the errno value of the failure,
     /// which leaves the old file; EFBIG when the payload cannot be encoded.
     [[nodiscard]] int save(const Payload& payload) const;
+    /// The same, but when `known` is set, replaces no other file than that one and returns ESTALE. On success `known` is the
+    /// new file.
+    [[nodiscard]] int save(const Payload& payload, std::optional<FileIdentity>& known) const;
 
     /// Gives the data file a name with the date, "data.unreadable-2025-03-14T09-26-53.json" in the same folder, and
     /// removes all but the newest three of such files. Returns 0, or the errno value of the failure.

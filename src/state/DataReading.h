@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileIdentity.h"
 #include "Payload.h"
 
 namespace tintwick {
@@ -21,6 +22,8 @@ struct DataReading
     Payload payload;
     /// The errno value of a failure; EISDIR when anything but a regular file has the name.
     int error = 0;
+    /// Of the file when it was opened.
+    FileIdentity identity;
 };
 
 } // namespace tintwick

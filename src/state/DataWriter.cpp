@@ -1,5 +1,8 @@
 #include "DataWriter.h"
 
+#include "PayloadCoding.h"
+
+#include <cerrno>
 #include <cstdlib>
 #include <utility>
 #include <vector>
@@ -46,8 +49,10 @@ DataWriter::~DataWriter()
 DataReading DataWriter::read()
 {
     DataReading reading = m_file.read();
-    m_mustRead = reading.outcome == DataReading::Outcome::Failed ||
-                 reading.outcome == DataReading::Outcome::Undecodable;
+    if (reading.outcome == DataReading::Outcome::Read || reading.outcome == DataReading::Outcome::Missing) {
+        m_known = reading.identity;
+        m_common = reading.payload;
+    }
     return reading;
 }
 
@@ -83,7 +88,7 @@ bool DataWriter::hasMovedFileAside() const
     return m_hasMovedFileAside;
 }
 
-std::optional<Payload> DataWriter::takeStored()
+std::optional<DataWriter::StoredChange> DataWriter::takeStored()
 {
     const std::lock_guard lock(m_mutex);
     if (m_stored) {
@@ -117,21 +122,32 @@ void DataWriter::run()
 
 void DataWriter::attempt(const Payload& payload)
 {
-    DataProblem problem;
-    if (prepareFile(problem)) {
-        if (const int error = m_file.save(payload); error != 0) {
-            problem = {DataProblem::Kind::CannotWrite, error};
-        }
-    }
+    const DataProblem problem = trySave(payload);
     const std::lock_guard lock(m_mutex);
     m_problem = problem;
 }
 
-bool DataWriter::prepareFile(DataProblem& problem)
+DataProblem DataWriter::trySave(const Payload& payload)
 {
-    if (!m_mustRead) {
-        return true;
+    int error = m_known ? m_file.save(payload, m_known) : ESTALE;
+    if (error == ESTALE) {
+        DataProblem problem;
+        if (!readAgain(problem)) {
+            return problem;
+        }
+        // Replaces any file now: on some file systems the identity changes by itself.
+        m_known.reset();
+        error = m_file.save(payload, m_known);
     }
+    if (error != 0) {
+        return {DataProblem::Kind::CannotWrite, error};
+    }
+    m_common = payload;
+    return {};
+}
+
+bool DataWriter::readAgain(DataProblem& problem)
+{
     DataReading reading = m_file.read();
     switch (reading.outcome) {
     case DataReading::Outcome::Failed:
@@ -147,15 +163,19 @@ bool DataWriter::prepareFile(DataProblem& problem)
     case DataReading::Outcome::Missing:
         break;
     }
-    m_mustRead = false;
 
     const std::lock_guard lock(m_mutex);
-    m_hasMovedFileAside = reading.outcome == DataReading::Outcome::Undecodable;
-    if (reading.outcome == DataReading::Outcome::Read) {
-        m_stored = std::move(reading.payload);
-        return false;
+    m_hasMovedFileAside = m_hasMovedFileAside || reading.outcome == DataReading::Outcome::Undecodable;
+    if (reading.outcome != DataReading::Outcome::Read) {
+        return true;
     }
-    return true;
+    m_known = reading.identity;
+    Payload before = asStored(std::exchange(m_common, reading.payload));
+    if (reading.payload == before) {
+        return true;
+    }
+    m_stored = {std::move(before), std::move(reading.payload)};
+    return false;
 }
 
 } // namespace tintwick

@@ -17,13 +17,21 @@ namespace tintwick {
 /// write and sleeps between writes. The member functions are for the owner's thread, which is the main thread. An exit()
 /// of the process waits for the writes.
 ///
-/// A data file that was not read is not replaced: before each save it is read again. When that succeeds, nothing is saved;
-/// the owner takes the stored data, adds its own and writes both. A file that cannot be decoded is moved aside.
+/// A data file that was not read, or that another program has written since, is not replaced: it is read again first. When
+/// its content is new, nothing is saved; the owner takes the stored data, merges its own and writes both. A file that cannot
+/// be decoded is moved aside.
 class DataWriter final : public QObject
 {
     Q_OBJECT
 
 public:
+    struct StoredChange
+    {
+        /// The last data that this object has read or saved; empty when there is none.
+        Payload before;
+        Payload now;
+    };
+
     explicit DataWriter(QObject* parent = nullptr);
     /// Finishes the writes.
     ~DataWriter() override;
@@ -41,7 +49,7 @@ public:
     /// True once an undecodable file was moved aside.
     [[nodiscard]] bool hasMovedFileAside() const;
     /// The stored data, once, when an attempt has read it instead of saving.
-    [[nodiscard]] std::optional<Payload> takeStored();
+    [[nodiscard]] std::optional<StoredChange> takeStored();
 
 Q_SIGNALS:
     /// From the writer's thread, after each attempt to save.
@@ -50,18 +58,22 @@ Q_SIGNALS:
 private:
     void run();
     void attempt(const Payload& payload);
+    [[nodiscard]] DataProblem trySave(const Payload& payload);
     /// True when the file may be replaced.
-    [[nodiscard]] bool prepareFile(DataProblem& problem);
+    [[nodiscard]] bool readAgain(DataProblem& problem);
 
     DataFile m_file;
-    /// Of the owner before the thread starts, then of the thread.
-    bool m_mustRead = false;
+    // These two belong to the owner before the thread starts, then to the thread.
+    /// The file that was read or written last; none when it must be read before a save.
+    std::optional<FileIdentity> m_known;
+    /// Its content.
+    Payload m_common;
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     // Guarded by the mutex.
     std::optional<Payload> m_waiting;
-    std::optional<Payload> m_stored;
+    std::optional<StoredChange> m_stored;
     DataProblem m_problem;
     bool m_hasMovedFileAside = false;
     bool m_isWriting = false;

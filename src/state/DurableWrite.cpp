@@ -70,8 +70,16 @@ int reserve(const FileDescriptor& file, off_t size)
     return ::fallocate(file.get(), FALLOC_FL_KEEP_SIZE, 0, size) == 0 ? 0 : errno;
 }
 
-int overwriteInPlace(const QByteArray& path, const QByteArray& json)
+bool isOther(const QByteArray& path, const std::optional<FileIdentity>& known)
 {
+    return known && FileIdentity::ofPath(path) != *known;
+}
+
+int overwriteInPlace(const QByteArray& path, const QByteArray& json, std::optional<FileIdentity>& known)
+{
+    if (isOther(path, known)) {
+        return ESTALE;
+    }
     const bool existed = ::access(path.constData(), F_OK) == 0;
     // Synchronous, so that the write is on the disk before the file is truncated to its new length.
     const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_DSYNC, userOnly));
@@ -95,25 +103,35 @@ int overwriteInPlace(const QByteArray& path, const QByteArray& json)
     if (const int error = writeAll(file, filledUp); error != 0) {
         return error;
     }
-    return ::ftruncate(file.get(), json.size()) == 0 && ::fsync(file.get()) == 0 ? 0 : errno;
+    if (::ftruncate(file.get(), json.size()) != 0 || ::fsync(file.get()) != 0) {
+        return errno;
+    }
+    known = FileIdentity::ofDescriptor(file.get());
+    return 0;
 }
 
-int replace(const QByteArray& target, const QByteArray& temporary, const QByteArray& json)
+int replace(const QByteArray& target, const QByteArray& temporary, const QByteArray& json,
+            std::optional<FileIdentity>& known)
 {
     const FileDescriptor file(openNew(temporary));
-    const int error = file.isOpen() ? writeAndSync(file, json) : errno;
+    int error = file.isOpen() ? writeAndSync(file, json) : errno;
+    // As late as possible, because writing takes time.
+    if (error == 0 && isOther(target, known)) {
+        error = ESTALE;
+    }
     if (error == 0 && std::rename(temporary.constData(), target.constData()) == 0) {
+        known = FileIdentity::ofDescriptor(file.get());
         syncFolderOf(target);
         return 0;
     }
     const int failure = error != 0 ? error : errno;
     if (!file.isOpen()) {
-        const int failureInPlace = overwriteInPlace(target, json);
+        const int failureInPlace = overwriteInPlace(target, json, known);
         // Some file systems cannot reserve room.
         return failureInPlace == EOPNOTSUPP ? failure : failureInPlace;
     }
     ::unlink(temporary.constData());
-    return failure == ENOSPC || failure == EDQUOT ? overwriteInPlace(target, json) : failure;
+    return failure == ENOSPC || failure == EDQUOT ? overwriteInPlace(target, json, known) : failure;
 }
 
 /// The file that a chain of links leads to, which need not exist. A chain without an end gives its last link.
@@ -129,7 +147,8 @@ QString resolved(const QString& path)
 
 } // namespace
 
-int writeDurably(const QString& target, const QString& temporaryName, const QByteArray& json)
+int writeDurably(const QString& target, const QString& temporaryName, const QByteArray& json,
+                 std::optional<FileIdentity>& known)
 {
     // A rename would replace the link itself, so the new file is created beside the target of the link.
     const QString file = resolved(target);
@@ -138,7 +157,7 @@ int writeDurably(const QString& target, const QString& temporaryName, const QByt
     if (::lstat(path.constData(), &status) == 0 && !S_ISREG(status.st_mode)) {
         return S_ISLNK(status.st_mode) ? ELOOP : EISDIR;
     }
-    return replace(path, QFile::encodeName(QFileInfo(file).path() + u'/' + temporaryName), json);
+    return replace(path, QFile::encodeName(QFileInfo(file).path() + u'/' + temporaryName), json, known);
 }
 
 } // namespace tintwick

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "FileIdentity.h"
+
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 namespace tintwick {
 
@@ -13,6 +17,10 @@ namespace tintwick {
 ///
 /// When no second file can be created, because the folder is read-only or the disk is full, `target` is overwritten in
 /// place after the room for it is reserved. This is one system call; a power failure during it can damage the file.
-[[nodiscard]] int writeDurably(const QString& target, const QString& temporaryName, const QByteArray& json);
+///
+/// When `known` is set and is not the file `target` any more, because another program has written it, nothing is written
+/// (ESTALE). On success `known` is the new file.
+[[nodiscard]] int writeDurably(const QString& target, const QString& temporaryName, const QByteArray& json,
+                               std::optional<FileIdentity>& known);
 
 } // namespace tintwick

@@ -319,4 +319,11 @@ std::optional<Payload> decodePayload(QByteArrayView text)
     return Payload{*std::move(history), *std::move(collections), *defaultFormat};
 }
 
+Payload asStored(const Payload& payload)
+{
+    const auto text = encodePayload(payload);
+    const auto stored = text ? decodePayload(*text) : std::nullopt;
+    return stored.value_or(payload);
+}
+
 } // namespace tintwick

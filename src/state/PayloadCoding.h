@@ -22,4 +22,7 @@ inline constexpr qsizetype largestPayload = 16 * 1024 * 1024;
 /// may be in any order, unknown keys are ignored, and the last of repeated keys counts. Accepts any bytes.
 [[nodiscard]] std::optional<Payload> decodePayload(QByteArrayView text);
 
+/// The payload as it will be read again: the data file stores whole seconds. Unchanged when it cannot be encoded.
+[[nodiscard]] Payload asStored(const Payload& payload);
+
 } // namespace tintwick

@@ -48,6 +48,14 @@ QJsonArray history(const TintwickProcess& program)
     return program.data().value("history"_L1).toArray();
 }
 
+/// A data file with one colour; `digit` makes its id.
+QByteArray dataWithColor(const QByteArray& name, const QByteArray& digit)
+{
+    return R"({"history":[{"id":"11111111-2222-4333-8444-55555555555)" + digit +
+           R"(","red":1,"green":0,"blue":1,"alpha":1,"capturedAt":"2025-01-02T03:04:05Z","customName":")" +
+           name + R"("}],"collections":[],"defaultFormat":"HEX"})";
+}
+
 } // namespace
 
 /// Several starts of the program on one desktop.
@@ -67,6 +75,8 @@ private Q_SLOTS:
     void theEndOfTheCallerEndsThePick();
     void aPickIsRefusedDuringAnother();
     void aPickWithoutTheProgramSavesAndLeavesNothingRunning();
+    void anEditOfTheDataByHandIsKept();
+    void aPickOnAnotherBusIsKept();
 };
 
 void InstanceTest::aSecondStartOpensThePanelOfTheFirst()
@@ -224,6 +234,42 @@ void InstanceTest::aPickWithoutTheProgramSavesAndLeavesNothingRunning()
     QVERIFY(caller.process().standardOutput().startsWith("rgb("));
     QCOMPARE(history(caller).size(), 1);
     QVERIFY(caller.trayIcon().isEmpty());
+}
+
+void InstanceTest::anEditOfTheDataByHandIsKept()
+{
+    Scene scene;
+    keepData(scene.desktop, dataWithColor("Before", "1"));
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    keepData(scene.desktop, dataWithColor("Edited", "2"));
+    TintwickProcess caller = scene.start({u"pick"_s});
+    QVERIFY(program.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+    QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
+    QCOMPARE(history(program).last().toObject().value("customName"_L1).toString(), u"Edited"_s);
+}
+
+void InstanceTest::aPickOnAnotherBusIsKept()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    QProcessEnvironment otherBus;
+    otherBus.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
+    TintwickProcess alone(scene.desktop, otherBus, QStringList{u"pick"_s});
+    QVERIFY(alone.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(alone.process().waitForEnd(), 0);
+    QCOMPARE(history(alone).size(), 1);
+    const QJsonValue first = history(alone).first();
+
+    QVERIFY(program.startPicking());
+    scene.desktop.movePointer(middle);
+    scene.desktop.click();
+    QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
+    QCOMPARE(history(program).last(), first);
 }
 
 QTEST_GUILESS_MAIN(InstanceTest)

@@ -154,6 +154,11 @@ private Q_SLOTS:
     void aFailedReadIsNeverTakenForNoData();
     void dataReadLaterJoinsTheState();
     void aLaterReadKeepsTheLimitOfTheHistory();
+    void changesOfAnotherCopyJoinTheState();
+    void aColorDeletedHereStaysDeletedWhenTheFileWasEdited();
+    void aRemovedFileIsSavedAnew();
+    void aFileThatIsBrokenWhileRunningIsKeptAside();
+    void anUntouchedFileIsNotReadAgain();
     void aFailedSaveIsToldUntilOneSucceeds();
     void aFailedSaveIsTriedAgainAtTheEnd();
     void aLongerStoredHistoryIsKept();
@@ -349,6 +354,104 @@ void AppStateTest::aLaterReadKeepsTheLimitOfTheHistory()
     state.flush();
     QCOMPARE(state.history().size(), 100);
     QCOMPARE(state.history().first().id, color.id);
+}
+
+void AppStateTest::changesOfAnotherCopyJoinTheState()
+{
+    const CapturedColor old = colorOf(0x102030, QStringLiteral("Old"));
+    QCOMPARE(DataFile().save({{old}, {}, ColorFormat::Hex6}), 0);
+    AppState first;
+    AppState second;
+    const CapturedColor theirs = colorOf(0x1E90FF, QStringLiteral("Theirs"));
+    second.colorCaptured(theirs);
+    second.renameColor(old.id, QStringLiteral("New"));
+    second.createCollection(QStringLiteral("Sea"));
+    second.flush();
+
+    SignalCounts signalCounts(first);
+    const CapturedColor ours = colorOf(0x00FF00, QStringLiteral("Ours"));
+    first.addToHistory(ours);
+    CapturedColor renamed = old;
+    renamed.customName = QStringLiteral("New");
+    const QList<CapturedColor> both{ours, theirs, renamed};
+    QTRY_COMPARE(first.history(), both);
+    QCOMPARE(first.collections().size(), 1);
+    // The new colour, then the changes of the other copy.
+    QCOMPARE(signalCounts.take(), (QList<qsizetype>{2, 1, 0, 0, 0}));
+    first.flush();
+    QCOMPARE(first.saveProblem(), QString());
+    QCOMPARE(AppState().history(), both);
+
+    second.setDefaultFormat(ColorFormat::Rgb);
+    second.flush();
+    QCOMPARE(second.history(), both);
+    first.createCollection(QStringLiteral("Sky"));
+    first.flush();
+    QCOMPARE(first.defaultFormat(), ColorFormat::Rgb);
+    const AppState third;
+    QCOMPARE(third.history(), both);
+    QCOMPARE(third.collections().size(), 2);
+    QCOMPARE(third.defaultFormat(), ColorFormat::Rgb);
+}
+
+void AppStateTest::aColorDeletedHereStaysDeletedWhenTheFileWasEdited()
+{
+    AppState state;
+    // The file rounds the time of this one.
+    state.colorCaptured(CapturedColor::capture(0x1E90FF));
+    state.flush();
+    Payload edited = *decodePayload(contentOf(dataFile()));
+    const CapturedColor theirs = colorOf(0x102030, QStringLiteral("Theirs"));
+    edited.history.append(theirs);
+    store(*encodePayload(edited));
+    state.deleteColor(state.history().first().id);
+    state.flush();
+    QCOMPARE(state.history(), QList<CapturedColor>{theirs});
+    QCOMPARE(AppState().history(), QList<CapturedColor>{theirs});
+}
+
+void AppStateTest::aRemovedFileIsSavedAnew()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x1E90FF));
+    state.flush();
+    QVERIFY(QFile::remove(dataFile()));
+    state.colorCaptured(colorOf(0x00FF00));
+    state.flush();
+    QCOMPARE(AppState().history().size(), 2);
+}
+
+void AppStateTest::aFileThatIsBrokenWhileRunningIsKeptAside()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x1E90FF));
+    state.flush();
+    store("broken");
+    QSignalSpy found(&state, &AppState::unreadableFileFound);
+    state.colorCaptured(colorOf(0x00FF00));
+    state.flush();
+    QCOMPARE(found.count(), 1);
+    QCOMPARE(AppState().history().size(), 2);
+    const QDir folder(state.dataFolder());
+    const QStringList aside = folder.entryList({QStringLiteral("data.unreadable-*.json")});
+    QCOMPARE(aside.size(), 1);
+    QCOMPARE(contentOf(folder.filePath(aside.first())), QByteArray("broken"));
+}
+
+void AppStateTest::anUntouchedFileIsNotReadAgain()
+{
+    AppState state;
+    state.colorCaptured(colorOf(0x1E90FF));
+    state.flush();
+    const FileDescriptor events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    ::inotify_add_watch(events.get(), QFile::encodeName(dataFile()).constData(), IN_OPEN);
+    state.colorCaptured(colorOf(0x00FF00));
+    state.flush();
+    // The only event: the file has been replaced.
+    inotify_event event{};
+    QCOMPARE(::read(events.get(), &event, sizeof event), ssize_t(sizeof event));
+    QCOMPARE(event.mask, std::uint32_t(IN_IGNORED));
+    QCOMPARE(AppState().history().size(), 2);
 }
 
 void AppStateTest::aFailedSaveIsToldUntilOneSucceeds()
