@@ -4,6 +4,7 @@
 #include "PickSeries.h"
 #include "Platform.h"
 #include "Preferences.h"
+#include "QuitSignals.h"
 
 #include <QEventLoop>
 
@@ -20,6 +21,9 @@ PickAnswer pickAlone(const PickRequest& request, std::unique_ptr<Platform> platf
         answer = result;
         loop.quit();
     });
+    // What was picked so far is printed, saved and kept on the clipboard.
+    const QuitSignals quitSignals;
+    QObject::connect(&quitSignals, &QuitSignals::received, &series, &PickSeries::cancel);
     series.start();
     loop.exec();
     platform->keepClipboard();

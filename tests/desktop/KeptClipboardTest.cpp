@@ -92,6 +92,7 @@ private Q_SLOTS:
     void theTextStaysAfterQuit();
     void theTextStaysAfterASignal();
     void theTextStaysAfterASinglePick();
+    void theTextStaysWhenASeriesIsInterrupted();
     void programsGetTheTextInTheFormTheyAskFor();
     void severalFormsAreGivenAtOnce();
     void theProcessHoldsNothingElse();
@@ -127,6 +128,19 @@ void KeptClipboardTest::theTextStaysAfterASinglePick()
     TintwickProcess caller(scene.desktop, {}, QStringList{u"pick"_s});
     QVERIFY(caller.waitForLoupe());
     scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), std::optional(0));
+    QCOMPARE(caller.process().standardOutput(), scene.text + '\n');
+    QCOMPARE(scene.desktop.clipboard(), scene.text);
+}
+
+void KeptClipboardTest::theTextStaysWhenASeriesIsInterrupted()
+{
+    Scene scene;
+    TintwickProcess caller(scene.desktop, {}, QStringList{u"pick"_s, u"--count"_s, u"2"_s});
+    QVERIFY(caller.waitForLoupe());
+    scene.desktop.click();
+    QVERIFY(caller.waitForClipboard(scene.text));
+    ::kill(static_cast<pid_t>(caller.process().processId()), SIGINT);
     QCOMPARE(caller.process().waitForEnd(), std::optional(0));
     QCOMPARE(caller.process().standardOutput(), scene.text + '\n');
     QCOMPARE(scene.desktop.clipboard(), scene.text);
