@@ -1,11 +1,11 @@
 #include "AtomicWrite.h"
 
 #include "support/ForkedChild.h"
+#include "support/QuickTemporaryDir.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
@@ -80,7 +80,8 @@ class AtomicWriteTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    // Another user must be able to reach the folder, which the home of root does not allow.
+    void init() { m_folder = test::quickTemporaryDir(); }
 
     void aNewFileGetsTheUsualMode_data();
     void aNewFileGetsTheUsualMode();

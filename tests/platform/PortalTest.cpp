@@ -112,7 +112,7 @@ void PortalTest::settingsAreReadAtTheStart()
     QTRY_VERIFY(settings.prefersReducedMotion());
     QCOMPARE(m_portal->requestedNamespaces,
              (QStringList{u"org.freedesktop.appearance"_s, u"org.gnome.desktop.interface"_s,
-                          u"org.kde.kdeglobals.KDE"_s}));
+                          u"org.gnome.desktop.a11y.interface"_s, u"org.kde.kdeglobals.KDE"_s}));
 }
 
 void PortalTest::aChangedSettingIsReported()

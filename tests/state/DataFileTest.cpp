@@ -157,7 +157,8 @@ private:
 
 void DataFileTest::init()
 {
-    m_dataHome = std::make_unique<QTemporaryDir>();
+    // Another user must be able to reach the folder, which the home of root does not allow.
+    m_dataHome = test::quickTemporaryDir();
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
 }
 
@@ -381,8 +382,6 @@ void DataFileTest::theNewestThreeUndecodableFilesAreKept()
 void DataFileTest::aKilledProcessLeavesTheOldOrTheNewState()
 {
     constexpr int kills = 600;
-    m_dataHome = test::quickTemporaryDir();
-    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome->path()));
     save(stateNumber(0));
 
     // Spreads the kills over several saves, independent of the speed of the machine.
