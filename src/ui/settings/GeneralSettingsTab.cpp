@@ -1,6 +1,7 @@
 #include "GeneralSettingsTab.h"
 
 #include "AppState.h"
+#include "Autostart.h"
 #include "ColorFormat.h"
 #include "Label.h"
 #include "PermissionStatus.h"
@@ -9,6 +10,7 @@
 #include "SegmentedPicker.h"
 #include "SettingsLayout.h"
 #include "ShortcutRecorder.h"
+#include "Switch.h"
 #include "Theme.h"
 
 #include <algorithm>
@@ -58,7 +60,7 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferen
     , m_platform(platform)
 {
     setContent(column(gap(12), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
-                      screenRecordingSection()));
+                      screenRecordingSection(), startSection()));
 }
 
 QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording, QWidget& panel)
@@ -127,6 +129,22 @@ QWidget* GeneralSettingsTab::screenRecordingSection()
         column(gap(3), fillWidth(), Across::Leading,
                settingsRow(tr("Permission"), new PermissionStatus(m_platform)),
                label(tr("Required to sample screen colors"), theme::caption(), theme::textSecond)));
+}
+
+QWidget* GeneralSettingsTab::startSection()
+{
+    const QString title = tr("Start at login");
+    auto* atLogin = new Switch(title, startsAtLogin());
+    auto* problem = label({}, theme::caption(), theme::textSecond);
+    problem->hide();
+    atLogin->onSwitch([problem](bool isOn) {
+        const int error = setStartsAtLogin(isOn);
+        problem->setText(error == 0 ? QString() : tr("Could not be changed: %1").arg(qt_error_string(error)));
+        problem->setVisible(error != 0);
+        return error == 0;
+    });
+    return settingsSection(
+        tr("Startup"), column(gap(3), fillWidth(), Across::Leading, settingsRow(title, atLogin), problem));
 }
 
 } // namespace tintwick

@@ -26,6 +26,7 @@ private:
     [[nodiscard]] QWidget* loupeSection();
     [[nodiscard]] QWidget* copyFormatSection();
     [[nodiscard]] QWidget* screenRecordingSection();
+    [[nodiscard]] static QWidget* startSection();
     [[nodiscard]] PopUpPicker* formatPicker();
 
     AppState& m_appState;

@@ -8,6 +8,7 @@
 #include "SettingsWindow.h"
 #include "ShortcutCoding.h"
 #include "ShortcutRecorder.h"
+#include "Switch.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/settings/SettingsFixture.h"
 
@@ -119,6 +120,8 @@ private Q_SLOTS:
 
     void tabShowsStoredValues_data();
     void tabShowsStoredValues();
+    void aSwitchStartsTheProgramAtLogin();
+    void theSwitchStaysWhenTheEntryCannotBeWritten();
     void choiceIsStoredAtOnce_data();
     void choiceIsStoredAtOnce();
     void nextPickUsesZoomAndSize();
@@ -203,7 +206,9 @@ void SettingsScreenTest::textsAreInOrder_data()
                                             u"Screen Recording"_s,
                                             u"Permission"_s,
                                             u"Granted"_s,
-                                            u"Required to sample screen colors"_s};
+                                            u"Required to sample screen colors"_s,
+                                            u"Startup"_s,
+                                            u"Start at login"_s};
     QTest::newRow("Data") << SettingsTab::Data
                           << QStringList{u"History"_s,
                                          u"Colors saved"_s,
@@ -251,8 +256,10 @@ void SettingsScreenTest::nothingIsCutOff()
     fixture.platform.permission.settings = QUrl(u"settings:privacy"_s);
     fixture.platform.permission.isGranted = isPermitted;
     fixture.draw();
-    // Everything is visible without scrolling.
+    // Everything but the last section of General is visible without scrolling.
     const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
+    const QRect roomOfLast = room.adjusted(0, 0, 0, 90);
+    const QStringList last{u"Startup"_s, u"Start at login"_s};
     for (const QWidget* each : fixture.view->findChildren<QWidget*>()) {
         const bool isPart = qobject_cast<const Label*>(each) != nullptr ||
                             qobject_cast<const QAbstractButton*>(each) != nullptr;
@@ -262,7 +269,8 @@ void SettingsScreenTest::nothingIsCutOff()
         QVERIFY2(each->width() >= each->minimumSizeHint().width() &&
                      each->width() >= each->sizeHint().width(),
                  qPrintable(each->accessibleName()));
-        QVERIFY2(room.contains(QRect(each->mapTo(&fixture.panel, QPoint()), each->size())),
+        const QRect place(each->mapTo(&fixture.panel, QPoint()), each->size());
+        QVERIFY2((last.contains(each->accessibleName()) ? roomOfLast : room).contains(place),
                  qPrintable(each->accessibleName()));
     }
 }
@@ -730,6 +738,40 @@ void SettingsScreenTest::windowHasTheAppearanceOfThePanel()
     QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0x1F, 0x1F, 0x23));
     appearance.setScheme(Scheme::Light);
     QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0xF5, 0xF5, 0xF7));
+}
+
+void SettingsScreenTest::aSwitchStartsTheProgramAtLogin()
+{
+    const QString entry =
+        qEnvironmentVariable("XDG_CONFIG_HOME") + u"/autostart/org.tintwick.Tintwick.desktop"_s;
+    SettingsFixture fixture;
+    const auto* before = fixture.control<Switch>(u"Start at login"_s);
+    QVERIFY(!before->isChecked());
+    fixture.control<Switch>(u"Start at login"_s)->click();
+    QVERIFY(QFileInfo(entry).isFile());
+    QVERIFY(before->isChecked());
+
+    fixture.open();
+    auto* after = fixture.control<Switch>(u"Start at login"_s);
+    QVERIFY(after->isChecked());
+    after->click();
+    QVERIFY(!QFileInfo::exists(entry));
+}
+
+void SettingsScreenTest::theSwitchStaysWhenTheEntryCannotBeWritten()
+{
+    const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/autostart"_s;
+    QDir(folder).removeRecursively();
+    QFile inTheWay(folder);
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    {
+        const SettingsFixture fixture;
+        auto* atLogin = fixture.control<Switch>(u"Start at login"_s);
+        atLogin->click();
+        QVERIFY(!atLogin->isChecked());
+        QVERIFY(fixture.texts().contains(u"Could not be changed: Not a directory"_s));
+    }
+    QVERIFY(inTheWay.remove());
 }
 
 int main(int argc, char** argv)
