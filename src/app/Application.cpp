@@ -23,6 +23,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <optional>
+#include <utility>
 
 namespace tintwick {
 
@@ -31,6 +33,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr std::chrono::milliseconds preparationDelay{400};
+constexpr std::chrono::seconds patienceForTray{3};
 constexpr int threadExpiry = 500; // milliseconds
 
 std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
@@ -68,13 +71,17 @@ Application::~Application()
     m_platform->keepClipboard();
 }
 
-void Application::start()
+void Application::start(SelfOpening selfOpening)
 {
+    m_selfOpening = selfOpening;
     setupTrayIcon();
     setupPicker();
     setupShortcuts();
     connect(&m_quitSignals, &QuitSignals::received, qApp, [] { QApplication::exit(); });
     prepareLater();
+    if (selfOpening == SelfOpening::WithoutTray) {
+        openWithoutTrayLater();
+    }
 }
 
 // The tray icon appears first. An open menu of ours would close when the panel is created, so this waits for it.
@@ -87,7 +94,53 @@ void Application::prepareLater()
         }
         setupPanel();
         m_picker.prepare();
+        if (m_selfOpening == SelfOpening::AsGreeting) {
+            greet();
+        }
     });
+}
+
+void Application::openWithoutTrayLater()
+{
+    QTimer::singleShot(patienceForTray, this, [this] {
+        if (m_trayIcon.hasTray()) {
+            return;
+        }
+        if (isPicking() || QApplication::activePopupWidget()) {
+            openWithoutTrayLater();
+        } else {
+            openByItself();
+        }
+    });
+}
+
+void Application::greet()
+{
+    // Whoever picks has found the shortcut.
+    if (isPicking()) {
+        return;
+    }
+    openByItself();
+    const auto action = ShortcutAction::ActivatePicker;
+    const QString keys = m_shortcuts.text(action);
+    const QString words = m_shortcuts.words(action);
+    if (!keys.isEmpty() && !m_shortcuts.refusal(action)) {
+        const QString both = keys == words ? keys : tr("%1 (%2)").arg(keys, words);
+        m_panelView->showNotice(tr("Pick a color anywhere with %1").arg(both));
+    }
+}
+
+void Application::openByItself()
+{
+    openPanel();
+    m_isSelfOpened = true;
+}
+
+void Application::hideSelfOpened()
+{
+    if (std::exchange(m_isSelfOpened, false)) {
+        hidePanel();
+    }
 }
 
 void Application::setupTrayIcon()
@@ -120,6 +173,7 @@ void Application::setupPanel()
     }
     m_panelView =
         new PanelView(m_appState, m_preferences, [this](QWidget& panel) { return createSettings(panel); });
+    m_panelView->setMenu([this] { return menuWithoutTray(); });
     connect(m_panelView, &PanelView::pickRequested, this, &Application::pickFromPanel);
     m_panel = std::make_unique<Panel>(m_panelView);
     m_panel->addAction(m_trayIcon.quitAction());
@@ -160,10 +214,15 @@ void Application::setupPicker()
 
 void Application::togglePanel()
 {
-    if (m_panel && m_panel->isVisible()) {
+    // The first click on the icon shows the panel, also when it has opened by itself.
+    const bool wasSelfOpened = std::exchange(m_isSelfOpened, false);
+    const std::optional<QRect> icon = m_trayIcon.frame();
+    if (wasSelfOpened && icon) {
+        showPanel({icon});
+    } else if (m_panel && m_panel->isVisible()) {
         hidePanel();
     } else {
-        showPanel({m_trayIcon.frame(), true});
+        showPanel({icon, true});
     }
 }
 
@@ -175,7 +234,20 @@ void Application::showPanel(const PanelAnchor& anchor)
 
 void Application::openPanel()
 {
+    m_isSelfOpened = false;
     showPanel({m_trayIcon.frame()});
+}
+
+QList<MenuEntry> Application::menuWithoutTray()
+{
+    if (m_trayIcon.hasTray()) {
+        return {};
+    }
+    const QAction& settings = *m_trayIcon.settingsAction();
+    QAction& quit = *m_trayIcon.quitAction();
+    return {
+        menuAction(settings.text(), settings.shortcut(), [this] { m_panelView->setShowingSettings(true); }),
+        menuSeparator(), menuAction(quit.text(), quit.shortcut(), [&quit] { quit.trigger(); })};
 }
 
 void Application::hidePanel()
@@ -272,6 +344,7 @@ void Application::pickFor(const PickRequest& request, const InstanceService::Ans
         answer({PickAnswer::Outcome::Failed, {}, {}, tr("Another pick has not ended yet.")});
         return;
     }
+    hideSelfOpened();
     m_series = std::make_unique<PickSeries>(request, *m_platform, m_preferences, m_appState);
     connect(m_series.get(), &PickSeries::finished, this, [this, answer](const PickAnswer& result) {
         // The series is still emitting its signal.
@@ -297,6 +370,7 @@ void Application::startPick(PickOrigin origin)
     if (isPicking()) {
         return;
     }
+    hideSelfOpened();
     m_pickOrigin = origin;
     if (m_panelView) {
         m_panelView->showNotice({});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppState.h"
+#include "ContextMenu.h"
 #include "InstanceService.h"
 #include "Notifier.h"
 #include "PanelHost.h"
@@ -39,8 +40,17 @@ public:
     Application(std::unique_ptr<Platform> platform, InstanceService& instance);
     ~Application() override;
 
+    /// When the panel opens although nobody has asked for it.
+    enum class SelfOpening {
+        Never,
+        /// Where there is no tray some seconds after the start, because nothing else could be seen.
+        WithoutTray,
+        /// Soon after the start, with a notice that names the shortcut.
+        AsGreeting
+    };
+
     /// Shows the tray icon and grabs the global shortcuts. Call once; the panel and the loupe are prepared later.
-    void start();
+    void start(SelfOpening selfOpening);
     void openPanel();
     void openSettingsWindow();
 
@@ -48,6 +58,11 @@ private:
     enum class PickOrigin { Panel, Elsewhere };
 
     void prepareLater();
+    void openWithoutTrayLater();
+    void greet();
+    void openByItself();
+    /// Hides a panel that nobody asked for: it must not cover what the user wants to pick.
+    void hideSelfOpened();
     void setupTrayIcon();
     void setupPanel();
     void setupPicker();
@@ -59,6 +74,8 @@ private:
     [[nodiscard]] QWidget* createSettings(QWidget& panel);
 
     void togglePanel();
+    /// What the menu of the tray icon offers; empty where there is a tray.
+    [[nodiscard]] QList<MenuEntry> menuWithoutTray();
     void showPanel(const PanelAnchor& anchor);
     void hidePanel();
 
@@ -78,6 +95,9 @@ private:
     Preferences m_preferences;
     TrayIcon m_trayIcon;
     Notifier m_notifier;
+    SelfOpening m_selfOpening = SelfOpening::Never;
+    /// Until the user opens the panel or picks.
+    bool m_isSelfOpened = false;
     PickOrigin m_pickOrigin = PickOrigin::Elsewhere;
     Picker m_picker;
     /// Null when no other process waits for a pick.

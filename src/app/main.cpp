@@ -8,6 +8,7 @@
 #include "PickReport.h"
 #include "Platform.h"
 #include "PlatformFactory.h"
+#include "Preferences.h"
 #include "ProcessSetup.h"
 #include "RunningInstance.h"
 #include "SinglePick.h"
@@ -49,6 +50,22 @@ std::unique_ptr<Platform> connectToDesktop()
     return platform;
 }
 
+/// Nothing of the user is stored here.
+bool isFirstStart()
+{
+    return !QFileInfo::exists(DataFile().fileURL().toLocalFile()) &&
+           !QFileInfo::exists(Preferences::pathOfUser());
+}
+
+/// Asked before the program stores anything.
+Application::SelfOpening selfOpening(const Invocation& invocation)
+{
+    if (invocation.command != CommandId::Start || invocation.isBackground) {
+        return Application::SelfOpening::Never;
+    }
+    return isFirstStart() ? Application::SelfOpening::AsGreeting : Application::SelfOpening::WithoutTray;
+}
+
 /// Starts the program, or hands the command over to the one that runs.
 int start(int argc, char** argv, const Invocation& invocation)
 {
@@ -61,6 +78,9 @@ int start(int argc, char** argv, const Invocation& invocation)
     Application::setUpToolkit();
     InstanceService instance;
     if (instance.claim() == InstanceService::Claim::Taken) {
+        if (invocation.isBackground) {
+            return EXIT_SUCCESS;
+        }
         const RunningInstance running;
         const bool isAnswered = invocation.command == CommandId::Settings
                                     ? running.activateAction(u"settings"_s)
@@ -72,8 +92,9 @@ int start(int argc, char** argv, const Invocation& invocation)
         printError(u"tintwick: another Tintwick uses the same data"_s);
         return EXIT_FAILURE;
     }
+    const Application::SelfOpening opening = selfOpening(invocation);
     Application application(std::move(platform), instance);
-    application.start();
+    application.start(opening);
     switch (invocation.command) {
     case CommandId::Panel:
         application.openPanel();

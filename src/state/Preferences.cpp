@@ -83,14 +83,19 @@ QString storedWord(ColorSchemeChoice choice)
 
 Preferences::Preferences(QObject* parent)
     : Preferences(
-          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-              u"/Tintwick/Tintwick.conf"_s,
+          pathOfUser(),
           [] {
               return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"Tintwick"_s,
                                                  u"Tintwick"_s);
           },
           parent)
 {
+}
+
+QString Preferences::pathOfUser()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/Tintwick/Tintwick.conf"_s;
 }
 
 Preferences::Preferences(const QString& path, QObject* parent)

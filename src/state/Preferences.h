@@ -52,6 +52,8 @@ class Preferences final : public QObject
 
 public:
     explicit Preferences(QObject* parent = nullptr);
+    /// The file that the user's choices are stored in.
+    [[nodiscard]] static QString pathOfUser();
     /// Uses another file, without system-wide values.
     explicit Preferences(const QString& path, QObject* parent = nullptr);
 

@@ -29,7 +29,7 @@ struct Scene
         desktop.movePointer(middle);
     }
 
-    [[nodiscard]] TintwickProcess start(const QStringList& arguments = {})
+    [[nodiscard]] TintwickProcess start(const QStringList& arguments = {u"--background"_s})
     {
         return TintwickProcess(desktop, {}, arguments);
     }
@@ -84,7 +84,7 @@ void InstanceTest::aSecondStartOpensThePanelOfTheFirst()
     Scene scene;
     TintwickProcess first = scene.start();
     QVERIFY(first.waitForTrayIcon());
-    TintwickProcess second = scene.start();
+    TintwickProcess second = scene.start(QStringList());
     QCOMPARE(second.process().waitForEnd(), 0);
     QVERIFY(first.waitForPanel());
     QCOMPARE(second.process().standardError(), QByteArray());

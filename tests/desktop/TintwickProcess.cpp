@@ -48,10 +48,11 @@ TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironm
 TintwickProcess::TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
                                  const QString& redirections)
     : m_desktop(desktop)
-    , m_process(desktop.start(QStringLiteral("bash"),
-                              {QStringLiteral("-c"), QStringLiteral("exec \"$0\" ") + redirections,
-                               QStringLiteral(TINTWICK_PROGRAM)},
-                              environment))
+    , m_process(
+          desktop.start(QStringLiteral("bash"),
+                        {QStringLiteral("-c"), QStringLiteral("exec \"$0\" --background ") + redirections,
+                         QStringLiteral(TINTWICK_PROGRAM)},
+                        environment))
 {
 }
 

@@ -27,9 +27,9 @@ class TintwickProcess final
 public:
     enum class ChosenBy : std::uint8_t { Pointer, Keys };
 
-    /// Starts the program; `environment` is added to that of the desktop.
+    /// Starts the program; `environment` is added to that of the desktop. By default the panel does not open by itself.
     explicit TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment = {},
-                             const QStringList& arguments = {});
+                             const QStringList& arguments = {QStringLiteral("--background")});
     /// Starts it with redirections of the shell, such as ">&-".
     TintwickProcess(PrivateDesktop& desktop, const QProcessEnvironment& environment,
                     const QString& redirections);

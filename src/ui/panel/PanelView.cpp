@@ -112,9 +112,25 @@ QWidget* PanelView::backButton()
 
 QWidget* PanelView::settingsButton()
 {
-    return squareButton(
-        tr("Settings"), [this] { setShowingSettings(true); },
+    m_settings = squareButton(
+        tr("Settings"), [this] { openMenuOrSettings(); },
         symbol(u"settings"_s, 14, SymbolWeight::Regular, theme::textSecond));
+    return m_settings;
+}
+
+void PanelView::setMenu(std::function<QList<MenuEntry>()> entries)
+{
+    m_menu = std::move(entries);
+}
+
+void PanelView::openMenuOrSettings()
+{
+    const QList<MenuEntry> entries = m_menu ? m_menu() : QList<MenuEntry>();
+    if (entries.isEmpty()) {
+        setShowingSettings(true);
+    } else {
+        dropDownMenu(*m_settings, entries);
+    }
 }
 
 QWidget* PanelView::colorSchemeToggle()

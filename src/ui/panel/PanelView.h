@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Appearance.h"
+#include "ContextMenu.h"
 #include "Notice.h"
 #include "View.h"
 
@@ -47,6 +48,9 @@ public:
     void setShowingSettings(bool shows);
     /// Shows the dashboard if the settings are shown and no sheet is open above them.
     void leaveSettings();
+    /// `entries` is called when the settings button is clicked. If it returns any, they open as a menu; else the settings
+    /// are shown.
+    void setMenu(std::function<QList<MenuEntry>()> entries);
     /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
     /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
     void showNotice(const QString& sentence);
@@ -85,6 +89,7 @@ private:
     [[nodiscard]] QWidget* backButton();
     [[nodiscard]] QWidget* colorSchemeToggle();
     [[nodiscard]] QWidget* settingsButton();
+    void openMenuOrSettings();
 
     [[nodiscard]] bool isInScreen(const QWidget* widget) const;
     [[nodiscard]] ScreenChoice chosenScreen() const;
@@ -110,6 +115,8 @@ private:
     Appearance m_appearance;
     std::optional<Scheme> m_systemScheme;
     MakeSettings m_makeSettings;
+    std::function<QList<MenuEntry>()> m_menu;
+    PlainButton* m_settings = nullptr;
 
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;

@@ -71,6 +71,7 @@ void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
                 action->setIcon(symbolIcon(entry.symbol));
                 action->setIconVisibleInMenu(true);
             }
+            action->setShortcut(entry.shortcut);
             if (entry.kind == MenuEntry::Kind::Choice) {
                 action->setCheckable(true);
                 action->setChecked(entry.isChosen);
@@ -85,12 +86,17 @@ void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
 
 MenuEntry menuAction(const QString& title, std::function<void()> action)
 {
-    return menuAction(title, {}, std::move(action));
+    return menuAction(title, QString(), std::move(action));
 }
 
 MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action)
 {
     return {MenuEntry::Kind::Action, title, symbol, std::move(action), {}, false};
+}
+
+MenuEntry menuAction(const QString& title, const QKeySequence& shortcut, std::function<void()> action)
+{
+    return {MenuEntry::Kind::Action, title, {}, std::move(action), {}, false, shortcut};
 }
 
 MenuEntry menuDestructive(const QString& title, std::function<void()> action)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QList>
 #include <QString>
 
@@ -24,10 +25,14 @@ struct MenuEntry
     QList<MenuEntry> children;
     /// Of a choice.
     bool isChosen = false;
+    /// Only shown; the window that opens the menu reacts to it.
+    QKeySequence shortcut = {};
 };
 
 [[nodiscard]] MenuEntry menuAction(const QString& title, std::function<void()> action);
 [[nodiscard]] MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action);
+[[nodiscard]] MenuEntry menuAction(const QString& title, const QKeySequence& shortcut,
+                                   std::function<void()> action);
 /// An action that cannot be undone, drawn in red.
 [[nodiscard]] MenuEntry menuDestructive(const QString& title, std::function<void()> action);
 /// One of several exclusive choices. The chosen one has a check mark.
