@@ -349,8 +349,11 @@ void AppStateTest::aLaterReadKeepsTheLimitOfTheHistory()
     AppState state;
     const CapturedColor color = colorOf(0x1E90FF);
     state.colorCaptured(color);
+    // The attempt to save must not meet the moment without a file.
+    state.flush();
     QVERIFY(QDir().rmdir(dataFile()));
     store(*encodePayload({QList<CapturedColor>(100, colorOf(0x102030)), {}, ColorFormat::Hex6}));
+    state.createCollection(QStringLiteral("New"));
     state.flush();
     QCOMPARE(state.history().size(), 100);
     QCOMPARE(state.history().first().id, color.id);
