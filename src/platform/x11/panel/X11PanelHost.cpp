@@ -68,6 +68,14 @@ QList<PanelScreen> panelScreens(const XcbConnection& connection)
     return screens;
 }
 
+/// The top left corner in pixels of the root. The toolkit reports a move before the window manager has made it, so the
+/// server may not know it yet.
+QPoint widgetPlace(const QWidget& widget)
+{
+    const QPoint origin = widget.screen()->geometry().topLeft();
+    return origin + (QPointF(widget.pos() - origin) * widget.devicePixelRatioF()).toPoint();
+}
+
 std::optional<QRect> anchorRect(const PanelAnchor& anchor)
 {
     if (!anchor.icon && anchor.isClicked) {
@@ -237,7 +245,7 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
             handleHide();
         } else if (m_isExposed && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
             prepareShadow();
-            placeShadow();
+            placeShadow(widgetPlace(*m_widget));
         }
     } else if (event->type() == QEvent::Expose && m_widget->windowHandle()->isExposed() && !m_isExposed) {
         m_isExposed = true;
@@ -293,21 +301,32 @@ void X11PanelHost::prepareShadow()
 
 void X11PanelHost::placeShadow()
 {
-    if (!m_shadow || !m_widget || !m_widget->isVisible() || !hasCompositor(m_connection)) {
+    if (!m_widget) {
         return;
     }
     xcb_connection_t* c = m_connection.get();
     const auto id = static_cast<xcb_window_t>(m_widget->winId());
     const XcbReply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
         c, xcb_translate_coordinates(c, id, m_connection.root(), 0, 0), nullptr));
-    const xcb_window_t frame = childOfRoot(c, id, m_connection.root());
-    if (!place || frame == XCB_NONE) {
+    if (place) {
+        placeShadow(QPoint(place->dst_x, place->dst_y));
+    }
+}
+
+void X11PanelHost::placeShadow(QPoint panel)
+{
+    if (!m_shadow || !m_widget->isVisible() || !hasCompositor(m_connection)) {
+        return;
+    }
+    const auto id = static_cast<xcb_window_t>(m_widget->winId());
+    const xcb_window_t frame = childOfRoot(m_connection.get(), id, m_connection.root());
+    if (frame == XCB_NONE) {
         return;
     }
     // Compositors draw the shadow of the window that they paint, which is the frame where there is one.
     declineShadow(m_connection, frame);
     const QMargins margins = shadowMargins();
-    m_shadow->showBelow(frame, QPoint(place->dst_x - margins.left(), place->dst_y - margins.top()));
+    m_shadow->showBelow(frame, panel - QPoint(margins.left(), margins.top()));
 }
 
 QMargins X11PanelHost::shadowMargins() const

@@ -52,7 +52,10 @@ private:
     /// Draws the shadow where it is not up to date. It is not visible before placeShadow().
     void prepareShadow();
     /// Shows the shadow below a visible panel.
+    /// At the panel's place on the server.
     void placeShadow();
+    /// `panel` is its top left corner in pixels of the root.
+    void placeShadow(QPoint panel);
     /// In pixels.
     [[nodiscard]] QMargins shadowMargins() const;
 
