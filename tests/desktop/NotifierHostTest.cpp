@@ -351,7 +351,7 @@ void NotifierHostTest::anInstalledSymbolIsNamedBesideThePictures()
     QVERIFY(write(u"/index.theme"_s,
                   "[Icon Theme]\nName=Hicolor\nDirectories=symbolic/apps\n\n[symbolic/apps]\n"
                   "Size=16\nMinSize=8\nMaxSize=512\nType=Scalable\n"));
-    const QByteArray drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\"/>";
+    const QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16"/>)";
     QVERIFY(!isInstalled || write(u"/symbolic/apps/org.tintwick.Tintwick-symbolic.svg"_s, drawing));
     NotifierHost host(desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s));
     const TintwickProcess program(desktop);
