@@ -27,6 +27,18 @@ void write(const QString& path, const QByteArray& contents)
     }
 }
 
+bool isDrawn(const QImage& picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, 0)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 // The window has room for the shadows around the loupe: 22 points above and on both sides and 14 below. The loupe is 56
 // points higher than wide, so the window is 48 points higher than wide, which reveals the scale.
 QRect withoutShadows(const QRect& window)
@@ -83,10 +95,12 @@ QRect TintwickProcess::trayIcon()
 
 bool TintwickProcess::waitForTrayIcon()
 {
-    // The tray embeds the icon, then grows, and then moves back to its place at the edge.
+    // The tray embeds the icon, then grows, and then moves back to its place at the edge. A click before the program has
+    // drawn the icon can be lost.
     return waitUntil([this] {
         const QRect icon = trayIcon();
-        return icon.width() > 4 && trayInItsPlace().contains(icon);
+        return icon.width() > 4 && trayInItsPlace().contains(icon) &&
+               isDrawn(m_desktop.connection().screenshot(icon));
     });
 }
 
