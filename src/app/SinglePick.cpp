@@ -27,6 +27,10 @@ PickAnswer pickAlone(const PickRequest& request, std::unique_ptr<Platform> platf
     series.start();
     loop.exec();
     platform->keepClipboard();
+    if (request.saves && !answer.colors.isEmpty()) {
+        state.flush();
+        answer.reason = state.saveProblem();
+    }
     return answer;
 }
 

@@ -33,13 +33,15 @@ int report(const PickAnswer& answer, const Invocation& invocation)
     if (!answer.colors.isEmpty() && !writeToStandardOutput(listing(answer, invocation))) {
         return EXIT_FAILURE;
     }
+    if (!answer.reason.isEmpty()) {
+        printError(QStringLiteral("tintwick: ") + answer.reason);
+    }
     switch (answer.outcome) {
     case PickAnswer::Outcome::Picked:
         return EXIT_SUCCESS;
     case PickAnswer::Outcome::Cancelled:
         return exitCancelled;
     case PickAnswer::Outcome::Failed:
-        printError(QStringLiteral("tintwick: ") + answer.reason);
         return exitNotPossible;
     }
     Q_UNREACHABLE();

@@ -37,7 +37,7 @@ struct PickAnswer
     QList<QRgb> colors;
     /// The text of each colour in the format, as it was copied.
     QStringList texts;
-    /// One sentence for the user when a pick was not possible.
+    /// One sentence for the user when a pick was not possible, or the colours could not be saved.
     QString reason;
 };
 

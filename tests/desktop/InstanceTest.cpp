@@ -3,6 +3,7 @@
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -75,6 +76,7 @@ private Q_SLOTS:
     void theEndOfTheCallerEndsThePick();
     void aPickIsRefusedDuringAnother();
     void aPickWithoutTheProgramSavesAndLeavesNothingRunning();
+    void aPickWithoutTheProgramReportsAFailedSave();
     void anEditOfTheDataByHandIsKept();
     void aPickOnAnotherBusIsKept();
 };
@@ -270,6 +272,19 @@ void InstanceTest::aPickOnAnotherBusIsKept()
     scene.desktop.click();
     QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
     QCOMPARE(history(program).last(), first);
+}
+
+void InstanceTest::aPickWithoutTheProgramReportsAFailedSave()
+{
+    Scene scene;
+    // A folder in the place of the file
+    QVERIFY(QDir().mkpath(scene.desktop.dataHome() + u"/Tintwick/data.json"_s));
+    TintwickProcess caller = scene.start({u"pick"_s});
+    QVERIFY(caller.waitForLoupe());
+    scene.desktop.click();
+    QCOMPARE(caller.process().waitForEnd(), 0);
+    QCOMPARE(caller.process().standardOutput(), hexText(patternPixel(middle.x(), middle.y())) + '\n');
+    QCOMPARE(caller.process().standardError(), QByteArray("tintwick: Not saved: data.json is not a file\n"));
 }
 
 QTEST_GUILESS_MAIN(InstanceTest)
