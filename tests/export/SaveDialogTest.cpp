@@ -187,6 +187,9 @@ void SaveDialogTest::theDialogCanBeCancelledAfterAFailedWrite()
 
 void SaveDialogTest::manyDialogsLeaveNoMemoryBehind()
 {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer keeps freed memory");
+#endif
     // Memory of the process's own, without the pages of libraries and caches that the kernel shares.
     const auto ownMegabytes = [] {
         QFile file(u"/proc/self/status"_s);

@@ -608,7 +608,8 @@ private Q_SLOTS:
             desk.desktop.reportChange();
             QCoreApplication::processEvents();
         }
-        QVERIFY2(time.elapsed() >= 3 * 15, qPrintable(QString::number(time.elapsed())));
+        // The first change may be followed at once, when the start lies a frame back.
+        QVERIFY2(time.elapsed() >= 2 * 15, qPrintable(QString::number(time.elapsed())));
     }
 
     void aMoveShowsAWaitingChangeToo()
