@@ -91,7 +91,7 @@ std::optional<QString> problemWithArguments(const CommandInfo& command, const QS
     if (arguments.size() > command.mostArguments) {
         return u"'%1' is one argument too many"_s.arg(arguments.at(command.mostArguments));
     }
-    if (command.completion == Completion::ExportType && !exportTypes.empty() &&
+    if (command.completion == Completion::ExportType &&
         std::ranges::find(exportTypes, QStringView(arguments.first())) == exportTypes.end()) {
         return u"'%1' is not one of %2"_s.arg(arguments.first(), command.arguments);
     }
