@@ -241,7 +241,8 @@ void PickSession::updateLoupe()
     if (!m_hasPosition || screen >= m_session->screens().size()) {
         return;
     }
-    const auto [size, scale] = m_session->screens()[screen];
+    const QSize size = m_session->screens()[screen].size;
+    const double scale = m_session->screens()[screen].scale;
     const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
     m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
     m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));

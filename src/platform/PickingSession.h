@@ -53,6 +53,18 @@ public:
     /// contains the loupe or the pointer. Null when the desktop returns no image.
     [[nodiscard]] virtual QImage grab(int screen, const QRect& pixels) = 0;
 
+    /// Whether the pixels are those of one moment; else they are those that the desktop shows now.
+    [[nodiscard]] virtual bool isFrozen() const = 0;
+
+    /// Freezes the pixels as they are now, or returns to live ones. Reported by contentChanged(). Before the session has
+    /// started, `true` means that the pixels are taken before the input is grabbed, so that they contain what a grab
+    /// would close, such as menus and tool tips. No effect where a session is always frozen.
+    virtual void setFrozen(bool isFrozen) = 0;
+
+    /// Replaces frozen pixels with those that the desktop shows now, without our own windows. Reported by
+    /// contentChanged(). No effect where the pixels are live.
+    virtual void retake() = 0;
+
     /// Shows one frame of the loupe above everything else; image and position change together. The image is
     /// premultiplied ARGB32 in physical pixels of the screen. `topLeft` is relative to the screen's top left corner.
     virtual void showLoupe(const QImage& picture, int screen, QPoint topLeft) = 0;

@@ -16,6 +16,8 @@ struct Screen
     QSize size;
     /// Physical pixels per point of the user interface on this screen (1, 1.5, 2, ...).
     double scale = 1;
+    /// Of the picture that the desktop returns: 10 for a 10-bit picture. Grabbed pixels have the 8 most significant ones.
+    int bitsPerChannel = 8;
 
     friend bool operator==(const Screen&, const Screen&) = default;
 };

@@ -98,6 +98,21 @@ QImage ScriptedPickingSession::grab(int screen, const QRect& pixels)
     return m_desktop.picture(m_desktop.grabs.back());
 }
 
+void ScriptedPickingSession::setFrozen(bool isFrozen)
+{
+    if (m_desktop.canThaw && isFrozen != m_desktop.isFrozen) {
+        m_desktop.journal << (isFrozen ? QStringLiteral("freeze") : QStringLiteral("thaw"));
+        m_desktop.isFrozen = isFrozen;
+    }
+}
+
+void ScriptedPickingSession::retake()
+{
+    if (m_desktop.isFrozen) {
+        m_desktop.journal << QStringLiteral("retake");
+    }
+}
+
 void ScriptedPickingSession::showLoupe(const QImage& picture, int screen, QPoint topLeft)
 {
     m_desktop.journal << QStringLiteral("show loupe");
@@ -135,6 +150,7 @@ void ScriptedPickingSession::end()
     if (std::exchange(m_listener, nullptr)) {
         m_desktop.journal << QStringLiteral("end");
         m_desktop.listener = nullptr;
+        m_desktop.isFrozen = m_desktop.isFrozen && !m_desktop.canThaw;
     }
 }
 

@@ -34,7 +34,8 @@ struct ScriptedDesktop
         friend bool operator==(const Grab&, const Grab&) = default;
     };
 
-    /// What sessions did, in order: "start", "grab", "show loupe", "warp", "copy <text>", "end".
+    /// What sessions did, in order: "start", "grab", "freeze", "thaw", "retake", "show loupe", "warp", "copy <text>",
+    /// "end".
     QStringList journal;
     /// The monitors; `origins` places them beside each other, in physical pixels.
     std::vector<Screen> screens{{{1920, 1080}, 1}};
@@ -44,6 +45,9 @@ struct ScriptedDesktop
     /// The next session is refused with this reason.
     std::optional<QString> refusal;
     bool canWarp = true;
+    bool canThaw = true;
+    /// Of the running session, and of the next one where the desktop cannot thaw.
+    bool isFrozen = false;
     /// The pixels of a grab, which the world below gives by default; null for no picture.
     std::function<QImage(const Grab&)> picture;
     std::vector<Grab> grabs;
@@ -73,6 +77,9 @@ public:
 
     [[nodiscard]] const std::vector<Screen>& screens() const override { return m_desktop.screens; }
     [[nodiscard]] QImage grab(int screen, const QRect& pixels) override;
+    [[nodiscard]] bool isFrozen() const override { return m_desktop.isFrozen; }
+    void setFrozen(bool isFrozen) override;
+    void retake() override;
     void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
     bool warpPointer(const ScreenPosition& position) override;

@@ -27,6 +27,9 @@ public:
 
     [[nodiscard]] const std::vector<Screen>& screens() const override { return m_screens; }
     [[nodiscard]] QImage grab(int, const QRect&) override { return {}; }
+    [[nodiscard]] bool isFrozen() const override { return false; }
+    void setFrozen(bool) override {}
+    void retake() override {}
     void showLoupe(const QImage&, int, QPoint) override {}
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition&) const override
     {

@@ -1,11 +1,14 @@
 #include "X11Screens.h"
 
+#include "RenderFormats.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
 #include <xcb/randr.h>
 
 #include <algorithm>
+#include <bit>
 
 namespace tintwick {
 
@@ -75,6 +78,14 @@ std::vector<X11Screen> queryScreens(const XcbConnection& connection)
         screens.insert(place, X11Screen{frame, scale});
     }
     return screens;
+}
+
+int bitsPerChannel(const XcbConnection& connection)
+{
+    constexpr int usual = 8;
+    const xcb_render_pictforminfo_t* format =
+        formatOfVisual(connection.get(), connection.screen().root_visual);
+    return format ? std::popcount(format->direct.red_mask) : usual;
 }
 
 } // namespace tintwick

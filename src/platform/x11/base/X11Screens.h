@@ -23,4 +23,7 @@ struct X11Screen
 /// the server does not answer.
 [[nodiscard]] std::vector<X11Screen> queryScreens(const XcbConnection& connection);
 
+/// Of the root window: 10 on a screen with 30 bits per pixel.
+[[nodiscard]] int bitsPerChannel(const XcbConnection& connection);
+
 } // namespace tintwick

@@ -32,10 +32,10 @@ bool GrabCanvas::begin(const QRect& area)
     if (area.isEmpty() || wanted.width() > maximumSide || wanted.height() > maximumSide) {
         return false;
     }
-    xcb_connection_t* c = m_connection.get();
+    xcb_connection_t* c = m_connection->get();
     m_size = wanted;
     m_pixmap = XcbPixmap::withNewId(c);
-    xcb_create_pixmap(c, translucentDepth, m_pixmap.id(), m_connection.root(),
+    xcb_create_pixmap(c, translucentDepth, m_pixmap.id(), m_connection->root(),
                       static_cast<std::uint16_t>(wanted.width()),
                       static_cast<std::uint16_t>(wanted.height()));
     m_picture = XcbPicture::withNewId(c);
@@ -51,20 +51,20 @@ void GrabCanvas::clip(const QRegion& region)
     for (const QRect& rect : region) {
         rectangles.push_back(toXcb(rect.translated(-m_area.topLeft())));
     }
-    xcb_render_set_picture_clip_rectangles(m_connection.get(), m_picture.id(), 0, 0,
+    xcb_render_set_picture_clip_rectangles(m_connection->get(), m_picture.id(), 0, 0,
                                            static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 void GrabCanvas::fillDarkGray()
 {
     const xcb_rectangle_t all = toXcb(QRect(QPoint(0, 0), m_area.size()));
-    xcb_render_fill_rectangles(m_connection.get(), XCB_RENDER_PICT_OP_SRC, m_picture.id(), darkGrayPixel, 1,
+    xcb_render_fill_rectangles(m_connection->get(), XCB_RENDER_PICT_OP_SRC, m_picture.id(), darkGrayPixel, 1,
                                &all);
 }
 
 void GrabCanvas::drawRootPicture(std::uint32_t picture, const QRect& area)
 {
-    xcb_render_composite(m_connection.get(), XCB_RENDER_PICT_OP_SRC, picture, XCB_NONE, m_picture.id(),
+    xcb_render_composite(m_connection->get(), XCB_RENDER_PICT_OP_SRC, picture, XCB_NONE, m_picture.id(),
                          static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()), 0, 0,
                          static_cast<std::int16_t>(area.x() - m_area.x()),
                          static_cast<std::int16_t>(area.y() - m_area.y()),
@@ -75,7 +75,7 @@ void GrabCanvas::drawWindow(const StackedWindow& window, const QRect& area, bool
 {
     const QRect part = area & window.frame;
     xcb_render_composite(
-        m_connection.get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC, window.picture.id(),
+        m_connection->get(), blends ? XCB_RENDER_PICT_OP_OVER : XCB_RENDER_PICT_OP_SRC, window.picture.id(),
         XCB_NONE, m_picture.id(), static_cast<std::int16_t>(part.x() - window.frame.x()),
         static_cast<std::int16_t>(part.y() - window.frame.y()), 0, 0,
         static_cast<std::int16_t>(part.x() - m_area.x()), static_cast<std::int16_t>(part.y() - m_area.y()),
@@ -84,7 +84,7 @@ void GrabCanvas::drawWindow(const StackedWindow& window, const QRect& area, bool
 
 QImage GrabCanvas::read() const
 {
-    xcb_connection_t* c = m_connection.get();
+    xcb_connection_t* c = m_connection->get();
     const auto cookie = xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_pixmap.id(), 0, 0,
                                       static_cast<std::uint16_t>(m_area.width()),
                                       static_cast<std::uint16_t>(m_area.height()), ~0U);

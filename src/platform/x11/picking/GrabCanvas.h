@@ -20,7 +20,7 @@ class GrabCanvas final
 public:
     /// The connection must outlive the canvas.
     explicit GrabCanvas(XcbConnection& connection)
-        : m_connection(connection)
+        : m_connection(&connection)
     {
     }
 
@@ -35,11 +35,13 @@ public:
     void drawRootPicture(std::uint32_t picture, const QRect& area);
     /// Draws the part of a window inside the area. The window's alpha channel is used only when `blends` is true.
     void drawWindow(const StackedWindow& window, const QRect& area, bool blends);
+    /// The drawn area, from its top left corner.
+    [[nodiscard]] xcb_render_picture_t picture() const { return m_picture.id(); }
     /// The finished grab (Format_RGB32); null when the server does not reply.
     [[nodiscard]] QImage read() const;
 
 private:
-    XcbConnection& m_connection;
+    XcbConnection* m_connection;
     XcbPixmap m_pixmap;
     XcbPicture m_picture;
     QSize m_size;

@@ -99,19 +99,34 @@ QImage ScreenReader::grab(const QRect& rect)
         m_canvas.fillDarkGray();
     }
     m_canvas.clip(visible);
-    if (!m_copy) {
-        m_canvas.drawRootPicture(createRootPicture().id(), rect);
-        return m_canvas.read();
-    }
-    const QRegion live = m_windows ? visible & m_changed : QRegion();
-    if (live != visible) {
-        m_copy->copy(visible);
-        m_canvas.drawRootPicture(m_copy->picture(), rect);
-    }
-    if (!live.isEmpty()) {
-        drawLive(live);
+    if (m_frozen) {
+        m_canvas.drawRootPicture(m_frozen->picture(), rect);
+    } else {
+        drawScreen(m_canvas, rect);
     }
     return m_canvas.read();
+}
+
+// Only queues requests: the pixels stay on the server.
+void ScreenReader::freeze()
+{
+    applyDamage();
+    // Positions in the picture are those on the root window.
+    const QRect bounds = m_screenRegion.boundingRect();
+    const QRect all(QPoint(), QPoint(bounds.right(), bounds.bottom()));
+    GrabCanvas canvas(m_connection);
+    if (!canvas.begin(all)) {
+        return;
+    }
+    canvas.clip(m_screenRegion);
+    drawScreen(canvas, all);
+    m_frozen = std::move(canvas);
+    m_connection.flush();
+}
+
+void ScreenReader::thaw()
+{
+    m_frozen.reset();
 }
 
 void ScreenReader::loupeWillCover(const QRect& area)
@@ -142,6 +157,9 @@ void ScreenReader::handleEvent(const xcb_generic_event_t& event)
         if (m_screens != before) {
             // The copy does not contain new parts of the desktop.
             m_changed = m_screenRegion;
+            if (m_frozen) {
+                freeze();
+            }
             Q_EMIT screensChanged();
         }
     } else if (isCompositorChange(event)) {
@@ -229,7 +247,7 @@ void ScreenReader::markChanged(const QRegion& region)
         return;
     }
     addTo(m_changed, region);
-    if (region.intersects(m_lastGrab)) {
+    if (!m_frozen && region.intersects(m_lastGrab)) {
         Q_EMIT contentChanged();
     }
 }
@@ -267,22 +285,39 @@ void ScreenReader::readScreens()
     }
 }
 
-void ScreenReader::drawLive(const QRegion& region)
+void ScreenReader::drawScreen(GrabCanvas& canvas, const QRect& rect)
+{
+    if (!m_copy) {
+        canvas.drawRootPicture(createRootPicture().id(), rect);
+        return;
+    }
+    const QRegion visible = m_screenRegion & rect;
+    const QRegion live = m_windows ? visible & m_changed : QRegion();
+    if (live != visible) {
+        m_copy->copy(visible);
+        canvas.drawRootPicture(m_copy->picture(), rect);
+    }
+    if (!live.isEmpty()) {
+        drawLive(canvas, live);
+    }
+}
+
+void ScreenReader::drawLive(GrabCanvas& canvas, const QRegion& region)
 {
     const QRect area = region.boundingRect();
-    m_canvas.clip(region);
+    canvas.clip(region);
     if (!m_backdrop) {
         m_backdrop.emplace(m_connection, *m_copy, m_bareSpot);
     }
-    m_canvas.drawRootPicture(m_backdrop->picture(), area);
+    canvas.drawRootPicture(m_backdrop->picture(), area);
     for (const StackedWindow* window : m_windows->contentsIn(area)) {
         // The server applies the clip of the destination, not that of the source.
         if (window->isShaped) {
-            m_canvas.clip(region & window->shape.translated(window->frame.topLeft()));
+            canvas.clip(region & window->shape.translated(window->frame.topLeft()));
         }
-        m_canvas.drawWindow(*window, area, window->hasAlpha && m_isComposited);
+        canvas.drawWindow(*window, area, window->hasAlpha && m_isComposited);
         if (window->isShaped) {
-            m_canvas.clip(region);
+            canvas.clip(region);
         }
     }
 }

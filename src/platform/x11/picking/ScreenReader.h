@@ -47,12 +47,15 @@ public:
     /// Reads the rectangle without the loupe and the windows above it (Format_RGB32). Pixels outside all monitors are
     /// dark grey. Null when the server returns no image.
     [[nodiscard]] QImage grab(const QRect& rect);
+    /// From now on grab() reads the pixels of this moment. A further call takes those of its own moment.
+    void freeze();
+    void thaw();
     /// Call before the loupe covers the area. Without a compositor the server would discard what the windows below it
     /// draw.
     void loupeWillCover(const QRect& area);
 
 Q_SIGNALS:
-    /// Pixels of the last grab may have changed.
+    /// Pixels of the last grab may have changed. Not emitted while frozen.
     void contentChanged();
     void screensChanged();
 
@@ -78,7 +81,8 @@ private:
     void findBareSpot();
     void copyRest();
     void readScreens();
-    void drawLive(const QRegion& region);
+    void drawScreen(GrabCanvas& canvas, const QRect& rect);
+    void drawLive(GrabCanvas& canvas, const QRegion& region);
     [[nodiscard]] XcbPicture createRootPicture() const;
 
     XcbConnection& m_connection;
@@ -106,6 +110,8 @@ private:
     QRegion m_damage;
     QRect m_lastGrab;
     GrabCanvas m_canvas;
+    /// The whole screen as it was when frozen.
+    std::optional<GrabCanvas> m_frozen;
     XcbConnection::Subscription m_subscription;
 };
 

@@ -45,6 +45,9 @@ void X11PickingSession::start()
     }
     // Create the reader first: it copies the screen, and the copy must not contain windows of ours.
     m_reader.emplace(m_parts.connection, m_parts.extensions, m_parts.closedWindows.region());
+    if (m_isFrozen) {
+        m_reader->freeze();
+    }
     const InputGrab::Outcome outcome = m_parts.input.begin(*this);
     if (outcome != InputGrab::Outcome::Started) {
         refuse(outcome);
@@ -82,6 +85,39 @@ void X11PickingSession::refuse(InputGrab::Outcome outcome)
 QImage X11PickingSession::grab(int screen, const QRect& pixels)
 {
     return m_reader ? m_reader->grab(pixels.translated(originOf(screen))) : QImage();
+}
+
+void X11PickingSession::setFrozen(bool isFrozen)
+{
+    if (isFrozen != m_isFrozen) {
+        m_isFrozen = isFrozen;
+        freezeOrThaw();
+    }
+}
+
+void X11PickingSession::retake()
+{
+    if (m_isFrozen) {
+        freezeOrThaw();
+    }
+}
+
+void X11PickingSession::freezeOrThaw()
+{
+    if (!m_reader) {
+        return;
+    }
+    if (m_isFrozen) {
+        m_reader->freeze();
+    } else {
+        m_reader->thaw();
+    }
+    const auto report = [this] {
+        if (m_listener) {
+            m_listener->contentChanged();
+        }
+    };
+    QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
 }
 
 void X11PickingSession::showLoupe(const QImage& picture, int screen, QPoint topLeft)
@@ -152,7 +188,7 @@ void X11PickingSession::readScreens()
 {
     m_screens.clear();
     for (const X11Screen& screen : m_reader->screens()) {
-        m_screens.push_back({screen.frame.size(), screen.scale});
+        m_screens.push_back({screen.frame.size(), screen.scale, bitsPerChannel(m_parts.connection)});
     }
 }
 

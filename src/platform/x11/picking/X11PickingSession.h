@@ -42,6 +42,9 @@ public:
 
     [[nodiscard]] const std::vector<Screen>& screens() const override { return m_screens; }
     [[nodiscard]] QImage grab(int screen, const QRect& pixels) override;
+    [[nodiscard]] bool isFrozen() const override { return m_isFrozen; }
+    void setFrozen(bool isFrozen) override;
+    void retake() override;
     void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
     bool warpPointer(const ScreenPosition& position) override;
@@ -55,6 +58,7 @@ private:
     void buttonPressed(PointerButton button, QPointF position) override;
     void scrolled(ScrollDelta delta) override;
     void keyPressed(const KeyPress& press) override;
+    void freezeOrThaw();
     void readScreens();
     void followScreens();
     [[nodiscard]] QPoint originOf(int screen) const;
@@ -63,6 +67,7 @@ private:
     X11PickingParts& m_parts;
     /// Null once the session has ended.
     PickingSession::Listener* m_listener;
+    bool m_isFrozen = false;
     std::vector<Screen> m_screens;
     std::optional<ScreenReader> m_reader;
     std::optional<LoupeWindow> m_loupe;
