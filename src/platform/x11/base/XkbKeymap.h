@@ -1,22 +1,13 @@
 #pragma once
 
 #include "XcbConnection.h"
-
-#include <xkbcommon/xkbcommon.h>
+#include "XkbUnref.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 
 namespace tintwick {
-
-/// Releases xkbcommon objects.
-struct XkbUnref
-{
-    void operator()(xkb_context* context) const { xkb_context_unref(context); }
-    void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
-    void operator()(xkb_state* state) const { xkb_state_unref(state); }
-};
 
 /// The server's keymap, compiled by xkbcommon. It is fetched on first use, and again once the event loop has processed
 /// the server's event for a new keymap.
