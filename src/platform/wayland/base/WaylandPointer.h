@@ -1,0 +1,62 @@
+#pragma once
+
+#include "PickingSession.h"
+#include "ScrollDelta.h"
+#include "WaylandHandle.h"
+
+#include <QPointF>
+
+#include <cstdint>
+#include <optional>
+
+namespace tintwick {
+
+/// The pointer over the surfaces of this connection. Positions are in logical units from the top left of the surface.
+class WaylandPointer final
+{
+public:
+    class Listener
+    {
+    public:
+        /// Set the pointer's image now; the serial is for that request.
+        virtual void pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial) = 0;
+        virtual void pointerMoved(wl_surface& surface, QPointF position) = 0;
+        virtual void pointerLeft(wl_surface& surface) = 0;
+        /// The serial allows requests that need an action of the user.
+        virtual void buttonPressed(PointerButton button, std::uint32_t serial) = 0;
+        virtual void buttonReleased() = 0;
+        virtual void scrolled(ScrollDelta delta) = 0;
+
+    protected:
+        ~Listener() = default;
+    };
+
+    WaylandPointer(WlPointer pointer, Listener& listener);
+    WaylandPointer(const WaylandPointer&) = delete;
+    WaylandPointer& operator=(const WaylandPointer&) = delete;
+    ~WaylandPointer();
+
+    /// Shows no pointer over the surface that was entered with the serial.
+    void hide(std::uint32_t enterSerial);
+    [[nodiscard]] int buttonsDown() const { return m_buttonsDown; }
+    /// Reports the newest position. Moves are merged until this is called.
+    void deliverMove();
+
+private:
+    struct Handlers;
+
+    void reportScroll();
+
+    WlPointer m_pointer;
+    Listener& m_listener;
+    /// The surface under the pointer; null over none of ours.
+    wl_surface* m_surface = nullptr;
+    std::optional<QPointF> m_pendingMove;
+    int m_buttonsDown = 0;
+    /// What the current group of events scrolls by.
+    double m_notches = 0;
+    double m_points = 0;
+    bool m_isWheel = true;
+};
+
+} // namespace tintwick
