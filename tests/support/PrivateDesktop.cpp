@@ -3,7 +3,6 @@
 #include "support/Pattern.h"
 #include "support/WaitUntil.h"
 
-#include <QDir>
 #include <QFile>
 #include <QVersionNumber>
 
@@ -11,7 +10,6 @@
 #include <xcb/xtest.h>
 
 #include <algorithm>
-#include <csignal>
 #include <stdexcept>
 
 namespace tintwick {
@@ -30,12 +28,6 @@ void require(bool condition, const char* whatIsMissing)
 PrivateDesktop::PrivateDesktop(const Options& options)
     : m_options(options)
 {
-    require(m_folder.isValid(), "no temporary folder");
-    for (const auto* name : {"data", "config", "cache", "runtime", "tmp"}) {
-        const QString path = m_folder.filePath(QString::fromLatin1(name));
-        require(QDir().mkpath(path), "no folder for the private desktop");
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
     startServer();
     startHelpers();
 }
@@ -43,9 +35,6 @@ PrivateDesktop::PrivateDesktop(const Options& options)
 PrivateDesktop::~PrivateDesktop()
 {
     m_connection.reset();
-    if (m_busProcess != 0) {
-        ::kill(m_busProcess, SIGCONT);
-    }
     // End the server last: the other programs would print errors when their connection breaks.
     while (!m_programs.empty()) {
         m_programs.pop_back();
@@ -65,10 +54,11 @@ void PrivateDesktop::startServer()
                     QStringLiteral("-noreset"), QStringLiteral("+extension"), QStringLiteral("COMPOSITE"),
                     QStringLiteral("+extension"), QStringLiteral("DAMAGE"), QStringLiteral("+extension"),
                     QStringLiteral("RANDR"), QStringLiteral("+extension"), QStringLiteral("XTEST")},
-        QProcessEnvironment::systemEnvironment(), m_folder.path()));
+        QProcessEnvironment::systemEnvironment(), m_session.homeFolder()));
     const RunningProgram& server = *m_programs.back();
     require(waitUntil([&] { return server.standardOutput().endsWith('\n'); }), "Xvfb does not come up");
     m_display = ':' + server.standardOutput().trimmed();
+    m_session.setVariable(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display));
     m_connection = std::make_unique<DesktopConnection>(m_display);
 
     xcb_connection_t* connection = m_connection->get();
@@ -99,16 +89,7 @@ void PrivateDesktop::showArrowOnRoot()
 void PrivateDesktop::startHelpers()
 {
     if (m_options.sessionBus) {
-        m_programs.push_back(start(QStringLiteral("dbus-daemon"),
-                                   {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                    QStringLiteral("--print-address=1"),
-                                    // The default is /tmp, where a killed bus leaves its socket.
-                                    QStringLiteral("--address=unix:path=%1/bus").arg(m_folder.path())}));
-        const RunningProgram& bus = *m_programs.back();
-        require(waitUntil([&] { return bus.standardOutput().endsWith('\n'); }),
-                "dbus-daemon does not come up");
-        m_busAddress = bus.standardOutput().trimmed();
-        m_busProcess = static_cast<pid_t>(bus.processId());
+        m_session.startBus();
     }
     if (m_options.windowManager) {
         m_programs.push_back(start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}));
@@ -190,51 +171,10 @@ bool PrivateDesktop::compositorBlends()
     });
 }
 
-QProcessEnvironment PrivateDesktop::environment() const
-{
-    QProcessEnvironment environment;
-    const auto outer = QProcessEnvironment::systemEnvironment();
-    // The programs under test need ASAN_OPTIONS and the like.
-    for (const QString& name : outer.keys()) {
-        if (name == QLatin1StringView("PATH") || name.endsWith(QLatin1StringView("SAN_OPTIONS"))) {
-            environment.insert(name, outer.value(name));
-        }
-    }
-    const auto set = [&](const char* name, const QString& value) {
-        environment.insert(QString::fromLatin1(name), value);
-    };
-    set("DISPLAY", QString::fromLatin1(m_display));
-    set("LANG", QStringLiteral("C.UTF-8"));
-    set("HOME", m_folder.path());
-    set("XDG_DATA_HOME", dataHome());
-    set("XDG_CONFIG_HOME", configHome());
-    set("XDG_CACHE_HOME", m_folder.filePath(QStringLiteral("cache")));
-    set("TMPDIR", m_folder.filePath(QStringLiteral("tmp")));
-    set("XDG_RUNTIME_DIR", m_folder.filePath(QStringLiteral("runtime")));
-    // Without an address some programs would search for a bus, or start one.
-    set("DBUS_SESSION_BUS_ADDRESS",
-        m_busAddress.isEmpty() ? QStringLiteral("disabled:") : QString::fromLatin1(m_busAddress));
-    set("NO_AT_BRIDGE", QStringLiteral("1"));
-    return environment;
-}
-
-std::unique_ptr<RunningProgram> PrivateDesktop::start(const QString& program, const QStringList& arguments,
-                                                      const QProcessEnvironment& additions)
-{
-    QProcessEnvironment all = environment();
-    all.insert(additions);
-    return std::make_unique<RunningProgram>(program, arguments, all, m_folder.path());
-}
-
 void PrivateDesktop::endServer()
 {
     // Its destructor lets the server remove its socket and lock.
     m_programs.erase(m_programs.begin());
-}
-
-void PrivateDesktop::freezeSessionBus() const
-{
-    ::kill(m_busProcess, SIGSTOP);
 }
 
 QByteArray PrivateDesktop::clipboard()
@@ -246,7 +186,7 @@ QByteArray PrivateDesktop::clipboard()
 
 void PrivateDesktop::takeClipboard(const QByteArray& text)
 {
-    QFile file(m_folder.filePath(QStringLiteral("clipboard.txt")));
+    QFile file(homeFolder() + QStringLiteral("/clipboard.txt"));
     require(file.open(QIODevice::WriteOnly), "cannot write the text for the clipboard");
     file.write(text);
     file.close();

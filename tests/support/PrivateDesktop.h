@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/DesktopConnection.h"
+#include "support/PrivateSession.h"
 #include "support/RunningProgram.h"
 #include "support/TestWindow.h"
 
@@ -12,7 +13,6 @@
 #include <QSize>
 #include <QString>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <xcb/xcb.h>
 
@@ -21,8 +21,6 @@
 #include <memory>
 #include <utility>
 #include <vector>
-
-#include <sys/types.h>
 
 namespace tintwick {
 
@@ -61,20 +59,23 @@ public:
     [[nodiscard]] QByteArray display() const { return m_display; }
     [[nodiscard]] QRect screen() const { return {QPoint(0, 0), m_options.size}; }
 
-    [[nodiscard]] QString homeFolder() const { return m_folder.path(); }
+    [[nodiscard]] QString homeFolder() const { return m_session.homeFolder(); }
     /// $XDG_DATA_HOME and $XDG_CONFIG_HOME of the programs started here.
-    [[nodiscard]] QString dataHome() const { return m_folder.filePath(QStringLiteral("data")); }
-    [[nodiscard]] QString configHome() const { return m_folder.filePath(QStringLiteral("config")); }
+    [[nodiscard]] QString dataHome() const { return m_session.dataHome(); }
+    [[nodiscard]] QString configHome() const { return m_session.configHome(); }
     /// The environment of programs started here: this desktop, and nothing of the desktop that runs the tests.
-    [[nodiscard]] QProcessEnvironment environment() const;
+    [[nodiscard]] QProcessEnvironment environment() const { return m_session.environment(); }
 
     [[nodiscard]] std::unique_ptr<RunningProgram> start(const QString& program,
                                                         const QStringList& arguments = {},
-                                                        const QProcessEnvironment& additions = {});
+                                                        const QProcessEnvironment& additions = {})
+    {
+        return m_session.start(program, arguments, additions);
+    }
     /// Ends the X server. Only programs that need no display can be used afterwards.
     void endServer();
     /// Stops the session bus, so that it takes no message, until the desktop ends.
-    void freezeSessionBus() const;
+    void freezeSessionBus() const { m_session.freezeBus(); }
     /// The clipboard text that another program reads; empty when there is none.
     [[nodiscard]] QByteArray clipboard();
     /// Lets another program own the clipboard with this text, and waits until it does.
@@ -122,10 +123,8 @@ private:
     [[nodiscard]] xcb_keycode_t keyCode(xcb_keysym_t key);
 
     Options m_options;
-    QTemporaryDir m_folder;
+    PrivateSession m_session;
     QByteArray m_display;
-    QByteArray m_busAddress;
-    pid_t m_busProcess = 0;
     std::vector<std::unique_ptr<RunningProgram>> m_programs;
     std::unique_ptr<DesktopConnection> m_connection;
 };
