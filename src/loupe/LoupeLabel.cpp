@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tintwick {
@@ -16,7 +17,12 @@ using namespace Qt::StringLiterals;
 // Lengths in points.
 constexpr double hexSize = 13;
 constexpr double nameSize = 10;
+constexpr double signsSize = 8;
 constexpr double lineGap = 3;
+constexpr double sideMargin = 4;
+
+/// A line that is too wide is drawn at this share of its size at least.
+constexpr double smallestShare = 0.75;
 
 /// In pixels; wider than any text.
 constexpr double unlimitedWidth = 100'000;
@@ -66,24 +72,33 @@ QFont LoupeLabel::nameFont(double scale)
 LoupeLabel::LoupeLabel(const LoupeLook& look, double scale)
     : m_isOpaque(look.hasHighContrast)
     , m_gap(lineGap * scale)
+    , m_margin(sideMargin * scale)
     , m_hexFont(hexFont(scale))
     , m_nameFont(nameFont(scale))
+    , m_signsFont(nameFont(scale * signsSize / nameSize))
     // The maximum height of the ink of all texts, so that a descender does not move the lines.
     , m_hexHeight(QFontMetricsF(m_hexFont).tightBoundingRect(u"0123456789ABCDEF"_s).height())
     , m_nameHeight(QFontMetricsF(m_nameFont).tightBoundingRect(u"Bg"_s).height())
+    , m_signsHeight(QFontMetricsF(m_signsFont).tightBoundingRect(u"Bp"_s).height())
+    , m_signsDescent(QFontMetricsF(m_signsFont).tightBoundingRect(u"Bp"_s).bottom())
 {
 }
 
 void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& content)
 {
+    const double width = pill.width() - 2 * m_margin;
     if (m_hex.text != content.hex) {
         m_hex = makeLine(content.hex, m_hexFont);
     }
     if (m_name.text != content.name) {
-        m_name = makeLine(content.name, m_nameFont);
+        m_name = makeFittingLine(content.name, m_nameFont, width);
+    }
+    if (m_signs.text != content.signs) {
+        m_signs = makeFittingLine(content.signs, m_signsFont, width);
     }
     const double middle = pill.x() + pill.width() / 2.0;
-    const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight)) / 2;
+    const double signs = content.signs.isEmpty() ? 0 : m_signsHeight + m_gap;
+    const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight + signs)) / 2;
     const double bottom = pill.y() + pill.height();
     const QColor strongest = content.tone == PillTone::LightBackground ? Qt::black : Qt::white;
     const auto drawLine = [&](const Line& line, double aboveBottom, const QColor& color) {
@@ -94,8 +109,28 @@ void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& c
             painter.drawGlyphRun(start, run);
         }
     };
-    drawLine(m_name, base, textColor(content.tone, 0.5, 0.55));
-    drawLine(m_hex, base + m_nameHeight + m_gap, textColor(content.tone, 0.95, 0.97));
+    const QColor quiet = textColor(content.tone, 0.5, 0.55);
+    if (!content.signs.isEmpty()) {
+        drawLine(m_signs, base + m_signsDescent, quiet);
+    }
+    drawLine(m_name, base + signs, quiet);
+    drawLine(m_hex, base + signs + m_nameHeight + m_gap, textColor(content.tone, 0.95, 0.97));
+}
+
+LoupeLabel::Line LoupeLabel::makeFittingLine(const QString& text, const QFont& font, double width)
+{
+    Line line = makeLine(text, font);
+    if (line.width <= width) {
+        return line;
+    }
+    QFont smaller = font;
+    smaller.setPointSizeF(font.pointSizeF() * std::max(smallestShare, width / line.width));
+    line = makeLine(text, smaller);
+    if (line.width > width) {
+        line = makeLine(QFontMetricsF(smaller).elidedText(text, Qt::ElideRight, width), smaller);
+    }
+    line.text = text;
+    return line;
 }
 
 LoupeLabel::Line LoupeLabel::makeLine(const QString& text, const QFont& font)

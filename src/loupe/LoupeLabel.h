@@ -12,13 +12,15 @@ class QRect;
 
 namespace tintwick {
 
-/// The two lines of text in the loupe's pill: the colour's hexadecimal code above its name.
+/// The lines of text in the loupe's pill: the colour's hexadecimal code above its name, and the signs of the pick below
+/// both when there are any.
 class LoupeLabel final
 {
 public:
     LoupeLabel(const LoupeLook& look, double scale);
 
-    /// Draws both lines, centred, onto an image at physical pixels.
+    /// Draws the lines, centred, onto an image at physical pixels. A line that is wider than the pill is drawn smaller, or
+    /// cut short.
     void draw(QPainter& painter, const QRect& pill, const PillContent& content);
 
     /// The font of either line, for painting at the given physical pixels per point on an image of 72 dots
@@ -35,15 +37,21 @@ private:
     };
 
     [[nodiscard]] static Line makeLine(const QString& text, const QFont& font);
+    [[nodiscard]] static Line makeFittingLine(const QString& text, const QFont& font, double width);
 
     bool m_isOpaque;
     double m_gap;
+    double m_margin;
     QFont m_hexFont;
     QFont m_nameFont;
+    QFont m_signsFont;
     double m_hexHeight;
     double m_nameHeight;
+    double m_signsHeight;
+    double m_signsDescent;
     Line m_hex;
     Line m_name;
+    Line m_signs;
 };
 
 } // namespace tintwick

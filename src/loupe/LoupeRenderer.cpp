@@ -141,6 +141,7 @@ void LoupeRenderer::drawInfoPill(Prepared& prepared) const
 {
     const QRgb color = m_centerColor.value_or(noCenterColor);
     PillContent content = PillContent::of(color);
+    content.signs = m_signs;
     if (prepared.look.hasHighContrast) {
         content.tone = blackContrastsMore(color) ? PillTone::LightBackground : PillTone::DarkBackground;
     }

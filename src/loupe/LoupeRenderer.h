@@ -4,6 +4,7 @@
 #include "LoupeLabel.h"
 #include "LoupeLook.h"
 #include "LoupeStencil.h"
+#include "PickSigns.h"
 
 #include <QImage>
 
@@ -23,6 +24,7 @@ public:
     void setPixels(const QImage& pixels);
     /// Without a colour the pill is light grey.
     void setCenterColor(std::optional<QRgb> color);
+    void setSigns(const PickSigns& signs) { m_signs = signs.text(); }
 
     /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, of LoupeGeometry::size(). The next call at this scale draws into the same image.
     const QImage& render(const LoupeLook& look, double scale);
@@ -59,6 +61,7 @@ private:
 
     QImage m_pixels;
     std::optional<QRgb> m_centerColor;
+    QString m_signs;
     LoupeLook m_look;
     /// By scale; all of the last look.
     std::map<double, Prepared> m_prepared;

@@ -15,6 +15,8 @@ struct PillContent
     QString hex;
     /// The nearest named colour.
     QString name;
+    /// Signs of the pick, in a small line below; may be empty.
+    QString signs = {};
     PillTone tone = PillTone::LightBackground;
 
     [[nodiscard]] static PillContent of(QRgb color);

@@ -20,7 +20,28 @@ constexpr std::chrono::milliseconds frameTime{16};
 constexpr char32_t escapeCharacter = U'\u001B';
 
 /// The action of a key during a pick, by the character it types, else by its position.
-enum class PickKey : std::uint8_t { None, Cancel, Pick, ZoomIn, ZoomOut, Left, Right, Up, Down };
+enum class PickKey : std::uint8_t {
+    None,
+    Cancel,
+    Pick,
+    ZoomIn,
+    ZoomOut,
+    Left,
+    Right,
+    Up,
+    Down,
+    Freeze,
+    Retake
+};
+
+/// Whether the key types the letter, or is at its place on a layout that types no Latin letter there.
+bool isLetter(const KeyPress& press, char32_t letter, int keyCode)
+{
+    constexpr char32_t caseBit = 0x20;
+    const char32_t typed = press.character | caseBit;
+    const bool typesLetter = typed >= U'a' && typed <= U'z';
+    return typesLetter ? typed == letter : press.keyCode == keyCode;
+}
 
 PickKey meaningOf(const KeyPress& press)
 {
@@ -35,9 +56,17 @@ PickKey meaningOf(const KeyPress& press)
     default:
         break;
     }
+    if (isLetter(press, U'f', keycode::f)) {
+        return PickKey::Freeze;
+    }
+    if (isLetter(press, U'r', keycode::r)) {
+        return PickKey::Retake;
+    }
     switch (press.keyCode) {
     case keycode::escape:
         return PickKey::Cancel;
+    case keycode::f5:
+        return PickKey::Retake;
     case keycode::returnKey:
     case keycode::keypadEnter:
     case keycode::space:
@@ -157,6 +186,16 @@ void PickSession::keyPressed(const KeyPress& press)
     case PickKey::Down:
         moveBy({0, distance});
         break;
+    case PickKey::Freeze:
+        if (!press.isRepeat) {
+            m_session->setFrozen(!m_session->isFrozen());
+        }
+        break;
+    case PickKey::Retake:
+        if (!press.isRepeat) {
+            m_session->retake();
+        }
+        break;
     case PickKey::None:
         break;
     }
@@ -246,6 +285,8 @@ void PickSession::updateLoupe()
     const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
     m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
     m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));
+    m_loupe.setSigns(
+        {.isFrozen = m_session->isFrozen(), .bitsPerChannel = m_session->screens()[screen].bitsPerChannel});
     const QRect body = LoupeGeometry(m_options.look.side, scale).body();
     const QPointF place = loupePlace(m_position.point, body.size(), size, loupe::screenMargin * scale);
     m_session->showLoupe(m_loupe.render(m_options.look, scale), m_position.screen,

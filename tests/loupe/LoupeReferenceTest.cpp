@@ -61,6 +61,8 @@ int difference(QRgb a, QRgb b)
 
 } // namespace
 
+Q_DECLARE_METATYPE(tintwick::PickSigns)
+
 class LoupeReferenceTest : public QObject
 {
     Q_OBJECT
@@ -87,20 +89,31 @@ void LoupeReferenceTest::theImageEqualsItsReference_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("base");
     QTest::addColumn<bool>("hasHighContrast");
+    QTest::addColumn<PickSigns>("signs");
 
-    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light << false;
-    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark << false;
-    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light << false;
-    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark << false;
-    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light << false;
-    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark << false;
-    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light << false;
-    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark << false;
-    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark << false;
-    QTest::newRow("square-medium-high-contrast") << false << 130.0 << 1.0 << 15 << light << true;
-    QTest::newRow("circle-medium-scale-2-high-contrast") << true << 130.0 << 2.0 << 15 << dark << true;
-    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0 << false;
-    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0 << false;
+    const PickSigns none;
+    const PickSigns frozen{.isFrozen = true};
+    const PickSigns all{.isFrozen = true, .bitsPerChannel = 10, .taken = 12};
+    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light << false << none;
+    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark << false << none;
+    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light << false << none;
+    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark << false << none;
+    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light << false << none;
+    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark << false << none;
+    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light << false << none;
+    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark << false << none;
+    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark << false << none;
+    QTest::newRow("square-medium-high-contrast") << false << 130.0 << 1.0 << 15 << light << true << none;
+    QTest::newRow("circle-medium-scale-2-high-contrast")
+        << true << 130.0 << 2.0 << 15 << dark << true << none;
+    QTest::newRow("square-small-all-signs") << false << 100.0 << 1.0 << 15 << light << false << all;
+    QTest::newRow("square-medium-frozen") << false << 130.0 << 1.0 << 15 << dark << false << frozen;
+    QTest::newRow("circle-medium-scale-1.5-frozen") << true << 130.0 << 1.5 << 15 << light << false << frozen;
+    QTest::newRow("square-medium-scale-2-all-signs") << false << 130.0 << 2.0 << 15 << light << false << all;
+    QTest::newRow("circle-large-all-signs-high-contrast")
+        << true << 160.0 << 1.0 << 15 << dark << true << all;
+    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0 << false << none;
+    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0 << false << none;
 }
 
 void LoupeReferenceTest::theImageEqualsItsReference()
@@ -111,6 +124,7 @@ void LoupeReferenceTest::theImageEqualsItsReference()
     QFETCH(const int, count);
     QFETCH(const int, base);
     QFETCH(const bool, hasHighContrast);
+    QFETCH(const PickSigns, signs);
 
     LoupeRenderer view;
     if (count > 0) {
@@ -118,6 +132,7 @@ void LoupeReferenceTest::theImageEqualsItsReference()
         view.setCenterColor(pixels.pixel(count / 2, count / 2));
         view.setPixels(pixels);
     }
+    view.setSigns(signs);
     // The format in which PNG stores it.
     const QImage actual =
         view.render({.isCircle = isCircle, .side = side, .hasHighContrast = hasHighContrast}, scale)

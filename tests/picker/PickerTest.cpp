@@ -112,6 +112,76 @@ private Q_SLOTS:
         QVERIFY(desk.desktop.journal.filter(u"copy"_s).isEmpty());
     }
 
+    void theFKeyFreezesAndThaws_data()
+    {
+        QTest::addColumn<KeyPress>("press");
+        QTest::newRow("by its letter") << KeyPress{.keyCode = keycode::u, .character = U'f'};
+        QTest::newRow("with Shift") << KeyPress{.keyCode = keycode::f, .character = U'F'};
+        QTest::newRow("by its place") << KeyPress{.keyCode = keycode::f, .character = U'а'};
+    }
+    void theFKeyFreezesAndThaws()
+    {
+        QFETCH(const KeyPress, press);
+        Desk desk;
+        desk.start();
+        desk.desktop.journal.clear();
+        desk.desktop.key(press);
+        QCOMPARE(desk.desktop.journal, (QStringList{u"freeze"_s}));
+        KeyPress held = press;
+        held.isRepeat = true;
+        desk.desktop.key(held);
+        QCOMPARE(desk.desktop.journal, (QStringList{u"freeze"_s}));
+        desk.desktop.key(press);
+        QCOMPARE(desk.desktop.journal, (QStringList{u"freeze"_s, u"thaw"_s}));
+    }
+
+    void aKeyThatTypesAnotherLetterAtThePlaceOfFDoesNothing()
+    {
+        Desk desk;
+        desk.start();
+        desk.desktop.journal.clear();
+        desk.desktop.key({.keyCode = keycode::f, .character = U'u'});
+        QVERIFY(desk.desktop.journal.isEmpty());
+    }
+
+    void aFrozenPictureIsTakenAgain_data()
+    {
+        QTest::addColumn<int>("keyCode");
+        QTest::newRow("R") << int{keycode::r};
+        QTest::newRow("F5") << int{keycode::f5};
+    }
+    void aFrozenPictureIsTakenAgain()
+    {
+        QFETCH(const int, keyCode);
+        Desk desk;
+        desk.desktop.canThaw = false;
+        desk.desktop.isFrozen = true;
+        desk.start();
+        desk.desktop.journal.clear();
+        desk.key(keyCode);
+        QCOMPARE(desk.desktop.journal, (QStringList{u"retake"_s}));
+        desk.key(keycode::f);
+        QCOMPARE(desk.desktop.journal, (QStringList{u"retake"_s}));
+    }
+
+    void thePillSaysThatThePictureIsFrozenAndDeep()
+    {
+        Desk desk;
+        desk.start();
+        const QImage live = desk.desktop.frames.back().picture;
+        desk.key(keycode::f);
+        desk.desktop.move(at(501, 400));
+        desk.desktop.move(at(500, 400));
+        const QImage frozen = desk.desktop.frames.back().picture;
+        QVERIFY(frozen != live);
+        desk.key(keycode::f);
+        desk.desktop.screens[0].bitsPerChannel = 10;
+        desk.desktop.move(at(501, 400));
+        desk.desktop.move(at(500, 400));
+        QVERIFY(desk.desktop.frames.back().picture != live);
+        QVERIFY(desk.desktop.frames.back().picture != frozen);
+    }
+
     void aSecondStartDuringAPickIsIgnored()
     {
         Desk desk;

@@ -36,12 +36,13 @@ QImage pixelsAround(const QColor& middle)
 class DemoLoupe final : public QWidget
 {
 public:
-    DemoLoupe(const LoupeLook& look, const QColor& middle)
+    DemoLoupe(const LoupeLook& look, const QColor& middle, const PickSigns& signs)
         : m_look(look)
     {
         setFixedSize(LoupeGeometry(look.side, 1).size());
         const QImage pixels = pixelsAround(middle);
         m_renderer.setPixels(pixels);
+        m_renderer.setSigns(signs);
         m_renderer.setCenterColor(pixels.pixel(cells / 2, cells / 2));
     }
 
@@ -62,8 +63,9 @@ private:
 
 void shootLoupe(const QDir& folder)
 {
-    const auto shootLook = [&](const QString& name, const LoupeLook& look, const QColor& middle) {
-        shoot(folder, u"loupe-"_s + name, [&] { return std::make_unique<DemoLoupe>(look, middle); });
+    const auto shootLook = [&](const QString& name, const LoupeLook& look, const QColor& middle,
+                               const PickSigns& signs = {}) {
+        shoot(folder, u"loupe-"_s + name, [&] { return std::make_unique<DemoLoupe>(look, middle, signs); });
     };
     const QColor pale(0xFF, 0xE9, 0xA8);
     const QColor medium(0x80, 0x74, 0x9C);
@@ -77,6 +79,8 @@ void shootLoupe(const QDir& folder)
     shootLook(u"high-contrast"_s, highContrast, pale);
     shootLook(u"high-contrast-medium"_s, highContrast, medium);
     shootLook(u"high-contrast-dark"_s, highContrast, deep);
+    shootLook(u"frozen"_s, {}, pale, {.isFrozen = true});
+    shootLook(u"frozen-10-bit"_s, circle, deep, {.isFrozen = true, .bitsPerChannel = 10});
 }
 
 } // namespace tintwick

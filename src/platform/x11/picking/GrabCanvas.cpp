@@ -1,6 +1,7 @@
 #include "GrabCanvas.h"
 
 #include "RenderFormats.h"
+#include "ScreenCopy.h"
 
 #include <xcb/render.h>
 
@@ -21,6 +22,23 @@ xcb_rectangle_t toXcb(const QRect& rect)
 
 } // namespace
 
+GrabCanvas::GrabCanvas(XcbConnection& connection)
+    : GrabCanvas(connection, translucentDepth, formatOfDepth(connection.get(), translucentDepth))
+{
+}
+
+GrabCanvas::GrabCanvas(XcbConnection& connection, std::uint8_t depth, xcb_render_pictformat_t format)
+    : m_connection(&connection)
+    , m_depth(depth)
+    , m_format(format)
+{
+}
+
+GrabCanvas GrabCanvas::likeTheRoot(XcbConnection& connection)
+{
+    return {connection, connection.screen().root_depth, rootFormat(connection)};
+}
+
 bool GrabCanvas::begin(const QRect& area)
 {
     m_area = area;
@@ -35,12 +53,11 @@ bool GrabCanvas::begin(const QRect& area)
     xcb_connection_t* c = m_connection->get();
     m_size = wanted;
     m_pixmap = XcbPixmap::withNewId(c);
-    xcb_create_pixmap(c, translucentDepth, m_pixmap.id(), m_connection->root(),
+    xcb_create_pixmap(c, m_depth, m_pixmap.id(), m_connection->root(),
                       static_cast<std::uint16_t>(wanted.width()),
                       static_cast<std::uint16_t>(wanted.height()));
     m_picture = XcbPicture::withNewId(c);
-    xcb_render_create_picture(c, m_picture.id(), m_pixmap.id(), formatOfDepth(c, translucentDepth), 0,
-                              nullptr);
+    xcb_render_create_picture(c, m_picture.id(), m_pixmap.id(), m_format, 0, nullptr);
     return true;
 }
 

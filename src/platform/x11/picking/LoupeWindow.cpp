@@ -1,5 +1,6 @@
 #include "LoupeWindow.h"
 
+#include "OverlayWindow.h"
 #include "PutPicture.h"
 #include "ScreenReader.h"
 #include "TranslucentVisual.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr int opaqueFrom = 128;
 constexpr std::string_view title = "Tintwick Loupe";
-constexpr std::string_view windowClass{"tintwick\0tintwick\0", 18};
 
 } // namespace
 
@@ -77,6 +77,7 @@ void LoupeWindow::eventsDrained()
         m_reader.loupeWillCover(QRect(m_place, m_size));
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.get(), m_window.id(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        m_reader.putFrozenBelow(m_window.id());
     }
 }
 
@@ -98,25 +99,7 @@ void LoupeWindow::createWindow()
     m_gc = XcbGraphicsContext::withNewId(c);
     xcb_create_gc(c, m_gc.id(), m_window.id(), 0, nullptr);
 
-    setProperties();
-    xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window.id(),
-                         0, 0, 0, nullptr);
-}
-
-void LoupeWindow::setProperties() const
-{
-    xcb_connection_t* c = m_connection.get();
-    const auto setText = [&](xcb_atom_t property, xcb_atom_t type, std::string_view text) {
-        xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), property, type, 8,
-                            static_cast<std::uint32_t>(text.size()), text.data());
-    };
-    setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, windowClass);
-    setText(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, title);
-    setText(m_connection.atom("_NET_WM_NAME"), m_connection.atom("UTF8_STRING"), title);
-    // Compositors neither fade in windows of this type nor draw shadows for them.
-    const xcb_atom_t type = m_connection.atom("_NET_WM_WINDOW_TYPE_DND");
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, m_window.id(), m_connection.atom("_NET_WM_WINDOW_TYPE"),
-                        XCB_ATOM_ATOM, 32, 1, &type);
+    makeOverlay(m_connection, m_window.id(), title);
 }
 
 void LoupeWindow::setSize(const QSize& size)

@@ -26,11 +26,12 @@ public:
     /// Image (premultiplied ARGB32) and position change together; `topLeft` is in root coordinates.
     void show(const QImage& picture, QPoint topLeft);
 
+    [[nodiscard]] xcb_window_t id() const { return m_window.id(); }
+
 private:
     void handleEvent(const xcb_generic_event_t& event) override;
     void eventsDrained() override;
     void createWindow();
-    void setProperties() const;
     void setSize(const QSize& size);
     void cutToOutline(const QImage& picture);
     void upload(const QImage& picture);

@@ -114,19 +114,41 @@ void ScreenReader::freeze()
     // Positions in the picture are those on the root window.
     const QRect bounds = m_screenRegion.boundingRect();
     const QRect all(QPoint(), QPoint(bounds.right(), bounds.bottom()));
-    GrabCanvas canvas(m_connection);
+    GrabCanvas canvas = GrabCanvas::likeTheRoot(m_connection);
     if (!canvas.begin(all)) {
         return;
     }
     canvas.clip(m_screenRegion);
     drawScreen(canvas, all);
-    m_frozen = std::move(canvas);
+    if (m_frozen) {
+        m_frozen->replace(std::move(canvas), all.size());
+    } else {
+        m_frozen.emplace(m_connection, std::move(canvas), all.size());
+    }
     m_connection.flush();
+}
+
+void ScreenReader::showFrozen(xcb_window_t loupe)
+{
+    if (m_frozen) {
+        loupeWillCover(m_screenRegion.boundingRect());
+        m_frozen->show(loupe);
+    }
+}
+
+void ScreenReader::putFrozenBelow(xcb_window_t loupe)
+{
+    if (m_frozen && m_frozen->isShown()) {
+        m_frozen->show(loupe);
+    }
 }
 
 void ScreenReader::thaw()
 {
+    // A compositor repaints what the frozen picture has covered.
+    loupeWillCover(m_screenRegion.boundingRect());
     m_frozen.reset();
+    m_connection.flush();
 }
 
 void ScreenReader::loupeWillCover(const QRect& area)
@@ -157,9 +179,6 @@ void ScreenReader::handleEvent(const xcb_generic_event_t& event)
         if (m_screens != before) {
             // The copy does not contain new parts of the desktop.
             m_changed = m_screenRegion;
-            if (m_frozen) {
-                freeze();
-            }
             Q_EMIT screensChanged();
         }
     } else if (isCompositorChange(event)) {

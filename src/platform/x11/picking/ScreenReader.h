@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Backdrop.h"
+#include "FrozenScreen.h"
 #include "GrabCanvas.h"
 #include "PickingExtensions.h"
 #include "ScreenCopy.h"
@@ -49,6 +50,10 @@ public:
     [[nodiscard]] QImage grab(const QRect& rect);
     /// From now on grab() reads the pixels of this moment. A further call takes those of its own moment.
     void freeze();
+    /// Covers the screen with its frozen picture, below the loupe if that has a window.
+    void showFrozen(xcb_window_t loupe);
+    /// Keeps a shown frozen picture directly below the loupe after the loupe was raised.
+    void putFrozenBelow(xcb_window_t loupe);
     void thaw();
     /// Call before the loupe covers the area. Without a compositor the server would discard what the windows below it
     /// draw.
@@ -111,7 +116,7 @@ private:
     QRect m_lastGrab;
     GrabCanvas m_canvas;
     /// The whole screen as it was when frozen.
-    std::optional<GrabCanvas> m_frozen;
+    std::optional<FrozenScreen> m_frozen;
     XcbConnection::Subscription m_subscription;
 };
 

@@ -53,6 +53,7 @@ void X11PickingSession::start()
         refuse(outcome);
         return;
     }
+    m_reader->showFrozen(XCB_WINDOW_NONE);
     connect(&*m_reader, &ScreenReader::contentChanged, this, [this] { m_listener->contentChanged(); });
     connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::readScreens);
     // Not reported from within the reader's signal, because the listener may end the session.
@@ -108,7 +109,7 @@ void X11PickingSession::freezeOrThaw()
         return;
     }
     if (m_isFrozen) {
-        m_reader->freeze();
+        freeze();
     } else {
         m_reader->thaw();
     }
@@ -118,6 +119,12 @@ void X11PickingSession::freezeOrThaw()
         }
     };
     QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+}
+
+void X11PickingSession::freeze()
+{
+    m_reader->freeze();
+    m_reader->showFrozen(m_loupe ? m_loupe->id() : xcb_window_t{XCB_WINDOW_NONE});
 }
 
 void X11PickingSession::showLoupe(const QImage& picture, int screen, QPoint topLeft)
@@ -200,6 +207,8 @@ void X11PickingSession::followScreens()
     if (m_screens.empty()) {
         m_listener->lost();
     } else {
+        // The frozen picture does not contain new parts of the desktop.
+        retake();
         // The server moves the pointer to a remaining screen.
         m_listener->pointerMoved(toScreen(m_parts.input.pointerPosition()));
     }

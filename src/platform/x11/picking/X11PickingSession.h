@@ -59,6 +59,7 @@ private:
     void scrolled(ScrollDelta delta) override;
     void keyPressed(const KeyPress& press) override;
     void freezeOrThaw();
+    void freeze();
     void readScreens();
     void followScreens();
     [[nodiscard]] QPoint originOf(int screen) const;
