@@ -106,7 +106,9 @@ TrayIcon::TrayIcon(QObject* parent)
 
 void TrayIcon::changeTray()
 {
-    if (!m_item.hasHost() && !m_embedded) {
+    // A Wayland desktop has no tray that embeds windows.
+    const bool isWayland = QGuiApplication::platformName().startsWith("wayland"_L1);
+    if (!m_item.hasHost() && !m_embedded && !isWayland) {
         embed();
     } else if (m_embedded) {
         m_embedded->setVisible(!m_item.hasHost());
