@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QDrag>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHoverEvent>
 #include <QImage>
 #include <QMimeData>
@@ -24,6 +25,8 @@
 namespace tintwick {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 /// Cuts the corners of the window that the toolkit moves with the pointer, where the desktop does not blend windows.
 class DragPictureMask final : public QObject
@@ -68,6 +71,18 @@ QRegion opaquePart(const QImage& picture)
     return QBitmap::fromImage(picture.scaled(points).createAlphaMask());
 }
 
+/// Where the pointer is now. On Wayland the toolkit does not learn that before the pointer enters a window of ours.
+QHoverEvent* hoverAfterDrag(const QWidget& source)
+{
+    if (QGuiApplication::platformName().startsWith("wayland"_L1)) {
+        constexpr QPointF outside(-1, -1);
+        return new QHoverEvent(QEvent::HoverLeave, outside, outside, outside);
+    }
+    const QPointF global = QCursor::pos();
+    const QPointF now = source.mapFromGlobal(global);
+    return new QHoverEvent(QEvent::HoverMove, now, global, now);
+}
+
 } // namespace
 
 void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& picture, QPoint hotSpot)
@@ -89,9 +104,7 @@ void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& pictu
     drag->exec(Qt::CopyAction);
     if (remaining) {
         // The toolkit will report the move that started the drag as a hover. This report follows it.
-        const QPointF global = QCursor::pos();
-        const QPointF now = source.mapFromGlobal(global);
-        QCoreApplication::postEvent(&source, new QHoverEvent(QEvent::HoverMove, now, global, now));
+        QCoreApplication::postEvent(&source, hoverAfterDrag(source));
     }
 }
 
