@@ -36,6 +36,14 @@ constexpr std::chrono::milliseconds preparationDelay{400};
 constexpr std::chrono::seconds patienceForTray{3};
 constexpr int threadExpiry = 500; // milliseconds
 
+/// Lets the next window of ours that asks for the focus have it: the toolkit uses the token of this variable once.
+void useActivationToken(const QString& token)
+{
+    if (!token.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    }
+}
+
 std::optional<Scheme> preferredScheme(const DesktopSettings& desktop)
 {
     const std::optional<bool> prefersDark = desktop.prefersDark();
@@ -189,7 +197,12 @@ void Application::setupPanel()
         m_panelView->leaveSettings();
     });
     PanelHost& host = m_platform->panelHost();
-    connect(&host, &PanelHost::dismissed, this, &Application::hidePanel);
+    connect(&host, &PanelHost::dismissed, this, [this] {
+        // Where the loupe takes the keyboard, a pick makes the panel inactive.
+        if (!isPicking()) {
+            hidePanel();
+        }
+    });
     ColorExport::setPortalHandle([&host](const QWidget& window) { return host.portalHandle(window); });
     connect(&OpenSaveRequests::shared(), &OpenSaveRequests::anyChanged, this,
             [&host](bool isAny) { host.setDismissible(!isAny); });
@@ -320,16 +333,21 @@ void Application::shortcutReleased(ShortcutAction action)
 
 void Application::setupInstance(const InstanceService& instance)
 {
-    connect(&instance, &InstanceService::activated, this, &Application::openPanel);
-    connect(&instance, &InstanceService::actionActivated, this, [this](const QString& name) {
-        if (name == "pick"_L1) {
-            pick();
-        } else if (name == "settings"_L1) {
-            openSettingsWindow();
-        } else if (name == "quit"_L1) {
-            QApplication::exit();
-        }
+    connect(&instance, &InstanceService::activated, this, [this](const QString& token) {
+        useActivationToken(token);
+        openPanel();
     });
+    connect(&instance, &InstanceService::actionActivated, this,
+            [this](const QString& name, const QString& token) {
+                useActivationToken(token);
+                if (name == "pick"_L1) {
+                    pick();
+                } else if (name == "settings"_L1) {
+                    openSettingsWindow();
+                } else if (name == "quit"_L1) {
+                    QApplication::exit();
+                }
+            });
     connect(&instance, &InstanceService::pickRequested, this, &Application::pickFor);
     connect(&instance, &InstanceService::pickAbandoned, this, [this] {
         if (m_series) {
