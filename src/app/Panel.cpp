@@ -35,7 +35,12 @@ Panel::Panel(QWidget* content)
 
 QSize Panel::sizeHint() const
 {
-    return theme::panelSize;
+    return m_isShadowInside ? theme::panelSize.grownBy(shadowMargins()) : theme::panelSize;
+}
+
+QRect Panel::panelRect() const
+{
+    return m_isShadowInside ? rect().marginsRemoved(shadowMargins()) : rect();
 }
 
 void Panel::setBlended(bool isBlended)
@@ -50,18 +55,33 @@ QMargins Panel::shadowMargins() const
     return shadow.extents();
 }
 
+void Panel::setShadowInside(bool isInside)
+{
+    m_isShadowInside = isInside;
+    m_content->setGeometry(panelRect());
+}
+
 void Panel::paintShadow(QPainter& painter) const
 {
-    const QRectF panel = rect();
+    const QRectF panel(QPointF(), panelRect().size());
     drawShadow(painter, panel, theme::panelRadius, shadow, Scheme::Light);
     // The soft edge of the panel lies on the shadow, the rest of it does not.
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     fillRounded(painter, panel.adjusted(1, 1, -1, -1), theme::panelRadius - 1, Qt::black);
 }
 
+void Panel::paintEvent(QPaintEvent*)
+{
+    if (m_isShadowInside) {
+        QPainter painter(this);
+        painter.translate(panelRect().topLeft());
+        paintShadow(painter);
+    }
+}
+
 void Panel::resizeEvent(QResizeEvent* event)
 {
-    m_content->setGeometry(rect());
+    m_content->setGeometry(panelRect());
     roundWindowCorners(*this, theme::panelRadius);
     QWidget::resizeEvent(event);
 }

@@ -21,12 +21,14 @@ public:
     [[nodiscard]] QWidget& widget() override { return *this; }
     void setBlended(bool isBlended) override;
     [[nodiscard]] QMargins shadowMargins() const override;
+    void setShadowInside(bool isInside) override;
     void paintShadow(QPainter& painter) const override;
 
 Q_SIGNALS:
     void hidden();
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -34,7 +36,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// The window without the shadow.
+    [[nodiscard]] QRect panelRect() const;
+
     QWidget* m_content;
+    bool m_isShadowInside = false;
 };
 
 } // namespace tintwick

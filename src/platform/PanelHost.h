@@ -29,9 +29,12 @@ public:
     /// Called before the window is shown and when the desktop changes. On a desktop that does not blend translucent pixels, the window must mask its
     /// corners.
     virtual void setBlended(bool isBlended) = 0;
-    /// How far the shadow extends beyond the window, in points.
+    /// How far the shadow extends beyond the panel, in points.
     [[nodiscard]] virtual QMargins shadowMargins() const = 0;
-    /// Paints the shadow in points from the top left of the window, and nothing where the window itself is.
+    /// Whether the window is larger than the panel by the margins of the shadow and shows the shadow there. False by
+    /// default: the host shows it.
+    virtual void setShadowInside(bool isInside) = 0;
+    /// Paints the shadow in points from the top left of the panel, and nothing where the panel itself is.
     virtual void paintShadow(QPainter& painter) const = 0;
 
 protected:

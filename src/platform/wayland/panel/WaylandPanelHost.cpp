@@ -1,0 +1,81 @@
+#include "WaylandPanelHost.h"
+
+#include <QGuiApplication>
+#include <QMargins>
+#include <QRegion>
+#include <QScreen>
+#include <QStyleHints>
+#include <QWindow>
+
+#include <chrono>
+
+namespace tintwick {
+
+namespace {
+
+/// The compositor takes the focus from one window of ours before it gives it to the next.
+constexpr std::chrono::milliseconds changeOfFocus{100};
+
+} // namespace
+
+WaylandPanelHost::WaylandPanelHost()
+{
+    m_inactivity.setSingleShot(true);
+    m_inactivity.setInterval(changeOfFocus);
+    connect(&m_inactivity, &QTimer::timeout, this, &WaylandPanelHost::dismissWhenInactive);
+}
+
+void WaylandPanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
+{
+    if (panel.widget().isVisible()) {
+        panel.widget().activateWindow();
+    } else if (!isClickThatDismissed(anchor)) {
+        showAgain(panel);
+    }
+}
+
+void WaylandPanelHost::showAgain(PanelWindow& panel)
+{
+    m_widget = &panel.widget();
+    panel.setBlended(true);
+    panel.setShadowInside(true);
+    // Tiling compositors let a window float whose size cannot change.
+    m_widget->setFixedSize(m_widget->sizeHint().boundedTo(m_widget->screen()->availableSize()));
+    m_widget->show();
+    // Not QWidget::setMask(), which cuts what is painted as well.
+    m_widget->windowHandle()->setMask(m_widget->rect().marginsRemoved(panel.shadowMargins()));
+    m_widget->activateWindow();
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &WaylandPanelHost::followFocus,
+            Qt::UniqueConnection);
+}
+
+void WaylandPanelHost::followFocus()
+{
+    if (QGuiApplication::focusWindow()) {
+        m_inactivity.stop();
+    } else {
+        m_inactivity.start();
+    }
+}
+
+void WaylandPanelHost::dismissWhenInactive()
+{
+    if (m_isDismissible && m_widget && m_widget->isVisible()) {
+        m_sinceDismissal.start();
+        Q_EMIT dismissed();
+    }
+}
+
+// A click on the tray may make the panel inactive before the tray reports the click.
+bool WaylandPanelHost::isClickThatDismissed(const PanelAnchor& anchor)
+{
+    if (!anchor.isClicked || !m_sinceDismissal.isValid()) {
+        return false;
+    }
+    const bool isRecent =
+        !m_sinceDismissal.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    m_sinceDismissal.invalidate();
+    return isRecent;
+}
+
+} // namespace tintwick
