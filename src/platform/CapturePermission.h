@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QUrl>
+#include <functional>
 
 namespace tintwick {
 
@@ -8,8 +8,8 @@ namespace tintwick {
 struct CapturePermission
 {
     bool isGranted = true;
-    /// The place where the user changes the permission; empty where the desktop has none.
-    QUrl settings;
+    /// Opens the place where the user changes the permission; null where the desktop has none.
+    std::function<void()> openSettings;
 };
 
 } // namespace tintwick

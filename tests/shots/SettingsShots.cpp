@@ -122,7 +122,7 @@ void shootSettings(const QDir& folder)
         view.platform().recording.press(keycode::c);
     });
     shootTab(u"general-denied"_s, SettingsTab::General, [](DemoSettings& view) {
-        view.platform().permission.settings = QUrl(u"settings:privacy"_s);
+        view.platform().permission.openSettings = [] {};
         view.platform().permission.isGranted = false;
         view.grab();
         QApplication::processEvents();

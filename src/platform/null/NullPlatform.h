@@ -53,7 +53,7 @@ public:
     [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
     [[nodiscard]] CapturePermission capturePermission() const override
     {
-        return {.isGranted = false, .settings = {}};
+        return {.isGranted = false, .openSettings = {}};
     }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }

@@ -7,8 +7,7 @@
 #include "SymbolView.h"
 #include "Theme.h"
 
-#include <QDesktopServices>
-#include <QUrl>
+#include <functional>
 
 namespace tintwick {
 
@@ -37,11 +36,11 @@ QWidget* PermissionStatus::granted()
 
 QWidget* PermissionStatus::denied()
 {
-    const QUrl settings = m_platform.capturePermission().settings;
-    if (settings.isEmpty()) {
+    const std::function<void()> openSettings = m_platform.capturePermission().openSettings;
+    if (!openSettings) {
         return label(tr("Not granted"), theme::font(13), theme::red);
     }
-    return prominentButton(tr("Open System Settings"), [settings] { QDesktopServices::openUrl(settings); });
+    return prominentButton(tr("Open System Settings"), openSettings);
 }
 
 void PermissionStatus::paintEvent(QPaintEvent*)
