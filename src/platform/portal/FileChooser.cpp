@@ -102,10 +102,10 @@ void FileChooser::saveFile(const Question& question)
     });
 }
 
-void FileChooser::takeAnswer(bool isSuccess, const QVariantMap& results)
+void FileChooser::takeAnswer(Answer answer, const QVariantMap& results)
 {
     const QUrl url(results.value(u"uris"_s).toStringList().value(0));
-    if (isSuccess && url.isLocalFile()) {
+    if (answer == Answer::Success && url.isLocalFile()) {
         Q_EMIT chosen(url.toLocalFile());
     } else {
         Q_EMIT cancelled();

@@ -36,7 +36,7 @@ Q_SIGNALS:
     void cancelled();
 
 private:
-    void takeAnswer(bool isSuccess, const QVariantMap& results) override;
+    void takeAnswer(Answer answer, const QVariantMap& results) override;
 };
 
 } // namespace tintwick

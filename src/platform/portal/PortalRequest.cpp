@@ -18,7 +18,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr unsigned success = 0;
+/// The numbers of the answers.
+enum Response : unsigned { Succeeded = 0, CancelledByUser = 1 };
 
 QString nextToken()
 {
@@ -98,7 +99,11 @@ void PortalRequest::takeResponse(const QDBusMessage& message)
         return;
     }
     const QVariantList arguments = message.arguments();
-    takeAnswer(arguments.at(0).toUInt() == success, qdbus_cast<QVariantMap>(arguments.at(1)));
+    const unsigned response = arguments.at(0).toUInt();
+    takeAnswer(response == Succeeded         ? Answer::Success
+               : response == CancelledByUser ? Answer::Cancelled
+                                             : Answer::Failed,
+               qdbus_cast<QVariantMap>(arguments.at(1)));
 }
 
 void PortalRequest::giveUp()

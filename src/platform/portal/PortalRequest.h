@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <cstdint>
 #include <functional>
 
 class QDBusMessage;
@@ -34,8 +35,9 @@ protected:
     /// "handle_token".
     void send(const Call& call);
 
-    /// Called with the answer; not a success when the user has cancelled or the portal has given up.
-    virtual void takeAnswer(bool isSuccess, const QVariantMap& results) = 0;
+    enum class Answer : std::uint8_t { Success, Cancelled, Failed };
+    /// Called with the answer. Failed also when the user has denied the permission.
+    virtual void takeAnswer(Answer answer, const QVariantMap& results) = 0;
 
 private Q_SLOTS:
     void takeResponse(const QDBusMessage& message);
