@@ -1,6 +1,7 @@
 #include "PlatformFactory.h"
 
 #include "NullPlatform.h"
+#include "WaylandPlatform.h"
 #include "X11Platform.h"
 
 #include <QString>
@@ -13,7 +14,7 @@ namespace {
 using Connect = std::unique_ptr<Platform> (*)(QString& whyNot);
 
 /// The first backend that connects is used. When none does, the message of the last one is reported.
-constexpr Connect backends[] = {&NullPlatform::connect, &X11Platform::connect};
+constexpr Connect backends[] = {&NullPlatform::connect, &WaylandPlatform::connect, &X11Platform::connect};
 
 } // namespace
 

@@ -72,8 +72,8 @@ bool WaylandSeat::isAnyDown() const
 
 void WaylandSeat::reportReleased()
 {
-    if (m_listener && !isAnyDown()) {
-        m_listener->inputReleased();
+    if (!isAnyDown()) {
+        Q_EMIT released();
     }
 }
 

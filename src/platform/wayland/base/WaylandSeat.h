@@ -23,8 +23,6 @@ public:
     public:
         virtual void keyboardEntered(wl_surface& surface) = 0;
         virtual void keyPressed(const KeyPress& press, std::uint32_t serial) = 0;
-        /// No button and no key is down any more.
-        virtual void inputReleased() = 0;
 
     protected:
         ~Listener() = default;
@@ -47,6 +45,8 @@ public:
     [[nodiscard]] WaylandKeyboard* keyboard() { return m_keyboard.get(); }
 
 Q_SIGNALS:
+    /// No button and no key is down any more. Also reported without a listener.
+    void released();
     /// Another keyboard, keymap or layout.
     void keymapChanged();
 

@@ -1,0 +1,71 @@
+#include "WaylandPlatform.h"
+
+#include "ScreencopyCapture.h"
+#include "WaylandPickingSession.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr auto* toolkitVariable = "QT_QPA_PLATFORM";
+
+std::vector<std::unique_ptr<ScreenCapture>> waysToCapture(WaylandConnection& connection)
+{
+    std::vector<std::unique_ptr<ScreenCapture>> ways;
+    if (auto screencopy = ScreencopyCapture::create(connection)) {
+        ways.push_back(std::move(screencopy));
+    }
+    return ways;
+}
+
+} // namespace
+
+std::unique_ptr<Platform> WaylandPlatform::connect(QString& whyNot)
+{
+    const QString toolkit = qEnvironmentVariable(toolkitVariable).section(u':', 0, 0);
+    if (!toolkit.isEmpty() && !toolkit.startsWith("wayland"_L1)) {
+        whyNot = u"Tintwick was told by QT_QPA_PLATFORM not to use Wayland."_s;
+        return nullptr;
+    }
+    std::unique_ptr<WaylandConnection> connection = WaylandConnection::open();
+    if (!connection) {
+        whyNot = u"Tintwick needs a desktop to pick colours from: no Wayland compositor answers."_s;
+        return nullptr;
+    }
+    qputenv(toolkitVariable, "wayland");
+    return std::make_unique<WaylandPlatform>(std::move(connection));
+}
+
+WaylandPlatform::WaylandPlatform(std::unique_ptr<WaylandConnection> connection)
+    : m_connection(std::move(connection))
+    , m_seat(*m_connection)
+{
+    // The second round trip brings the keymap.
+    m_connection->flush();
+}
+
+void WaylandPlatform::preparePicking()
+{
+    if (m_picking) {
+        return;
+    }
+    m_connection->listen();
+    QObject::connect(m_connection.get(), &WaylandConnection::closed, m_connection.get(),
+                     [] { QCoreApplication::exit(EXIT_FAILURE); });
+    m_picking.emplace(*m_connection, m_seat, waysToCapture(*m_connection));
+}
+
+std::unique_ptr<PickingSession> WaylandPlatform::startPick(PickingSession::Listener& listener)
+{
+    return std::make_unique<WaylandPickingSession>(*m_picking, listener);
+}
+
+void WaylandPlatform::keepClipboard() {}
+
+} // namespace tintwick

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "OverlayShell.h"
+#include "ScreenCapture.h"
+#include "WaylandClipboard.h"
+#include "WaylandConnection.h"
+#include "WaylandSeat.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+namespace tintwick {
+
+class Overlay;
+
+/// What all picks use of the compositor, made once.
+class WaylandPickingParts final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The ways to take pictures are tried in the given order. Connection and seat must outlive the object.
+    WaylandPickingParts(WaylandConnection& connection, WaylandSeat& seat,
+                        std::vector<std::unique_ptr<ScreenCapture>> captures);
+    ~WaylandPickingParts() override;
+
+    /// Keeps the surfaces of a pick that has ended, without a loupe, until no button and no key is down: otherwise
+    /// another client would get the release of a press that it has not seen.
+    void keepUntilReleased(std::vector<std::unique_ptr<Overlay>> overlays);
+    /// Destroys those that are kept.
+    void dropKept();
+    [[nodiscard]] bool keepsAny() const { return !m_kept.empty(); }
+
+    WaylandConnection& connection;
+    WaylandSeat& seat;
+    OverlayShell shell;
+    WaylandClipboard clipboard;
+    std::vector<std::unique_ptr<ScreenCapture>> captures;
+
+private:
+    std::vector<std::unique_ptr<Overlay>> m_kept;
+};
+
+} // namespace tintwick
