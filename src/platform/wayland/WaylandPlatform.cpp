@@ -2,6 +2,7 @@
 
 #include "ScreencopyCapture.h"
 #include "WaylandPickingSession.h"
+#include "WaylandToolkit.h"
 
 #include <QCoreApplication>
 
@@ -38,8 +39,7 @@ std::unique_ptr<Platform> WaylandPlatform::connect(QString& whyNot)
         whyNot = u"Tintwick needs a desktop to pick colours from: no Wayland compositor answers."_s;
         return nullptr;
     }
-    qputenv(toolkitVariable, "wayland");
-    return std::make_unique<WaylandPlatform>(std::move(connection));
+    return useWaylandToolkit(whyNot) ? std::make_unique<WaylandPlatform>(std::move(connection)) : nullptr;
 }
 
 WaylandPlatform::WaylandPlatform(std::unique_ptr<WaylandConnection> connection)

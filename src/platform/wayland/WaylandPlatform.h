@@ -3,6 +3,7 @@
 #include "NullPlatform.h"
 #include "Platform.h"
 #include "WaylandConnection.h"
+#include "WaylandPanelHost.h"
 #include "WaylandPickingParts.h"
 #include "WaylandSeat.h"
 
@@ -35,7 +36,7 @@ private:
     std::unique_ptr<WaylandConnection> m_connection;
     WaylandSeat m_seat;
     std::optional<WaylandPickingParts> m_picking;
-    NullPanelHost m_panelHost;
+    WaylandPanelHost m_panelHost;
     NullGlobalShortcuts m_shortcuts;
     NullKeyboardLayout m_layout;
 };
