@@ -1,6 +1,6 @@
 #include "ColorListing.h"
 
-#include "ColorCollection.h"
+#include "Payload.h"
 #include "TailwindColors.h"
 
 #include <nlohmann/json.hpp>
@@ -58,13 +58,13 @@ QByteArray colorsAsJson(const QList<CapturedColor>& colors, const QStringList& t
     return textOf(array);
 }
 
-QByteArray palettesAsJson(const QList<ColorCollection>& palettes, const QList<CapturedColor>& history)
+QByteArray palettesAsJson(const Payload& data)
 {
     Json array = Json::array();
-    for (const ColorCollection& palette : palettes) {
+    for (const ColorCollection& palette : data.collections) {
         Json object;
         object["name"] = palette.name.toStdString();
-        object["colors"] = palette.colors(history).size();
+        object["colors"] = palette.colors(data.history, data.keptColors).size();
         object["createdAt"] = palette.createdAt.toString(Qt::ISODate).toStdString();
         array.push_back(std::move(object));
     }

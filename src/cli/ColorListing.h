@@ -9,7 +9,7 @@
 
 namespace tintwick {
 
-struct ColorCollection;
+struct Payload;
 
 /// A JSON array with one object per colour: its text from `texts`, hex, rgb, hsl, alpha, and where there are any the
 /// name, the nearest Tailwind token and the time of the pick (ISO 8601, UTC). UTF-8, with a line feed at the end. Both
@@ -19,9 +19,7 @@ struct ColorCollection;
 /// The text of each colour.
 [[nodiscard]] QStringList textsOf(const QList<CapturedColor>& colors, ColorFormat format);
 
-/// A JSON array with one object per palette: its name, the number of its colours that are in the history, and the time
-/// when it was made.
-[[nodiscard]] QByteArray palettesAsJson(const QList<ColorCollection>& palettes,
-                                        const QList<CapturedColor>& history);
+/// A JSON array with one object per palette: its name, the number of its colours, and the time when it was made.
+[[nodiscard]] QByteArray palettesAsJson(const Payload& data);
 
 } // namespace tintwick

@@ -75,7 +75,7 @@ QString noPalette(const QString& name)
 int printPalettes(const Payload& data, const Invocation& invocation)
 {
     if (invocation.isJson) {
-        return print(palettesAsJson(data.collections, data.history));
+        return print(palettesAsJson(data));
     }
     QString names;
     for (const ColorCollection& palette : data.collections) {
@@ -102,7 +102,7 @@ int exportColors(const Payload& data, const Invocation& invocation)
         if (!palette) {
             return fail(noPalette(*invocation.palette));
         }
-        colors = palette->colors(data.history);
+        colors = palette->colors(data.history, data.keptColors);
         title = palette->name;
     }
     const QByteArray bytes = exported(invocation.arguments.first(), colors, title);
@@ -138,7 +138,7 @@ int runOffline(const Invocation& invocation)
         return printPalettes(data, invocation);
     case CommandId::Palette:
         if (const ColorCollection* palette = paletteNamed(invocation.arguments.first(), data)) {
-            return print(palette->colors(data.history), invocation, data.defaultFormat);
+            return print(palette->colors(data.history, data.keptColors), invocation, data.defaultFormat);
         }
         return fail(noPalette(invocation.arguments.first()));
     case CommandId::Export:

@@ -1,6 +1,6 @@
 #include "ColorCollection.h"
 
-#include <algorithm>
+#include <QHash>
 
 namespace tintwick {
 
@@ -10,13 +10,21 @@ ColorCollection ColorCollection::create(const QString& name)
         QUuid::createUuid(), name, {}, QDateTime::currentDateTimeUtc(), QStringLiteral("paintpalette.fill")};
 }
 
-QList<CapturedColor> ColorCollection::colors(const QList<CapturedColor>& history) const
+QList<CapturedColor> ColorCollection::colors(const QList<CapturedColor>& history,
+                                             const QList<CapturedColor>& kept) const
 {
+    QHash<QUuid, const CapturedColor*> byId;
+    for (const auto* list : {&history, &kept}) {
+        for (const CapturedColor& color : *list) {
+            // Of several with one id the first counts.
+            const CapturedColor*& first = byId[color.id];
+            first = first != nullptr ? first : &color;
+        }
+    }
     QList<CapturedColor> members;
     for (const QUuid& colorId : colorIds) {
-        const auto found = std::ranges::find(history, colorId, &CapturedColor::id);
-        if (found != history.end()) {
-            members.append(*found);
+        if (const CapturedColor* color = byId.value(colorId)) {
+            members.append(*color);
         }
     }
     return members;

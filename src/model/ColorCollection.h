@@ -9,7 +9,7 @@
 
 namespace tintwick {
 
-/// A named, ordered group of colours. It holds ids of colours in the history, each at most once.
+/// A named, ordered group of colours. It holds the ids of colours, each at most once.
 struct ColorCollection
 {
     QUuid id;
@@ -23,8 +23,10 @@ struct ColorCollection
     /// An empty collection created now, with a new id.
     [[nodiscard]] static ColorCollection create(const QString& name);
 
-    /// The member colours in the collection's order. Ids that are not in the history are left out.
-    [[nodiscard]] QList<CapturedColor> colors(const QList<CapturedColor>& history) const;
+    /// The member colours in the collection's order, from the history or else from `kept`, the colours that have left it. Ids
+    /// that neither has are left out.
+    [[nodiscard]] QList<CapturedColor> colors(const QList<CapturedColor>& history,
+                                              const QList<CapturedColor>& kept = {}) const;
 
     friend bool operator==(const ColorCollection&, const ColorCollection&) = default;
 };

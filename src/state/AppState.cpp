@@ -2,6 +2,7 @@
 
 #include "ColorNames.h"
 #include "ListOrder.h"
+#include "PayloadChange.h"
 #include "PayloadCoding.h"
 #include "PayloadMerge.h"
 
@@ -15,11 +16,12 @@ namespace tintwick {
 
 namespace {
 
-template <typename Collections>
-auto* firstOf(Collections& collections, const QUuid& id)
+/// The first record with an id, or null.
+template <typename Records>
+auto* firstOf(Records& records, const QUuid& id)
 {
-    const auto found = std::ranges::find(collections, id, &ColorCollection::id);
-    return found == collections.end() ? nullptr : &*found;
+    const auto found = std::ranges::find_if(records, [&id](const auto& record) { return record.id == id; });
+    return found == records.end() ? nullptr : &*found;
 }
 
 CapturedColor named(CapturedColor color)
@@ -28,6 +30,11 @@ CapturedColor named(CapturedColor color)
         color.customName = ColorNames::shared().nearest(color);
     }
     return color;
+}
+
+QString colorCount(qsizetype count)
+{
+    return count == 1 ? AppState::tr("1 color") : AppState::tr("%1 colors").arg(count);
 }
 
 } // namespace
@@ -45,6 +52,7 @@ AppState::AppState(RunLater runLater, QObject* parent)
     : QObject(parent)
     , m_runLater(std::move(runLater))
 {
+    m_changes.setUndoLimit(undoLimit);
     connect(&m_writer, &DataWriter::attempted, this, &AppState::takeAttempt);
     load();
 }
@@ -66,24 +74,28 @@ void AppState::load()
         break;
     case DataReading::Outcome::Read:
     case DataReading::Outcome::Missing:
-        m_history = reading.payload.history;
-        m_collections = reading.payload.collections;
-        m_defaultFormat = reading.payload.defaultFormat;
+        m_data = reading.payload;
+        m_data.keptColors = heldColors(m_data, m_data.keptColors);
         break;
     }
 }
 
 const ColorCollection* AppState::collection(const QUuid& id) const
 {
-    return firstOf(m_collections, id);
+    return firstOf(m_data.collections, id);
+}
+
+QList<CapturedColor> AppState::colorsOf(const ColorCollection& collection) const
+{
+    return collection.colors(m_data.history, m_data.keptColors);
 }
 
 void AppState::setDefaultFormat(ColorFormat format)
 {
-    if (m_defaultFormat == format) {
+    if (m_data.defaultFormat == format) {
         return;
     }
-    m_defaultFormat = format;
+    m_data.defaultFormat = format;
     Q_EMIT defaultFormatChanged();
     save();
 }
@@ -99,7 +111,7 @@ void AppState::setShowCopiedFeedback(bool show)
 
 QString AppState::copiedText(const CapturedColor& color) const
 {
-    return copiedText(color, m_defaultFormat);
+    return copiedText(color, m_data.defaultFormat);
 }
 
 QString AppState::copiedText(const CapturedColor& color, ColorFormat format) const
@@ -110,16 +122,14 @@ QString AppState::copiedText(const CapturedColor& color, ColorFormat format) con
 void AppState::colorCaptured(const CapturedColor& color)
 {
     addToHistory(color);
-    showCopyFeedback(m_defaultFormat, m_history.first());
+    showCopyFeedback(m_data.defaultFormat, m_data.history.first());
 }
 
 void AppState::addToHistory(const CapturedColor& color)
 {
-    m_history.prepend(named(color));
-    if (m_history.size() > historyLimit) {
-        m_history.removeLast();
-    }
-    Q_EMIT historyChanged();
+    Payload data = m_data;
+    data.history.prepend(named(color));
+    setData(std::move(data));
     save();
 }
 
@@ -133,97 +143,166 @@ void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
 
 void AppState::deleteColor(const QUuid& id)
 {
-    m_history.removeIf([&](const CapturedColor& color) { return color.id == id; });
-    for (ColorCollection& collection : m_collections) {
+    Payload after = m_data;
+    after.history.removeIf([&](const CapturedColor& color) { return color.id == id; });
+    for (ColorCollection& collection : after.collections) {
         collection.colorIds.removeAll(id);
     }
-    Q_EMIT historyChanged();
-    Q_EMIT collectionsChanged();
-    save();
+    make(tr("Removed %1").arg(inWords({id})), after);
 }
 
 void AppState::clearHistory()
 {
-    m_history.clear();
-    for (ColorCollection& collection : m_collections) {
+    Payload after = m_data;
+    after.history.clear();
+    for (ColorCollection& collection : after.collections) {
         collection.colorIds.clear();
     }
-    Q_EMIT historyChanged();
-    Q_EMIT collectionsChanged();
-    save();
+    make(tr("Removed %1").arg(colorCount(m_data.history.size() + m_data.keptColors.size())), after);
 }
 
 void AppState::renameColor(const QUuid& id, const QString& name)
 {
-    const auto found = std::ranges::find(m_history, id, &CapturedColor::id);
-    if (found == m_history.end()) {
+    Payload after = m_data;
+    CapturedColor* color = firstOf(after.history, id);
+    color = color != nullptr ? color : firstOf(after.keptColors, id);
+    if (color == nullptr) {
         return;
     }
-    found->customName = name.isEmpty() ? std::nullopt : std::optional(name);
-    Q_EMIT historyChanged();
-    save();
+    color->customName = name.isEmpty() ? std::nullopt : std::optional(name);
+    make(tr("Renamed %1").arg(inWords({id})), after);
 }
 
 ColorCollection AppState::createCollection(const QString& name)
 {
     const ColorCollection collection = ColorCollection::create(name);
-    m_collections.append(collection);
-    Q_EMIT collectionsChanged();
-    save();
+    Payload after = m_data;
+    after.collections.append(collection);
+    make(tr("Created %1").arg(name), after);
     return collection;
 }
 
 void AppState::deleteCollection(const QUuid& id)
 {
-    m_collections.removeIf([&](const ColorCollection& collection) { return collection.id == id; });
-    Q_EMIT collectionsChanged();
-    save();
+    const ColorCollection* collection = this->collection(id);
+    const QString name = collection != nullptr ? collection->name : QString();
+    Payload after = m_data;
+    after.collections.removeIf([&](const ColorCollection& candidate) { return candidate.id == id; });
+    make(tr("Removed %1").arg(name), after);
 }
 
 void AppState::addColors(const QList<QUuid>& colorIds, const QUuid& toCollection)
 {
-    ColorCollection* collection = findCollection(toCollection);
+    Payload after = m_data;
+    ColorCollection* collection = firstOf(after.collections, toCollection);
     if (!collection) {
         return;
     }
-    const qsizetype countBefore = collection->colorIds.size();
+    QList<QUuid> added;
     for (const QUuid& id : colorIds) {
         if (!collection->colorIds.contains(id)) {
             collection->colorIds.append(id);
+            added.append(id);
         }
     }
-    if (collection->colorIds.size() == countBefore) {
-        return;
+    if (!added.isEmpty()) {
+        make(tr("Added %1").arg(inWords(added)), after);
     }
-    Q_EMIT collectionsChanged();
-    save();
 }
 
 void AppState::removeColor(const QUuid& colorId, const QUuid& fromCollection)
 {
-    ColorCollection* collection = findCollection(fromCollection);
-    if (!collection) {
-        return;
+    Payload after = m_data;
+    if (ColorCollection* collection = firstOf(after.collections, fromCollection)) {
+        collection->colorIds.removeAll(colorId);
+        make(tr("Removed %1").arg(inWords({colorId})), after);
     }
-    collection->colorIds.removeAll(colorId);
-    Q_EMIT collectionsChanged();
-    save();
 }
 
 void AppState::moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to)
 {
-    ColorCollection* collection = findCollection(inCollection);
+    Payload after = m_data;
+    ColorCollection* collection = firstOf(after.collections, inCollection);
     if (!collection) {
         return;
     }
+    QList<QUuid> moving;
+    for (const qsizetype position : from) {
+        moving.append(collection->colorIds.value(position));
+    }
     collection->colorIds = moved(collection->colorIds, from, to);
-    Q_EMIT collectionsChanged();
+    make(tr("Moved %1").arg(inWords(moving)), after);
+}
+
+QString AppState::inWords(const QList<QUuid>& colorIds) const
+{
+    ColorCollection colors;
+    colors.colorIds = colorIds;
+    const QList<CapturedColor> known = colorsOf(colors);
+    if (colorIds.size() == 1 && known.size() == 1) {
+        return known.first().customName.value_or(known.first().hex6());
+    }
+    return colorCount(colorIds.size());
+}
+
+void AppState::make(const QString& what, const Payload& after)
+{
+    if (after == m_data) {
+        save();
+        return;
+    }
+    // The stack applies the change.
+    m_changes.push(new PayloadChange(what.simplified(), m_data, after,
+                                     [this](const Payload& from, const Payload& to) { apply(from, to); }));
+    Q_EMIT changeMade(m_changes.undoText());
+}
+
+void AppState::undo()
+{
+    if (m_changes.canUndo()) {
+        m_changes.undo();
+        Q_EMIT changeUndone(m_changes.redoText());
+    }
+}
+
+void AppState::redo()
+{
+    if (m_changes.canRedo()) {
+        m_changes.redo();
+        Q_EMIT changeMade(m_changes.undoText());
+    }
+}
+
+void AppState::apply(const Payload& from, const Payload& to)
+{
+    // After a merge with the file the data have whole seconds.
+    Payload data = m_data == from ? to : merged(asStored(from), asStored(m_data), asStored(to));
+    setData(std::move(data), to.history.size());
     save();
+}
+
+void AppState::setData(Payload data, qsizetype stored)
+{
+    const QList<CapturedColor> known = data.history + data.keptColors + m_data.history + m_data.keptColors;
+    const qsizetype limit = std::max({historyLimit, m_data.history.size(), stored});
+    data.history.resize(std::min(limit, data.history.size()));
+    data.keptColors = heldColors(data, known);
+
+    const Payload before = std::exchange(m_data, std::move(data));
+    if (m_data.history != before.history || m_data.keptColors != before.keptColors) {
+        Q_EMIT historyChanged();
+    }
+    if (m_data.collections != before.collections) {
+        Q_EMIT collectionsChanged();
+    }
+    if (m_data.defaultFormat != before.defaultFormat) {
+        Q_EMIT defaultFormatChanged();
+    }
 }
 
 void AppState::save()
 {
-    m_writer.write({m_history, m_collections, m_defaultFormat});
+    m_writer.write(m_data);
 }
 
 void AppState::flush()
@@ -252,18 +331,7 @@ void AppState::takeAttempt()
 
 void AppState::addStored(const DataWriter::StoredChange& change)
 {
-    Payload both = merged(change.before, asStored({m_history, m_collections, m_defaultFormat}), change.now);
-    const qsizetype limit = std::max(historyLimit, change.now.history.size());
-    both.history.resize(std::min(limit, both.history.size()));
-    const bool isOtherFormat = both.defaultFormat != m_defaultFormat;
-    m_history = std::move(both.history);
-    m_collections = std::move(both.collections);
-    m_defaultFormat = both.defaultFormat;
-    Q_EMIT historyChanged();
-    Q_EMIT collectionsChanged();
-    if (isOtherFormat) {
-        Q_EMIT defaultFormatChanged();
-    }
+    setData(merged(change.before, asStored(m_data), change.now), change.now.history.size());
     save();
 }
 
@@ -287,11 +355,6 @@ void AppState::noteUnreadableFile()
 QString AppState::dataFolder() const
 {
     return QFileInfo(DataFile().fileURL().toLocalFile()).absolutePath();
-}
-
-ColorCollection* AppState::findCollection(const QUuid& id)
-{
-    return firstOf(m_collections, id);
 }
 
 } // namespace tintwick

@@ -6,11 +6,13 @@
 #include "ColorFormat.h"
 #include "DataProblem.h"
 #include "DataWriter.h"
+#include "Payload.h"
 
 #include <QList>
 #include <QObject>
 #include <QSet>
 #include <QString>
+#include <QUndoStack>
 #include <QUuid>
 
 #include <chrono>
@@ -21,6 +23,8 @@ namespace tintwick {
 /// Owns what the user has made: the history, the collections and the default format; also the feedback on copies. The
 /// constructor reads the data file. Every change of what is stored is saved soon after, by another thread; the destructor
 /// waits for it. An operation with an unknown id changes nothing.
+///
+/// The user can take back each change of colours and collections, but no pick.
 ///
 /// When another program has written the data file, its changes join the state at the next save, before this state's
 /// own changes are saved. So does a file that could not be read at the start and can be read later.
@@ -34,6 +38,8 @@ public:
 
     static constexpr qsizetype historyLimit = 100;
     static constexpr std::chrono::milliseconds feedbackDuration{1500};
+    /// Earlier changes cannot be taken back.
+    static constexpr int undoLimit = 50;
 
     explicit AppState(QObject* parent = nullptr);
     /// Uses `runLater` instead of a timer.
@@ -41,12 +47,14 @@ public:
     ~AppState() override;
 
     /// Newest first; at most `historyLimit` colours, unless the data file held more.
-    [[nodiscard]] const QList<CapturedColor>& history() const { return m_history; }
-    [[nodiscard]] const QList<ColorCollection>& collections() const { return m_collections; }
+    [[nodiscard]] const QList<CapturedColor>& history() const { return m_data.history; }
+    [[nodiscard]] const QList<ColorCollection>& collections() const { return m_data.collections; }
     /// The first collection with an id, or null. The pointer is valid until the collections change.
     [[nodiscard]] const ColorCollection* collection(const QUuid& id) const;
+    /// The colours of a collection in its order, also those that have left the history. Leaves out unknown ids.
+    [[nodiscard]] QList<CapturedColor> colorsOf(const ColorCollection& collection) const;
 
-    [[nodiscard]] ColorFormat defaultFormat() const { return m_defaultFormat; }
+    [[nodiscard]] ColorFormat defaultFormat() const { return m_data.defaultFormat; }
     void setDefaultFormat(ColorFormat format);
 
     /// True from a copy until the `feedbackDuration` of any copy ends.
@@ -84,6 +92,11 @@ public:
     /// Moves the members at the positions `from` before the one at `to`; all positions count before the move.
     void moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to);
 
+    /// Takes back the last change. Picks and changes of the file since then stay. Does nothing when there is none.
+    void undo();
+    /// Makes the change again that undo() took back last.
+    void redo();
+
     /// Returns when the state is on the disk, or cannot be saved now. Tries a failed save again.
     void flush();
     /// Why the last save failed, or why none will succeed: one sentence for the user, empty if all is well.
@@ -96,15 +109,25 @@ Q_SIGNALS:
     void historyChanged();
     void collectionsChanged();
     void defaultFormatChanged();
+    /// The user has made a change, or made it again. `what` is for the user, for example "Removed Sky".
+    void changeMade(const QString& what);
+    void changeUndone(const QString& what);
     void showCopiedFeedbackChanged();
     void lastCopiedStringChanged();
     void saveProblemChanged();
     void unreadableFileFound();
 
 private:
-    [[nodiscard]] ColorCollection* findCollection(const QUuid& id);
     void load();
     void save();
+    /// Makes a change that can be taken back, and saves.
+    void make(const QString& what, const Payload& after);
+    /// Applies the difference between two payloads to the data, and saves.
+    void apply(const Payload& from, const Payload& to);
+    /// Shortens the history to its limit, or to `stored` or the present length if one is greater.
+    void setData(Payload data, qsizetype stored = 0);
+    /// The name of a colour, or else the number of the colours.
+    [[nodiscard]] QString inWords(const QList<QUuid>& colorIds) const;
     /// Takes the results of the writer's last attempt.
     void takeAttempt();
     void addStored(const DataWriter::StoredChange& change);
@@ -112,9 +135,8 @@ private:
     void noteUnreadableFile();
     void setShowCopiedFeedback(bool show);
 
-    QList<CapturedColor> m_history;
-    QList<ColorCollection> m_collections;
-    ColorFormat m_defaultFormat = ColorFormat::Hex6;
+    Payload m_data;
+    QUndoStack m_changes;
     bool m_showCopiedFeedback = false;
     QString m_lastCopiedString;
     RunLater m_runLater;

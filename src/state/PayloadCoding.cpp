@@ -56,6 +56,18 @@ ordered_json encoded(const CapturedColor& color)
     return object;
 }
 
+std::optional<ordered_json> encoded(const QList<CapturedColor>& colors)
+{
+    auto array = ordered_json::array();
+    for (const CapturedColor& color : colors) {
+        if (!isEncodable(color)) {
+            return std::nullopt;
+        }
+        array.push_back(encoded(color));
+    }
+    return array;
+}
+
 ordered_json encoded(const ColorCollection& collection)
 {
     auto colorIds = ordered_json::array();
@@ -72,10 +84,10 @@ ordered_json encoded(const ColorCollection& collection)
 }
 
 /// Writes whole components as integers, 1 instead of 1.0.
-void shortenNumbers(ordered_json& history)
+void shortenNumbers(ordered_json& colors)
 {
     constexpr double exact = 1e15;
-    for (ordered_json& color : history) {
+    for (ordered_json& color : colors) {
         for (ordered_json& value : color) {
             const double number = value.is_number_float() ? value.get<double>() : 0.5;
             if (std::trunc(number) == number && std::abs(number) < exact && !std::signbit(number)) {
@@ -266,12 +278,10 @@ std::optional<ColorCollection> decodedCollection(const json* value)
 
 std::optional<QByteArray> encodePayload(const Payload& payload)
 {
-    auto history = ordered_json::array();
-    for (const CapturedColor& color : payload.history) {
-        if (!isEncodable(color)) {
-            return std::nullopt;
-        }
-        history.push_back(encoded(color));
+    auto history = encoded(payload.history);
+    auto keptColors = encoded(payload.keptColors);
+    if (!history || !keptColors) {
+        return std::nullopt;
     }
     auto collections = ordered_json::array();
     for (const ColorCollection& collection : payload.collections) {
@@ -281,14 +291,21 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
         collections.push_back(encoded(collection));
     }
     ordered_json object;
-    object["history"] = std::move(history);
+    object["history"] = *std::move(history);
     object["collections"] = std::move(collections);
     object["defaultFormat"] = rawValue(payload.defaultFormat).toStdString();
+    // Without such colours the file is that of a version that does not know the key.
+    if (!keptColors->empty()) {
+        object["keptColors"] = *std::move(keptColors);
+    }
 
     constexpr int indentation = 2;
     std::string text = object.dump(indentation);
     if (isTooLarge(text)) {
         shortenNumbers(object["history"]);
+        if (object.contains("keptColors")) {
+            shortenNumbers(object["keptColors"]);
+        }
         text = object.dump();
     }
     return isTooLarge(text) ? std::nullopt : std::optional(QByteArray::fromStdString(text));
@@ -313,10 +330,12 @@ std::optional<Payload> decodePayload(QByteArrayView text)
     auto collections = decodedList(member(object, "collections"), decodedCollection);
     const auto rawFormat = decodedString(member(object, "defaultFormat"));
     const auto defaultFormat = rawFormat ? colorFormatFromRawValue(*rawFormat) : std::nullopt;
-    if (!history || !collections || !defaultFormat) {
+    const json* kept = member(object, "keptColors");
+    auto keptColors = kept && !kept->is_null() ? decodedList(kept, decodedColor) : QList<CapturedColor>();
+    if (!history || !collections || !defaultFormat || !keptColors) {
         return std::nullopt;
     }
-    return Payload{*std::move(history), *std::move(collections), *defaultFormat};
+    return Payload{*std::move(history), *std::move(collections), *defaultFormat, *std::move(keptColors)};
 }
 
 Payload asStored(const Payload& payload)

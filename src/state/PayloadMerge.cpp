@@ -89,14 +89,20 @@ MergedList<T> mergedLists(const QList<T>& before, const QList<T>& ours, const QL
     return result;
 }
 
+enum class OnlyOurs { First, Last };
+
 /// A list that only one side changed is taken as it is, with its order.
-QList<QUuid> mergedMembers(const QList<QUuid>& before, const QList<QUuid>& ours, const QList<QUuid>& theirs)
+template <typename T>
+QList<T> mergedList(const QList<T>& before, const QList<T>& ours, const QList<T>& theirs, OnlyOurs place)
 {
     if (theirs == before) {
         return ours;
     }
+    if (ours == before) {
+        return theirs;
+    }
     const auto [common, onlyOurs] = mergedLists(before, ours, theirs);
-    return common + onlyOurs;
+    return place == OnlyOurs::First ? onlyOurs + common : common + onlyOurs;
 }
 
 ColorCollection merged(const ColorCollection& before, const ColorCollection& ours,
@@ -104,20 +110,28 @@ ColorCollection merged(const ColorCollection& before, const ColorCollection& our
 {
     return {.id = theirs.id,
             .name = chosen(before.name, ours.name, theirs.name),
-            .colorIds = mergedMembers(before.colorIds, ours.colorIds, theirs.colorIds),
+            .colorIds = mergedList(before.colorIds, ours.colorIds, theirs.colorIds, OnlyOurs::Last),
             .createdAt = chosen(before.createdAt, ours.createdAt, theirs.createdAt),
             .icon = chosen(before.icon, ours.icon, theirs.icon)};
+}
+
+QList<CapturedColor> allColors(const Payload& payload)
+{
+    return payload.history + payload.keptColors;
 }
 
 } // namespace
 
 Payload merged(const Payload& before, const Payload& ours, const Payload& theirs)
 {
-    const auto history = mergedLists(before.history, ours.history, theirs.history);
-    const auto collections = mergedLists(before.collections, ours.collections, theirs.collections);
-    return {.history = history.onlyOurs + history.common,
-            .collections = collections.common + collections.onlyOurs,
-            .defaultFormat = chosen(before.defaultFormat, ours.defaultFormat, theirs.defaultFormat)};
+    Payload both{.history = mergedList(before.history, ours.history, theirs.history, OnlyOurs::First),
+                 .collections =
+                     mergedList(before.collections, ours.collections, theirs.collections, OnlyOurs::Last),
+                 .defaultFormat = chosen(before.defaultFormat, ours.defaultFormat, theirs.defaultFormat)};
+    const auto colors = mergedLists(allColors(before), allColors(ours), allColors(theirs));
+    // A side that lacks a colour may only have dropped it: from a full history, or as a version that keeps none.
+    both.keptColors = heldColors(both, colors.common + colors.onlyOurs + allColors(ours) + allColors(theirs));
+    return both;
 }
 
 } // namespace tintwick

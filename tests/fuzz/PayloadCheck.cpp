@@ -10,7 +10,7 @@ bool checkPayload(QByteArrayView bytes)
     if (!payload) {
         return false;
     }
-    for (const CapturedColor& color : payload->history) {
+    for (const CapturedColor& color : payload->history + payload->keptColors) {
         for (const ColorFormat format : allColorFormats) {
             static_cast<void>(string(format, color));
         }

@@ -101,6 +101,8 @@ class PayloadCodingTest final : public QObject
 
 private Q_SLOTS:
     void aPayloadIsEncoded();
+    void keptColorsAreAnExtraKey();
+    void aVersionThatDoesNotKnowKeptColorsReadsTheRest();
     void anEmptyPayloadIsEncoded();
     void aFileOfAnEarlierVersionIsReproducedExactly();
     void numbersHaveAFractionOrAnExponent_data();
@@ -137,6 +139,33 @@ private Q_SLOTS:
 void PayloadCodingTest::aPayloadIsEncoded()
 {
     QCOMPARE(encodePayload(wholePayload()), wholeFile);
+}
+
+void PayloadCodingTest::keptColorsAreAnExtraKey()
+{
+    Payload payload = wholePayload();
+    payload.keptColors = {payload.history.takeLast()};
+    QByteArray text = wholeFile;
+    const qsizetype start = text.indexOf(",\n    {\n      \"id\": \"FFFF");
+    const qsizetype end = text.indexOf("\n  ],", start);
+    const QByteArray second = text.sliced(start + 2, end - start - 2);
+    text.remove(start, end - start);
+    text.replace("\"CSS Var\"\n}", "\"CSS Var\",\n  \"keptColors\": [\n" + second + "\n  ]\n}");
+    QCOMPARE(encodePayload(payload), text);
+    QVERIFY(decodePayload(text) == payload);
+
+    payload.keptColors.clear();
+    QVERIFY(!encodePayload(payload)->contains("keptColors"));
+}
+
+void PayloadCodingTest::aVersionThatDoesNotKnowKeptColorsReadsTheRest()
+{
+    Payload payload = wholePayload();
+    payload.keptColors = {payload.history.takeLast()};
+    // To an earlier version the key has no meaning, as this one has none here.
+    const auto decoded = decodePayload(encodePayload(payload)->replace("keptColors", "other"));
+    payload.keptColors.clear();
+    QVERIFY(decoded == payload);
 }
 
 void PayloadCodingTest::anEmptyPayloadIsEncoded()
@@ -218,6 +247,7 @@ void PayloadCodingTest::acceptedTexts_data()
     QTest::newRow("another order of keys") << QByteArray(
         R"({"defaultFormat":"HEX","collections":[],"history":[{"capturedAt":"2025-03-14T09:26:53Z",)"
         R"("alpha":1,"blue":1,"green":1,"red":1,"id":"0BD3F0A0-7C65-4B8E-9C5E-5D1F6A3B2C10"}]})");
+    QTest::newRow("no kept colours") << changed(R"("HEX"})", R"("HEX","keptColors":null})");
     QTest::newRow("unknown keys") << changed("{\"history\"", R"({"version":{"a":[1,2,{}]},"history")");
     QTest::newRow("unknown key in a colour") << changed("\"red\":0.1", R"("red":0.1,"hex":"#19334C")");
     QTest::newRow("lower-case id") << changed("0BD3F0A0-7C65-4B8E-9C5E-5D1F6A3B2C10",
@@ -299,6 +329,10 @@ void PayloadCodingTest::refusedTexts_data()
     row("name that is false", changed("\"Ocean\"", "false"));
     row("nested beyond the limit",
         changed("{\"history\"", "{\"x\":" + QByteArray(64, '[') + QByteArray(64, ']') + ",\"history\""));
+    const QByteArray lastMember = R"("defaultFormat":"HEX")";
+    row("kept colours that are no list", changed(lastMember, lastMember + R"(,"keptColors":{})"));
+    row("a kept colour without components",
+        changed(lastMember, lastMember + R"(,"keptColors":[{"id":"0BD3F0A0-7C65-4B8E-9C5E-5D1F6A3B2C10"}])"));
     row("too large", changed("", "") + QByteArray(largestPayload, ' '));
 }
 

@@ -40,6 +40,13 @@ QList<ColorCollection> collections(const QString& text)
     return list;
 }
 
+/// "a b | p=abc | c": a history, the collections and the kept colours.
+Payload payload(const QString& text)
+{
+    const QStringList parts = text.split(u'|');
+    return {colors(parts[0]), collections(parts[1]), ColorFormat::Hex6, colors(parts[2])};
+}
+
 } // namespace
 
 class PayloadMergeTest final : public QObject
@@ -51,6 +58,8 @@ private Q_SLOTS:
     void changesOfTheHistoryJoin();
     void changesOfCollectionsJoin_data();
     void changesOfCollectionsJoin();
+    void aColorThatLeavesTheHistoryIsKeptByItsCollections_data();
+    void aColorThatLeavesTheHistoryIsKeptByItsCollections();
     void theChangedFormatCounts_data();
     void theChangedFormatCounts();
 };
@@ -129,6 +138,47 @@ void PayloadMergeTest::changesOfCollectionsJoin()
     const Payload result =
         merged({{}, collections(before), {}}, {{}, collections(ours), {}}, {{}, collections(theirs), {}});
     QCOMPARE(result.collections, collections(both));
+}
+
+void PayloadMergeTest::aColorThatLeavesTheHistoryIsKeptByItsCollections_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("ours");
+    QTest::addColumn<QString>("theirs");
+    QTest::addColumn<QString>("both");
+    const auto row = [](const char* name, const char* before, const char* ours, const char* theirs,
+                        const char* both) {
+        QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(ours)
+                            << QString::fromLatin1(theirs) << QString::fromLatin1(both);
+    };
+    row("it left ours", "a | p=a |", "b | p=a | a", "c a | p=a |", "b c | p=a | a");
+    row("it left theirs", "a | p=a |", "b a | p=a |", "c | p=a | a", "b c | p=a | a");
+    row("it left theirs, written by a version that keeps none", "a | p=a |", "b a | p=a |", "c | p=a |",
+        "b c | p=a | a");
+    row("that version forgot it", "| p=a | a", "b | p=a | a", "c | p=a |", "b c | p=a | a");
+    row("it left ours and they renamed it", "a | p=a |", "b | p=a | a", "a=Sky | p=a |", "b a=Sky | p=a |");
+    row("they renamed a kept one", "| p=a | a", "b | p=a | a", "| p=a | a=Sky", "b | p=a | a=Sky");
+    row("we renamed a kept one", "| p=a | a", "| p=a | a=Sky", "b | p=a | a", "b | p=a | a=Sky");
+    row("both keep another one", "a b | p=a q=b |", "c a | p=a q=b | b", "d b | p=a q=b | a",
+        "c d | p=a q=b | a b");
+    row("we deleted it", "| p=a | a", "| p= |", "c | p=a | a", "c | p= |");
+    row("they deleted it", "| p=a | a", "c | p=a | a", "| p= |", "c | p= |");
+    row("we deleted the collection", "| p=a | a", "| |", "c | p=a | a", "c | |");
+    row("we put it into another collection", "| p=a q= | a", "| p=a q=a | a", "| q= |", "| q=a | a");
+    row("its id is unknown", "| p=a |", "b | p=a |", "c | p=a |", "b c | p=a |");
+}
+
+void PayloadMergeTest::aColorThatLeavesTheHistoryIsKeptByItsCollections()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, ours);
+    QFETCH(QString, theirs);
+    QFETCH(QString, both);
+    const Payload result = merged(payload(before), payload(ours), payload(theirs));
+    const Payload expected = payload(both);
+    QCOMPARE(result.history, expected.history);
+    QCOMPARE(result.collections, expected.collections);
+    QCOMPARE(result.keptColors, expected.keptColors);
 }
 
 void PayloadMergeTest::theChangedFormatCounts_data()

@@ -61,7 +61,7 @@ private Q_SLOTS:
     void swatchMenuOffersExistingPalettes();
     void deleteInTheMenuRemovesTheColor();
     void cardMenuDeletesTheCollection();
-    void cardExportsItsMembersInTheHistory();
+    void cardExportsItsMembersAlsoWhenTheyLeaveTheHistory();
     void blankNameCreatesNoPalette_data();
     void blankNameCreatesNoPalette();
     void newPaletteHasTheTrimmedName();
@@ -441,24 +441,28 @@ void DashboardViewTest::cardsCountTheirColors()
 void DashboardViewTest::cardAndItsScreenCountTheColorsThatExist()
 {
     PanelFixture panel;
-    const QUuid id = panel.state.createCollection(QStringLiteral("Gone")).id;
+    const QUuid id = panel.state.createCollection(QStringLiteral("Kept")).id;
     panel.state.addColor(panel.capture(0x3B82F6).id, id);
     panel.state.addColor(QUuid::createUuid(), id);
     panel.settle();
     const CollectionRowCard& card = *panel.dashboard().cards().first();
     QCOMPARE(card.countText(), QStringLiteral("1 Color"));
 
-    // 100 later captures drop the colour from the history. The palette keeps its id.
+    // 100 later captures drop the colour from the history. The palette keeps it.
+    const CapturedColor kept = panel.state.history().first();
     for (unsigned i = 0; i < 100; ++i) {
         panel.capture(i);
     }
-    QCOMPARE(panel.state.collection(id)->colorIds.size(), 2);
-    QVERIFY(card.previewColors().isEmpty());
-    QCOMPARE(card.countText(), QStringLiteral("0 Colors"));
-    QCOMPARE(card.accessibleName(), QStringLiteral("Gone, 0 Colors"));
+    QCOMPARE(panel.state.history().size(), 100);
+    QCOMPARE(card.previewColors(), QList<CapturedColor>{kept});
+    QCOMPARE(card.colors(), QList<CapturedColor>{kept});
+    QCOMPARE(card.countText(), QStringLiteral("1 Color"));
+    QCOMPARE(card.accessibleName(), QStringLiteral("Kept, 1 Color"));
     panel.view->setSelectedCollectionId(id);
     panel.settle();
-    QVERIFY(visibleTexts(panel.view->currentScreen()).contains(QStringLiteral("0 colors")));
+    const QStringList texts = visibleTexts(panel.view->currentScreen());
+    QVERIFY(texts.contains(QStringLiteral("1 color")));
+    QVERIFY(texts.contains(QStringLiteral("#3B82F6")));
 }
 
 void DashboardViewTest::cardPreviewsTheExistingAmongTheFirstFour()
@@ -639,7 +643,7 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
     QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
 }
 
-void DashboardViewTest::cardExportsItsMembersInTheHistory()
+void DashboardViewTest::cardExportsItsMembersAlsoWhenTheyLeaveTheHistory()
 {
     PanelFixture panel;
     panel.state.createCollection(QStringLiteral("Brand"));
@@ -659,7 +663,8 @@ void DashboardViewTest::cardExportsItsMembersInTheHistory()
     }
     panel.settle();
     QCOMPARE(card.collection().colorIds.size(), 6);
-    QCOMPARE(card.colors(), members.sliced(1));
+    QVERIFY(!panel.state.history().contains(members.first()));
+    QCOMPARE(card.colors(), members);
 }
 
 void DashboardViewTest::blankNameCreatesNoPalette_data()

@@ -128,7 +128,7 @@ bool CollectionDetailView::isDropTarget() const
 
 QList<CapturedColor> CollectionDetailView::colors() const
 {
-    return m_collection.colors(m_appState.history());
+    return m_appState.colorsOf(m_collection);
 }
 
 void CollectionDetailView::showCollection()

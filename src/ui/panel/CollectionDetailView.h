@@ -28,7 +28,7 @@ class CollectionDetailView final : public View
 public:
     CollectionDetailView(AppState& appState, const QUuid& collectionId);
 
-    /// One row per colour that the history still contains.
+    /// One row per colour whose id is known.
     [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
     [[nodiscard]] bool isDropTarget() const;
 

@@ -69,7 +69,7 @@ CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(cons
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     onClick([this] { m_onTap(m_collection.id); });
-    // The preview shows and the count counts colours of the history.
+    // Also when a colour leaves the history or is renamed there.
     connect(&m_appState, &AppState::historyChanged, this, &CollectionRowCard::showCollection);
 }
 
@@ -84,6 +84,7 @@ void CollectionRowCard::setCollection(const ColorCollection& collection)
 
 void CollectionRowCard::showCollection()
 {
+    m_colors = m_appState.colorsOf(m_collection);
     setAccessibleName(tr("%1, %2").arg(m_collection.name, countText()));
     updateHelp();
     update();
@@ -97,7 +98,7 @@ void CollectionRowCard::setAccent(const theme::Gradient& accent)
 
 QString CollectionRowCard::countText() const
 {
-    const qsizetype count = colors().size();
+    const qsizetype count = m_colors.size();
     return count == 1 ? tr("1 Color") : tr("%1 Colors").arg(count);
 }
 
@@ -105,12 +106,7 @@ QList<CapturedColor> CollectionRowCard::previewColors() const
 {
     ColorCollection head = m_collection;
     head.colorIds = head.colorIds.mid(0, previewCount);
-    return head.colors(m_appState.history());
-}
-
-QList<CapturedColor> CollectionRowCard::colors() const
-{
-    return m_collection.colors(m_appState.history());
+    return head.colors(m_colors);
 }
 
 QSize CollectionRowCard::sizeHint() const
@@ -149,16 +145,17 @@ void CollectionRowCard::setDropTarget(bool isDropTarget)
 QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
     // The menu may outlive the card.
-    const QList<CapturedColor> colors = this->colors();
-    return {menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
-            menuSeparator(),
-            menuAction(tr("Export CSS Variables"), u"document"_s,
-                       [colors, name = m_collection.name] { ColorExport().exportCSS(colors, name); }),
-            menuAction(tr("Export JSON"), u"braces"_s, [colors] { ColorExport().exportJSON(colors); }),
-            menuAction(tr("Export PNG Swatch"), u"image"_s, [colors] { ColorExport().exportPNG(colors); }),
-            menuSeparator(),
-            menuDestructive(tr("Delete"),
-                            [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
+    return {
+        menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
+        menuSeparator(),
+        menuAction(tr("Export CSS Variables"), u"document"_s,
+                   [colors = m_colors, name = m_collection.name] { ColorExport().exportCSS(colors, name); }),
+        menuAction(tr("Export JSON"), u"braces"_s, [colors = m_colors] { ColorExport().exportJSON(colors); }),
+        menuAction(tr("Export PNG Swatch"), u"image"_s,
+                   [colors = m_colors] { ColorExport().exportPNG(colors); }),
+        menuSeparator(),
+        menuDestructive(tr("Delete"),
+                        [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const

@@ -37,10 +37,10 @@ public:
     [[nodiscard]] const ColorCollection& collection() const { return m_collection; }
     /// "1 Color", "7 Colors": the number that the screen of the collection shows.
     [[nodiscard]] QString countText() const;
-    /// Those of the first four members that the history still contains.
+    /// Those of the first four members whose ids are known.
     [[nodiscard]] QList<CapturedColor> previewColors() const;
-    /// The members that the history still contains, in the order of the collection.
-    [[nodiscard]] QList<CapturedColor> colors() const;
+    /// The members whose ids are known, in the order of the collection.
+    [[nodiscard]] const QList<CapturedColor>& colors() const { return m_colors; }
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -80,6 +80,7 @@ private:
     AppState& m_appState;
     std::function<void(const QUuid& id)> m_onTap;
     ColorCollection m_collection;
+    QList<CapturedColor> m_colors;
     theme::Gradient m_accent = theme::cardAccents[0];
     bool m_isDropTarget = false;
     /// 0 at rest, 1 while the pointer or a drag is over the card.
