@@ -222,7 +222,11 @@ void Application::setupPicker()
 {
     connect(&m_picker, &Picker::picked, this,
             [this](QRgb color) { m_appState.colorCaptured(CapturedColor::capture(color)); });
-    connect(&m_picker, &Picker::failed, this, &Application::reportFailedPick);
+    connect(&m_picker, &Picker::ended, this, [this](const PickOutcome& outcome) {
+        if (outcome.kind == PickOutcome::Kind::Failed) {
+            reportFailedPick(outcome.reason);
+        }
+    });
 }
 
 void Application::togglePanel()

@@ -2,7 +2,26 @@
 
 #include "AppState.h"
 
+#include <optional>
+
 namespace tintwick {
+
+namespace {
+
+PickAnswer::Outcome answerTo(PickOutcome::Kind kind)
+{
+    switch (kind) {
+    case PickOutcome::Kind::Picked:
+        return PickAnswer::Outcome::Picked;
+    case PickOutcome::Kind::Cancelled:
+        return PickAnswer::Outcome::Cancelled;
+    case PickOutcome::Kind::Failed:
+        break;
+    }
+    return PickAnswer::Outcome::Failed;
+}
+
+} // namespace
 
 PickSeries::PickSeries(const PickRequest& request, Platform& platform, const Preferences& preferences,
                        AppState& state, QObject* parent)
@@ -10,24 +29,11 @@ PickSeries::PickSeries(const PickRequest& request, Platform& platform, const Pre
     , m_request(request)
     , m_state(state)
     , m_format(colorFormatFromRawValue(request.format).value_or(state.defaultFormat()))
-    , m_picker(platform, preferences, [this](QRgb color) { return copiedText(color); })
+    , m_picker(platform, preferences,
+               [this](QRgb color) { return m_request.copies ? std::optional(textOf(color)) : std::nullopt; })
 {
     connect(&m_picker, &Picker::picked, this, &PickSeries::add);
-    connect(&m_picker, &Picker::cancelled, this, [this] {
-        finish(m_answer.colors.isEmpty() ? PickAnswer::Outcome::Cancelled : PickAnswer::Outcome::Picked);
-    });
-    connect(&m_picker, &Picker::failed, this, [this](const QString& reason) {
-        m_answer.reason = reason;
-        finish(PickAnswer::Outcome::Failed);
-    });
-}
-
-std::optional<QString> PickSeries::copiedText(QRgb color) const
-{
-    if (!m_request.copies) {
-        return std::nullopt;
-    }
-    return (m_answer.texts + QStringList(textOf(color))).join(u'\n');
+    connect(&m_picker, &Picker::ended, this, &PickSeries::finish);
 }
 
 QString PickSeries::textOf(QRgb color) const
@@ -42,16 +48,12 @@ void PickSeries::add(QRgb color)
     if (m_request.saves) {
         m_state.addToHistory(CapturedColor::capture(color));
     }
-    if (m_answer.colors.size() < m_request.count) {
-        m_picker.start();
-    } else {
-        finish(PickAnswer::Outcome::Picked);
-    }
 }
 
-void PickSeries::finish(PickAnswer::Outcome outcome)
+void PickSeries::finish(const PickOutcome& outcome)
 {
-    m_answer.outcome = outcome;
+    m_answer.outcome = answerTo(outcome.kind);
+    m_answer.reason = outcome.reason;
     Q_EMIT finished(m_answer);
 }
 

@@ -12,8 +12,7 @@ class AppState;
 class Platform;
 class Preferences;
 
-/// Several picks, one after another, for a program that asked for them. With several colours the clipboard gets all
-/// texts, one per line. A cancelled pick ends the series.
+/// A pick of one or more colours for a program that asked for them.
 class PickSeries final : public QObject
 {
     Q_OBJECT
@@ -23,8 +22,8 @@ public:
     PickSeries(const PickRequest& request, Platform& platform, const Preferences& preferences,
                AppState& state, QObject* parent = nullptr);
 
-    void start() { m_picker.start(); }
-    /// Ends the series as a cancelled pick does.
+    void start() { m_picker.start({.count = m_request.count}); }
+    /// Ends the pick with the colours picked so far.
     void cancel() { m_picker.cancel(); }
 
 Q_SIGNALS:
@@ -32,10 +31,9 @@ Q_SIGNALS:
     void finished(const tintwick::PickAnswer& answer);
 
 private:
-    [[nodiscard]] std::optional<QString> copiedText(QRgb color) const;
     [[nodiscard]] QString textOf(QRgb color) const;
     void add(QRgb color);
-    void finish(PickAnswer::Outcome outcome);
+    void finish(const PickOutcome& outcome);
 
     PickRequest m_request;
     AppState& m_state;

@@ -115,16 +115,19 @@ PickSession::PickSession(Platform& platform, LoupeRenderer& loupe, Options optio
     connect(&m_contentTimer, &QTimer::timeout, this, &PickSession::updateLoupe);
     m_sinceUpdate.start();
     m_session = platform.startPick(*this);
+    if (m_options.mode.startsFrozen) {
+        m_session->setFrozen(true);
+    }
 }
 
 void PickSession::cancel()
 {
-    end({PickOutcome::Kind::Cancelled});
+    end({m_taken > 0 ? PickOutcome::Kind::Picked : PickOutcome::Kind::Cancelled});
 }
 
 void PickSession::refused(const QString& reason)
 {
-    end({PickOutcome::Kind::Failed, 0, reason});
+    end({PickOutcome::Kind::Failed, reason});
 }
 
 void PickSession::pointerMoved(const ScreenPosition& position)
@@ -137,10 +140,10 @@ void PickSession::pointerMoved(const ScreenPosition& position)
     }
 }
 
-void PickSession::buttonPressed(PointerButton button, const ScreenPosition& position)
+void PickSession::buttonPressed(PointerButton button, const ScreenPosition& position, int modifiers)
 {
     if (button == PointerButton::Primary) {
-        pick(position);
+        pick(position, modifiers);
     } else if (button == PointerButton::Secondary) {
         cancel();
     }
@@ -165,7 +168,7 @@ void PickSession::keyPressed(const KeyPress& press)
     case PickKey::Pick:
         // The key that started the pick may still be held down.
         if (!press.isRepeat && m_hasPosition) {
-            pick(m_position);
+            pick(m_position, press.modifiers);
         }
         break;
     case PickKey::ZoomIn:
@@ -245,7 +248,7 @@ void PickSession::zoomBy(int steps)
     updateLoupe();
 }
 
-void PickSession::pick(const ScreenPosition& position)
+void PickSession::pick(const ScreenPosition& position, int modifiers)
 {
     if (!isOnScreen(position)) {
         return;
@@ -255,10 +258,32 @@ void PickSession::pick(const ScreenPosition& position)
         return;
     }
     const QRgb color = pixel.pixel(0, 0) | 0xff000000;
-    if (const auto text = m_options.copiedText(color)) {
-        m_session->copyText(*text);
+    const bool isCopied = copy(color);
+    ++m_taken;
+    if (goesOn(modifiers)) {
+        updateLoupe();
+        Q_EMIT picked(color, isCopied);
+    } else {
+        m_session->end();
+        Q_EMIT picked(color, isCopied);
+        end({PickOutcome::Kind::Picked});
     }
-    end({PickOutcome::Kind::Picked, color});
+}
+
+bool PickSession::goesOn(int modifiers) const
+{
+    const std::optional<int> count = m_options.mode.count;
+    return count ? m_taken < *count : (modifiers & modifier::shift) != 0;
+}
+
+bool PickSession::copy(QRgb color)
+{
+    const auto text = m_options.copiedText(color);
+    if (!text) {
+        return false;
+    }
+    m_texts << *text;
+    return m_session->copyText(m_texts.join(u'\n'));
 }
 
 void PickSession::end(const PickOutcome& outcome)
@@ -285,8 +310,9 @@ void PickSession::updateLoupe()
     const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
     m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
     m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));
-    m_loupe.setSigns(
-        {.isFrozen = m_session->isFrozen(), .bitsPerChannel = m_session->screens()[screen].bitsPerChannel});
+    m_loupe.setSigns({.isFrozen = m_session->isFrozen(),
+                      .bitsPerChannel = m_session->screens()[screen].bitsPerChannel,
+                      .taken = m_taken});
     const QRect body = LoupeGeometry(m_options.look.side, scale).body();
     const QPointF place = loupePlace(m_position.point, body.size(), size, loupe::screenMargin * scale);
     m_session->showLoupe(m_loupe.render(m_options.look, scale), m_position.screen,

@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <cstdint>
@@ -21,22 +22,35 @@ class Platform;
 /// How a pick ended.
 struct PickOutcome
 {
-    enum class Kind : std::uint8_t { Picked, Cancelled, Failed };
+    enum class Kind : std::uint8_t {
+        /// At least one colour was picked.
+        Picked,
+        Cancelled,
+        Failed
+    };
 
     Kind kind = Kind::Cancelled;
-    /// The colour of the pixel, opaque. Only of Picked.
-    QRgb color = 0;
     /// One sentence for the user. Only of Failed.
     QString reason = {};
 
     friend bool operator==(const PickOutcome&, const PickOutcome&) = default;
 };
 
-/// Returns the clipboard text of a picked colour, or nothing if the clipboard stays as it is.
+/// Returns the clipboard text of one picked colour, or nothing if the clipboard stays as it is.
 using CopiedText = std::function<std::optional<QString>(QRgb color)>;
 
+/// How a pick begins and when it ends.
+struct PickMode
+{
+    /// The pick goes on until it has this many colours, or is cancelled. None: a click or Return ends it, and goes on
+    /// with Shift.
+    std::optional<int> count = std::nullopt;
+    /// The pixels are taken before the input is grabbed, with open menus and tool tips.
+    bool startsFrozen = false;
+};
+
 /// One pick, from the request to its outcome. Owns the loupe, the zoom and the position. The pixel in the centre of the
-/// loupe is the picked one.
+/// loupe is the picked one. A pick can take several colours; the clipboard then holds all their texts, one per line.
 class PickSession final : public QObject, private PickingSession::Listener
 {
     Q_OBJECT
@@ -48,23 +62,27 @@ public:
         /// Pixels on each side of the centre pixel when the pick begins; at least 1, without an upper bound.
         int radius = 7;
         CopiedText copiedText;
+        PickMode mode;
     };
 
     /// Starts the pick on the platform. The pick begins from the event loop. Platform and loupe must outlive this
     /// object.
     PickSession(Platform& platform, LoupeRenderer& loupe, Options options, QObject* parent = nullptr);
 
-    /// Ends the pick without a colour. Does nothing when the pick has ended.
+    /// Ends the pick without a further colour. Does nothing when the pick has ended.
     void cancel();
 
 Q_SIGNALS:
+    /// `color` is opaque. `isCopied` says whether the clipboard holds its text, after those before it. The input is
+    /// released when it was the last colour.
+    void picked(QRgb color, bool isCopied);
     /// Emitted once, after the input is released. A slot must not destroy the session; use deleteLater().
     void ended(const tintwick::PickOutcome& outcome);
 
 private:
     void refused(const QString& reason) override;
     void pointerMoved(const ScreenPosition& position) override;
-    void buttonPressed(PointerButton button, const ScreenPosition& position) override;
+    void buttonPressed(PointerButton button, const ScreenPosition& position, int modifiers) override;
     void scrolled(ScrollDelta delta) override;
     void keyPressed(const KeyPress& press) override;
     void contentChanged() override;
@@ -72,7 +90,10 @@ private:
 
     void moveBy(QPoint distance);
     void zoomBy(int steps);
-    void pick(const ScreenPosition& position);
+    /// The same for a click and a key.
+    void pick(const ScreenPosition& position, int modifiers);
+    [[nodiscard]] bool goesOn(int modifiers) const;
+    [[nodiscard]] bool copy(QRgb color);
     void end(const PickOutcome& outcome);
     /// Updates the loupe from the current pixels.
     void updateLoupe();
@@ -85,6 +106,8 @@ private:
     bool m_hasPosition = false;
     ScreenPosition m_position;
     int m_radius;
+    int m_taken = 0;
+    QStringList m_texts;
     ScrollAccumulator m_scroll;
     LoupeRenderer& m_loupe;
     /// Merges the content changes of one frame.

@@ -35,14 +35,16 @@ void Picker::setHighContrast(bool hasHighContrast)
     }
 }
 
-void Picker::start()
+void Picker::start(const PickMode& mode)
 {
     if (m_session) {
         return;
     }
     m_session = new PickSession(
         m_platform, m_loupe,
-        {.look = look(), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText}, this);
+        {.look = look(), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText, .mode = mode},
+        this);
+    connect(m_session, &PickSession::picked, this, &Picker::picked);
     connect(m_session, &PickSession::ended, this, &Picker::finish);
 }
 
@@ -64,17 +66,7 @@ void Picker::finish(const PickOutcome& outcome)
 {
     // The session is still emitting its signal.
     std::exchange(m_session, nullptr)->deleteLater();
-    switch (outcome.kind) {
-    case PickOutcome::Kind::Picked:
-        Q_EMIT picked(outcome.color);
-        break;
-    case PickOutcome::Kind::Cancelled:
-        Q_EMIT cancelled();
-        break;
-    case PickOutcome::Kind::Failed:
-        Q_EMIT failed(outcome.reason);
-        break;
-    }
+    Q_EMIT ended(outcome);
 }
 
 } // namespace tintwick

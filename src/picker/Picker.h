@@ -10,8 +10,7 @@ namespace tintwick {
 class Platform;
 class Preferences;
 
-/// Starts picks, one at a time, and reports their outcome. When `picked()` is emitted, the text of the colour is on the
-/// clipboard and the input is released.
+/// Starts picks, one at a time, and reports their colours and their end.
 class Picker final : public QObject
 {
     Q_OBJECT
@@ -29,17 +28,16 @@ public:
     void setHighContrast(bool hasHighContrast);
 
     /// Does nothing during a pick. The current preferences determine the look and the zoom of the loupe.
-    void start();
-    /// Ends the pick without a colour. Does nothing when no pick runs.
+    void start(const PickMode& mode = {});
+    /// Ends the pick without a further colour. Does nothing when no pick runs.
     void cancel();
     [[nodiscard]] bool isPicking() const { return m_session != nullptr; }
 
 Q_SIGNALS:
-    /// `color` is opaque.
-    void picked(QRgb color);
-    void cancelled();
-    /// The pick could not begin; `reason` is one sentence for the user.
-    void failed(const QString& reason);
+    /// As PickSession reports it.
+    void picked(QRgb color, bool isCopied);
+    /// Emitted once for each pick, when none runs any more.
+    void ended(const tintwick::PickOutcome& outcome);
 
 private:
     [[nodiscard]] LoupeLook look() const;

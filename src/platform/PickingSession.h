@@ -31,7 +31,8 @@ public:
         /// The first report means that the session has started, on a desktop with a screen. Pending moves are merged
         /// into the newest. Also reported when the screens have changed.
         virtual void pointerMoved(const ScreenPosition& position) = 0;
-        virtual void buttonPressed(PointerButton button, const ScreenPosition& position) = 0;
+        /// `modifiers` is a combination of the masks of `modifier` in KeyCode.h.
+        virtual void buttonPressed(PointerButton button, const ScreenPosition& position, int modifiers) = 0;
         virtual void scrolled(ScrollDelta delta) = 0;
         virtual void keyPressed(const KeyPress& press) = 0;
         /// Pixels of the last grab may have changed. Can be reported several times in one turn of the event loop.
@@ -76,8 +77,9 @@ public:
     /// Warps the pointer; returns false where the desktop does not allow it.
     virtual bool warpPointer(const ScreenPosition& position) = 0;
 
-    /// Copies a plain text to the clipboard. Some desktops accept it only during the session.
-    virtual void copyText(const QString& text) = 0;
+    /// Copies a plain text to the clipboard. Some desktops accept it only during the session. Returns whether the desktop
+    /// says that the clipboard is now ours; false is a failure for the user.
+    [[nodiscard]] virtual bool copyText(const QString& text) = 0;
 
     /// Removes the loupe, shows the pointer and releases the input. No other program receives the release of a button
     /// or key that is still down. Nothing is reported after this call. Does nothing when the session has ended.

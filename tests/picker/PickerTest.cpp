@@ -41,6 +41,7 @@ struct Desk
     QList<QRgb> picked;
     QStringList failures;
     int cancellations = 0;
+    int ends = 0;
 
     Desk()
     {
@@ -49,9 +50,14 @@ struct Desk
             desktop.journal << u"picked"_s;
             picked << color;
         });
-        QObject::connect(picker.get(), &Picker::cancelled, [this] { ++cancellations; });
-        QObject::connect(picker.get(), &Picker::failed,
-                         [this](const QString& reason) { failures << reason; });
+        QObject::connect(picker.get(), &Picker::ended, [this](const PickOutcome& outcome) {
+            ++ends;
+            if (outcome.kind == PickOutcome::Kind::Cancelled) {
+                ++cancellations;
+            } else if (outcome.kind == PickOutcome::Kind::Failed) {
+                failures << outcome.reason;
+            }
+        });
     }
 
     void start()
@@ -110,6 +116,124 @@ private Q_SLOTS:
         QCOMPARE(desk.cancellations, 1);
         QVERIFY(desk.picked.isEmpty());
         QVERIFY(desk.desktop.journal.filter(u"copy"_s).isEmpty());
+    }
+
+    void withShiftAColorIsTakenAndThePickGoesOn_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("click") << false;
+        QTest::newRow("Return") << true;
+    }
+    void withShiftAColorIsTakenAndThePickGoesOn()
+    {
+        QFETCH(const bool, byKey);
+        Desk desk;
+        desk.start();
+        const auto take = [&](int x, int modifiers) {
+            desk.desktop.move(at(x, 400));
+            if (byKey) {
+                desk.key(keycode::returnKey, modifiers);
+            } else {
+                desk.desktop.press(PointerButton::Primary, at(x, 400), modifiers);
+            }
+        };
+        take(500, modifier::shift);
+        take(501, modifier::shift);
+        QVERIFY(desk.picker->isPicking());
+        QCOMPARE(desk.picked, (QList<QRgb>{0xfff49064, 0xfff59065}));
+        QCOMPARE(desk.ends, 0);
+        take(502, 0);
+        QVERIFY(desk.isReleased());
+        QCOMPARE(desk.picked, (QList<QRgb>{0xfff49064, 0xfff59065, 0xfff69066}));
+        QCOMPARE(desk.ends, 1);
+        QCOMPARE(desk.cancellations, 0);
+        QCOMPARE(desk.desktop.journal.filter(u"copy"_s),
+                 (QStringList{u"copy #f49064"_s, u"copy #f49064\n#f59065"_s,
+                              u"copy #f49064\n#f59065\n#f69066"_s}));
+    }
+
+    void endingAPickOfManyKeepsWhatWasTaken_data()
+    {
+        QTest::addColumn<bool>("byButton");
+        QTest::newRow("Escape") << false;
+        QTest::newRow("right click") << true;
+    }
+    void endingAPickOfManyKeepsWhatWasTaken()
+    {
+        QFETCH(const bool, byButton);
+        Desk desk;
+        desk.start();
+        desk.desktop.press(PointerButton::Primary, at(500, 400), modifier::shift);
+        desk.desktop.journal.clear();
+        if (byButton) {
+            desk.desktop.press(PointerButton::Secondary, at(500, 400));
+        } else {
+            desk.key(keycode::escape);
+        }
+        QCOMPARE(desk.desktop.journal, (QStringList{u"end"_s}));
+        QCOMPARE(desk.picked, (QList<QRgb>{0xfff49064}));
+        QCOMPARE(desk.cancellations, 0);
+        QCOMPARE(desk.ends, 1);
+    }
+
+    void aPickOfACountEndsWithTheLastColorAlsoWithShift()
+    {
+        Desk desk;
+        desk.picker->start({.count = 3});
+        QCoreApplication::processEvents();
+        desk.click(at(500, 400));
+        desk.desktop.press(PointerButton::Primary, at(501, 400), modifier::shift);
+        QVERIFY(desk.picker->isPicking());
+        desk.desktop.press(PointerButton::Primary, at(502, 400), modifier::shift);
+        QVERIFY(desk.isReleased());
+        QCOMPARE(desk.picked.size(), 3);
+        QCOMPARE(desk.desktop.journal.count(u"start"_s), 1);
+    }
+
+    void thePillCountsTheTakenColors()
+    {
+        Desk desk;
+        desk.start();
+        QImage before = desk.desktop.frames.back().picture;
+        for (int count = 1; count <= 3; ++count) {
+            desk.desktop.press(PointerButton::Primary, at(500, 400), modifier::shift);
+            const QImage after = desk.desktop.frames.back().picture;
+            QVERIFY(after != before);
+            before = after;
+        }
+        desk.key(keycode::escape);
+        desk.start();
+        desk.desktop.press(PointerButton::Primary, at(500, 400), modifier::shift);
+        desk.desktop.press(PointerButton::Primary, at(500, 400), modifier::shift);
+        desk.desktop.press(PointerButton::Primary, at(500, 400), modifier::shift);
+        QCOMPARE(desk.desktop.frames.back().picture, before);
+    }
+
+    void aClipboardThatIsNotOursIsReported_data()
+    {
+        QTest::addColumn<bool>("accepts");
+        QTest::newRow("copied") << true;
+        QTest::newRow("not copied") << false;
+    }
+    void aClipboardThatIsNotOursIsReported()
+    {
+        QFETCH(const bool, accepts);
+        Desk desk;
+        desk.desktop.acceptsClipboard = accepts;
+        const QSignalSpy picked(desk.picker.get(), &Picker::picked);
+        desk.start();
+        desk.click(at(500, 400));
+        QCOMPARE(picked.size(), 1);
+        QCOMPARE(picked.at(0).at(1).toBool(), accepts);
+    }
+
+    void aPickCanStartFrozen()
+    {
+        Desk desk;
+        desk.picker->start({.startsFrozen = true});
+        QCOMPARE(desk.desktop.journal, (QStringList{u"freeze"_s}));
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.desktop.journal, (QStringList{u"freeze"_s, u"start"_s, u"grab"_s, u"show loupe"_s}));
     }
 
     void theFKeyFreezesAndThaws_data()
@@ -626,7 +750,7 @@ private Q_SLOTS:
     void aNewPickMayStartFromTheSignalOfTheLast()
     {
         Desk desk;
-        QObject::connect(desk.picker.get(), &Picker::picked, desk.picker.get(), [&] {
+        QObject::connect(desk.picker.get(), &Picker::ended, desk.picker.get(), [&] {
             if (desk.picked.size() == 1) {
                 desk.picker->start();
             }

@@ -18,7 +18,7 @@ public:
     {
         QFAIL("a session that never begins reports no pointer");
     }
-    void buttonPressed(PointerButton, const ScreenPosition&) override { QFAIL("no input"); }
+    void buttonPressed(PointerButton, const ScreenPosition&, int) override { QFAIL("no input"); }
     void scrolled(ScrollDelta) override { QFAIL("no input"); }
     void keyPressed(const KeyPress&) override { QFAIL("no input"); }
     void contentChanged() override { QFAIL("no screen"); }

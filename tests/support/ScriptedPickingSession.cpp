@@ -25,11 +25,11 @@ void ScriptedDesktop::move(const ScreenPosition& to)
     }
 }
 
-void ScriptedDesktop::press(PointerButton button, const ScreenPosition& at)
+void ScriptedDesktop::press(PointerButton button, const ScreenPosition& at, int modifiers)
 {
     pointer = at;
     if (listener) {
-        listener->buttonPressed(button, at);
+        listener->buttonPressed(button, at, modifiers);
     }
 }
 
@@ -140,9 +140,10 @@ bool ScriptedPickingSession::warpPointer(const ScreenPosition& position)
     return m_desktop.canWarp;
 }
 
-void ScriptedPickingSession::copyText(const QString& text)
+bool ScriptedPickingSession::copyText(const QString& text)
 {
     m_desktop.journal << QStringLiteral("copy ") + text;
+    return m_desktop.acceptsClipboard;
 }
 
 void ScriptedPickingSession::end()

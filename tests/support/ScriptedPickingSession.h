@@ -46,6 +46,7 @@ struct ScriptedDesktop
     std::optional<QString> refusal;
     bool canWarp = true;
     bool canThaw = true;
+    bool acceptsClipboard = true;
     /// Of the running session, and of the next one where the desktop cannot thaw.
     bool isFrozen = false;
     /// The pixels of a grab, which the world below gives by default; null for no picture.
@@ -60,7 +61,7 @@ struct ScriptedDesktop
     [[nodiscard]] bool isPicking() const { return listener != nullptr; }
     // Delivered to the running session at once; ignored when there is none.
     void move(const ScreenPosition& to);
-    void press(PointerButton button, const ScreenPosition& at);
+    void press(PointerButton button, const ScreenPosition& at, int modifiers = 0);
     void scroll(ScrollDelta delta) const;
     void key(const KeyPress& press) const;
     void reportChange() const;
@@ -83,7 +84,7 @@ public:
     void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
     bool warpPointer(const ScreenPosition& position) override;
-    void copyText(const QString& text) override;
+    [[nodiscard]] bool copyText(const QString& text) override;
     void end() override;
 
 private:

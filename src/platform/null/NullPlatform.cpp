@@ -36,7 +36,7 @@ public:
         return std::nullopt;
     }
     bool warpPointer(const ScreenPosition&) override { return false; }
-    void copyText(const QString&) override {}
+    [[nodiscard]] bool copyText(const QString&) override { return false; }
     void end() override { QCoreApplication::removePostedEvents(&m_context); }
 
 private:

@@ -137,10 +137,15 @@ KeyPress WaylandKeyboard::toKeyPress(std::uint32_t key, bool isRepeat) const
 {
     KeyPress press{.keyCode = keyCodeForEvdev(static_cast<int>(key)).value_or(-1), .isRepeat = isRepeat};
     if (m_state) {
-        press.modifiers = modifiersOf(*m_state);
+        press.modifiers = modifiers();
         press.character = xkb_keysym_to_utf32(xkb_state_key_get_one_sym(m_state.get(), key + offset));
     }
     return press;
+}
+
+int WaylandKeyboard::modifiers() const
+{
+    return m_state ? modifiersOf(*m_state) : 0;
 }
 
 void WaylandKeyboard::repeat()

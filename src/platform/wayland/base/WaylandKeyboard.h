@@ -30,6 +30,8 @@ public:
     [[nodiscard]] xkb_keymap* keymap() const { return m_keymap.get(); }
     /// The layout of the keymap that is in use.
     [[nodiscard]] std::uint32_t group() const { return m_group; }
+    /// The modifiers that are down, as in KeyPress.
+    [[nodiscard]] int modifiers() const;
     [[nodiscard]] bool isAnyKeyDown() const { return !m_keysDown.empty(); }
 
 Q_SIGNALS:

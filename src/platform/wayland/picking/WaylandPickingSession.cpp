@@ -248,9 +248,9 @@ bool WaylandPickingSession::warpPointer(const ScreenPosition& position)
     return false;
 }
 
-void WaylandPickingSession::copyText(const QString& text)
+bool WaylandPickingSession::copyText(const QString& text)
 {
-    m_parts.clipboard.copy(text, m_serial);
+    return m_parts.clipboard.copy(text, m_serial) && m_parts.clipboard.isOwner();
 }
 
 void WaylandPickingSession::end()
@@ -365,7 +365,8 @@ void WaylandPickingSession::buttonPressed(PointerButton button, std::uint32_t se
 {
     m_serial = serial;
     if (m_reported) {
-        m_listener->buttonPressed(button, *m_reported);
+        const WaylandKeyboard* keyboard = m_parts.seat.keyboard();
+        m_listener->buttonPressed(button, *m_reported, keyboard ? keyboard->modifiers() : 0);
     }
 }
 

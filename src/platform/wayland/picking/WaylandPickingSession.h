@@ -33,7 +33,7 @@ public:
     void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
     bool warpPointer(const ScreenPosition& position) override;
-    void copyText(const QString& text) override;
+    [[nodiscard]] bool copyText(const QString& text) override;
     void end() override;
 
 private:

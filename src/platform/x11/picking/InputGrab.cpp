@@ -209,7 +209,8 @@ void InputGrab::handleButton(const xcb_input_button_press_event_t& event, bool i
         m_buttonsDown.insert(event.detail);
     }
     if (m_listener) {
-        m_listener->buttonPressed(toButton(event.detail), {toDouble(event.root_x), toDouble(event.root_y)});
+        m_listener->buttonPressed(toButton(event.detail), {toDouble(event.root_x), toDouble(event.root_y)},
+                                  modifierMap().modifiers(event.mods.effective));
     }
 }
 
@@ -231,14 +232,19 @@ void InputGrab::handleKey(const xcb_input_key_press_event_t& event, bool isPress
     }
 }
 
-KeyPress InputGrab::toKeyPress(const xcb_input_key_press_event_t& event)
+const ModifierMap& InputGrab::modifierMap()
 {
     if (!m_modifiers) {
         m_modifiers = ModifierMap::read(m_connection).value_or(ModifierMap{});
     }
+    return *m_modifiers;
+}
+
+KeyPress InputGrab::toKeyPress(const xcb_input_key_press_event_t& event)
+{
     const auto position = keyCodeForEvdev(static_cast<int>(event.detail) - xKeycodeOffset);
     return {.keyCode = position.value_or(-1),
-            .modifiers = m_modifiers->modifiers(event.mods.effective),
+            .modifiers = modifierMap().modifiers(event.mods.effective),
             .isRepeat = (event.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0,
             .character = m_keymap.character(event.detail, event.mods.effective, event.group.effective)};
 }

@@ -29,7 +29,7 @@ public:
     {
     public:
         virtual void pointerMoved(QPointF position) = 0;
-        virtual void buttonPressed(PointerButton button, QPointF position) = 0;
+        virtual void buttonPressed(PointerButton button, QPointF position, int modifiers) = 0;
         virtual void scrolled(ScrollDelta delta) = 0;
         virtual void keyPressed(const KeyPress& press) = 0;
 
@@ -63,6 +63,7 @@ private:
     void handleMotion(const xcb_input_motion_event_t& event);
     void deliverPendingMove();
     [[nodiscard]] KeyPress toKeyPress(const xcb_input_key_press_event_t& event);
+    [[nodiscard]] const ModifierMap& modifierMap();
     [[nodiscard]] bool findDevices();
     void readScrollAxes(xcb_input_device_class_iterator_t classes);
     [[nodiscard]] bool scrollsInPoints(xcb_input_device_id_t device);
@@ -88,7 +89,7 @@ private:
     /// Moves that the server reports before this request are outdated.
     std::uint32_t m_lastWarp = 0;
     XkbKeymap& m_keymap;
-    /// Queried with the first key of a pick.
+    /// Queried with the first key or button of a pick.
     std::optional<ModifierMap> m_modifiers;
     ScrollValuators m_scrollAxes;
     std::map<xcb_input_device_id_t, bool> m_scrollsInPoints;

@@ -1,5 +1,7 @@
 #include "X11PickingSession.h"
 
+#include "ClientResources.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 
@@ -155,10 +157,12 @@ bool X11PickingSession::warpPointer(const ScreenPosition& position)
 
 // The server rejects a clipboard owner whose time is older than the current owner's. The toolkit has only the time of
 // the last event of its own windows.
-void X11PickingSession::copyText(const QString& text)
+bool X11PickingSession::copyText(const QString& text)
 {
     m_parts.toolkitClock.bringUpToDate();
     QGuiApplication::clipboard()->setText(text);
+    const xcb_window_t owner = m_parts.connection.selectionOwner(m_parts.connection.atom("CLIPBOARD"));
+    return isFromClient(owner, *xcb_get_setup(toolkit::connection()));
 }
 
 void X11PickingSession::end()
@@ -176,9 +180,9 @@ void X11PickingSession::pointerMoved(QPointF position)
     m_listener->pointerMoved(toScreen(position));
 }
 
-void X11PickingSession::buttonPressed(PointerButton button, QPointF position)
+void X11PickingSession::buttonPressed(PointerButton button, QPointF position, int modifiers)
 {
-    m_listener->buttonPressed(button, toScreen(position));
+    m_listener->buttonPressed(button, toScreen(position), modifiers);
 }
 
 void X11PickingSession::scrolled(ScrollDelta delta)

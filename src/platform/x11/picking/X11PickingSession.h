@@ -48,14 +48,14 @@ public:
     void showLoupe(const QImage& picture, int screen, QPoint topLeft) override;
     [[nodiscard]] std::optional<ScreenPosition> onScreen(const ScreenPosition& position) const override;
     bool warpPointer(const ScreenPosition& position) override;
-    void copyText(const QString& text) override;
+    [[nodiscard]] bool copyText(const QString& text) override;
     void end() override;
 
 private:
     void start();
     void refuse(InputGrab::Outcome outcome);
     void pointerMoved(QPointF position) override;
-    void buttonPressed(PointerButton button, QPointF position) override;
+    void buttonPressed(PointerButton button, QPointF position, int modifiers) override;
     void scrolled(ScrollDelta delta) override;
     void keyPressed(const KeyPress& press) override;
     void freezeOrThaw();
