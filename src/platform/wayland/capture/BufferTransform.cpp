@@ -15,19 +15,19 @@ QPoint bufferPixel(int transform, QSize upright, QPoint pixel)
     const int bottom = upright.height() - 1 - pixel.y();
     switch (transform) {
     case WL_OUTPUT_TRANSFORM_90:
-        return {bottom, pixel.x()};
+        return {pixel.y(), right};
     case WL_OUTPUT_TRANSFORM_180:
         return {right, bottom};
     case WL_OUTPUT_TRANSFORM_270:
-        return {pixel.y(), right};
+        return {bottom, pixel.x()};
     case WL_OUTPUT_TRANSFORM_FLIPPED:
         return {right, pixel.y()};
     case WL_OUTPUT_TRANSFORM_FLIPPED_90:
-        return {bottom, right};
+        return {pixel.y(), pixel.x()};
     case WL_OUTPUT_TRANSFORM_FLIPPED_180:
         return {pixel.x(), bottom};
     case WL_OUTPUT_TRANSFORM_FLIPPED_270:
-        return {pixel.y(), pixel.x()};
+        return {bottom, right};
     default:
         return pixel;
     }
