@@ -1,10 +1,13 @@
 #include "WaylandPlatform.h"
 
+#include "ClipboardProcess.h"
 #include "ScreencopyCapture.h"
+#include "WaylandClipboardService.h"
 #include "WaylandPickingSession.h"
 #include "WaylandToolkit.h"
 
-#include <QCoreApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 
 #include <utility>
 
@@ -66,6 +69,17 @@ std::unique_ptr<PickingSession> WaylandPlatform::startPick(PickingSession::Liste
     return std::make_unique<WaylandPickingSession>(*m_picking, listener);
 }
 
-void WaylandPlatform::keepClipboard() {}
+void WaylandPlatform::keepClipboard()
+{
+    if (!m_picking || !m_picking->clipboard.isAlwaysSettable() || !m_connection->deliverAll()) {
+        return;
+    }
+    const QClipboard& copiedByPanel = *QGuiApplication::clipboard();
+    if (m_picking->clipboard.isOwner()) {
+        startClipboardProcess({.text = m_picking->clipboard.text(), .owner = waylandClipboardOwner});
+    } else if (copiedByPanel.ownsClipboard()) {
+        startClipboardProcess({.text = copiedByPanel.text().toUtf8(), .owner = waylandClipboardOwner});
+    }
+}
 
 } // namespace tintwick

@@ -140,7 +140,8 @@ void X11Platform::keepClipboard()
     const xcb_window_t copied = owner("CLIPBOARD");
     xcb_connection_t* toolkit = toolkit::connection();
     if (toolkit && isFromClient(copied, *xcb_get_setup(toolkit)) && owner("CLIPBOARD_MANAGER") == XCB_NONE) {
-        startClipboardProcess(QGuiApplication::clipboard()->text().toUtf8(), copied);
+        startClipboardProcess(
+            {.text = QGuiApplication::clipboard()->text().toUtf8(), .owner = QByteArray::number(copied)});
     }
 }
 

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <utility>
 
+#include <poll.h>
+
 namespace tintwick {
 
 namespace {
@@ -27,7 +29,7 @@ std::unique_ptr<WaylandConnection> WaylandConnection::open()
     }
     std::unique_ptr<WaylandConnection> connection(new WaylandConnection(display));
     // The globals, then what the first objects report about themselves.
-    if (wl_display_roundtrip(display) < 0 || wl_display_roundtrip(display) < 0 || !connection->m_compositor ||
+    if (!connection->deliverAll() || !connection->deliverAll() || !connection->m_compositor ||
         !connection->m_subcompositor || !connection->m_shm) {
         return nullptr;
     }
@@ -182,16 +184,25 @@ bool WaylandConnection::waitUntilHandled()
     return isHandled;
 }
 
-WlCallback WaylandConnection::whenHandled(std::function<void()>& callback) const
+bool WaylandConnection::deliverAll()
 {
-    static constexpr wl_callback_listener listener{[](void* function, wl_callback*, std::uint32_t) {
-        // The callback may destroy the function.
-        const auto call = *static_cast<std::function<void()>*>(function);
-        call();
-    }};
-    WlCallback handle(wl_display_sync(m_display));
-    wl_callback_add_listener(handle.get(), &listener, &callback);
-    return handle;
+    return wl_display_roundtrip(m_display) >= 0;
+}
+
+bool WaylandConnection::waitForEvents(std::chrono::milliseconds patience)
+{
+    if (wl_display_prepare_read(m_display) == 0) {
+        wl_display_flush(m_display);
+        pollfd socket{.fd = wl_display_get_fd(m_display), .events = POLLIN, .revents = 0};
+        if (::poll(&socket, 1, static_cast<int>(patience.count())) <= 0) {
+            wl_display_cancel_read(m_display);
+            return false;
+        }
+        if (wl_display_read_events(m_display) < 0) {
+            return false;
+        }
+    }
+    return wl_display_dispatch_pending(m_display) >= 0;
 }
 
 void WaylandConnection::reportLoss()

@@ -5,8 +5,8 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -35,8 +35,10 @@ public:
     /// Waits until the compositor has handled all requests so far. Delivers no event. False when the connection is
     /// lost.
     bool waitUntilHandled();
-    /// Calls back when the compositor has handled all requests so far; not when the returned handle is destroyed first.
-    [[nodiscard]] WlCallback whenHandled(std::function<void()>& callback) const;
+    /// Waits for events and delivers them, without an event loop. False when none came in time or the connection is lost.
+    bool waitForEvents(std::chrono::milliseconds patience = std::chrono::milliseconds(-1));
+    /// Delivers all events that the compositor has sent so far. False when the connection is lost.
+    bool deliverAll();
 
     [[nodiscard]] wl_display* get() const { return m_display; }
     /// Never null.

@@ -1,9 +1,8 @@
 #include "OfferedText.h"
 
-#include <QSocketNotifier>
-
+#include <algorithm>
 #include <cerrno>
-#include <memory>
+#include <thread>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -12,45 +11,33 @@ namespace tintwick {
 
 namespace {
 
-/// Writes one text to one pipe, then deletes itself.
-class TextWriter final : public QSocketNotifier
+/// Every pipe has this room (PIPE_BUF).
+constexpr qsizetype pipeRoom = 4096;
+
+void writeAll(const QByteArray& text, int pipe)
 {
-public:
-    TextWriter(const QByteArray& text, int pipe)
-        : QSocketNotifier(pipe, QSocketNotifier::Write)
-        , m_pipe(pipe)
-        , m_rest(text)
-    {
-        connect(this, &QSocketNotifier::activated, this, &TextWriter::write);
-    }
-    ~TextWriter() override { ::close(m_pipe); }
-    TextWriter(const TextWriter&) = delete;
-    TextWriter& operator=(const TextWriter&) = delete;
-
-    void write()
-    {
-        const ssize_t count = ::write(m_pipe, m_rest.constData(), static_cast<std::size_t>(m_rest.size()));
-        if (count > 0) {
-            m_rest.remove(0, count);
+    ::fcntl(pipe, F_SETFL, ::fcntl(pipe, F_GETFL) & ~O_NONBLOCK);
+    qsizetype done = 0;
+    while (done < text.size()) {
+        const ssize_t count =
+            ::write(pipe, text.constData() + done, static_cast<std::size_t>(text.size() - done));
+        if (count < 0 && errno != EINTR) {
+            break;
         }
-        if (m_rest.isEmpty() || (count < 0 && errno != EAGAIN && errno != EINTR)) {
-            setEnabled(false);
-            deleteLater();
-        }
+        done += std::max<ssize_t>(count, 0);
     }
-
-private:
-    int m_pipe;
-    QByteArray m_rest;
-};
+    ::close(pipe);
+}
 
 } // namespace
 
 void sendText(const QByteArray& text, int pipe)
 {
-    ::fcntl(pipe, F_SETFL, ::fcntl(pipe, F_GETFL) | O_NONBLOCK);
-    auto* const writer = new TextWriter(text, pipe);
-    writer->write();
+    if (text.size() <= pipeRoom) {
+        writeAll(text, pipe);
+    } else {
+        std::thread(writeAll, text, pipe).detach();
+    }
 }
 
 } // namespace tintwick

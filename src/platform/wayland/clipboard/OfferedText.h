@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 #include <array>
 
@@ -11,8 +10,8 @@ namespace tintwick {
 inline constexpr std::array textTypes{"text/plain;charset=utf-8", "text/plain", "UTF8_STRING", "TEXT",
                                       "STRING"};
 
-/// Writes the text to a pipe that another client reads, and closes the pipe. Returns at once; what the pipe has no room
-/// for is written from the event loop.
+/// Writes the text to a pipe that another client reads, and closes the pipe. Returns at once: a
+/// text that the pipe has no room for is written by a thread.
 void sendText(const QByteArray& text, int pipe);
 
 } // namespace tintwick

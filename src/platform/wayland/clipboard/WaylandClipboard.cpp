@@ -67,9 +67,9 @@ WaylandClipboard::WaylandClipboard(WaylandConnection& connection, wl_seat* seat)
 
 WaylandClipboard::~WaylandClipboard() = default;
 
-bool WaylandClipboard::copy(const QString& text, std::uint32_t serial)
+bool WaylandClipboard::copy(const QByteArray& text, std::uint32_t serial)
 {
-    m_text = text.toUtf8();
+    m_text = text;
     if (m_controlDevice) {
         offerByControl();
     } else if (m_device) {

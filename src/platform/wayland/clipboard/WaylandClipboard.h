@@ -3,7 +3,6 @@
 #include "WaylandConnection.h"
 
 #include <QByteArray>
-#include <QString>
 
 #include <cstdint>
 
@@ -44,9 +43,9 @@ public:
     /// Whether the clipboard can be set at any time, without an action of the user.
     [[nodiscard]] bool isAlwaysSettable() const { return m_controlDevice != nullptr; }
 
-    /// Copies the text. The serial is that of the user's newest action on a surface of the connection, which must still
+    /// Copies the text (UTF-8). The serial is that of the user's newest action on a surface of the connection, which must still
     /// stand. Returns once the compositor has handled it; false when it cannot.
-    bool copy(const QString& text, std::uint32_t serial);
+    bool copy(const QByteArray& text, std::uint32_t serial);
 
     /// Whether other clients get the text of the last copy().
     [[nodiscard]] bool isOwner() const { return m_controlSource || m_source; }

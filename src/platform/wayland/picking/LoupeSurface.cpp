@@ -34,12 +34,12 @@ void paint(ShmBuffer& buffer, QSize area, const QImage& picture, QPoint place)
 
 } // namespace
 
-LoupeSurface::LoupeSurface(OverlayShell& shell, wl_surface& overlay, const LogicalGrid& grid)
+LoupeSurface::LoupeSurface(CoverShell& shell, wl_surface& cover, const LogicalGrid& grid)
     : m_shell(shell)
     , m_grid(grid)
     , m_surface(wl_compositor_create_surface(shell.connection().compositor()))
     , m_subsurface(
-          wl_subcompositor_get_subsurface(shell.connection().subcompositor(), m_surface.get(), &overlay))
+          wl_subcompositor_get_subsurface(shell.connection().subcompositor(), m_surface.get(), &cover))
     , m_viewport(wp_viewporter_get_viewport(shell.viewporter(), m_surface.get()))
 {
     const WlRegion none(wl_compositor_create_region(shell.connection().compositor()));

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "CoverShell.h"
 #include "LogicalGrid.h"
-#include "OverlayShell.h"
 #include "ShmBuffer.h"
 
 #include <QImage>
@@ -12,26 +12,26 @@
 
 namespace tintwick {
 
-/// The loupe above an overlay. It takes no input.
+/// The loupe above a cover. It takes no input.
 class LoupeSurface final
 {
 public:
     /// Everything given must outlive this object.
-    LoupeSurface(OverlayShell& shell, wl_surface& overlay, const LogicalGrid& grid);
+    LoupeSurface(CoverShell& shell, wl_surface& cover, const LogicalGrid& grid);
     LoupeSurface(const LoupeSurface&) = delete;
     LoupeSurface& operator=(const LoupeSurface&) = delete;
     ~LoupeSurface();
 
-    /// Prepares picture and place, in pixels of the output; the next commit of the overlay shows both. The picture is
+    /// Prepares picture and place, in pixels of the output; the next commit of the cover shows both. The picture is
     /// premultiplied ARGB32. False when the compositor still reads all buffers: try again when it has released one.
     [[nodiscard]] bool show(const QImage& picture, QPoint topLeft);
-    /// The next commit of the overlay removes the loupe.
+    /// The next commit of the cover removes the loupe.
     void hide();
 
 private:
     [[nodiscard]] ShmBuffer* freeBuffer(QSize size);
 
-    OverlayShell& m_shell;
+    CoverShell& m_shell;
     const LogicalGrid& m_grid;
     WlSurface m_surface;
     WlSubsurface m_subsurface;

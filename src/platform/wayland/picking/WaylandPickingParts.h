@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OverlayShell.h"
+#include "CoverShell.h"
 #include "ScreenCapture.h"
 #include "WaylandClipboard.h"
 #include "WaylandConnection.h"
@@ -13,7 +13,7 @@
 
 namespace tintwick {
 
-class Overlay;
+class OutputCover;
 
 /// What all picks use of the compositor, made once.
 class WaylandPickingParts final : public QObject
@@ -28,19 +28,19 @@ public:
 
     /// Keeps the surfaces of a pick that has ended, without a loupe, until no button and no key is down: otherwise
     /// another client would get the release of a press that it has not seen.
-    void keepUntilReleased(std::vector<std::unique_ptr<Overlay>> overlays);
+    void keepUntilReleased(std::vector<std::unique_ptr<OutputCover>> covers);
     /// Destroys those that are kept.
     void dropKept();
     [[nodiscard]] bool keepsAny() const { return !m_kept.empty(); }
 
     WaylandConnection& connection;
     WaylandSeat& seat;
-    OverlayShell shell;
+    CoverShell shell;
     WaylandClipboard clipboard;
     std::vector<std::unique_ptr<ScreenCapture>> captures;
 
 private:
-    std::vector<std::unique_ptr<Overlay>> m_kept;
+    std::vector<std::unique_ptr<OutputCover>> m_kept;
 };
 
 } // namespace tintwick

@@ -63,7 +63,7 @@ void WaylandPickingSession::start()
     for (const auto& output : connection.outputs()) {
         m_outputs.push_back(output.get());
     }
-    m_overlays.resize(m_outputs.size());
+    m_covers.resize(m_outputs.size());
     m_screens.resize(m_outputs.size());
     connect(&connection, &WaylandConnection::drained, this, &WaylandPickingSession::showPendingLoupe);
     connect(&connection, &WaylandConnection::outputRemoved, this, [this](WaylandOutput* output) {
@@ -80,15 +80,15 @@ void WaylandPickingSession::coverOutputs()
 {
     for (std::size_t screen = 0; screen < m_outputs.size(); ++screen) {
         if (m_outputs[screen]) {
-            m_overlays[screen] = std::make_unique<Overlay>(
+            m_covers[screen] = std::make_unique<OutputCover>(
                 m_parts.shell, *m_outputs[screen],
-                Overlay::Reports{[this, screen] { handleShown(screen); },
-                                 [this, screen] {
-                                     // Not from within the surface's own event.
-                                     QMetaObject::invokeMethod(
-                                         this, [this, screen] { removeScreen(screen); },
-                                         Qt::QueuedConnection);
-                                 }});
+                OutputCover::Reports{[this, screen] { handleShown(screen); },
+                                     [this, screen] {
+                                         // Not from within the surface's own event.
+                                         QMetaObject::invokeMethod(
+                                             this, [this, screen] { removeScreen(screen); },
+                                             Qt::QueuedConnection);
+                                     }});
         }
     }
     capture(0);
@@ -132,10 +132,10 @@ void WaylandPickingSession::handleCapture(std::size_t way, CaptureOutcome outcom
         if (!m_outputs[screen] || picture == pictures.end()) {
             continue;
         }
-        if (*picture && m_overlays[screen]) {
-            m_overlays[screen]->show(std::move(*picture));
+        if (*picture && m_covers[screen]) {
+            m_covers[screen]->show(std::move(*picture));
         } else {
-            m_overlays[screen].reset();
+            m_covers[screen].reset();
         }
         ++picture;
     }
@@ -153,7 +153,7 @@ void WaylandPickingSession::refuse(const QString& reason)
 
 void WaylandPickingSession::handleShown(std::size_t screen)
 {
-    m_screens[screen] = m_overlays[screen]->screen();
+    m_screens[screen] = m_covers[screen]->screen();
     if (m_reported) {
         m_listener->contentChanged();
     }
@@ -165,7 +165,7 @@ void WaylandPickingSession::removeScreen(std::size_t screen)
         return;
     }
     m_outputs[screen] = nullptr;
-    m_overlays[screen].reset();
+    m_covers[screen].reset();
     m_screens[screen] = {};
     const auto isGone = [](const WaylandOutput* output) { return output == nullptr; };
     if (std::ranges::all_of(m_outputs, isGone)) {
@@ -178,20 +178,20 @@ void WaylandPickingSession::removeScreen(std::size_t screen)
 
 QImage WaylandPickingSession::grab(int screen, const QRect& pixels)
 {
-    const Overlay* overlay = overlayAt(screen);
-    return overlay && overlay->picture() ? overlay->picture()->read(pixels) : QImage();
+    const OutputCover* cover = coverAt(screen);
+    return cover && cover->picture() ? cover->picture()->read(pixels) : QImage();
 }
 
 void WaylandPickingSession::retake()
 {
-    const auto isShown = [](const auto& overlay) { return overlay && overlay->picture(); };
-    if (!m_listener || m_retakeDelay.isActive() || !std::ranges::any_of(m_overlays, isShown)) {
+    const auto isShown = [](const auto& cover) { return cover && cover->picture(); };
+    if (!m_listener || m_retakeDelay.isActive() || !std::ranges::any_of(m_covers, isShown)) {
         return;
     }
     m_keepsReported = m_reported && m_pointer && *m_reported != *m_pointer;
     m_pendingLoupe.reset();
-    for (auto& overlay : m_overlays) {
-        overlay.reset();
+    for (auto& cover : m_covers) {
+        cover.reset();
     }
     m_parts.connection.flush();
     m_retakeDelay.start(timeToDraw);
@@ -200,9 +200,9 @@ void WaylandPickingSession::retake()
 void WaylandPickingSession::showLoupe(const QImage& picture, int screen, QPoint topLeft)
 {
     if (std::exchange(m_loupeScreen, screen) != screen) {
-        for (const auto& overlay : m_overlays) {
-            if (overlay && overlay.get() != overlayAt(screen)) {
-                overlay->hideLoupe();
+        for (const auto& cover : m_covers) {
+            if (cover && cover.get() != coverAt(screen)) {
+                cover->hideLoupe();
             }
         }
     }
@@ -215,8 +215,8 @@ void WaylandPickingSession::showPendingLoupe()
     if (!m_pendingLoupe) {
         return;
     }
-    Overlay* overlay = overlayAt(m_pendingLoupe->screen);
-    if (!overlay || overlay->showLoupe(m_pendingLoupe->picture, m_pendingLoupe->topLeft)) {
+    OutputCover* cover = coverAt(m_pendingLoupe->screen);
+    if (!cover || cover->showLoupe(m_pendingLoupe->picture, m_pendingLoupe->topLeft)) {
         m_pendingLoupe.reset();
         m_parts.connection.flush();
     }
@@ -224,17 +224,17 @@ void WaylandPickingSession::showPendingLoupe()
 
 std::optional<ScreenPosition> WaylandPickingSession::onScreen(const ScreenPosition& position) const
 {
-    const Overlay* from = overlayAt(position.screen);
+    const OutputCover* from = coverAt(position.screen);
     if (!from) {
         return std::nullopt;
     }
     const QPointF desktop = from->output().logical().topLeft() + from->toLogical(position.point);
-    for (std::size_t screen = 0; screen < m_overlays.size(); ++screen) {
-        if (!m_overlays[screen] || !m_overlays[screen]->picture()) {
+    for (std::size_t screen = 0; screen < m_covers.size(); ++screen) {
+        if (!m_covers[screen] || !m_covers[screen]->picture()) {
             continue;
         }
         const QPointF point =
-            m_overlays[screen]->toPixels(desktop - m_overlays[screen]->output().logical().topLeft());
+            m_covers[screen]->toPixels(desktop - m_covers[screen]->output().logical().topLeft());
         if (contains(m_screens[screen].size, point)) {
             return ScreenPosition{static_cast<int>(screen), point};
         }
@@ -250,7 +250,7 @@ bool WaylandPickingSession::warpPointer(const ScreenPosition& position)
 
 bool WaylandPickingSession::copyText(const QString& text)
 {
-    return m_parts.clipboard.copy(text, m_serial) && m_parts.clipboard.isOwner();
+    return m_parts.clipboard.copy(text.toUtf8(), m_serial) && m_parts.clipboard.isOwner();
 }
 
 void WaylandPickingSession::end()
@@ -266,25 +266,24 @@ void WaylandPickingSession::end()
     }
     m_parts.seat.setListener(nullptr);
     m_parts.connection.disconnect(this);
-    m_parts.keepUntilReleased(std::exchange(m_overlays, {}));
+    m_parts.keepUntilReleased(std::exchange(m_covers, {}));
     m_parts.connection.flush();
 }
 
-Overlay* WaylandPickingSession::overlayAt(int screen) const
+OutputCover* WaylandPickingSession::coverAt(int screen) const
 {
     const auto index = static_cast<std::size_t>(screen);
-    return index < m_overlays.size() && m_overlays[index] && m_overlays[index]->picture()
-               ? m_overlays[index].get()
-               : nullptr;
+    return index < m_covers.size() && m_covers[index] && m_covers[index]->picture() ? m_covers[index].get()
+                                                                                    : nullptr;
 }
 
 std::optional<ScreenPosition> WaylandPickingSession::positionOn(const wl_surface& surface,
                                                                 QPointF logical) const
 {
-    for (std::size_t screen = 0; screen < m_overlays.size(); ++screen) {
-        const auto& overlay = m_overlays[screen];
-        if (overlay && overlay->surface() == &surface && overlay->picture()) {
-            return ScreenPosition{static_cast<int>(screen), overlay->toPixels(logical)};
+    for (std::size_t screen = 0; screen < m_covers.size(); ++screen) {
+        const auto& cover = m_covers[screen];
+        if (cover && cover->surface() == &surface && cover->picture()) {
+            return ScreenPosition{static_cast<int>(screen), cover->toPixels(logical)};
         }
     }
     return std::nullopt;
@@ -323,14 +322,14 @@ void WaylandPickingSession::report(const ScreenPosition& position)
 void WaylandPickingSession::reportMiddle()
 {
     const auto index = [this] {
-        if (overlayAt(m_keyboardScreen)) {
+        if (coverAt(m_keyboardScreen)) {
             return m_keyboardScreen;
         }
-        const auto shown = std::ranges::find_if(
-            m_overlays, [](const auto& overlay) { return overlay && overlay->picture(); });
-        return static_cast<int>(shown - m_overlays.begin());
+        const auto shown =
+            std::ranges::find_if(m_covers, [](const auto& cover) { return cover && cover->picture(); });
+        return static_cast<int>(shown - m_covers.begin());
     }();
-    if (overlayAt(index)) {
+    if (coverAt(index)) {
         const QSize size = m_screens[static_cast<std::size_t>(index)].size;
         report({index, QPointF(size.width() / 2, size.height() / 2)});
     }

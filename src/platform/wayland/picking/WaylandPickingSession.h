@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Overlay.h"
+#include "OutputCover.h"
 #include "PickingSession.h"
 #include "WaylandPickingParts.h"
 
@@ -55,7 +55,7 @@ private:
     void removeScreen(std::size_t screen);
 
     /// Null when the screen is not covered.
-    [[nodiscard]] Overlay* overlayAt(int screen) const;
+    [[nodiscard]] OutputCover* coverAt(int screen) const;
     /// The position of a point on one of our surfaces; none when the surface is not shown.
     [[nodiscard]] std::optional<ScreenPosition> positionOn(const wl_surface& surface, QPointF logical) const;
     /// The nearest position on a screen.
@@ -83,7 +83,7 @@ private:
     /// One for each screen, null when the output is gone.
     std::vector<WaylandOutput*> m_outputs;
     /// One for each screen; null where there is no output, or no picture of it yet.
-    std::vector<std::unique_ptr<Overlay>> m_overlays;
+    std::vector<std::unique_ptr<OutputCover>> m_covers;
     std::vector<Screen> m_screens;
     /// The position that the listener knows; none before the first report.
     std::optional<ScreenPosition> m_reported;

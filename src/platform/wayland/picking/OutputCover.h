@@ -1,9 +1,9 @@
 #pragma once
 
+#include "CoverShell.h"
 #include "LogicalGrid.h"
 #include "LoupeSurface.h"
 #include "OutputPicture.h"
-#include "OverlayShell.h"
 #include "Screen.h"
 
 #include <QImage>
@@ -18,7 +18,7 @@
 namespace tintwick {
 
 /// A surface that covers one output with a picture of it, and the loupe above.
-class Overlay final
+class OutputCover final
 {
 public:
     struct Reports
@@ -30,10 +30,10 @@ public:
     };
 
     /// Asks for the surface. Shell and output must outlive this object.
-    Overlay(OverlayShell& shell, WaylandOutput& output, Reports reports);
-    Overlay(const Overlay&) = delete;
-    Overlay& operator=(const Overlay&) = delete;
-    ~Overlay();
+    OutputCover(CoverShell& shell, WaylandOutput& output, Reports reports);
+    OutputCover(const OutputCover&) = delete;
+    OutputCover& operator=(const OutputCover&) = delete;
+    ~OutputCover();
 
     /// Shows the picture as soon as the compositor has given the surface its size.
     void show(std::unique_ptr<OutputPicture> picture);
@@ -43,7 +43,7 @@ public:
 
     [[nodiscard]] const WaylandOutput& output() const { return m_output; }
     [[nodiscard]] wl_surface* surface() const { return m_surface.get(); }
-    /// Null until the overlay is shown.
+    /// Null until the cover is shown.
     [[nodiscard]] const OutputPicture* picture() const { return m_isShown ? m_picture.get() : nullptr; }
     /// Only when shown.
     [[nodiscard]] Screen screen() const;
@@ -62,7 +62,7 @@ private:
     void configure(QSize logical);
     void showWhenReady();
 
-    OverlayShell& m_shell;
+    CoverShell& m_shell;
     WaylandOutput& m_output;
     Reports m_reports;
     WlSurface m_surface;

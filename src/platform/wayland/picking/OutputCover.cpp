@@ -1,4 +1,4 @@
-#include "Overlay.h"
+#include "OutputCover.h"
 
 #include <viewporter-client-protocol.h>
 #include <wlr-layer-shell-unstable-v1-client-protocol.h>
@@ -32,7 +32,7 @@ std::unique_ptr<ShmBuffer> convert(const OutputPicture& picture, wl_shm& shm)
 
 } // namespace
 
-Overlay::Overlay(OverlayShell& shell, WaylandOutput& output, Reports reports)
+OutputCover::OutputCover(CoverShell& shell, WaylandOutput& output, Reports reports)
     : m_shell(shell)
     , m_output(output)
     , m_reports(std::move(reports))
@@ -47,19 +47,20 @@ Overlay::Overlay(OverlayShell& shell, WaylandOutput& output, Reports reports)
     wl_surface_commit(m_surface.get());
 }
 
-Overlay::~Overlay() = default;
+OutputCover::~OutputCover() = default;
 
-void Overlay::createLayer()
+void OutputCover::createLayer()
 {
     static constexpr zwlr_layer_surface_v1_listener handlers{
         .configure =
             [](void* self, zwlr_layer_surface_v1* layer, std::uint32_t serial, std::uint32_t width,
                std::uint32_t height) {
                 zwlr_layer_surface_v1_ack_configure(layer, serial);
-                static_cast<Overlay*>(self)->configure({static_cast<int>(width), static_cast<int>(height)});
+                static_cast<OutputCover*>(self)->configure(
+                    {static_cast<int>(width), static_cast<int>(height)});
             },
         .closed = [](void* self,
-                     zwlr_layer_surface_v1*) { static_cast<Overlay*>(self)->m_reports.closed(); }};
+                     zwlr_layer_surface_v1*) { static_cast<OutputCover*>(self)->m_reports.closed(); }};
     m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(m_shell.layerShell(), m_surface.get(), m_output.get(),
                                                         ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, "tintwick-loupe"));
     zwlr_layer_surface_v1_add_listener(m_layer.get(), &handlers, this);
@@ -69,20 +70,20 @@ void Overlay::createLayer()
                                                      ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
 }
 
-void Overlay::createWindow()
+void OutputCover::createWindow()
 {
     static constexpr xdg_surface_listener surfaceHandlers{
         .configure = [](void* self, xdg_surface* surface, std::uint32_t serial) {
             xdg_surface_ack_configure(surface, serial);
-            auto& me = *static_cast<Overlay*>(self);
+            auto& me = *static_cast<OutputCover*>(self);
             me.configure(me.m_logical);
         }};
     static constexpr xdg_toplevel_listener windowHandlers{
         .configure =
             [](void* self, xdg_toplevel*, std::int32_t width, std::int32_t height, wl_array*) {
-                static_cast<Overlay*>(self)->m_logical = {width, height};
+                static_cast<OutputCover*>(self)->m_logical = {width, height};
             },
-        .close = [](void* self, xdg_toplevel*) { static_cast<Overlay*>(self)->m_reports.closed(); },
+        .close = [](void* self, xdg_toplevel*) { static_cast<OutputCover*>(self)->m_reports.closed(); },
         .configure_bounds = [](void*, xdg_toplevel*, std::int32_t, std::int32_t) {},
         .wm_capabilities = [](void*, xdg_toplevel*, wl_array*) {}};
     m_windowSurface.reset(xdg_wm_base_get_xdg_surface(m_shell.windowShell(), m_surface.get()));
@@ -94,19 +95,19 @@ void Overlay::createWindow()
     xdg_toplevel_set_fullscreen(m_window.get(), m_output.get());
 }
 
-void Overlay::show(std::unique_ptr<OutputPicture> picture)
+void OutputCover::show(std::unique_ptr<OutputPicture> picture)
 {
     m_picture = std::move(picture);
     showWhenReady();
 }
 
-void Overlay::configure(QSize logical)
+void OutputCover::configure(QSize logical)
 {
     m_logical = logical.isEmpty() ? m_output.logical().size() : logical;
     showWhenReady();
 }
 
-void Overlay::showWhenReady()
+void OutputCover::showWhenReady()
 {
     if (!m_picture || m_logical.isEmpty() || m_isCleared) {
         return;
@@ -133,7 +134,7 @@ void Overlay::showWhenReady()
     m_reports.shown();
 }
 
-void Overlay::clear()
+void OutputCover::clear()
 {
     m_isCleared = true;
     m_reports = {[] {}, [] {}};
@@ -159,26 +160,26 @@ void Overlay::clear()
     wl_surface_commit(m_surface.get());
 }
 
-Screen Overlay::screen() const
+Screen OutputCover::screen() const
 {
     return {.size = m_picture->size(),
             .scale = m_grid->scale().width(),
             .bitsPerChannel = std::clamp(m_picture->bitsPerChannel(), 8, 10)};
 }
 
-QPointF Overlay::toPixels(QPointF logical) const
+QPointF OutputCover::toPixels(QPointF logical) const
 {
     const QSizeF scale = m_grid->scale();
     return {logical.x() * scale.width(), logical.y() * scale.height()};
 }
 
-QPointF Overlay::toLogical(QPointF pixels) const
+QPointF OutputCover::toLogical(QPointF pixels) const
 {
     const QSizeF scale = m_grid->scale();
     return {pixels.x() / scale.width(), pixels.y() / scale.height()};
 }
 
-bool Overlay::showLoupe(const QImage& picture, QPoint topLeft)
+bool OutputCover::showLoupe(const QImage& picture, QPoint topLeft)
 {
     if (!m_isShown) {
         return true;
@@ -191,7 +192,7 @@ bool Overlay::showLoupe(const QImage& picture, QPoint topLeft)
     return isDone;
 }
 
-void Overlay::hideLoupe()
+void OutputCover::hideLoupe()
 {
     if (m_loupe) {
         m_loupe->hide();

@@ -55,14 +55,14 @@ struct WaylandDelete<zwlr_layer_surface_v1>
 };
 
 /// What the compositor offers to cover an output with a surface.
-class OverlayShell final
+class CoverShell final
 {
 public:
     /// The connection must outlive this object.
-    explicit OverlayShell(WaylandConnection& connection);
-    OverlayShell(const OverlayShell&) = delete;
-    OverlayShell& operator=(const OverlayShell&) = delete;
-    ~OverlayShell();
+    explicit CoverShell(WaylandConnection& connection);
+    CoverShell(const CoverShell&) = delete;
+    CoverShell& operator=(const CoverShell&) = delete;
+    ~CoverShell();
 
     /// Whether an output can be covered. When false, nothing else may be used.
     [[nodiscard]] bool isUsable() const;

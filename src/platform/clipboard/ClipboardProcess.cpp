@@ -1,12 +1,8 @@
 #include "ClipboardProcess.h"
 
-#include "ClipboardOwner.h"
-#include "XcbConnection.h"
-
 #include <QFile>
 
 #include <array>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -40,7 +36,7 @@ void openWithContent(QFile& file, const QByteArray& content)
 }
 
 /// Starts this program in a session of its own and in the root folder, without any of our open files.
-bool spawnDetached(xcb_window_t owner, int input, int output)
+bool spawnDetached(const QByteArray& owner, int input, int output)
 {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
@@ -55,7 +51,7 @@ bool spawnDetached(xcb_window_t owner, int input, int output)
 
     std::string name = "tintwick";
     std::string first(option);
-    std::string second = std::to_string(owner);
+    std::string second = owner.toStdString();
     std::array<char*, 4> arguments{name.data(), first.data(), second.data(), nullptr};
     pid_t process = 0;
     // The link leads to the file of this process, also when a package update has replaced it.
@@ -73,28 +69,17 @@ void waitForReport(int descriptor)
     static_cast<void>(::poll(&end, 1, longestWait));
 }
 
-/// Reports that the clipboard is taken, and closes the files of the process that waits for it.
-void reportAndDetach()
-{
-    constexpr char report = '\n';
-    static_cast<void>(::write(STDOUT_FILENO, &report, 1));
-    const int null = ::open(nothing, O_RDWR | O_CLOEXEC);
-    ::dup2(null, STDIN_FILENO);
-    ::dup2(null, STDOUT_FILENO);
-    ::close(null);
-}
-
 } // namespace
 
-void startClipboardProcess(const QByteArray& text, xcb_window_t owner)
+void startClipboardProcess(const ClipboardTask& task)
 {
     QFile input;
-    openWithContent(input, text);
+    openWithContent(input, task.text);
     std::array<int, 2> report{};
     if (!input.isOpen() || ::pipe2(report.data(), O_CLOEXEC) != 0) {
         return;
     }
-    const bool isStarted = spawnDetached(owner, input.handle(), report[1]);
+    const bool isStarted = spawnDetached(task.owner, input.handle(), report[1]);
     ::close(report[1]);
     if (isStarted) {
         waitForReport(report[0]);
@@ -102,7 +87,7 @@ void startClipboardProcess(const QByteArray& text, xcb_window_t owner)
     ::close(report[0]);
 }
 
-std::optional<int> runClipboardProcess(int argc, char** argv)
+std::optional<ClipboardTask> readClipboardTask(int argc, char** argv)
 {
     constexpr int argumentCount = 3;
     if (argc != argumentCount || argv[1] != option) {
@@ -111,17 +96,19 @@ std::optional<int> runClipboardProcess(int argc, char** argv)
     // The name of a process is that of the link by which it was started.
     ::prctl(PR_SET_NAME, "tintwick");
     QFile input;
-    const auto connection = XcbConnection::open();
-    if (!connection || !input.open(STDIN_FILENO, QIODevice::ReadOnly)) {
-        return EXIT_FAILURE;
-    }
-    ClipboardOwner clipboard(*connection, input.readAll());
-    if (!clipboard.takeFrom(QByteArray(argv[2]).toUInt())) {
-        return EXIT_FAILURE;
-    }
-    reportAndDetach();
-    clipboard.serve();
-    return EXIT_SUCCESS;
+    static_cast<void>(input.open(STDIN_FILENO, QIODevice::ReadOnly));
+    return ClipboardTask{.text = input.readAll(), .owner = argv[2]};
+}
+
+void reportClipboardTaken()
+{
+    constexpr char report = '\n';
+    static_cast<void>(::write(STDOUT_FILENO, &report, 1));
+    // Both files belong to the program that waits.
+    const int null = ::open(nothing, O_RDWR | O_CLOEXEC);
+    ::dup2(null, STDIN_FILENO);
+    ::dup2(null, STDOUT_FILENO);
+    ::close(null);
 }
 
 } // namespace tintwick

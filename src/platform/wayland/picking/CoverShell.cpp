@@ -1,4 +1,4 @@
-#include "OverlayShell.h"
+#include "CoverShell.h"
 
 #include <viewporter-client-protocol.h>
 #include <wlr-layer-shell-unstable-v1-client-protocol.h>
@@ -51,7 +51,7 @@ void WaylandDelete<zwlr_layer_surface_v1>::operator()(zwlr_layer_surface_v1* pro
     zwlr_layer_surface_v1_destroy(proxy);
 }
 
-OverlayShell::OverlayShell(WaylandConnection& connection)
+CoverShell::CoverShell(WaylandConnection& connection)
     : m_connection(connection)
     , m_viewporter(connection.bind<wp_viewporter>(wp_viewporter_interface, 1))
     , m_layerShell(connection.bind<zwlr_layer_shell_v1>(zwlr_layer_shell_v1_interface, layerShellVersion))
@@ -64,9 +64,9 @@ OverlayShell::OverlayShell(WaylandConnection& connection)
     }
 }
 
-OverlayShell::~OverlayShell() = default;
+CoverShell::~CoverShell() = default;
 
-bool OverlayShell::isUsable() const
+bool CoverShell::isUsable() const
 {
     return m_viewporter && (m_layerShell || m_windowShell);
 }
