@@ -71,6 +71,11 @@ QIcon trayIcon(const QColor& color)
     return QIcon::hasThemeIcon(name) ? QIcon(new NamedIcon(icon, name)) : icon;
 }
 
+bool isWayland()
+{
+    return QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
 } // namespace
 
 TrayIcon::TrayIcon(QObject* parent)
@@ -98,17 +103,26 @@ TrayIcon::TrayIcon(QObject* parent)
     m_item.setIcon(trayIcon(tint));
     connect(&m_item, &StatusNotifierItem::hostChanged, this, &TrayIcon::changeTray);
     connect(&m_item, &StatusNotifierItem::activated, this, &TrayIcon::clicked);
-    connect(&m_item, &StatusNotifierItem::menuRequested, this, [this] { m_menu.popup(QCursor::pos()); });
+    connect(&m_item, &StatusNotifierItem::menuRequested, this, &TrayIcon::popUpMenu);
     connect(&m_open, &QAction::triggered, this, &TrayIcon::panelRequested);
     m_separator.setSeparator(true);
     m_item.setMenu(QList{&m_open, &m_separator} + m_menu.actions());
 }
 
+void TrayIcon::popUpMenu()
+{
+    if (isWayland()) {
+        // A menu that no window of ours has opened is an ordinary window there. Tiling compositors let one float whose
+        // size cannot change.
+        m_menu.setFixedSize(m_menu.sizeHint());
+    }
+    m_menu.popup(QCursor::pos());
+}
+
 void TrayIcon::changeTray()
 {
     // A Wayland desktop has no tray that embeds windows.
-    const bool isWayland = QGuiApplication::platformName().startsWith("wayland"_L1);
-    if (!m_item.hasHost() && !m_embedded && !isWayland) {
+    if (!m_item.hasHost() && !m_embedded && !isWayland()) {
         embed();
     } else if (m_embedded) {
         m_embedded->setVisible(!m_item.hasHost());

@@ -61,6 +61,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// For trays that do not draw the menu.
+    void popUpMenu();
     void changeTray();
     void setIcon(const QIcon& icon);
     void embed();
