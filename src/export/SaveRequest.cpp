@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QWidget>
+#include <QWindow>
 
 #include <utility>
 
@@ -146,6 +147,11 @@ void SaveRequest::askToolkit()
         }
         end();
     });
+    if (m_askedFrom && QGuiApplication::platformName().startsWith("wayland"_L1)) {
+        // A compositor shows a dialog above its parent. Elsewhere the dialog stays on top by itself.
+        m_dialog->winId();
+        m_dialog->windowHandle()->setTransientParent(m_askedFrom->windowHandle());
+    }
     m_dialog->showOn(view ? *view->screen() : *QGuiApplication::primaryScreen());
 }
 

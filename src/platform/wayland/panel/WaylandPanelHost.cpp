@@ -22,7 +22,7 @@ WaylandPanelHost::WaylandPanelHost()
 {
     m_inactivity.setSingleShot(true);
     m_inactivity.setInterval(changeOfFocus);
-    connect(&m_inactivity, &QTimer::timeout, this, &WaylandPanelHost::dismissWhenInactive);
+    connect(&m_inactivity, &QTimer::timeout, this, &WaylandPanelHost::leaveWhenInactive);
 }
 
 void WaylandPanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
@@ -36,7 +36,9 @@ void WaylandPanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
 
 void WaylandPanelHost::showAgain(PanelWindow& panel)
 {
+    m_panel = &panel;
     m_widget = &panel.widget();
+    m_isAway = false;
     panel.setBlended(true);
     panel.setShadowInside(true);
     // Tiling compositors let a window float whose size cannot change.
@@ -58,11 +60,25 @@ void WaylandPanelHost::followFocus()
     }
 }
 
-void WaylandPanelHost::dismissWhenInactive()
+void WaylandPanelHost::leaveWhenInactive()
 {
-    if (m_isDismissible && m_widget && m_widget->isVisible()) {
+    if (!m_widget || !m_widget->isVisible()) {
+        return;
+    }
+    if (m_isDismissible) {
         m_sinceDismissal.start();
         Q_EMIT dismissed();
+    } else {
+        m_isAway = true;
+        m_widget->hide();
+    }
+}
+
+void WaylandPanelHost::setDismissible(bool isDismissible)
+{
+    m_isDismissible = isDismissible;
+    if (isDismissible && m_isAway && m_widget) {
+        showAgain(*m_panel);
     }
 }
 

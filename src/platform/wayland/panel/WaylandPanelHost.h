@@ -21,16 +21,22 @@ public:
 
     void show(PanelWindow& panel, const PanelAnchor& anchor) override;
     void showAgain(PanelWindow& panel) override;
-    void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+    /// While a dialog of another process is open, the panel may cover it. So a panel that is not dismissible hides when
+    /// it becomes inactive, and comes back when it is dismissible again.
+    void setDismissible(bool isDismissible) override;
 
 private:
     void followFocus();
-    void dismissWhenInactive();
+    void leaveWhenInactive();
     /// True at most once per dismissal.
     [[nodiscard]] bool isClickThatDismissed(const PanelAnchor& anchor);
 
+    PanelWindow* m_panel = nullptr;
+    /// The widget of `m_panel`; null once that is destroyed.
     QPointer<QWidget> m_widget;
     bool m_isDismissible = true;
+    /// Hidden until it is dismissible again.
+    bool m_isAway = false;
     /// Runs while no window of this program has the focus.
     QTimer m_inactivity;
     QElapsedTimer m_sinceDismissal;
