@@ -212,10 +212,10 @@ void Application::setupPanel()
 
 QWidget* Application::createSettings(QWidget& panel)
 {
-    return new SettingsScreen(
-        m_appState, m_preferences,
-        {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(), m_trayIcon.menu()},
-        *m_platform, panel);
+    return new SettingsScreen(m_appState, m_preferences,
+                              {m_shortcuts, m_platform->keyRecording(), m_platform->keyboardLayout(),
+                               m_trayIcon.menu(), &m_platform->panelHost()},
+                              *m_platform, panel);
 }
 
 void Application::setupPicker()

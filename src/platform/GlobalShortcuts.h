@@ -1,9 +1,11 @@
 #pragma once
 
+#include "ConfigurationLine.h"
 #include "Shortcut.h"
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -38,7 +40,7 @@ public:
         Program,
         /// The user chooses the keys in a dialog of the desktop, see configure().
         DesktopDialog,
-        /// The keys cannot be chosen.
+        /// Neither the program nor a dialog that it can open chooses the keys, see configurationLine().
         None,
     };
 
@@ -53,16 +55,26 @@ public:
     /// Does nothing when the id is not bound.
     virtual void unbind(const QString& id) = 0;
 
+    /// May change while the program runs, for example when the service for shortcuts starts.
     [[nodiscard]] virtual KeyChoice keyChoice() const = 0;
     /// Whether the desktop or another program holds the combination now. False for a combination of this program, and
     /// where the desktop cannot report it.
     [[nodiscard]] virtual bool isTaken(const Shortcut& shortcut) const = 0;
     /// Tries the refused keys again now, because the user looks at them.
     virtual void retry() {}
-    /// Opens the desktop's dialog. Does nothing when keyChoice() is not DesktopDialog.
-    virtual void configure() {}
+    /// Opens the desktop's dialog for the window that portals name so (see PanelHost::portalHandle()); empty for none.
+    /// Does nothing when keyChoice() is not DesktopDialog.
+    virtual void configure(const QString& /*parentWindow*/) {}
+    /// How the user binds a command, a program and its arguments, to keys where keyChoice() is None. None where even the
+    /// user cannot.
+    [[nodiscard]] virtual std::optional<ConfigurationLine> configurationLine(const QStringList& /*command*/,
+                                                                             const Shortcut& /*keys*/) const
+    {
+        return std::nullopt;
+    }
 
 Q_SIGNALS:
+    void keyChoiceChanged();
     /// The keys were pressed. A held key is reported once.
     void activated(const QString& id);
     /// The key was released.

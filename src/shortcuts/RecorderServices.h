@@ -6,6 +6,7 @@ namespace tintwick {
 
 class KeyboardLayout;
 class KeyRecording;
+class PanelHost;
 class ShortcutRegistry;
 
 /// What every shortcut recorder works with. All of it must outlive the recorders.
@@ -17,6 +18,8 @@ struct RecorderServices
     const KeyboardLayout& layout;
     /// The program's menu; its shortcuts cannot be recorded.
     const QMenu& menu;
+    /// Names the window for the desktop's dialog; null for none.
+    const PanelHost* panelHost = nullptr;
 };
 
 } // namespace tintwick

@@ -32,12 +32,24 @@ inline constexpr std::array allShortcutActions{ShortcutAction::ActivatePicker,
                : QCoreApplication::translate("ShortcutAction", "Open Main Window");
 }
 
+/// What starts the action from a shell, as an argument of this program.
+[[nodiscard]] inline QString commandOf(ShortcutAction action)
+{
+    return action == ShortcutAction::ActivatePicker ? QStringLiteral("pick") : QStringLiteral("panel");
+}
+
 /// The combination that is stored at the first start: Alt+Shift+C activates the picker.
 [[nodiscard]] constexpr std::optional<Shortcut> defaultShortcutOf(ShortcutAction action)
 {
     return action == ShortcutAction::ActivatePicker
                ? std::optional(Shortcut{keycode::c, modifier::alt | modifier::shift})
                : std::nullopt;
+}
+
+/// The combination in an example for the user: the default, and Alt+Shift+P for the panel.
+[[nodiscard]] constexpr Shortcut suggestedShortcutOf(ShortcutAction action)
+{
+    return defaultShortcutOf(action).value_or(Shortcut{keycode::p, modifier::alt | modifier::shift});
 }
 
 } // namespace tintwick

@@ -2,6 +2,7 @@
 
 #include "KeyboardLayout.h"
 #include "Preferences.h"
+#include "ProgramInShell.h"
 #include "ShortcutCoding.h"
 #include "ShortcutDescription.h"
 
@@ -45,6 +46,7 @@ ShortcutRegistry::ShortcutRegistry(GlobalShortcuts& desktop, const KeyboardLayou
     connect(&m_desktop, &GlobalShortcuts::changed, this, &ShortcutRegistry::followDesktop);
     connect(&m_desktop, &GlobalShortcuts::bound, this, &ShortcutRegistry::followBound);
     connect(&m_desktop, &GlobalShortcuts::refused, this, &ShortcutRegistry::followRefusal);
+    connect(&m_desktop, &GlobalShortcuts::keyChoiceChanged, this, &ShortcutRegistry::keyChoiceChanged);
     connect(&m_desktop, &GlobalShortcuts::activated, this, [this](const QString& id) {
         if (const auto action = actionOf(id); action && !m_isPaused) {
             Q_EMIT activated(*action);
@@ -77,6 +79,12 @@ std::optional<Shortcut> ShortcutRegistry::shortcut(ShortcutAction action) const
 std::optional<ShortcutRefusal::Reason> ShortcutRegistry::refusal(ShortcutAction action) const
 {
     return bindingOf(action).refusal;
+}
+
+std::optional<ConfigurationLine> ShortcutRegistry::configurationLine(ShortcutAction action) const
+{
+    return m_desktop.configurationLine({programInShell(), commandOf(action)},
+                                       shortcut(action).value_or(suggestedShortcutOf(action)));
 }
 
 QString ShortcutRegistry::text(ShortcutAction action) const

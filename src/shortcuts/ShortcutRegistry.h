@@ -52,7 +52,9 @@ public:
 
     [[nodiscard]] GlobalShortcuts::KeyChoice keyChoice() const { return m_desktop.keyChoice(); }
     /// See GlobalShortcuts::configure().
-    void configure() { m_desktop.configure(); }
+    void configure(const QString& parentWindow) { m_desktop.configure(parentWindow); }
+    /// How the user binds the action to its combination, or to a suggested one; see GlobalShortcuts::configurationLine().
+    [[nodiscard]] std::optional<ConfigurationLine> configurationLine(ShortcutAction action) const;
     /// Whether the desktop or another program holds the combination now.
     [[nodiscard]] bool isTaken(const Shortcut& shortcut) const { return m_desktop.isTaken(shortcut); }
 
@@ -68,6 +70,7 @@ Q_SIGNALS:
     /// The combination was stored, removed or changed by the desktop.
     void shortcutChanged(tintwick::ShortcutAction action);
     void refusalChanged(tintwick::ShortcutAction action);
+    void keyChoiceChanged();
     /// text() may be different now, for the same combinations.
     void textsChanged();
 

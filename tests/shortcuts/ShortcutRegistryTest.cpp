@@ -466,8 +466,8 @@ private Q_SLOTS:
         QCOMPARE(session.registry.text(panel), QStringLiteral("Meta+T"));
         Q_EMIT session.desktop.activated(QStringLiteral("openMainWindow"));
         QCOMPARE(session.calls, QStringList{QStringLiteral("openMainWindow down")});
-        session.registry.configure();
-        QCOMPARE(session.desktop.configurations, 1);
+        session.registry.configure(QStringLiteral("x11:1a0"));
+        QCOMPARE(session.desktop.dialogs, QStringList{QStringLiteral("x11:1a0")});
     }
 };
 

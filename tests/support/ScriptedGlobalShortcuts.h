@@ -20,7 +20,10 @@ public:
     /// Combinations of other programs.
     std::vector<Shortcut> taken;
     KeyChoice choice = KeyChoice::Program;
-    int configurations = 0;
+    /// The windows for which the desktop's dialog was opened.
+    QStringList dialogs;
+    /// What the user does to the desktop's configuration; "%1" stands for the command.
+    std::optional<ConfigurationLine> line;
 
     void bind(const QString& id, const QString& /*description*/,
               const std::optional<Shortcut>& preferred) override
@@ -47,7 +50,14 @@ public:
     {
         return std::ranges::find(taken, shortcut) != taken.end();
     }
-    void configure() override { ++configurations; }
+    void configure(const QString& parentWindow) override { dialogs << parentWindow; }
+    [[nodiscard]] std::optional<ConfigurationLine> configurationLine(const QStringList& command,
+                                                                     const Shortcut& keys) const override
+    {
+        return line ? std::optional(
+                          ConfigurationLine{line->text.arg(keys.keyCode).arg(command.join(u' ')), line->hint})
+                    : std::nullopt;
+    }
     /// Binds what is no longer taken.
     void retry() override
     {

@@ -9,7 +9,7 @@
 #include "Preferences.h"
 #include "SegmentedPicker.h"
 #include "SettingsLayout.h"
-#include "ShortcutRecorder.h"
+#include "ShortcutsSection.h"
 #include "Switch.h"
 #include "Theme.h"
 
@@ -37,19 +37,6 @@ std::optional<qsizetype> positionOf(const Value& value, const Values& values)
     return position == std::ssize(values) ? std::nullopt : std::optional<qsizetype>(position);
 }
 
-/// A recorder's row, and below it the recorder's message while there is one.
-Stack* withMessage(Stack* row, const ShortcutRecorder& recorder)
-{
-    const auto message = bound([&recorder] {
-                             return recorder.message();
-                         }).changedBy(recorder, &ShortcutRecorder::messageChanged);
-    const auto hasMessage = bound([&recorder] {
-                                return !recorder.message().isEmpty();
-                            }).changedBy(recorder, &ShortcutRecorder::messageChanged);
-    return column(gap(3), fillWidth(), Across::Leading, row,
-                  shownWhen(hasMessage, label(message, theme::caption(), theme::textSecond)));
-}
-
 } // namespace
 
 GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferences,
@@ -59,24 +46,8 @@ GeneralSettingsTab::GeneralSettingsTab(AppState& appState, Preferences& preferen
     , m_preferences(preferences)
     , m_platform(platform)
 {
-    setContent(column(gap(12), shortcutsSection(recording, panel), loupeSection(), copyFormatSection(),
-                      screenRecordingSection(), startSection()));
-}
-
-QWidget* GeneralSettingsTab::shortcutsSection(const RecorderServices& recording, QWidget& panel)
-{
-    const auto recorderRow = [&](ShortcutAction action) {
-        auto* recorder = new ShortcutRecorder(recording, action, panel);
-        recorder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        return withMessage(settingsRow(titleOf(action), recorder), *recorder);
-    };
-    auto* names = new SegmentedPicker(tr("Show keys as"), {tr("Signs"), tr("Words")},
-                                      positionOf(m_preferences.keyNames(), allKeyNames));
-    names->onSelect([this](qsizetype position) { m_preferences.setKeyNames(at(allKeyNames, position)); });
-    return settingsSection(
-        tr("Keyboard Shortcuts"),
-        settingsRows({recorderRow(ShortcutAction::ActivatePicker),
-                      recorderRow(ShortcutAction::OpenMainWindow), settingsRow(tr("Show keys as"), names)}));
+    setContent(column(gap(12), new ShortcutsSection(recording, preferences, panel), loupeSection(),
+                      copyFormatSection(), screenRecordingSection(), startSection()));
 }
 
 QWidget* GeneralSettingsTab::loupeSection()

@@ -22,7 +22,6 @@ public:
                        const Platform& platform, QWidget& panel);
 
 private:
-    [[nodiscard]] QWidget* shortcutsSection(const RecorderServices& recording, QWidget& panel);
     [[nodiscard]] QWidget* loupeSection();
     [[nodiscard]] QWidget* copyFormatSection();
     [[nodiscard]] QWidget* screenRecordingSection();

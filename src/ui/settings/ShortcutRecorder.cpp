@@ -143,7 +143,7 @@ QString ShortcutRecorder::placeholder() const
     if (canRecord()) {
         return isRecording() ? pressShortcut() : recordShortcut();
     }
-    return opensDesktopDialog() ? tr("Set in Desktop") : tr("Not Available");
+    return tr("Not Available");
 }
 
 QString ShortcutRecorder::message() const
@@ -161,11 +161,6 @@ QString ShortcutRecorder::message() const
 bool ShortcutRecorder::canRecord() const
 {
     return m_services.keys && m_services.shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::Program;
-}
-
-bool ShortcutRecorder::opensDesktopDialog() const
-{
-    return m_services.shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::DesktopDialog;
 }
 
 QSize ShortcutRecorder::sizeHint() const
@@ -197,10 +192,6 @@ void ShortcutRecorder::start(Qt::FocusReason reason)
 {
     // A screen reader can press the field below an alert, which may belong to another recorder.
     if (m_state != State::Idle || !isVisible() || Overlay::of(m_panel)) {
-        return;
-    }
-    if (opensDesktopDialog()) {
-        m_services.shortcuts.configure();
         return;
     }
     if (!canRecord()) {
@@ -366,11 +357,7 @@ void ShortcutRecorder::refreshText()
 
 QString ShortcutRecorder::toolTipText() const
 {
-    if (canRecord()) {
-        return words();
-    }
-    return opensDesktopDialog() ? tr("The desktop's settings choose this shortcut.")
-                                : tr("This desktop does not let Tintwick record shortcuts.");
+    return canRecord() ? words() : tr("This desktop does not let Tintwick record shortcuts.");
 }
 
 void ShortcutRecorder::setHint(const QString& hint)

@@ -19,8 +19,8 @@ struct KeyPress;
 struct RecordedKey;
 
 /// The field in which the user sets or removes the shortcut of one action. It shows the shortcut. After a click, or Return
-/// or Space, it records the next combination and stores it at once. Where the desktop chooses the keys, a click opens the
-/// desktop's dialog. Where neither is possible, the field shows the shortcut and cannot be changed.
+/// or Space, it records the next combination and stores it at once. Where the desktop does not allow that, the field shows
+/// the shortcut and cannot be changed.
 class ShortcutRecorder final : public QWidget
 {
     Q_OBJECT
@@ -93,7 +93,6 @@ private:
     void refreshMessage();
     void reportDescription();
     [[nodiscard]] bool canRecord() const;
-    [[nodiscard]] bool opensDesktopDialog() const;
     /// Ends the recording unless the click is on the field or close to it. Returns whether the click ends here.
     [[nodiscard]] bool clickedWhileRecording(const QObject& clicked, const QMouseEvent& event);
 

@@ -47,13 +47,11 @@ struct Scene
     ShortcutRecorder* other = nullptr;
     TextButton* button = nullptr;
 
-    explicit Scene(Keyboard keyboard = Keyboard::CanBeTaken,
-                   GlobalShortcuts::KeyChoice choice = GlobalShortcuts::KeyChoice::Program)
+    explicit Scene(Keyboard keyboard = Keyboard::CanBeTaken)
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         layout.characters = {{keyC, u"c"_s}, {keyD, u"d"_s}, {keyQ, u"q"_s}};
         desktop.taken = {{keyD, super}};
-        desktop.choice = choice;
         menu.addAction(u"Quit Tintwick"_s)->setShortcut(Qt::CTRL | Qt::Key_Q);
         QObject::connect(&registry, &ShortcutRegistry::deactivated, &registry, [this] { ++picks; });
         registry.start();
@@ -828,21 +826,6 @@ private Q_SLOTS:
         QVERIFY(!scene.recorder->isRecording());
         QVERIFY(!scene.registry.isPaused());
         QCOMPARE(scene.stored(), altShiftC);
-    }
-
-    void whereTheDesktopChoosesTheKeysAClickOpensItsDialog()
-    {
-        Scene scene(Keyboard::CanBeTaken, GlobalShortcuts::KeyChoice::DesktopDialog);
-        QCOMPARE(scene.recorder->text(), QString());
-        QCOMPARE(scene.recorder->placeholder(), u"Set in Desktop"_s);
-        scene.click(*scene.recorder);
-        QCOMPARE(scene.desktop.configurations, 1);
-        QVERIFY(!scene.recorder->isRecording());
-        QVERIFY(!scene.keys.isOn());
-        Q_EMIT scene.desktop.changed(u"activatePicker"_s, u"Meta+Shift+C"_s);
-        QCOMPARE(scene.recorder->text(), u"Meta+Shift+C"_s);
-        QVERIFY(!scene.clearButton().isVisible());
-        QCOMPARE(scene.other->text(), QString());
     }
 
     void recordingChangesThePicture()
