@@ -1,7 +1,7 @@
 #include "DesktopSettings.h"
 
 #include "Portal.h"
-#include "SessionBus.h"
+#include "PortalAccess.h"
 #include "SettingsProxy.h"
 
 #include <QDBusConnection>
@@ -32,7 +32,7 @@ DesktopSettings::DesktopSettings(QObject* parent)
     if (!QDBusConnection::sessionBus().isConnected()) {
         return;
     }
-    askSessionBus(*this, [this](bool works) {
+    askPortals(*this, [this](bool works) {
         if (works) {
             askPortal();
         }

@@ -1,8 +1,8 @@
 #include "PortalRequest.h"
 
 #include "Portal.h"
+#include "PortalAccess.h"
 #include "RequestProxy.h"
-#include "SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -56,7 +56,7 @@ void PortalRequest::send(const Call& call)
         giveUp();
         return;
     }
-    askSessionBus(*this, [this, call](bool works) {
+    askPortals(*this, [this, call](bool works) {
         if (works) {
             sendNow(call);
         } else {
