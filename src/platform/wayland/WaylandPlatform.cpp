@@ -51,6 +51,8 @@ WaylandPlatform::WaylandPlatform(std::unique_ptr<WaylandConnection> connection)
 {
     // The second round trip brings the keymap.
     m_connection->flush();
+    readKeymap();
+    QObject::connect(&m_seat, &WaylandSeat::keymapChanged, &m_layout, [this] { readKeymap(); });
 }
 
 void WaylandPlatform::preparePicking()
@@ -69,6 +71,11 @@ std::unique_ptr<PickingSession> WaylandPlatform::startPick(PickingSession::Liste
     return std::make_unique<WaylandPickingSession>(*m_picking, listener);
 }
 
+GlobalShortcuts& WaylandPlatform::globalShortcuts()
+{
+    return m_shortcuts ? *m_shortcuts : m_shortcuts.emplace(m_layout);
+}
+
 void WaylandPlatform::keepClipboard()
 {
     if (!m_picking || !m_picking->clipboard.isAlwaysSettable() || !m_connection->deliverAll()) {
@@ -79,6 +86,15 @@ void WaylandPlatform::keepClipboard()
         startClipboardProcess({.text = m_picking->clipboard.text(), .owner = waylandClipboardOwner});
     } else if (copiedByPanel.ownsClipboard()) {
         startClipboardProcess({.text = copiedByPanel.text().toUtf8(), .owner = waylandClipboardOwner});
+    }
+}
+
+void WaylandPlatform::readKeymap()
+{
+    if (const WaylandKeyboard* keyboard = m_seat.keyboard()) {
+        m_layout.setKeymap(keyboard->keymap(), keyboard->group());
+    } else {
+        m_layout.setKeymap(nullptr, 0);
     }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "NullPlatform.h"
 #include "Platform.h"
 #include "WaylandConnection.h"
+#include "WaylandGlobalShortcuts.h"
+#include "WaylandKeyboardLayout.h"
 #include "WaylandPanelHost.h"
 #include "WaylandPickingParts.h"
 #include "WaylandSeat.h"
@@ -27,18 +28,21 @@ public:
     [[nodiscard]] CapturePermission capturePermission() const override { return {}; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
-    [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return m_shortcuts; }
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return m_layout; }
     [[nodiscard]] KeyRecording* keyRecording() override { return nullptr; }
     void keepClipboard() override;
 
 private:
+    void readKeymap();
+
     std::unique_ptr<WaylandConnection> m_connection;
     WaylandSeat m_seat;
     std::optional<WaylandPickingParts> m_picking;
     WaylandPanelHost m_panelHost;
-    NullGlobalShortcuts m_shortcuts;
-    NullKeyboardLayout m_layout;
+    WaylandKeyboardLayout m_layout;
+    // Made when first asked for, because they need the application object.
+    std::optional<WaylandGlobalShortcuts> m_shortcuts;
 };
 
 } // namespace tintwick

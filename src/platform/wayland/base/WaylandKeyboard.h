@@ -2,8 +2,7 @@
 
 #include "KeyPress.h"
 #include "WaylandHandle.h"
-
-#include <xkbcommon/xkbcommon.h>
+#include "XkbUnref.h"
 
 #include <QObject>
 #include <QTimer>
@@ -46,12 +45,6 @@ Q_SIGNALS:
 
 private:
     struct Handlers;
-    struct XkbUnref
-    {
-        void operator()(xkb_context* context) const { xkb_context_unref(context); }
-        void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
-        void operator()(xkb_state* state) const { xkb_state_unref(state); }
-    };
 
     void readKeymap(int file, std::uint32_t size);
     void handleKey(std::uint32_t key, bool isDown, std::uint32_t serial);
