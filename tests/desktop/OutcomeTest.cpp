@@ -378,9 +378,10 @@ void OutcomeTest::unsupportedDesktopsAreReportedInOneLine_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("value");
-    QTest::newRow("a Wayland compositor is there")
+    QTest::newRow("no Wayland compositor at the named display")
         << QStringLiteral("WAYLAND_DISPLAY") << QStringLiteral("wayland-0");
-    QTest::newRow("a Wayland session") << QStringLiteral("XDG_SESSION_TYPE") << QStringLiteral("wayland");
+    QTest::newRow("a Wayland session without a compositor")
+        << QStringLiteral("XDG_SESSION_TYPE") << QStringLiteral("wayland");
     QTest::newRow("no display is named") << QStringLiteral("DISPLAY") << QString();
     QTest::newRow("no server at the named display") << QStringLiteral("DISPLAY") << QStringLiteral(":29999");
 }

@@ -33,8 +33,12 @@ std::vector<std::unique_ptr<ScreenCapture>> waysToCapture(WaylandConnection& con
 std::unique_ptr<Platform> WaylandPlatform::connect(QString& whyNot)
 {
     const QString toolkit = qEnvironmentVariable(toolkitVariable).section(u':', 0, 0);
-    if (!toolkit.isEmpty() && !toolkit.startsWith("wayland"_L1)) {
-        whyNot = u"Tintwick was told by QT_QPA_PLATFORM not to use Wayland."_s;
+    const bool isWanted = toolkit.isEmpty() || toolkit.startsWith("wayland"_L1);
+    // Without both, a compositor of the same user may run on another seat.
+    const bool isSession =
+        qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!isWanted || !isSession) {
+        whyNot = u"Tintwick needs a desktop to pick colours from."_s;
         return nullptr;
     }
     std::unique_ptr<WaylandConnection> connection = WaylandConnection::open();

@@ -10,6 +10,7 @@
 #include <xcb/randr.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string_view>
 
 namespace tintwick {
@@ -60,14 +61,18 @@ bool isWaylandSession()
     return qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
+/// The user wants an X program although the desktop is none of X.
+bool isXWanted()
+{
+    return qEnvironmentVariable("QT_QPA_PLATFORM").startsWith("xcb"_L1);
+}
+
 } // namespace
 
 std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
 {
-    const QString waylandIsNotSupported =
-        u"Tintwick does not support Wayland desktops yet: there it would see only the windows of X programs."_s;
-    if (isWaylandSession()) {
-        whyNot = waylandIsNotSupported;
+    // Why the Wayland backend does not work has been said.
+    if (isWaylandSession() && !isXWanted()) {
         return nullptr;
     }
     std::unique_ptr<XcbConnection> connection = XcbConnection::open();
@@ -81,8 +86,13 @@ std::unique_ptr<Platform> X11Platform::connect(QString& whyNot)
         return nullptr;
     }
     if (isInsideWayland(*connection)) {
-        whyNot = waylandIsNotSupported;
-        return nullptr;
+        const QString limit =
+            u"As an X program on a Wayland desktop, Tintwick sees only the windows of X programs."_s;
+        if (!isXWanted()) {
+            whyNot = limit + u" Set WAYLAND_DISPLAY, or QT_QPA_PLATFORM=xcb to use it so."_s;
+            return nullptr;
+        }
+        std::fputs(qUtf8Printable(limit + u'\n'), stderr);
     }
     const xcb_query_extension_reply_t* render = xcb_get_extension_data(connection->get(), &xcb_render_id);
     if (!render || render->present == 0) {
