@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CaptureOutcome.h"
 #include "OutputPicture.h"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -10,17 +10,6 @@
 namespace tintwick {
 
 class WaylandOutput;
-
-/// What became of a capture.
-enum class CaptureOutcome : std::uint8_t {
-    Taken,
-    /// This way does not work now; another may.
-    Failed,
-    /// The user has closed the question of the desktop.
-    Cancelled,
-    /// The desktop does not let this program read the screen.
-    Denied,
-};
 
 /// One way to take pictures of the monitors.
 class ScreenCapture

@@ -97,9 +97,10 @@ void WaylandPickingSession::coverOutputs()
 void WaylandPickingSession::capture(std::size_t way)
 {
     if (way >= m_parts.captures.size()) {
-        refuse(m_parts.captures.empty()
-                   ? tr("No color can be picked: this desktop offers no way to take a picture of the screen.")
-                   : tr("No color can be picked: the desktop returned no picture of the screen."));
+        refuse(
+            m_hasFailed
+                ? tr("No color can be picked: the desktop returned no picture of the screen.")
+                : tr("No color can be picked: this desktop offers no way to take a picture of the screen."));
         return;
     }
     std::vector<WaylandOutput*> outputs = m_outputs;
@@ -115,6 +116,9 @@ void WaylandPickingSession::handleCapture(std::size_t way, CaptureOutcome outcom
 {
     switch (outcome) {
     case CaptureOutcome::Failed:
+        m_hasFailed = true;
+        [[fallthrough]];
+    case CaptureOutcome::Unavailable:
         capture(way + 1);
         return;
     case CaptureOutcome::Cancelled:

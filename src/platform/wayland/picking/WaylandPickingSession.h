@@ -94,6 +94,8 @@ private:
     /// Of the user's newest action.
     std::uint32_t m_serial = 0;
     int m_keyboardScreen = 0;
+    /// A way to take pictures is there, but has returned none.
+    bool m_hasFailed = false;
     std::optional<LoupeFrame> m_pendingLoupe;
     /// Where the loupe is shown.
     int m_loupeScreen = 0;
