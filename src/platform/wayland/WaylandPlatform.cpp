@@ -1,6 +1,8 @@
 #include "WaylandPlatform.h"
 
 #include "ClipboardProcess.h"
+#include "KWinCapture.h"
+#include "PortalCapture.h"
 #include "ScreencopyCapture.h"
 #include "WaylandClipboardService.h"
 #include "WaylandPickingSession.h"
@@ -18,15 +20,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr auto* toolkitVariable = "QT_QPA_PLATFORM";
-
-std::vector<std::unique_ptr<ScreenCapture>> waysToCapture(WaylandConnection& connection)
-{
-    std::vector<std::unique_ptr<ScreenCapture>> ways;
-    if (auto screencopy = ScreencopyCapture::create(connection)) {
-        ways.push_back(std::move(screencopy));
-    }
-    return ways;
-}
 
 } // namespace
 
@@ -67,7 +60,31 @@ void WaylandPlatform::preparePicking()
     m_connection->listen();
     QObject::connect(m_connection.get(), &WaylandConnection::closed, m_connection.get(),
                      [] { QCoreApplication::exit(EXIT_FAILURE); });
-    m_picking.emplace(*m_connection, m_seat, waysToCapture(*m_connection));
+    m_picking.emplace(*m_connection, m_seat, waysToCapture());
+}
+
+std::vector<std::unique_ptr<ScreenCapture>> WaylandPlatform::waysToCapture()
+{
+    std::vector<std::unique_ptr<ScreenCapture>> ways;
+    if (auto screencopy = ScreencopyCapture::create(*m_connection)) {
+        ways.push_back(std::move(screencopy));
+    } else {
+        m_screenshots.emplace();
+    }
+    ways.push_back(std::make_unique<KWinCapture>(*m_connection));
+    ways.push_back(std::make_unique<PortalCapture>(*m_connection, m_screenshots ? &*m_screenshots : nullptr));
+    return ways;
+}
+
+CapturePermission WaylandPlatform::capturePermission() const
+{
+    if (!m_screenshots || !m_screenshots->isDenied()) {
+        return {};
+    }
+    return {.isGranted = false,
+            .openSettings = m_screenshots->hasSettings()
+                                ? std::function<void()>(&ScreenshotPermission::openSettings)
+                                : nullptr};
 }
 
 std::unique_ptr<PickingSession> WaylandPlatform::startPick(PickingSession::Listener& listener)

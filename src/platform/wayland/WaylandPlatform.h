@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform.h"
+#include "ScreenshotPermission.h"
 #include "WaylandConnection.h"
 #include "WaylandGlobalShortcuts.h"
 #include "WaylandKeyboardLayout.h"
@@ -10,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tintwick {
 
@@ -25,7 +27,7 @@ public:
 
     void preparePicking() override;
     [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
-    [[nodiscard]] CapturePermission capturePermission() const override { return {}; }
+    [[nodiscard]] CapturePermission capturePermission() const override;
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
@@ -35,9 +37,12 @@ public:
 
 private:
     void readKeymap();
+    [[nodiscard]] std::vector<std::unique_ptr<ScreenCapture>> waysToCapture();
 
     std::unique_ptr<WaylandConnection> m_connection;
     WaylandSeat m_seat;
+    /// The permission of the portal; none where the compositor itself offers pictures.
+    std::optional<ScreenshotPermission> m_screenshots;
     std::optional<WaylandPickingParts> m_picking;
     WaylandPanelHost m_panelHost;
     WaylandKeyboardLayout m_layout;
