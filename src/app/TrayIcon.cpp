@@ -95,6 +95,8 @@ TrayIcon::TrayIcon(QObject* parent)
     m_quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(m_quit, &QAction::triggered, this, &TrayIcon::quitRequested);
 
+    // Compositors tell it from the panel by its title.
+    m_menu.setWindowTitle(tr("Tintwick Menu"));
     styleMenu(m_menu);
     setMenuScheme(Scheme::Light);
     connect(&m_menu, &QMenu::aboutToShow, this, &TrayIcon::menuAboutToShow);
@@ -255,6 +257,9 @@ void TrayIcon::setPickKeys(const QString& keys, const QString& inWords)
 
 std::optional<QRect> TrayIcon::frame() const
 {
+    if (const auto click = m_item.lastClick(); click && isWayland()) {
+        return QRect(*click, QSize(1, 1));
+    }
     const QRect frame = m_embedded ? m_embedded->geometry() : QRect();
     return frame.isEmpty() ? std::nullopt : std::optional(frame);
 }

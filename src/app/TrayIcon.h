@@ -40,7 +40,8 @@ public:
     /// The keys of the shortcut that picks, as the menu and its tool tip show them; empty when there is none.
     void setPickKeys(const QString& keys, const QString& inWords);
 
-    /// In points from the top left of the desktop; none without a tray, or when the tray does not report the place.
+    /// In points from the top left of the desktop; none without a tray, or when the tray does not report the place. On
+    /// Wayland, where the icon was last clicked.
     [[nodiscard]] std::optional<QRect> frame() const;
 
     [[nodiscard]] const QMenu& menu() const { return m_menu; }

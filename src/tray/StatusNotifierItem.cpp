@@ -65,7 +65,7 @@ public:
     [[nodiscard]] QDBusObjectPath menu() const { return QDBusObjectPath(menuPath); }
 
 public Q_SLOTS:
-    void Activate(int, int) { Q_EMIT m_item.activated(); }
+    void Activate(int x, int y) { m_item.takeClick({x, y}); }
     void SecondaryActivate(int, int) {}
     void ContextMenu(int, int) { Q_EMIT m_item.menuRequested(); }
     void Scroll(int, const QString&) {}
@@ -111,6 +111,13 @@ void StatusNotifierItem::setIcon(const QIcon& icon)
 {
     m_icon = icon;
     Q_EMIT iconChanged();
+}
+
+void StatusNotifierItem::takeClick(QPoint place)
+{
+    // Hosts that do not know the place report zeros.
+    m_lastClick = place.isNull() ? std::nullopt : std::optional(place);
+    Q_EMIT activated();
 }
 
 void StatusNotifierItem::askForHost()

@@ -6,7 +6,10 @@
 #include <QIcon>
 #include <QList>
 #include <QObject>
+#include <QPoint>
 #include <QString>
+
+#include <optional>
 
 class QAction;
 
@@ -30,6 +33,8 @@ public:
     void setIcon(const QIcon& icon);
     /// The menu that the host draws. The actions must outlive the object.
     void setMenu(const QList<QAction*>& actions) { m_menu.setActions(actions); }
+    /// Where the host has last reported a click; none before, and when it does not report places.
+    [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
     /// Whether a tray shows the icon.
     [[nodiscard]] bool hasHost() const { return m_hasHost; }
 
@@ -45,6 +50,9 @@ private Q_SLOTS:
     void askForHost();
 
 private:
+    friend class StatusNotifierItemAdaptor;
+
+    void takeClick(QPoint place);
     void registerWithWatcher();
     void setHasHost(bool hasHost);
 
@@ -52,6 +60,7 @@ private:
     QIcon m_icon;
     DBusMenu m_menu;
     QDBusConnection m_bus;
+    std::optional<QPoint> m_lastClick;
     bool m_hasHost = false;
     bool m_isRegistered = false;
     /// Counts the questions. Only the answer to the last one counts.

@@ -16,6 +16,13 @@ namespace {
 /// The compositor takes the focus from one window of ours before it gives it to the next.
 constexpr std::chrono::milliseconds changeOfFocus{100};
 
+ScreenCorner cornerOf(QPoint point)
+{
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    const QPoint middle = (screen ? screen : QGuiApplication::primaryScreen())->geometry().center();
+    return {.isLeft = point.x() < middle.x(), .isBottom = point.y() > middle.y()};
+}
+
 } // namespace
 
 WaylandPanelHost::WaylandPanelHost()
@@ -30,6 +37,7 @@ void WaylandPanelHost::show(PanelWindow& panel, const PanelAnchor& anchor)
     if (panel.widget().isVisible()) {
         panel.widget().activateWindow();
     } else if (!isClickThatDismissed(anchor)) {
+        m_corner = anchor.icon ? cornerOf(anchor.icon->center()) : m_corner;
         showAgain(panel);
     }
 }
@@ -43,6 +51,7 @@ void WaylandPanelHost::showAgain(PanelWindow& panel)
     panel.setShadowInside(true);
     // Tiling compositors let a window float whose size cannot change.
     m_widget->setFixedSize(m_widget->sizeHint().boundedTo(m_widget->screen()->availableSize()));
+    m_rules.placeInCorner(m_widget->windowTitle(), m_widget->size(), m_corner);
     m_widget->show();
     // Not QWidget::setMask(), which cuts what is painted as well.
     m_widget->windowHandle()->setMask(m_widget->rect().marginsRemoved(panel.shadowMargins()));

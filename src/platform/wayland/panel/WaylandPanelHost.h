@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanelHost.h"
+#include "SwayRules.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -9,7 +10,7 @@
 
 namespace tintwick {
 
-/// Shows the panel as a window without a frame that the compositor places. The window includes the shadow, which lets
+/// Shows the panel as a window without a frame that the compositor places: sway in the corner of the tray. The window includes the shadow, which lets
 /// clicks through. Clicks on other programs are not reported to this one: the user dismisses the panel by making a window
 /// of another program active.
 class WaylandPanelHost final : public PanelHost
@@ -34,6 +35,9 @@ private:
     PanelWindow* m_panel = nullptr;
     /// The widget of `m_panel`; null once that is destroyed.
     QPointer<QWidget> m_widget;
+    SwayRules m_rules;
+    /// The one of the tray as far as it is known.
+    ScreenCorner m_corner;
     bool m_isDismissible = true;
     /// Hidden until it is dismissible again.
     bool m_isAway = false;
