@@ -98,4 +98,16 @@ QPointF loupePlace(QPointF pointer, QSize body, QSize screen, double margin)
             std::min(lowest, std::max(margin, pointer.y() - lensRadius))};
 }
 
+QPointF loupePlaceForFinger(QPointF finger, QSize body, QSize screen, double margin, double room)
+{
+    const double lensRadius = body.width() / 2.0;
+    const double top = finger.y() - room - body.height();
+    if (top >= margin) {
+        return loupePlace({finger.x(), top + lensRadius}, body, screen, margin);
+    }
+    const double left = finger.x() - room - lensRadius;
+    const bool fitsLeft = left - lensRadius >= margin;
+    return loupePlace({fitsLeft ? left : finger.x() + room + lensRadius, finger.y()}, body, screen, margin);
+}
+
 } // namespace tintwick

@@ -23,6 +23,8 @@ inline constexpr double infoHeight = 46;
 inline constexpr double gap = 10;
 inline constexpr double gridLineWidth = 0.5;
 inline constexpr double screenMargin = 4;
+/// How far a finger hides the screen around its position.
+inline constexpr double fingerRoom = 40;
 
 /// Beyond this room the shadows are weaker than one step of a byte. The pill's shadow ends sooner than that of the ring.
 /// The room above equals that at the sides, so that the lens's centre is as far from the top of the image as from its
@@ -75,5 +77,9 @@ private:
 /// screen. Pointer and result are relative to the screen's top left corner. The result is not rounded. Where the loupe
 /// does not fit, the left and the bottom margin take precedence.
 [[nodiscard]] QPointF loupePlace(QPointF pointer, QSize body, QSize screen, double margin);
+
+/// The same above a finger, with `room` between the two; beside it where there is no room above.
+[[nodiscard]] QPointF loupePlaceForFinger(QPointF finger, QSize body, QSize screen, double margin,
+                                          double room);
 
 } // namespace tintwick

@@ -314,7 +314,10 @@ void PickSession::updateLoupe()
                       .bitsPerChannel = m_session->screens()[screen].bitsPerChannel,
                       .taken = m_taken});
     const QRect body = LoupeGeometry(m_options.look.side, scale).body();
-    const QPointF place = loupePlace(m_position.point, body.size(), size, loupe::screenMargin * scale);
+    const double margin = loupe::screenMargin * scale;
+    const QPointF place = m_position.isFinger ? loupePlaceForFinger(m_position.point, body.size(), size,
+                                                                    margin, loupe::fingerRoom * scale)
+                                              : loupePlace(m_position.point, body.size(), size, margin);
     m_session->showLoupe(m_loupe.render(m_options.look, scale), m_position.screen,
                          place.toPoint() - body.topLeft());
 }

@@ -30,6 +30,8 @@ struct ScreenPosition
     /// In physical pixels from the top left corner of the screen, y downwards; fractions where the desktop reports
     /// them. Lies outside the screen where the pointer is on no screen at all.
     QPointF point;
+    /// A finger is there, which hides what is below it.
+    bool isFinger = false;
 
     /// The pixel that contains the point.
     [[nodiscard]] QPoint pixel() const

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void theCenterCellIsInTheMiddle();
     void theLoupeFollowsThePointerInsideTheScreen_data();
     void theLoupeFollowsThePointerInsideTheScreen();
+    void aFingerDoesNotHideTheLoupe_data();
+    void aFingerDoesNotHideTheLoupe();
 };
 
 void LoupeGeometryTest::theImageConsistsOfLensGapPillAndShadows_data()
@@ -180,6 +182,24 @@ void LoupeGeometryTest::theLoupeFollowsThePointerInsideTheScreen()
     QFETCH(const QSize, screen);
     const LoupeGeometry geometry(130, scale);
     QTEST(loupePlace(pointer, geometry.body().size(), screen, loupe::screenMargin * scale), "place");
+}
+
+void LoupeGeometryTest::aFingerDoesNotHideTheLoupe_data()
+{
+    QTest::addColumn<QPointF>("finger");
+    QTest::addColumn<QPointF>("place");
+
+    // The body measures 130 × 186, the finger hides 40 around it.
+    QTest::newRow("above") << QPointF(640, 400) << QPointF(575, 174);
+    QTest::newRow("above, at the left edge") << QPointF(10, 400) << QPointF(4, 174);
+    QTest::newRow("left of it, near the top") << QPointF(640, 100) << QPointF(470, 35);
+    QTest::newRow("right of it, in the top left corner") << QPointF(10, 10) << QPointF(50, 4);
+}
+
+void LoupeGeometryTest::aFingerDoesNotHideTheLoupe()
+{
+    QFETCH(const QPointF, finger);
+    QTEST(loupePlaceForFinger(finger, {130, 186}, {1280, 800}, 4, 40), "place");
 }
 
 QTEST_APPLESS_MAIN(LoupeGeometryTest)

@@ -2,7 +2,6 @@
 
 #include <linux/input-event-codes.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace tintwick {
@@ -38,14 +37,15 @@ struct WaylandPointer::Handlers
 {
     static WaylandPointer& of(void* self) { return *static_cast<WaylandPointer*>(self); }
 
-    static void enter(void* self, wl_pointer*, std::uint32_t serial, wl_surface* surface, wl_fixed_t x,
+    static void enter(void* self, wl_pointer* proxy, std::uint32_t serial, wl_surface* surface, wl_fixed_t x,
                       wl_fixed_t y)
     {
+        wl_pointer_set_cursor(proxy, serial, nullptr, 0, 0);
         // The surface may have been destroyed meanwhile.
         if (surface) {
             of(self).m_surface = surface;
             of(self).m_pendingMove.reset();
-            of(self).m_listener.pointerEntered(*surface, pointOf(x, y), serial);
+            of(self).m_listener.pointerEntered(*surface, pointOf(x, y));
         }
     }
 
@@ -69,10 +69,8 @@ struct WaylandPointer::Handlers
         WaylandPointer& pointer = of(self);
         pointer.deliverMove();
         if (state == WL_POINTER_BUTTON_STATE_PRESSED) {
-            ++pointer.m_buttonsDown;
             pointer.m_listener.buttonPressed(buttonOf(code), serial);
         } else {
-            pointer.m_buttonsDown = std::max(0, pointer.m_buttonsDown - 1);
             pointer.m_listener.buttonReleased();
         }
     }
@@ -125,11 +123,6 @@ WaylandPointer::WaylandPointer(WlPointer pointer, Listener& listener)
 }
 
 WaylandPointer::~WaylandPointer() = default;
-
-void WaylandPointer::hide(std::uint32_t enterSerial)
-{
-    wl_pointer_set_cursor(m_pointer.get(), enterSerial, nullptr, 0, 0);
-}
 
 void WaylandPointer::deliverMove()
 {

@@ -11,15 +11,15 @@
 
 namespace tintwick {
 
-/// The pointer over the surfaces of this connection. Positions are in logical units from the top left of the surface.
+/// The pointer over the surfaces of this connection. It is not drawn there. Positions are in logical units from the top left
+/// of the surface.
 class WaylandPointer final
 {
 public:
     class Listener
     {
     public:
-        /// Set the pointer's image now; the serial is for that request.
-        virtual void pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial) = 0;
+        virtual void pointerEntered(wl_surface& surface, QPointF position) = 0;
         virtual void pointerMoved(wl_surface& surface, QPointF position) = 0;
         virtual void pointerLeft(wl_surface& surface) = 0;
         /// The serial allows requests that need an action of the user.
@@ -36,9 +36,6 @@ public:
     WaylandPointer& operator=(const WaylandPointer&) = delete;
     ~WaylandPointer();
 
-    /// Shows no pointer over the surface that was entered with the serial.
-    void hide(std::uint32_t enterSerial);
-    [[nodiscard]] int buttonsDown() const { return m_buttonsDown; }
     /// Reports the newest position. Moves are merged until this is called.
     void deliverMove();
 
@@ -52,7 +49,6 @@ private:
     /// The surface under the pointer; null over none of ours.
     wl_surface* m_surface = nullptr;
     std::optional<QPointF> m_pendingMove;
-    int m_buttonsDown = 0;
     /// What the current group of events scrolls by.
     double m_notches = 0;
     double m_points = 0;

@@ -1,5 +1,7 @@
 #include "WaylandSeat.h"
 
+#include <algorithm>
+
 namespace tintwick {
 
 namespace {
@@ -16,12 +18,18 @@ WaylandSeat::WaylandSeat(WaylandConnection& connection)
                                                        static_cast<WaylandSeat*>(self)->follow(capabilities);
                                                    },
                                                .name = [](void*, wl_seat*, const char*) {}};
-    if (m_seat) {
-        wl_seat_add_listener(m_seat.get(), &listener, this);
+    if (!m_seat) {
+        return;
     }
+    wl_seat_add_listener(m_seat.get(), &listener, this);
+    WaylandPointer::Listener& pens = *this;
+    m_tablets.emplace(connection, *m_seat, pens);
     connect(&connection, &WaylandConnection::drained, this, [this] {
         if (m_pointer) {
             m_pointer->deliverMove();
+        }
+        if (m_tablets) {
+            m_tablets->deliverMoves();
         }
     });
 }
@@ -32,6 +40,7 @@ void WaylandSeat::follow(std::uint32_t capabilities)
 {
     const auto has = [capabilities](std::uint32_t capability) { return (capabilities & capability) != 0; };
     if (has(WL_SEAT_CAPABILITY_POINTER) != (m_pointer != nullptr)) {
+        m_buttonsDown = 0;
         m_pointer.reset(m_pointer ? nullptr
                                   : new WaylandPointer(WlPointer(wl_seat_get_pointer(m_seat.get())), *this));
     }
@@ -67,7 +76,7 @@ void WaylandSeat::addKeyboard()
 
 bool WaylandSeat::isAnyDown() const
 {
-    return (m_pointer && m_pointer->buttonsDown() > 0) || (m_keyboard && m_keyboard->isAnyKeyDown());
+    return m_buttonsDown > 0 || (m_keyboard && m_keyboard->isAnyKeyDown());
 }
 
 void WaylandSeat::reportReleased()
@@ -77,10 +86,10 @@ void WaylandSeat::reportReleased()
     }
 }
 
-void WaylandSeat::pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial)
+void WaylandSeat::pointerEntered(wl_surface& surface, QPointF position)
 {
     if (m_listener) {
-        m_listener->pointerEntered(surface, position, serial);
+        m_listener->pointerEntered(surface, position);
     }
 }
 
@@ -100,6 +109,7 @@ void WaylandSeat::pointerLeft(wl_surface& surface)
 
 void WaylandSeat::buttonPressed(PointerButton button, std::uint32_t serial)
 {
+    ++m_buttonsDown;
     if (m_listener) {
         m_listener->buttonPressed(button, serial);
     }
@@ -107,6 +117,7 @@ void WaylandSeat::buttonPressed(PointerButton button, std::uint32_t serial)
 
 void WaylandSeat::buttonReleased()
 {
+    m_buttonsDown = std::max(0, m_buttonsDown - 1);
     if (m_listener) {
         m_listener->buttonReleased();
     }

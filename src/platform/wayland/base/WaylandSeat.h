@@ -3,11 +3,13 @@
 #include "WaylandConnection.h"
 #include "WaylandKeyboard.h"
 #include "WaylandPointer.h"
+#include "WaylandTablets.h"
 #include "WaylandTouch.h"
 
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace tintwick {
 
@@ -55,7 +57,7 @@ private:
     void addKeyboard();
     void reportReleased();
 
-    void pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial) override;
+    void pointerEntered(wl_surface& surface, QPointF position) override;
     void pointerMoved(wl_surface& surface, QPointF position) override;
     void pointerLeft(wl_surface& surface) override;
     void buttonPressed(PointerButton button, std::uint32_t serial) override;
@@ -66,9 +68,12 @@ private:
 
     WlSeat m_seat;
     Listener* m_listener = nullptr;
+    int m_buttonsDown = 0;
     std::unique_ptr<WaylandPointer> m_pointer;
     std::unique_ptr<WaylandKeyboard> m_keyboard;
     std::unique_ptr<WaylandTouch> m_touch;
+    /// None when the compositor has no seat.
+    std::optional<WaylandTablets> m_tablets;
 };
 
 } // namespace tintwick

@@ -339,9 +339,8 @@ void WaylandPickingSession::reportMiddle()
     }
 }
 
-void WaylandPickingSession::pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial)
+void WaylandPickingSession::pointerEntered(wl_surface& surface, QPointF position)
 {
-    m_parts.seat.pointer()->hide(serial);
     const auto entered = positionOn(surface, position);
     if (!entered) {
         return;
@@ -380,7 +379,8 @@ void WaylandPickingSession::scrolled(ScrollDelta delta)
 
 void WaylandPickingSession::fingerMoved(wl_surface& surface, QPointF position)
 {
-    if (const auto moved = positionOn(surface, position)) {
+    if (auto moved = positionOn(surface, position)) {
+        moved->isFinger = true;
         m_pointer = moved;
         report(*moved);
     }

@@ -66,7 +66,7 @@ private:
     void reportMiddle();
     void showPendingLoupe();
 
-    void pointerEntered(wl_surface& surface, QPointF position, std::uint32_t serial) override;
+    void pointerEntered(wl_surface& surface, QPointF position) override;
     void pointerMoved(wl_surface& surface, QPointF position) override;
     void pointerLeft(wl_surface&) override {}
     void buttonPressed(PointerButton button, std::uint32_t serial) override;
