@@ -3,6 +3,7 @@
 #include "AppState.h"
 #include "Appearance.h"
 #include "Button.h"
+#include "ConfigurationFormat.h"
 #include "PanelView.h"
 #include "PopUpPicker.h"
 #include "Preferences.h"
@@ -70,6 +71,15 @@ private:
     PanelView* m_view;
 };
 
+void showLines(DemoSettings& view, ConfigurationFormat format)
+{
+    view.platform().shortcuts.line = [format](const QStringList& command, const Shortcut& keys) {
+        return configurationLine(format, {u"tintwick"_s, command.at(1)},
+                                 {keys.keyCode == keycode::c ? u"c"_s : u"p"_s, keys.modifiers});
+    };
+    view.platform().shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+}
+
 } // namespace
 
 void shootSettings(const QDir& folder)
@@ -131,6 +141,31 @@ void shootSettings(const QDir& folder)
         view.platform().permission.isGranted = false;
         view.grab();
         QApplication::processEvents();
+    });
+    for (const auto& [name, format] : {std::pair(u"sway"_s, ConfigurationFormat::Sway),
+                                       {u"labwc"_s, ConfigurationFormat::Labwc},
+                                       {u"gnome"_s, ConfigurationFormat::Gnome},
+                                       {u"unknown"_s, ConfigurationFormat::Unknown}}) {
+        shootTab(u"keys-"_s + name, SettingsTab::General,
+                 [format](DemoSettings& view) { showLines(view, format); });
+    }
+    shootTab(u"keys-copied"_s, SettingsTab::General, [](DemoSettings& view) {
+        showLines(view, ConfigurationFormat::Sway);
+        QAbstractButton& copy = button(view, u"Copy the line for Activate Picker"_s);
+        view.activateWindow();
+        copy.setFocus(Qt::TabFocusReason);
+        copy.click();
+    });
+    shootTab(u"keys-dialog"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.platform().shortcuts.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+        Q_EMIT view.platform().shortcuts.changed(u"activatePicker"_s, u"Alt+Shift+C"_s);
+        view.activateWindow();
+        button(view, u"Change the shortcut for Activate Picker"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootTab(u"keys-dialog-long"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.platform().shortcuts.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+        Q_EMIT view.platform().shortcuts.changed(u"activatePicker"_s, u"Press <Shift><Alt>c"_s);
+        Q_EMIT view.platform().shortcuts.changed(u"openMainWindow"_s, u"Ctrl+Alt+Shift+Print"_s);
     });
     Preferences preferences;
     preferences.setLoupeRadius(9);

@@ -18,8 +18,9 @@ int main(int argc, char** argv)
 {
     // Do not use the user's colours and settings.
     const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    qputenv("HOME", home.path().toUtf8());
+    qunsetenv("XDG_DATA_HOME");
+    qunsetenv("XDG_CONFIG_HOME");
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Tintwick"));
     QApplication::setApplicationName(QStringLiteral("Tintwick"));

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -22,8 +23,14 @@ public:
     KeyChoice choice = KeyChoice::Program;
     /// The windows for which the desktop's dialog was opened.
     QStringList dialogs;
-    /// What the user does to the desktop's configuration; "%1" stands for the command.
-    std::optional<ConfigurationLine> line;
+    /// What the user adds to the desktop's configuration; none where there is nothing to add.
+    std::function<ConfigurationLine(const QStringList& command, const Shortcut& keys)> line;
+
+    void setChoice(KeyChoice newChoice)
+    {
+        choice = newChoice;
+        Q_EMIT keyChoiceChanged();
+    }
 
     void bind(const QString& id, const QString& /*description*/,
               const std::optional<Shortcut>& preferred) override
@@ -54,9 +61,7 @@ public:
     [[nodiscard]] std::optional<ConfigurationLine> configurationLine(const QStringList& command,
                                                                      const Shortcut& keys) const override
     {
-        return line ? std::optional(
-                          ConfigurationLine{line->text.arg(keys.keyCode).arg(command.join(u' ')), line->hint})
-                    : std::nullopt;
+        return line ? std::optional(line(command, keys)) : std::nullopt;
     }
     /// Binds what is no longer taken.
     void retry() override

@@ -13,6 +13,8 @@ public:
     bool blends = true;
     int timesShown = 0;
     PanelAnchor lastAnchor;
+    /// How portals name every window.
+    QString handle;
 
     /// A click outside our windows.
     void clickElsewhere()
@@ -31,6 +33,7 @@ public:
     }
     void showAgain(PanelWindow& panel) override { show(panel, lastAnchor); }
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+    [[nodiscard]] QString portalHandle(const QWidget&) const override { return handle; }
 
 private:
     bool m_isDismissible = true;

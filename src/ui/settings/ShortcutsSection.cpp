@@ -27,6 +27,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr double lineRadius = 7;
+constexpr int lineMargin = 8;
 constexpr int rowHeight = 28;
 constexpr std::chrono::milliseconds copiedDuration{1600};
 
@@ -70,13 +71,21 @@ Stack* lineRow(ShortcutAction action, const QString& line)
     return column(gap(4), fillWidth(),
                   row(fillWidth(), fixedHeight(rowHeight), label(title, theme::font(13)), spacer(),
                       copyButton(ShortcutsSection::tr("Copy the line for %1").arg(title), line)),
-                  row(fillWidth(), padding(8, 6), ground(theme::field, lineRadius), outline(theme::border, 1),
-                      paragraph(line, theme::monospacedFont(11))));
+                  row(fillWidth(), padding(lineMargin, 6), ground(theme::field, lineRadius),
+                      outline(theme::border, 1),
+                      paragraph(line, settingsWidth - 2 * lineMargin, theme::monospacedFont(11))));
+}
+
+/// In a row that is too narrow, other labels are cut.
+Label* uncut(Label* label)
+{
+    label->setMinimumWidth(label->sizeHint().width());
+    return label;
 }
 
 Paragraph* hintBelow(const QString& text)
 {
-    return paragraph(text, theme::caption(), theme::textSecond);
+    return paragraph(text, settingsWidth, theme::caption(), theme::textSecond);
 }
 
 } // namespace
@@ -139,13 +148,15 @@ Stack* ShortcutsSection::dialogRows()
                               const QString text = m_services.shortcuts.text(action);
                               return text.isEmpty() ? tr("Not set") : text;
                           }).changedBy(m_services.shortcuts, &ShortcutRegistry::shortcutChanged);
-        TextButton* change = borderedButton(tr("Change…"), [this] {
+        const auto change = [this] {
             m_services.shortcuts.configure(m_services.panelHost ? m_services.panelHost->portalHandle(m_panel)
                                                                 : QString());
-        });
-        change->setAccessibleName(tr("Change the shortcut for %1").arg(titleOf(action)));
-        rows.append(row(gap(10), fillWidth(), label(titleOf(action), theme::font(13)), spacer(),
-                        label(keys, theme::font(13), theme::textSecond), change));
+        };
+        rows.append(row(
+            gap(16), fillWidth(), fixedHeight(rowHeight), uncut(label(titleOf(action), theme::font(13))),
+            spacer(), label(keys, theme::font(13), theme::textSecond),
+            plainTextButton(tr("Change the shortcut for %1").arg(titleOf(action)), change,
+                            uncut(label(tr("Change…"), theme::font(13, QFont::Medium), theme::accentText)))));
     }
     return settingsRows(rows);
 }

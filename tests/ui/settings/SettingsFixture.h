@@ -45,7 +45,8 @@ public:
     void open()
     {
         view = std::make_unique<SettingsScreen>(
-            state, preferences, RecorderServices{shortcuts, &platform.recording, platform.layout, menu},
+            state, preferences,
+            RecorderServices{shortcuts, &platform.recording, platform.layout, menu, &platform.panels},
             platform, panel);
         view->setParent(&panel);
         view->setGeometry(0, 51, 380, 529);

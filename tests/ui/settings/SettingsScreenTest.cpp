@@ -2,6 +2,7 @@
 
 #include "Button.h"
 #include "DataSettingsTab.h"
+#include "Paragraph.h"
 #include "Picker.h"
 #include "PopUpPicker.h"
 #include "SegmentedPicker.h"
@@ -12,6 +13,7 @@
 #include "ui/OwnHomeMain.h"
 #include "ui/settings/SettingsFixture.h"
 
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -90,6 +92,19 @@ QJsonObject storedData()
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
+/// The lines for the desktop's configuration and their hints, from top to bottom.
+QStringList paragraphs(const SettingsFixture& fixture)
+{
+    QList<Paragraph*> all = fixture.view->findChildren<Paragraph*>();
+    std::ranges::stable_sort(all, {},
+                             [](const Paragraph* each) { return each->mapTo(each->window(), QPoint()).y(); });
+    QStringList texts;
+    for (const Paragraph* each : all) {
+        texts.append(each->text());
+    }
+    return texts;
+}
+
 void click(QWidget* widget)
 {
     QVERIFY(widget != nullptr);
@@ -129,6 +144,15 @@ private Q_SLOTS:
 
     void recordedShortcutIsStoredAndGrabbed();
     void aShortcutOfAnotherProgramIsMarkedInItsRowUntilItIsFree();
+    void whereTheDesktopChoosesTheKeysTheyAreShownWithAButtonForItsDialog();
+    void aLongTextOfTheDesktopCutsNothingElse();
+    void whereOnlyTheUserBindsKeysTheLineIsShownAndCopied();
+    void aHintForEachLineStandsBelowIt();
+    void theLineFollowsTheKeyboardLayout();
+    void rowsFollowTheKeyChoice();
+    void withoutAnyShortcutsOfTheDesktopTheRecorderSaysSo();
+    void tabReachesTheButtonsOfAllRows();
+
     void chosenFormatIsSaved();
     void formatFollowsTheState();
 
@@ -469,6 +493,143 @@ void SettingsScreenTest::aShortcutOfAnotherProgramIsMarkedInItsRowUntilItIsFree(
     fixture.shortcuts.retryRefused();
     SettingsFixture::settle();
     QCOMPARE(fixture.texts(), before);
+}
+
+void SettingsScreenTest::whereTheDesktopChoosesTheKeysTheyAreShownWithAButtonForItsDialog()
+{
+    SettingsFixture fixture;
+    ScriptedGlobalShortcuts& desktop = fixture.platform.shortcuts;
+    desktop.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+    SettingsFixture::settle();
+    QCOMPARE(fixture.texts().mid(1, 6), (QStringList{u"Activate Picker"_s, u"Not set"_s, u"Change…"_s,
+                                                     u"Open Main Window"_s, u"Not set"_s, u"Change…"_s}));
+    QVERIFY(!fixture.texts().contains(u"Show keys as"_s));
+    QVERIFY(fixture.view->findChildren<ShortcutRecorder*>().isEmpty());
+
+    Q_EMIT desktop.changed(u"activatePicker"_s, u"Meta+Shift+C"_s);
+    SettingsFixture::settle();
+    QCOMPARE(fixture.texts().at(2), u"Meta+Shift+C"_s);
+    QCOMPARE(fixture.texts().at(5), u"Not set"_s);
+
+    fixture.platform.panels.handle = u"wayland:12"_s;
+    click(fixture.control<QAbstractButton>(u"Change the shortcut for Open Main Window"_s));
+    QCOMPARE(desktop.dialogs, QStringList{u"wayland:12"_s});
+}
+
+void SettingsScreenTest::aLongTextOfTheDesktopCutsNothingElse()
+{
+    SettingsFixture fixture;
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+    const QString text = u"Press <Control><Shift><Alt><Super>Print"_s;
+    Q_EMIT fixture.platform.shortcuts.changed(u"openMainWindow"_s, text);
+    SettingsFixture::settle();
+    for (const Label* each : fixture.view->findChildren<Label*>()) {
+        const bool isWhole = each->width() >= each->sizeHint().width();
+        QVERIFY2(isWhole == (each->text() != text), qPrintable(each->text()));
+        QCOMPARE(each->toolTip(), isWhole ? QString() : text);
+    }
+}
+
+void SettingsScreenTest::whereOnlyTheUserBindsKeysTheLineIsShownAndCopied()
+{
+    SettingsFixture fixture;
+    fixture.platform.shortcuts.line = [](const QStringList& command, const Shortcut& keys) {
+        return ConfigurationLine{u"bind %1 %2 %3"_s.arg(keys.keyCode).arg(keys.modifiers).arg(command.at(1)),
+                                 u"Add a line to ~/.config/desktop."_s};
+    };
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+    SettingsFixture::settle();
+    // Alt+Shift+C, and Alt+Shift+P as an example for the action that has no keys.
+    QCOMPARE(paragraphs(fixture), (QStringList{u"bind 8 2560 pick"_s, u"bind 35 2560 panel"_s,
+                                               u"Add a line to ~/.config/desktop."_s}));
+    QVERIFY(fixture.view->findChildren<ShortcutRecorder*>().isEmpty());
+    QVERIFY(!fixture.texts().contains(u"Show keys as"_s));
+    QVERIFY(!fixture.texts().contains(u"Copied"_s));
+
+    auto* copy = fixture.control<QAbstractButton>(u"Copy the line for Open Main Window"_s);
+    click(copy);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"bind 35 2560 panel"_s);
+    QCOMPARE(copy->findChild<Label*>()->text(), u"Copied"_s);
+    QCOMPARE(fixture.texts().count(u"Copy"_s), 1);
+    QTRY_COMPARE(copy->findChild<Label*>()->text(), u"Copy"_s);
+
+    fixture.shortcuts.setShortcut(ShortcutAction::ActivatePicker, Shortcut{96, 0});
+    SettingsFixture::settle();
+    QCOMPARE(paragraphs(fixture).first(), u"bind 96 0 pick"_s);
+}
+
+void SettingsScreenTest::aHintForEachLineStandsBelowIt()
+{
+    SettingsFixture fixture;
+    fixture.platform.shortcuts.line = [](const QStringList& command, const Shortcut& keys) {
+        return ConfigurationLine{command.at(1), u"For example key %1."_s.arg(keys.keyCode)};
+    };
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+    SettingsFixture::settle();
+    QCOMPARE(paragraphs(fixture),
+             (QStringList{u"pick"_s, u"For example key 8."_s, u"panel"_s, u"For example key 35."_s}));
+}
+
+void SettingsScreenTest::theLineFollowsTheKeyboardLayout()
+{
+    SettingsFixture fixture;
+    QString key = u"c"_s;
+    fixture.platform.shortcuts.line = [&key](const QStringList&, const Shortcut&) {
+        return ConfigurationLine{key, {}};
+    };
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+    QCOMPARE(paragraphs(fixture).first(), u"c"_s);
+    key = u"j"_s;
+    Q_EMIT fixture.platform.layout.changed();
+    QCOMPARE(paragraphs(fixture).first(), u"j"_s);
+}
+
+void SettingsScreenTest::rowsFollowTheKeyChoice()
+{
+    SettingsFixture fixture;
+    QCOMPARE(fixture.view->findChildren<ShortcutRecorder*>().size(), 2);
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+    QCOMPARE(fixture.view->findChildren<ShortcutRecorder*>().size(), 0);
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::Program);
+    QCOMPARE(fixture.view->findChildren<ShortcutRecorder*>().size(), 2);
+}
+
+void SettingsScreenTest::withoutAnyShortcutsOfTheDesktopTheRecorderSaysSo()
+{
+    SettingsFixture fixture;
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+    const auto recorders = fixture.view->findChildren<ShortcutRecorder*>();
+    QCOMPARE(recorders.size(), 2);
+    QCOMPARE(recorders.first()->text(), QString());
+    QCOMPARE(recorders.first()->placeholder(), u"Not Available"_s);
+}
+
+void SettingsScreenTest::tabReachesTheButtonsOfAllRows()
+{
+    SettingsFixture fixture;
+    const auto order = [&fixture] {
+        QStringList names;
+        fixture.segment(u"Tab"_s, u"General"_s)->setFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Tab);
+            names.append(fixture.panel.focusWidget()->accessibleName());
+        }
+        return names;
+    };
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::DesktopDialog);
+    SettingsFixture::settle();
+    QCOMPARE(order(), (QStringList{u"Change the shortcut for Activate Picker"_s,
+                                   u"Change the shortcut for Open Main Window"_s, u"Square"_s}));
+    QTest::keyClick(fixture.control<QAbstractButton>(u"Change the shortcut for Activate Picker"_s),
+                    Qt::Key_Return);
+    QCOMPARE(fixture.platform.shortcuts.dialogs.size(), 1);
+    fixture.platform.shortcuts.line = [](const QStringList&, const Shortcut&) {
+        return ConfigurationLine{u"line"_s, u"hint"_s};
+    };
+    fixture.platform.shortcuts.setChoice(GlobalShortcuts::KeyChoice::None);
+    SettingsFixture::settle();
+    QCOMPARE(order(), (QStringList{u"Copy the line for Activate Picker"_s,
+                                   u"Copy the line for Open Main Window"_s, u"Square"_s}));
 }
 
 void SettingsScreenTest::chosenFormatIsSaved()

@@ -4,65 +4,42 @@
 #include "Appearance.h"
 
 #include <QPainter>
-#include <QTextLayout>
 
 #include <cmath>
-#include <utility>
 
 namespace tintwick {
 
-Paragraph::Paragraph(QString text, const QFont& font, const theme::Color& color)
-    : m_text(std::move(text))
+Paragraph::Paragraph(const QString& text, int width, const QFont& font, const theme::Color& color)
+    : m_lines(text, font)
     , m_color(color)
 {
     describeToScreenReaders<Paragraph>(QAccessible::StaticText);
-    setFont(font);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setAccessibleName(m_text);
-}
-
-QSize Paragraph::sizeHint() const
-{
-    QTextLayout layout(m_text, font());
-    return {0, static_cast<int>(std::ceil(breakLines(layout)))};
-}
-
-double Paragraph::breakLines(QTextLayout& layout) const
-{
+    setAccessibleName(text);
     QTextOption option;
     // A path may be longer than a line.
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.beginLayout();
+    m_lines.setTextOption(option);
+    m_lines.beginLayout();
     double height = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width());
+    for (QTextLine line = m_lines.createLine(); line.isValid(); line = m_lines.createLine()) {
+        line.setLineWidth(width);
         line.setPosition({0, height});
         height += line.height();
     }
-    layout.endLayout();
-    return height;
-}
-
-// The layouts of this program ask for one size and not for the height of a width.
-void Paragraph::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    updateGeometry();
+    m_lines.endLayout();
+    setFixedSize(width, static_cast<int>(std::ceil(height)));
 }
 
 void Paragraph::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(m_color.in(Appearance::of(this)));
-    QTextLayout layout(m_text, font());
-    breakLines(layout);
-    layout.draw(&painter, {});
+    m_lines.draw(&painter, {});
 }
 
-Paragraph* paragraph(const QString& text, const QFont& font, const theme::Color& color)
+Paragraph* paragraph(const QString& text, int width, const QFont& font, const theme::Color& color)
 {
-    return new Paragraph(text, font, color);
+    return new Paragraph(text, width, font, color);
 }
 
 } // namespace tintwick

@@ -2,38 +2,30 @@
 
 #include "Theme.h"
 
+#include <QTextLayout>
 #include <QWidget>
-
-#include <cstdint>
-
-class QTextLayout;
 
 namespace tintwick {
 
-/// A text that wraps at the width of the widget, which is as high as its lines.
+/// A text that is broken into lines of a fixed width, in points. The widget is as high as its lines.
 class Paragraph final : public QWidget
 {
     Q_OBJECT
 
 public:
-    Paragraph(QString text, const QFont& font, const theme::Color& color);
+    Paragraph(const QString& text, int width, const QFont& font, const theme::Color& color);
 
-    [[nodiscard]] QString text() const { return m_text; }
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QString text() const { return m_lines.text(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// Breaks the text into lines of the present width. Returns their height.
-    double breakLines(QTextLayout& layout) const;
-
-    QString m_text;
+    QTextLayout m_lines;
     theme::Color m_color;
 };
 
-[[nodiscard]] Paragraph* paragraph(const QString& text, const QFont& font,
+[[nodiscard]] Paragraph* paragraph(const QString& text, int width, const QFont& font,
                                    const theme::Color& color = theme::textPrimary);
 
 } // namespace tintwick
