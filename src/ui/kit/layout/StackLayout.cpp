@@ -47,6 +47,9 @@ QSize StackItem::minimumSize() const
 
 QSize StackItem::maximumSize() const
 {
+    if (isEmpty()) {
+        return {0, 0};
+    }
     // A box layout limits all items to the smallest maximum.
     QSize size = QWidgetItem::maximumSize().shrunkBy(overhangOf(*widget()));
     if (m_direction == Qt::Vertical) {
