@@ -229,6 +229,10 @@ private Q_SLOTS:
     void headerShowsCopyAndScreenClosesWithItsPalette();
     void menuOffersAllFormatsInOrder();
     void removingARowKeepsTheColor();
+    void removedRowLeavesItsPlaceEmptyUntilThePointerMoves_data();
+    void removedRowLeavesItsPlaceEmptyUntilThePointerMoves();
+    void undoFillsTheEmptyPlace();
+    void rowRemovedByKeyboardLeavesNoEmptyPlace();
     void buttonsOfARowHaveAHoverState();
     void droppedTexts_data();
     void droppedTexts();
@@ -543,8 +547,86 @@ void CollectionDetailViewTest::removingARowKeepsTheColor()
     QCOMPARE(screen.shown(), QStringLiteral("#111111 #333333"));
     QCOMPARE(screen.stored(), QStringLiteral("#111111 #333333"));
     QCOMPARE(screen.state.history().size(), 3);
-    QCOMPARE(screen.row(1).y(), 54);
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
+}
+
+void CollectionDetailViewTest::removedRowLeavesItsPlaceEmptyUntilThePointerMoves_data()
+{
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<int>("scroll");
+    QTest::newRow("first") << 0 << 0;
+    QTest::newRow("in the middle") << 2 << 0;
+    QTest::newRow("last") << 11 << 1000;
+    QTest::newRow("before the last, at the end of the list") << 10 << 1000;
+}
+
+void CollectionDetailViewTest::removedRowLeavesItsPlaceEmptyUntilThePointerMoves()
+{
+    QFETCH(const int, removed);
+    QFETCH(const int, scroll);
+    PaletteFixture screen(numbered(12));
+    screen.scrollArea().verticalScrollBar()->setValue(scroll);
+    screen.settle();
+    const auto places = [&] {
+        QHash<QString, int> tops;
+        for (const ColorDetailRow* row : screen.view->rows()) {
+            tops.insert(row->color().hex6(), screen.inWindow(*row, {}).y());
+        }
+        return tops;
+    };
+    QHash<QString, int> before = places();
+    const QString code = screen.row(removed).color().hex6();
+    const QPoint place = screen.inWindow(screen.row(removed).removeButton(), QPoint(12, 12));
+    screen.move(place);
+    screen.press(place);
+    screen.release(place);
+    screen.settle();
+    before.remove(code);
+    QCOMPARE(places(), before);
+
+    // A second click and a trembling hand remove nothing.
+    screen.move(place + QPoint(1, 1));
+    screen.press(place + QPoint(1, 1));
+    screen.release(place + QPoint(1, 1));
+    screen.move(place - QPoint(2, 1));
+    screen.settle();
+    QCOMPARE(places(), before);
+    QCOMPARE(screen.collection().colorIds.size(), 11);
+    QCOMPARE(clipboardText(), QStringLiteral("untouched"));
+
+    screen.move(place - QPoint(0, 20));
+    screen.settle();
+    QCOMPARE(screen.list().height(), 11 * 54);
+    for (int i = 0; i < 11; ++i) {
+        QCOMPARE(screen.row(i).y(), i * 54);
+    }
+}
+
+void CollectionDetailViewTest::undoFillsTheEmptyPlace()
+{
+    PaletteFixture screen(numbered(3));
+    const QPoint place = screen.inWindow(screen.row(1).removeButton(), QPoint(12, 12));
+    screen.move(place);
+    screen.press(place);
+    screen.release(place);
+    screen.settle();
+    QCOMPARE(screen.row(1).y(), 108);
+    screen.state.undo();
+    screen.settle();
+    QCOMPARE(screen.shown(), QStringLiteral("#000001 #000002 #000003"));
+    QCOMPARE(screen.list().height(), 3 * 54);
+    QCOMPARE(screen.row(1).y(), 54);
+    QCOMPARE(screen.row(2).y(), 108);
+}
+
+void CollectionDetailViewTest::rowRemovedByKeyboardLeavesNoEmptyPlace()
+{
+    PaletteFixture screen(numbered(3));
+    screen.row(1).removeButton().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&screen.row(1).removeButton(), Qt::Key_Return);
+    screen.settle();
+    QCOMPARE(screen.row(1).y(), 54);
+    QCOMPARE(screen.list().height(), 2 * 54);
 }
 
 void CollectionDetailViewTest::buttonsOfARowHaveAHoverState()

@@ -32,22 +32,24 @@ public:
     {
         QMultiHash<QUuid, View*> old = std::exchange(m_byId, {});
         m_views.clear();
+        QList<View*> present;
         for (const Record& record : records) {
-            View* view = old.take(record.id);
-            if (view == nullptr) {
-                view = m_make();
-            }
+            present.append(old.take(record.id));
+        }
+        // Before the others move, so that the container knows the place that becomes free.
+        for (View* view : std::as_const(old)) {
+            m_container.remove(view);
+            // Its own menu or drop may have changed the list and be on the call stack.
+            view->deleteLater();
+        }
+        for (const Record& record : records) {
             const qsizetype position = m_views.size();
+            View* view = present[position] != nullptr ? present[position] : m_make();
             m_set(*view, record, position);
             m_container.insert(static_cast<int>(position), view);
             view->show();
             m_views.append(view);
             m_byId.insert(record.id, view);
-        }
-        for (View* view : std::as_const(old)) {
-            m_container.remove(view);
-            // Its own menu or drop may have changed the list and be on the call stack.
-            view->deleteLater();
         }
     }
 

@@ -79,7 +79,7 @@ ReorderList::~ReorderList() = default;
 
 QSize ReorderList::sizeHint() const
 {
-    return {0, static_cast<int>(count()) * m_rowHeight};
+    return {0, (static_cast<int>(count()) + (m_emptySlot >= 0 ? 1 : 0)) * m_rowHeight};
 }
 
 void ReorderList::insert(int position, Clickable* row)
@@ -89,6 +89,7 @@ void ReorderList::insert(int position, Clickable* row)
         return;
     }
     cancel();
+    releaseSlot();
     if (now < 0) {
         row->setParent(this);
         row->installEventFilter(this);
@@ -106,6 +107,10 @@ void ReorderList::insert(int position, Clickable* row)
 void ReorderList::remove(Clickable* row)
 {
     cancel();
+    releaseSlot();
+    if (row->isHovered()) {
+        holdSlot(positionOf(row));
+    }
     row->removeEventFilter(this);
     row->hide();
     std::erase_if(m_rows, [row](const Row& candidate) { return candidate.view == row; });
@@ -119,6 +124,33 @@ void ReorderList::remove(Clickable* row)
     }
     countChanged();
     sendRowsToTheirSlots();
+}
+
+void ReorderList::holdSlot(qsizetype slot)
+{
+    m_emptySlot = slot;
+    m_restingPointer.reset();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void ReorderList::releaseSlot()
+{
+    if (m_emptySlot < 0) {
+        return;
+    }
+    m_emptySlot = -1;
+    QCoreApplication::instance()->removeEventFilter(this);
+    countChanged();
+    sendRowsToTheirSlots();
+}
+
+void ReorderList::followPointer(const QMouseEvent& move)
+{
+    const QPointF start = m_restingPointer.value_or(move.globalPosition());
+    m_restingPointer = start;
+    if ((move.globalPosition() - start).manhattanLength() >= QApplication::startDragDistance()) {
+        releaseSlot();
+    }
 }
 
 void ReorderList::countChanged()
@@ -146,8 +178,8 @@ void ReorderList::reveal(const Clickable& row) const
     QScrollArea* area = scrollArea();
     if (position >= 0 && area != nullptr) {
         // Its slot, because the row itself may still be moving.
-        area->ensureVisible(0, static_cast<int>(position) * m_rowHeight + m_rowHeight / 2, 0,
-                            m_rowHeight / 2);
+        const double top = m_rows[static_cast<std::size_t>(position)].top.target();
+        area->ensureVisible(0, static_cast<int>(top) + m_rowHeight / 2, 0, m_rowHeight / 2);
     }
 }
 
@@ -155,11 +187,13 @@ bool ReorderList::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide) {
         cancel();
+        releaseSlot();
     }
     return QWidget::event(event);
 }
 
-// The filter of each row, and of the application while a row is carried, so that Escape cancels the drag wherever the focus is.
+// The filter of each row; of the application while a row is carried, so that Escape cancels the drag wherever the focus is, and
+// while a slot is held, because widgets do not report each move of the pointer.
 bool ReorderList::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
@@ -172,6 +206,9 @@ bool ReorderList::eventFilter(QObject* watched, QEvent* event)
         }
         event->accept();
         return true;
+    }
+    if (m_emptySlot >= 0 && type == QEvent::MouseMove) {
+        followPointer(static_cast<QMouseEvent&>(*event));
     }
     const qsizetype position = positionOf(watched);
     if (position < 0) {
@@ -233,6 +270,7 @@ void ReorderList::press(Clickable& row, QPointF globalPosition)
 
 void ReorderList::lift()
 {
+    releaseSlot();
     m_lifted = m_held;
     m_held->setDown(false);
     m_held->setCursor(Qt::ClosedHandCursor);
@@ -292,7 +330,9 @@ void ReorderList::sendRowsToTheirSlots()
             continue;
         }
         Spring& top = m_rows[static_cast<std::size_t>(position)].top;
-        const double target = static_cast<double>(m_drag.slotOf(position)) * m_rowHeight;
+        const qsizetype slot =
+            m_drag.slotOf(position) + (m_emptySlot >= 0 && position >= m_emptySlot ? 1 : 0);
+        const double target = static_cast<double>(slot) * m_rowHeight;
         if (isVisible()) {
             top.setTarget(target);
         } else {

@@ -8,8 +8,10 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
+class QMouseEvent;
 class QScrollArea;
 
 namespace tintwick {
@@ -18,7 +20,8 @@ class Clickable;
 
 /// Rows of equal height that the user can reorder: by dragging a row, or with Alt and the arrow keys on the focused row. The list
 /// emits `moveRequested()` and moves nothing itself; the owner of the records then inserts the rows in their new order. A drag
-/// is cancelled by Escape, when the window is deactivated, and when rows are inserted, moved or removed.
+/// is cancelled by Escape, when the window is deactivated, and when rows are inserted, moved or removed. A row that is removed
+/// below the pointer leaves its slot empty until the pointer moves on, so that a second click does not hit the next row.
 ///
 /// The arrow keys, Home and End move the focus. Inside a scroll area the list scrolls while a row is held at an edge.
 ///
@@ -89,6 +92,9 @@ private:
     [[nodiscard]] bool scrollAtEdge(double seconds);
     void placeRows();
     void countChanged();
+    void holdSlot(qsizetype slot);
+    void releaseSlot();
+    void followPointer(const QMouseEvent& move);
 
     int m_rowHeight;
     int m_separatorInset;
@@ -99,6 +105,10 @@ private:
     /// The row on which the button was pressed.
     QPointer<Clickable> m_held;
     bool m_isScrolling = false;
+    /// Where a row was removed below the pointer; -1 when no slot is empty.
+    qsizetype m_emptySlot = -1;
+    /// The first position of the pointer since then, in global coordinates.
+    std::optional<QPointF> m_restingPointer;
 
     /// Below the row that is carried or comes down after a drag.
     Plate* m_plate;
