@@ -4,8 +4,11 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTest>
+#include <QUuid>
 
 #include <X11/keysym.h>
+
+#include <optional>
 
 using namespace tintwick;
 
@@ -23,18 +26,25 @@ const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89
 // left side of the first row's square on the screen of a palette.
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
+constexpr QPoint firstRemoveButton(356, 132);
 constexpr int rowHeight = 54;
 
-/// A red, a green and a blue colour in one palette.
-void keepAPalette(const PrivateDesktop& desktop)
+/// A red, a green and a blue colour in one palette. The history has them last, after as many white ones.
+void keepAPalette(const PrivateDesktop& desktop, int whiteColors = 0)
 {
     const auto color = [](const QString& id, const char* components) {
         return R"({"id": ")" + id.toUtf8() + R"(", )" + components +
                R"(, "alpha": 1, "capturedAt": "2026-01-02T03:04:05Z"})";
     };
+    QByteArray white;
+    for (int i = 0; i < whiteColors; ++i) {
+        white +=
+            color(QUuid::createUuid().toString(QUuid::WithoutBraces), R"("red": 1, "green": 1, "blue": 1)") +
+            ", ";
+    }
     keepData(
         desktop,
-        R"({"history": [)" + color(ids[0], R"("red": 1, "green": 0, "blue": 0)") + ", " +
+        R"({"history": [)" + white + color(ids[0], R"("red": 1, "green": 0, "blue": 0)") + ", " +
             color(ids[1], R"("red": 0, "green": 1, "blue": 0)") + ", " +
             color(ids[2], R"("red": 0, "green": 0, "blue": 1)") +
             R"(], "collections": [{"id": "7D444840-9DC0-11D1-B245-5FFDCE74FAD2", "name": "Brand", "colorIds": [")" +
@@ -63,10 +73,15 @@ private Q_SLOTS:
     void aRowIsDraggedToAnotherPlace_data();
     void aRowIsDraggedToAnotherPlace();
     void escapeEndsTheDragAndDoesNotHideThePanel();
+    void aRemovedRowLeavesItsPlaceEmptyUntilThePointerMoves();
+    void aRemovedColorComesBack();
+    void aPaletteKeepsTheColorThatAPickPushesOutOfTheHistory();
 
 private:
     /// Opens the palette by clicks and waits for its rows.
     static bool openPalette(PrivateDesktop& desktop, TintwickProcess& program);
+    /// The middle of the title "Undo" below the rows; none while it is not shown.
+    static std::optional<QPoint> undoTitle(PrivateDesktop& desktop, TintwickProcess& program);
     static QRgb rowColor(PrivateDesktop& desktop, TintwickProcess& program, int position);
     static void dragFirstRowToTheEnd(PrivateDesktop& desktop, TintwickProcess& program);
 };
@@ -82,6 +97,24 @@ bool PaletteTest::openPalette(PrivateDesktop& desktop, TintwickProcess& program)
     }
     desktop.clickAt(program.panel().topLeft() + card);
     return waitUntil([&] { return rowColor(desktop, program, 2) == qRgb(0, 0, 255); });
+}
+
+std::optional<QPoint> PaletteTest::undoTitle(PrivateDesktop& desktop, TintwickProcess& program)
+{
+    // The only text there in the accent colour.
+    const QRect panel = program.panel();
+    const QRect bottom(panel.left() + 20, panel.bottom() - 45, panel.width() - 40, 35);
+    const QImage picture = desktop.screenshot().copy(bottom);
+    QRect title;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            if (qBlue(pixel) - qRed(pixel) > 100) {
+                title |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return title.isEmpty() ? std::nullopt : std::optional(bottom.topLeft() + title.center());
 }
 
 QRgb PaletteTest::rowColor(PrivateDesktop& desktop, TintwickProcess& program, int position)
@@ -151,6 +184,88 @@ void PaletteTest::escapeEndsTheDragAndDoesNotHideThePanel()
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPanelToHide());
     QCOMPARE(storedIds(program), ids);
+}
+
+void PaletteTest::aRemovedRowLeavesItsPlaceEmptyUntilThePointerMoves()
+{
+    PrivateDesktop desktop({});
+    keepAPalette(desktop);
+    TintwickProcess program(desktop);
+    QVERIFY(openPalette(desktop, program));
+
+    const QPoint remove = program.panel().topLeft() + firstRemoveButton;
+    desktop.clickAt(remove);
+    QVERIFY(waitUntil([&] { return storedIds(program) == QStringList({ids[1], ids[2]}); }));
+    static_cast<void>(desktop.settledScreenshot());
+    // The others stay, and a second click hits none of them.
+    QCOMPARE(rowColor(desktop, program, 1), qRgb(0, 255, 0));
+    QCOMPARE(rowColor(desktop, program, 2), qRgb(0, 0, 255));
+    desktop.click();
+    static_cast<void>(desktop.settledScreenshot());
+    QCOMPARE(storedIds(program), QStringList({ids[1], ids[2]}));
+    QCOMPARE(rowColor(desktop, program, 1), qRgb(0, 255, 0));
+
+    desktop.movePointer(remove + QPoint(-8, 0));
+    desktop.movePointer(remove + QPoint(-30, 0));
+    QVERIFY(waitUntil([&] { return rowColor(desktop, program, 0) == qRgb(0, 255, 0); }));
+    QCOMPARE(rowColor(desktop, program, 1), qRgb(0, 0, 255));
+}
+
+void PaletteTest::aRemovedColorComesBack()
+{
+    PrivateDesktop desktop({});
+    keepAPalette(desktop);
+    TintwickProcess program(desktop);
+    QVERIFY(openPalette(desktop, program));
+    const QStringList without{ids[1], ids[2]};
+    const auto isStored = [&](const QStringList& expected) {
+        return waitUntil([&] { return storedIds(program) == expected; });
+    };
+
+    desktop.clickAt(program.panel().topLeft() + firstRemoveButton);
+    QVERIFY(isStored(without));
+    QVERIFY(waitUntil([&] { return undoTitle(desktop, program).has_value(); }));
+    static_cast<void>(desktop.settledScreenshot());
+    desktop.clickAt(*undoTitle(desktop, program));
+    QVERIFY(isStored(ids));
+    QVERIFY(waitUntil([&] { return rowColor(desktop, program, 0) == qRgb(255, 0, 0); }));
+    QVERIFY(waitUntil([&] { return !undoTitle(desktop, program); }));
+
+    desktop.typeKey(XK_z, {XK_Control_L, XK_Shift_L});
+    QVERIFY(isStored(without));
+    desktop.typeKey(XK_z, {XK_Control_L});
+    QVERIFY(isStored(ids));
+    desktop.typeKey(XK_z, {XK_Control_L, XK_Shift_L});
+    QVERIFY(isStored(without));
+    QVERIFY(waitUntil([&] { return undoTitle(desktop, program).has_value(); }));
+    // By itself, after six seconds.
+    desktop.movePointer(program.panel().topLeft() + card);
+    QVERIFY(waitUntil([&] { return !undoTitle(desktop, program); }));
+    desktop.typeKey(XK_z, {XK_Control_L});
+    QVERIFY(isStored(ids));
+}
+
+void PaletteTest::aPaletteKeepsTheColorThatAPickPushesOutOfTheHistory()
+{
+    PrivateDesktop desktop({});
+    const auto picture = desktop.showPicture();
+    keepAPalette(desktop, 97);
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    QVERIFY(program.startPicking());
+    desktop.movePointer(desktop.screen().center());
+    desktop.click();
+    QVERIFY(program.waitForPickToEnd());
+    const auto stored = [&](const QString& key) { return program.data().value(key).toArray(); };
+    QVERIFY(waitUntil([&] { return stored(u"keptColors"_s).size() == 1; }));
+    QCOMPARE(stored(u"history"_s).size(), 100);
+    QCOMPARE(stored(u"keptColors"_s).first().toObject().value("id"_L1).toString(), ids[2]);
+    QCOMPARE(stored(u"history"_s).last().toObject().value("id"_L1).toString(), ids[1]);
+
+    QVERIFY(openPalette(desktop, program));
+    QCOMPARE(rowColor(desktop, program, 0), qRgb(255, 0, 0));
+    desktop.clickAt(program.panel().topLeft() + firstRow + QPoint(0, 2 * rowHeight));
+    QVERIFY(program.waitForClipboard("#0000FF"));
 }
 
 QTEST_GUILESS_MAIN(PaletteTest)

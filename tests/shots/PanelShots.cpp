@@ -2,12 +2,15 @@
 
 #include "AppState.h"
 #include "Appearance.h"
+#include "Button.h"
 #include "CollectionRowCard.h"
+#include "ColorDetailRow.h"
 #include "DashboardSwatchView.h"
 #include "DashboardView.h"
 #include "Overlay.h"
 #include "PanelView.h"
 #include "Preferences.h"
+#include "UndoPill.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
 
@@ -18,6 +21,7 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTimer>
 
 namespace tintwick {
 
@@ -65,6 +69,13 @@ private:
     Preferences m_preferences;
     PanelView* m_view;
 };
+
+/// Ends the time for which the last change is offered for undo.
+void letOfferEnd(DemoPanel& panel)
+{
+    panel.view().findChild<UndoPill*>()->findChild<QTimer*>()->start(0);
+    QApplication::processEvents();
+}
 
 const QList<QColor> fewColors{QColor(0x3B, 0x82, 0xF6), QColor(0xF5, 0x4D, 0x4D), QColor(0x1A, 0xBF, 0x80)};
 
@@ -123,6 +134,7 @@ void shootMainPanel(const QDir& folder)
         for (qsizetype i = 0; i < names.size(); ++i) {
             panel.state().renameColor(panel.state().history().at(i).id, names.at(i));
         }
+        letOfferEnd(panel);
         panel.view().setSelectedCollectionId(panel.state().collections().first().id);
         QApplication::processEvents();
     });
@@ -153,6 +165,49 @@ void shootMainPanel(const QDir& folder)
     shootState(u"ghost-palette"_s, manyColors(3), {}, [](DemoPanel& panel) {
         const QUuid ghost = panel.state().createCollection(u"Ghost"_s).id;
         panel.state().addColor(QUuid::createUuid(), ghost);
+        letOfferEnd(panel);
+    });
+    shootState(u"undo"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { panel.state().deleteColor(panel.state().history().first().id); });
+    shootState(u"undo-palettes"_s, manyColors(8),
+               {{u"Brand"_s, 3}, {u"Website"_s, 1}, {u"Icons"_s, 4}, {u"Print"_s, 0}}, [](DemoPanel& panel) {
+                   panel.state().deleteCollection(panel.state().collections().at(1).id);
+                   QApplication::processEvents();
+               });
+    shootState(u"undo-history"_s, manyColors(60), {}, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(PanelView::historySelectionId);
+        panel.state().deleteColor(panel.state().history().at(3).id);
+    });
+    shootState(u"undo-cleared"_s, manyColors(60), {}, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(PanelView::historySelectionId);
+        panel.state().clearHistory();
+    });
+    shootState(u"undo-row"_s, manyColors(12), {{u"Brand"_s, 12}}, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
+        QApplication::processEvents();
+        ColorDetailRow& row = *panel.findChildren<ColorDetailRow*>().at(2);
+        hover(row);
+        row.removeButton().click();
+    });
+    shootState(u"undo-long-name"_s, manyColors(8),
+               {{u"Everything that was ever on the landing page of the shop"_s, 3}}, [](DemoPanel& panel) {
+                   panel.state().deleteCollection(panel.state().collections().first().id);
+               });
+    shootState(u"undo-focus"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.activateWindow();
+        panel.state().deleteColor(panel.state().history().first().id);
+        button(panel, u"Undo"_s).setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"undone"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.state().deleteColor(panel.state().history().first().id);
+        panel.state().undo();
+        QApplication::processEvents();
+    });
+    shootState(u"kept"_s, manyColors(102), {{u"Brand"_s, 4}}, [](DemoPanel& panel) {
+        for (int i = 0; i < 100; ++i) {
+            panel.state().addToHistory(CapturedColor::capture(0x88AA99));
+        }
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
     });
     shootState(u"copied"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.state().showCopyFeedback(ColorFormat::Hex6, panel.state().history().first());

@@ -308,7 +308,7 @@ void DashboardViewTest::focusedControlIsScrolledIntoView()
     for (int i = 0; i < 9; ++i) {
         panel.state.createCollection(QString::number(i));
     }
-    panel.settle();
+    panel.letOfferEnd();
     QWidget* add = button(panel.dashboard(), QStringLiteral("New Palette"));
     QVERIFY(!panel.view->rect().contains(placeIn(*panel.view, *add)));
     // Backtab on the first control of the panel focuses the last.

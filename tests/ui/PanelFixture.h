@@ -5,10 +5,12 @@
 #include "PanelView.h"
 #include "Preferences.h"
 #include "Ticker.h"
+#include "UndoPill.h"
 #include "ui/Probes.h"
 
 #include <QApplication>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -53,6 +55,14 @@ public:
         if (m_later) {
             m_later();
         }
+    }
+
+    /// Ends the time for which the last change is offered for undo.
+    void letOfferEnd() const
+    {
+        view->findChild<UndoPill*>()->findChild<QTimer*>()->start(0);
+        settle();
+        settle();
     }
 
     /// Finishes animations and layout.

@@ -203,7 +203,7 @@ void PanelViewTest::screenFitsALowPanel()
         panel.state.createCollection(QString::number(i));
     }
     const auto* page = panel.dashboard().findChild<ScrollArea*>();
-    panel.settle();
+    panel.letOfferEnd();
     QCOMPARE(page->mapTo(panel.view.get(), QPoint(0, page->height())), QPoint(0, 580));
     panel.view->resize(380, 300);
     panel.settle();
@@ -520,13 +520,14 @@ void PanelViewTest::everyControlHasANameAndARole_data()
     QTest::addColumn<int>("collections");
     QTest::addColumn<QString>("screen");
     QTest::addColumn<int>("controls");
-    // Every screen has the appearance and settings buttons; all but the dashboard have the back button.
+    // Every screen has the appearance and settings buttons; all but the dashboard have the back button. After a change there is
+    // a button to undo it.
     QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 2 + 2;
-    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1;
+    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1 + 1;
     QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
     QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
-    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3;
-    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3;
+    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3 + 1;
+    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3 + 1;
     QTest::newRow("the overlay of a new palette") << 1 << 0 << QStringLiteral("overlay") << 2;
 }
 

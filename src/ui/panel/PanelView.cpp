@@ -18,6 +18,7 @@
 #include "Stack.h"
 #include "SymbolView.h"
 #include "Theme.h"
+#include "UndoPill.h"
 
 #include <QDesktopServices>
 #include <QEvent>
@@ -71,7 +72,8 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
         m_header = panelHeader(),
         rule(),
         m_notice = new NoticeView,
-        m_screens = column(m_dashboard = new DashboardView(m_appState, *this))));
+        m_screens = column(m_dashboard = new DashboardView(m_appState, *this)),
+        m_undoPill = new UndoPill(m_appState, *this)));
     // clang-format on
     applyColorScheme();
     showHeader();
@@ -371,6 +373,7 @@ void PanelView::showScreen(const ScreenChoice& choice)
     if (m_detail != nullptr) {
         m_screens->add(m_detail);
         m_detail->show();
+        m_undoPill->moveToEndOfTabOrder();
     }
     if (left != nullptr) {
         m_screens->remove(left);

@@ -23,6 +23,7 @@ class Preferences;
 class Stack;
 class SymbolView;
 class TextButton;
+class UndoPill;
 
 /// The content of the panel: a header, and below it the settings, the history, a collection or the dashboard. Paints the
 /// rounded background.
@@ -136,6 +137,7 @@ private:
     PlainButton* m_schemeToggle = nullptr;
     TextButton* m_done = nullptr;
 
+    UndoPill* m_undoPill = nullptr;
     NoticeView* m_notice = nullptr;
     QString m_passingNotice;
     bool m_hasToldOfUnreadableFile = false;

@@ -1,0 +1,176 @@
+#include "UndoPill.h"
+
+#include "Accessibility.h"
+#include "AppState.h"
+#include "Button.h"
+#include "Label.h"
+#include "Overlay.h"
+#include "Stack.h"
+#include "Theme.h"
+
+#include <QAccessible>
+#include <QLayoutItem>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace tintwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// In points.
+constexpr int pillHeight = 32;
+constexpr int gapAbove = 6;
+constexpr int gapBelow = 12;
+constexpr int sideGap = 16;
+/// From the button's title to its tint and focus ring.
+constexpr QMargins ringMargins(5, 3, 5, 3);
+constexpr double ringRadius = 7;
+constexpr double duration = 0.18;
+
+Label* pillLabel(const QString& text, const theme::Color& color)
+{
+    return label(text, theme::font(12, QFont::Medium), color);
+}
+
+} // namespace
+
+UndoPill::UndoPill(AppState& appState, QWidget& panel)
+    : m_appState(appState)
+    , m_panel(panel)
+    , m_text(pillLabel({}, theme::textSecond))
+    , m_dash(pillLabel(u"–"_s, theme::textSecond))
+    , m_undo(new PlainButton(tr("Undo"), pillLabel(tr("Undo"), theme::accentText), ringRadius, ringMargins))
+    , m_pill(row(gap(8), padding(16, ringMargins.top()), fixedHeight(pillHeight),
+                 ground(theme::surface, pillHeight / 2.0), outline(theme::border, 1), m_text, m_dash, m_undo))
+    , m_presence(duration)
+    , m_animator([this](double seconds) {
+        const bool isMoving = m_presence.advance(seconds);
+        setFixedHeight(sizeHint().height());
+        setVisible(height() > 0);
+        return isMoving;
+    })
+{
+    describeToScreenReaders<UndoPill>(QAccessible::Notification);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_pill->setParent(this);
+    // The text shrinks first.
+    m_dash->setMinimumSize(m_dash->sizeHint());
+    m_undo->setMinimumSize(m_undo->sizeHint());
+    m_undo->onClick([this] { m_appState.undo(); });
+    m_undo->installEventFilter(this);
+    hide();
+
+    m_end.setSingleShot(true);
+    connect(&m_end, &QTimer::timeout, this, [this] { setPresent(false); });
+    connect(&m_appState, &AppState::changeMade, this,
+            [this](const QString& what) { say(what, Offer::Undo); });
+    connect(&m_appState, &AppState::changeUndone, this,
+            [this](const QString& what) { say(tr("Undone: %1").arg(what), Offer::None); });
+    addShortcut(panel, Qt::CTRL | Qt::Key_Z, &AppState::undo);
+    addShortcut(panel, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &AppState::redo);
+}
+
+void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, void (AppState::*action)())
+{
+    // A text field with the focus takes these keys itself.
+    auto* shortcut = new QShortcut(keys, &panel, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, action] {
+        if (Overlay::of(m_panel) == nullptr) {
+            (m_appState.*action)();
+        }
+    });
+}
+
+void UndoPill::say(const QString& text, Offer offer)
+{
+    m_text->setText(text);
+    setAccessibleName(text);
+    if (offer == Offer::None && m_undo->hasFocus()) {
+        m_panel.setFocus();
+    }
+    m_dash->setVisible(offer == Offer::Undo);
+    m_undo->setVisible(offer == Offer::Undo);
+    m_undo->setAccessibleDescription(text);
+    setPresent(true);
+    hideLater();
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void UndoPill::moveToEndOfTabOrder() const
+{
+    // setTabOrder() ignores widgets that take no focus.
+    QWidget* last = window()->previousInFocusChain();
+    while (last->focusPolicy() == Qt::NoFocus) {
+        last = last->previousInFocusChain();
+    }
+    setTabOrder(last, m_undo);
+}
+
+void UndoPill::hideLater()
+{
+    if (underMouse() || m_undo->hasFocus()) {
+        m_end.stop();
+    } else if (m_presence.target() > 0) {
+        m_end.start(shownFor);
+    }
+}
+
+void UndoPill::setPresent(bool isPresent)
+{
+    m_presence.setTarget(isPresent ? 1 : 0);
+    m_animator.start();
+}
+
+QSize UndoPill::sizeHint() const
+{
+    return {0, qRound(m_presence.position() * (gapAbove + pillHeight + gapBelow))};
+}
+
+void UndoPill::place()
+{
+    const int widest = std::max(0, width() - 2 * sideGap);
+    const int pillWidth = std::min(QWidgetItem(m_pill).sizeHint().width(), widest);
+    m_pill->setGeometry((width() - pillWidth) / 2, gapAbove, pillWidth, pillHeight);
+}
+
+bool UndoPill::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        place();
+    }
+    return QWidget::event(event);
+}
+
+void UndoPill::enterEvent(QEnterEvent* event)
+{
+    QWidget::enterEvent(event);
+    hideLater();
+}
+
+void UndoPill::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    hideLater();
+}
+
+void UndoPill::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    place();
+}
+
+bool UndoPill::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool handled = QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        // The filter runs before the focus changes.
+        QMetaObject::invokeMethod(this, &UndoPill::hideLater, Qt::QueuedConnection);
+    }
+    return handled;
+}
+
+} // namespace tintwick

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Animator.h"
+#include "EaseInOut.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+
+namespace tintwick {
+
+class AppState;
+class Label;
+class PlainButton;
+class Stack;
+
+/// Names each change of the state and offers to take it back: "Removed Sky – Undo". A row at the bottom of the panel that takes
+/// its room from the screens, so that it covers nothing; it stays while the pointer is over it or its button has the focus.
+///
+/// Ctrl+Z and Ctrl+Shift+Z in the panel go back and forth without it.
+class UndoPill final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// After a change, or after pointer and focus have left.
+    static constexpr std::chrono::milliseconds shownFor{6000};
+
+    UndoPill(AppState& appState, QWidget& panel);
+
+    /// To be called after controls have been added to the panel: Tab reaches the button after them.
+    void moveToEndOfTabOrder() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Offer { None, Undo };
+
+    void addShortcut(QWidget& panel, const QKeySequence& keys, void (AppState::*action)());
+    void say(const QString& text, Offer offer);
+    void hideLater();
+    void setPresent(bool isPresent);
+    void place();
+
+    AppState& m_appState;
+    QWidget& m_panel;
+    Label* m_text;
+    Label* m_dash;
+    PlainButton* m_undo;
+    Stack* m_pill;
+    QTimer m_end{this};
+    /// 0 hidden, 1 shown.
+    EaseInOut m_presence;
+    Animator m_animator;
+};
+
+} // namespace tintwick
