@@ -1,7 +1,6 @@
 #include "Application.h"
 
 #include "Appearance.h"
-#include "CapturedColor.h"
 #include "ColorExport.h"
 #include "DesktopSettings.h"
 #include "FontCoverage.h"
@@ -67,8 +66,8 @@ void Application::setUpToolkit()
 
 Application::Application(std::unique_ptr<Platform> platform, InstanceService& instance)
     : m_platform(std::move(platform))
-    , m_picker(*m_platform, m_preferences,
-               [this](QRgb color) { return m_appState.copiedText(CapturedColor::capture(color)); })
+    , m_badge((m_platform->preparePicking(), m_platform->pointerBadge()))
+    , m_picking(*m_platform, m_preferences, m_appState, m_badge)
     , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences, fontsHave)
 {
     setupInstance(instance);
@@ -83,7 +82,7 @@ void Application::start(SelfOpening selfOpening)
 {
     m_selfOpening = selfOpening;
     setupTrayIcon();
-    setupPicker();
+    connect(&m_picking, &Picking::ended, this, &Application::finishPick);
     setupShortcuts();
     connect(&m_quitSignals, &QuitSignals::received, qApp, [] { QApplication::exit(); });
     prepareLater();
@@ -101,7 +100,7 @@ void Application::prepareLater()
             return;
         }
         setupPanel();
-        m_picker.prepare();
+        m_picking.picker().prepare();
         if (m_selfOpening == SelfOpening::AsGreeting) {
             greet();
         }
@@ -155,7 +154,8 @@ void Application::setupTrayIcon()
 {
     connect(&m_trayIcon, &TrayIcon::clicked, this, &Application::togglePanel);
     connect(&m_trayIcon, &TrayIcon::panelRequested, this, &Application::openPanel);
-    connect(&m_trayIcon, &TrayIcon::pickRequested, this, &Application::pick);
+    connect(&m_trayIcon, &TrayIcon::pickRequested, this,
+            [this](std::chrono::seconds delay) { pick({.delay = delay}); });
     connect(&m_trayIcon, &TrayIcon::settingsRequested, this, &Application::openSettingsWindow);
     connect(&m_trayIcon, &TrayIcon::menuAboutToShow, this, [this] {
         showPickKeys();
@@ -218,17 +218,6 @@ QWidget* Application::createSettings(QWidget& panel)
                               *m_platform, panel);
 }
 
-void Application::setupPicker()
-{
-    connect(&m_picker, &Picker::picked, this,
-            [this](QRgb color) { m_appState.colorCaptured(CapturedColor::capture(color)); });
-    connect(&m_picker, &Picker::ended, this, [this](const PickOutcome& outcome) {
-        if (outcome.kind == PickOutcome::Kind::Failed) {
-            reportFailedPick(outcome.reason);
-        }
-    });
-}
-
 void Application::togglePanel()
 {
     // The first click on the icon shows the panel, also when it has opened by itself.
@@ -289,8 +278,9 @@ void Application::followDesktopAppearance()
     m_desktopSettings = std::make_unique<DesktopSettings>();
     const auto apply = [this] {
         m_panelView->setSystemScheme(preferredScheme(*m_desktopSettings));
+        m_badge.setScheme(Appearance::of(m_panelView));
         Ticker::shared().setMotionReduced(m_desktopSettings->prefersReducedMotion());
-        m_picker.setHighContrast(m_desktopSettings->prefersHighContrast());
+        m_picking.picker().setHighContrast(m_desktopSettings->prefersHighContrast());
     };
     apply();
     connect(m_desktopSettings.get(), &DesktopSettings::changed, this, apply);
@@ -367,8 +357,13 @@ void Application::pickFor(const PickRequest& request, const InstanceService::Ans
         return;
     }
     hideSelfOpened();
+    m_picking.cancel();
+    m_badge.hide();
     m_series = std::make_unique<PickSeries>(request, *m_platform, m_preferences, m_appState);
     connect(m_series.get(), &PickSeries::finished, this, [this, answer](const PickAnswer& result) {
+        if (m_series->isCopied()) {
+            sayCopied();
+        }
         // The series is still emitting its signal.
         m_series.release()->deleteLater();
         answer(result);
@@ -376,18 +371,18 @@ void Application::pickFor(const PickRequest& request, const InstanceService::Ans
     m_series->start();
 }
 
-void Application::pick()
+void Application::pick(const WantedPick& wanted)
 {
-    startPick(PickOrigin::Elsewhere);
+    startPick(PickOrigin::Elsewhere, wanted);
 }
 
-void Application::pickFromPanel()
+void Application::pickFromPanel(const WantedPick& wanted)
 {
     hidePanel();
-    startPick(PickOrigin::Panel);
+    startPick(PickOrigin::Panel, wanted);
 }
 
-void Application::startPick(PickOrigin origin)
+void Application::startPick(PickOrigin origin, const WantedPick& wanted)
 {
     if (isPicking()) {
         return;
@@ -397,7 +392,34 @@ void Application::startPick(PickOrigin origin)
     if (m_panelView) {
         m_panelView->showNotice({});
     }
-    m_picker.start();
+    m_picking.start(wanted);
+}
+
+void Application::finishPick(const PickOutcome& outcome, bool isCopied)
+{
+    if (outcome.kind == PickOutcome::Kind::Failed) {
+        reportFailedPick(outcome.reason);
+        return;
+    }
+    if (outcome.kind == PickOutcome::Kind::Cancelled) {
+        return;
+    }
+    if (m_pickOrigin == PickOrigin::Panel && !m_panel->isVisible()) {
+        m_platform->panelHost().showAgain(*m_panel);
+    }
+    if (!isCopied) {
+        reportFailedPick(tr("The color is in the history, but could not be copied."));
+    } else {
+        sayCopied();
+    }
+}
+
+// The panel has a place for it.
+void Application::sayCopied()
+{
+    if (!m_panel || !m_panel->isVisible()) {
+        m_badge.showCopied();
+    }
 }
 
 void Application::reportFailedPick(const QString& reason)

@@ -5,7 +5,8 @@
 #include "InstanceService.h"
 #include "Notifier.h"
 #include "PanelHost.h"
-#include "Picker.h"
+#include "PickBadge.h"
+#include "Picking.h"
 #include "Platform.h"
 #include "Preferences.h"
 #include "QuitSignals.h"
@@ -65,7 +66,6 @@ private:
     void hideSelfOpened();
     void setupTrayIcon();
     void setupPanel();
-    void setupPicker();
     void setupShortcuts();
     void setupInstance(const InstanceService& instance);
     void shortcutReleased(ShortcutAction action);
@@ -79,13 +79,15 @@ private:
     void showPanel(const PanelAnchor& anchor);
     void hidePanel();
 
-    void pick();
+    void pick(const WantedPick& wanted = {});
     /// Hides the panel first, so that the user can pick what it covers.
-    void pickFromPanel();
-    void startPick(PickOrigin origin);
+    void pickFromPanel(const WantedPick& wanted);
+    void startPick(PickOrigin origin, const WantedPick& wanted);
+    void sayCopied();
+    void finishPick(const PickOutcome& outcome, bool isCopied);
     /// A series of picks for another process.
     void pickFor(const PickRequest& request, const InstanceService::Answer& answer);
-    [[nodiscard]] bool isPicking() const { return m_picker.isPicking() || m_series; }
+    [[nodiscard]] bool isPicking() const { return m_picking.isPicking() || m_series; }
     /// Shows why no pick has begun: in the panel if its button was used, else in a notification.
     void reportFailedPick(const QString& reason);
 
@@ -99,7 +101,8 @@ private:
     /// Until the user opens the panel or picks.
     bool m_isSelfOpened = false;
     PickOrigin m_pickOrigin = PickOrigin::Elsewhere;
-    Picker m_picker;
+    PickBadge m_badge;
+    Picking m_picking;
     /// Null when no other process waits for a pick.
     std::unique_ptr<PickSeries> m_series;
     /// Owned by the panel.

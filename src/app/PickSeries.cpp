@@ -41,8 +41,9 @@ QString PickSeries::textOf(QRgb color) const
     return m_state.copiedText(CapturedColor::capture(color), m_format);
 }
 
-void PickSeries::add(QRgb color)
+void PickSeries::add(QRgb color, bool isCopied)
 {
+    m_isCopied = isCopied;
     m_answer.colors.append(color);
     m_answer.texts.append(textOf(color));
     if (m_request.saves) {

@@ -25,6 +25,8 @@ public:
     void start() { m_picker.start({.count = m_request.count}); }
     /// Ends the pick with the colours picked so far.
     void cancel() { m_picker.cancel(); }
+    /// Whether the clipboard holds what was picked.
+    [[nodiscard]] bool isCopied() const { return m_isCopied; }
 
 Q_SIGNALS:
     /// Emitted once.
@@ -32,13 +34,14 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] QString textOf(QRgb color) const;
-    void add(QRgb color);
+    void add(QRgb color, bool isCopied);
     void finish(const PickOutcome& outcome);
 
     PickRequest m_request;
     AppState& m_state;
     ColorFormat m_format;
     PickAnswer m_answer;
+    bool m_isCopied = false;
     Picker m_picker;
 };
 

@@ -4,6 +4,7 @@
 #include "ContextMenu.h"
 #include "Symbol.h"
 #include "ToolTip.h"
+#include "WantedPick.h"
 
 #include <QAction>
 #include <QApplication>
@@ -85,7 +86,11 @@ TrayIcon::TrayIcon(QObject* parent)
 {
     m_pick = m_menu.addAction(QString());
     setPickKeys({}, {});
-    connect(m_pick, &QAction::triggered, this, &TrayIcon::pickRequested);
+    connect(m_pick, &QAction::triggered, this, [this] { Q_EMIT pickRequested(std::chrono::seconds(0)); });
+    for (const std::chrono::seconds delay : offeredPickDelays) {
+        QAction* later = m_menu.addAction(tr("Pick in %1 s").arg(delay.count()));
+        connect(later, &QAction::triggered, this, [this, delay] { Q_EMIT pickRequested(delay); });
+    }
     m_menu.addSeparator();
     m_settings = m_menu.addAction(tr("Settings…"));
     m_settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));

@@ -10,6 +10,7 @@
 #include <QRect>
 #include <QSystemTrayIcon>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -54,7 +55,8 @@ Q_SIGNALS:
     /// From the menu of trays that open it on every click.
     void panelRequested();
     void menuAboutToShow();
-    void pickRequested();
+    /// At once for no delay.
+    void pickRequested(std::chrono::seconds delay);
     void settingsRequested();
     void quitRequested();
 

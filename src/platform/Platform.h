@@ -11,6 +11,7 @@ class GlobalShortcuts;
 class KeyboardLayout;
 class KeyRecording;
 class PanelHost;
+class PointerBadge;
 class Tray;
 
 /// Everything the program needs from a desktop. One backend is created at start and lives as long as the program. Its
@@ -26,6 +27,9 @@ public:
     /// session may run at a time. The listener must outlive the session.
     [[nodiscard]] virtual std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) = 0;
     [[nodiscard]] virtual CapturePermission capturePermission() const = 0;
+
+    /// Null where a program cannot show anything beside the pointer. Call preparePicking() before.
+    [[nodiscard]] virtual PointerBadge* pointerBadge() = 0;
 
     [[nodiscard]] virtual PanelHost& panelHost() = 0;
     /// Null where trays report nothing.

@@ -316,9 +316,15 @@ void NotifierHostTest::theMenuOpensThePanel()
 {
     Desk desk;
     QVERIFY(desk.host.waitForItem());
-    QCOMPARE(desk.host.menu(),
-             (QStringList{
-                 u"Open Tintwick"_s, {}, u"Pick Color (⌥⇧C)"_s, {}, u"Settings…"_s, {}, u"Quit Tintwick"_s}));
+    QCOMPARE(desk.host.menu(), (QStringList{u"Open Tintwick"_s,
+                                            {},
+                                            u"Pick Color (⌥⇧C)"_s,
+                                            u"Pick in 3 s"_s,
+                                            u"Pick in 5 s"_s,
+                                            {},
+                                            u"Settings…"_s,
+                                            {},
+                                            u"Quit Tintwick"_s}));
     desk.host.choose(u"Open Tintwick"_s);
     QVERIFY(desk.program.waitForPanel());
     desk.host.choose(u"Pick Color (⌥⇧C)"_s);

@@ -1,4 +1,6 @@
 #include "desktop/TintwickProcess.h"
+#include "support/Pattern.h"
+#include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
 #include <QJsonArray>
@@ -27,6 +29,7 @@ const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
 constexpr QPoint firstRemoveButton(356, 132);
+constexpr QPoint plus(260, 77);
 constexpr int rowHeight = 54;
 
 /// A red, a green and a blue colour in one palette. The history has them last, after as many white ones.
@@ -70,6 +73,7 @@ class PaletteTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void plusPicksManyColorsIntoThePalette();
     void aRowIsDraggedToAnotherPlace_data();
     void aRowIsDraggedToAnotherPlace();
     void escapeEndsTheDragAndDoesNotHideThePanel();
@@ -266,6 +270,37 @@ void PaletteTest::aPaletteKeepsTheColorThatAPickPushesOutOfTheHistory()
     QCOMPARE(rowColor(desktop, program, 0), qRgb(255, 0, 0));
     desktop.clickAt(program.panel().topLeft() + firstRow + QPoint(0, 2 * rowHeight));
     QVERIFY(program.waitForClipboard("#0000FF"));
+}
+
+void PaletteTest::plusPicksManyColorsIntoThePalette()
+{
+    PrivateDesktop desktop({});
+    keepAPalette(desktop);
+    const auto picture = desktop.showPicture();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    desktop.clickAt(program.trayIcon().center());
+    QVERIFY(program.waitForPanel());
+    const QPoint panel = program.panel().topLeft();
+    desktop.clickAt(panel + card);
+    static_cast<void>(desktop.settledScreenshot());
+    desktop.clickAt(panel + plus);
+    QVERIFY(program.waitForLoupe());
+    QVERIFY(program.panel().isEmpty());
+    for (const QPoint place : {QPoint(300, 300), QPoint(422, 333)}) {
+        const qsizetype before = storedIds(program).size();
+        desktop.movePointer(place);
+        QVERIFY(program.waitForCenterCell(patternPixel(place.x(), place.y())));
+        desktop.click();
+        QVERIFY(waitUntil([&] { return storedIds(program).size() == before + 1; }));
+        QVERIFY(program.loupe());
+    }
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(program.waitForPanel());
+    const QJsonArray history = program.data().value("history"_L1).toArray();
+    QCOMPARE(storedIds(program),
+             ids + QStringList({history.at(1)["id"_L1].toString(), history.at(0)["id"_L1].toString()}));
 }
 
 QTEST_GUILESS_MAIN(PaletteTest)

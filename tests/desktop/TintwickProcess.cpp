@@ -125,6 +125,29 @@ bool TintwickProcess::isLoupe(xcb_window_t window)
     return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Loupe";
 }
 
+bool TintwickProcess::isBadge(xcb_window_t window)
+{
+    return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Badge";
+}
+
+QRect TintwickProcess::badge()
+{
+    DesktopConnection& connection = m_desktop.connection();
+    for (const xcb_window_t window : connection.children(connection.root())) {
+        if (belongsToProgram(window) && connection.isViewable(window) && isBadge(window)) {
+            return connection.geometry(window);
+        }
+    }
+    return {};
+}
+
+void TintwickProcess::chooseDelayedPick()
+{
+    m_desktop.typeKey(XK_Down);
+    m_desktop.typeKey(XK_Down);
+    m_desktop.typeKey(XK_Return);
+}
+
 bool TintwickProcess::isSettingsWindow(xcb_window_t window)
 {
     return m_desktop.connection().property(window, "_NET_WM_NAME") == "Tintwick Settings";
@@ -182,7 +205,7 @@ xcb_window_t TintwickProcess::menu()
     DesktopConnection& connection = m_desktop.connection();
     for (const xcb_window_t window : connection.children(connection.root())) {
         if (belongsToProgram(window) && connection.isViewable(window) && !isLoupe(window) &&
-            !isPanel(window)) {
+            !isBadge(window) && !isPanel(window)) {
             return window;
         }
     }
@@ -199,7 +222,7 @@ std::size_t TintwickProcess::visibleWindows()
     DesktopConnection& connection = m_desktop.connection();
     const auto windows = connection.children(connection.root());
     return static_cast<std::size_t>(std::count_if(windows.begin(), windows.end(), [&](xcb_window_t window) {
-        return belongsToProgram(window) && connection.isViewable(window);
+        return belongsToProgram(window) && connection.isViewable(window) && !isBadge(window);
     }));
 }
 
@@ -261,9 +284,9 @@ void TintwickProcess::sendClick(xcb_window_t window, PrivateDesktop::Button butt
 
 void TintwickProcess::pointAtPick()
 {
-    // The menu has three items; a seventh of its height is inside the first.
+    // The menu has five items; a ninth of its height is inside the first.
     const QRect place = menuPlace();
-    m_desktop.movePointer({place.center().x(), place.top() + place.height() / 7});
+    m_desktop.movePointer({place.center().x(), place.top() + place.height() / 9});
 }
 
 void TintwickProcess::choosePick(ChosenBy chosenBy)
@@ -279,8 +302,9 @@ void TintwickProcess::choosePick(ChosenBy chosenBy)
 
 void TintwickProcess::chooseSettings()
 {
-    // The second of three items.
-    m_desktop.movePointer(menuPlace().center());
+    // The fourth of five items.
+    const QRect place = menuPlace();
+    m_desktop.movePointer({place.center().x(), place.top() + 2 * place.height() / 3});
     m_desktop.click();
 }
 

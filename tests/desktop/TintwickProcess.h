@@ -51,13 +51,18 @@ public:
     void pointAtPick();
     /// Chooses "Pick Color (⌥⇧C)" in the open menu.
     void choosePick(ChosenBy chosenBy = ChosenBy::Pointer);
+    /// Chooses "Pick in 3 s" in the open menu.
+    void chooseDelayedPick();
+    /// The rectangle of the picture beside the pointer; empty while there is none.
+    [[nodiscard]] QRect badge();
     /// Chooses "Settings…" in the open menu.
     void chooseSettings();
     /// The settings window; none while it is closed.
     [[nodiscard]] xcb_window_t settingsWindow();
     /// Chooses "Quit Tintwick" in the open menu.
     void chooseQuit();
-    /// The number of its visible windows that are children of the root: menus, tool tips, windows without a frame.
+    /// The number of its visible windows that are children of the root: menus, tool tips, windows without a frame. Without
+    /// the badge beside the pointer.
     [[nodiscard]] std::size_t visibleWindows();
     /// The panel's rectangle on the screen; empty while it is hidden.
     [[nodiscard]] QRect panel();
@@ -94,6 +99,7 @@ private:
     [[nodiscard]] QRect trayInItsPlace();
     [[nodiscard]] bool belongsToProgram(xcb_window_t window);
     [[nodiscard]] bool isLoupe(xcb_window_t window);
+    [[nodiscard]] bool isBadge(xcb_window_t window);
     [[nodiscard]] bool isSettingsWindow(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();

@@ -26,6 +26,7 @@ public:
         return std::make_unique<ScriptedPickingSession>(desktop, listener);
     }
     [[nodiscard]] CapturePermission capturePermission() const override { return permission; }
+    [[nodiscard]] PointerBadge* pointerBadge() override { return nullptr; }
     [[nodiscard]] PanelHost& panelHost() override { return panels; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }

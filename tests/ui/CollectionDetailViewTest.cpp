@@ -24,6 +24,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -223,6 +224,7 @@ private Q_SLOTS:
     void emptyScreenExplainsHowToAddColors();
     void colorsThatLeftTheHistoryAreShownAndUnknownOnesAreNot();
     void shownColorsAreExported();
+    void plusPicksIntoThePalette();
     void screenFollowsTheState();
     void deletedPaletteShowsNoColors();
     void clickCopiesInTheDefaultFormat();
@@ -411,6 +413,21 @@ void CollectionDetailViewTest::colorsThatLeftTheHistoryAreShownAndUnknownOnesAre
     screen.press(there);
     screen.release(there);
     QCOMPARE(clipboardText(), QStringLiteral("#222222"));
+}
+
+void CollectionDetailViewTest::plusPicksIntoThePalette()
+{
+    PaletteFixture palette({});
+    const QSignalSpy picks(palette.view, &CollectionDetailView::pickRequested);
+    QAbstractButton* plus = button(*palette.view, QStringLiteral("Pick colors into this palette"));
+    QVERIFY(plus);
+    QCOMPARE(plus->toolTip(), QStringLiteral("Pick colors into this palette"));
+    plus->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(plus, Qt::Key_Space);
+    QCOMPARE(picks.count(), 1);
+    const auto pick = picks.at(0).at(0).value<WantedPick>();
+    QCOMPARE(pick.palette, std::optional(palette.collection().id));
+    QCOMPARE(pick.delay, std::chrono::seconds(0));
 }
 
 void CollectionDetailViewTest::shownColorsAreExported()

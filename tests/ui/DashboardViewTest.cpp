@@ -45,6 +45,8 @@ private Q_SLOTS:
     void pressedControlsShowIt();
     void focusedControlIsScrolledIntoView();
     void pickButtonRequestsAPick();
+    void pickButtonOffersPicksAfterADelay();
+    void cardMenuPicksIntoTheCollection();
     void clickOnASwatchCopiesInTheDefaultFormat();
     void cardEndsWithAChevron();
     void toolTipOfACardIsItsElidedName();
@@ -325,6 +327,45 @@ void DashboardViewTest::pickButtonRequestsAPick()
     const QSignalSpy picks(panel.view.get(), &PanelView::pickRequested);
     QTest::mouseClick(button(panel.dashboard(), QStringLiteral("Pick a Color")), Qt::LeftButton);
     QCOMPARE(picks.count(), 1);
+}
+
+void DashboardViewTest::pickButtonOffersPicksAfterADelay()
+{
+    PanelFixture panel;
+    const QSignalSpy picks(panel.view.get(), &PanelView::pickRequested);
+    QMenu* menu = contextMenu(*button(panel.dashboard(), QStringLiteral("Pick a Color")));
+    QVERIFY(menu);
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Pick in 3 s"), QStringLiteral("Pick in 5 s")}));
+    menu->actions().at(1)->trigger();
+    menu->close();
+    QCOMPARE(picks.count(), 1);
+    const auto pick = picks.at(0).at(0).value<WantedPick>();
+    QCOMPARE(pick.delay, std::chrono::seconds(5));
+    QVERIFY(!pick.palette);
+}
+
+void DashboardViewTest::cardMenuPicksIntoTheCollection()
+{
+    PanelFixture panel;
+    const QUuid sea = panel.state.createCollection(QStringLiteral("Sea")).id;
+    panel.settle();
+    const QSignalSpy picks(panel.view.get(), &PanelView::pickRequested);
+    QMenu* menu = contextMenu(*panel.dashboard().cards().first());
+    QVERIFY(menu);
+    QMenu* into = menu->actions().at(1)->menu();
+    QVERIFY(into);
+    QCOMPARE(titles(*into),
+             (QStringList{QStringLiteral("Now"), QStringLiteral("In 3 s"), QStringLiteral("In 5 s")}));
+    into->actions().at(0)->trigger();
+    into->actions().at(1)->trigger();
+    menu->close();
+    QCOMPARE(picks.count(), 2);
+    const auto now = picks.at(0).at(0).value<WantedPick>();
+    QCOMPARE(now.delay, std::chrono::seconds(0));
+    QCOMPARE(now.palette, std::optional(sea));
+    const auto later = picks.at(1).at(0).value<WantedPick>();
+    QCOMPARE(later.delay, std::chrono::seconds(3));
+    QCOMPARE(later.palette, std::optional(sea));
 }
 
 void DashboardViewTest::clickOnASwatchCopiesInTheDefaultFormat()
@@ -631,8 +672,8 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().cards().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Open Palette"), QStringLiteral("-"),
-                                         QStringLiteral("Export CSS Variables"),
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"),
+                                         QStringLiteral("-"), QStringLiteral("Export CSS Variables"),
                                          QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
                                          QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().last()->trigger();

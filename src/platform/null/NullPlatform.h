@@ -55,6 +55,7 @@ public:
     {
         return {.isGranted = false, .openSettings = {}};
     }
+    [[nodiscard]] PointerBadge* pointerBadge() override { return nullptr; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return m_shortcuts; }

@@ -28,6 +28,7 @@ public:
     void preparePicking() override;
     [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
     [[nodiscard]] CapturePermission capturePermission() const override;
+    [[nodiscard]] PointerBadge* pointerBadge() override { return nullptr; }
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override;

@@ -121,6 +121,11 @@ std::unique_ptr<PickingSession> X11Platform::startPick(PickingSession::Listener&
     return std::make_unique<X11PickingSession>(*m_picking, listener);
 }
 
+PointerBadge* X11Platform::pointerBadge()
+{
+    return m_badge ? &*m_badge : &m_badge.emplace(*m_connection, m_picking->closedWindows);
+}
+
 Tray* X11Platform::tray()
 {
     return m_tray ? &*m_tray : &m_tray.emplace(*m_connection);

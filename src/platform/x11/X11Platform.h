@@ -6,6 +6,7 @@
 #include "X11KeyboardLayout.h"
 #include "X11PanelHost.h"
 #include "X11PickingSession.h"
+#include "X11PointerBadge.h"
 #include "X11Tray.h"
 #include "XcbConnection.h"
 #include "XkbKeymap.h"
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
     /// An X server lets every client read the screen.
     [[nodiscard]] CapturePermission capturePermission() const override { return {}; }
+    [[nodiscard]] PointerBadge* pointerBadge() override;
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override;
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
@@ -40,6 +42,7 @@ private:
     X11PanelHost m_panelHost;
     // Made when first asked for, because they need the application object.
     std::optional<X11PickingParts> m_picking;
+    std::optional<X11PointerBadge> m_badge;
     std::optional<X11Tray> m_tray;
     std::optional<X11GlobalShortcuts> m_globalShortcuts;
     std::optional<X11KeyboardLayout> m_keyboardLayout;

@@ -12,6 +12,7 @@
 #include "Label.h"
 #include "MenuButton.h"
 #include "Paint.h"
+#include "PickMenu.h"
 #include "Rule.h"
 #include "ScrollArea.h"
 #include "Spring.h"
@@ -117,8 +118,20 @@ QWidget* CollectionDetailView::toolbar()
         m_tile,
         column(Across::Leading, m_name, m_count),
         spacer(),
+        pickButton(),
         m_export);
     // clang-format on
+}
+
+QWidget* CollectionDetailView::pickButton()
+{
+    PlainButton* button = squareButton(
+        tr("Pick colors into this palette"), [this] { Q_EMIT pickRequested({.palette = m_collectionId}); },
+        symbol(u"add"_s, 14, SymbolWeight::Semibold, theme::accentText));
+    button->setContextMenu([this] {
+        return pickIntoMenu([this](const WantedPick& pick) { Q_EMIT pickRequested(pick); }, m_collectionId);
+    });
+    return button;
 }
 
 bool CollectionDetailView::isDropTarget() const

@@ -6,6 +6,7 @@
 #include "RecordViews.h"
 #include "ReorderList.h"
 #include "View.h"
+#include "WantedPick.h"
 
 #include <QList>
 #include <QUuid>
@@ -32,6 +33,10 @@ public:
     [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
     [[nodiscard]] bool isDropTarget() const;
 
+Q_SIGNALS:
+    /// The button that picks into the palette was clicked.
+    void pickRequested(const tintwick::WantedPick& pick);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -39,6 +44,7 @@ private:
     class DropFrame;
 
     [[nodiscard]] QWidget* toolbar();
+    [[nodiscard]] QWidget* pickButton();
     [[nodiscard]] QList<CapturedColor> colors() const;
 
     void showCollection();

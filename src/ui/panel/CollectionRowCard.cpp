@@ -8,6 +8,7 @@
 #include "ContextMenu.h"
 #include "InOneLine.h"
 #include "Paint.h"
+#include "PickMenu.h"
 #include "Shadow.h"
 #include "Symbol.h"
 
@@ -51,10 +52,12 @@ QFont nameFont()
 
 } // namespace
 
-CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap)
+CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap,
+                                     std::function<void(const WantedPick& pick)> onPick)
     : Clickable({})
     , m_appState(appState)
     , m_onTap(std::move(onTap))
+    , m_onPick(std::move(onPick))
     , m_hover(0.18, 0.8)
     , m_drop(0.18, 0.8)
     , m_animator([this](double seconds) {
@@ -147,6 +150,7 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
     // The menu may outlive the card.
     return {
         menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
+        submenu(tr("Pick into"), pickIntoMenu(m_onPick, m_collection.id)),
         menuSeparator(),
         menuAction(tr("Export CSS Variables"), u"document"_s,
                    [colors = m_colors, name = m_collection.name] { ColorExport().exportCSS(colors, name); }),

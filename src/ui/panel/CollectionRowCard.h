@@ -9,6 +9,7 @@
 #include "ShadowCaster.h"
 #include "Spring.h"
 #include "Theme.h"
+#include "WantedPick.h"
 
 #include <QList>
 #include <QRectF>
@@ -28,8 +29,9 @@ class CollectionRowCard final : public Clickable, public ShadowCaster, public Ov
     Q_OBJECT
 
 public:
-    /// `onTap` is called with the id of the collection.
-    CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap);
+    /// `onTap` is called with the id of the collection, `onPick` with the pick that the menu asks for.
+    CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap,
+                      std::function<void(const WantedPick& pick)> onPick);
 
     void setCollection(const ColorCollection& collection);
     void setAccent(const theme::Gradient& accent);
@@ -79,6 +81,7 @@ private:
 
     AppState& m_appState;
     std::function<void(const QUuid& id)> m_onTap;
+    std::function<void(const WantedPick& pick)> m_onPick;
     ColorCollection m_collection;
     QList<CapturedColor> m_colors;
     theme::Gradient m_accent = theme::cardAccents[0];

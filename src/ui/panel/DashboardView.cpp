@@ -7,6 +7,7 @@
 #include "DashboardSwatchView.h"
 #include "Label.h"
 #include "Overlay.h"
+#include "PickMenu.h"
 #include "ScrollArea.h"
 #include "SymbolView.h"
 #include "TextField.h"
@@ -42,8 +43,9 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
     , m_cards(
           *m_cardList,
           [this] {
-              return new CollectionRowCard(m_appState,
-                                           [this](const QUuid& id) { Q_EMIT collectionSelected(id); });
+              return new CollectionRowCard(
+                  m_appState, [this](const QUuid& id) { Q_EMIT collectionSelected(id); },
+                  [this](const WantedPick& pick) { Q_EMIT pickRequested(pick); });
           },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
               card.setCollection(collection);
@@ -68,12 +70,15 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
 QWidget* DashboardView::eyedropperButton()
 {
     const QString title = tr("Pick a Color");
-    m_pick = plainButton(
-        title, [this] { Q_EMIT pickRequested(); },
+    PlainButton* button = plainButton(
+        title, [this] { Q_EMIT pickRequested({}); },
         row(fixedHeight(50), gap(8), ground(pickGradient, 14), pickShadow, spacer(),
             symbol(u"eyedropper-filled"_s, 17, SymbolWeight::Semibold, theme::white),
             label(title, theme::font(16, QFont::DemiBold), theme::white), spacer()),
         14);
+    button->setContextMenu(
+        [this] { return delayedPickMenu([this](const WantedPick& pick) { Q_EMIT pickRequested(pick); }); });
+    m_pick = button;
     return m_pick;
 }
 

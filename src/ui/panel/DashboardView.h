@@ -6,6 +6,7 @@
 #include "RecordViews.h"
 #include "Stack.h"
 #include "View.h"
+#include "WantedPick.h"
 
 #include <QPointer>
 #include <QString>
@@ -33,7 +34,7 @@ public:
     void openNewPaletteOverlay();
 
 Q_SIGNALS:
-    void pickRequested();
+    void pickRequested(const tintwick::WantedPick& pick);
     /// "See all" was clicked.
     void historySelected();
     void collectionSelected(const QUuid& id);

@@ -294,8 +294,11 @@ QWidget* PanelView::makeScreen(const ScreenChoice& choice)
         history->setPickKeys(m_pickKeys, m_pickKeysInWords);
         return history;
     }
-    case ScreenKind::Collection:
-        return new CollectionDetailView(m_appState, choice.collectionId);
+    case ScreenKind::Collection: {
+        auto* palette = new CollectionDetailView(m_appState, choice.collectionId);
+        connect(palette, &CollectionDetailView::pickRequested, this, &PanelView::pickRequested);
+        return palette;
+    }
     case ScreenKind::Dashboard:
         break;
     }

@@ -4,6 +4,7 @@
 #include "ContextMenu.h"
 #include "Notice.h"
 #include "View.h"
+#include "WantedPick.h"
 
 #include <QHash>
 #include <QPointer>
@@ -65,8 +66,8 @@ public:
     [[nodiscard]] QWidget& currentScreen() const;
 
 Q_SIGNALS:
-    /// The pick button was clicked.
-    void pickRequested();
+    /// A pick button or an entry of its menu was chosen.
+    void pickRequested(const tintwick::WantedPick& pick);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -49,12 +49,16 @@ bool ClosedWindows::eventFilter(QObject* watched, QEvent* event)
     const XcbReply<xcb_translate_coordinates_reply_t> origin(
         xcb_translate_coordinates_reply(c, originCookie, nullptr));
     if (geometry && origin) {
-        const auto now = std::chrono::steady_clock::now();
-        std::erase_if(m_windows, [&](const ClosedWindow& closed) { return closed.when < now - memory; });
-        const QRect frame(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
-        m_windows.push_back({withShadow(frame), now});
+        add({origin->dst_x, origin->dst_y, geometry->width, geometry->height});
     }
     return false;
+}
+
+void ClosedWindows::add(const QRect& frame)
+{
+    const auto now = std::chrono::steady_clock::now();
+    std::erase_if(m_windows, [&](const ClosedWindow& closed) { return closed.when < now - memory; });
+    m_windows.push_back({withShadow(frame), now});
 }
 
 } // namespace tintwick

@@ -22,6 +22,8 @@ public:
 
     /// The areas of our windows that closed within the last second, with their shadows, in root coordinates.
     [[nodiscard]] QRegion region() const;
+    /// A window that the toolkit does not know has just closed.
+    void add(const QRect& frame);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <cmath>
+#include <utility>
 
 namespace tintwick {
 
@@ -34,6 +35,16 @@ PlainButton::PlainButton(const QString& name, QWidget* content, double cornerRad
 {
     setContent(content);
     layout()->setContentsMargins(overhang);
+}
+
+void PlainButton::setContextMenu(std::function<QList<MenuEntry>()> entries)
+{
+    m_entries = std::move(entries);
+}
+
+QList<MenuEntry> PlainButton::contextMenu() const
+{
+    return m_entries ? m_entries() : Clickable::contextMenu();
 }
 
 TextButton::TextButton(const QString& title, Style style)

@@ -16,13 +16,17 @@ public:
     PlainButton(const QString& name, QWidget* content, double cornerRadius, const QMargins& overhang = {});
 
     [[nodiscard]] QMargins overhang() const override { return m_overhang; }
+    /// `entries` is called each time the menu opens.
+    void setContextMenu(std::function<QList<MenuEntry>()> entries);
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return m_cornerRadius; }
+    [[nodiscard]] QList<MenuEntry> contextMenu() const override;
 
 private:
     double m_cornerRadius;
     QMargins m_overhang;
+    std::function<QList<MenuEntry>()> m_entries;
 };
 
 /// A button with a title, as at the bottom of an overlay.
