@@ -32,7 +32,7 @@ QPointF pointOf(wl_fixed_t x, wl_fixed_t y)
 
 } // namespace
 
-/// The handlers of the pointer's events, in the order of the protocol.
+/// The handlers of the pointer's events.
 struct WaylandPointer::Handlers
 {
     static WaylandPointer& of(void* self) { return *static_cast<WaylandPointer*>(self); }
@@ -115,10 +115,21 @@ WaylandPointer::WaylandPointer(WlPointer pointer, Listener& listener)
     : m_pointer(std::move(pointer))
     , m_listener(listener)
 {
-    static constexpr wl_pointer_listener handlers{
-        &Handlers::enter,        &Handlers::leave,       &Handlers::motion,     &Handlers::button,
-        &Handlers::axis,         &Handlers::frame,       &Handlers::axisSource, &Handlers::axisStop,
-        &Handlers::axisDiscrete, &Handlers::axisValue120};
+    // Newer versions of the library have more events, which are not asked for.
+    static constexpr wl_pointer_listener handlers = [] {
+        wl_pointer_listener all{};
+        all.enter = &Handlers::enter;
+        all.leave = &Handlers::leave;
+        all.motion = &Handlers::motion;
+        all.button = &Handlers::button;
+        all.axis = &Handlers::axis;
+        all.frame = &Handlers::frame;
+        all.axis_source = &Handlers::axisSource;
+        all.axis_stop = &Handlers::axisStop;
+        all.axis_discrete = &Handlers::axisDiscrete;
+        all.axis_value120 = &Handlers::axisValue120;
+        return all;
+    }();
     wl_pointer_add_listener(m_pointer.get(), &handlers, this);
 }
 

@@ -1,6 +1,6 @@
 #include "WaylandTablets.h"
 
-#include <tablet-unstable-v2-client-protocol.h>
+#include <tablet-v2-client-protocol.h>
 
 #include <linux/input-event-codes.h>
 
