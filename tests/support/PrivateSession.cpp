@@ -51,13 +51,32 @@ PrivateSession::~PrivateSession()
     }
 }
 
-void PrivateSession::startBus()
+void PrivateSession::startBus(Services services)
 {
-    m_bus =
-        start(QStringLiteral("dbus-daemon"),
-              {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
-               // The default is /tmp, where a killed bus leaves its socket.
-               QStringLiteral("--address=unix:path=%1/bus").arg(m_folder.path())});
+    // The default address is below /tmp, where a killed bus leaves its socket.
+    const QString configuration =
+        QStringLiteral("<busconfig>"
+                       "<type>session</type>"
+                       "<listen>unix:path=%1/bus</listen>"
+                       "<servicedir>%1/services</servicedir>"
+                       "%2"
+                       "<auth>EXTERNAL</auth>"
+                       "<policy context=\"default\">"
+                       "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
+                       "<allow eavesdrop=\"true\"/>"
+                       "<allow own=\"*\"/>"
+                       "</policy>"
+                       "</busconfig>")
+            .arg(m_folder.path(),
+                 QLatin1StringView(services == Services::Installed ? "<standard_session_servicedirs/>" : ""));
+    QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(configuration.toUtf8()) < 0) {
+        throw std::runtime_error("cannot write the configuration of dbus-daemon");
+    }
+    file.close();
+    m_bus = start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--config-file"), file.fileName(), QStringLiteral("--nofork"),
+                   QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")});
     if (!waitUntil([this] { return m_bus->standardOutput().endsWith('\n'); })) {
         throw std::runtime_error("dbus-daemon does not come up");
     }

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <cstdint>
 #include <memory>
 
 namespace tintwick {
@@ -16,6 +17,13 @@ namespace tintwick {
 class PrivateSession final
 {
 public:
+    enum class Services : std::uint8_t {
+        /// None but those in the folder "services" of the home folder.
+        Own,
+        /// Also those that are installed on this machine, such as the portals.
+        Installed
+    };
+
     /// Throws std::runtime_error when there is no room for the folders.
     PrivateSession();
     ~PrivateSession();
@@ -25,8 +33,9 @@ public:
     [[nodiscard]] QString dataHome() const { return m_folder.filePath(QStringLiteral("data")); }
     [[nodiscard]] QString configHome() const { return m_folder.filePath(QStringLiteral("config")); }
 
-    /// Throws std::runtime_error when it does not come up.
-    void startBus();
+    /// `services` are those that the bus starts when a program calls them. Throws std::runtime_error when the bus does
+    /// not come up.
+    void startBus(Services services = Services::Own);
     /// Stops the bus, so that it takes no message, until the session ends.
     void freezeBus() const;
     [[nodiscard]] QString busAddress() const { return m_variables.value(busVariable()); }

@@ -1,10 +1,13 @@
-// Covers each output of a Wayland compositor with the test picture, below all other windows: one pixel of the picture on
-// each physical pixel. Where clients have no access to the background it opens full screen windows instead.
+// Covers each output of a Wayland compositor with the test picture or a colour, below all other windows: one pixel of the
+// picture on each physical pixel. Where clients have no access to the background it opens full screen windows instead.
+//
+// usage: picture_program [COLOR]
 
 #include "support/Pattern.h"
 #include "support/wayland/PixelBuffer.h"
 #include "support/wayland/WaylandClient.h"
 
+#include <QColor>
 #include <QSize>
 
 #include <algorithm>
@@ -44,8 +47,10 @@ struct Globals
 class Picture final
 {
 public:
-    Picture(const Globals& globals, const WaylandClient::Output& output)
+    /// An invalid colour stands for the test picture.
+    Picture(const Globals& globals, const WaylandClient::Output& output, const QColor& color)
         : m_globals(globals)
+        , m_color(color)
         , m_output(output)
         , m_id(output.id)
         , m_surface(wl_compositor_create_surface(globals.compositor.get()))
@@ -73,7 +78,10 @@ public:
         const auto stride = static_cast<std::uint32_t>(place.width()) * 4;
         m_buffer =
             std::make_unique<PixelBuffer>(m_globals.shm.get(), place.size(), stride, WL_SHM_FORMAT_XRGB8888);
-        const QImage image = patternImage(place);
+        QImage image = patternImage(place);
+        if (m_color.isValid()) {
+            image.fill(m_color);
+        }
         std::copy_n(image.constBits(), image.sizeInBytes(), m_buffer->pixels());
         wp_viewport_set_destination(m_viewport.get(), m_logicalSize.width(), m_logicalSize.height());
         wl_surface_attach(m_surface.get(), m_buffer->buffer(), 0, 0);
@@ -94,9 +102,10 @@ private:
                 },
             .closed = [](void* self,
                          zwlr_layer_surface_v1*) { static_cast<Picture*>(self)->m_logicalSize = {}; }};
-        m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(m_globals.layers.get(), m_surface.get(),
-                                                            m_output.handle.get(),
-                                                            ZWLR_LAYER_SHELL_V1_LAYER_BACKGROUND, "picture"));
+        m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(
+            m_globals.layers.get(), m_surface.get(), m_output.handle.get(),
+            m_color.isValid() ? ZWLR_LAYER_SHELL_V1_LAYER_BOTTOM : ZWLR_LAYER_SHELL_V1_LAYER_BACKGROUND,
+            "picture"));
         zwlr_layer_surface_v1_add_listener(m_layer.get(), &listener, this);
         zwlr_layer_surface_v1_set_anchor(
             m_layer.get(), ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM |
@@ -126,6 +135,7 @@ private:
     }
 
     const Globals& m_globals;
+    QColor m_color;
     const WaylandClient::Output& m_output;
     std::uint32_t m_id;
     std::unique_ptr<PixelBuffer> m_buffer;
@@ -139,7 +149,7 @@ private:
     QSize m_shownLogicalSize;
 };
 
-void show(WaylandClient& client)
+void show(WaylandClient& client, const QColor& color)
 {
     const Globals globals(client);
     std::list<Picture> pictures;
@@ -155,7 +165,7 @@ void show(WaylandClient& client)
             });
             // A new output reports its size later.
             if (!isKnown && !output.place.isEmpty() && !output.mode.isEmpty()) {
-                pictures.emplace_back(globals, output);
+                pictures.emplace_back(globals, output, color);
             }
         }
         for (Picture& picture : pictures) {
@@ -167,11 +177,11 @@ void show(WaylandClient& client)
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
     try {
         WaylandClient client(qgetenv("WAYLAND_DISPLAY"));
-        show(client);
+        show(client, argc > 1 ? QColor(QLatin1StringView(argv[1])) : QColor());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <unistd.h>
@@ -25,28 +26,35 @@ void require(bool condition, const char* whatIsMissing)
     }
 }
 
-QByteArray lineOf(const WaylandDesktop::Output& output, std::size_t number)
+/// The names of wl_output_transform in sway, which turns in the other direction.
+constexpr const char* transformNames[] = {"normal",  "270",         "180",         "90",
+                                          "flipped", "flipped-270", "flipped-180", "flipped-90"};
+
+QByteArray lineOf(const QString& name, const WaylandDesktop::Output& output)
 {
-    return QStringLiteral(
-               "output HEADLESS-%1 mode --custom %2x%3@60Hz position %4 %5 scale %6 transform %7\n")
-        .arg(number)
+    return QStringLiteral("output %1 mode --custom %2x%3@60Hz position %4 %5 scale %6 transform %7\n")
+        .arg(name)
         .arg(output.size.width())
         .arg(output.size.height())
         .arg(output.position.x())
         .arg(output.position.y())
         .arg(output.scale)
-        .arg(static_cast<int>(output.turn) * 90)
+        .arg(QLatin1StringView(transformNames[output.transform]))
         .toLatin1();
 }
 
-QByteArray configuration(const std::vector<WaylandDesktop::Output>& outputs)
+QByteArray configuration(const WaylandDesktop::Options& options, bool lastIsWindow)
 {
     QByteArray text = "xwayland disable\n"
                       "default_border none\n"
-                      "default_floating_border none\n"
-                      "seat * xcursor_theme invisible 24\n";
-    for (std::size_t i = 0; i < outputs.size(); ++i) {
-        text += lineOf(outputs[i], i + 1);
+                      "default_floating_border none\n";
+    if (!options.showsPointer) {
+        text += "seat * xcursor_theme invisible 24\n";
+    }
+    for (std::size_t i = 0; i < options.outputs.size(); ++i) {
+        const bool isWindow = lastIsWindow && i + 1 == options.outputs.size();
+        text += lineOf(isWindow ? QStringLiteral("WL-1") : QStringLiteral("HEADLESS-%1").arg(i + 1),
+                       options.outputs[i]);
     }
     return text;
 }
@@ -92,8 +100,9 @@ void giveToNobody(const QString& folder)
 
 } // namespace
 
-SwayDesktop::SwayDesktop(const Options& options)
+SwayDesktop::SwayDesktop(const Options& options, SwayDesktop* outer)
     : WaylandDesktop(options.sessionBus)
+    , m_outer(outer)
     // Every user can enter /tmp. The folder of the tests may be in somebody's home.
     , m_runtimeFolder(QStringLiteral("/tmp/tintwick-sway-XXXXXX"))
 {
@@ -109,7 +118,7 @@ void SwayDesktop::startCompositor(const Options& options)
     require(m_runtimeFolder.isValid(), "no temporary folder");
     const QString path = m_runtimeFolder.path();
     const QString configFile = m_runtimeFolder.filePath(QStringLiteral("config"));
-    write(configFile, configuration(options.outputs));
+    write(configFile, configuration(options, m_outer != nullptr));
     const QString cursors = m_runtimeFolder.filePath(QStringLiteral("icons"));
     write(cursors + QStringLiteral("/invisible/cursors/left_ptr"), invisibleCursor());
 
@@ -131,10 +140,16 @@ void SwayDesktop::startCompositor(const Options& options)
     QProcessEnvironment additions;
     additions.insert(QStringLiteral("HOME"), path);
     additions.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);
-    // A headless compositor draws the cursor into its pictures; that of a real screen is in no picture.
-    additions.insert(QStringLiteral("XCURSOR_PATH"), cursors);
-    additions.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
-    additions.insert(QStringLiteral("WLR_HEADLESS_OUTPUTS"), QString::number(options.outputs.size()));
+    if (!options.showsPointer) {
+        additions.insert(QStringLiteral("XCURSOR_PATH"), cursors);
+    }
+    additions.insert(QStringLiteral("WLR_BACKENDS"),
+                     m_outer ? QStringLiteral("headless,wayland") : QStringLiteral("headless"));
+    additions.insert(QStringLiteral("WLR_HEADLESS_OUTPUTS"),
+                     QString::number(options.outputs.size() - (m_outer ? 1 : 0)));
+    if (m_outer) {
+        additions.insert(QStringLiteral("WAYLAND_DISPLAY"), QString::fromLatin1(m_outer->socket()));
+    }
     additions.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
     additions.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
     m_compositor = start(call.takeFirst(), call, additions);
@@ -149,7 +164,29 @@ void SwayDesktop::startCompositor(const Options& options)
     session().setVariable(QStringLiteral("SWAYSOCK"), socket("sway-ipc.*.sock"));
     session().setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("sway"));
     connectTo(QFile::encodeName(socket("wayland-?")));
-    require(outputCount() == options.outputs.size(), "sway has too few outputs");
+    require(waitUntil([&] { return hasOutputs(options.outputs); }), "sway has other outputs");
+}
+
+QImage SwayDesktop::screenshot(std::size_t index)
+{
+    const auto picture = m_capture->capture(output(index));
+    return picture ? picture->image : QImage();
+}
+
+bool SwayDesktop::hasOutputs(const std::vector<Output>& wanted)
+{
+    if (outputCount() != wanted.size()) {
+        return false;
+    }
+    const auto& outputs = client().outputs();
+    return std::all_of(wanted.begin(), wanted.end(), [&](const Output& one) {
+        return std::any_of(outputs.begin(), outputs.end(), [&](const auto& output) {
+            const QSizeF logical = QSizeF(output.size()) / one.scale;
+            return output.mode == one.size && output.transform == one.transform &&
+                   output.place == QRect(one.position, QSize(static_cast<int>(logical.width()),
+                                                             static_cast<int>(logical.height())));
+        });
+    });
 }
 
 void SwayDesktop::command(const QString& text)

@@ -5,7 +5,6 @@
 
 using namespace tintwick;
 
-using Turn = WaylandDesktop::Turn;
 using Outputs = std::vector<WaylandDesktop::Output>;
 
 Q_DECLARE_METATYPE(Outputs)
@@ -30,10 +29,16 @@ void SwayDesktopTest::thePictureFillsEachPhysicalPixel_data()
     QTest::newRow("scale 1.5, not a whole logical size") << Outputs{{.scale = 1.5}};
     QTest::newRow("scale 1.75") << Outputs{{.size = {1400, 700}, .scale = 1.75}};
     QTest::newRow("scale 2") << Outputs{{.scale = 2}};
-    QTest::newRow("a quarter turn") << Outputs{{.turn = Turn::Quarter}};
-    QTest::newRow("half a turn, scale 2") << Outputs{{.scale = 2, .turn = Turn::Half}};
-    QTest::newRow("three quarter turns, scale 1.5")
-        << Outputs{{.size = {1200, 900}, .scale = 1.5, .turn = Turn::ThreeQuarters}};
+    const auto transformed = [](const char* name, wl_output_transform transform, double scale) {
+        QTest::newRow(name) << Outputs{{.size = {1200, 900}, .scale = scale, .transform = transform}};
+    };
+    transformed("90", WL_OUTPUT_TRANSFORM_90, 1);
+    transformed("180, scale 2", WL_OUTPUT_TRANSFORM_180, 2);
+    transformed("270, scale 1.5", WL_OUTPUT_TRANSFORM_270, 1.5);
+    transformed("flipped", WL_OUTPUT_TRANSFORM_FLIPPED, 1);
+    transformed("flipped 90", WL_OUTPUT_TRANSFORM_FLIPPED_90, 1);
+    transformed("flipped 180", WL_OUTPUT_TRANSFORM_FLIPPED_180, 1);
+    transformed("flipped 270", WL_OUTPUT_TRANSFORM_FLIPPED_270, 1);
     QTest::newRow("two outputs") << Outputs{{}, {.size = {1920, 1080}, .scale = 2, .position = {1280, 100}}};
 }
 

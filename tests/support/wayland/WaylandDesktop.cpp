@@ -105,8 +105,17 @@ QRgb WaylandDesktop::patternPixel(const Pixel& pixel)
 
 bool WaylandDesktop::showsPictureOnly(std::size_t index)
 {
-    const QImage shown = screenshot(index);
-    return shown == patternImage({outputPlace(index).topLeft(), shown.size()});
+    return screenshot(index) == picture(index);
+}
+
+QImage WaylandDesktop::picture(std::size_t index)
+{
+    return patternImage({outputPlace(index).topLeft(), outputSize(index)});
+}
+
+std::unique_ptr<RunningProgram> WaylandDesktop::showColor(const QColor& color)
+{
+    return start(QStringLiteral(PICTURE_PROGRAM), {color.name()});
 }
 
 std::unique_ptr<RunningProgram> WaylandDesktop::showPicture()

@@ -4,6 +4,7 @@
 #include "support/wayland/WaylandClient.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QImage>
 #include <QPoint>
 #include <QPointF>
@@ -23,22 +24,22 @@ namespace tintwick {
 class WaylandDesktop
 {
 public:
-    enum class Turn : std::uint8_t { None, Quarter, Half, ThreeQuarters };
-
     struct Output
     {
-        /// In physical pixels, before the turn.
+        /// In physical pixels, before the transform.
         QSize size{1280, 800};
         double scale = 1;
         /// In logical units.
         QPoint position{0, 0};
-        Turn turn = Turn::None;
+        wl_output_transform transform = WL_OUTPUT_TRANSFORM_NORMAL;
     };
 
     struct Options
     {
         std::vector<Output> outputs{Output{}};
         bool sessionBus = false;
+        /// Otherwise the pointer is transparent: a headless compositor draws it into each picture of an output.
+        bool showsPointer = false;
     };
 
     struct Pixel
@@ -85,6 +86,10 @@ public:
     /// Covers each output, also those that come later, with the test picture, below everything else. The picture is
     /// there when the function returns.
     [[nodiscard]] std::unique_ptr<RunningProgram> showPicture();
+    /// Starts to cover each output with a colour, above the test picture.
+    [[nodiscard]] std::unique_ptr<RunningProgram> showColor(const QColor& color);
+    /// The test picture on an output.
+    [[nodiscard]] QImage picture(std::size_t index);
     /// Whether the output shows nothing but the test picture.
     [[nodiscard]] bool showsPictureOnly(std::size_t index);
     /// The colour of the test picture. It differs between all pixels of an output, and between outputs.
@@ -97,6 +102,7 @@ public:
 
     /// Kills the compositor.
     virtual void endCompositor() = 0;
+    [[nodiscard]] virtual qint64 compositorId() const = 0;
 
 protected:
     explicit WaylandDesktop(bool hasBus);
