@@ -12,7 +12,7 @@ namespace {
 
 struct Row
 {
-    std::uint32_t format;
+    std::uint32_t format = 0;
     PixelFormat description;
 };
 

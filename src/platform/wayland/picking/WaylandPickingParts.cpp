@@ -15,12 +15,12 @@ constexpr std::chrono::milliseconds longestPress{500};
 } // namespace
 
 WaylandPickingParts::WaylandPickingParts(WaylandConnection& ofConnection, WaylandSeat& ofSeat,
-                                         std::vector<std::unique_ptr<ScreenCapture>> ways)
+                                         std::vector<std::unique_ptr<ScreenCapture>> ofCaptures)
     : connection(ofConnection)
     , seat(ofSeat)
     , shell(ofConnection)
     , clipboard(ofConnection, ofSeat.get())
-    , captures(std::move(ways))
+    , captures(std::move(ofCaptures))
 {
     connect(&seat, &WaylandSeat::released, this, &WaylandPickingParts::dropKept);
 }

@@ -22,8 +22,8 @@ class WaylandPickingParts final : public QObject
 
 public:
     /// The ways to take pictures are tried in the given order. Connection and seat must outlive the object.
-    WaylandPickingParts(WaylandConnection& connection, WaylandSeat& seat,
-                        std::vector<std::unique_ptr<ScreenCapture>> captures);
+    WaylandPickingParts(WaylandConnection& ofConnection, WaylandSeat& ofSeat,
+                        std::vector<std::unique_ptr<ScreenCapture>> ofCaptures);
     ~WaylandPickingParts() override;
 
     /// Keeps the surfaces of a pick that has ended, without a loupe, until no button and no key is down: otherwise

@@ -335,7 +335,7 @@ void WaylandPickingSession::reportMiddle()
     }();
     if (coverAt(index)) {
         const QSize size = m_screens[static_cast<std::size_t>(index)].size;
-        report({index, QPointF(size.width() / 2, size.height() / 2)});
+        report({index, QRect(QPoint(), size).center()});
     }
 }
 
