@@ -1,6 +1,7 @@
 #include "WaylandPlatform.h"
 
 #include "ClipboardProcess.h"
+#include "ConnectionLoss.h"
 #include "KWinCapture.h"
 #include "PortalCapture.h"
 #include "ScreencopyCapture.h"
@@ -58,8 +59,10 @@ void WaylandPlatform::preparePicking()
         return;
     }
     m_connection->listen();
-    QObject::connect(m_connection.get(), &WaylandConnection::closed, m_connection.get(),
-                     [] { QCoreApplication::exit(EXIT_FAILURE); });
+    QObject::connect(m_connection.get(), &WaylandConnection::closed, m_connection.get(), [] {
+        reportConnectionLoss();
+        QCoreApplication::exit(EXIT_FAILURE);
+    });
     m_picking.emplace(*m_connection, m_seat, waysToCapture());
 }
 

@@ -1,11 +1,14 @@
 #include "WaylandToolkit.h"
 
+#include "ConnectionLoss.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QString>
 #include <QStringList>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tintwick {
 
@@ -14,6 +17,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr auto* platformVariable = "QT_QPA_PLATFORM";
+
+QtMessageHandler defaultHandler = nullptr;
 
 bool hasPlugin()
 {
@@ -26,10 +31,28 @@ bool hasPlugin()
     });
 }
 
+/// The toolkit prints this and ends the process at once, so that changes which are being saved would be lost.
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith("The Wayland connection "_L1)) {
+        defaultHandler(type, context, message);
+        return;
+    }
+    if (message.startsWith("The Wayland connection broke"_L1)) {
+        reportConnectionLoss();
+    } else {
+        defaultHandler(type, context, message);
+    }
+    std::exit(EXIT_FAILURE);
+}
+
 } // namespace
 
 bool useWaylandToolkit(QString& whyNot)
 {
+    if (!defaultHandler) {
+        defaultHandler = qInstallMessageHandler(&handleMessage);
+    }
     if (!qEnvironmentVariableIsEmpty(platformVariable)) {
         return true;
     }
