@@ -368,6 +368,7 @@ void Application::pickFor(const PickRequest& request, const InstanceService::Ans
         m_series.release()->deleteLater();
         answer(result);
     });
+    m_badge.follow(m_series->picker());
     m_series->start();
 }
 

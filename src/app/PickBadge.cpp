@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "Paint.h"
+#include "Picker.h"
 #include "PointerBadge.h"
 #include "Shadow.h"
 #include "Symbol.h"
@@ -66,6 +67,18 @@ PickBadge::PickBadge(PointerBadge* badge, QObject* parent)
 PickBadge::~PickBadge()
 {
     hide();
+}
+
+void PickBadge::follow(const Picker& picker)
+{
+    connect(&picker, &Picker::isWaiting, this, &PickBadge::showSentence);
+    connect(&picker, &Picker::begun, this, &PickBadge::hide);
+    connect(&picker, &Picker::ended, this, [this] {
+        // What was copied may be shown already.
+        if (!m_end.isActive()) {
+            hide();
+        }
+    });
 }
 
 void PickBadge::showCountdown(int left, int total)

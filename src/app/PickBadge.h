@@ -9,6 +9,7 @@
 
 namespace tintwick {
 
+class Picker;
 class PointerBadge;
 
 /// What the program says beside the pointer while its panel is closed. Says nothing where the desktop has no place for
@@ -25,6 +26,8 @@ public:
     /// Of what is shown from now on.
     void setScheme(Scheme scheme) { m_scheme = scheme; }
 
+    /// Shows what the picker's picks wait for until they begin or end.
+    void follow(const Picker& picker);
     /// Shows how many of the seconds until a pick are left.
     void showCountdown(int left, int total);
     /// Shows a sentence until hide().

@@ -22,6 +22,7 @@ public:
     PickSeries(const PickRequest& request, Platform& platform, const Preferences& preferences,
                AppState& state, QObject* parent = nullptr);
 
+    [[nodiscard]] const Picker& picker() const { return m_picker; }
     void start() { m_picker.start({.count = m_request.count}); }
     /// Ends the pick with the colours picked so far.
     void cancel() { m_picker.cancel(); }

@@ -23,6 +23,7 @@ Picking::Picking(Platform& platform, const Preferences& preferences, AppState& s
 {
     m_second.setTimerType(Qt::PreciseTimer);
     connect(&m_second, &QTimer::timeout, this, &Picking::countDown);
+    m_badge.follow(m_picker);
     connect(&m_picker, &Picker::picked, this, &Picking::take);
     connect(&m_picker, &Picker::ended, this,
             [this](const PickOutcome& outcome) { Q_EMIT ended(outcome, m_isCopied); });

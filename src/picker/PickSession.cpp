@@ -134,7 +134,9 @@ void PickSession::pointerMoved(const ScreenPosition& position)
 {
     // Our own warps are reported too.
     if (!m_hasPosition || position != m_position) {
-        m_hasPosition = true;
+        if (!std::exchange(m_hasPosition, true)) {
+            Q_EMIT begun();
+        }
         m_position = position;
         updateLoupe();
     }

@@ -73,6 +73,10 @@ public:
     void cancel();
 
 Q_SIGNALS:
+    /// The loupe is shown for the first time.
+    void begun();
+    /// The pick cannot begin yet. `sentence` tells the user what it waits for.
+    void isWaiting(const QString& sentence);
     /// `color` is opaque. `isCopied` says whether the clipboard holds its text, after those before it. The input is
     /// released when it was the last colour.
     void picked(QRgb color, bool isCopied);
@@ -81,6 +85,7 @@ Q_SIGNALS:
 
 private:
     void refused(const QString& reason) override;
+    void waiting(const QString& sentence) override { Q_EMIT isWaiting(sentence); }
     void pointerMoved(const ScreenPosition& position) override;
     void buttonPressed(PointerButton button, const ScreenPosition& position, int modifiers) override;
     void scrolled(ScrollDelta delta) override;

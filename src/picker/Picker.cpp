@@ -44,6 +44,8 @@ void Picker::start(const PickMode& mode)
         m_platform, m_loupe,
         {.look = look(), .radius = m_preferences.loupeRadius(), .copiedText = m_copiedText, .mode = mode},
         this);
+    connect(m_session, &PickSession::begun, this, &Picker::begun);
+    connect(m_session, &PickSession::isWaiting, this, &Picker::isWaiting);
     connect(m_session, &PickSession::picked, this, &Picker::picked);
     connect(m_session, &PickSession::ended, this, &Picker::finish);
 }

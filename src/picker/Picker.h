@@ -34,7 +34,9 @@ public:
     [[nodiscard]] bool isPicking() const { return m_session != nullptr; }
 
 Q_SIGNALS:
-    /// As PickSession reports it.
+    // As PickSession reports them.
+    void begun();
+    void isWaiting(const QString& sentence);
     void picked(QRgb color, bool isCopied);
     /// Emitted once for each pick, when none runs any more.
     void ended(const tintwick::PickOutcome& outcome);

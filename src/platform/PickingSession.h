@@ -28,6 +28,9 @@ public:
         /// The session did not start: no input is grabbed and nothing is shown. `reason` is one sentence for the user.
         /// The session has ended.
         virtual void refused(const QString& reason) = 0;
+        /// Another program holds the input. The session has taken its picture and starts when the input is free, or is
+        /// refused after some seconds. `sentence` tells the user.
+        virtual void waiting(const QString& sentence) = 0;
         /// The first report means that the session has started, on a desktop with a screen. Pending moves are merged
         /// into the newest. Also reported when the screens have changed.
         virtual void pointerMoved(const ScreenPosition& position) = 0;

@@ -9,6 +9,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <optional>
 
 using namespace tintwick;
 
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void theScreenIsFrozenWhenTheTimeIsUp();
     void theCountdownFollowsThePointerAndTakesNoInput();
     void anotherPickEndsTheCountdown();
+    void aPickWaitsWithItsPictureUntilAMenuCloses_data();
+    void aPickWaitsWithItsPictureUntilAMenuCloses();
     void aPickSaysThatItWasCopied();
     void aCancelledPickSaysNothing();
 };
@@ -39,7 +42,6 @@ void DelayedPickTest::theScreenIsFrozenWhenTheTimeIsUp_data()
 {
     QTest::addColumn<Compositor>("compositor");
     QTest::newRow("no compositor") << Compositor::None;
-    QTest::newRow("compositor") << Compositor::Plain;
     QTest::newRow("compositor with shadows") << Compositor::WithShadows;
 }
 
@@ -122,6 +124,50 @@ void DelayedPickTest::anotherPickEndsTheCountdown()
     QElapsedTimer time;
     time.start();
     QVERIFY(!waitUntil([&] { return time.elapsed() < 3500 && program.loupe(); }));
+}
+
+void DelayedPickTest::aPickWaitsWithItsPictureUntilAMenuCloses_data()
+{
+    QTest::addColumn<bool>("isDelayed");
+    QTest::newRow("after the countdown") << true;
+    QTest::newRow("at once") << false;
+}
+
+void DelayedPickTest::aPickWaitsWithItsPictureUntilAMenuCloses()
+{
+    QFETCH(const bool, isDelayed);
+    PrivateDesktop desktop({.compositor = Compositor::Plain, .sessionBus = true});
+    const auto picture = desktop.showPicture();
+    DesktopConnection other(desktop.display());
+    TestWindow menu(other, {.geometry = {600, 420, 200, 40}});
+    menu.setColor(QColor(hovered));
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    if (isDelayed) {
+        QVERIFY(program.openMenu());
+        program.chooseDelayedPick();
+        QVERIFY(waitUntil([&] { return !program.badge().isEmpty(); }));
+    }
+    desktop.movePointer(middle);
+    menu.show();
+    QVERIFY(other.grabPointer());
+    QVERIFY(other.grabKeyboard());
+    std::optional<TintwickProcess> caller;
+    if (!isDelayed) {
+        caller.emplace(desktop, QProcessEnvironment(), QStringList{QStringLiteral("pick")});
+    }
+    // The sentence is wider than the countdown.
+    QVERIFY(waitUntil([&] { return program.badge().width() > 150; }));
+    QVERIFY(!program.loupe());
+    menu.hide();
+    other.ungrabAll();
+    QVERIFY(program.waitForLoupe());
+    QVERIFY(program.badge().isEmpty());
+    desktop.movePointer({700, 440});
+    QVERIFY(program.waitForCenterCell(hovered));
+    desktop.click();
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY2(program.waitForClipboard("#FA780A"), desktop.clipboard().constData());
 }
 
 void DelayedPickTest::aPickSaysThatItWasCopied()

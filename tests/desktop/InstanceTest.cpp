@@ -175,6 +175,7 @@ void InstanceTest::severalPicksAreCopiedTogether()
                              hexText(patternPixel(middle.x() + 50, middle.y()));
     QCOMPARE(caller.process().standardOutput(), texts + '\n');
     QVERIFY(program.waitForClipboard(texts));
+    QVERIFY(waitUntil([&] { return !program.badge().isEmpty(); }));
 }
 
 void InstanceTest::escapeEndsAPickWithOne_data()

@@ -18,6 +18,7 @@ public:
     {
         QFAIL("a session that never begins reports no pointer");
     }
+    void waiting(const QString&) override { QFAIL("nothing to wait for"); }
     void buttonPressed(PointerButton, const ScreenPosition&, int) override { QFAIL("no input"); }
     void scrolled(ScrollDelta) override { QFAIL("no input"); }
     void keyPressed(const KeyPress&) override { QFAIL("no input"); }

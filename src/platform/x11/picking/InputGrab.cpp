@@ -77,7 +77,7 @@ InputGrab::~InputGrab()
     end();
 }
 
-InputGrab::Outcome InputGrab::begin(Listener& listener)
+InputGrab::Outcome InputGrab::begin(Listener& listener, Patience patience)
 {
     // What the toolkit has already released must not look grabbed.
     toolkit::sync();
@@ -100,7 +100,7 @@ InputGrab::Outcome InputGrab::begin(Listener& listener)
         }
         return true;
     };
-    if (!retryGrab(grabBoth)) {
+    if (patience == Patience::Brief ? !retryGrab(grabBoth) : !grabBoth()) {
         m_holdsPointer = m_holdsKeyboard = false;
         m_buttonsDown.clear();
         m_keysDown.clear();

@@ -43,9 +43,14 @@ public:
     InputGrab(XcbConnection& connection, XkbKeymap& keymap);
     ~InputGrab();
 
-    /// Waits for at most 150 ms while another client holds the pointer or the keyboard. Nothing is hidden or grabbed
-    /// unless it returns Started. The listener must live until end().
-    [[nodiscard]] Outcome begin(Listener& listener);
+    enum class Patience : std::uint8_t {
+        None,
+        /// Waits for at most 150 ms while another client holds the pointer or the keyboard.
+        Brief
+    };
+
+    /// Nothing is hidden or grabbed unless it returns Started. The listener must live until end().
+    [[nodiscard]] Outcome begin(Listener& listener, Patience patience);
     /// Shows the pointer and releases each grab once no button or key of the pick is down, so that no other client
     /// receives their releases. Does nothing when not begun.
     void end();

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace tintwick {
@@ -17,6 +18,10 @@ bool contains(const QRect& frame, QPointF position)
     return position.x() >= frame.x() && position.x() < frame.x() + frame.width() &&
            position.y() >= frame.y() && position.y() < frame.y() + frame.height();
 }
+
+/// How often a held input is asked for, and for how long.
+constexpr std::chrono::milliseconds attemptInterval{30};
+constexpr std::chrono::milliseconds longestWait{5000};
 
 } // namespace
 
@@ -50,11 +55,39 @@ void X11PickingSession::start()
     if (m_isFrozen) {
         m_reader->freeze();
     }
-    const InputGrab::Outcome outcome = m_parts.input.begin(*this);
-    if (outcome != InputGrab::Outcome::Started) {
+    connect(&m_nextAttempt, &QTimer::timeout, this, [this] { tryToBegin(InputGrab::Patience::None); });
+    tryToBegin(InputGrab::Patience::Brief);
+}
+
+void X11PickingSession::tryToBegin(InputGrab::Patience patience)
+{
+    const InputGrab::Outcome outcome = m_parts.input.begin(*this, patience);
+    const bool isHeld =
+        outcome == InputGrab::Outcome::PointerIsHeld || outcome == InputGrab::Outcome::KeyboardIsHeld;
+    if (outcome == InputGrab::Outcome::Started) {
+        m_nextAttempt.stop();
+        begin();
+    } else if (isHeld && !m_nextAttempt.isActive()) {
+        wait();
+    } else if (!isHeld || m_waiting.hasExpired(longestWait.count())) {
+        m_nextAttempt.stop();
         refuse(outcome);
-        return;
     }
+}
+
+// A menu would be closed before the pick begins.
+void X11PickingSession::wait()
+{
+    if (!std::exchange(m_isFrozen, true)) {
+        m_reader->freeze();
+    }
+    m_waiting.start();
+    m_nextAttempt.start(attemptInterval);
+    m_listener->waiting(tr("The pick begins when the open menu closes"));
+}
+
+void X11PickingSession::begin()
+{
     m_reader->showFrozen(XCB_WINDOW_NONE);
     connect(&*m_reader, &ScreenReader::contentChanged, this, [this] { m_listener->contentChanged(); });
     connect(&*m_reader, &ScreenReader::screensChanged, this, &X11PickingSession::readScreens);
@@ -170,6 +203,7 @@ void X11PickingSession::end()
     if (!std::exchange(m_listener, nullptr) || !m_reader) {
         return;
     }
+    m_nextAttempt.stop();
     m_loupe.reset();
     m_parts.input.end();
     m_reader.reset();

@@ -9,7 +9,9 @@
 #include "ToolkitConnection.h"
 #include "XcbConnection.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 #include <vector>
@@ -53,6 +55,10 @@ public:
 
 private:
     void start();
+    void tryToBegin(InputGrab::Patience patience);
+    void begin();
+    /// Takes the picture, and begins when the other client returns the input.
+    void wait();
     void refuse(InputGrab::Outcome outcome);
     void pointerMoved(QPointF position) override;
     void buttonPressed(PointerButton button, QPointF position, int modifiers) override;
@@ -72,6 +78,9 @@ private:
     std::vector<Screen> m_screens;
     std::optional<ScreenReader> m_reader;
     std::optional<LoupeWindow> m_loupe;
+    /// Runs while another client holds the input.
+    QTimer m_nextAttempt;
+    QElapsedTimer m_waiting;
 };
 
 } // namespace tintwick
