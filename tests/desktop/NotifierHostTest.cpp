@@ -1,15 +1,9 @@
-#include "DBusMenuTypes.h"
+#include "support/NotifierHost.h"
 #include "desktop/TintwickProcess.h"
 #include "support/TestWindow.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QDBusReply>
-#include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 #include <QStringList>
@@ -23,107 +17,7 @@
 
 using namespace tintwick;
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-/// The part of a desktop's panel that draws tray icons in its own window (StatusNotifierHost).
-class NotifierHost final : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
-    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ isHostRegistered)
-    Q_PROPERTY(int ProtocolVersion READ protocolVersion)
-    Q_PROPERTY(QStringList RegisteredStatusNotifierItems READ items)
-
-public:
-    explicit NotifierHost(const QString& busAddress)
-        : m_bus(QDBusConnection::connectToBus(busAddress, u"notifier host"_s))
-    {
-        m_bus.registerObject(u"/StatusNotifierWatcher"_s, this,
-                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
-        m_bus.registerService(u"org.kde.StatusNotifierWatcher"_s);
-    }
-    ~NotifierHost() override { QDBusConnection::disconnectFromBus(u"notifier host"_s); }
-
-    [[nodiscard]] bool isHostRegistered() const { return true; }
-    [[nodiscard]] int protocolVersion() const { return 0; }
-    [[nodiscard]] QStringList items() const { return m_items; }
-
-    [[nodiscard]] bool waitForItem() const
-    {
-        return waitUntil([this] {
-            QCoreApplication::processEvents();
-            return !m_items.isEmpty();
-        });
-    }
-
-    /// Reports a click on the icon to the program; true when the program has answered.
-    [[nodiscard]] bool activate(QPoint position) const
-    {
-        QDBusMessage click = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
-                                                            u"org.kde.StatusNotifierItem"_s, u"Activate"_s);
-        click << position.x() << position.y();
-        return m_bus.call(click).type() == QDBusMessage::ReplyMessage;
-    }
-
-    /// The titles of the menu's entries; empty for separators.
-    [[nodiscard]] QStringList menu() const
-    {
-        QStringList titles;
-        for (const DBusMenuLayout& entry : layout().children) {
-            titles.append(entry.properties.value(u"label"_s).toString());
-        }
-        return titles;
-    }
-    /// Reports a click on an entry of the menu.
-    void choose(const QString& title) const
-    {
-        QDBusMessage event = menuCall(u"Event"_s);
-        for (const DBusMenuLayout& entry : layout().children) {
-            if (entry.properties.value(u"label"_s) == title) {
-                event << entry.id << u"clicked"_s << QVariant::fromValue(QDBusVariant(0)) << 0U;
-            }
-        }
-        m_bus.call(event);
-    }
-
-    /// A property of the icon.
-    [[nodiscard]] QVariant property(const QString& name) const
-    {
-        QDBusMessage request = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
-                                                              u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-        request << u"org.kde.StatusNotifierItem"_s << name;
-        return m_bus.call(request).arguments().value(0).value<QDBusVariant>().variant();
-    }
-
-public Q_SLOTS:
-    // D-Bus defines this name.
-    void RegisterStatusNotifierItem(const QString& service) { m_items.append(service); }
-
-private:
-    [[nodiscard]] QDBusMessage menuCall(const QString& method) const
-    {
-        QDBusMessage ask = QDBusMessage::createMethodCall(m_items.last(), u"/StatusNotifierItem"_s,
-                                                          u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-        ask << u"org.kde.StatusNotifierItem"_s << u"Menu"_s;
-        const QDBusReply<QDBusVariant> menu = m_bus.call(ask);
-        return QDBusMessage::createMethodCall(m_items.last(),
-                                              menu.value().variant().value<QDBusObjectPath>().path(),
-                                              u"com.canonical.dbusmenu"_s, method);
-    }
-    [[nodiscard]] DBusMenuLayout layout() const
-    {
-        QDBusMessage call = menuCall(u"GetLayout"_s);
-        call << 0 << -1 << QStringList();
-        return qdbus_cast<DBusMenuLayout>(m_bus.call(call).arguments().value(1));
-    }
-
-    QDBusConnection m_bus;
-    QStringList m_items;
-};
-
-} // namespace
 
 /// Trays that draw the icon themselves, do not report its position, and forward clicks.
 class NotifierHostTest final : public QObject
