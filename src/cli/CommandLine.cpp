@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ExportFormat.h"
 #include "HelpText.h"
 
 #include <QCommandLineParser>
@@ -91,9 +92,8 @@ std::optional<QString> problemWithArguments(const CommandInfo& command, const QS
     if (arguments.size() > command.mostArguments) {
         return u"'%1' is one argument too many"_s.arg(arguments.at(command.mostArguments));
     }
-    if (command.completion == Completion::ExportType &&
-        std::ranges::find(exportTypes, QStringView(arguments.first())) == exportTypes.end()) {
-        return u"'%1' is not one of %2"_s.arg(arguments.first(), command.arguments);
+    if (command.completion == Completion::ExportType && !exportFormatFromWord(arguments.first())) {
+        return u"'%1' is not a type; the types are %2"_s.arg(arguments.first(), exportFormatWords(u", "_s));
     }
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "CommandTable.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tintwick {
 
@@ -68,8 +69,9 @@ constexpr std::array commands{
                 u"Prints one color per line. Of several palettes with the name, the first counts.",
                 listOptions},
     CommandInfo{
-        CommandId::Export, u"export", u"css|json|png", 1, 1, u"Export the history or a palette",
-        u"Writes the same bytes as the export in the panel. A file is replaced as a whole or not at all.",
+        CommandId::Export, u"export", u"TYPE", 1, 1, u"Export the history or a palette",
+        u"Types are css, json, png, css-unique, scss, tailwind, tokens, gpl, ase, svg and png-codes. Writes "
+        u"the same bytes as the export in the panel. A file is replaced as a whole or not at all.",
         exportOptions, Completion::ExportType},
     CommandInfo{
         CommandId::Convert, u"convert", u"COLOR…", 1, unlimited, u"Convert colors to another format",

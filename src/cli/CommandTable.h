@@ -2,7 +2,6 @@
 
 #include <QStringView>
 
-#include <array>
 #include <cstdint>
 #include <span>
 
@@ -71,8 +70,5 @@ struct ExitStatus
 /// Options that every command has.
 [[nodiscard]] std::span<const OptionInfo> commonOptions();
 [[nodiscard]] std::span<const ExitStatus> exitStatuses();
-
-/// The types of an export, as they are written.
-inline constexpr std::array<QStringView, 3> exportTypes{u"css", u"json", u"png"};
 
 } // namespace tintwick

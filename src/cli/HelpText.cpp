@@ -1,6 +1,7 @@
 #include "HelpText.h"
 
 #include "CommandTable.h"
+#include "ExportFormat.h"
 
 #include <QStringList>
 
@@ -63,8 +64,11 @@ QString helpText(const CommandInfo& command)
     Rows options;
     append(options, command.options);
     append(options, commonOptions());
-    return u"usage: "_s + synopsis(command) + u"\n\n"_s + command.summary.toString() + u".\n\noptions:\n"_s +
-           table(options);
+    const QString types = command.completion == Completion::ExportType
+                              ? u"types:\n  %1\n\n"_s.arg(exportFormatWords(u", "_s))
+                              : QString();
+    return u"usage: "_s + synopsis(command) + u"\n\n"_s + command.summary.toString() + u".\n\n"_s + types +
+           u"options:\n"_s + table(options);
 }
 
 QString synopsis(const CommandInfo& command)

@@ -8,7 +8,10 @@
 #include "DataFile.h"
 #include "StandardStreams.h"
 
+#include <QGuiApplication>
+
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <utility>
 
@@ -84,13 +87,15 @@ int printPalettes(const Payload& data, const Invocation& invocation)
     return print(names.toUtf8());
 }
 
-QByteArray exported(const QString& type, const QList<CapturedColor>& colors, const QString& title)
+/// Texts in a picture need the toolkit, which needs no display here.
+std::optional<QByteArray> exportedWithTexts(ExportFormat format, const QList<CapturedColor>& colors,
+                                            const QString& title)
 {
-    if (type == "css"_L1) {
-        return ColorExport::buildCSS(colors, title).toUtf8();
-    }
-    return type == "json"_L1 ? ColorExport::buildJSON(colors)
-                             : ColorExport::buildPNG(colors).value_or(QByteArray());
+    std::array<char*, 3> arguments{const_cast<char*>("tintwick"), const_cast<char*>("-platform"),
+                                   const_cast<char*>("offscreen")};
+    int count = static_cast<int>(arguments.size());
+    const QGuiApplication toolkit(count, arguments.data());
+    return ColorExport::build(format, colors, title);
 }
 
 int exportColors(const Payload& data, const Invocation& invocation)
@@ -105,15 +110,17 @@ int exportColors(const Payload& data, const Invocation& invocation)
         colors = palette->colors(data.history, data.keptColors);
         title = palette->name;
     }
-    const QByteArray bytes = exported(invocation.arguments.first(), colors, title);
-    if (bytes.isEmpty()) {
+    const ExportFormat format = exportFormatFromWord(invocation.arguments.first()).value();
+    const auto bytes = format == ExportFormat::PngWithCodes ? exportedWithTexts(format, colors, title)
+                                                            : ColorExport::build(format, colors, title);
+    if (!bytes) {
         return fail(u"there are no colors for a picture"_s);
     }
     if (invocation.output == "-"_L1) {
-        return print(bytes);
+        return print(*bytes);
     }
     QString whyNot;
-    return writeAtomically(invocation.output, bytes, &whyNot)
+    return writeAtomically(invocation.output, *bytes, &whyNot)
                ? EXIT_SUCCESS
                : fail(u"%1 cannot be written: %2"_s.arg(invocation.output, whyNot));
 }

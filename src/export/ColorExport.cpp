@@ -1,20 +1,19 @@
 #include "ColorExport.h"
 
-#include "ContentType.h"
+#include "DesignTokens.h"
+#include "PaletteFiles.h"
 #include "SaveRequest.h"
 #include "Slug.h"
-#include "SuggestedName.h"
+#include "StyleSheets.h"
+#include "SwatchPictures.h"
 #include "TailwindColors.h"
 
 #include <QBuffer>
-#include <QColorSpace>
-#include <QPainter>
 #include <QStringList>
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace tintwick {
@@ -23,28 +22,24 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int columnLimit = 10;
-constexpr int swatchSide = 60;
-constexpr int gutter = 4;
-constexpr int swatchRadius = 8;
-constexpr int pitch = swatchSide + gutter;
-constexpr QRgb swatchGround = qRgb(38, 38, 38);
-// One pixel is one point.
-constexpr int dotsPerMeter = 2835;
-
 ColorExport::PortalHandle portalHandles;
 
-/// A colour blended over an opaque ground. Blended before it is drawn, because the painter rounds more coarsely.
-QColor mixedOver(QRgb ground, const CapturedColor& color)
+/// A data file may hold any finite numbers.
+QList<CapturedColor> insideGamut(QList<CapturedColor> colors)
 {
-    // A data file may hold any finite numbers.
-    const double alpha = std::clamp(color.alpha, 0.0, 1.0);
-    const auto mixed = [alpha](double component, int behind) {
-        return static_cast<int>(
-            std::round(std::clamp(component, 0.0, 1.0) * 255 * alpha + behind * (1 - alpha)));
-    };
-    return {mixed(color.red, qRed(ground)), mixed(color.green, qGreen(ground)),
-            mixed(color.blue, qBlue(ground))};
+    for (CapturedColor& color : colors) {
+        for (double* component : {&color.red, &color.green, &color.blue, &color.alpha}) {
+            *component = std::clamp(*component, 0.0, 1.0);
+        }
+    }
+    return colors;
+}
+
+std::optional<QByteArray> pngOf(const QImage& picture)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    return picture.save(&buffer, "PNG") ? std::optional(png) : std::nullopt;
 }
 
 } // namespace
@@ -54,22 +49,48 @@ void ColorExport::setPortalHandle(PortalHandle portalHandle)
     portalHandles = std::move(portalHandle);
 }
 
-void ColorExport::exportCSS(const QList<CapturedColor>& colors, const QString& paletteName) const
+void ColorExport::exportColors(ExportFormat format, const QList<CapturedColor>& colors,
+                               const QString& paletteName) const
 {
-    save(buildCSS(colors, paletteName).toUtf8(), suggestedName(slugify(paletteName), u"-palette.css"_s),
-         {u"CSS"_s, u"css"_s});
-}
-
-void ColorExport::exportJSON(const QList<CapturedColor>& colors) const
-{
-    save(buildJSON(colors), u"palette.json"_s, {u"JSON"_s, u"json"_s});
-}
-
-void ColorExport::exportPNG(const QList<CapturedColor>& colors) const
-{
-    if (const auto png = buildPNG(colors)) {
-        save(*png, u"palette.png"_s, {u"PNG"_s, u"png"_s});
+    const std::optional<QByteArray> data = build(format, colors, paletteName);
+    if (!data) {
+        return;
     }
+    const ExportFormatInfo& info = infoOf(format);
+    // Queued, because the caller may be a menu that is about to close.
+    auto* request = new SaveRequest(*data, suggestedFileName(format, paletteName),
+                                    {info.kind.toString(), info.suffix.toString()}, portalHandles);
+    QMetaObject::invokeMethod(request, &SaveRequest::begin, Qt::QueuedConnection);
+}
+
+std::optional<QByteArray> ColorExport::build(ExportFormat format, const QList<CapturedColor>& colors,
+                                             const QString& paletteName)
+{
+    switch (format) {
+    case ExportFormat::Css:
+        return buildCSS(colors, paletteName).toUtf8();
+    case ExportFormat::Json:
+        return buildJSON(colors);
+    case ExportFormat::Png:
+        return buildPNG(colors);
+    case ExportFormat::UniqueCss:
+        return buildUniqueCss(insideGamut(colors), paletteName).toUtf8();
+    case ExportFormat::Scss:
+        return buildScss(insideGamut(colors), paletteName).toUtf8();
+    case ExportFormat::TailwindTheme:
+        return buildTailwindTheme(insideGamut(colors), paletteName).toUtf8();
+    case ExportFormat::DesignTokens:
+        return buildDesignTokens(insideGamut(colors), paletteName);
+    case ExportFormat::GimpPalette:
+        return buildGimpPalette(insideGamut(colors), paletteName);
+    case ExportFormat::AdobeSwatches:
+        return buildAdobeSwatches(insideGamut(colors), paletteName);
+    case ExportFormat::Svg:
+        return colors.isEmpty() ? std::nullopt : std::optional(buildSvg(insideGamut(colors)));
+    case ExportFormat::PngWithCodes:
+        return pngOf(swatchPicture(insideGamut(colors), SwatchLabels::Codes));
+    }
+    Q_UNREACHABLE();
 }
 
 QString ColorExport::buildCSS(const QList<CapturedColor>& colors, const QString& paletteName)
@@ -107,42 +128,12 @@ QByteArray ColorExport::buildJSON(const QList<CapturedColor>& colors)
 
 QImage ColorExport::buildSwatchImage(const QList<CapturedColor>& colors)
 {
-    if (colors.isEmpty()) {
-        return {};
-    }
-    const int count = static_cast<int>(colors.size());
-    const int columns = std::min(count, columnLimit);
-    const int rows = (count + columns - 1) / columns;
-    QImage image(columns * pitch + gutter, rows * pitch + gutter, QImage::Format_RGB32);
-    image.setColorSpace(QColorSpace::SRgb);
-    image.setDotsPerMeterX(dotsPerMeter);
-    image.setDotsPerMeterY(dotsPerMeter);
-    image.fill(swatchGround);
-
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    for (int i = 0; i < count; ++i) {
-        const QRect swatch(i % columns * pitch + gutter, i / columns * pitch + gutter, swatchSide,
-                           swatchSide);
-        painter.setBrush(mixedOver(swatchGround, colors[i]));
-        painter.drawRoundedRect(swatch, swatchRadius, swatchRadius);
-    }
-    return image;
+    return swatchPicture(colors, SwatchLabels::None);
 }
 
 std::optional<QByteArray> ColorExport::buildPNG(const QList<CapturedColor>& colors)
 {
-    QByteArray png;
-    QBuffer buffer(&png);
-    return buildSwatchImage(colors).save(&buffer, "PNG") ? std::optional(png) : std::nullopt;
-}
-
-void ColorExport::save(const QByteArray& data, const QString& suggestedName, const ContentType& contentType)
-{
-    // Queued, because the caller may be a menu that is about to close.
-    auto* request = new SaveRequest(data, suggestedName, contentType, portalHandles);
-    QMetaObject::invokeMethod(request, &SaveRequest::begin, Qt::QueuedConnection);
+    return pngOf(buildSwatchImage(colors));
 }
 
 } // namespace tintwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CapturedColor.h"
+#include "ExportFormat.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -14,8 +15,6 @@ class QWidget;
 
 namespace tintwick {
 
-struct ContentType;
-
 /// Writes colours to a file that the user chooses in a save dialog. The operations return at once; the dialog opens from
 /// the event loop and does not block the program. Colours are written in the order given. When the file cannot be
 /// written, the user sees the reason and may choose another one.
@@ -27,13 +26,14 @@ public:
     /// Without this, a dialog of the desktop does not know the window it belongs to. Must stay valid while dialogs open.
     static void setPortalHandle(PortalHandle portalHandle);
 
-    /// CSS custom properties. The file contains the palette's name, and the suggested file name its slug.
-    void exportCSS(const QList<CapturedColor>& colors, const QString& paletteName) const;
-    void exportJSON(const QList<CapturedColor>& colors) const;
-    /// A picture of swatches; does nothing for an empty list.
-    void exportPNG(const QList<CapturedColor>& colors) const;
+    /// Asks for a file and writes the colours to it. Does nothing for a picture of no colours.
+    void exportColors(ExportFormat format, const QList<CapturedColor>& colors,
+                      const QString& paletteName) const;
 
-    // The content of the files.
+    /// The content of the file; none for a picture of no colours. Components are clamped to 0 to 1 in all formats but CSS and
+    /// JSON.
+    [[nodiscard]] static std::optional<QByteArray>
+    build(ExportFormat format, const QList<CapturedColor>& colors, const QString& paletteName);
 
     /// A rule that declares one variable per colour, named by the slug of the colour's name or by its position. Two
     /// variables may have one name; opacity is left out.
@@ -45,9 +45,6 @@ public:
     [[nodiscard]] static QImage buildSwatchImage(const QList<CapturedColor>& colors);
     /// That picture as a PNG file; none for an empty list.
     [[nodiscard]] static std::optional<QByteArray> buildPNG(const QList<CapturedColor>& colors);
-
-private:
-    static void save(const QByteArray& data, const QString& suggestedName, const ContentType& contentType);
 };
 
 } // namespace tintwick

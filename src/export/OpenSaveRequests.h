@@ -18,6 +18,8 @@ public:
 Q_SIGNALS:
     /// The first one was added or the last one removed.
     void anyChanged(bool isAny);
+    /// A request has written its file.
+    void saved(const QString& path);
 
 private:
     int m_count = 0;

@@ -162,6 +162,7 @@ std::optional<QString> SaveRequest::write(const QString& path) const
         return whyNot;
     }
     lastFolder = QFileInfo(path).path();
+    Q_EMIT OpenSaveRequests::shared().saved(path);
     return std::nullopt;
 }
 

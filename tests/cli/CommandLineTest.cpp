@@ -129,9 +129,11 @@ void CommandLineTest::helpAndVersionAreTexts_data()
 {
     QTest::addColumn<QString>("part");
     QTest::newRow("--help") << QStringLiteral("usage: tintwick [COMMAND] [OPTION]…\n");
-    QTest::newRow("-h") << QStringLiteral("  export css|json|png  Export the history or a palette\n");
+    QTest::newRow("-h") << QStringLiteral("  export TYPE     Export the history or a palette\n");
     QTest::newRow("convert --help") << QStringLiteral("usage: tintwick convert [OPTION]… COLOR…\n");
     QTest::newRow("pick -h") << QStringLiteral("-n, --count N");
+    QTest::newRow("export --help") << QStringLiteral(
+        "types:\n  css, json, png, css-unique, scss, tailwind, tokens, gpl, ase, svg, png-codes\n");
     // Help wins over a missing argument.
     QTest::newRow("palette --help") << QStringLiteral("usage: tintwick palette [OPTION]… NAME\n");
     QTest::newRow("--version") << QStringLiteral("tintwick 1.");

@@ -672,10 +672,11 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().cards().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"),
-                                         QStringLiteral("-"), QStringLiteral("Export CSS Variables"),
-                                         QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
-                                         QStringLiteral("-"), QStringLiteral("Delete")}));
+    QCOMPARE(titles(*menu),
+             (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"), QStringLiteral("-"),
+                          QStringLiteral("Export CSS Variables"), QStringLiteral("Export JSON"),
+                          QStringLiteral("Export PNG Swatch"), QStringLiteral("Export Other Formats"),
+                          QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().last()->trigger();
     menu->close();
     panel.settle();

@@ -74,7 +74,7 @@ private Q_SLOTS:
     void emptyScreenExplainsHowToPick();
     void emptyScreenNamesNoKeysWithoutAShortcut();
     void exportMenuIsDisabledWithoutColors();
-    void exportMenuOffersThreeFormats();
+    void exportMenuOffersThreeFormatsAndASubmenuOfOthers();
     void exportContainsTheWholeHistory();
     void clearButtonClearsAtOnce_data();
     void clearButtonClearsAtOnce();
@@ -207,18 +207,21 @@ void HistoryDetailViewTest::exportMenuIsDisabledWithoutColors()
     QVERIFY(isNear(panel.picture().pixel(place.left() + 4, place.center().y()), qRgb(230, 231, 245)));
 }
 
-void HistoryDetailViewTest::exportMenuOffersThreeFormats()
+void HistoryDetailViewTest::exportMenuOffersThreeFormatsAndASubmenuOfOthers()
 {
     const HistoryFixture panel(1);
     QTest::keyClick(&panel.exportButton(), Qt::Key_Down);
     QVERIFY(panel.exportButton().menu());
     QCOMPARE(titles(*panel.exportButton().menu()),
-             (QStringList{u"CSS Variables"_s, u"JSON"_s, u"PNG Swatch"_s}));
+             (QStringList{u"CSS Variables"_s, u"JSON"_s, u"PNG Swatch"_s, u"Other Formats"_s}));
     QStringList symbols;
     for (const QAction* action : panel.exportButton().menu()->actions()) {
         symbols.append(action->icon().name());
     }
-    QCOMPARE(symbols, (QStringList{u"document"_s, u"braces"_s, u"image"_s}));
+    QCOMPARE(symbols, (QStringList{u"document"_s, u"braces"_s, u"image"_s, QString()}));
+    QCOMPARE(titles(*panel.exportButton().menu()->actions().last()->menu()),
+             (QStringList{u"CSS (unique names)"_s, u"SCSS"_s, u"Tailwind v4 @theme"_s, u"Design Tokens"_s,
+                          u"GIMP Palette"_s, u"Adobe Swatch Exchange"_s, u"SVG"_s, u"PNG with Codes"_s}));
     QTest::keyClick(panel.exportButton().menu(), Qt::Key_Escape);
     const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel.exportButton());
     QCOMPARE(interface->role(), QAccessible::ButtonMenu);

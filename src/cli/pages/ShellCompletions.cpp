@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "CommandTable.h"
+#include "ExportFormat.h"
 
 #include <QStringList>
 
@@ -22,15 +23,6 @@ QStringList formatWords()
     return words;
 }
 
-QStringList exportTypeWords()
-{
-    QStringList words;
-    for (const QStringView type : exportTypes) {
-        words.append(type.toString());
-    }
-    return words;
-}
-
 /// The words that complete a value; empty for files and for values that cannot be completed.
 QStringList wordsOf(Completion completion)
 {
@@ -38,7 +30,7 @@ QStringList wordsOf(Completion completion)
     case Completion::Format:
         return formatWords();
     case Completion::ExportType:
-        return exportTypeWords();
+        return exportFormatWords(u" "_s).split(u' ');
     case Completion::Nothing:
     case Completion::File:
         return {};

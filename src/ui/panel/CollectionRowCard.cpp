@@ -4,8 +4,8 @@
 #include "Appearance.h"
 #include "CollectionIcon.h"
 #include "ColorActions.h"
-#include "ColorExport.h"
 #include "ContextMenu.h"
+#include "ExportMenu.h"
 #include "InOneLine.h"
 #include "Paint.h"
 #include "PickMenu.h"
@@ -148,18 +148,15 @@ void CollectionRowCard::setDropTarget(bool isDropTarget)
 QList<MenuEntry> CollectionRowCard::contextMenu() const
 {
     // The menu may outlive the card.
-    return {
+    QList<MenuEntry> entries{
         menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
-        submenu(tr("Pick into"), pickIntoMenu(m_onPick, m_collection.id)),
-        menuSeparator(),
-        menuAction(tr("Export CSS Variables"), u"document"_s,
-                   [colors = m_colors, name = m_collection.name] { ColorExport().exportCSS(colors, name); }),
-        menuAction(tr("Export JSON"), u"braces"_s, [colors = m_colors] { ColorExport().exportJSON(colors); }),
-        menuAction(tr("Export PNG Swatch"), u"image"_s,
-                   [colors = m_colors] { ColorExport().exportPNG(colors); }),
-        menuSeparator(),
-        menuDestructive(tr("Delete"),
-                        [&state = m_appState, id = m_collection.id] { state.deleteCollection(id); })};
+        submenu(tr("Pick into"), pickIntoMenu(m_onPick, m_collection.id)), menuSeparator()};
+    entries += exportEntries(
+        tr("Export "), [colors = m_colors] { return colors; }, [name = m_collection.name] { return name; });
+    entries += {menuSeparator(), menuDestructive(tr("Delete"), [&state = m_appState, id = m_collection.id] {
+                    state.deleteCollection(id);
+                })};
+    return entries;
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const

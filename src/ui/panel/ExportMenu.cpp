@@ -18,7 +18,31 @@ using namespace Qt::StringLiterals;
 constexpr int textSize = 12;
 constexpr double cornerRadius = 8;
 
+MenuEntry exportEntry(ExportFormat format, const QString& prefix,
+                      const std::function<QList<CapturedColor>()>& colors,
+                      const std::function<QString()>& paletteName)
+{
+    const ExportFormatInfo& info = infoOf(format);
+    return menuAction(prefix + info.title.toString(), info.symbol.toString(),
+                      [=] { ColorExport().exportColors(format, colors(), paletteName()); });
+}
+
 } // namespace
+
+QList<MenuEntry> exportEntries(const QString& prefix, const std::function<QList<CapturedColor>()>& colors,
+                               const std::function<QString()>& paletteName)
+{
+    QList<MenuEntry> entries;
+    for (const ExportFormat format : mainExportFormats) {
+        entries.append(exportEntry(format, prefix, colors, paletteName));
+    }
+    QList<MenuEntry> others;
+    for (const ExportFormat format : moreExportFormats) {
+        others.append(exportEntry(format, {}, colors, paletteName));
+    }
+    entries.append(submenu(prefix + ExportMenu::tr("Other Formats"), others));
+    return entries;
+}
 
 ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::function<QString()> paletteName)
     : m_symbol(symbol(u"share"_s, textSize, SymbolWeight::Semibold, theme::accentText))
@@ -28,11 +52,7 @@ ExportMenu::ExportMenu(std::function<QList<CapturedColor>()> colors, std::functi
     setContent(new MenuButton(
         tr("Export"),
         [colors = std::move(colors), paletteName = std::move(paletteName)] {
-            return QList{
-                menuAction(tr("CSS Variables"), u"document"_s,
-                           [=] { ColorExport().exportCSS(colors(), paletteName()); }),
-                menuAction(tr("JSON"), u"braces"_s, [=] { ColorExport().exportJSON(colors()); }),
-                menuAction(tr("PNG Swatch"), u"image"_s, [=] { ColorExport().exportPNG(colors()); })};
+            return exportEntries({}, colors, paletteName);
         },
         m_label, cornerRadius));
     setHasColors(false);

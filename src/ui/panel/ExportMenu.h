@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CapturedColor.h"
+#include "ContextMenu.h"
 #include "View.h"
 
 #include <QList>
@@ -13,6 +14,12 @@ namespace tintwick {
 class Label;
 class Stack;
 class SymbolView;
+
+/// The three main formats, each title after `prefix`, and a submenu with the others. The functions are called when the user
+/// chooses one.
+[[nodiscard]] QList<MenuEntry> exportEntries(const QString& prefix,
+                                             const std::function<QList<CapturedColor>()>& colors,
+                                             const std::function<QString()>& paletteName);
 
 /// The button that exports a list of colours to a file.
 class ExportMenu final : public View

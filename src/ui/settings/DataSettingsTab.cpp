@@ -6,6 +6,7 @@
 #include "Button.h"
 #include "ColorExport.h"
 #include "Label.h"
+#include "MenuButton.h"
 #include "SettingsLayout.h"
 #include "SymbolView.h"
 #include "Theme.h"
@@ -21,15 +22,11 @@ using namespace Qt::StringLiterals;
 
 constexpr double exportRadius = 10;
 
-QWidget* exportButton(const QString& name, const QString& title, const QString& symbolName,
-                      std::function<void()> action)
+QWidget* exportTile(const QString& title, const QString& symbolName)
 {
-    return plainButton(name, std::move(action),
-                       column(gap(5), fillWidth(), fixedHeight(58), centered(),
-                              ground(theme::surfaceHigh, exportRadius), outline(theme::border, 1),
-                              symbol(symbolName, 16, SymbolWeight::Medium, theme::accentText),
-                              label(title, theme::font(12, QFont::Medium))),
-                       exportRadius);
+    return column(gap(5), fillWidth(), fixedHeight(58), centered(), ground(theme::surfaceHigh, exportRadius),
+                  outline(theme::border, 1), symbol(symbolName, 16, SymbolWeight::Medium, theme::accentText),
+                  label(title, theme::font(12, QFont::Medium)));
 }
 
 } // namespace
@@ -56,15 +53,27 @@ QWidget* DataSettingsTab::historySection()
 
 QWidget* DataSettingsTab::exportSection()
 {
-    return settingsSection(
-        tr("Export All History"),
-        row(gap(10), padding(0, 6), fillWidth(),
-            exportButton(tr("Export CSS"), tr("CSS"), u"document"_s,
-                         [this] { ColorExport().exportCSS(m_appState.history(), u"History"_s); }),
-            exportButton(tr("Export JSON"), tr("JSON"), u"braces"_s,
-                         [this] { ColorExport().exportJSON(m_appState.history()); }),
-            exportButton(tr("Export PNG"), tr("PNG"), u"image"_s,
-                         [this] { ColorExport().exportPNG(m_appState.history()); })));
+    const auto exportAs = [this](ExportFormat format) {
+        return [this, format] { ColorExport().exportColors(format, m_appState.history(), u"History"_s); };
+    };
+    Stack* tiles = row(gap(10), padding(0, 6), fillWidth());
+    for (const ExportFormat format : mainExportFormats) {
+        const QString title = infoOf(format).kind.toString();
+        tiles->add(plainButton(tr("Export %1").arg(title), exportAs(format),
+                               exportTile(title, infoOf(format).symbol.toString()), exportRadius));
+    }
+    tiles->add(new MenuButton(
+        tr("Export in another format"),
+        [exportAs] {
+            QList<MenuEntry> entries;
+            for (const ExportFormat format : moreExportFormats) {
+                const ExportFormatInfo& info = infoOf(format);
+                entries.append(menuAction(info.title.toString(), info.symbol.toString(), exportAs(format)));
+            }
+            return entries;
+        },
+        exportTile(tr("More"), u"unfold"_s), exportRadius));
+    return settingsSection(tr("Export All History"), tiles);
 }
 
 void DataSettingsTab::open(const QUrl& page)

@@ -242,6 +242,7 @@ void SettingsScreenTest::textsAreInOrder_data()
                                          u"CSS"_s,
                                          u"JSON"_s,
                                          u"PNG"_s,
+                                         u"More"_s,
                                          u"About"_s,
                                          u"Version"_s,
                                          u"1.0.0"_s,
