@@ -64,10 +64,9 @@ QFont codeFont()
 QString escaped(const QString& text)
 {
     QString valid;
-    // XML has no code for control characters and halves of a pair.
+    // XML has no code for these, as for control characters.
     for (const char32_t character : inSingleLine(text).toUcs4()) {
-        const bool isValid = !QChar::isSurrogate(character) && !QChar::isNonCharacter(character);
-        valid += isValid ? QString::fromUcs4(&character, 1) : QString();
+        valid += QChar::isNonCharacter(character) ? QString() : QString::fromUcs4(&character, 1);
     }
     return valid.toHtmlEscaped();
 }

@@ -265,7 +265,7 @@ void MoreExportsTest::pythonReadsTheVectorPicture()
     QCOMPARE(readBy(u"read_svg.py"_s, {}, built(ExportFormat::Svg, colors)).array()[0].toArray(),
              (QJsonArray{QJsonArray{132, 68}, QJsonArray{QJsonArray{0, 0, 132, 68}, u"#262626"_s, none, none},
                          QJsonArray{QJsonArray{4, 4, 60, 60}, u"#3B82F6"_s, u"0.5"_s, u"Sky"_s},
-                         QJsonArray{QJsonArray{68, 4, 60, 60}, u"#172737"_s, none, u"</svg>&\" "_s}}));
+                         QJsonArray{QJsonArray{68, 4, 60, 60}, u"#172737"_s, none, u"</svg>&\" \uFFFD"_s}}));
 }
 
 void MoreExportsTest::codesAreDrawnAtTwoPixelsPerPoint()

@@ -44,6 +44,16 @@ void openExportMenu(DemoHistory& history)
     showMenu(history, *button.menu(), button.mapTo(&history, QPoint(0, button.height() + 4)));
 }
 
+void openOtherFormats(DemoHistory& history)
+{
+    auto& button = *history.findChild<MenuButton*>();
+    button.click();
+    QMenu& others = *button.menu()->actions().last()->menu();
+    others.adjustSize();
+    others.setActiveAction(others.actions().first());
+    showMenu(history, others, button.mapTo(&history, QPoint(0, button.height() + 4)));
+}
+
 void openContextMenu(DemoHistory& history, int swatch)
 {
     ColorSwatchView& view = *history.swatches().at(swatch);
@@ -95,6 +105,7 @@ void shootHistory(const QDir& folder)
         openContextMenu(history, 6);
     });
     shootState(u"export"_s, manyColors(12), openExportMenu);
+    shootState(u"export-other-formats"_s, manyColors(12), openOtherFormats);
     shootState(u"rename"_s, manyColors(12),
                [&](DemoHistory& history) { renamed(history, u"Harbour at dusk"_s); });
     shootState(u"rename-unnamed"_s, manyColors(12), [&](DemoHistory& history) { renamed(history, {}); });

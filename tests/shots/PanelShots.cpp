@@ -7,6 +7,7 @@
 #include "ColorDetailRow.h"
 #include "DashboardSwatchView.h"
 #include "DashboardView.h"
+#include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "PanelView.h"
 #include "Preferences.h"
@@ -124,6 +125,9 @@ void shootMainPanel(const QDir& folder)
     shootState(u"focus-card"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
         panel.activateWindow();
         panel.dashboard().cards().first()->setFocus(Qt::TabFocusReason);
+    });
+    shootState(u"saved"_s, manyColors(8), twoPalettes, [](DemoPanel&) {
+        Q_EMIT OpenSaveRequests::shared().saved(u"/home/ada/history-palette.css"_s);
     });
     shootState(u"history"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
         panel.view().setSelectedCollectionId(PanelView::historySelectionId);

@@ -9,11 +9,13 @@
 #include "CopiedPill.h"
 #include "HistoryDetailView.h"
 #include "NoticeView.h"
+#include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "RenameColorOverlay.h"
 #include "ScrollArea.h"
 #include "Stack.h"
 #include "SwatchView.h"
+#include "UndoPill.h"
 #include "ui/Contrast.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -72,6 +74,7 @@ private Q_SLOTS:
     void everyTextHasEnoughContrast();
     void aFailedSaveIsToldUntilOneSucceeds();
     void anUnreadableFileIsToldUntilThePanelIsHidden();
+    void aSavedFileIsNamedAndItsFolderIsOneClickAway();
     void theButtonOfANoticeShowsTheFolder();
     void aShortNoticeHasRoomForItsButton();
 
@@ -773,6 +776,20 @@ void PanelViewTest::anUnreadableFileIsToldUntilThePanelIsHidden()
     view.hide();
     view.show();
     QVERIFY(!notice->isVisible());
+}
+
+void PanelViewTest::aSavedFileIsNamedAndItsFolderIsOneClickAway()
+{
+    const FileManager manager;
+    PanelFixture panel;
+    Q_EMIT OpenSaveRequests::shared().saved(u"/home/ada/Site/palette.css"_s);
+    panel.settle();
+    QAbstractButton* show = button(panel, u"Show"_s);
+    QVERIFY(show);
+    QCOMPARE(test::visibleTexts(*panel.view->findChild<UndoPill*>()).join(u' '),
+             u"Saved palette.css – Show"_s);
+    QTest::mouseClick(show, Qt::LeftButton);
+    QCOMPARE(manager.shown, QList{QUrl(u"file:///home/ada/Site"_s)});
 }
 
 void PanelViewTest::theButtonOfANoticeShowsTheFolder()

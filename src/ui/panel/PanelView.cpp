@@ -11,6 +11,7 @@
 #include "InOneLine.h"
 #include "Label.h"
 #include "NoticeView.h"
+#include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "Paint.h"
 #include "Preferences.h"
@@ -22,6 +23,7 @@
 
 #include <QDesktopServices>
 #include <QEvent>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
@@ -89,6 +91,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
     connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
     connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
+    connect(&OpenSaveRequests::shared(), &OpenSaveRequests::saved, this, &PanelView::showSavedFile);
     connect(&m_preferences, &Preferences::problemChanged, this, &PanelView::updateNotice);
     connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
@@ -253,6 +256,13 @@ Notice PanelView::currentNotice()
 void PanelView::updateNotice()
 {
     m_notice->showNotice(currentNotice());
+}
+
+void PanelView::showSavedFile(const QString& path)
+{
+    const QFileInfo file(path);
+    m_undoPill->say(tr("Saved %1").arg(inOneLine(file.fileName())),
+                    {tr("Show"), [this, folder = file.path()] { showFolder(folder); }});
 }
 
 void PanelView::showFolder(const QString& folder)

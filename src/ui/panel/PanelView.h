@@ -105,6 +105,7 @@ private:
     [[nodiscard]] bool tellsOfUnreadableFile() const;
     [[nodiscard]] Notice currentNotice();
     void updateNotice();
+    void showSavedFile(const QString& path);
     void showFolder(const QString& folder);
 
     /// Leaves the settings, or the screen that was opened from the dashboard.

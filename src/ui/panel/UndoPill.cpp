@@ -42,9 +42,11 @@ UndoPill::UndoPill(AppState& appState, QWidget& panel)
     , m_panel(panel)
     , m_text(pillLabel({}, theme::textSecond))
     , m_dash(pillLabel(u"–"_s, theme::textSecond))
-    , m_undo(new PlainButton(tr("Undo"), pillLabel(tr("Undo"), theme::accentText), ringRadius, ringMargins))
+    , m_title(pillLabel({}, theme::accentText))
+    , m_button(new PlainButton({}, m_title, ringRadius, ringMargins))
     , m_pill(row(gap(8), padding(16, ringMargins.top()), fixedHeight(pillHeight),
-                 ground(theme::surface, pillHeight / 2.0), outline(theme::border, 1), m_text, m_dash, m_undo))
+                 ground(theme::surface, pillHeight / 2.0), outline(theme::border, 1), m_text, m_dash,
+                 m_button))
     , m_presence(duration)
     , m_animator([this](double seconds) {
         const bool isMoving = m_presence.advance(seconds);
@@ -58,17 +60,21 @@ UndoPill::UndoPill(AppState& appState, QWidget& panel)
     m_pill->setParent(this);
     // The text shrinks first.
     m_dash->setMinimumSize(m_dash->sizeHint());
-    m_undo->setMinimumSize(m_undo->sizeHint());
-    m_undo->onClick([this] { m_appState.undo(); });
-    m_undo->installEventFilter(this);
+    m_button->onClick([this] {
+        // The action may replace the offer.
+        const std::function<void()> action = m_action;
+        action();
+    });
+    m_button->installEventFilter(this);
     hide();
 
     m_end.setSingleShot(true);
     connect(&m_end, &QTimer::timeout, this, [this] { setPresent(false); });
-    connect(&m_appState, &AppState::changeMade, this,
-            [this](const QString& what) { say(what, Offer::Undo); });
+    connect(&m_appState, &AppState::changeMade, this, [this](const QString& what) {
+        say(what, {tr("Undo"), [this] { m_appState.undo(); }});
+    });
     connect(&m_appState, &AppState::changeUndone, this,
-            [this](const QString& what) { say(tr("Undone: %1").arg(what), Offer::None); });
+            [this](const QString& what) { say(tr("Undone: %1").arg(what)); });
     addShortcut(panel, Qt::CTRL | Qt::Key_Z, &AppState::undo);
     addShortcut(panel, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &AppState::redo);
 }
@@ -84,16 +90,21 @@ void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, void (AppSt
     });
 }
 
-void UndoPill::say(const QString& text, Offer offer)
+void UndoPill::say(const QString& text, const Offer& offer)
 {
+    const bool hasOffer = static_cast<bool>(offer.action);
     m_text->setText(text);
     setAccessibleName(text);
-    if (offer == Offer::None && m_undo->hasFocus()) {
+    if (!hasOffer && m_button->hasFocus()) {
         m_panel.setFocus();
     }
-    m_dash->setVisible(offer == Offer::Undo);
-    m_undo->setVisible(offer == Offer::Undo);
-    m_undo->setAccessibleDescription(text);
+    m_title->setText(offer.title);
+    m_button->setAccessibleName(offer.title);
+    m_button->setAccessibleDescription(text);
+    m_action = offer.action;
+    m_button->setMinimumSize(m_button->sizeHint());
+    m_dash->setVisible(hasOffer);
+    m_button->setVisible(hasOffer);
     setPresent(true);
     hideLater();
     QAccessibleEvent alert(this, QAccessible::Alert);
@@ -107,12 +118,12 @@ void UndoPill::moveToEndOfTabOrder() const
     while (last->focusPolicy() == Qt::NoFocus) {
         last = last->previousInFocusChain();
     }
-    setTabOrder(last, m_undo);
+    setTabOrder(last, m_button);
 }
 
 void UndoPill::hideLater()
 {
-    if (underMouse() || m_undo->hasFocus()) {
+    if (underMouse() || m_button->hasFocus()) {
         m_end.stop();
     } else if (m_presence.target() > 0) {
         m_end.start(shownFor);

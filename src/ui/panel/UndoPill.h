@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <chrono>
+#include <functional>
 
 namespace tintwick {
 
@@ -15,7 +16,7 @@ class Label;
 class PlainButton;
 class Stack;
 
-/// Names each change of the state and offers to take it back: "Removed Sky – Undo". A row at the bottom of the panel that takes
+/// Names each change of the state and offers to take it back: "Removed Sky – Undo". Shows other sentences too. A row at the bottom of the panel that takes
 /// its room from the screens, so that it covers nothing; it stays while the pointer is over it or its button has the focus.
 ///
 /// Ctrl+Z and Ctrl+Shift+Z in the panel go back and forth without it.
@@ -27,7 +28,17 @@ public:
     /// After a change, or after pointer and focus have left.
     static constexpr std::chrono::milliseconds shownFor{6000};
 
+    /// A button after the sentence; none without an action.
+    struct Offer
+    {
+        QString title;
+        std::function<void()> action;
+    };
+
     UndoPill(AppState& appState, QWidget& panel);
+
+    /// Replaces the sentence and the button, and alerts screen readers.
+    void say(const QString& text, const Offer& offer = {});
 
     /// To be called after controls have been added to the panel: Tab reaches the button after them.
     void moveToEndOfTabOrder() const;
@@ -42,10 +53,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    enum class Offer { None, Undo };
-
     void addShortcut(QWidget& panel, const QKeySequence& keys, void (AppState::*action)());
-    void say(const QString& text, Offer offer);
     void hideLater();
     void setPresent(bool isPresent);
     void place();
@@ -54,7 +62,9 @@ private:
     QWidget& m_panel;
     Label* m_text;
     Label* m_dash;
-    PlainButton* m_undo;
+    Label* m_title;
+    PlainButton* m_button;
+    std::function<void()> m_action;
     Stack* m_pill;
     QTimer m_end{this};
     /// 0 hidden, 1 shown.
