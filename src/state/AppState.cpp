@@ -182,6 +182,46 @@ ColorCollection AppState::createCollection(const QString& name)
     return collection;
 }
 
+void AppState::renameCollection(const QUuid& id, const QString& name)
+{
+    Payload after = m_data;
+    if (ColorCollection* collection = firstOf(after.collections, id)) {
+        const QString before = std::exchange(collection->name, name);
+        make(tr("Renamed %1").arg(before), after);
+    }
+}
+
+void AppState::duplicateCollection(const QUuid& id)
+{
+    Payload after = m_data;
+    const ColorCollection* original = firstOf(after.collections, id);
+    if (!original) {
+        return;
+    }
+    const QString name = original->name;
+    ColorCollection copy = ColorCollection::create(tr("%1 copy").arg(name));
+    copy.colorIds = original->colorIds;
+    copy.icon = original->icon;
+    after.collections.insert(original - after.collections.constData() + 1, copy);
+    make(tr("Duplicated %1").arg(name), after);
+}
+
+void AppState::sortCollection(const QUuid& id, ColorOrder order)
+{
+    Payload after = m_data;
+    ColorCollection* collection = firstOf(after.collections, id);
+    if (!collection) {
+        return;
+    }
+    QList<QUuid> ids;
+    for (const CapturedColor& color : sorted(colorsOf(*collection), order)) {
+        ids.append(color.id);
+        collection->colorIds.removeAll(color.id);
+    }
+    collection->colorIds = ids + collection->colorIds;
+    make(tr("Sorted %1").arg(collection->name), after);
+}
+
 void AppState::deleteCollection(const QUuid& id)
 {
     const ColorCollection* collection = this->collection(id);

@@ -4,6 +4,7 @@
 #include "Clipboard.h"
 #include "ColorCollection.h"
 #include "ColorFormat.h"
+#include "ColorOrder.h"
 #include "DataProblem.h"
 #include "DataWriter.h"
 #include "Payload.h"
@@ -83,6 +84,11 @@ public:
 
     /// Appends a new collection.
     ColorCollection createCollection(const QString& name);
+    void renameCollection(const QUuid& id, const QString& name);
+    /// Inserts a copy with a new id and the name "Brand copy" after the collection.
+    void duplicateCollection(const QUuid& id);
+    /// Sorts the members once. Unknown ids come last.
+    void sortCollection(const QUuid& id, ColorOrder order);
     /// Its colours stay in the history. Saves in every case.
     void deleteCollection(const QUuid& id);
     /// Appends colours to a collection in one change. Skips those that it holds; the history need not have them.

@@ -21,6 +21,7 @@ class UndoTest final : public QObject
 private Q_SLOTS:
     void eachChangeIsTakenBackAndMadeAgain_data();
     void eachChangeIsTakenBackAndMadeAgain();
+    void aSortIsTakenBack();
     void nothingIsTakenBackWithoutAChange();
     void aChangeWithoutEffectIsNone();
     void fiftyChangesAreTakenBack();
@@ -76,6 +77,11 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain_data()
         [](Filled& filled) { filled->renameColor(filled.red, u"Signal"_s); });
     row("a palette created", u"Created Sky"_s, both, u"Brand: #FF0000 #00FF00; Sea:; Sky:"_s,
         [](Filled& filled) { filled->createCollection(u"Sky"_s); });
+    row("a palette renamed", u"Renamed Brand"_s, both, u"Old: #FF0000 #00FF00; Sea:"_s,
+        [](Filled& filled) { filled->renameCollection(filled.brand(), u"Old"_s); });
+    row("a palette duplicated", u"Duplicated Brand"_s, both,
+        u"Brand: #FF0000 #00FF00; Brand copy: #FF0000 #00FF00; Sea:"_s,
+        [](Filled& filled) { filled->duplicateCollection(filled.brand()); });
     row("a palette removed", u"Removed Brand"_s, both, u"Sea:"_s,
         [](Filled& filled) { filled->deleteCollection(filled.brand()); });
     row("a color added", u"Added Red"_s, both, u"Brand: #FF0000 #00FF00; Sea: #FF0000"_s,
@@ -118,6 +124,21 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain()
     QCOMPARE(filled->history(), historyAfter);
     QCOMPARE(filled->collections(), collectionsAfter);
     QCOMPARE(made.takeFirst(), QVariantList{what});
+}
+
+void UndoTest::aSortIsTakenBack()
+{
+    Filled filled;
+    const QUuid unknown = QUuid::createUuid();
+    filled->moveColors(filled.brand(), {1}, 0);
+    filled->addColor(unknown, filled.brand());
+    filled->moveColors(filled.brand(), {2}, 0);
+    QSignalSpy made(&filled.state(), &AppState::changeMade);
+    filled->sortCollection(filled.brand(), ColorOrder::Lightness);
+    QCOMPARE(filled->collections()[0].colorIds, (QList<QUuid>{filled.red, filled.green, unknown}));
+    QCOMPARE(made.takeFirst(), QVariantList{u"Sorted Brand"_s});
+    filled->undo();
+    QCOMPARE(filled->collections()[0].colorIds, (QList<QUuid>{unknown, filled.green, filled.red}));
 }
 
 void UndoTest::nothingIsTakenBackWithoutAChange()
