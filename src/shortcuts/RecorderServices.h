@@ -14,7 +14,7 @@ struct RecorderServices
 {
     ShortcutRegistry& shortcuts;
     /// Null when the desktop does not let a program take the keyboard.
-    KeyRecording* keys;
+    KeyRecording* keys = nullptr;
     const KeyboardLayout& layout;
     /// The program's menu; its shortcuts cannot be recorded.
     const QMenu& menu;

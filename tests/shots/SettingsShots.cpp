@@ -147,7 +147,7 @@ void shootSettings(const QDir& folder)
                                        {u"gnome"_s, ConfigurationFormat::Gnome},
                                        {u"unknown"_s, ConfigurationFormat::Unknown}}) {
         shootTab(u"keys-"_s + name, SettingsTab::General,
-                 [format](DemoSettings& view) { showLines(view, format); });
+                 [format = format](DemoSettings& view) { showLines(view, format); });
     }
     shootTab(u"keys-copied"_s, SettingsTab::General, [](DemoSettings& view) {
         showLines(view, ConfigurationFormat::Sway);
