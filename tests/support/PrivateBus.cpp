@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
 #include <stdexcept>
 
 namespace tintwick::test {
@@ -62,6 +63,16 @@ void PrivateBus::addActivatable(const QString& service)
     const QString bus = u"org.freedesktop.DBus"_s;
     QDBusConnection::sessionBus().call(
         QDBusMessage::createMethodCall(bus, u"/org/freedesktop/DBus"_s, bus, u"ReloadConfig"_s));
+}
+
+void PrivateBus::freeze() const
+{
+    ::kill(static_cast<pid_t>(m_bus.processId()), SIGSTOP);
+}
+
+void PrivateBus::goOn() const
+{
+    ::kill(static_cast<pid_t>(m_bus.processId()), SIGCONT);
 }
 
 QDBusConnection PrivateBus::connectAs(const QString& name)

@@ -21,6 +21,10 @@ public:
     /// Lists the name of a service that the bus could start.
     void addActivatable(const QString& service);
 
+    /// Stops the bus, so that it takes no message, until it goes on.
+    void freeze() const;
+    void goOn() const;
+
     /// A connection of another program. Disconnect it by its name.
     [[nodiscard]] static QDBusConnection connectAs(const QString& name);
 

@@ -14,6 +14,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <utility>
@@ -30,6 +31,8 @@ const QString sessionInterface = u"org.freedesktop.portal.Session"_s;
 /// The desktop may be starting, so its bus has time.
 constexpr std::chrono::seconds patience{25};
 constexpr unsigned versionWithConfigure = 2;
+/// KDE 5.27 keeps the keys by this name when the program has no application id.
+const QString sessionToken = u"tintwick"_s;
 
 /// (sa{sv})
 struct PortalShortcut
@@ -115,8 +118,9 @@ private:
 
 } // namespace
 
-ShortcutSession::ShortcutSession(const QList<Request>& requests, QString parentWindow)
+ShortcutSession::ShortcutSession(const QList<Request>& requests, Purpose purpose, QString parentWindow)
     : m_requests(requests)
+    , m_purpose(purpose)
     , m_parentWindow(std::move(parentWindow))
 {
     qDBusRegisterMetaType<PortalShortcut>();
@@ -180,12 +184,13 @@ void ShortcutSession::askVersion()
     });
 }
 
-// Some desktops bind only the shortcuts that come with the session, others only those of BindShortcuts.
+// KDE 5.27 binds only the shortcuts that come with the session, and BindShortcuts opens its settings. Other desktops bind
+// only those of BindShortcuts.
 void ShortcutSession::create()
 {
     const auto message = [this](const QString& token) {
         return portalCall(u"CreateSession"_s) << QVariantMap{{u"handle_token"_s, token},
-                                                             {u"session_handle_token"_s, token},
+                                                             {u"session_handle_token"_s, sessionToken},
                                                              {u"shortcuts"_s, shortcutsFor(m_requests)}};
     };
     new Question(*this, message, [this](bool isSuccess, const QVariantMap& results) {
@@ -197,7 +202,12 @@ void ShortcutSession::create()
             return;
         }
         Q_EMIT started();
-        list();
+        const Triggers triggers = triggersIn(results.value(u"shortcuts"_s));
+        if (m_purpose == Purpose::Use && isComplete(triggers)) {
+            setTriggers(triggers);
+        } else {
+            list();
+        }
     });
 }
 
@@ -214,6 +224,12 @@ void ShortcutSession::list()
         }
         bind();
     });
+}
+
+bool ShortcutSession::isComplete(const Triggers& boundWithSession) const
+{
+    return std::ranges::all_of(m_requests,
+                               [&](const Request& request) { return boundWithSession.contains(request.id); });
 }
 
 void ShortcutSession::bind()

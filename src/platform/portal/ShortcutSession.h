@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
+
 class QDBusMessage;
 
 namespace tintwick {
@@ -29,8 +31,11 @@ public:
     /// How the desktop describes the keys of each id; empty texts for ids without keys.
     using Triggers = QMap<QString, QString>;
 
+    /// Whether the user wants to choose the keys.
+    enum class Purpose : std::uint8_t { Use, Configure };
+
     /// The desktop may ask the user, in a dialog for the window that portals name so; empty for none.
-    ShortcutSession(const QList<Request>& requests, QString parentWindow);
+    ShortcutSession(const QList<Request>& requests, Purpose purpose, QString parentWindow);
     ~ShortcutSession() override;
 
     /// Opens the desktop's dialog for the keys. Emits notConfigurable() instead where the portal has no call for it.
@@ -59,12 +64,15 @@ private:
     void askVersion();
     void create();
     void list();
+    /// Whether the portal has bound all shortcuts with the session.
+    [[nodiscard]] bool isComplete(const Triggers& boundWithSession) const;
     void bind();
     /// Texts of ids that this session did not request are left out.
     void setTriggers(const Triggers& triggers);
     [[nodiscard]] bool isMine(const QDBusMessage& signal, const char* signature) const;
 
     QList<Request> m_requests;
+    Purpose m_purpose;
     QString m_parentWindow;
     unsigned m_version = 0;
     /// The path of the portal's object for this session; empty before it is made.

@@ -52,7 +52,7 @@ void WaylandGlobalShortcuts::configure(const QString& parentWindow)
     if (m_session) {
         m_session->configure(parentWindow);
     } else {
-        startSession(parentWindow);
+        startConfiguration(parentWindow);
     }
 }
 
@@ -86,13 +86,13 @@ void WaylandGlobalShortcuts::startSessionLater()
     }
     const auto start = [this] {
         if (m_startsLater) {
-            startSession({});
+            startSession(ShortcutSession::Purpose::Use, {});
         }
     };
     QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
 }
 
-void WaylandGlobalShortcuts::startSession(const QString& parentWindow)
+void WaylandGlobalShortcuts::startSession(ShortcutSession::Purpose purpose, const QString& parentWindow)
 {
     m_startsLater = false;
     dropSession();
@@ -105,7 +105,7 @@ void WaylandGlobalShortcuts::startSession(const QString& parentWindow)
         requests.append({entry.id, entry.description,
                          entry.preferred ? triggerOf(lineKeys(*entry.preferred)) : QString()});
     }
-    m_session = std::make_unique<ShortcutSession>(requests, parentWindow);
+    m_session = std::make_unique<ShortcutSession>(requests, purpose, parentWindow);
     connect(m_session.get(), &ShortcutSession::started, this, [this] {
         m_hasPortal = true;
         updateKeyChoice();
@@ -119,10 +119,16 @@ void WaylandGlobalShortcuts::startSession(const QString& parentWindow)
         dropSession();
         setTriggers({});
     });
-    connect(m_session.get(), &ShortcutSession::notConfigurable, this, &WaylandGlobalShortcuts::startSession);
+    connect(m_session.get(), &ShortcutSession::notConfigurable, this,
+            &WaylandGlobalShortcuts::startConfiguration);
     connect(m_session.get(), &ShortcutSession::triggersChanged, this, &WaylandGlobalShortcuts::setTriggers);
     connect(m_session.get(), &ShortcutSession::activated, this, &GlobalShortcuts::activated);
     connect(m_session.get(), &ShortcutSession::deactivated, this, &GlobalShortcuts::deactivated);
+}
+
+void WaylandGlobalShortcuts::startConfiguration(const QString& parentWindow)
+{
+    startSession(ShortcutSession::Purpose::Configure, parentWindow);
 }
 
 void WaylandGlobalShortcuts::dropSession()

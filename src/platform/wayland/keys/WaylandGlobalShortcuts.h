@@ -48,7 +48,8 @@ private:
 
     void watchPortal();
     void startSessionLater();
-    void startSession(const QString& parentWindow);
+    void startSession(ShortcutSession::Purpose purpose, const QString& parentWindow);
+    void startConfiguration(const QString& parentWindow);
     void dropSession();
     void setTriggers(const ShortcutSession::Triggers& triggers);
     void updateKeyChoice();
