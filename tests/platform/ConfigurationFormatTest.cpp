@@ -1,6 +1,5 @@
 #include "ConfigurationFormat.h"
 #include "KeyCode.h"
-#include "ShellWord.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -112,7 +111,7 @@ void ConfigurationFormatTest::theLineBindsTheCommandToTheKeys_data()
         u"bindsym Mod4+Ctrl+Mod1+Shift+Return exec tintwick pick"_s);
     row("sway, no modifiers", Format::Sway, pick, u"Print"_s, 0, u"bindsym Print exec tintwick pick"_s);
     row("sway, odd path", Format::Sway, oddCommand, u"c"_s, altShift,
-        uR"(bindsym Mod1+Shift+c exec '/opt/a "b" & c'\''s\d/tintwick' pick)"_s);
+        uR"(bindsym Mod1+Shift+c exec /opt/a\ \"b\"\ \&\ c\'s\\d/tintwick pick)"_s);
     row("Hyprland", Format::Hyprland, pick, u"c"_s, altShift, u"bind = ALT SHIFT, C, exec, tintwick pick"_s);
     row("Hyprland, all modifiers", Format::Hyprland, pick, u"Return"_s, all,
         u"bind = SUPER CTRL ALT SHIFT, Return, exec, tintwick pick"_s);
@@ -130,12 +129,14 @@ void ConfigurationFormatTest::theLineBindsTheCommandToTheKeys_data()
         u"riverctl map normal Super+Control+Alt+Shift Return spawn 'tintwick pick'"_s);
     row("river, no modifiers", Format::River, pick, u"Print"_s, 0,
         u"riverctl map normal None Print spawn 'tintwick pick'"_s);
+    row("river, odd path", Format::River, oddCommand, u"c"_s, altShift,
+        uR"(riverctl map normal Alt+Shift C spawn '/opt/a\ \"b\"\ \&\ c\'\''s\\d/tintwick pick')"_s);
     row("labwc", Format::Labwc, pick, u"c"_s, altShift,
         uR"(<keybind key="A-S-c"><action name="Execute" command="tintwick pick"/></keybind>)"_s);
     row("labwc, all modifiers", Format::Labwc, pick, u"Return"_s, all,
         uR"(<keybind key="W-C-A-S-Return"><action name="Execute" command="tintwick pick"/></keybind>)"_s);
     row("labwc, odd path", Format::Labwc, {u"/opt/a&b/tintwick"_s, u"pick"_s}, u"c"_s, altShift,
-        uR"(<keybind key="A-S-c"><action name="Execute" command="'/opt/a&amp;b/tintwick' pick"/></keybind>)"_s);
+        uR"(<keybind key="A-S-c"><action name="Execute" command="/opt/a\&amp;b/tintwick pick"/></keybind>)"_s);
     row("GNOME", Format::Gnome, pick, u"c"_s, altShift, u"tintwick pick"_s);
     row("unknown", Format::Unknown, pick, u"c"_s, altShift, u"tintwick pick"_s);
     row("unknown, panel", Format::Unknown, {u"tintwick"_s, u"panel"_s}, u"p"_s, altShift,

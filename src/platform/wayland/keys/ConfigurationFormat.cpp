@@ -1,7 +1,7 @@
 #include "ConfigurationFormat.h"
 
 #include "KeyCode.h"
-#include "ShellWord.h"
+#include "ShellCommand.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -85,7 +85,7 @@ QString riverLine(const QStringList& command, const LineKeys& keys)
     const QStringList modifiers = words.of(keys.modifiers);
     return u"riverctl map normal %1 %2 spawn %3"_s.arg(modifiers.isEmpty() ? u"None"_s : modifiers.join(u'+'),
                                                        capital(keys.symbolName),
-                                                       shellWord(shellCommand(command)));
+                                                       quotedWord(shellCommand(command)));
 }
 
 QString labwcLine(const QStringList& command, const LineKeys& keys)
