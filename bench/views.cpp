@@ -107,8 +107,8 @@ void drag(QWidget& widget, QEvent::Type type, QPoint position)
 void draggedFrameOfAPalette(benchmark::State& run)
 {
     run.SetLabel("(aim 4 ms)");
-    Panel panel([](AppState& appState, QWidget&) {
-        return new CollectionDetailView(appState, appState.collections().first().id);
+    Panel panel([](AppState& appState, QWidget& around) {
+        return new CollectionDetailView(appState, appState.collections().first().id, around);
     });
     auto* screen = panel.findChild<CollectionDetailView*>();
     ColorDetailRow* row = screen->rows().at(2);

@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "Button.h"
+#include "CollectionActions.h"
 #include "CollectionDetailView.h"
 #include "ColorDetailRow.h"
 #include "MenuButton.h"
@@ -33,7 +34,7 @@ public:
         for (const CapturedColor& color : m_appState.history()) {
             m_appState.addColor(color.id, palette);
         }
-        m_view = new CollectionDetailView(m_appState, palette);
+        m_view = new CollectionDetailView(m_appState, palette, *this);
         setScreen(m_view);
     }
 
@@ -124,6 +125,17 @@ void shootPalette(const QDir& folder)
                [](DemoPalette& palette) { dragOver(palette.view()); });
     shootState(u"drop-target-empty"_s, u"Brand"_s, {},
                [](DemoPalette& palette) { dragOver(palette.view()); });
+    shootState(u"actions"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
+        auto& actions = static_cast<MenuButton&>(button(palette, u"Palette Actions"_s));
+        actions.click();
+        actions.menu()->setActiveAction(actions.menu()->actions().first());
+        showMenu(palette, *actions.menu(),
+                 actions.mapTo(&palette, QPoint(actions.width() - actions.menu()->sizeHint().width(),
+                                                actions.height() + 4)));
+    });
+    shootState(u"rename"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
+        openRenameCollectionOverlay(palette, palette.state(), palette.state().collections().first());
+    });
     shootState(u"menu"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
         MenuButton& button = palette.row(0).copyButton();
         hover(palette.row(0));

@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
@@ -49,7 +50,7 @@ public:
     explicit PaletteFixture(const QList<unsigned>& colors)
         : palette(store(colors))
         , state([](std::chrono::milliseconds, const std::function<void()>&) {})
-        , view(new CollectionDetailView(state, palette))
+        , view(new CollectionDetailView(state, palette, m_window))
     {
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         QApplication::clipboard()->setText(QStringLiteral("untouched"));
@@ -266,6 +267,10 @@ private Q_SLOTS:
     void tabVisitsRowsInOrder();
     void rowMovedByKeyboardStaysVisible();
     void screenReadersGetNamesAndRoles();
+    void paletteIsRenamed_data();
+    void paletteIsRenamed();
+    void actionsOfThePaletteAreInAMenu();
+    void sortedRowsMoveToTheirPlaces();
 };
 
 void CollectionDetailViewTest::toolbarShowsNameAndCount_data()
@@ -436,8 +441,8 @@ void CollectionDetailViewTest::shownColorsAreExported()
     QVERIFY(screen.exportMenu().isEnabled());
     const QPoint edge = screen.inWindow(screen.exportMenu(), QPoint(4, screen.exportMenu().height() / 2));
     QVERIFY(screen.picture().pixel(edge) != theme::surfaceHigh.in(Scheme::Light).rgb());
-    // At the right end of the toolbar, 16 from the edge.
-    QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 364);
+    // At the right end of the toolbar, before the button of 30 and a gap of 10, 16 from the edge.
+    QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 324);
 
     screen.state.clearHistory();
     screen.settle();
@@ -479,7 +484,8 @@ void CollectionDetailViewTest::deletedPaletteShowsNoColors()
     QVERIFY(screen.view->rows().isEmpty());
 
     AppState& state = screen.state;
-    CollectionDetailView never(state, QUuid::createUuid());
+    QWidget panel;
+    CollectionDetailView never(state, QUuid::createUuid(), panel);
     QVERIFY(never.rows().isEmpty());
 }
 
@@ -1225,6 +1231,64 @@ void CollectionDetailViewTest::screenReadersGetNamesAndRoles()
     const auto* remove = QAccessible::queryAccessibleInterface(&screen.row(0).removeButton());
     QCOMPARE(remove->text(QAccessible::Name), QStringLiteral("Remove"));
     QCOMPARE(remove->role(), QAccessible::Button);
+}
+
+void CollectionDetailViewTest::paletteIsRenamed_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("with a double click on the name") << false;
+    QTest::newRow("with F2") << true;
+}
+
+void CollectionDetailViewTest::paletteIsRenamed()
+{
+    QFETCH(const bool, byKey);
+    PanelFixture panel;
+    panel.view->setSelectedCollectionId(panel.state.createCollection(QStringLiteral("Brand")).id);
+    panel.settle();
+    const auto* name = panel.view->currentScreen().findChild<Label*>();
+    QCOMPARE(name->text(), QStringLiteral("Brand"));
+    if (byKey) {
+        QTest::keyClick(panel.view.get(), Qt::Key_F2);
+    } else {
+        const QPoint middle = name->mapTo(panel.view.get(), name->rect().center());
+        QTest::mouseDClick(panel.view->windowHandle(), Qt::LeftButton, {}, middle);
+    }
+    auto* field = panel.view->findChild<QLineEdit*>();
+    QVERIFY(field != nullptr);
+    field->setText(QStringLiteral("Sea"));
+    QTest::keyClick(field, Qt::Key_Return);
+    panel.settle();
+    QCOMPARE(name->text(), QStringLiteral("Sea"));
+    QVERIFY(button(*panel.view, QStringLiteral("Back from Sea")));
+}
+
+void CollectionDetailViewTest::actionsOfThePaletteAreInAMenu()
+{
+    PaletteFixture screen({0x111111});
+    auto* actions = button(*screen.view, QStringLiteral("Palette Actions"));
+    QCOMPARE(actions->toolTip(), QStringLiteral("Palette Actions"));
+    // At the right end of the toolbar, 16 from the edge.
+    QCOMPARE(screen.inWindow(*actions, QPoint(actions->width(), 0)).x(), 364);
+    actions->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(actions, Qt::Key_Down);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu != nullptr);
+    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Rename…"), QStringLiteral("Duplicate"),
+                                         QStringLiteral("Sort by")}));
+    choose(*menu, QStringLiteral("Duplicate"));
+    QCOMPARE(screen.state.collections().size(), 2);
+    QCOMPARE(screen.state.collections()[1].name, QStringLiteral("Brand copy"));
+}
+
+void CollectionDetailViewTest::sortedRowsMoveToTheirPlaces()
+{
+    PaletteFixture screen({0x00FF00, 0x0000FF, 0xFF0000});
+    screen.state.sortCollection(screen.palette, ColorOrder::Hue);
+    QCOMPARE(screen.row(0).y(), 108);
+    screen.settle();
+    QCOMPARE(screen.shown(), QStringLiteral("#FF0000 #00FF00 #0000FF"));
+    QCOMPARE(screen.row(0).y(), 0);
 }
 
 int main(int argc, char** argv)

@@ -63,6 +63,12 @@ private Q_SLOTS:
     void swatchMenuOffersExistingPalettes();
     void deleteInTheMenuRemovesTheColor();
     void cardMenuDeletesTheCollection();
+    void cardIsRenamed_data();
+    void cardIsRenamed();
+    void blankNameRenamesNoPalette();
+    void cardIsDuplicatedBesideTheOriginal();
+    void cardIsSorted_data();
+    void cardIsSorted();
     void cardExportsItsMembersAlsoWhenTheyLeaveTheHistory();
     void blankNameCreatesNoPalette_data();
     void blankNameCreatesNoPalette();
@@ -672,17 +678,113 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
     panel.settle();
     QMenu* menu = contextMenu(*panel.dashboard().cards().first());
     QVERIFY(menu);
-    QCOMPARE(titles(*menu),
-             (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"), QStringLiteral("-"),
-                          QStringLiteral("Export CSS Variables"), QStringLiteral("Export JSON"),
-                          QStringLiteral("Export PNG Swatch"), QStringLiteral("Export Other Formats"),
-                          QStringLiteral("-"), QStringLiteral("Delete")}));
+    QCOMPARE(
+        titles(*menu),
+        (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"), QStringLiteral("-"),
+                     QStringLiteral("Rename…"), QStringLiteral("Duplicate"), QStringLiteral("Sort by"),
+                     QStringLiteral("-"), QStringLiteral("Export CSS Variables"),
+                     QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
+                     QStringLiteral("Export Other Formats"), QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().last()->trigger();
     menu->close();
     panel.settle();
     QVERIFY(panel.state.collections().isEmpty());
     QVERIFY(panel.dashboard().cards().isEmpty());
     QVERIFY(button(panel.dashboard(), QStringLiteral("Create your first palette")));
+}
+
+void DashboardViewTest::cardIsRenamed_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("from its menu") << false;
+    QTest::newRow("with F2") << true;
+}
+
+void DashboardViewTest::cardIsRenamed()
+{
+    QFETCH(const bool, byKey);
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    CollectionRowCard& card = *panel.dashboard().cards().first();
+    card.setFocus(Qt::TabFocusReason);
+    if (byKey) {
+        QTest::keyClick(&card, Qt::Key_F2);
+    } else {
+        choose(*contextMenu(card), QStringLiteral("Rename…"));
+    }
+    auto* field = panel.view->findChild<QLineEdit*>();
+    QVERIFY(field->hasFocus());
+    QCOMPARE(field->selectedText(), QStringLiteral("Brand"));
+    QTest::keyClicks(field, QStringLiteral(" Sea "));
+    QTest::keyClick(field, Qt::Key_Return);
+    panel.settle();
+    QVERIFY(!Overlay::of(*panel.view));
+    QCOMPARE(panel.state.collections().first().name, QStringLiteral("Sea"));
+    QCOMPARE(card.accessibleName(), QStringLiteral("Sea, 0 Colors"));
+    QCOMPARE(panel.view->focusWidget(), &card);
+}
+
+void DashboardViewTest::blankNameRenamesNoPalette()
+{
+    PanelFixture panel;
+    panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    QTest::keyClick(panel.dashboard().cards().first(), Qt::Key_F2);
+    auto* field = panel.view->findChild<QLineEdit*>();
+    field->setText(QStringLiteral("  "));
+    QVERIFY(!button(*panel.view, QStringLiteral("Save"))->isEnabled());
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(Overlay::of(*panel.view));
+    QCOMPARE(panel.state.collections().first().name, QStringLiteral("Brand"));
+}
+
+void DashboardViewTest::cardIsDuplicatedBesideTheOriginal()
+{
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    panel.state.createCollection(QStringLiteral("Sea"));
+    panel.state.addColor(panel.capture(0x3B82F6).id, brand);
+    panel.settle();
+    choose(*contextMenu(*panel.dashboard().cards().first()), QStringLiteral("Duplicate"));
+    panel.settle();
+    QStringList names;
+    for (const CollectionRowCard* card : panel.dashboard().cards()) {
+        names.append(card->accessibleName());
+    }
+    QCOMPARE(names, (QStringList{QStringLiteral("Brand, 1 Color"), QStringLiteral("Brand copy, 1 Color"),
+                                 QStringLiteral("Sea, 0 Colors")}));
+    QVERIFY(panel.state.collections()[1].id != brand);
+}
+
+void DashboardViewTest::cardIsSorted_data()
+{
+    QTest::addColumn<QString>("order");
+    QTest::addColumn<QStringList>("sorted");
+    QTest::newRow("hue") << QStringLiteral("Hue")
+                         << QStringList{QStringLiteral("#FF0000"), QStringLiteral("#00FF00"),
+                                        QStringLiteral("#0000FF")};
+    QTest::newRow("lightness") << QStringLiteral("Lightness")
+                               << QStringList{QStringLiteral("#0000FF"), QStringLiteral("#FF0000"),
+                                              QStringLiteral("#00FF00")};
+}
+
+void DashboardViewTest::cardIsSorted()
+{
+    QFETCH(const QString, order);
+    QFETCH(const QStringList, sorted);
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(QStringLiteral("Brand")).id;
+    for (const unsigned color : {0x00FF00U, 0x0000FFU, 0xFF0000U}) {
+        panel.state.addColor(panel.capture(color).id, brand);
+    }
+    panel.settle();
+    choose(*contextMenu(*panel.dashboard().cards().first()), order);
+    QStringList codes;
+    for (const CapturedColor& color : panel.dashboard().cards().first()->colors()) {
+        codes.append(color.hex6());
+    }
+    QCOMPARE(codes, sorted);
 }
 
 void DashboardViewTest::cardExportsItsMembersAlsoWhenTheyLeaveTheHistory()

@@ -529,8 +529,8 @@ void PanelViewTest::everyControlHasANameAndARole_data()
     QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1 + 1;
     QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
     QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
-    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3 + 1;
-    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 1 + 3 * 3 + 1;
+    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3 + 2 + 1;
+    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 3 + 3 * 3 + 1;
     QTest::newRow("the overlay of a new palette") << 1 << 0 << QStringLiteral("overlay") << 2;
 }
 

@@ -4,6 +4,7 @@
 #include "AppState.h"
 #include "Appearance.h"
 #include "Button.h"
+#include "CollectionActions.h"
 #include "CollectionIcon.h"
 #include "ColorDetailRow.h"
 #include "DetailScreen.h"
@@ -20,7 +21,9 @@
 #include "SymbolView.h"
 #include "Theme.h"
 
+#include <QEvent>
 #include <QPainter>
+#include <QShortcut>
 
 namespace tintwick {
 
@@ -80,9 +83,10 @@ private:
     Animator m_animator;
 };
 
-CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId)
+CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& collectionId, QWidget& panel)
     : m_appState(appState)
     , m_collectionId(collectionId)
+    , m_panel(panel)
     , m_empty(emptyState(u"palette"_s,
                          emptyStateLabel(tr("No colors yet\nDrag swatches here from Recent History"))))
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
@@ -97,6 +101,8 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
 {
     setContent(column(toolbar(), rule(), m_empty, m_scroll));
 
+    m_name->installEventFilter(this);
+    connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, this, &CollectionDetailView::rename);
     connect(m_list, &ReorderList::moveRequested, this,
             [this](qsizetype from, qsizetype to) { m_appState.moveColors(m_collectionId, {from}, to); });
     connect(&m_appState, &AppState::historyChanged, this, &CollectionDetailView::showCollection);
@@ -119,7 +125,8 @@ QWidget* CollectionDetailView::toolbar()
         column(Across::Leading, m_name, m_count),
         spacer(),
         pickButton(),
-        m_export);
+        m_export,
+        menuButton());
     // clang-format on
 }
 
@@ -132,6 +139,34 @@ QWidget* CollectionDetailView::pickButton()
         return pickIntoMenu([this](const WantedPick& pick) { Q_EMIT pickRequested(pick); }, m_collectionId);
     });
     return button;
+}
+
+QWidget* CollectionDetailView::menuButton()
+{
+    const QString name = tr("Palette Actions");
+    auto* button = new MenuButton(
+        name, [this] { return collectionMenu(m_panel, m_appState, m_collection); },
+        row(fixedSize(30, 30), centered(), ground(theme::surfaceHigh, tileRadius),
+            symbol(u"more"_s, 14, SymbolWeight::Regular, theme::textSecond)),
+        tileRadius);
+    button->setToolTip(name);
+    return button;
+}
+
+void CollectionDetailView::rename()
+{
+    if (m_appState.collection(m_collectionId) != nullptr) {
+        openRenameCollectionOverlay(m_panel, m_appState, m_collection);
+    }
+}
+
+bool CollectionDetailView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_name && event->type() == QEvent::MouseButtonDblClick) {
+        rename();
+        return true;
+    }
+    return View::eventFilter(watched, event);
 }
 
 bool CollectionDetailView::isDropTarget() const

@@ -27,7 +27,8 @@ class CollectionDetailView final : public View
     Q_OBJECT
 
 public:
-    CollectionDetailView(AppState& appState, const QUuid& collectionId);
+    /// `panel` contains the view and is what overlays cover.
+    CollectionDetailView(AppState& appState, const QUuid& collectionId, QWidget& panel);
 
     /// One row per colour whose id is known.
     [[nodiscard]] const QList<ColorDetailRow*>& rows() const { return m_rows.views(); }
@@ -39,12 +40,15 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     class DropFrame;
 
     [[nodiscard]] QWidget* toolbar();
     [[nodiscard]] QWidget* pickButton();
+    [[nodiscard]] QWidget* menuButton();
+    void rename();
     [[nodiscard]] QList<CapturedColor> colors() const;
 
     void showCollection();
@@ -54,6 +58,7 @@ private:
 
     AppState& m_appState;
     QUuid m_collectionId;
+    QWidget& m_panel;
     /// The last known value after the collection is deleted.
     ColorCollection m_collection;
 

@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "Appearance.h"
+#include "CollectionActions.h"
 #include "CollectionIcon.h"
 #include "ColorActions.h"
 #include "ContextMenu.h"
@@ -13,6 +14,7 @@
 #include "Symbol.h"
 
 #include <QFontMetricsF>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <cmath>
@@ -52,10 +54,12 @@ QFont nameFont()
 
 } // namespace
 
-CollectionRowCard::CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap,
+CollectionRowCard::CollectionRowCard(AppState& appState, QWidget& panel,
+                                     std::function<void(const QUuid& id)> onTap,
                                      std::function<void(const WantedPick& pick)> onPick)
     : Clickable({})
     , m_appState(appState)
+    , m_panel(panel)
     , m_onTap(std::move(onTap))
     , m_onPick(std::move(onPick))
     , m_hover(0.18, 0.8)
@@ -151,12 +155,22 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
     QList<MenuEntry> entries{
         menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
         submenu(tr("Pick into"), pickIntoMenu(m_onPick, m_collection.id)), menuSeparator()};
+    entries << collectionMenu(m_panel, m_appState, m_collection) << menuSeparator();
     entries += exportEntries(
         tr("Export "), [colors = m_colors] { return colors; }, [name = m_collection.name] { return name; });
     entries += {menuSeparator(), menuDestructive(tr("Delete"), [&state = m_appState, id = m_collection.id] {
                     state.deleteCollection(id);
                 })};
     return entries;
+}
+
+void CollectionRowCard::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier) {
+        openRenameCollectionOverlay(m_panel, m_appState, m_collection);
+    } else {
+        Clickable::keyPressEvent(event);
+    }
 }
 
 void CollectionRowCard::paintShadow(QPainter& painter) const

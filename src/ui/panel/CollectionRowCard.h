@@ -29,8 +29,9 @@ class CollectionRowCard final : public Clickable, public ShadowCaster, public Ov
     Q_OBJECT
 
 public:
-    /// `onTap` is called with the id of the collection, `onPick` with the pick that the menu asks for.
-    CollectionRowCard(AppState& appState, std::function<void(const QUuid& id)> onTap,
+    /// `panel` is what overlays cover. `onTap` is called with the id of the collection, `onPick` with the pick that the menu asks
+    /// for.
+    CollectionRowCard(AppState& appState, QWidget& panel, std::function<void(const QUuid& id)> onTap,
                       std::function<void(const WantedPick& pick)> onPick);
 
     void setCollection(const ColorCollection& collection);
@@ -57,6 +58,7 @@ protected:
     [[nodiscard]] double cornerRadius() const override;
     [[nodiscard]] bool tintsHover() const override { return false; }
     [[nodiscard]] QList<MenuEntry> contextMenu() const override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -80,6 +82,7 @@ private:
     [[nodiscard]] double scale() const;
 
     AppState& m_appState;
+    QWidget& m_panel;
     std::function<void(const QUuid& id)> m_onTap;
     std::function<void(const WantedPick& pick)> m_onPick;
     ColorCollection m_collection;

@@ -44,7 +44,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           *m_cardList,
           [this] {
               return new CollectionRowCard(
-                  m_appState, [this](const QUuid& id) { Q_EMIT collectionSelected(id); },
+                  m_appState, m_panel, [this](const QUuid& id) { Q_EMIT collectionSelected(id); },
                   [this](const WantedPick& pick) { Q_EMIT pickRequested(pick); });
           },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {

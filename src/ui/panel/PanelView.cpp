@@ -305,7 +305,7 @@ QWidget* PanelView::makeScreen(const ScreenChoice& choice)
         return history;
     }
     case ScreenKind::Collection: {
-        auto* palette = new CollectionDetailView(m_appState, choice.collectionId);
+        auto* palette = new CollectionDetailView(m_appState, choice.collectionId, *this);
         connect(palette, &CollectionDetailView::pickRequested, this, &PanelView::pickRequested);
         return palette;
     }

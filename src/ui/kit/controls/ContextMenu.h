@@ -33,7 +33,7 @@ struct MenuEntry
 [[nodiscard]] MenuEntry menuAction(const QString& title, const QString& symbol, std::function<void()> action);
 [[nodiscard]] MenuEntry menuAction(const QString& title, const QKeySequence& shortcut,
                                    std::function<void()> action);
-/// An action that cannot be undone, drawn in red.
+/// An action that removes something, drawn in red.
 [[nodiscard]] MenuEntry menuDestructive(const QString& title, std::function<void()> action);
 /// One of several exclusive choices. The chosen one has a check mark.
 [[nodiscard]] MenuEntry menuChoice(const QString& title, bool isChosen, std::function<void()> action);
