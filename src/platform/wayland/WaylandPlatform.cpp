@@ -95,6 +95,14 @@ std::unique_ptr<PickingSession> WaylandPlatform::startPick(PickingSession::Liste
     return std::make_unique<WaylandPickingSession>(*m_picking, listener);
 }
 
+PointerBadge* WaylandPlatform::pointerBadge()
+{
+    if (!m_badge && m_picking->shell.isUsable() && m_picking->shell.layerShell()) {
+        m_badge.emplace(*m_picking);
+    }
+    return m_badge ? &*m_badge : nullptr;
+}
+
 GlobalShortcuts& WaylandPlatform::globalShortcuts()
 {
     return m_shortcuts ? *m_shortcuts : m_shortcuts.emplace(m_layout);

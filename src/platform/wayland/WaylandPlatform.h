@@ -7,6 +7,7 @@
 #include "WaylandKeyboardLayout.h"
 #include "WaylandPanelHost.h"
 #include "WaylandPickingParts.h"
+#include "WaylandPointerBadge.h"
 #include "WaylandSeat.h"
 
 #include <memory>
@@ -28,7 +29,7 @@ public:
     void preparePicking() override;
     [[nodiscard]] std::unique_ptr<PickingSession> startPick(PickingSession::Listener& listener) override;
     [[nodiscard]] CapturePermission capturePermission() const override;
-    [[nodiscard]] PointerBadge* pointerBadge() override { return nullptr; }
+    [[nodiscard]] PointerBadge* pointerBadge() override;
     [[nodiscard]] PanelHost& panelHost() override { return m_panelHost; }
     [[nodiscard]] Tray* tray() override { return nullptr; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override;
@@ -45,6 +46,7 @@ private:
     /// The permission of the portal; none where the compositor itself offers pictures.
     std::optional<ScreenshotPermission> m_screenshots;
     std::optional<WaylandPickingParts> m_picking;
+    std::optional<WaylandPointerBadge> m_badge;
     WaylandPanelHost m_panelHost;
     WaylandKeyboardLayout m_layout;
     // Made when first asked for, because they need the application object.

@@ -1,18 +1,10 @@
 #pragma once
 
-#include "CoverShell.h"
-#include "LogicalGrid.h"
-#include "ShmBuffer.h"
-
-#include <QImage>
-#include <QPoint>
-
-#include <memory>
-#include <vector>
+#include "PictureSurface.h"
 
 namespace tintwick {
 
-/// The loupe above a cover. It takes no input.
+/// The loupe above a cover.
 class LoupeSurface final
 {
 public:
@@ -29,14 +21,9 @@ public:
     void hide();
 
 private:
-    [[nodiscard]] ShmBuffer* freeBuffer(QSize size);
-
-    CoverShell& m_shell;
     const LogicalGrid& m_grid;
-    WlSurface m_surface;
+    PictureSurface m_surface;
     WlSubsurface m_subsurface;
-    WaylandHandle<wp_viewport> m_viewport;
-    std::vector<std::unique_ptr<ShmBuffer>> m_buffers;
 };
 
 } // namespace tintwick

@@ -76,12 +76,12 @@ void OutputCover::createWindow()
         .configure = [](void* self, xdg_surface* surface, std::uint32_t serial) {
             xdg_surface_ack_configure(surface, serial);
             auto& me = *static_cast<OutputCover*>(self);
-            me.configure(me.m_logical);
+            me.configure(me.m_windowSize);
         }};
     static constexpr xdg_toplevel_listener windowHandlers{
         .configure =
             [](void* self, xdg_toplevel*, std::int32_t width, std::int32_t height, wl_array*) {
-                static_cast<OutputCover*>(self)->m_logical = {width, height};
+                static_cast<OutputCover*>(self)->m_windowSize = {width, height};
             },
         .close = [](void* self, xdg_toplevel*) { static_cast<OutputCover*>(self)->m_reports.closed(); },
         .configure_bounds = [](void*, xdg_toplevel*, std::int32_t, std::int32_t) {},
@@ -103,8 +103,11 @@ void OutputCover::show(std::unique_ptr<OutputPicture> picture)
 
 void OutputCover::configure(QSize logical)
 {
-    m_logical = logical.isEmpty() ? m_output.logical().size() : logical;
-    showWhenReady();
+    const QSize size = logical.isEmpty() ? m_output.logical().size() : logical;
+    // A compositor also reports what has not changed, as when the surface gets the keyboard.
+    if (std::exchange(m_logical, size) != size || !m_isShown) {
+        showWhenReady();
+    }
 }
 
 void OutputCover::showWhenReady()

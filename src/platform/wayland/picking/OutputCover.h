@@ -70,6 +70,8 @@ private:
     WaylandHandle<zwlr_layer_surface_v1> m_layer;
     WaylandHandle<xdg_surface> m_windowSurface;
     WaylandHandle<xdg_toplevel> m_window;
+    /// Of the window, until the next configure of its surface.
+    QSize m_windowSize;
     /// Empty until the compositor has given the size.
     QSize m_logical;
     bool m_isShown = false;

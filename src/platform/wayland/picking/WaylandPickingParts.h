@@ -7,8 +7,10 @@
 #include "WaylandSeat.h"
 
 #include <QObject>
+#include <QPointF>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tintwick {
@@ -33,11 +35,21 @@ public:
     void dropKept();
     [[nodiscard]] bool keepsAny() const { return !m_kept.empty(); }
 
+    /// Where a pick has ended.
+    struct Position
+    {
+        /// The number by which the registry names the output.
+        std::uint32_t output;
+        QPointF pixel;
+    };
+
     WaylandConnection& connection;
     WaylandSeat& seat;
     CoverShell shell;
     WaylandClipboard clipboard;
     std::vector<std::unique_ptr<ScreenCapture>> captures;
+    /// None before the first pick.
+    std::optional<Position> lastPosition;
 
 private:
     std::vector<std::unique_ptr<OutputCover>> m_kept;

@@ -270,6 +270,9 @@ void WaylandPickingSession::end()
     }
     m_parts.seat.setListener(nullptr);
     m_parts.connection.disconnect(this);
+    if (const OutputCover* cover = m_reported ? coverAt(m_reported->screen) : nullptr) {
+        m_parts.lastPosition = {cover->output().globalName(), m_reported->point};
+    }
     m_parts.keepUntilReleased(std::exchange(m_covers, {}));
     m_parts.connection.flush();
 }
