@@ -20,10 +20,17 @@ int nearestPixel(double position)
 
 } // namespace
 
-LoupeGeometry::LoupeGeometry(double side, double scale)
+LoupeGeometry::LoupeGeometry(const LoupeLook& look, double scale)
+    : LoupeGeometry(look.side, scale,
+                    loupe::infoHeight + (look.showsName && look.showsText ? loupe::lineHeight : 0))
+{
+}
+
+LoupeGeometry::LoupeGeometry(double side, double scale, double infoHeight)
     : m_scale(scale)
+    , m_infoHeight(infoHeight)
     , m_body(qRound(loupe::shadowSides * scale), qRound(loupe::shadowAbove * scale), qRound(side * scale),
-             qRound((side + loupe::gap + loupe::infoHeight) * scale))
+             qRound((side + loupe::gap + infoHeight) * scale))
     , m_size(m_body.width() + 2 * m_body.x(),
              m_body.y() + m_body.height() + qRound(loupe::shadowBelow * scale))
 {
@@ -42,7 +49,7 @@ QRectF LoupeGeometry::inner() const
 
 QRect LoupeGeometry::pill() const
 {
-    const int height = qRound(loupe::infoHeight * m_scale);
+    const int height = qRound(m_infoHeight * m_scale);
     return {m_body.x(), m_body.bottom() + 1 - height, m_body.width(), height};
 }
 

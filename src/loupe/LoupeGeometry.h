@@ -4,6 +4,8 @@
 // stated, and y is downwards. The lens is the square at the top of the body and the pill is the strip at the bottom.
 // The gap between them is empty. The room around the body is for the shadows.
 
+#include "LoupeLook.h"
+
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
@@ -20,6 +22,8 @@ inline constexpr double borderWidth = 3.5;
 inline constexpr double lensCorner = 18;
 inline constexpr double infoCorner = 11;
 inline constexpr double infoHeight = 46;
+/// The pill grows by this for a further line.
+inline constexpr double lineHeight = 13;
 inline constexpr double gap = 10;
 inline constexpr double gridLineWidth = 0.5;
 inline constexpr double screenMargin = 4;
@@ -42,7 +46,8 @@ class LoupeGeometry final
 {
 public:
     /// `side` is the lens's side in points, `scale` the physical pixels per point.
-    LoupeGeometry(double side, double scale);
+    LoupeGeometry(double side, double scale, double infoHeight = loupe::infoHeight);
+    LoupeGeometry(const LoupeLook& look, double scale);
 
     [[nodiscard]] double scale() const { return m_scale; }
     /// The size of the image.
@@ -69,6 +74,7 @@ public:
 
 private:
     double m_scale;
+    double m_infoHeight;
     QRect m_body;
     QSize m_size;
 };

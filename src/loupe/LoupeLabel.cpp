@@ -90,31 +90,43 @@ void LoupeLabel::draw(QPainter& painter, const QRect& pill, const PillContent& c
     if (m_hex.text != content.hex) {
         m_hex = makeLine(content.hex, m_hexFont);
     }
-    if (m_name.text != content.name) {
-        m_name = makeFittingLine(content.name, m_nameFont, width);
+    const auto update = [width](Line& line, const QString& text, const QFont& font) {
+        if (line.text != text) {
+            line = makeFittingLine(text, font, width);
+        }
+    };
+    update(m_name, content.name, m_nameFont);
+    update(m_text, content.text, m_nameFont);
+    update(m_signs, content.signs, m_signsFont);
+
+    double height = m_hexHeight;
+    for (const auto& [line, lineHeight] : linesBelowHex()) {
+        height += line->text.isEmpty() ? 0 : lineHeight + m_gap;
     }
-    if (m_signs.text != content.signs) {
-        m_signs = makeFittingLine(content.signs, m_signsFont, width);
-    }
-    const double middle = pill.x() + pill.width() / 2.0;
-    const double signs = content.signs.isEmpty() ? 0 : m_signsHeight + m_gap;
-    const double base = (pill.height() - (m_hexHeight + m_gap + m_nameHeight + signs)) / 2;
-    const double bottom = pill.y() + pill.height();
     const QColor strongest = content.tone == PillTone::LightBackground ? Qt::black : Qt::white;
-    const auto drawLine = [&](const Line& line, double aboveBottom, const QColor& color) {
+    const double middle = pill.x() + pill.width() / 2.0;
+    double baseline = pill.y() + pill.height() - (pill.height() - height) / 2;
+    const auto drawLine = [&](const Line& line, double raised, const QColor& color) {
         // Baselines on whole pixels keep the glyphs sharp.
-        const QPointF start(middle - line.width / 2, std::round(bottom - aboveBottom));
+        const QPointF start(middle - line.width / 2, std::round(baseline - raised));
         painter.setPen(m_isOpaque ? strongest : color);
         for (const QGlyphRun& run : line.glyphs) {
             painter.drawGlyphRun(start, run);
         }
     };
     const QColor quiet = textColor(content.tone, 0.5, 0.55);
-    if (!content.signs.isEmpty()) {
-        drawLine(m_signs, base + m_signsDescent, quiet);
+    for (const auto& [line, lineHeight] : linesBelowHex()) {
+        if (!line->text.isEmpty()) {
+            drawLine(*line, line == &m_signs ? m_signsDescent / 2 : 0, quiet);
+            baseline -= lineHeight + m_gap;
+        }
     }
-    drawLine(m_name, base + signs, quiet);
-    drawLine(m_hex, base + signs + m_nameHeight + m_gap, textColor(content.tone, 0.95, 0.97));
+    drawLine(m_hex, 0, textColor(content.tone, 0.95, 0.97));
+}
+
+std::array<LoupeLabel::PlacedLine, 3> LoupeLabel::linesBelowHex() const
+{
+    return {{{&m_signs, m_signsHeight}, {&m_text, m_nameHeight}, {&m_name, m_nameHeight}}};
 }
 
 LoupeLabel::Line LoupeLabel::makeFittingLine(const QString& text, const QFont& font, double width)

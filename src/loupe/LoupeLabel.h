@@ -7,13 +7,15 @@
 #include <QGlyphRun>
 #include <QString>
 
+#include <array>
+
 class QPainter;
 class QRect;
 
 namespace tintwick {
 
-/// The lines of text in the loupe's pill: the colour's hexadecimal code above its name, and the signs of the pick below
-/// both when there are any.
+/// The lines of text in the loupe's pill: the colour's hexadecimal code; below it its name, what is copied, and the signs
+/// of the pick, those that are not empty.
 class LoupeLabel final
 {
 public:
@@ -36,6 +38,14 @@ private:
         double width = 0;
     };
 
+    struct PlacedLine
+    {
+        const Line* line;
+        double height;
+    };
+
+    /// From the bottom of the pill.
+    [[nodiscard]] std::array<PlacedLine, 3> linesBelowHex() const;
     [[nodiscard]] static Line makeLine(const QString& text, const QFont& font);
     [[nodiscard]] static Line makeFittingLine(const QString& text, const QFont& font, double width);
 
@@ -51,6 +61,7 @@ private:
     double m_signsDescent;
     Line m_hex;
     Line m_name;
+    Line m_text;
     Line m_signs;
 };
 

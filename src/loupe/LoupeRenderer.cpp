@@ -46,7 +46,7 @@ QRgb* pixelsFrom(QImage& image, QPoint start)
 
 LoupeRenderer::Prepared::Prepared(const LoupeLook& ofLook, double scale)
     : look(ofLook)
-    , geometry(look.side, scale)
+    , geometry(look, scale)
     , artwork(look, geometry)
     , below(artwork.below())
     , opening(artwork.opening())
@@ -142,6 +142,12 @@ void LoupeRenderer::drawInfoPill(Prepared& prepared) const
     const QRgb color = m_centerColor.value_or(noCenterColor);
     PillContent content = PillContent::of(color);
     content.signs = m_signs;
+    if (prepared.look.showsText && m_centerColor) {
+        content.text = m_text;
+    }
+    if (!prepared.look.showsName && !content.text.isEmpty()) {
+        content.name.clear();
+    }
     if (prepared.look.hasHighContrast) {
         content.tone = blackContrastsMore(color) ? PillTone::LightBackground : PillTone::DarkBackground;
     }

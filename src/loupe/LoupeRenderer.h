@@ -24,6 +24,8 @@ public:
     void setPixels(const QImage& pixels);
     /// Without a colour the pill is light grey.
     void setCenterColor(std::optional<QRgb> color);
+    /// What a pick copies now. Shown if the look wants it.
+    void setText(const QString& text) { m_text = text.simplified(); }
     void setSigns(const PickSigns& signs) { m_signs = signs.text(); }
 
     /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, of LoupeGeometry::size(). The next call at this scale draws into the same image.
@@ -62,6 +64,7 @@ private:
     QImage m_pixels;
     std::optional<QRgb> m_centerColor;
     QString m_signs;
+    QString m_text;
     LoupeLook m_look;
     /// By scale; all of the last look.
     std::map<double, Prepared> m_prepared;

@@ -25,7 +25,7 @@ PillContent PillContent::of(QRgb color)
     return {.hex =
                 QString::asprintf("%02X%02X%02X", static_cast<unsigned>(qRed(color)),
                                   static_cast<unsigned>(qGreen(color)), static_cast<unsigned>(qBlue(color))),
-            .name = ColorNames::shared().nearest(unnamed),
+            .name = ColorNames::shared().description(unnamed),
             .tone = luminance(color) > 0.45 ? PillTone::LightBackground : PillTone::DarkBackground};
 }
 

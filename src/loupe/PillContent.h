@@ -13,8 +13,10 @@ struct PillContent
 {
     /// Six upper-case digits without "#".
     QString hex;
-    /// The nearest named colour.
+    /// The nearest named colour, with "near" when it is far.
     QString name;
+    /// What a pick copies; may be empty.
+    QString text = {};
     /// Signs of the pick, in a small line below; may be empty.
     QString signs = {};
     PillTone tone = PillTone::LightBackground;

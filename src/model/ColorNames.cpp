@@ -1,9 +1,11 @@
 #include "ColorNames.h"
 
+#include "CapturedColor.h"
 #include "ColorTable.h"
 #include "NamedColors.h"
 
 #include <array>
+#include <cmath>
 
 namespace tintwick {
 
@@ -43,6 +45,16 @@ QString ColorNames::nearest(const CapturedColor& color) const
 {
     const auto row = nearestColor(m_colors, color);
     return row ? m_names[*row].toString() : QStringLiteral("Unknown");
+}
+
+QString ColorNames::description(const CapturedColor& color) const
+{
+    const auto row = nearestColor(m_colors, color);
+    const QString name = row ? m_names[*row].toString() : QStringLiteral("Unknown");
+    const bool isFar =
+        row && std::hypot(m_colors.red[*row] - color.red * 255, m_colors.green[*row] - color.green * 255,
+                          m_colors.blue[*row] - color.blue * 255) > farDistance;
+    return isFar ? QStringLiteral("near %1").arg(name) : name;
 }
 
 } // namespace tintwick

@@ -312,10 +312,13 @@ void PickSession::updateLoupe()
     const QImage pixels = m_session->grab(m_position.screen, squareAround(m_position.pixel(), m_radius));
     m_loupe.setPixels(pixels.isNull() ? darkPixels(2 * m_radius + 1) : pixels);
     m_loupe.setCenterColor(pixels.isNull() ? std::nullopt : std::optional(pixels.pixel(m_radius, m_radius)));
+    if (m_options.look.showsText && !pixels.isNull()) {
+        m_loupe.setText(m_options.copiedText(pixels.pixel(m_radius, m_radius)).value_or(QString()));
+    }
     m_loupe.setSigns({.isFrozen = m_session->isFrozen(),
                       .bitsPerChannel = m_session->screens()[screen].bitsPerChannel,
                       .taken = m_taken});
-    const QRect body = LoupeGeometry(m_options.look.side, scale).body();
+    const QRect body = LoupeGeometry(m_options.look, scale).body();
     const double margin = loupe::screenMargin * scale;
     const QPointF place = m_position.isFinger ? loupePlaceForFinger(m_position.point, body.size(), size,
                                                                     margin, loupe::fingerRoom * scale)

@@ -61,6 +61,8 @@ LoupeLook Picker::look() const
 {
     return {.isCircle = m_preferences.loupeShape() == LoupeShape::Circle,
             .side = loupeSide(m_preferences.loupeSize()),
+            .showsName = m_preferences.loupeCaption() != LoupeCaption::Text,
+            .showsText = m_preferences.loupeCaption() != LoupeCaption::Name,
             .hasHighContrast = m_hasHighContrast};
 }
 

@@ -26,6 +26,7 @@ constexpr QAnyStringView colorSchemeKey = u"colorSchemePref";
 constexpr QAnyStringView loupeShapeKey = u"scopeShape";
 constexpr QAnyStringView loupeSizeKey = u"scopePhysicalSize";
 constexpr QAnyStringView loupeRadiusKey = u"scopeDefaultRadius";
+constexpr QAnyStringView loupeCaptionKey = u"scopeCaption";
 constexpr QAnyStringView keyNamesKey = u"keyNames";
 constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 
@@ -33,6 +34,7 @@ constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 constexpr std::array colorSchemeWords{"auto"_L1, "light"_L1, "dark"_L1};
 constexpr std::array loupeShapeWords{"square"_L1, "circle"_L1};
 constexpr std::array loupeSizeWords{"small"_L1, "medium"_L1, "large"_L1};
+constexpr std::array loupeCaptionWords{"name"_L1, "text"_L1, "both"_L1};
 constexpr std::array keyNamesWords{"signs"_L1, "words"_L1};
 
 template <typename Enum, std::size_t N>
@@ -249,6 +251,7 @@ Preferences::Values Preferences::storedValues() const
         .loupeShape = valueOf(storedValue(loupeShapeKey), loupeShapeWords, defaults.loupeShape),
         .loupeSize = valueOf(storedValue(loupeSizeKey), loupeSizeWords, defaults.loupeSize),
         .loupeRadius = radiusOf(storedValue(loupeRadiusKey)),
+        .loupeCaption = valueOf(storedValue(loupeCaptionKey), loupeCaptionWords, defaults.loupeCaption),
         .keyNames = valueOf(storedValue(keyNamesKey), keyNamesWords, defaults.keyNames),
         .shortcutTexts = {},
     };
@@ -269,7 +272,7 @@ void Preferences::signalChanges(const Values& before)
         Q_EMIT colorSchemeChanged();
     }
     if (now.loupeShape != before.loupeShape || now.loupeSize != before.loupeSize ||
-        now.loupeRadius != before.loupeRadius) {
+        now.loupeRadius != before.loupeRadius || now.loupeCaption != before.loupeCaption) {
         Q_EMIT loupeChanged();
     }
     if (now.keyNames != before.keyNames) {
@@ -299,6 +302,11 @@ void Preferences::store(QAnyStringView key, const QVariant& value)
 void Preferences::setColorScheme(ColorSchemeChoice choice)
 {
     store(colorSchemeKey, wordOf(choice, colorSchemeWords));
+}
+
+void Preferences::setLoupeCaption(LoupeCaption caption)
+{
+    store(loupeCaptionKey, wordOf(caption, loupeCaptionWords));
 }
 
 void Preferences::setLoupeShape(LoupeShape shape)

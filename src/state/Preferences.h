@@ -35,6 +35,10 @@ inline constexpr std::array allLoupeSizes{LoupeSize::Small, LoupeSize::Medium, L
     return sides.at(static_cast<std::size_t>(size));
 }
 
+/// What the loupe says below the hexadecimal code: the name of the colour, the text that a pick copies, or both.
+enum class LoupeCaption { Name, Text, Both };
+inline constexpr std::array allLoupeCaptions{LoupeCaption::Name, LoupeCaption::Text, LoupeCaption::Both};
+
 /// The sampling radii that the settings offer, in physical pixels around the centre one.
 inline constexpr std::array offeredLoupeRadii{4, 7, 11};
 inline constexpr int defaultLoupeRadius = 7;
@@ -77,6 +81,9 @@ public:
     /// A radius below 1 reads as the default.
     void setLoupeRadius(int radius);
 
+    [[nodiscard]] LoupeCaption loupeCaption() const { return m_values.loupeCaption; }
+    void setLoupeCaption(LoupeCaption caption);
+
     [[nodiscard]] KeyNames keyNames() const { return m_values.keyNames; }
     void setKeyNames(KeyNames names);
 
@@ -88,7 +95,7 @@ public:
 
 Q_SIGNALS:
     void colorSchemeChanged();
-    /// After a change of shape, size or radius.
+    /// After a change of shape, size, radius or caption.
     void loupeChanged();
     void keyNamesChanged();
     void shortcutChanged(const QString& name);
@@ -101,6 +108,7 @@ private:
         LoupeShape loupeShape = LoupeShape::Square;
         LoupeSize loupeSize = LoupeSize::Medium;
         int loupeRadius = defaultLoupeRadius;
+        LoupeCaption loupeCaption = LoupeCaption::Name;
         KeyNames keyNames = KeyNames::Signs;
         QMap<QString, QString> shortcutTexts;
     };

@@ -59,8 +59,16 @@ int difference(QRgb a, QRgb b)
                      std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
 }
 
+/// What the pill says below the code.
+struct Caption
+{
+    bool showsName = true;
+    QString text = {};
+};
+
 } // namespace
 
+Q_DECLARE_METATYPE(Caption)
 Q_DECLARE_METATYPE(tintwick::PickSigns)
 
 class LoupeReferenceTest : public QObject
@@ -90,30 +98,44 @@ void LoupeReferenceTest::theImageEqualsItsReference_data()
     QTest::addColumn<int>("base");
     QTest::addColumn<bool>("hasHighContrast");
     QTest::addColumn<PickSigns>("signs");
+    QTest::addColumn<Caption>("caption");
 
+    const Caption name{};
+    const Caption text{.showsName = false, .text = u"rgb(148, 188, 188)"_s};
+    const Caption both{.text = u"rgb(148, 188, 188)"_s};
+    const Caption longBoth{.text = u"Color(red: 0.149, green: 0.306, blue: 0.306)"_s};
     const PickSigns none;
     const PickSigns frozen{.isFrozen = true};
     const PickSigns all{.isFrozen = true, .bitsPerChannel = 10, .taken = 12};
-    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light << false << none;
-    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark << false << none;
-    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light << false << none;
-    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark << false << none;
-    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light << false << none;
-    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark << false << none;
-    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light << false << none;
-    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark << false << none;
-    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark << false << none;
-    QTest::newRow("square-medium-high-contrast") << false << 130.0 << 1.0 << 15 << light << true << none;
+    QTest::newRow("square-small") << false << 100.0 << 1.0 << 7 << light << false << none << name;
+    QTest::newRow("square-medium") << false << 130.0 << 1.0 << 15 << dark << false << none << name;
+    QTest::newRow("square-large") << false << 160.0 << 1.0 << 31 << light << false << none << name;
+    QTest::newRow("circle-small") << true << 100.0 << 1.0 << 15 << dark << false << none << name;
+    QTest::newRow("circle-medium") << true << 130.0 << 1.0 << 15 << light << false << none << name;
+    QTest::newRow("circle-large") << true << 160.0 << 1.0 << 31 << dark << false << none << name;
+    QTest::newRow("square-medium-scale-1.5") << false << 130.0 << 1.5 << 15 << light << false << none << name;
+    QTest::newRow("circle-medium-scale-2") << true << 130.0 << 2.0 << 15 << dark << false << none << name;
+    QTest::newRow("square-small-radius-40") << false << 100.0 << 1.0 << 81 << dark << false << none << name;
+    QTest::newRow("square-medium-high-contrast")
+        << false << 130.0 << 1.0 << 15 << light << true << none << name;
     QTest::newRow("circle-medium-scale-2-high-contrast")
-        << true << 130.0 << 2.0 << 15 << dark << true << none;
-    QTest::newRow("square-small-all-signs") << false << 100.0 << 1.0 << 15 << light << false << all;
-    QTest::newRow("square-medium-frozen") << false << 130.0 << 1.0 << 15 << dark << false << frozen;
-    QTest::newRow("circle-medium-scale-1.5-frozen") << true << 130.0 << 1.5 << 15 << light << false << frozen;
-    QTest::newRow("square-medium-scale-2-all-signs") << false << 130.0 << 2.0 << 15 << light << false << all;
+        << true << 130.0 << 2.0 << 15 << dark << true << none << name;
+    QTest::newRow("square-small-all-signs") << false << 100.0 << 1.0 << 15 << light << false << all << name;
+    QTest::newRow("square-medium-frozen") << false << 130.0 << 1.0 << 15 << dark << false << frozen << name;
+    QTest::newRow("circle-medium-scale-1.5-frozen")
+        << true << 130.0 << 1.5 << 15 << light << false << frozen << name;
+    QTest::newRow("square-medium-scale-2-all-signs")
+        << false << 130.0 << 2.0 << 15 << light << false << all << name;
     QTest::newRow("circle-large-all-signs-high-contrast")
-        << true << 160.0 << 1.0 << 15 << dark << true << all;
-    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0 << false << none;
-    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0 << false << none;
+        << true << 160.0 << 1.0 << 15 << dark << true << all << name;
+    QTest::newRow("square-medium-text") << false << 130.0 << 1.0 << 15 << light << false << none << text;
+    QTest::newRow("square-medium-both") << false << 130.0 << 1.0 << 15 << light << false << none << both;
+    QTest::newRow("circle-small-both-long-all-signs")
+        << true << 100.0 << 1.0 << 15 << dark << false << all << longBoth;
+    QTest::newRow("square-large-scale-2-both-frozen-high-contrast")
+        << false << 160.0 << 2.0 << 15 << light << true << frozen << both;
+    QTest::newRow("square-empty") << false << 130.0 << 1.0 << 0 << 0 << false << none << name;
+    QTest::newRow("circle-empty") << true << 130.0 << 1.0 << 0 << 0 << false << none << name;
 }
 
 void LoupeReferenceTest::theImageEqualsItsReference()
@@ -125,6 +147,7 @@ void LoupeReferenceTest::theImageEqualsItsReference()
     QFETCH(const int, base);
     QFETCH(const bool, hasHighContrast);
     QFETCH(const PickSigns, signs);
+    QFETCH(const Caption, caption);
 
     LoupeRenderer view;
     if (count > 0) {
@@ -133,10 +156,14 @@ void LoupeReferenceTest::theImageEqualsItsReference()
         view.setPixels(pixels);
     }
     view.setSigns(signs);
+    view.setText(caption.text);
+    const LoupeLook look{.isCircle = isCircle,
+                         .side = side,
+                         .showsName = caption.showsName,
+                         .showsText = !caption.text.isEmpty(),
+                         .hasHighContrast = hasHighContrast};
     // The format in which PNG stores it.
-    const QImage actual =
-        view.render({.isCircle = isCircle, .side = side, .hasHighContrast = hasHighContrast}, scale)
-            .convertToFormat(QImage::Format_ARGB32);
+    const QImage actual = view.render(look, scale).convertToFormat(QImage::Format_ARGB32);
 
     const QString name = QLatin1StringView(QTest::currentDataTag()) + u".png"_s;
     const QString path = QDir(QStringLiteral(REFERENCE_DIR)).filePath(name);
@@ -151,7 +178,7 @@ void LoupeReferenceTest::theImageEqualsItsReference()
     QCOMPARE(actual.size(), reference.size());
     // Much less than the difference between the text and its ground.
     constexpr int textTolerance = 96;
-    const QRect tolerant = drawsTextLikeTheReferences() ? QRect() : textArea(LoupeGeometry(side, scale));
+    const QRect tolerant = drawsTextLikeTheReferences() ? QRect() : textArea(LoupeGeometry(look, scale));
     int different = 0;
     QPoint first;
     for (int y = actual.height() - 1; y >= 0; --y) {

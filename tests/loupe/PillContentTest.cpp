@@ -32,6 +32,9 @@ void PillContentTest::aColorHasACodeANameAndATone_data()
     // The luminance of a gray is its level.
     QTest::newRow("0.447 is dark") << qRgb(114, 114, 114) << u"727272"_s << u"Dim Gray"_s << dark;
     QTest::newRow("0.451 is light") << qRgb(115, 115, 115) << u"737373"_s << u"Dim Gray"_s << light;
+    // Light Sea is (32, 178, 170).
+    QTest::newRow("42 from its name") << qRgb(32, 220, 170) << u"20DCAA"_s << u"Light Sea"_s << light;
+    QTest::newRow("43 from its name") << qRgb(32, 221, 170) << u"20DDAA"_s << u"near Light Sea"_s << light;
     // 0.7152, 0.2126 and 0.0722
     QTest::newRow("green is light") << qRgb(0, 255, 0) << u"00FF00"_s << u"Lime"_s << light;
     QTest::newRow("red is dark") << qRgb(255, 0, 0) << u"FF0000"_s << u"Red"_s << dark;

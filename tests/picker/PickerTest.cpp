@@ -190,6 +190,23 @@ private Q_SLOTS:
         QCOMPARE(desk.desktop.journal.count(u"start"_s), 1);
     }
 
+    void thePillShowsWhatAPickCopiesIfTheUserWantsIt()
+    {
+        Desk desk;
+        QImage pictures[3];
+        for (const LoupeCaption caption : allLoupeCaptions) {
+            desk.preferences.setLoupeCaption(caption);
+            desk.start();
+            pictures[static_cast<int>(caption)] = desk.desktop.frames.back().picture;
+            desk.key(keycode::escape);
+        }
+        const auto& [name, text, both] = pictures;
+        QCOMPARE(text.size(), name.size());
+        QVERIFY(text != name);
+        // 13 points for the further line.
+        QCOMPARE(both.size(), name.size() + QSize(0, 13));
+    }
+
     void thePillCountsTheTakenColors()
     {
         Desk desk;

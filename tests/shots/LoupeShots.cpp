@@ -39,10 +39,11 @@ public:
     DemoLoupe(const LoupeLook& look, const QColor& middle, const PickSigns& signs)
         : m_look(look)
     {
-        setFixedSize(LoupeGeometry(look.side, 1).size());
+        setFixedSize(LoupeGeometry(look, 1).size());
         const QImage pixels = pixelsAround(middle);
         m_renderer.setPixels(pixels);
         m_renderer.setSigns(signs);
+        m_renderer.setText(u"oklch(0.62 0.09 211)"_s);
         m_renderer.setCenterColor(pixels.pixel(cells / 2, cells / 2));
     }
 
@@ -80,6 +81,9 @@ void shootLoupe(const QDir& folder)
     shootLook(u"high-contrast-medium"_s, highContrast, medium);
     shootLook(u"high-contrast-dark"_s, highContrast, deep);
     shootLook(u"frozen"_s, {}, pale, {.isFrozen = true});
+    shootLook(u"text"_s, {.showsName = false, .showsText = true}, deep);
+    shootLook(u"both"_s, {.showsText = true}, pale);
+    shootLook(u"many"_s, {}, medium, {.taken = 3});
     shootLook(u"frozen-10-bit"_s, circle, deep, {.isFrozen = true, .bitsPerChannel = 10});
 }
 

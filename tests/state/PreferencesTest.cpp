@@ -38,6 +38,8 @@ private Q_SLOTS:
     void loupeSizesHaveSidesInPoints();
     void storedValuesAreRead_data();
     void storedValuesAreRead();
+    void theCaptionOfTheLoupeIsRead_data();
+    void theCaptionOfTheLoupeIsRead();
     void aValueOfAnotherTypeGivesTheDefault_data();
     void aValueOfAnotherTypeGivesTheDefault();
     void setValuesAreWrittenAtOnce();
@@ -195,6 +197,23 @@ void PreferencesTest::storedValuesAreRead()
     QCOMPARE(preferences.loupeShape() == LoupeShape::Circle, circle);
     QCOMPARE(loupeSide(preferences.loupeSize()), side);
     QCOMPARE(preferences.loupeRadius(), radius);
+}
+
+void PreferencesTest::theCaptionOfTheLoupeIsRead_data()
+{
+    QTest::addColumn<LoupeCaption>("caption");
+    QTest::newRow("scopeCaption=name") << LoupeCaption::Name;
+    QTest::newRow("scopeCaption=text") << LoupeCaption::Text;
+    QTest::newRow("scopeCaption=both") << LoupeCaption::Both;
+    QTest::newRow("scopeCaption=Both") << LoupeCaption::Name;
+    QTest::newRow("scopeCaption=none") << LoupeCaption::Name;
+}
+
+void PreferencesTest::theCaptionOfTheLoupeIsRead()
+{
+    store(QTest::currentDataTag());
+    const Preferences preferences;
+    QTEST(preferences.loupeCaption(), "caption");
 }
 
 void PreferencesTest::aValueOfAnotherTypeGivesTheDefault_data()

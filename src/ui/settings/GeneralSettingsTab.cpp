@@ -66,9 +66,15 @@ QWidget* GeneralSettingsTab::loupeSection()
     zoom->onSelect(
         [this](qsizetype position) { m_preferences.setLoupeRadius(at(offeredLoupeRadii, position)); });
 
-    return settingsSection(tr("Scope / Magnifier"),
-                           settingsRows({settingsRow(tr("Shape"), shape), settingsRow(tr("Scope Size"), size),
-                                         settingsRow(tr("Default Zoom"), zoom)}));
+    auto* caption = new SegmentedPicker(tr("Second Line"), {tr("Name"), tr("Text"), tr("Both")},
+                                        positionOf(m_preferences.loupeCaption(), allLoupeCaptions));
+    caption->onSelect(
+        [this](qsizetype position) { m_preferences.setLoupeCaption(at(allLoupeCaptions, position)); });
+
+    return settingsSection(
+        tr("Scope / Magnifier"),
+        settingsRows({settingsRow(tr("Shape"), shape), settingsRow(tr("Scope Size"), size),
+                      settingsRow(tr("Default Zoom"), zoom), settingsRow(tr("Second Line"), caption)}));
 }
 
 QWidget* GeneralSettingsTab::copyFormatSection()

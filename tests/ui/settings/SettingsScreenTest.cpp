@@ -224,6 +224,7 @@ void SettingsScreenTest::textsAreInOrder_data()
                                             u"Shape"_s,
                                             u"Scope Size"_s,
                                             u"Default Zoom"_s,
+                                            u"Second Line"_s,
                                             u"Copy Format"_s,
                                             u"Default Format"_s,
                                             u"HEX"_s,
@@ -281,10 +282,10 @@ void SettingsScreenTest::nothingIsCutOff()
     fixture.platform.permission.openSettings = [] {};
     fixture.platform.permission.isGranted = isPermitted;
     fixture.draw();
-    // Everything but the last section of General is visible without scrolling.
+    // Everything but the last two sections of General is visible without scrolling.
     const QRect room(16, 51, 380 - 2 * 16, 580 - 51);
-    const QRect roomOfLast = room.adjusted(0, 0, 0, 90);
-    const QStringList last{u"Startup"_s, u"Start at login"_s};
+    const QRect roomOfLast = room.adjusted(0, 0, 0, 130);
+    const QStringList last{u"Startup"_s, u"Start at login"_s, u"Required to sample screen colors"_s};
     for (const QWidget* each : fixture.view->findChildren<QWidget*>()) {
         const bool isPart = qobject_cast<const Label*>(each) != nullptr ||
                             qobject_cast<const QAbstractButton*>(each) != nullptr;
@@ -305,13 +306,13 @@ void SettingsScreenTest::tabGoesFromTopToBottom()
     const SettingsFixture fixture;
     QStringList order;
     fixture.segment(u"Tab"_s, u"General"_s)->setFocus(Qt::TabFocusReason);
-    for (int i = 0; i < 9; ++i) {
+    for (int i = 0; i < 10; ++i) {
         order.append(fixture.panel.focusWidget()->accessibleName());
         QTest::keyClick(fixture.panel.focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(order, (QStringList{u"General"_s, u"Activate Picker shortcut"_s, u"Clear Shortcut"_s,
                                  u"Open Main Window shortcut"_s, u"Signs"_s, u"Square"_s, u"M"_s, u"Mid"_s,
-                                 u"Default Format"_s}));
+                                 u"Name"_s, u"Default Format"_s}));
 }
 
 void SettingsScreenTest::takesTheFocusWhenShown()
@@ -401,6 +402,9 @@ void SettingsScreenTest::choiceIsStoredAtOnce_data()
     };
     row(u"Show keys as"_s, u"Signs"_s, u"keyNames"_s, u"signs"_s);
     row(u"Show keys as"_s, u"Words"_s, u"keyNames"_s, u"words"_s);
+    row(u"Second Line"_s, u"Name"_s, u"scopeCaption"_s, u"name"_s);
+    row(u"Second Line"_s, u"Text"_s, u"scopeCaption"_s, u"text"_s);
+    row(u"Second Line"_s, u"Both"_s, u"scopeCaption"_s, u"both"_s);
     row(u"Shape"_s, u"Square"_s, u"scopeShape"_s, u"square"_s);
     row(u"Shape"_s, u"Circle"_s, u"scopeShape"_s, u"circle"_s);
     row(u"Scope Size"_s, u"S"_s, u"scopePhysicalSize"_s, u"small"_s);
