@@ -128,12 +128,25 @@ void Application::greet()
         return;
     }
     openByItself();
+    showGreeting();
+}
+
+// The desktop may choose the keys after the panel has opened.
+void Application::showGreeting()
+{
+    if (m_selfOpening != SelfOpening::AsGreeting || !m_isSelfOpened || !m_panel->isVisible()) {
+        return;
+    }
     const auto action = ShortcutAction::ActivatePicker;
     const QString keys = m_shortcuts.text(action);
     const QString words = m_shortcuts.words(action);
     if (!keys.isEmpty() && !m_shortcuts.refusal(action)) {
         const QString both = keys == words ? keys : tr("%1 (%2)").arg(keys, words);
         m_panelView->showNotice(tr("Pick a color anywhere with %1").arg(both));
+    } else if (m_shortcuts.configurationLine(action)) {
+        m_panelView->showNotice(tr("The settings show how to pick with a shortcut"));
+    } else {
+        m_panelView->showNotice({});
     }
 }
 
@@ -292,6 +305,8 @@ void Application::setupShortcuts()
     connect(&m_shortcuts, &ShortcutRegistry::shortcutChanged, this, &Application::showPickKeys);
     connect(&m_shortcuts, &ShortcutRegistry::refusalChanged, this, &Application::showPickKeys);
     connect(&m_shortcuts, &ShortcutRegistry::textsChanged, this, &Application::showPickKeys);
+    connect(&m_shortcuts, &ShortcutRegistry::shortcutChanged, this, &Application::showGreeting);
+    connect(&m_shortcuts, &ShortcutRegistry::keyChoiceChanged, this, &Application::showGreeting);
     m_shortcuts.start();
     showPickKeys();
 }

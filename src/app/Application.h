@@ -61,6 +61,7 @@ private:
     void prepareLater();
     void openWithoutTrayLater();
     void greet();
+    void showGreeting();
     void openByItself();
     /// Hides a panel that nobody asked for: it must not cover what the user wants to pick.
     void hideSelfOpened();

@@ -61,7 +61,7 @@ public:
     [[nodiscard]] std::optional<ConfigurationLine> configurationLine(const QStringList& command,
                                                                      const Shortcut& keys) const override
     {
-        return line ? std::optional(line(command, keys)) : std::nullopt;
+        return line && choice == KeyChoice::None ? std::optional(line(command, keys)) : std::nullopt;
     }
     /// Binds what is no longer taken.
     void retry() override

@@ -117,8 +117,7 @@ Stack* ShortcutsSection::rows()
 {
     const ShortcutRegistry& shortcuts = m_services.shortcuts;
     const bool isDialog = shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::DesktopDialog;
-    const bool hasLine = shortcuts.keyChoice() == GlobalShortcuts::KeyChoice::None &&
-                         shortcuts.configurationLine(ShortcutAction::ActivatePicker);
+    const bool hasLine = shortcuts.configurationLine(ShortcutAction::ActivatePicker).has_value();
     return isDialog ? dialogRows() : hasLine ? lineRows() : recorderRows();
 }
 

@@ -59,7 +59,9 @@ void WaylandGlobalShortcuts::configure(const QString& parentWindow)
 std::optional<ConfigurationLine> WaylandGlobalShortcuts::configurationLine(const QStringList& command,
                                                                            const Shortcut& keys) const
 {
-    return tintwick::configurationLine(m_format, command, lineKeys(keys));
+    return m_keyChoice == KeyChoice::None
+               ? std::optional(tintwick::configurationLine(m_format, command, lineKeys(keys)))
+               : std::nullopt;
 }
 
 void WaylandGlobalShortcuts::watchPortal()
