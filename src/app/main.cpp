@@ -121,6 +121,9 @@ int pick(int argc, char** argv, const Invocation& invocation)
         if (const auto answer = RunningInstance().pick(request)) {
             return report(*answer, invocation);
         }
+        // A new connection to the session bus delivers its signals after the first turn of the event loop of the
+        // application object that exists then, and never when that object is gone before.
+        QCoreApplication::processEvents();
     }
     std::unique_ptr<Platform> platform = connectToDesktop();
     if (!platform) {
