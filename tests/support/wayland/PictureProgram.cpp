@@ -119,10 +119,13 @@ private:
             .configure = [](void* self, xdg_surface* window, std::uint32_t serial) {
                 xdg_surface_ack_configure(window, serial);
                 auto& picture = *static_cast<Picture*>(self);
-                picture.m_logicalSize = picture.m_output.place.size();
+                picture.m_logicalSize = picture.m_windowSize;
             }};
         static constexpr xdg_toplevel_listener listener{
-            .configure = [](void*, xdg_toplevel*, std::int32_t, std::int32_t, wl_array*) {},
+            .configure =
+                [](void* self, xdg_toplevel*, std::int32_t width, std::int32_t height, wl_array*) {
+                    static_cast<Picture*>(self)->m_windowSize = {width, height};
+                },
             .close = [](void*, xdg_toplevel*) {},
             .configure_bounds = [](void*, xdg_toplevel*, std::int32_t, std::int32_t) {},
             .wm_capabilities = [](void*, xdg_toplevel*, wl_array*) {}};
@@ -144,6 +147,7 @@ private:
     ClientHandle<zwlr_layer_surface_v1> m_layer;
     ClientHandle<xdg_surface> m_window;
     ClientHandle<xdg_toplevel> m_toplevel;
+    QSize m_windowSize;
     QSize m_logicalSize;
     QRect m_shown;
     QSize m_shownLogicalSize;

@@ -48,8 +48,8 @@ public:
     bool dispatch();
 
     /// Null where the compositor does not offer the interface.
-    template <typename Object>
-    [[nodiscard]] ClientHandle<Object> bind(const wl_interface& interface, std::uint32_t version);
+    template <typename Object, typename Handle = ClientHandle<Object>>
+    [[nodiscard]] Handle bind(const wl_interface& interface, std::uint32_t version);
 
     /// Ordered by place, from left to right and from top to bottom.
     [[nodiscard]] const std::list<Output>& outputs() const { return m_outputs; }
@@ -73,15 +73,15 @@ private:
     std::list<Output> m_outputs;
 };
 
-template <typename Object>
-ClientHandle<Object> WaylandClient::bind(const wl_interface& interface, std::uint32_t version)
+template <typename Object, typename Handle>
+Handle WaylandClient::bind(const wl_interface& interface, std::uint32_t version)
 {
     const auto found = m_globals.find(interface.name);
     if (found == m_globals.end()) {
         return nullptr;
     }
-    return ClientHandle<Object>(static_cast<Object*>(wl_registry_bind(
-        m_registry.get(), found->second.id, &interface, std::min(version, found->second.version))));
+    return Handle(static_cast<Object*>(wl_registry_bind(m_registry.get(), found->second.id, &interface,
+                                                        std::min(version, found->second.version))));
 }
 
 } // namespace tintwick

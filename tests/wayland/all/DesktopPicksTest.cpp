@@ -1,0 +1,266 @@
+#include "desktop/TintwickProcess.h"
+#include "support/WaitUntil.h"
+#include "support/wayland/GnomeDesktop.h"
+#include "support/wayland/KWinDesktop.h"
+#include "wayland/WaylandTintwick.h"
+
+#include <linux/input-event-codes.h>
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <span>
+#include <vector>
+
+using namespace tintwick;
+using namespace Qt::StringLiterals;
+
+using Outputs = std::vector<WaylandDesktop::Output>;
+using Pixel = WaylandDesktop::Pixel;
+
+Q_DECLARE_METATYPE(Outputs)
+
+namespace {
+
+enum class Kind { KWin, Gnome };
+
+} // namespace
+
+Q_DECLARE_METATYPE(Kind)
+
+/// Picks on KWin and GNOME Shell.
+class DesktopPicksTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aClickPicksThePixelUnderThePointer_data();
+    void aClickPicksThePixelUnderThePointer();
+    void escapeChangesNothing_data();
+    void escapeChangesNothing();
+    void anotherProgramReadsThePick_data();
+    void anotherProgramReadsThePick();
+};
+
+namespace {
+
+std::unique_ptr<WaylandDesktop> startDesktop(Kind kind, const Outputs& outputs)
+{
+    if (kind == Kind::Gnome) {
+        return std::make_unique<GnomeDesktop>(GnomeDesktop::GnomeOptions{.outputs = outputs});
+    }
+    return std::make_unique<KWinDesktop>(KWinDesktop::KWinOptions{
+        .outputs = outputs, .mayTakeScreenshots = {QStringLiteral(TINTWICK_PROGRAM)}});
+}
+
+std::vector<Pixel> cornersAndEdges(WaylandDesktop& desktop)
+{
+    std::vector<Pixel> pixels;
+    for (std::size_t output = 0; output < desktop.outputCount(); ++output) {
+        const int right = desktop.screen(output).right();
+        const int bottom = desktop.screen(output).bottom();
+        for (const QPoint point :
+             {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom), QPoint(right / 4, 0),
+              QPoint(right / 4, bottom), QPoint(0, bottom / 3), QPoint(right, bottom / 3)}) {
+            pixels.push_back({output, point});
+        }
+    }
+    return pixels;
+}
+
+std::vector<Pixel> randomPixels(WaylandDesktop& desktop, int count)
+{
+    QRandomGenerator random(20240229);
+    std::vector<Pixel> pixels;
+    while (static_cast<int>(pixels.size()) < count) {
+        const auto output = static_cast<std::size_t>(random.bounded(static_cast<int>(desktop.outputCount())));
+        const QSize size = desktop.outputSize(output);
+        pixels.push_back({output, {random.bounded(size.width()), random.bounded(size.height())}});
+    }
+    return pixels;
+}
+
+QByteArray description(const Pixel& pixel)
+{
+    return QStringLiteral("output %1 at %2, %3: ")
+        .arg(pixel.output)
+        .arg(pixel.point.x())
+        .arg(pixel.point.y())
+        .toUtf8();
+}
+
+/// KWin reports whole logical units, and GNOME Shell stops the pointer one unit before the right and the bottom end of the
+/// desktop. The arrow keys reach all other pixels.
+QPoint reachedByPointer(Kind kind, WaylandDesktop& desktop, const Pixel& pixel)
+{
+    const QSize logical = desktop.outputPlace(pixel.output).size();
+    const QSize size = desktop.outputSize(pixel.output);
+    const auto reached = [kind](int position, int units, int pixels) {
+        const double unit = std::min((position + 0.5) * units / pixels, units - 1.0);
+        return kind == Kind::KWin ? static_cast<int>(std::floor(unit) * pixels / units)
+                                  : std::min(position, (units - 1) * pixels / units);
+    };
+    return {reached(pixel.point.x(), logical.width(), size.width()),
+            reached(pixel.point.y(), logical.height(), size.height())};
+}
+
+void pressArrowKeys(WaylandDesktop& desktop, QPoint reached, const Pixel& pixel)
+{
+    for (int x = reached.x(); x < pixel.point.x(); ++x) {
+        desktop.typeKey(KEY_RIGHT);
+    }
+    for (int y = reached.y(); y < pixel.point.y(); ++y) {
+        desktop.typeKey(KEY_DOWN);
+    }
+}
+
+/// Picks the pixels one after the other in one pick, and compares the colours.
+bool picksAll(Kind kind, WaylandDesktop& desktop, std::span<const Pixel> pixels)
+{
+    desktop.movePointer({pixels.front().output, reachedByPointer(kind, desktop, pixels.front())});
+    WaylandTintwick program(desktop,
+                            {u"pick"_s, u"--no-copy"_s, u"--count"_s, QString::number(pixels.size())});
+    QByteArray expected;
+    for (const Pixel& pixel : pixels) {
+        const Pixel reached{pixel.output, reachedByPointer(kind, desktop, pixel)};
+        desktop.movePointer(reached);
+        // Keys before the first frame are not for the loupe.
+        if (!program.waitForLoupe(reached)) {
+            qWarning("no loupe near %s", description(pixel).constData());
+            return false;
+        }
+        pressArrowKeys(desktop, reached.point, pixel);
+        if (!program.waitForLoupe(pixel)) {
+            qWarning("no loupe at %s %s", description(pixel).constData(),
+                     program.process().standardError().constData());
+            return false;
+        }
+        desktop.click();
+        expected += hexText(desktop.patternPixel(pixel)) + '\n';
+    }
+    const bool hasEnded = program.process().waitForEnd() == 0 && program.waitForPickToEnd();
+    if (!hasEnded || program.process().standardOutput() != expected) {
+        qWarning("picked %s instead of %s", program.process().standardOutput().constData(),
+                 expected.constData());
+        return false;
+    }
+    return true;
+}
+
+void addDesktops()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::newRow("KWin") << Kind::KWin;
+    QTest::newRow("GNOME") << Kind::Gnome;
+}
+
+const Pixel middle{0, {640, 400}};
+
+} // namespace
+
+void DesktopPicksTest::aClickPicksThePixelUnderThePointer_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<Outputs>("outputs");
+    // The sizes let GNOME Shell offer these scales.
+    const QSize size(1200, 720);
+    const QSize large(1600, 960);
+    const auto addRows = [&](const char* name, Kind kind) {
+        const auto row = [name](const char* what) { return QByteArray(name) + ", " + what; };
+        QTest::newRow(row("scale 1")) << kind << Outputs{{.size = size}};
+        QTest::newRow(row("scale 1.5")) << kind << Outputs{{.size = size, .scale = 1.5}};
+        QTest::newRow(row("scale 2")) << kind << Outputs{{.size = large, .scale = 2}};
+    };
+    addRows("KWin", Kind::KWin);
+    QTest::newRow("KWin, scales 1 and 1.5")
+        << Kind::KWin << Outputs{{.size = size}, {.size = size, .scale = 1.5, .position = {1200, 0}}};
+    QTest::newRow("KWin, scales 2 and 1")
+        << Kind::KWin << Outputs{{.size = size, .scale = 2}, {.size = size, .position = {600, 0}}};
+    addRows("GNOME", Kind::Gnome);
+    // Without fractional scales the positions are physical pixels.
+    QTest::newRow("GNOME, scales 2 and 1")
+        << Kind::Gnome << Outputs{{.size = large, .scale = 2}, {.size = size, .position = {1600, 0}}};
+    QTest::newRow("GNOME, two at scale 1.5")
+        << Kind::Gnome
+        << Outputs{{.size = size, .scale = 1.5}, {.size = size, .scale = 1.5, .position = {800, 0}}};
+}
+
+void DesktopPicksTest::aClickPicksThePixelUnderThePointer()
+{
+    QFETCH(const Kind, kind);
+    QFETCH(const Outputs, outputs);
+    const auto desktop = startDesktop(kind, outputs);
+    const auto picture = desktop->showPicture();
+    std::vector<Pixel> pixels = cornersAndEdges(*desktop);
+    for (Pixel pixel : randomPixels(*desktop, 200)) {
+        pixel.point = reachedByPointer(kind, *desktop, pixel);
+        pixels.push_back(pixel);
+    }
+    const auto anywhere = randomPixels(*desktop, 10);
+    pixels.insert(pixels.end(), anywhere.begin(), anywhere.end());
+
+    // The arrow keys lead away from the pointer, so those pixels need a pick of their own.
+    const auto beyond = std::stable_partition(pixels.begin(), pixels.end(), [&](const Pixel& pixel) {
+        return reachedByPointer(kind, *desktop, pixel) == pixel.point;
+    });
+    const auto direct = static_cast<std::size_t>(beyond - pixels.begin());
+    constexpr std::size_t most = 20;
+    for (std::size_t first = 0; first < pixels.size();) {
+        const std::size_t count = first < direct ? std::min(most, direct - first) : 1;
+        QVERIFY(picksAll(kind, *desktop, std::span(pixels).subspan(first, count)));
+        first += count;
+    }
+}
+
+void DesktopPicksTest::escapeChangesNothing_data()
+{
+    addDesktops();
+}
+
+void DesktopPicksTest::escapeChangesNothing()
+{
+    QFETCH(const Kind, kind);
+    const auto desktop = startDesktop(kind, {{}});
+    const auto picture = desktop->showPicture();
+    desktop->takeClipboard("precious");
+    desktop->movePointer(middle);
+    WaylandTintwick program(*desktop, {u"pick"_s});
+    QVERIFY(program.waitForLoupe(middle));
+    desktop->typeKey(KEY_ESC);
+    QCOMPARE(program.process().waitForEnd(), 1);
+    QVERIFY(program.waitForPickToEnd());
+    QCOMPARE(desktop->clipboard(), QByteArray("precious"));
+    QVERIFY(!QFile::exists(program.dataFile()));
+}
+
+void DesktopPicksTest::anotherProgramReadsThePick_data()
+{
+    addDesktops();
+}
+
+void DesktopPicksTest::anotherProgramReadsThePick()
+{
+    QFETCH(const Kind, kind);
+    const auto desktop = startDesktop(kind, {{}});
+    const auto picture = desktop->showPicture();
+    WaylandTintwick program(*desktop);
+    QVERIFY(program.waitForStart());
+    desktop->movePointer(middle);
+    WaylandTintwick command(*desktop, {u"pick"_s});
+    QVERIFY(command.waitForLoupe(middle));
+    desktop->click();
+    QCOMPARE(command.process().waitForEnd(), 0);
+    const QByteArray text = hexText(desktop->patternPixel(middle));
+    QVERIFY2(program.waitForClipboard(text), desktop->clipboard());
+    // Some desktops take the clipboard away some time after the window that set it is gone.
+    const auto fiveSecondsLater = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    QVERIFY(waitUntil([&] { return std::chrono::steady_clock::now() >= fiveSecondsLater; }));
+    QCOMPARE(desktop->clipboard(), text);
+}
+
+QTEST_GUILESS_MAIN(DesktopPicksTest)
+#include "DesktopPicksTest.moc"
