@@ -325,7 +325,10 @@ void AppState::setData(Payload data, qsizetype stored)
 {
     const QList<CapturedColor> known = data.history + data.keptColors + m_data.history + m_data.keptColors;
     const qsizetype limit = std::max({historyLimit, m_data.history.size(), stored});
-    data.history.resize(std::min(limit, data.history.size()));
+    // resize() would copy a history that the changes share.
+    if (data.history.size() > limit) {
+        data.history.resize(limit);
+    }
     data.keptColors = heldColors(data, known);
 
     const Payload before = std::exchange(m_data, std::move(data));

@@ -28,8 +28,9 @@ const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89
 // left side of the first row's square on the screen of a palette.
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
+constexpr QPoint actionsButton(349, 77);
 constexpr QPoint firstRemoveButton(356, 132);
-constexpr QPoint plus(260, 77);
+constexpr QPoint plus(220, 77);
 constexpr int rowHeight = 54;
 
 /// A red, a green and a blue colour in one palette. The history has them last, after as many white ones.
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void escapeEndsTheDragAndDoesNotHideThePanel();
     void aRemovedRowLeavesItsPlaceEmptyUntilThePointerMoves();
     void aRemovedColorComesBack();
+    void aPaletteIsRenamedAndSorted();
     void aPaletteKeepsTheColorThatAPickPushesOutOfTheHistory();
 
 private:
@@ -247,6 +249,44 @@ void PaletteTest::aRemovedColorComesBack()
     QVERIFY(waitUntil([&] { return !undoTitle(desktop, program); }));
     desktop.typeKey(XK_z, {XK_Control_L});
     QVERIFY(isStored(ids));
+}
+
+void PaletteTest::aPaletteIsRenamedAndSorted()
+{
+    PrivateDesktop desktop({});
+    keepAPalette(desktop);
+    TintwickProcess program(desktop);
+    QVERIFY(openPalette(desktop, program));
+    const auto storedName = [&] {
+        return program.data()
+            .value("collections"_L1)
+            .toArray()
+            .first()
+            .toObject()
+            .value("name"_L1)
+            .toString();
+    };
+    QVERIFY(program.waitForPanelToHaveFocus());
+
+    desktop.typeKey(XK_F2);
+    static_cast<void>(desktop.settledScreenshot());
+    desktop.typeKey(XK_s);
+    desktop.typeKey(XK_Return);
+    QVERIFY(waitUntil([&] { return storedName() == u"s"_s; }));
+
+    // The sheet is gone, so that the keys are those of the panel.
+    static_cast<void>(desktop.settledScreenshot());
+    desktop.typeKey(XK_z, {XK_Control_L});
+    QVERIFY(waitUntil([&] { return storedName() == u"Brand"_s; }));
+
+    // The menu of the palette: the third entry is "Sort by", its second "Lightness".
+    desktop.clickAt(program.panel().topLeft() + actionsButton);
+    for (const xcb_keysym_t key : {XK_Up, XK_Right, XK_Down, XK_Return}) {
+        static_cast<void>(desktop.settledScreenshot());
+        desktop.typeKey(key);
+    }
+    QVERIFY(waitUntil([&] { return storedIds(program) == QStringList({ids[2], ids[0], ids[1]}); }));
+    QVERIFY(waitUntil([&] { return rowColor(desktop, program, 0) == qRgb(0, 0, 255); }));
 }
 
 void PaletteTest::aPaletteKeepsTheColorThatAPickPushesOutOfTheHistory()
