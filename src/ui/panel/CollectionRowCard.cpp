@@ -155,9 +155,11 @@ QList<MenuEntry> CollectionRowCard::contextMenu() const
     QList<MenuEntry> entries{
         menuAction(tr("Open Palette"), u"open"_s, [onTap = m_onTap, id = m_collection.id] { onTap(id); }),
         submenu(tr("Pick into"), pickIntoMenu(m_onPick, m_collection.id)), menuSeparator()};
-    entries << collectionMenu(m_panel, m_appState, m_collection) << menuSeparator();
-    entries += exportEntries(
+    QList<MenuEntry> exports = exportEntries(
         tr("Export "), [colors = m_colors] { return colors; }, [name = m_collection.name] { return name; });
+    // The submenu is with the other one, so that the usual formats keep their place at the end.
+    entries << collectionMenu(m_panel, m_appState, m_collection) << exports.takeLast() << menuSeparator()
+            << exports;
     entries += {menuSeparator(), menuDestructive(tr("Delete"), [&state = m_appState, id = m_collection.id] {
                     state.deleteCollection(id);
                 })};
