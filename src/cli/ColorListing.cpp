@@ -40,11 +40,11 @@ Json objectOf(const CapturedColor& color, const QString& text)
 
 } // namespace
 
-QStringList textsOf(const QList<CapturedColor>& colors, ColorFormat format)
+QStringList textsOf(const QList<CapturedColor>& colors, ColorFormat format, const QString& ownTemplate)
 {
     QStringList texts;
     for (const CapturedColor& color : colors) {
-        texts.append(string(format, color));
+        texts.append(string(format, color, QStringLiteral("color"), ownTemplate));
     }
     return texts;
 }

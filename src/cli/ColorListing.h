@@ -16,8 +16,9 @@ struct Payload;
 /// lists have equal length.
 [[nodiscard]] QByteArray colorsAsJson(const QList<CapturedColor>& colors, const QStringList& texts);
 
-/// The text of each colour.
-[[nodiscard]] QStringList textsOf(const QList<CapturedColor>& colors, ColorFormat format);
+/// The text of each colour. The template is for the format Template.
+[[nodiscard]] QStringList textsOf(const QList<CapturedColor>& colors, ColorFormat format,
+                                  const QString& ownTemplate);
 
 /// A JSON array with one object per palette: its name, the number of its colours, and the time when it was made.
 [[nodiscard]] QByteArray palettesAsJson(const Payload& data);

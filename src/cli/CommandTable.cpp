@@ -9,9 +9,11 @@ namespace {
 
 constexpr int unlimited = 10'000;
 
-constexpr OptionInfo format{u"format", u"f", u"FORMAT",
-                            u"Text format: HEX, HEX+A, RGB, RGBA, HSL, HSLA, CSS-Var, Tailwind or Name",
-                            Completion::Format};
+constexpr OptionInfo format{
+    u"format", u"f", u"FORMAT",
+    u"Text format: HEX, HEX+A, RGB, RGBA, HSL, HSLA, CSS-Var, Tailwind, Name, OKLCH, RGB-modern, HSV, "
+    u"CMYK-naive, HEX-lower, HEX-bare, 0xAARRGGBB, Floats or Template",
+    Completion::Format};
 constexpr OptionInfo json{u"json", {}, {}, u"Print JSON"};
 
 constexpr std::array startOptions{OptionInfo{u"background", {}, {}, u"Start without opening the panel"}};

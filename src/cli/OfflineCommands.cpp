@@ -32,9 +32,10 @@ int print(const QByteArray& text)
     return writeToStandardOutput(text) ? EXIT_SUCCESS : fail(u"standard output cannot be written"_s);
 }
 
-int print(const QList<CapturedColor>& colors, const Invocation& invocation, ColorFormat byDefault)
+int print(const QList<CapturedColor>& colors, const Invocation& invocation, ColorFormat byDefault,
+          const QString& ownTemplate)
 {
-    const QStringList texts = textsOf(colors, invocation.format.value_or(byDefault));
+    const QStringList texts = textsOf(colors, invocation.format.value_or(byDefault), ownTemplate);
     if (invocation.isJson) {
         return print(colorsAsJson(colors, texts));
     }
@@ -61,7 +62,10 @@ int convert(const Invocation& invocation)
     for (const QString& text : mapped) {
         printError(u"tintwick: '%1' is outside sRGB; the nearest color inside is used"_s.arg(text));
     }
-    return print(colors, invocation, ColorFormat::Hex6);
+    // The other formats need no data.
+    const bool usesTemplate = invocation.format == ColorFormat::Template;
+    return print(colors, invocation, ColorFormat::Hex6,
+                 usesTemplate ? DataFile().read().payload.colorTemplate : QString());
 }
 
 const ColorCollection* paletteNamed(const QString& name, const Payload& data)
@@ -91,8 +95,8 @@ int printPalettes(const Payload& data, const Invocation& invocation)
 std::optional<QByteArray> exportedWithTexts(ExportFormat format, const QList<CapturedColor>& colors,
                                             const QString& title)
 {
-    std::array<char*, 3> arguments{const_cast<char*>("tintwick"), const_cast<char*>("-platform"),
-                                   const_cast<char*>("offscreen")};
+    std::array<QByteArray, 3> words{"tintwick", "-platform", "offscreen"};
+    std::array arguments{words[0].data(), words[1].data(), words[2].data()};
     int count = static_cast<int>(arguments.size());
     const QGuiApplication toolkit(count, arguments.data());
     return ColorExport::build(format, colors, title);
@@ -140,12 +144,13 @@ int runOffline(const Invocation& invocation)
     const Payload& data = reading.payload;
     switch (invocation.command) {
     case CommandId::History:
-        return print(data.history, invocation, data.defaultFormat);
+        return print(data.history, invocation, data.defaultFormat, data.colorTemplate);
     case CommandId::Palettes:
         return printPalettes(data, invocation);
     case CommandId::Palette:
         if (const ColorCollection* palette = paletteNamed(invocation.arguments.first(), data)) {
-            return print(palette->colors(data.history, data.keptColors), invocation, data.defaultFormat);
+            return print(palette->colors(data.history, data.keptColors), invocation, data.defaultFormat,
+                         data.colorTemplate);
         }
         return fail(noPalette(invocation.arguments.first()));
     case CommandId::Export:

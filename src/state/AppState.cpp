@@ -100,6 +100,21 @@ void AppState::setDefaultFormat(ColorFormat format)
     save();
 }
 
+void AppState::setColorTemplate(const QString& text)
+{
+    if (m_data.colorTemplate == text) {
+        return;
+    }
+    m_data.colorTemplate = text;
+    Q_EMIT colorTemplateChanged();
+    save();
+}
+
+QString AppState::text(const CapturedColor& color, ColorFormat format) const
+{
+    return string(format, color, QStringLiteral("color"), m_data.colorTemplate);
+}
+
 void AppState::setShowCopiedFeedback(bool show)
 {
     if (m_showCopiedFeedback == show) {
@@ -116,7 +131,7 @@ QString AppState::copiedText(const CapturedColor& color) const
 
 QString AppState::copiedText(const CapturedColor& color, ColorFormat format) const
 {
-    return string(format, named(color));
+    return text(named(color), format);
 }
 
 void AppState::colorCaptured(const CapturedColor& color)
@@ -135,7 +150,7 @@ void AppState::addToHistory(const CapturedColor& color)
 
 void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
 {
-    m_lastCopiedString = string(format, color);
+    m_lastCopiedString = text(color, format);
     Q_EMIT lastCopiedStringChanged();
     setShowCopiedFeedback(true);
     m_runLater(feedbackDuration, [this] { setShowCopiedFeedback(false); });
@@ -340,6 +355,9 @@ void AppState::setData(Payload data, qsizetype stored)
     }
     if (m_data.defaultFormat != before.defaultFormat) {
         Q_EMIT defaultFormatChanged();
+    }
+    if (m_data.colorTemplate != before.colorTemplate) {
+        Q_EMIT colorTemplateChanged();
     }
 }
 

@@ -57,6 +57,11 @@ public:
 
     [[nodiscard]] ColorFormat defaultFormat() const { return m_data.defaultFormat; }
     void setDefaultFormat(ColorFormat format);
+    /// The user's own template, for the format Template; see ColorTemplate.h.
+    [[nodiscard]] const QString& colorTemplate() const { return m_data.colorTemplate; }
+    void setColorTemplate(const QString& text);
+    /// The text of a colour in a format.
+    [[nodiscard]] QString text(const CapturedColor& color, ColorFormat format) const;
 
     /// True from a copy until the `feedbackDuration` of any copy ends.
     [[nodiscard]] bool showCopiedFeedback() const { return m_showCopiedFeedback; }
@@ -115,6 +120,7 @@ Q_SIGNALS:
     void historyChanged();
     void collectionsChanged();
     void defaultFormatChanged();
+    void colorTemplateChanged();
     /// The user has made a change, or made it again. `what` is for the user, for example "Removed Sky".
     void changeMade(const QString& what);
     void changeUndone(const QString& what);

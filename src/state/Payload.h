@@ -18,6 +18,8 @@ struct Payload
     ColorFormat defaultFormat = ColorFormat::Hex6;
     /// The colours that have left the history and that a collection holds; see heldColors().
     QList<CapturedColor> keptColors = {};
+    /// For the format Template; see ColorTemplate.h.
+    QString colorTemplate = defaultColorTemplate();
 
     friend bool operator==(const Payload&, const Payload&) = default;
 };

@@ -274,6 +274,12 @@ std::optional<ColorCollection> decodedCollection(const json* value)
     return ColorCollection{*id, *name, *colorIds, *createdAt, *icon};
 }
 
+std::optional<ColorFormat> decodedFormat(const json* value)
+{
+    const auto text = decodedString(value);
+    return text ? colorFormatFromRawValue(*text) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<QByteArray> encodePayload(const Payload& payload)
@@ -293,8 +299,15 @@ std::optional<QByteArray> encodePayload(const Payload& payload)
     ordered_json object;
     object["history"] = *std::move(history);
     object["collections"] = std::move(collections);
-    object["defaultFormat"] = rawValue(payload.defaultFormat).toStdString();
-    // Without such colours the file is that of a version that does not know the key.
+    const bool isKnown = isKnownToAllVersions(payload.defaultFormat);
+    object["defaultFormat"] = rawValue(isKnown ? payload.defaultFormat : ColorFormat::Hex6).toStdString();
+    // Earlier versions ignore the keys that follow. Without need of them the file is that of such a version.
+    if (!isKnown) {
+        object["laterFormat"] = rawValue(payload.defaultFormat).toStdString();
+    }
+    if (payload.colorTemplate != defaultColorTemplate()) {
+        object["colorTemplate"] = payload.colorTemplate.toStdString();
+    }
     if (!keptColors->empty()) {
         object["keptColors"] = *std::move(keptColors);
     }
@@ -328,14 +341,18 @@ std::optional<Payload> decodePayload(QByteArrayView text)
     }
     auto history = decodedList(member(object, "history"), decodedColor);
     auto collections = decodedList(member(object, "collections"), decodedCollection);
-    const auto rawFormat = decodedString(member(object, "defaultFormat"));
-    const auto defaultFormat = rawFormat ? colorFormatFromRawValue(*rawFormat) : std::nullopt;
+    const auto defaultFormat = decodedFormat(member(object, "defaultFormat"));
+    const auto laterFormat = decodedFormat(member(object, "laterFormat"));
+    const auto colorTemplate = decodedString(member(object, "colorTemplate"));
     const json* kept = member(object, "keptColors");
     auto keptColors = kept && !kept->is_null() ? decodedList(kept, decodedColor) : QList<CapturedColor>();
     if (!history || !collections || !defaultFormat || !keptColors) {
         return std::nullopt;
     }
-    return Payload{*std::move(history), *std::move(collections), *defaultFormat, *std::move(keptColors)};
+    Payload payload{*std::move(history), *std::move(collections), *defaultFormat, *std::move(keptColors)};
+    payload.defaultFormat = laterFormat.value_or(payload.defaultFormat);
+    payload.colorTemplate = colorTemplate.value_or(payload.colorTemplate);
+    return payload;
 }
 
 Payload asStored(const Payload& payload)

@@ -127,7 +127,8 @@ Payload merged(const Payload& before, const Payload& ours, const Payload& theirs
     Payload both{.history = mergedList(before.history, ours.history, theirs.history, OnlyOurs::First),
                  .collections =
                      mergedList(before.collections, ours.collections, theirs.collections, OnlyOurs::Last),
-                 .defaultFormat = chosen(before.defaultFormat, ours.defaultFormat, theirs.defaultFormat)};
+                 .defaultFormat = chosen(before.defaultFormat, ours.defaultFormat, theirs.defaultFormat),
+                 .colorTemplate = chosen(before.colorTemplate, ours.colorTemplate, theirs.colorTemplate)};
     const auto colors = mergedLists(allColors(before), allColors(ours), allColors(theirs));
     // A side that lacks a colour may only have dropped it: from a full history, or as a version that keeps none.
     both.keptColors = heldColors(both, colors.common + colors.onlyOurs + allColors(ours) + allColors(theirs));

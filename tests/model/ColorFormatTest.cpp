@@ -1,6 +1,7 @@
 #include "ColorFormat.h"
 
 #include "CapturedColor.h"
+#include "ColorText.h"
 
 #include <QTest>
 
@@ -19,6 +20,8 @@ private Q_SLOTS:
     void colorsAreFormatted_data();
     void colorsAreFormatted();
     void anUnnamedVariableUsesTheGivenName();
+    void browsersReadTheColorBack_data();
+    void browsersReadTheColorBack();
 };
 
 void ColorFormatTest::formatsAreListedInOrder()
@@ -27,14 +30,19 @@ void ColorFormatTest::formatsAreListedInOrder()
     for (const ColorFormat format : allColorFormats) {
         labels += rawValue(format);
     }
-    QCOMPARE(labels, QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name").split(u'|'));
+    QCOMPARE(labels, QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name|OKLCH|RGB modern|HSV|"
+                                    "CMYK naive|HEX lower|HEX bare|0xAARRGGBB|Floats|Template")
+                         .split(u'|'));
+    QVERIFY(isKnownToAllVersions(ColorFormat::ColorName));
+    QVERIFY(!isKnownToAllVersions(ColorFormat::Oklch));
 }
 
 void ColorFormatTest::storedTextsMatchExactly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("position");
-    const QStringList known = QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name").split(u'|');
+    const QStringList known =
+        QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name|OKLCH").split(u'|');
     for (int i = 0; i < known.size(); ++i) {
         QTest::newRow(qPrintable(known[i])) << known[i] << i;
     }
@@ -91,6 +99,26 @@ void ColorFormatTest::colorsAreFormatted_data()
     row("tailwind of white", Tailwind, 0xFFFFFF, 1, unnamed, "zinc-50");
     row("custom name", ColorName, 0x1E90FF, 1, "Brand Primary!", "Brand Primary!");
     row("name of the table", ColorName, 0x1E90FF, 1, unnamed, "Dodger Blue");
+    // Values of the browsers' developer tools.
+    row("oklch", Oklch, 0x3B82F6, 1, unnamed, "oklch(62.308% 0.18801 259.815)");
+    row("oklch, half", Oklch, 0xFF0000, 0.5, unnamed, "oklch(62.796% 0.25768 29.234 / 50%)");
+    row("oklch of white", Oklch, 0xFFFFFF, 1, unnamed, "oklch(100% 0 0)");
+    row("oklch of a grey", Oklch, 0x808080, 1, unnamed, "oklch(59.987% 0 0)");
+    row("modern rgb", ModernRgb, 0x3B82F6, 1, unnamed, "rgb(59 130 246)");
+    row("modern rgb, half", ModernRgb, 0x3B82F6, 0.5, unnamed, "rgb(59 130 246 / 50%)");
+    row("modern rgb, a third", ModernRgb, 0x3B82F6, 1.0 / 3, unnamed, "rgb(59 130 246 / 33.33%)");
+    row("modern rgb, beyond opaque", ModernRgb, 0x3B82F6, 1.5, unnamed, "rgb(59 130 246)");
+    row("hsv", Hsv, 0x3B82F6, 0.5, unnamed, "hsv(217, 76%, 96%)");
+    row("hsv of black", Hsv, 0x000000, 1, unnamed, "hsv(0, 0%, 0%)");
+    row("cmyk", NaiveCmyk, 0x3B82F6, 1, unnamed, "cmyk(76%, 47%, 0%, 4%)");
+    row("cmyk of black", NaiveCmyk, 0x000000, 1, unnamed, "cmyk(0%, 0%, 0%, 100%)");
+    row("lower hex", LowerHex, 0x3B82F6, 0.5, unnamed, "#3b82f6");
+    row("bare hex", BareHex, 0x3B82F6, 1, unnamed, "3B82F6");
+    row("argb", Argb, 0x3B82F6, 1, unnamed, "0xFF3B82F6");
+    row("argb, half", Argb, 0x0B0C0D, 0.5, unnamed, "0x800B0C0D");
+    row("argb, clear", Argb, 0x0B0C0D, 0, unnamed, "0x000B0C0D");
+    row("floats", Floats, 0x3B82F6, 1, unnamed, "0.231, 0.510, 0.965");
+    row("template", Template, 0x1E90FF, 1, unnamed, "Dodger Blue: #1E90FF");
 }
 
 void ColorFormatTest::colorsAreFormatted()
@@ -114,6 +142,24 @@ void ColorFormatTest::anUnnamedVariableUsesTheGivenName()
     const CapturedColor color = CapturedColor::capture(0, 0, 0, 1);
     QCOMPARE(string(ColorFormat::CssVar, color, QStringLiteral("My Colour!")),
              QStringLiteral("--My Colour!: #000000;"));
+}
+
+void ColorFormatTest::browsersReadTheColorBack_data()
+{
+    QTest::addColumn<ColorFormat>("format");
+    QTest::newRow("OKLCH") << ColorFormat::Oklch;
+    QTest::newRow("modern RGB") << ColorFormat::ModernRgb;
+}
+
+void ColorFormatTest::browsersReadTheColorBack()
+{
+    QFETCH(const ColorFormat, format);
+    for (unsigned rgb = 0; rgb <= 0xFFFFFF; rgb += 0x1355) {
+        const CapturedColor color = CapturedColor::capture(rgb);
+        const auto read = colorFromText(string(format, color));
+        QVERIFY(read);
+        QCOMPARE(read->color.hex6(), color.hex6());
+    }
 }
 
 } // namespace tintwick

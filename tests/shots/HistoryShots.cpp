@@ -1,6 +1,7 @@
 #include "shots/HistoryShots.h"
 
 #include "AppState.h"
+#include "ColorActions.h"
 #include "HistoryDetailView.h"
 #include "MenuButton.h"
 #include "RenameColorOverlay.h"
@@ -100,6 +101,12 @@ void shootHistory(const QDir& folder)
         history.swatches().at(2)->setFocus(Qt::TabFocusReason);
     });
     shootState(u"menu"_s, manyColors(40), [](DemoHistory& history) { openContextMenu(history, 6); });
+    shootState(u"menu-copy"_s, manyColors(40), [](DemoHistory& history) {
+        ColorSwatchView& view = *history.swatches().at(6);
+        QMenu* menu = makeMenu(view, copyAsMenu(history.state(), view.color()).children);
+        menu->adjustSize();
+        showMenu(history, *menu, view.mapTo(&history, view.rect().center()));
+    });
     shootState(u"menu-palettes"_s, manyColors(40), [](DemoHistory& history) {
         history.state().createCollection(u"Brand"_s);
         openContextMenu(history, 6);

@@ -7,6 +7,7 @@
 #include "PanelView.h"
 #include "PopUpPicker.h"
 #include "Preferences.h"
+#include "ScrollArea.h"
 #include "SegmentedPicker.h"
 #include "SettingsScreen.h"
 #include "SettingsWindow.h"
@@ -19,6 +20,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QScrollBar>
 
 namespace tintwick {
 
@@ -117,6 +119,13 @@ void shootSettings(const QDir& folder)
         auto& picker = *view.findChild<PopUpPicker*>();
         picker.click();
         showMenu(view, *picker.menu(), view.mapFromGlobal(picker.menu()->pos()));
+    });
+    shootTab(u"general-template"_s, SettingsTab::General, [](DemoSettings& view) {
+        view.state().setDefaultFormat(ColorFormat::Template);
+        view.state().setColorTemplate(u"{name}: {r} {g:02x} {h:.1}"_s);
+        QApplication::processEvents();
+        auto& area = *view.findChild<ScrollArea*>();
+        area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
     });
     shootTab(u"general-recording"_s, SettingsTab::General, [](DemoSettings& view) {
         view.activateWindow();

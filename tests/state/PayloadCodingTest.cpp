@@ -103,6 +103,7 @@ private Q_SLOTS:
     void aPayloadIsEncoded();
     void keptColorsAreAnExtraKey();
     void aVersionThatDoesNotKnowKeptColorsReadsTheRest();
+    void aVersionWithNineFormatsReadsTheRest();
     void anEmptyPayloadIsEncoded();
     void aFileOfAnEarlierVersionIsReproducedExactly();
     void numbersHaveAFractionOrAnExponent_data();
@@ -166,6 +167,25 @@ void PayloadCodingTest::aVersionThatDoesNotKnowKeptColorsReadsTheRest()
     const auto decoded = decodePayload(encodePayload(payload)->replace("keptColors", "other"));
     payload.keptColors.clear();
     QVERIFY(decoded == payload);
+}
+
+void PayloadCodingTest::aVersionWithNineFormatsReadsTheRest()
+{
+    Payload payload = wholePayload();
+    payload.defaultFormat = ColorFormat::Oklch;
+    payload.colorTemplate = QStringLiteral("{r}");
+    const auto text = encodePayload(payload);
+    QVERIFY(decodePayload(*text) == payload);
+    QVERIFY(text->contains(R"("defaultFormat": "HEX")"));
+    QVERIFY(text->contains(R"("laterFormat": "OKLCH")"));
+    // To an earlier version the keys have no meaning, as these have none here.
+    const auto decoded =
+        decodePayload(QByteArray(*text).replace("laterFormat", "a").replace("colorTemplate", "b"));
+    payload.defaultFormat = ColorFormat::Hex6;
+    payload.colorTemplate = defaultColorTemplate();
+    QVERIFY(decoded == payload);
+    // A format of a later version still.
+    QCOMPARE(decodePayload(QByteArray(*text).replace("OKLCH", "LMS"))->defaultFormat, ColorFormat::Hex6);
 }
 
 void PayloadCodingTest::anEmptyPayloadIsEncoded()

@@ -90,9 +90,18 @@ inline QStringList titles(const QMenu& menu)
 {
     QStringList result;
     for (const QAction* action : menu.actions()) {
-        result.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+        result.append(action->isSeparator() ? QStringLiteral("-") : action->text().section(u'\t', 0, 0));
     }
     return result;
+}
+
+/// The lines of a menu with all formats; "-" for a separator.
+inline QStringList formatTitles()
+{
+    return QStringLiteral("HEX|HEX+A|RGB|RGBA|HSL|HSLA|CSS Var|Tailwind|Name|-|OKLCH|RGB modern|HSV|CMYK "
+                          "naive|HEX lower|"
+                          "HEX bare|0xAARRGGBB|Floats|Template")
+        .split(u'|');
 }
 
 /// The widgets that Tab reaches, in order, once around.
@@ -121,7 +130,7 @@ inline QMenu* contextMenu(QWidget& widget)
 inline void choose(QMenu& menu, const QString& title)
 {
     for (QAction* action : menu.actions()) {
-        if (action->text() == title) {
+        if (action->text().section(u'\t', 0, 0) == title) {
             menu.close();
             action->trigger();
             return;

@@ -29,7 +29,7 @@ QString spokenName(const CapturedColor& color)
 
 void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color)
 {
-    state.clipboard().copy(string(format, color));
+    state.clipboard().copy(state.text(color, format));
     state.showCopyFeedback(format, color);
 }
 
@@ -37,8 +37,13 @@ MenuEntry copyAsMenu(AppState& state, const CapturedColor& color)
 {
     QList<MenuEntry> entries;
     for (const ColorFormat format : allColorFormats) {
-        entries.append(menuAction(rawValue(format),
-                                  [&state, format, color] { copyWithFeedback(state, format, color); }));
+        if (format == ColorFormat::Oklch) {
+            entries.append(menuSeparator());
+        }
+        MenuEntry entry =
+            menuAction(rawValue(format), [&state, format, color] { copyWithFeedback(state, format, color); });
+        entry.detail = state.text(color, format);
+        entries.append(entry);
     }
     return submenu(QCoreApplication::translate("ColorActions", "Copy as…"), entries);
 }

@@ -11,6 +11,7 @@
 #include "SettingsLayout.h"
 #include "ShortcutsSection.h"
 #include "Switch.h"
+#include "TemplateRow.h"
 #include "Theme.h"
 
 #include <algorithm>
@@ -79,7 +80,9 @@ QWidget* GeneralSettingsTab::loupeSection()
 
 QWidget* GeneralSettingsTab::copyFormatSection()
 {
-    return settingsSection(tr("Copy Format"), settingsRow(tr("Default Format"), formatPicker()));
+    return settingsSection(
+        tr("Copy Format"),
+        column(fillWidth(), settingsRow(tr("Default Format"), formatPicker()), templateRow(m_appState)));
 }
 
 PopUpPicker* GeneralSettingsTab::formatPicker()

@@ -10,6 +10,7 @@
 #include "ShortcutCoding.h"
 #include "ShortcutRecorder.h"
 #include "Switch.h"
+#include "TextField.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/settings/SettingsFixture.h"
 
@@ -155,6 +156,7 @@ private Q_SLOTS:
 
     void chosenFormatIsSaved();
     void formatFollowsTheState();
+    void aTemplateIsEditedWithAPreview();
 
     void permissionIsShown_data();
     void permissionIsShown();
@@ -647,8 +649,10 @@ void SettingsScreenTest::chosenFormatIsSaved()
     for (const QAction* action : picker->menu()->actions()) {
         titles.append(action->text());
     }
-    QCOMPARE(titles, (QStringList{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"RGBA"_s, u"HSL"_s, u"HSLA"_s,
-                                  u"CSS Var"_s, u"Tailwind"_s, u"Name"_s}));
+    QCOMPARE(titles,
+             (QStringList{u"HEX"_s, u"HEX+A"_s, u"RGB"_s, u"RGBA"_s, u"HSL"_s, u"HSLA"_s, u"CSS Var"_s,
+                          u"Tailwind"_s, u"Name"_s, u"OKLCH"_s, u"RGB modern"_s, u"HSV"_s, u"CMYK naive"_s,
+                          u"HEX lower"_s, u"HEX bare"_s, u"0xAARRGGBB"_s, u"Floats"_s, u"Template"_s}));
     QTest::keyClick(picker->menu(), Qt::Key_Down);
     QTest::keyClick(picker->menu(), Qt::Key_Down);
     QTest::keyClick(picker->menu(), Qt::Key_Return);
@@ -658,6 +662,32 @@ void SettingsScreenTest::chosenFormatIsSaved()
     QCOMPARE(storedData().value("defaultFormat"_L1).toString(), u"RGB"_s);
     QVERIFY(QSettings().allKeys().filter(u"ormat"_s).isEmpty());
     QCOMPARE(AppState().defaultFormat(), ColorFormat::Rgb);
+}
+
+void SettingsScreenTest::aTemplateIsEditedWithAPreview()
+{
+    SettingsFixture fixture;
+    QVERIFY(!fixture.texts().contains(u"Dodger Blue: #1E90FF"_s));
+    fixture.state.setDefaultFormat(ColorFormat::Template);
+    SettingsFixture::settle();
+    auto* field = fixture.control<TextField>(u"Template"_s);
+    QVERIFY(field->isVisible());
+    QCOMPARE(field->text(), u"{name}: #{hex}"_s);
+    QVERIFY(fixture.texts().contains(u"Dodger Blue: #1E90FF"_s));
+
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, u"{r}-{h:.1}"_s);
+    QVERIFY(fixture.texts().contains(u"30-209.6"_s));
+    QCOMPARE(fixture.state.colorTemplate(), u"{r}-{h:.1}"_s);
+    QTest::keyClicks(field, u"{x}"_s);
+    QVERIFY(fixture.texts().contains(u"{x} is not a field"_s));
+    // The last one that was valid.
+    QCOMPARE(fixture.state.colorTemplate(), u"{r}-{h:.1}"_s);
+    fixture.state.flush();
+    QCOMPARE(storedData().value("defaultFormat"_L1).toString(), u"HEX"_s);
+    QCOMPARE(AppState().defaultFormat(), ColorFormat::Template);
+    QCOMPARE(AppState().colorTemplate(), u"{r}-{h:.1}"_s);
 }
 
 void SettingsScreenTest::formatFollowsTheState()

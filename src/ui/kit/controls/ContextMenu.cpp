@@ -8,6 +8,7 @@
 #include "Theme.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QHoverEvent>
 #include <QMenu>
 #include <QScreen>
@@ -24,6 +25,17 @@ constexpr int dropDownGap = 4;
 QString literal(const QString& title)
 {
     return inOneLine(title).replace(u'&', QStringLiteral("&&"));
+}
+
+QString lineOf(const MenuEntry& entry)
+{
+    if (entry.detail.isEmpty()) {
+        return literal(entry.title);
+    }
+    constexpr int widest = 190; // points
+    const QString detail =
+        QFontMetrics(theme::font(13)).elidedText(inOneLine(entry.detail), Qt::ElideRight, widest);
+    return literal(entry.title) + u'\t' + detail;
 }
 
 /// Ends the hover state of `owner` and of the widgets that contain it. Qt sends no leave event when a menu grabs the pointer.
@@ -66,7 +78,7 @@ void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
         case MenuEntry::Kind::Action:
         case MenuEntry::Kind::Choice:
         case MenuEntry::Kind::Destructive: {
-            QAction* action = menu.addAction(literal(entry.title));
+            QAction* action = menu.addAction(lineOf(entry));
             if (!entry.symbol.isEmpty()) {
                 action->setIcon(symbolIcon(entry.symbol));
                 action->setIconVisibleInMenu(true);

@@ -27,6 +27,8 @@ struct MenuEntry
     bool isChosen = false;
     /// Only shown; the window that opens the menu reacts to it.
     QKeySequence shortcut = {};
+    /// A text at the end of the line, shortened to fit. Not together with a shortcut.
+    QString detail = {};
 };
 
 [[nodiscard]] MenuEntry menuAction(const QString& title, std::function<void()> action);
