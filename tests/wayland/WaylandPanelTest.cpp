@@ -32,7 +32,10 @@ using namespace Qt::StringLiterals;
 // In logical units from the top left corner of the panel.
 constexpr QPoint header(190, 25);
 constexpr QPoint settingsButton(350, 25);
+constexpr QPoint seeAll(340, 147);
 constexpr QPoint firstSwatch(47, 200);
+/// On the screen that "See all" opens.
+constexpr QPoint exportButton(284, 76);
 constexpr QPoint card(190, 355);
 constexpr QPoint cardOutline(16, 355);
 constexpr QPoint bottom(190, 560);
@@ -465,9 +468,12 @@ void WaylandPanelTest::theSaveDialogIsAboveThePanel()
 {
     Scene scene;
     QVERIFY(scene.waitForPanel());
-    scene.click(card, BTN_RIGHT);
-    scene.desktop.typeKey(KEY_UP);
-    scene.desktop.typeKey(KEY_UP);
+    scene.click(seeAll);
+    QVERIFY(scene.waitForRest());
+    scene.click(exportButton);
+    QVERIFY(scene.waitForRest());
+    // The first item of the menu.
+    scene.desktop.typeKey(KEY_DOWN);
     scene.desktop.typeKey(KEY_ENTER);
     QVERIFY(scene.waitForWindow(u"Save As"_s));
     QVERIFY(scene.window(u"Save As"_s)->isFloating);

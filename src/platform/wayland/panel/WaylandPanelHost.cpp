@@ -1,5 +1,6 @@
 #include "WaylandPanelHost.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QMargins>
 #include <QRegion>
@@ -15,6 +16,8 @@ namespace {
 
 /// The compositor takes the focus from one window of ours before it gives it to the next.
 constexpr std::chrono::milliseconds changeOfFocus{100};
+/// KWin gives the focus back at the next event of a key: after a menu was closed by a key, when that is released.
+constexpr std::chrono::milliseconds changeAfterMenu{1000};
 
 ScreenCorner cornerOf(QPoint point)
 {
@@ -28,7 +31,6 @@ ScreenCorner cornerOf(QPoint point)
 WaylandPanelHost::WaylandPanelHost()
 {
     m_inactivity.setSingleShot(true);
-    m_inactivity.setInterval(changeOfFocus);
     connect(&m_inactivity, &QTimer::timeout, this, &WaylandPanelHost::leaveWhenInactive);
 }
 
@@ -58,6 +60,7 @@ void WaylandPanelHost::showAgain(PanelWindow& panel)
     m_widget->activateWindow();
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &WaylandPanelHost::followFocus,
             Qt::UniqueConnection);
+    qApp->installEventFilter(this);
 }
 
 void WaylandPanelHost::followFocus()
@@ -65,8 +68,18 @@ void WaylandPanelHost::followFocus()
     if (QGuiApplication::focusWindow()) {
         m_inactivity.stop();
     } else {
-        m_inactivity.start();
+        const bool isAfterMenu = m_sinceMenu.isValid() && !m_sinceMenu.hasExpired(changeOfFocus.count());
+        m_inactivity.start(isAfterMenu ? changeAfterMenu : changeOfFocus);
     }
+}
+
+bool WaylandPanelHost::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Hide && watched->isWidgetType() &&
+        static_cast<QWidget*>(watched)->windowType() == Qt::Popup) {
+        m_sinceMenu.start();
+    }
+    return PanelHost::eventFilter(watched, event);
 }
 
 void WaylandPanelHost::leaveWhenInactive()

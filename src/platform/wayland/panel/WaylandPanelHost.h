@@ -26,6 +26,9 @@ public:
     /// it becomes inactive, and comes back when it is dismissible again.
     void setDismissible(bool isDismissible) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void followFocus();
     void leaveWhenInactive();
@@ -43,6 +46,7 @@ private:
     bool m_isAway = false;
     /// Runs while no window of this program has the focus.
     QTimer m_inactivity;
+    QElapsedTimer m_sinceMenu;
     QElapsedTimer m_sinceDismissal;
 };
 
