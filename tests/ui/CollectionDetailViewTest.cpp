@@ -55,6 +55,8 @@ public:
         Ticker::shared().setMode(Ticker::Mode::ByHand);
         QApplication::clipboard()->setText(QStringLiteral("untouched"));
 
+        // Away from the rows.
+        QCursor::setPos(790, 790);
         m_window.setFixedSize(screenSize);
         auto* layout = new QVBoxLayout(&m_window);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -123,6 +125,12 @@ public:
         QTest::mousePress(m_window.windowHandle(), Qt::LeftButton, {}, place);
     }
     void move(const QPoint& place) const { QTest::mouseMove(m_window.windowHandle(), place); }
+    /// Moves the pointer of the platform, too.
+    void pointAt(const QPoint& place) const
+    {
+        QCursor::setPos(m_window.mapToGlobal(place));
+        move(place);
+    }
     void release(const QPoint& place) const
     {
         QTest::mouseRelease(m_window.windowHandle(), Qt::LeftButton, {}, place);
@@ -594,7 +602,7 @@ void CollectionDetailViewTest::removedRowLeavesItsPlaceEmptyUntilThePointerMoves
     QHash<QString, int> before = places();
     const QString code = screen.row(removed).color().hex6();
     const QPoint place = screen.inWindow(screen.row(removed).removeButton(), QPoint(12, 12));
-    screen.move(place);
+    screen.pointAt(place);
     screen.press(place);
     screen.release(place);
     screen.settle();
@@ -623,7 +631,7 @@ void CollectionDetailViewTest::undoFillsTheEmptyPlace()
 {
     PaletteFixture screen(numbered(3));
     const QPoint place = screen.inWindow(screen.row(1).removeButton(), QPoint(12, 12));
-    screen.move(place);
+    screen.pointAt(place);
     screen.press(place);
     screen.release(place);
     screen.settle();

@@ -9,6 +9,7 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -129,7 +130,7 @@ void ReorderList::remove(Clickable* row)
 void ReorderList::holdSlot(qsizetype slot)
 {
     m_emptySlot = slot;
-    m_restingPointer.reset();
+    m_restingPointer = QCursor::pos();
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -146,9 +147,7 @@ void ReorderList::releaseSlot()
 
 void ReorderList::followPointer(const QMouseEvent& move)
 {
-    const QPointF start = m_restingPointer.value_or(move.globalPosition());
-    m_restingPointer = start;
-    if ((move.globalPosition() - start).manhattanLength() >= QApplication::startDragDistance()) {
+    if ((move.globalPosition() - m_restingPointer).manhattanLength() >= QApplication::startDragDistance()) {
         releaseSlot();
     }
 }

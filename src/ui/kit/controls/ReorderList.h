@@ -8,7 +8,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <optional>
 #include <vector>
 
 class QMouseEvent;
@@ -107,8 +106,8 @@ private:
     bool m_isScrolling = false;
     /// Where a row was removed below the pointer; -1 when no slot is empty.
     qsizetype m_emptySlot = -1;
-    /// The first position of the pointer since then, in global coordinates.
-    std::optional<QPointF> m_restingPointer;
+    /// The pointer at that moment, in global coordinates.
+    QPointF m_restingPointer;
 
     /// Below the row that is carried or comes down after a drag.
     Plate* m_plate;
