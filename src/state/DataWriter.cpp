@@ -18,7 +18,8 @@ std::vector<DataWriter*>& startedWriters()
     return writers;
 }
 
-// The toolkit calls exit() when the display ends, and no destructor of ours runs.
+// When the display ends, the toolkit calls exit() on X11 and we call quick_exit() on Wayland, and no destructor of ours
+// runs.
 void finishWrites()
 {
     for (DataWriter* writer : startedWriters()) {
@@ -65,7 +66,8 @@ void DataWriter::write(const Payload& payload)
     if (!m_thread.joinable()) {
         startedWriters().push_back(this);
         m_thread = std::thread([this] { run(); });
-        [[maybe_unused]] static const int registered = std::atexit(finishWrites);
+        [[maybe_unused]] static const int registered =
+            std::atexit(finishWrites) + std::at_quick_exit(finishWrites);
     }
     m_changed.notify_all();
 }

@@ -15,7 +15,7 @@ namespace tintwick {
 
 /// Saves the user's data in a thread of its own, so that a slow disk delays nobody. The thread starts with the first
 /// write and sleeps between writes. The member functions are for the owner's thread, which is the main thread. An exit()
-/// of the process waits for the writes.
+/// or quick_exit() of the process waits for the writes.
 ///
 /// A data file that was not read, or that another program has written since, is not replaced: it is read again first. When
 /// its content is new, nothing is saved; the owner takes the stored data, merges its own and writes both. A file that cannot

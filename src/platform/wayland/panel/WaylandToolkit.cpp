@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <mutex>
 
 namespace tintwick {
 
@@ -31,7 +32,7 @@ bool hasPlugin()
     });
 }
 
-/// The toolkit prints this and ends the process at once, so that changes which are being saved would be lost.
+/// The toolkit prints this and calls _exit(), so that changes which are being saved would be lost.
 void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     if (!message.startsWith("The Wayland connection "_L1)) {
@@ -43,7 +44,11 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     } else {
         defaultHandler(type, context, message);
     }
-    std::exit(EXIT_FAILURE);
+    // Never unlocked: several threads of the toolkit come here, and a second quick_exit() would not wait for the saving.
+    static std::mutex ending;
+    ending.lock();
+    // Not exit(): threads of the toolkit still use static objects.
+    std::quick_exit(EXIT_FAILURE);
 }
 
 } // namespace
