@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <list>
 #include <stdexcept>
+#include <vector>
 
 namespace tintwick {
 
@@ -67,9 +68,9 @@ std::optional<OutputCapture::Picture> OutputCapture::capture(const WaylandClient
 bool OutputCapture::captureAll()
 {
     const auto& outputs = m_client.outputs();
-    m_buffersOfAll.resize(outputs.size());
+    std::vector<std::unique_ptr<PixelBuffer>> buffers(outputs.size());
     std::list<OutputFrame> frames;
-    auto buffer = m_buffersOfAll.begin();
+    auto buffer = buffers.begin();
     for (const auto& output : outputs) {
         frames.emplace_back(m_manager.get(), m_shm.get(), output.handle.get(), *buffer++,
                             OutputFrame::Kind::Next);

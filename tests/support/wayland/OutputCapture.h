@@ -9,7 +9,6 @@
 #include <chrono>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace tintwick {
 
@@ -31,7 +30,7 @@ public:
     /// Nothing when the compositor delivers no picture.
     [[nodiscard]] std::optional<Picture> capture(const WaylandClient::Output& output,
                                                  OutputFrame::Kind kind = OutputFrame::Kind::Next);
-    /// Copies all outputs at once and drops the pictures. Returns false when the compositor does not deliver them.
+    /// Copies all outputs at once, into new memory, and drops the pictures. Returns false when the compositor does not deliver them.
     [[nodiscard]] bool captureAll();
 
 private:
@@ -39,7 +38,6 @@ private:
     ClientHandle<wl_shm> m_shm;
     ClientHandle<zwlr_screencopy_manager_v1> m_manager;
     std::unique_ptr<PixelBuffer> m_buffer;
-    std::vector<std::unique_ptr<PixelBuffer>> m_buffersOfAll;
 };
 
 } // namespace tintwick
