@@ -58,8 +58,8 @@ const QByteArray json = R"json([
   }
 ])json";
 
-/// The export items of a card's menu, counted from the end, where "Delete" and before it "Export Other Formats" are.
-enum class Export { Png = 2, Json = 3, Css = 4 };
+/// The export items of a card's menu, counted from the end, where "Delete" is.
+enum class Export { Png = 1, Json = 2, Css = 3 };
 
 void keepOnePalette(const PrivateDesktop& desktop)
 {

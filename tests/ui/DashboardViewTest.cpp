@@ -679,9 +679,9 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
         titles(*menu),
         (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"), QStringLiteral("-"),
                      QStringLiteral("Rename…"), QStringLiteral("Duplicate"), QStringLiteral("Sort by"),
-                     QStringLiteral("-"), QStringLiteral("Export CSS Variables"),
-                     QStringLiteral("Export JSON"), QStringLiteral("Export PNG Swatch"),
-                     QStringLiteral("Export Other Formats"), QStringLiteral("-"), QStringLiteral("Delete")}));
+                     QStringLiteral("Export Other Formats"), QStringLiteral("-"),
+                     QStringLiteral("Export CSS Variables"), QStringLiteral("Export JSON"),
+                     QStringLiteral("Export PNG Swatch"), QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().last()->trigger();
     menu->close();
     panel.settle();
@@ -711,6 +711,7 @@ void DashboardViewTest::cardIsRenamed()
         choose(*contextMenu(card), QStringLiteral("Rename…"));
     }
     auto* field = panel.view->findChild<QLineEdit*>();
+    QVERIFY(field != nullptr);
     QVERIFY(field->hasFocus());
     QCOMPARE(field->selectedText(), QStringLiteral("Brand"));
     QTest::keyClicks(field, QStringLiteral(" Sea "));
