@@ -449,6 +449,45 @@ private Q_SLOTS:
         QCOMPARE(session.registry.text(picker), QStringLiteral("⌥⇧J"));
     }
 
+    void theLineForTheDesktopStartsThisProgram()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        session.registry.start();
+        QVERIFY(!session.registry.configurationLine(picker));
+        session.desktop.choice = GlobalShortcuts::KeyChoice::None;
+        session.desktop.line = [](const QStringList& command, const Shortcut& keys) {
+            return ConfigurationLine{QStringLiteral("%1: %2").arg(keys.keyCode).arg(command.join(u'|')), {}};
+        };
+        const QString path = QCoreApplication::applicationFilePath();
+        QCOMPARE(session.registry.configurationLine(picker)->text, QStringLiteral("8: %1|pick").arg(path));
+        // Without a combination the line has an example.
+        QCOMPARE(session.registry.configurationLine(panel)->text, QStringLiteral("35: %1|panel").arg(path));
+        session.registry.setShortcut(panel, altShiftC);
+        QCOMPARE(session.registry.configurationLine(panel)->text, QStringLiteral("8: %1|panel").arg(path));
+    }
+
+    void aProgramThatTheShellFindsIsNamedWithoutItsPath()
+    {
+        const QTemporaryDir folder;
+        Session session(folder);
+        session.desktop.choice = GlobalShortcuts::KeyChoice::None;
+        session.desktop.line = [](const QStringList& command, const Shortcut&) {
+            return ConfigurationLine{command.constFirst(), {}};
+        };
+        const QByteArray before = qgetenv("PATH");
+        qputenv("PATH", QCoreApplication::applicationDirPath().toUtf8());
+        const auto found = session.registry.configurationLine(picker);
+        // Another program of the same name is not this one.
+        QVERIFY(QFile::copy(QStringLiteral("/bin/true"),
+                            folder.filePath(QStringLiteral("ShortcutRegistryTest"))));
+        qputenv("PATH", folder.path().toUtf8());
+        const auto other = session.registry.configurationLine(picker);
+        qputenv("PATH", before);
+        QCOMPARE(found->text, QStringLiteral("ShortcutRegistryTest"));
+        QCOMPARE(other->text, QCoreApplication::applicationFilePath());
+    }
+
     void whereTheDesktopChoosesTheKeysTheirTextIsShown()
     {
         const QTemporaryDir folder;
