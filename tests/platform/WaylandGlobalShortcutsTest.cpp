@@ -4,6 +4,7 @@
 #include "platform/ScriptedShortcutsPortal.h"
 #include "support/PrivateBus.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusServiceWatcher>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void whereThePortalCannotOpenTheDialogANewSessionDoes_data();
     void whereThePortalCannotOpenTheDialogANewSessionDoes();
     void aPortalThatRestartsBindsAgain();
+    void aPortalThatComesBackWithoutShortcutsLeavesTheKeysToTheUser();
     void aPortalThatStartsLaterIsUsed();
     void aClosedSessionHasNoKeysUntilTheUserAsks();
     void aShortcutThatIsAddedOrRemovedMakesANewSession();
@@ -291,6 +293,19 @@ void WaylandGlobalShortcutsTest::aPortalThatRestartsBindsAgain()
     QCOMPARE(m_portal->journal.count(u"BindShortcuts "_s + bothShortcuts), 1);
 }
 
+void WaylandGlobalShortcutsTest::aPortalThatComesBackWithoutShortcutsLeavesTheKeysToTheUser()
+{
+    startPortal();
+    const Program program;
+    QTRY_COMPARE(program.texts.value(picker), u"Alt+Shift+C"_s);
+    m_portal->hasShortcuts = false;
+    QVERIFY(QDBusConnection(u"portal"_s).unregisterService(serviceName));
+    QTRY_COMPARE(program.texts.value(picker), QString());
+    startPortal();
+    QTRY_COMPARE(program.shortcuts.keyChoice(), KeyChoice::None);
+    QVERIFY(program.shortcuts.configurationLine({u"tintwick"_s, u"pick"_s}, altShiftC));
+}
+
 void WaylandGlobalShortcutsTest::aPortalThatStartsLaterIsUsed()
 {
     const Program program;
@@ -329,8 +344,14 @@ void WaylandGlobalShortcutsTest::aShortcutThatIsAddedOrRemovedMakesANewSession()
         m_portal->journal,
         (QStringList{u"Close 1/tintwick"_s, u"CreateSession activatePicker [Activate Picker] [LOGO+p]"_s,
                      u"ListShortcuts"_s, u"BindShortcuts  activatePicker [Activate Picker] [LOGO+p]"_s}));
+    m_portal->journal.clear();
     program.shortcuts.unbind(picker);
     QTRY_COMPARE(lastCall(), u"Close 2/tintwick"_s);
+    // The answer to this call comes after that to a session without shortcuts, if there was one.
+    QTRY_VERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(serviceName));
+    program.shortcuts.bind(panel, u"Open Main Window"_s, std::nullopt);
+    QTRY_COMPARE(lastCall(), u"BindShortcuts  openMainWindow [Open Main Window] []"_s);
+    QCOMPARE(m_portal->journal.count(u"CreateSession"_s), 0);
 }
 
 void WaylandGlobalShortcutsTest::whereAFileNamesTheKeysThePortalCountsOnceItHasSome()

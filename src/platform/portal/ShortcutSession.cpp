@@ -267,11 +267,7 @@ void ShortcutSession::configure(const QString& parentWindow)
 
 void ShortcutSession::setTriggers(const Triggers& triggers)
 {
-    Triggers mine;
-    for (const Request& request : std::as_const(m_requests)) {
-        mine.insert(request.id, triggers.value(request.id));
-    }
-    m_triggers = mine;
+    m_triggers = triggers;
     Q_EMIT triggersChanged(m_triggers);
 }
 

@@ -28,7 +28,8 @@ public:
         /// ("ALT+SHIFT+c"); empty for none.
         QString preferredTrigger;
     };
-    /// How the desktop describes the keys of each id; empty texts for ids without keys.
+    /// How the desktop describes the keys of each id, perhaps also of ids that were not requested. An id without keys is
+    /// missing or has an empty text.
     using Triggers = QMap<QString, QString>;
 
     /// Whether the user wants to choose the keys.
@@ -67,7 +68,6 @@ private:
     /// Whether the portal has bound all shortcuts with the session.
     [[nodiscard]] bool isComplete(const Triggers& boundWithSession) const;
     void bind();
-    /// Texts of ids that this session did not request are left out.
     void setTriggers(const Triggers& triggers);
     [[nodiscard]] bool isMine(const QDBusMessage& signal, const char* signature) const;
 
