@@ -72,6 +72,14 @@ void LoupeRenderer::setCenterColor(std::optional<QRgb> color)
     m_centerColor = color;
 }
 
+void LoupeRenderer::setSigns(const PickSigns& signs)
+{
+    if (signs != m_signs) {
+        m_signs = signs;
+        m_signsText = signs.text();
+    }
+}
+
 const QImage& LoupeRenderer::render(const LoupeLook& look, double scale)
 {
     Prepared& prepared = prepare(look, scale);
@@ -141,7 +149,7 @@ void LoupeRenderer::drawInfoPill(Prepared& prepared) const
 {
     const QRgb color = m_centerColor.value_or(noCenterColor);
     PillContent content = PillContent::of(color);
-    content.signs = m_signs;
+    content.signs = m_signsText;
     if (prepared.look.showsText && m_centerColor) {
         content.text = m_text;
     }

@@ -26,7 +26,7 @@ public:
     void setCenterColor(std::optional<QRgb> color);
     /// What a pick copies now. Shown if the look wants it.
     void setText(const QString& text) { m_text = text.simplified(); }
-    void setSigns(const PickSigns& signs) { m_signs = signs.text(); }
+    void setSigns(const PickSigns& signs);
 
     /// Draws one frame at `scale` physical pixels per point: premultiplied ARGB32, of LoupeGeometry::size(). The next call at this scale draws into the same image.
     const QImage& render(const LoupeLook& look, double scale);
@@ -63,7 +63,8 @@ private:
 
     QImage m_pixels;
     std::optional<QRgb> m_centerColor;
-    QString m_signs;
+    PickSigns m_signs;
+    QString m_signsText;
     QString m_text;
     LoupeLook m_look;
     /// By scale; all of the last look.

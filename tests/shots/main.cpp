@@ -1,4 +1,5 @@
 #include "Ticker.h"
+#include "shots/BadgeShots.h"
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/LoupeShots.h"
@@ -33,6 +34,7 @@ int main(int argc, char** argv)
     tintwick::Ticker::shared().setMode(tintwick::Ticker::Mode::ByHand);
     tintwick::shootKitGallery(QDir(arguments.at(1)));
     tintwick::shootLoupe(QDir(arguments.at(1)));
+    tintwick::shootBadges(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
     tintwick::shootPalette(QDir(arguments.at(1)));
