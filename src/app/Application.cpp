@@ -414,7 +414,7 @@ void Application::startPick(PickOrigin origin, const WantedPick& wanted)
 void Application::finishPick(const PickOutcome& outcome, bool isCopied)
 {
     if (outcome.kind == PickOutcome::Kind::Failed) {
-        reportFailedPick(outcome.reason);
+        reportProblem(tr("Could not pick a color"), outcome.reason);
         return;
     }
     if (outcome.kind == PickOutcome::Kind::Cancelled) {
@@ -424,7 +424,9 @@ void Application::finishPick(const PickOutcome& outcome, bool isCopied)
         m_platform->panelHost().showAgain(*m_panel);
     }
     if (!isCopied) {
-        reportFailedPick(tr("The color is in the history, but could not be copied."));
+        reportProblem(
+            tr("Could not copy the color"),
+            tr("The color is in the history, but the desktop did not accept it for the clipboard."));
     } else {
         sayCopied();
     }
@@ -438,7 +440,7 @@ void Application::sayCopied()
     }
 }
 
-void Application::reportFailedPick(const QString& reason)
+void Application::reportProblem(const QString& summary, const QString& reason)
 {
     if (m_pickOrigin == PickOrigin::Panel) {
         if (!m_panel->isVisible()) {
@@ -446,7 +448,7 @@ void Application::reportFailedPick(const QString& reason)
         }
         m_panelView->showNotice(reason);
     } else {
-        m_notifier.notify(tr("Could not pick a color"), reason);
+        m_notifier.notify(summary, reason);
     }
 }
 

@@ -89,8 +89,8 @@ private:
     /// A series of picks for another process.
     void pickFor(const PickRequest& request, const InstanceService::Answer& answer);
     [[nodiscard]] bool isPicking() const { return m_picking.isPicking() || m_series; }
-    /// Shows why no pick has begun: in the panel if its button was used, else in a notification.
-    void reportFailedPick(const QString& reason);
+    /// Shows what failed about a pick: the reason in the panel if its button was used, else both in a notification.
+    void reportProblem(const QString& summary, const QString& reason);
 
     QuitSignals m_quitSignals;
     std::unique_ptr<Platform> m_platform;

@@ -194,8 +194,9 @@ bool X11PickingSession::copyText(const QString& text)
 {
     m_parts.toolkitClock.bringUpToDate();
     QGuiApplication::clipboard()->setText(text);
+    xcb_connection_t* toolkit = toolkit::connection();
     const xcb_window_t owner = m_parts.connection.selectionOwner(m_parts.connection.atom("CLIPBOARD"));
-    return isFromClient(owner, *xcb_get_setup(toolkit::connection()));
+    return toolkit && isFromClient(owner, *xcb_get_setup(toolkit));
 }
 
 void X11PickingSession::end()
