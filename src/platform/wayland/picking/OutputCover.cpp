@@ -176,12 +176,6 @@ QPointF OutputCover::toPixels(QPointF logical) const
     return {logical.x() * scale.width(), logical.y() * scale.height()};
 }
 
-QPointF OutputCover::toLogical(QPointF pixels) const
-{
-    const QSizeF scale = m_grid->scale();
-    return {pixels.x() / scale.width(), pixels.y() / scale.height()};
-}
-
 bool OutputCover::showLoupe(const QImage& picture, QPoint topLeft)
 {
     if (!m_isShown) {

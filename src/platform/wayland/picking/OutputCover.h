@@ -49,8 +49,6 @@ public:
     [[nodiscard]] Screen screen() const;
     /// From logical units of the surface to physical pixels of the screen; only when shown.
     [[nodiscard]] QPointF toPixels(QPointF logical) const;
-    /// The inverse of toPixels().
-    [[nodiscard]] QPointF toLogical(QPointF pixels) const;
 
     /// Shows one frame of the loupe; see PickingSession::showLoupe(). False when the compositor still reads all buffers.
     [[nodiscard]] bool showLoupe(const QImage& picture, QPoint topLeft);

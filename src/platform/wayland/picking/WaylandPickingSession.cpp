@@ -232,13 +232,24 @@ std::optional<ScreenPosition> WaylandPickingSession::onScreen(const ScreenPositi
     if (!from) {
         return std::nullopt;
     }
-    const QPointF desktop = from->output().logical().topLeft() + from->toLogical(position.point);
+    // Some desktops place their outputs in other units than those of the surfaces.
+    const auto unitsOfDesktop = [this](const QRect& place, std::size_t screen) {
+        const QSize pixels = m_screens[screen].size;
+        return QSizeF(static_cast<double>(place.width()) / pixels.width(),
+                      static_cast<double>(place.height()) / pixels.height());
+    };
+    const QRect place = from->output().logical();
+    const QSizeF unit = unitsOfDesktop(place, static_cast<std::size_t>(position.screen));
+    const QPointF desktop =
+        place.topLeft() + QPointF(position.point.x() * unit.width(), position.point.y() * unit.height());
     for (std::size_t screen = 0; screen < m_covers.size(); ++screen) {
         if (!m_covers[screen] || !m_covers[screen]->picture()) {
             continue;
         }
-        const QPointF point =
-            m_covers[screen]->toPixels(desktop - m_covers[screen]->output().logical().topLeft());
+        const QRect other = m_covers[screen]->output().logical();
+        const QSizeF unitThere = unitsOfDesktop(other, screen);
+        const QPointF offset = desktop - other.topLeft();
+        const QPointF point(offset.x() / unitThere.width(), offset.y() / unitThere.height());
         if (contains(m_screens[screen].size, point)) {
             return ScreenPosition{static_cast<int>(screen), point};
         }
