@@ -17,14 +17,9 @@ namespace {
 
 constexpr QRgb ringColor = qRgb(18, 18, 18);
 
-double scaleOf(WaylandDesktop& desktop, std::size_t output)
-{
-    return static_cast<double>(desktop.outputSize(output).width()) / desktop.outputPlace(output).width();
-}
-
 QRect placeOfLoupe(WaylandDesktop& desktop, const WaylandDesktop::Pixel& pixel)
 {
-    return loupePlace(pixel.point, desktop.screen(pixel.output), scaleOf(desktop, pixel.output));
+    return loupePlace(pixel.point, desktop.screen(pixel.output), desktop.outputScale(pixel.output));
 }
 
 /// The loupe may be off by the rounding to logical units, which is less than its ring is wide.
@@ -63,14 +58,14 @@ bool WaylandTintwick::waitForStart()
 bool WaylandTintwick::showsLoupe(const Pixel& pixel)
 {
     return hasRing(m_desktop.screenshot(pixel.output), placeOfLoupe(m_desktop, pixel),
-                   scaleOf(m_desktop, pixel.output));
+                   m_desktop.outputScale(pixel.output));
 }
 
 bool WaylandTintwick::waitForLoupe(const Pixel& pixel, QRgb color)
 {
     const QRect place = placeOfLoupe(m_desktop, pixel);
     const QPoint middle = middleOfGrid(m_desktop, pixel);
-    const double scale = scaleOf(m_desktop, pixel.output);
+    const double scale = m_desktop.outputScale(pixel.output);
     return waitUntil([&] {
         const QImage screen = m_desktop.screenshot(pixel.output);
         return hasRing(screen, place, scale) && screen.pixel(middle) == color;
@@ -126,7 +121,7 @@ QPoint middleOfCell(WaylandDesktop& desktop, const WaylandDesktop::Pixel& pixel,
 {
     // The ring takes 3.5 points on each side of the grid.
     constexpr double ringWidth = 3.5;
-    const double scale = scaleOf(desktop, pixel.output);
+    const double scale = desktop.outputScale(pixel.output);
     const double side = (placeOfLoupe(desktop, pixel).width() - 2 * ringWidth * scale) / (2 * radius + 1);
     return middleOfGrid(desktop, pixel) +
            QPoint(static_cast<int>(std::lround(column * side)), static_cast<int>(std::lround(row * side)));

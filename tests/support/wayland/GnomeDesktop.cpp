@@ -57,6 +57,13 @@ GnomeDesktop::GnomeDesktop(const GnomeOptions& options)
     startCompositor(options.outputs);
     leaveOverview();
     arrangeOutputs(options.outputs);
+    for (const Output& output : options.outputs) {
+        m_scales.push_back(output.scale);
+        m_speeds.push_back(isFractional(options.outputs) ? 1 : output.scale);
+    }
+    if (!isFractional(options.outputs)) {
+        m_shellScale = static_cast<int>(options.outputs.front().scale);
+    }
     startInput();
     allowScreenshots(options.screenshots);
 }
@@ -184,8 +191,9 @@ void GnomeDesktop::startInput()
     setKey(KEY_LEFTSHIFT, true);
     setKey(KEY_LEFTSHIFT, false);
     // Beyond the top left corner, where the pointer stops.
-    constexpr double far = -100000;
-    sendInput(u"NotifyPointerMotionRelative"_s, {far, far});
+    constexpr double far = -10000;
+    sendInput(u"NotifyPointerMotionRelative"_s, {far, 0.0});
+    sendInput(u"NotifyPointerMotionRelative"_s, {0.0, far});
 }
 
 void GnomeDesktop::allowScreenshots(Screenshots answer)
@@ -227,7 +235,8 @@ QImage GnomeDesktop::screenshot(std::size_t index)
     const QString file = session().homeFolder() + u"/screenshot.png"_s;
     const QRect place = outputPlace(index);
     call(shell + u".Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s, shell + u".Screenshot.ScreenshotArea"_s,
-         {place.x(), place.y(), place.width(), place.height(), false, file});
+         {place.x() / m_shellScale, place.y() / m_shellScale, place.width() / m_shellScale,
+          place.height() / m_shellScale, false, file});
     const QImage picture(file);
     QFile::remove(file);
     return picture.convertToFormat(QImage::Format_RGB32);
@@ -235,9 +244,36 @@ QImage GnomeDesktop::screenshot(std::size_t index)
 
 void GnomeDesktop::movePointerTo(QPointF position)
 {
-    const QPointF step = position - m_pointer;
+    // A barrier beside the top bar holds the pointer, so it crosses the outputs in the middle of their height.
+    const double middle = desktop().center().y();
+    moveDown((middle - m_pointer.y()) / pointerSpeed(m_pointer.x()));
+    sendInput(u"NotifyPointerMotionRelative"_s, {stepsTo(position.x()) - stepsTo(m_pointer.x()), 0.0});
+    moveDown((position.y() - middle) / pointerSpeed(position.x()));
     m_pointer = position;
-    sendInput(u"NotifyPointerMotionRelative"_s, {step.x(), step.y()});
+}
+
+void GnomeDesktop::moveDown(double distance)
+{
+    sendInput(u"NotifyPointerMotionRelative"_s, {0.0, distance});
+}
+
+double GnomeDesktop::pointerSpeed(double x)
+{
+    std::size_t index = 0;
+    while (index + 1 < m_speeds.size() && x >= outputPlace(index + 1).left()) {
+        ++index;
+    }
+    return m_speeds.at(index);
+}
+
+double GnomeDesktop::stepsTo(double x)
+{
+    double steps = 0;
+    for (std::size_t i = 0; i < m_speeds.size(); ++i) {
+        const QRect place = outputPlace(i);
+        steps += std::clamp(x - place.left(), 0.0, static_cast<double>(place.width())) / m_speeds[i];
+    }
+    return steps;
 }
 
 void GnomeDesktop::setButton(std::uint32_t button, bool isDown)

@@ -34,6 +34,7 @@ public:
     void setButton(std::uint32_t button, bool isDown) override;
     void setKey(std::uint32_t key, bool isDown) override;
     void scroll(int notches) override;
+    [[nodiscard]] double outputScale(std::size_t index) override { return m_scales.at(index); }
     [[nodiscard]] QImage screenshot(std::size_t index) override;
     [[nodiscard]] qint64 compositorId() const override { return m_compositor->processId(); }
     void endCompositor() override { m_compositor->kill(); }
@@ -52,12 +53,21 @@ private:
 
     QDBusMessage call(const QString& service, const QString& path, const QString& method,
                       const QVariantList& arguments = {});
+    void moveDown(double distance);
+    [[nodiscard]] double pointerSpeed(double x);
+    /// The steps from the left edge of the desktop to this position.
+    [[nodiscard]] double stepsTo(double x);
     void sendInput(const QString& method, const QVariantList& arguments);
 
     QString m_busName;
     std::unique_ptr<RunningProgram> m_systemBus;
     std::unique_ptr<RunningProgram> m_compositor;
     QString m_inputSession;
+    std::vector<double> m_scales;
+    /// How far the pointer goes on each output in one step of a relative motion, in logical units of the desktop.
+    std::vector<double> m_speeds;
+    /// Units of the desktop in one unit of the shell's own interfaces.
+    int m_shellScale = 1;
     /// In logical units.
     QPointF m_pointer;
 };

@@ -69,6 +69,11 @@ QRect WaylandDesktop::desktop()
     return all;
 }
 
+double WaylandDesktop::outputScale(std::size_t index)
+{
+    return static_cast<double>(outputSize(index).width()) / outputPlace(index).width();
+}
+
 void WaylandDesktop::movePointer(const Pixel& pixel)
 {
     const auto& on = output(pixel.output);

@@ -64,6 +64,8 @@ public:
     [[nodiscard]] QSize outputSize(std::size_t index);
     /// The place of an output in logical units.
     [[nodiscard]] QRect outputPlace(std::size_t index);
+    /// Physical pixels per logical unit of a client.
+    [[nodiscard]] virtual double outputScale(std::size_t index);
     /// All its pixels.
     [[nodiscard]] QRect screen(std::size_t index) { return {QPoint(0, 0), outputSize(index)}; }
 

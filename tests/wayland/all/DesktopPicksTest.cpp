@@ -6,6 +6,8 @@
 
 #include <linux/input-event-codes.h>
 
+#include <QDebug>
+#include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTest>
@@ -40,10 +42,18 @@ class DesktopPicksTest final : public QObject
 private Q_SLOTS:
     void aClickPicksThePixelUnderThePointer_data();
     void aClickPicksThePixelUnderThePointer();
+    void arrowKeysReachTheNextOutput_data();
+    void arrowKeysReachTheNextOutput();
     void escapeChangesNothing_data();
     void escapeChangesNothing();
     void anotherProgramReadsThePick_data();
     void anotherProgramReadsThePick();
+    void fiftyPicksLeaveNothingBehind_data();
+    void fiftyPicksLeaveNothingBehind();
+    void theEndOfTheCompositorEndsTheProgram_data();
+    void theEndOfTheCompositorEndsTheProgram();
+    void aDesktopThatDeniesScreenshotsRefusesThePick();
+    void aProgramThatKWinDoesNotKnowIsRefused();
 };
 
 namespace {
@@ -160,6 +170,19 @@ void addDesktops()
 
 const Pixel middle{0, {640, 400}};
 
+/// The numbers of descriptors, threads and shared buffers of a process.
+QList<qsizetype> heldBy(qint64 process)
+{
+    const auto entries = [process](const char* folder) {
+        return QDir(u"/proc/%1/%2"_s.arg(process).arg(QLatin1StringView(folder)))
+            .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+            .size();
+    };
+    QFile maps(u"/proc/%1/maps"_s.arg(process));
+    const qsizetype buffers = maps.open(QIODevice::ReadOnly) ? maps.readAll().count("tintwick-pixels") : -1;
+    return {entries("fd"), entries("task"), buffers};
+}
+
 } // namespace
 
 void DesktopPicksTest::aClickPicksThePixelUnderThePointer_data()
@@ -216,6 +239,38 @@ void DesktopPicksTest::aClickPicksThePixelUnderThePointer()
     }
 }
 
+void DesktopPicksTest::arrowKeysReachTheNextOutput_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<Outputs>("outputs");
+    QTest::newRow("KWin") << Kind::KWin
+                          << Outputs{{.size = {1200, 720}, .scale = 2},
+                                     {.size = {1200, 720}, .position = {600, 0}}};
+    QTest::newRow("GNOME") << Kind::Gnome
+                           << Outputs{{.size = {1600, 960}, .scale = 2},
+                                      {.size = {1200, 720}, .position = {1600, 0}}};
+}
+
+void DesktopPicksTest::arrowKeysReachTheNextOutput()
+{
+    QFETCH(const Kind, kind);
+    QFETCH(const Outputs, outputs);
+    const auto desktop = startDesktop(kind, outputs);
+    const auto picture = desktop->showPicture();
+    const Pixel start{0, {outputs[0].size.width() - 2, 300}};
+    desktop->movePointer(start);
+    WaylandTintwick program(*desktop, {u"pick"_s});
+    QVERIFY(program.waitForLoupe(start));
+    desktop->typeKey(KEY_RIGHT);
+    desktop->typeKey(KEY_RIGHT);
+    // KWin places its outputs in logical units, of which one has two pixels on the first.
+    const Pixel expected{1, {0, kind == Kind::KWin ? 150 : 300}};
+    QVERIFY(program.waitForLoupe(expected));
+    desktop->click();
+    QCOMPARE(program.process().waitForEnd(), 0);
+    QCOMPARE(program.process().standardOutput(), hexText(desktop->patternPixel(expected)) + '\n');
+}
+
 void DesktopPicksTest::escapeChangesNothing_data()
 {
     addDesktops();
@@ -260,6 +315,87 @@ void DesktopPicksTest::anotherProgramReadsThePick()
     const auto fiveSecondsLater = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     QVERIFY(waitUntil([&] { return std::chrono::steady_clock::now() >= fiveSecondsLater; }));
     QCOMPARE(desktop->clipboard(), text);
+}
+
+void DesktopPicksTest::fiftyPicksLeaveNothingBehind_data()
+{
+    addDesktops();
+}
+
+void DesktopPicksTest::fiftyPicksLeaveNothingBehind()
+{
+    QFETCH(const Kind, kind);
+    const auto desktop = startDesktop(kind, {{}});
+    const auto picture = desktop->showPicture();
+    WaylandTintwick program(*desktop);
+    QVERIFY(program.waitForStart());
+    const auto pick = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            const Pixel pixel{0, middle.point + QPoint(i * 37 % 500, i * 23 % 300)};
+            desktop->movePointer(pixel);
+            WaylandTintwick command(*desktop, {u"pick"_s, u"--no-save"_s});
+            if (!command.waitForLoupe(pixel)) {
+                return false;
+            }
+            desktop->click();
+            if (command.process().waitForEnd() != 0 || !program.waitForPickToEnd()) {
+                return false;
+            }
+        }
+        return true;
+    };
+    // The first picks open what stays open.
+    QVERIFY(pick(3));
+    const auto held = [&] { return heldBy(program.process().processId()); };
+    const QList<qsizetype> before = held();
+    QVERIFY(pick(50));
+    QVERIFY2(waitUntil([&] { return held() == before; }, std::chrono::seconds(5)),
+             qPrintable(QDebug::toString(before) + u" became "_s + QDebug::toString(held())));
+    QCOMPARE(QDir(desktop->session().homeFolder()).entryList({u"*.png"_s}), QStringList());
+}
+
+void DesktopPicksTest::theEndOfTheCompositorEndsTheProgram_data()
+{
+    addDesktops();
+}
+
+void DesktopPicksTest::theEndOfTheCompositorEndsTheProgram()
+{
+    QFETCH(const Kind, kind);
+    const auto desktop = startDesktop(kind, {{}});
+    const auto picture = desktop->showPicture();
+    WaylandTintwick program(*desktop);
+    QVERIFY(program.waitForStart());
+    desktop->movePointer(middle);
+    WaylandTintwick command(*desktop, {u"pick"_s});
+    QVERIFY(command.waitForLoupe(middle));
+    desktop->endCompositor();
+    const auto status = program.process().waitForEnd();
+    QVERIFY(status.has_value());
+    QVERIFY2(*status > 0, QByteArray::number(*status));
+    const QByteArray error = program.process().standardError();
+    QVERIFY2(error.count('\n') == 1 && error.startsWith("tintwick: "), error);
+}
+
+void DesktopPicksTest::aDesktopThatDeniesScreenshotsRefusesThePick()
+{
+    GnomeDesktop desktop({.screenshots = GnomeDesktop::Screenshots::Denied});
+    WaylandTintwick program(desktop, {u"pick"_s});
+    QVERIFY(program.process().waitForEnd().value_or(0) > 0);
+    QCOMPARE(
+        program.process().standardError(),
+        QByteArray("tintwick: No color can be picked: the desktop does not allow Tintwick to take pictures "
+                   "of the screen.\n"));
+}
+
+void DesktopPicksTest::aProgramThatKWinDoesNotKnowIsRefused()
+{
+    KWinDesktop desktop({});
+    WaylandTintwick program(desktop, {u"pick"_s});
+    QVERIFY(program.process().waitForEnd().value_or(0) > 0);
+    QCOMPARE(
+        program.process().standardError(),
+        QByteArray("tintwick: No color can be picked: the desktop returned no picture of the screen.\n"));
 }
 
 QTEST_GUILESS_MAIN(DesktopPicksTest)
