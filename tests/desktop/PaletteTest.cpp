@@ -28,7 +28,7 @@ const QStringList ids{u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s, u"3F2504E0-4F89
 // left side of the first row's square on the screen of a palette.
 constexpr QPoint card(190, 355);
 constexpr QPoint firstRow(30, 132);
-constexpr QPoint actionsButton(349, 77);
+constexpr QPoint actionsButton(260, 77);
 constexpr QPoint firstRemoveButton(356, 132);
 constexpr QPoint plus(220, 77);
 constexpr int rowHeight = 54;

@@ -449,8 +449,8 @@ void CollectionDetailViewTest::shownColorsAreExported()
     QVERIFY(screen.exportMenu().isEnabled());
     const QPoint edge = screen.inWindow(screen.exportMenu(), QPoint(4, screen.exportMenu().height() / 2));
     QVERIFY(screen.picture().pixel(edge) != theme::surfaceHigh.in(Scheme::Light).rgb());
-    // At the right end of the toolbar, before the button of 30 and a gap of 10, 16 from the edge.
-    QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 324);
+    // At the right end of the toolbar, 16 from the edge.
+    QCOMPARE(screen.inWindow(screen.exportMenu(), QPoint(screen.exportMenu().width(), 0)).x(), 364);
 
     screen.state.clearHistory();
     screen.settle();
@@ -1270,8 +1270,9 @@ void CollectionDetailViewTest::actionsOfThePaletteAreInAMenu()
     PaletteFixture screen({0x111111});
     auto* actions = button(*screen.view, QStringLiteral("Palette Actions"));
     QCOMPARE(actions->toolTip(), QStringLiteral("Palette Actions"));
-    // At the right end of the toolbar, 16 from the edge.
-    QCOMPARE(screen.inWindow(*actions, QPoint(actions->width(), 0)).x(), 364);
+    // 10 before the export menu.
+    QCOMPARE(screen.inWindow(*actions, QPoint(actions->width() + 10, 0)).x(),
+             screen.inWindow(screen.exportMenu(), {}).x());
     actions->setFocus(Qt::TabFocusReason);
     QTest::keyClick(actions, Qt::Key_Down);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());

@@ -125,8 +125,8 @@ QWidget* CollectionDetailView::toolbar()
         column(Across::Leading, m_name, m_count),
         spacer(),
         pickButton(),
-        m_export,
-        menuButton());
+        menuButton(),
+        m_export);
     // clang-format on
 }
 
