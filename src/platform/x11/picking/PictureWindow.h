@@ -22,8 +22,8 @@ public:
     /// The connection must outlive the window. The window is mapped with its first picture.
     PictureWindow(XcbConnection& connection, std::string_view title);
 
-    /// Picture (premultiplied ARGB32) and position change together; `topLeft` is in root coordinates. A picture of
-    /// another outline needs cutToOutline() before, where there is no compositor.
+    /// Picture (premultiplied ARGB32) and position change together; `topLeft` is in root coordinates. Call fit() before for
+    /// a picture of another size or outline.
     void show(const QImage& picture, QPoint topLeft);
     void move(QPoint topLeft);
     void raise();
