@@ -158,20 +158,6 @@ public:
     }
     [[nodiscard]] QRgb colorAt(QPoint inPanel) { return desktop.pixel(at(inPanel)); }
 
-    /// Waits until the screen does not change any more.
-    [[nodiscard]] bool waitForRest()
-    {
-        constexpr int equalPictures = 10;
-        QImage last;
-        int equal = 0;
-        return waitUntil([&] {
-            const QImage now = desktop.screenshot(0);
-            equal = now == last ? equal + 1 : 0;
-            last = now;
-            return equal >= equalPictures;
-        });
-    }
-
     void click(QPoint inPanel, std::uint32_t button = BTN_LEFT)
     {
         desktop.movePointer(at(inPanel));
@@ -184,7 +170,7 @@ public:
         desktop.setButton(BTN_LEFT, true);
         desktop.movePointer(at(firstSwatch + QPoint(0, 20)));
         int step = 0;
-        return waitForRest() && waitUntil([&] {
+        return desktop.waitForRest(0) && waitUntil([&] {
                    desktop.movePointer({to.output, to.point + QPoint(++step % 2, 0)});
                    return condition();
                });
@@ -356,7 +342,7 @@ void WaylandPanelTest::aColorIsDraggedOntoAPalette()
     }));
     // The dragged swatch is not highlighted any more.
     scene.desktop.movePointer(scene.at(card + QPoint(5, 0)));
-    QVERIFY(scene.waitForRest());
+    QVERIFY(scene.desktop.waitForRest(0));
     QCOMPARE(scene.colorAt(firstSwatch), qRgb(255, 0, 0));
 }
 
@@ -469,9 +455,9 @@ void WaylandPanelTest::theSaveDialogIsAboveThePanel()
     Scene scene;
     QVERIFY(scene.waitForPanel());
     scene.click(seeAll);
-    QVERIFY(scene.waitForRest());
+    QVERIFY(scene.desktop.waitForRest(0));
     scene.click(exportButton);
-    QVERIFY(scene.waitForRest());
+    QVERIFY(scene.desktop.waitForRest(0));
     // The first item of the menu.
     scene.desktop.typeKey(KEY_DOWN);
     scene.desktop.typeKey(KEY_ENTER);

@@ -108,6 +108,19 @@ QRgb WaylandDesktop::patternPixel(const Pixel& pixel)
     return tintwick::patternPixel(position.x(), position.y());
 }
 
+bool WaylandDesktop::waitForRest(std::size_t index)
+{
+    constexpr int equalPictures = 10;
+    QImage last;
+    int equal = 0;
+    return waitUntil([&] {
+        const QImage now = screenshot(index);
+        equal = now == last ? equal + 1 : 0;
+        last = now;
+        return equal >= equalPictures;
+    });
+}
+
 bool WaylandDesktop::showsPictureOnly(std::size_t index)
 {
     return screenshot(index) == picture(index);

@@ -83,6 +83,8 @@ public:
 
     /// What the output shows, right way up, in physical pixels; null when the compositor delivers no picture.
     [[nodiscard]] virtual QImage screenshot(std::size_t index) = 0;
+    /// Waits until the output does not change any more.
+    [[nodiscard]] bool waitForRest(std::size_t index);
     [[nodiscard]] QRgb pixel(const Pixel& pixel) { return screenshot(pixel.output).pixel(pixel.point); }
 
     /// Covers each output, also those that come later, with the test picture, below everything else. The picture is
