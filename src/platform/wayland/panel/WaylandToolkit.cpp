@@ -58,15 +58,14 @@ bool useWaylandToolkit(QString& whyNot)
     if (!defaultHandler) {
         defaultHandler = qInstallMessageHandler(&handleMessage);
     }
-    if (!qEnvironmentVariableIsEmpty(platformVariable)) {
-        return true;
-    }
     if (!hasPlugin()) {
         whyNot =
             u"Tintwick needs Qt's plugin for Wayland, which is not installed (package \"qt6-wayland\")."_s;
         return false;
     }
-    qputenv(platformVariable, "wayland");
+    if (qEnvironmentVariableIsEmpty(platformVariable)) {
+        qputenv(platformVariable, "wayland");
+    }
     return true;
 }
 
