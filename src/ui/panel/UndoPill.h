@@ -16,8 +16,9 @@ class Label;
 class PlainButton;
 class Stack;
 
-/// Names each change of the state and offers to take it back: "Removed Sky – Undo". Shows other sentences too. A row at the bottom of the panel that takes
-/// its room from the screens, so that it covers nothing; it stays while the pointer is over it or its button has the focus.
+/// Names each change of the state and offers to take it back: "Removed Sky – Undo". Shows other sentences, too. A row at the
+/// bottom of the panel that takes its room from the screens, so that it covers nothing; it stays while the pointer is over it
+/// or its button has the focus.
 ///
 /// Ctrl+Z and Ctrl+Shift+Z in the panel go back and forth without it.
 class UndoPill final : public QWidget
