@@ -210,6 +210,7 @@ private Q_SLOTS:
     void aMenuOpensAndChooses();
     void aMenuClosesAtAClickElsewhereInThePanel();
     void aSwatchCopiesAndTheTextStays();
+    void aCopiedTextStaysAfterTheEnd();
     void aColorIsDraggedOntoAPalette();
     void aColorIsDraggedIntoAnotherProgram();
     void withoutATrayTheGearOffersTheMenu();
@@ -326,6 +327,17 @@ void WaylandPanelTest::aSwatchCopiesAndTheTextStays()
     QVERIFY(scene.program->waitForClipboard("#FF0000"));
     scene.desktop.typeKey(KEY_ESC);
     QVERIFY(scene.waitForPanelToHide());
+    QCOMPARE(scene.desktop.clipboard(), QByteArray("#FF0000"));
+}
+
+void WaylandPanelTest::aCopiedTextStaysAfterTheEnd()
+{
+    Scene scene;
+    QVERIFY(scene.waitForPanel());
+    scene.click(firstSwatch);
+    QVERIFY(scene.program->waitForClipboard("#FF0000"));
+    scene.desktop.typeKey(KEY_Q, {KEY_LEFTCTRL});
+    QCOMPARE(scene.program->process().waitForEnd(), 0);
     QCOMPARE(scene.desktop.clipboard(), QByteArray("#FF0000"));
 }
 
