@@ -91,19 +91,22 @@ double residentMemory(qint64 process)
                                           : 0;
 }
 
-/// Picks through the running program.
+/// Picks through the running program, one session after another.
 bool pick(WaylandDesktop& desktop, WaylandTintwick& program, int count)
 {
-    WaylandTintwick command(desktop, {u"pick"_s, u"--no-save"_s, u"--count"_s, QString::number(count)});
     for (int i = 0; i < count; ++i) {
         const Pixel pixel{0, middle.point + QPoint(i * 37 % 500, i * 23 % 300)};
         desktop.movePointer(pixel);
-        if (!command.waitForLoupe(pixel)) {
+        program.askForPick();
+        if (!program.waitForLoupe(pixel)) {
             return false;
         }
         desktop.click();
+        if (!waitUntil([&] { return !program.showsLoupe(pixel); })) {
+            return false;
+        }
     }
-    return command.process().waitForEnd() == 0 && program.waitForPickToEnd();
+    return program.waitForPickToEnd();
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -53,6 +54,17 @@ bool WaylandTintwick::waitForStart()
     });
     QDBusConnection::disconnectFromBus(name);
     return isThere;
+}
+
+void WaylandTintwick::askForPick()
+{
+    const QString name = QStringLiteral("WaylandTintwick");
+    auto call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.tintwick.Tintwick"), QStringLiteral("/org/tintwick/Tintwick"),
+        QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"));
+    call << QStringLiteral("pick") << QVariantList() << QVariantMap();
+    QDBusConnection::connectToBus(m_desktop.session().busAddress(), name).call(call);
+    QDBusConnection::disconnectFromBus(name);
 }
 
 bool WaylandTintwick::showsLoupe(const Pixel& pixel)

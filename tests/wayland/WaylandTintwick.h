@@ -34,6 +34,9 @@ public:
     /// Waits until a started program takes the commands of others. Needs a session bus.
     [[nodiscard]] bool waitForStart();
 
+    /// Starts a pick in a started program. Needs a session bus.
+    void askForPick();
+
     /// Waits until the loupe is around a pixel of the test picture and shows it in its centre cell.
     [[nodiscard]] bool waitForLoupe(const Pixel& pixel)
     {
