@@ -110,8 +110,8 @@ void WaylandTruthTest::aClickPicksThePixelUnderThePointer()
     const auto random = randomPixels(desktop, randomPicks);
     pixels.insert(pixels.end(), random.begin(), random.end());
 
-    // One command takes up to a hundred picks.
-    constexpr std::ptrdiff_t most = 100;
+    // Each command takes a new picture for some picks.
+    constexpr std::ptrdiff_t most = 10;
     for (auto first = pixels.cbegin(); first != pixels.cend();) {
         const auto end = first + std::min(most, pixels.cend() - first);
         WaylandTintwick program(desktop,
