@@ -10,9 +10,9 @@
 
 namespace tintwick {
 
-/// Shows the panel as a window without a frame that the compositor places: sway in the corner of the tray. The window includes the shadow, which lets
-/// clicks through. Clicks on other programs are not reported to this one: the user dismisses the panel by making a window
-/// of another program active.
+/// Shows the panel as a window without a frame that the compositor places: sway in the corner of the tray. The window
+/// includes the shadow, which lets clicks through. Clicks on other programs are not reported to this one: the user
+/// dismisses the panel by making a window of another program active.
 class WaylandPanelHost final : public PanelHost
 {
     Q_OBJECT
