@@ -346,6 +346,12 @@ void Application::setupInstance(const InstanceService& instance)
         useActivationToken(token);
         openPanel();
     });
+    connect(&instance, &InstanceService::opened, this,
+            [this](const QStringList& paths, const QString& token) {
+                useActivationToken(token);
+                openPanel();
+                m_panelView->importFiles(paths);
+            });
     connect(&instance, &InstanceService::actionActivated, this,
             [this](const QString& name, const QString& token) {
                 useActivationToken(token);

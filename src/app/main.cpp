@@ -1,8 +1,11 @@
+#include "AppState.h"
 #include "Application.h"
 #include "CommandLine.h"
 #include "DataFile.h"
 #include "DataLock.h"
+#include "FileImport.h"
 #include "HelperProcess.h"
+#include "ImportFiles.h"
 #include "InstanceService.h"
 #include "OfflineCommands.h"
 #include "PickReport.h"
@@ -134,6 +137,41 @@ int pick(int argc, char** argv, const Invocation& invocation)
     return report(pickAlone(request, std::move(platform)), invocation);
 }
 
+/// Lets the running program import the files, which it shows, or imports them here.
+int import(int argc, char** argv, const Invocation& invocation)
+{
+    ignoreSilentSessionBus();
+    const QCoreApplication core(argc, argv);
+    QStringList paths;
+    for (const QString& path : invocation.arguments) {
+        const Import result = importFile(path);
+        if (const auto* problem = std::get_if<ImportProblem>(&result)) {
+            printError(u"tintwick: %1 cannot be imported: %2"_s.arg(path, problem->sentence));
+            return EXIT_FAILURE;
+        }
+        paths.append(QFileInfo(path).absoluteFilePath());
+    }
+    const RunningInstance running;
+    if (running.isThere()) {
+        return running.open(paths) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    DataLock lock(QFileInfo(DataFile().fileURL().toLocalFile()).path());
+    if (!lock.acquire()) {
+        printError(u"tintwick: another Tintwick uses the same data"_s);
+        return EXIT_FAILURE;
+    }
+    AppState state;
+    std::optional<QString> problem = importFiles(state, paths);
+    state.flush();
+    if (!problem && !state.saveProblem().isEmpty()) {
+        problem = state.saveProblem();
+    }
+    if (problem) {
+        printError(u"tintwick: "_s + *problem);
+    }
+    return problem ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
 int quit(int argc, char** argv)
 {
     ignoreSilentSessionBus();
@@ -166,6 +204,8 @@ int main(int argc, char** argv)
         return start(argc, argv, invocation);
     case CommandId::Pick:
         return pick(argc, argv, invocation);
+    case CommandId::Import:
+        return import(argc, argv, invocation);
     case CommandId::Quit:
         return quit(argc, argv);
     case CommandId::Convert:

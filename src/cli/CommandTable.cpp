@@ -75,6 +75,19 @@ constexpr std::array commands{
         u"Types are css, json, png, css-unique, scss, tailwind, tokens, gpl, ase, svg and png-codes. Writes "
         u"the same bytes as the export in the panel. A file is replaced as a whole or not at all.",
         exportOptions, Completion::ExportType},
+    CommandInfo{CommandId::Import,
+                u"import",
+                u"FILE…",
+                1,
+                unlimited,
+                u"Import palettes from files",
+                u"Adds a palette for each file: GIMP palettes (.gpl), Adobe swatches (.ase, .aco), design "
+                u"tokens and exported "
+                u"JSON, custom properties of CSS, variables of SCSS, and pictures, whose most telling colors "
+                u"count. When one "
+                u"file is refused, nothing is changed.",
+                {},
+                Completion::File},
     CommandInfo{
         CommandId::Convert, u"convert", u"COLOR…", 1, unlimited, u"Convert colors to another format",
         u"Reads colors in any form of CSS Color 4, names of colors (\"Pale Violet\") and Tailwind tokens "

@@ -14,6 +14,7 @@ enum class CommandId : std::uint8_t {
     Palettes,
     Palette,
     Export,
+    Import,
     Convert,
     Panel,
     Settings,

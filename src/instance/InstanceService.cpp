@@ -5,6 +5,7 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
+#include <QUrl>
 #include <QVariantMap>
 
 namespace tintwick {
@@ -60,7 +61,16 @@ public:
 
 public Q_SLOTS:
     void Activate(const QVariantMap& platformData) { Q_EMIT m_service->activated(tokenIn(platformData)); }
-    void Open(const QStringList&, const QVariantMap& platformData) { Activate(platformData); }
+    void Open(const QStringList& addresses, const QVariantMap& platformData)
+    {
+        QStringList paths;
+        for (const QString& address : addresses) {
+            if (const QUrl url(address); url.isLocalFile()) {
+                paths.append(url.toLocalFile());
+            }
+        }
+        Q_EMIT m_service->opened(paths, tokenIn(platformData));
+    }
     void ActivateAction(const QString& name, const QVariantList&, const QVariantMap& platformData)
     {
         Q_EMIT m_service->actionActivated(name, tokenIn(platformData));

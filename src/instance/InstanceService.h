@@ -40,6 +40,8 @@ public:
 Q_SIGNALS:
     /// The user started the program again. `token` allows a window to take the keyboard; it may be empty.
     void activated(const QString& token);
+    /// The user opens local files with the program.
+    void opened(const QStringList& paths, const QString& token);
     /// The user chose an action of the desktop entry: "pick", "settings" or "quit".
     void actionActivated(const QString& name, const QString& token);
     /// Another program asks for picks. The receiver calls `answer`.

@@ -3,6 +3,7 @@
 #include "InstanceNames.h"
 
 #include <QDBusConnectionInterface>
+#include <QUrl>
 #include <QVariantMap>
 
 #include <limits>
@@ -73,6 +74,17 @@ bool RunningInstance::activateAction(const QString& name, Start start) const
 {
     QDBusMessage message = call(applicationInterface(), u"ActivateAction"_s, start);
     message << name << QVariantList() << platformData();
+    return isAnswered(m_bus.call(message));
+}
+
+bool RunningInstance::open(const QStringList& paths) const
+{
+    QStringList addresses;
+    for (const QString& path : paths) {
+        addresses.append(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
+    }
+    QDBusMessage message = call(applicationInterface(), u"Open"_s, Start::Never);
+    message << addresses << platformData();
     return isAnswered(m_bus.call(message));
 }
 

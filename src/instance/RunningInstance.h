@@ -5,6 +5,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -30,6 +31,8 @@ public:
     [[nodiscard]] bool activate(Start start = Start::Never) const;
     /// Runs "pick", "settings" or "quit". Returns false when the program did not answer.
     [[nodiscard]] bool activateAction(const QString& name, Start start = Start::Never) const;
+    /// Opens local files, which are imported. Returns false when the program did not answer.
+    [[nodiscard]] bool open(const QStringList& paths) const;
     /// Picks colours and waits for the user. Nothing when no program runs.
     [[nodiscard]] std::optional<PickAnswer> pick(const PickRequest& request) const;
 

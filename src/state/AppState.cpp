@@ -188,6 +188,19 @@ void AppState::renameColor(const QUuid& id, const QString& name)
     make(tr("Renamed %1").arg(inWords({id})), after);
 }
 
+ColorCollection AppState::importCollection(const QString& name, const QList<CapturedColor>& colors)
+{
+    ColorCollection collection = ColorCollection::create(name);
+    Payload after = m_data;
+    for (const CapturedColor& color : colors) {
+        collection.colorIds.append(color.id);
+        after.keptColors.append(named(color));
+    }
+    after.collections.append(collection);
+    make(tr("Imported %1").arg(name), after);
+    return collection;
+}
+
 ColorCollection AppState::createCollection(const QString& name)
 {
     const ColorCollection collection = ColorCollection::create(name);

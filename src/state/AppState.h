@@ -94,6 +94,8 @@ public:
     void duplicateCollection(const QUuid& id);
     /// Sorts the members once. Unknown ids come last.
     void sortCollection(const QUuid& id, ColorOrder order);
+    /// Appends a collection with colours that the history does not have. Names those without a name by the table of names.
+    ColorCollection importCollection(const QString& name, const QList<CapturedColor>& colors);
     /// Its colours stay in the history. Saves in every case.
     void deleteCollection(const QUuid& id);
     /// Appends colours to a collection in one change. Skips those that it holds; the history need not have them.

@@ -45,6 +45,8 @@ void CommandLineTest::everyCommandIsRead_data()
     QTest::newRow("convert red #fff")
         << CommandId::Convert << QStringList{QStringLiteral("red"), QStringLiteral("#fff")};
     QTest::newRow("convert -- -x") << CommandId::Convert << QStringList{QStringLiteral("-x")};
+    QTest::newRow("import a.gpl b.png")
+        << CommandId::Import << QStringList{QStringLiteral("a.gpl"), QStringLiteral("b.png")};
     QTest::newRow("panel") << CommandId::Panel << QStringList();
     QTest::newRow("settings") << CommandId::Settings << QStringList();
     QTest::newRow("quit") << CommandId::Quit << QStringList();
@@ -107,6 +109,7 @@ void CommandLineTest::wrongCommandLinesAreRefusedInOneLine_data()
                               "export css -o",
                               "convert",
                               "convert --count 2 red",
+                              "import",
                               "panel --json",
                               "quit now",
                               "--json"}) {

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void aPaletteIsPrinted();
     void aPaletteHasTheColorsThatItKeeps();
     void exportsGoToStandardOutputOrAFile();
+    void filesAreImportedAsPalettesOrNotAtAll();
     void missingPalettesAreReported();
     void withoutDataEverythingIsEmpty();
     void aClosedOutputIsAFailure();
@@ -223,6 +224,30 @@ void CommandsTest::exportsGoToStandardOutputOrAFile()
     QCOMPARE(refused.status, 1);
     QCOMPARE(refused.error.count('\n'), 1);
     QCOMPARE(run({u"export"_s, u"png"_s, u"-p"_s, u"Empty"_s}).status, 1);
+}
+
+void CommandsTest::filesAreImportedAsPalettesOrNotAtAll()
+{
+    writeData();
+    const auto put = [this](const QString& name, const QByteArray& content) {
+        QFile file(m_home->filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    };
+    QVERIFY(put(u"sea.gpl"_s, "GIMP Palette\nName: Sea\n59 130 246 Wave\n0 0 0 Deep\n"));
+    QVERIFY(put(u"site.css"_s, ":root { --ink: #102030; }"));
+    QVERIFY(put(u"broken.gpl"_s, "GIMP Palette\n1 2\n"));
+
+    const Result refused = run({u"import"_s, u"sea.gpl"_s, u"broken.gpl"_s});
+    QCOMPARE(refused.status, 1);
+    QCOMPARE(refused.error,
+             QByteArray("tintwick: broken.gpl cannot be imported: line 2: '1 2' is not a color\n"));
+    QVERIFY(!run({u"palettes"_s}).output.contains("Sea"));
+
+    const Result imported = run({u"import"_s, u"sea.gpl"_s, u"site.css"_s});
+    QCOMPARE(imported.error, QByteArray());
+    QCOMPARE(imported.status, 0);
+    QCOMPARE(run({u"palette"_s, u"Sea"_s, u"-f"_s, u"hex"_s}).output, QByteArray("#3B82F6\n#000000\n"));
+    QCOMPARE(run({u"palette"_s, u"site"_s, u"-f"_s, u"name"_s}).output, QByteArray("ink\n"));
 }
 
 void CommandsTest::missingPalettesAreReported()

@@ -76,8 +76,10 @@ void PagesTest::bashCompletesWords_data()
     QTest::newRow("option") << QStringList{u"tintwick"_s, u"pick"_s, u"--no"_s}
                             << QStringList{u"--no-copy"_s, u"--no-save"_s};
     QTest::newRow("format") << QStringList{u"tintwick"_s, u"pick"_s, u"--format"_s, u"H"_s}
-                            << QStringList{u"HEX"_s, u"HEX+A"_s, u"HSL"_s, u"HSLA"_s};
-    QTest::newRow("export type") << QStringList{u"tintwick"_s, u"export"_s, u"c"_s} << QStringList{u"css"_s};
+                            << QStringList{u"HEX"_s, u"HEX+A"_s,     u"HSL"_s,     u"HSLA"_s,
+                                           u"HSV"_s, u"HEX-lower"_s, u"HEX-bare"_s};
+    QTest::newRow("export type") << QStringList{u"tintwick"_s, u"export"_s, u"c"_s}
+                                 << QStringList{u"css"_s, u"css-unique"_s};
     QTest::newRow("free text") << QStringList{u"tintwick"_s, u"pick"_s, u"--count"_s, u""_s} << QStringList();
 }
 
@@ -90,8 +92,8 @@ void PagesTest::bashCompletesWords()
 
 void PagesTest::everyShellKnowsEveryCommand()
 {
-    for (const char* command :
-         {"pick", "history", "palettes", "palette", "export", "convert", "panel", "settings", "quit"}) {
+    for (const char* command : {"pick", "history", "palettes", "palette", "export", "import", "convert",
+                                "panel", "settings", "quit"}) {
         QVERIFY2(bashCompletion().contains(QByteArray("        ") + command + ") words="), command);
         QVERIFY2(zshCompletion().contains(QByteArray("        ") + command + ") _arguments"), command);
         QVERIFY2(fishCompletion().contains(QByteArray("-n __fish_use_subcommand -a ") + command + " "),

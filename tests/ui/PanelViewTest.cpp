@@ -24,9 +24,12 @@
 #include <QAccessible>
 #include <QDesktopServices>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QFile>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 using namespace tintwick;
@@ -75,6 +78,7 @@ private Q_SLOTS:
     void aFailedSaveIsToldUntilOneSucceeds();
     void anUnreadableFileIsToldUntilThePanelIsHidden();
     void aSavedFileIsNamedAndItsFolderIsOneClickAway();
+    void droppedFilesBecomePalettes();
     void theButtonOfANoticeShowsTheFolder();
     void aShortNoticeHasRoomForItsButton();
 
@@ -790,6 +794,40 @@ void PanelViewTest::aSavedFileIsNamedAndItsFolderIsOneClickAway()
              u"Saved palette.css – Show"_s);
     QTest::mouseClick(show, Qt::LeftButton);
     QCOMPARE(manager.shown, QList{QUrl(u"file:///home/ada/Site"_s)});
+}
+
+void PanelViewTest::droppedFilesBecomePalettes()
+{
+    const QTemporaryDir folder;
+    const auto drop = [&](PanelFixture& panel, const QString& name, const QByteArray& content) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        QMimeData dragged;
+        dragged.setUrls({QUrl::fromLocalFile(file.fileName())});
+        QDragEnterEvent enter(QPoint(190, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(panel.view.get(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent dropped(QPointF(190, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(panel.view.get(), &dropped);
+        panel.settle();
+    };
+    PanelFixture panel;
+    drop(panel, u"sea.gpl"_s, "GIMP Palette\nName: Sea\n59 130 246 Wave\n0 0 0\n");
+    QCOMPARE(panel.state.collections().size(), 1);
+    const ColorCollection sea = panel.state.collections().first();
+    QCOMPARE(sea.name, u"Sea"_s);
+    QCOMPARE(panel.state.colorsOf(sea).at(0).customName, u"Wave"_s);
+    QCOMPARE(panel.state.colorsOf(sea).at(1).customName, u"Black"_s);
+    QVERIFY(panel.state.history().isEmpty());
+    QCOMPARE(test::visibleTexts(*panel.view->findChild<UndoPill*>()).join(u' '), u"Imported Sea – Undo"_s);
+
+    drop(panel, u"sky.gpl"_s, "GIMP Palette\n59 130\n");
+    QCOMPARE(panel.state.collections().size(), 1);
+    QCOMPARE(panel.view->findChild<NoticeView*>()->accessibleName(),
+             u"sky.gpl cannot be imported: line 2: '59 130' is not a color"_s);
+    panel.state.undo();
+    QVERIFY(panel.state.collections().isEmpty());
 }
 
 void PanelViewTest::theButtonOfANoticeShowsTheFolder()

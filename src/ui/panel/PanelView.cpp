@@ -8,6 +8,7 @@
 #include "DashboardView.h"
 #include "FadeThrough.h"
 #include "HistoryDetailView.h"
+#include "ImportFiles.h"
 #include "InOneLine.h"
 #include "Label.h"
 #include "NoticeView.h"
@@ -22,9 +23,11 @@
 #include "UndoPill.h"
 
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QPainter>
 #include <QPalette>
 #include <QShortcut>
@@ -59,6 +62,17 @@ Scheme schemeOfPalette()
     return isDark ? Scheme::Dark : Scheme::Light;
 }
 
+QStringList localFilesIn(const QMimeData& dragged)
+{
+    QStringList paths;
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
+}
+
 } // namespace
 
 PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings makeSettings)
@@ -68,6 +82,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     , m_makeSettings(std::move(makeSettings))
 {
     setAccessibleName(u"Tintwick"_s);
+    setAcceptDrops(true);
     resize(theme::panelSize);
     // clang-format off
     setContent(column(
@@ -434,6 +449,26 @@ bool PanelView::eventFilter(QObject* watched, QEvent* event)
         applyColorScheme();
     }
     return View::eventFilter(watched, event);
+}
+
+void PanelView::importFiles(const QStringList& paths)
+{
+    showNotice(tintwick::importFiles(m_appState, paths).value_or(QString()));
+}
+
+void PanelView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!localFilesIn(*event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void PanelView::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    importFiles(localFilesIn(*event->mimeData()));
 }
 
 void PanelView::paintEvent(QPaintEvent*)

@@ -57,6 +57,9 @@ public:
     /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
     void showNotice(const QString& sentence);
 
+    /// Adds a palette for each file, or shows why not.
+    void importFiles(const QStringList& paths);
+
     /// The keys of the shortcut that picks, as they are shown and as a screen reader says them; empty when there is none.
     void setPickKeys(const QString& keys, const QString& inWords);
 
@@ -74,6 +77,8 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

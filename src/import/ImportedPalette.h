@@ -1,0 +1,39 @@
+#pragma once
+
+#include "CapturedColor.h"
+
+#include <QList>
+#include <QString>
+
+#include <variant>
+
+namespace tintwick {
+
+/// The colours of a file.
+struct ImportedPalette
+{
+    /// Empty when the file has no name of its own.
+    QString name;
+    QList<CapturedColor> colors;
+};
+
+/// Why a file was refused.
+struct ImportProblem
+{
+    /// Without the file's name and a full stop, for example "line 3: '300 0 0' is not a color".
+    QString sentence;
+};
+
+using Import = std::variant<ImportedPalette, ImportProblem>;
+
+[[nodiscard]] inline ImportProblem problemInLine(qsizetype line, const QString& sentence)
+{
+    return {QStringLiteral("line %1: %2").arg(line).arg(sentence)};
+}
+
+[[nodiscard]] inline ImportProblem problemAtByte(qsizetype offset, const QString& sentence)
+{
+    return {QStringLiteral("byte %1: %2").arg(offset).arg(sentence)};
+}
+
+} // namespace tintwick
