@@ -66,6 +66,8 @@ GnomeDesktop::GnomeDesktop(const GnomeOptions& options)
     }
     startInput();
     allowScreenshots(options.screenshots);
+    // The end of the shell's start opens it again.
+    leaveOverview();
 }
 
 GnomeDesktop::~GnomeDesktop()
@@ -190,7 +192,10 @@ void GnomeDesktop::startInput()
     // The seat has a keyboard from the first key on.
     setKey(KEY_LEFTSHIFT, true);
     setKey(KEY_LEFTSHIFT, false);
-    // Beyond the top left corner, where the pointer stops.
+}
+
+void GnomeDesktop::movePointerToCorner()
+{
     constexpr double far = -10000;
     sendInput(u"NotifyPointerMotionRelative"_s, {far, 0.0});
     sendInput(u"NotifyPointerMotionRelative"_s, {0.0, far});
@@ -244,12 +249,13 @@ QImage GnomeDesktop::screenshot(std::size_t index)
 
 void GnomeDesktop::movePointerTo(QPointF position)
 {
+    // From the corner, because each way across two outputs is rounded.
+    movePointerToCorner();
     // A barrier beside the top bar holds the pointer, so it crosses the outputs in the middle of their height.
     const double middle = desktop().center().y();
-    moveDown((middle - m_pointer.y()) / pointerSpeed(m_pointer.x()));
-    sendInput(u"NotifyPointerMotionRelative"_s, {stepsTo(position.x()) - stepsTo(m_pointer.x()), 0.0});
+    moveDown(middle / pointerSpeed(0));
+    sendInput(u"NotifyPointerMotionRelative"_s, {stepsTo(position.x()), 0.0});
     moveDown((position.y() - middle) / pointerSpeed(position.x()));
-    m_pointer = position;
 }
 
 void GnomeDesktop::moveDown(double distance)

@@ -53,6 +53,8 @@ private:
 
     QDBusMessage call(const QString& service, const QString& path, const QString& method,
                       const QVariantList& arguments = {});
+    /// The top left one of the desktop.
+    void movePointerToCorner();
     void moveDown(double distance);
     [[nodiscard]] double pointerSpeed(double x);
     /// The steps from the left edge of the desktop to this position.
@@ -68,8 +70,6 @@ private:
     std::vector<double> m_speeds;
     /// Units of the desktop in one unit of the shell's own interfaces.
     int m_shellScale = 1;
-    /// In logical units.
-    QPointF m_pointer;
 };
 
 } // namespace tintwick
