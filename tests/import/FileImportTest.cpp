@@ -163,7 +163,7 @@ void FileImportTest::brokenFilesAreRefusedWithTheirPlace_data()
                                   << u"line 3: this is not JSON"_s;
     QTest::newRow("JSON, zero byte") << QByteArray("[\n\0]", 4) << u"line 2: this is not JSON"_s;
     QTest::newRow("JSON, depth") << QByteArray(100'000, '[') << u"line 1: the file is nested too deeply"_s;
-    QTest::newRow("JSON, no hex") << QByteArray("[{\"hex\": \"#fff\"}, {}]") << u"entry 2 has no color"_s;
+    QTest::newRow("JSON, no hex") << QByteArray(R"([{"hex": "#fff"}, {}])") << u"entry 2 has no color"_s;
     QTest::newRow("tokens, no color") << QByteArray(R"({"a": {"b": {"$type": "color", "$value": "blu"}}})")
                                       << u"the token a.b is not a color"_s;
     QTest::newRow("picture, cut") << pngOf(bands()).first(60) << QString();
