@@ -227,8 +227,10 @@ void MoreExportsTest::aCssParserReadsEveryVariableOnce()
 
 void MoreExportsTest::pythonReadsTheDesignTokens()
 {
-    const QJsonObject file =
-        readBy(u"read_json.py"_s, {}, built(ExportFormat::DesignTokens, sameNames())).array()[0].toObject();
+    const QJsonObject file = readBy(u"read_json.py"_s, {}, built(ExportFormat::DesignTokens, sameNames()))
+                                 .array()
+                                 .at(0)
+                                 .toObject();
     QCOMPARE(file.keys(), QStringList{u"my-palette"_s});
     const QJsonObject group = file["my-palette"_L1].toObject();
     QCOMPARE(group.keys(),
@@ -247,7 +249,7 @@ void MoreExportsTest::pythonReadsTheDesignTokens()
 void MoreExportsTest::pythonReadsTheAdobeSwatches()
 {
     const QJsonArray read =
-        readBy(u"read_ase.py"_s, {}, built(ExportFormat::AdobeSwatches, sameNames())).array()[0].toArray();
+        readBy(u"read_ase.py"_s, {}, built(ExportFormat::AdobeSwatches, sameNames())).array().at(0).toArray();
     QCOMPARE(read, (QJsonArray{u"My Palette"_s, QJsonArray{QJsonArray{u"Pale Violet"_s, 219, 112, 147},
                                                            QJsonArray{u"pale violet"_s, 219, 112, 148},
                                                            QJsonArray{u"#102030"_s, 16, 32, 48},
@@ -262,7 +264,7 @@ void MoreExportsTest::pythonReadsTheVectorPicture()
 {
     const QJsonValue none(QJsonValue::Null);
     const Colors colors = sameNames().last(1) + hostileNames().sliced(7, 1);
-    QCOMPARE(readBy(u"read_svg.py"_s, {}, built(ExportFormat::Svg, colors)).array()[0].toArray(),
+    QCOMPARE(readBy(u"read_svg.py"_s, {}, built(ExportFormat::Svg, colors)).array().at(0).toArray(),
              (QJsonArray{QJsonArray{132, 68}, QJsonArray{QJsonArray{0, 0, 132, 68}, u"#262626"_s, none, none},
                          QJsonArray{QJsonArray{4, 4, 60, 60}, u"#3B82F6"_s, u"0.5"_s, u"Sky"_s},
                          QJsonArray{QJsonArray{68, 4, 60, 60}, u"#172737"_s, none, u"</svg>&\" \uFFFD"_s}}));
