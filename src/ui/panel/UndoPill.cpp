@@ -75,17 +75,17 @@ UndoPill::UndoPill(AppState& appState, QWidget& panel)
     });
     connect(&m_appState, &AppState::changeUndone, this,
             [this](const QString& what) { say(tr("Undone: %1").arg(what)); });
-    addShortcut(panel, Qt::CTRL | Qt::Key_Z, &AppState::undo);
-    addShortcut(panel, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &AppState::redo);
+    addShortcut(panel, Qt::CTRL | Qt::Key_Z, [this] { m_appState.undo(); });
+    addShortcut(panel, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [this] { m_appState.redo(); });
 }
 
-void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, void (AppState::*action)())
+void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, const std::function<void()>& action)
 {
     // A text field with the focus takes these keys itself.
     auto* shortcut = new QShortcut(keys, &panel, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(shortcut, &QShortcut::activated, this, [this, action] {
         if (Overlay::of(m_panel) == nullptr) {
-            (m_appState.*action)();
+            action();
         }
     });
 }

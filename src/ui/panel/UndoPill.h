@@ -54,7 +54,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void addShortcut(QWidget& panel, const QKeySequence& keys, void (AppState::*action)());
+    void addShortcut(QWidget& panel, const QKeySequence& keys, const std::function<void()>& action);
     void hideLater();
     void setPresent(bool isPresent);
     void place();
