@@ -24,7 +24,7 @@ public:
         QString id;
         /// What the user reads.
         QString description;
-        /// The keys that the desktop suggests, in the notation of the shortcuts specification of freedesktop.org
+        /// The keys that the desktop suggests, in the shortcut notation of freedesktop.org
         /// ("ALT+SHIFT+c"); empty for none.
         QString preferredTrigger;
     };

@@ -42,7 +42,7 @@ struct LineKeys
 [[nodiscard]] ConfigurationLine configurationLine(ConfigurationFormat format, const QStringList& command,
                                                   const LineKeys& keys);
 
-/// The keys in the notation of the shortcuts specification of freedesktop.org: "ALT+SHIFT+c".
+/// The keys in the shortcut notation of freedesktop.org: "ALT+SHIFT+c".
 [[nodiscard]] QString triggerOf(const LineKeys& keys);
 
 } // namespace tintwick
