@@ -47,9 +47,6 @@ WaylandPlatform::WaylandPlatform(std::unique_ptr<WaylandConnection> connection)
     : m_connection(std::move(connection))
     , m_seat(*m_connection)
 {
-    // The second round trip brings the keymap.
-    m_connection->flush();
-    readKeymap();
     QObject::connect(&m_seat, &WaylandSeat::keymapChanged, &m_layout, [this] { readKeymap(); });
 }
 

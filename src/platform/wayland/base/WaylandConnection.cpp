@@ -113,12 +113,6 @@ void WaylandConnection::removeGlobal(std::uint32_t name)
     }
 }
 
-bool WaylandConnection::offers(const wl_interface& interface) const
-{
-    return std::ranges::any_of(m_globals,
-                               [&](const Global& global) { return global.interface == interface.name; });
-}
-
 void* WaylandConnection::bindGlobal(const wl_interface& interface, std::uint32_t version) const
 {
     const auto found = std::ranges::find_if(

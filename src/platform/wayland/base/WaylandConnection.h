@@ -56,7 +56,6 @@ public:
     {
         return static_cast<Proxy*>(bindGlobal(interface, version));
     }
-    [[nodiscard]] bool offers(const wl_interface& interface) const;
 
     [[nodiscard]] const std::vector<std::unique_ptr<WaylandOutput>>& outputs() const { return m_outputs; }
 

@@ -49,13 +49,10 @@ struct WaylandPointer::Handlers
         }
     }
 
-    static void leave(void* self, wl_pointer*, std::uint32_t, wl_surface* surface)
+    static void leave(void* self, wl_pointer*, std::uint32_t, wl_surface*)
     {
         of(self).m_pendingMove.reset();
         of(self).m_surface = nullptr;
-        if (surface) {
-            of(self).m_listener.pointerLeft(*surface);
-        }
     }
 
     static void motion(void* self, wl_pointer*, std::uint32_t, wl_fixed_t x, wl_fixed_t y)

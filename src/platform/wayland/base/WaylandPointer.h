@@ -21,7 +21,6 @@ public:
     public:
         virtual void pointerEntered(wl_surface& surface, QPointF position) = 0;
         virtual void pointerMoved(wl_surface& surface, QPointF position) = 0;
-        virtual void pointerLeft(wl_surface& surface) = 0;
         /// The serial allows requests that need an action of the user.
         virtual void buttonPressed(PointerButton button, std::uint32_t serial) = 0;
         virtual void buttonReleased() = 0;

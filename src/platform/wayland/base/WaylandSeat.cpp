@@ -100,13 +100,6 @@ void WaylandSeat::pointerMoved(wl_surface& surface, QPointF position)
     }
 }
 
-void WaylandSeat::pointerLeft(wl_surface& surface)
-{
-    if (m_listener) {
-        m_listener->pointerLeft(surface);
-    }
-}
-
 void WaylandSeat::buttonPressed(PointerButton button, std::uint32_t serial)
 {
     ++m_buttonsDown;

@@ -59,7 +59,6 @@ private:
 
     void pointerEntered(wl_surface& surface, QPointF position) override;
     void pointerMoved(wl_surface& surface, QPointF position) override;
-    void pointerLeft(wl_surface& surface) override;
     void buttonPressed(PointerButton button, std::uint32_t serial) override;
     void buttonReleased() override;
     void scrolled(ScrollDelta delta) override;

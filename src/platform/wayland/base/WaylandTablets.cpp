@@ -99,9 +99,7 @@ private:
     {
         m_pendingMove.reset();
         m_hasEntered = false;
-        if (wl_surface* surface = std::exchange(m_surface, nullptr)) {
-            m_tablets.m_listener.pointerLeft(*surface);
-        }
+        m_surface = nullptr;
     }
 
     void remove()

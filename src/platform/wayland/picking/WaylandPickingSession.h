@@ -68,7 +68,6 @@ private:
 
     void pointerEntered(wl_surface& surface, QPointF position) override;
     void pointerMoved(wl_surface& surface, QPointF position) override;
-    void pointerLeft(wl_surface&) override {}
     void buttonPressed(PointerButton button, std::uint32_t serial) override;
     void buttonReleased() override {}
     void scrolled(ScrollDelta delta) override;
