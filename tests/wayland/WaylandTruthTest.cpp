@@ -1,11 +1,11 @@
 #include "desktop/TintwickProcess.h"
 #include "support/WaitUntil.h"
+#include "support/wayland/PixelChoice.h"
 #include "support/wayland/SwayDesktop.h"
 #include "wayland/WaylandTintwick.h"
 
 #include <linux/input-event-codes.h>
 
-#include <QRandomGenerator>
 #include <QTest>
 
 #include <algorithm>
@@ -32,43 +32,6 @@ private Q_SLOTS:
     void cellsBeyondTheScreenAreDarkGray();
     void aPointerThatTheProgramHasNotSeenMoveIsKnown();
 };
-
-namespace {
-
-std::vector<Pixel> cornersAndEdges(WaylandDesktop& desktop)
-{
-    std::vector<Pixel> pixels;
-    for (std::size_t output = 0; output < desktop.outputCount(); ++output) {
-        const int right = desktop.screen(output).right();
-        const int bottom = desktop.screen(output).bottom();
-        for (const QPoint point : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom),
-                                   QPoint(right / 4, 0), QPoint(right / 4, bottom), QPoint(0, bottom / 3),
-                                   QPoint(right, bottom / 3), QPoint(1, 1), QPoint(right - 1, bottom - 1)}) {
-            pixels.push_back({output, point});
-        }
-    }
-    return pixels;
-}
-
-std::vector<Pixel> randomPixels(WaylandDesktop& desktop, int count)
-{
-    QRandomGenerator random(20240229);
-    std::vector<Pixel> pixels;
-    while (static_cast<int>(pixels.size()) < count) {
-        const auto output = static_cast<std::size_t>(random.bounded(static_cast<int>(desktop.outputCount())));
-        const QSize size = desktop.outputSize(output);
-        pixels.push_back({output, {random.bounded(size.width()), random.bounded(size.height())}});
-    }
-    return pixels;
-}
-
-QByteArray description(const Pixel& pixel)
-{
-    return "output " + QByteArray::number(pixel.output) + " at " + QByteArray::number(pixel.point.x()) +
-           ", " + QByteArray::number(pixel.point.y());
-}
-
-} // namespace
 
 void WaylandTruthTest::aClickPicksThePixelUnderThePointer_data()
 {

@@ -2,6 +2,7 @@
 #include "support/WaitUntil.h"
 #include "support/wayland/GnomeDesktop.h"
 #include "support/wayland/KWinDesktop.h"
+#include "support/wayland/PixelChoice.h"
 #include "wayland/WaylandTintwick.h"
 
 #include <linux/input-event-codes.h>
@@ -9,7 +10,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTest>
 
 #include <algorithm>
@@ -65,42 +65,6 @@ std::unique_ptr<WaylandDesktop> startDesktop(Kind kind, const Outputs& outputs)
     }
     return std::make_unique<KWinDesktop>(KWinDesktop::KWinOptions{
         .outputs = outputs, .mayTakeScreenshots = {QStringLiteral(TINTWICK_PROGRAM)}});
-}
-
-std::vector<Pixel> cornersAndEdges(WaylandDesktop& desktop)
-{
-    std::vector<Pixel> pixels;
-    for (std::size_t output = 0; output < desktop.outputCount(); ++output) {
-        const int right = desktop.screen(output).right();
-        const int bottom = desktop.screen(output).bottom();
-        for (const QPoint point :
-             {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom), QPoint(right / 4, 0),
-              QPoint(right / 4, bottom), QPoint(0, bottom / 3), QPoint(right, bottom / 3)}) {
-            pixels.push_back({output, point});
-        }
-    }
-    return pixels;
-}
-
-std::vector<Pixel> randomPixels(WaylandDesktop& desktop, int count)
-{
-    QRandomGenerator random(20240229);
-    std::vector<Pixel> pixels;
-    while (static_cast<int>(pixels.size()) < count) {
-        const auto output = static_cast<std::size_t>(random.bounded(static_cast<int>(desktop.outputCount())));
-        const QSize size = desktop.outputSize(output);
-        pixels.push_back({output, {random.bounded(size.width()), random.bounded(size.height())}});
-    }
-    return pixels;
-}
-
-QByteArray description(const Pixel& pixel)
-{
-    return QStringLiteral("output %1 at %2, %3: ")
-        .arg(pixel.output)
-        .arg(pixel.point.x())
-        .arg(pixel.point.y())
-        .toUtf8();
 }
 
 /// KWin reports whole logical units, and GNOME Shell stops the pointer one unit before the right and the bottom end of the
