@@ -32,6 +32,11 @@ CapturedColor named(CapturedColor color)
     return color;
 }
 
+void removeAll(QList<QUuid>& list, const QList<QUuid>& ids)
+{
+    list.removeIf([&ids](const QUuid& id) { return ids.contains(id); });
+}
+
 QString colorCount(qsizetype count)
 {
     return count == 1 ? AppState::tr("1 color") : AppState::tr("%1 colors").arg(count);
@@ -156,14 +161,14 @@ void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
     m_runLater(feedbackDuration, [this] { setShowCopiedFeedback(false); });
 }
 
-void AppState::deleteColor(const QUuid& id)
+void AppState::deleteColors(const QList<QUuid>& ids)
 {
     Payload after = m_data;
-    after.history.removeIf([&](const CapturedColor& color) { return color.id == id; });
+    after.history.removeIf([&ids](const CapturedColor& color) { return ids.contains(color.id); });
     for (ColorCollection& collection : after.collections) {
-        collection.colorIds.removeAll(id);
+        removeAll(collection.colorIds, ids);
     }
-    make(tr("Removed %1").arg(inWords({id})), after);
+    make(tr("Removed %1").arg(inWords(ids)), after);
 }
 
 void AppState::clearHistory()
@@ -201,9 +206,14 @@ ColorCollection AppState::importCollection(const QString& name, const QList<Capt
     return collection;
 }
 
-ColorCollection AppState::createCollection(const QString& name)
+ColorCollection AppState::createCollection(const QString& name, const QList<QUuid>& colorIds)
 {
-    const ColorCollection collection = ColorCollection::create(name);
+    ColorCollection collection = ColorCollection::create(name);
+    for (const QUuid& id : colorIds) {
+        if (!collection.colorIds.contains(id)) {
+            collection.colorIds.append(id);
+        }
+    }
     Payload after = m_data;
     after.collections.append(collection);
     make(tr("Created %1").arg(name), after);
@@ -278,12 +288,12 @@ void AppState::addColors(const QList<QUuid>& colorIds, const QUuid& toCollection
     }
 }
 
-void AppState::removeColor(const QUuid& colorId, const QUuid& fromCollection)
+void AppState::removeColors(const QList<QUuid>& colorIds, const QUuid& fromCollection)
 {
     Payload after = m_data;
     if (ColorCollection* collection = firstOf(after.collections, fromCollection)) {
-        collection->colorIds.removeAll(colorId);
-        make(tr("Removed %1").arg(inWords({colorId})), after);
+        removeAll(collection->colorIds, colorIds);
+        make(tr("Removed %1").arg(inWords(colorIds)), after);
     }
 }
 

@@ -80,15 +80,16 @@ public:
     void addToHistory(const CapturedColor& color);
     /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);
-    /// Removes a colour from the history and from every collection. Saves in every case.
-    void deleteColor(const QUuid& id);
+    /// Removes colours from the history and from every collection in one change. Saves in every case.
+    void deleteColors(const QList<QUuid>& ids);
+    void deleteColor(const QUuid& id) { deleteColors({id}); }
     /// Empties the history and every collection; the collections stay.
     void clearHistory();
     /// An empty name removes the colour's name.
     void renameColor(const QUuid& id, const QString& name);
 
-    /// Appends a new collection.
-    ColorCollection createCollection(const QString& name);
+    /// Appends a new collection, which may have members from the start.
+    ColorCollection createCollection(const QString& name, const QList<QUuid>& colorIds = {});
     void renameCollection(const QUuid& id, const QString& name);
     /// Inserts a copy with a new id and the name "Brand copy" after the collection.
     void duplicateCollection(const QUuid& id);
@@ -101,7 +102,12 @@ public:
     /// Appends colours to a collection in one change. Skips those that it holds; the history need not have them.
     void addColors(const QList<QUuid>& colorIds, const QUuid& toCollection);
     void addColor(const QUuid& colorId, const QUuid& toCollection) { addColors({colorId}, toCollection); }
-    void removeColor(const QUuid& colorId, const QUuid& fromCollection);
+    /// Removes colours from a collection in one change. Saves in every case.
+    void removeColors(const QList<QUuid>& colorIds, const QUuid& fromCollection);
+    void removeColor(const QUuid& colorId, const QUuid& fromCollection)
+    {
+        removeColors({colorId}, fromCollection);
+    }
     /// Moves the members at the positions `from` before the one at `to`; all positions count before the move.
     void moveColors(const QUuid& inCollection, const QSet<qsizetype>& from, qsizetype to);
 

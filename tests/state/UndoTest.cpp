@@ -71,12 +71,19 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain_data()
         [](Filled& filled) { filled->deleteColor(filled.red); });
     row("the last color deleted", u"Removed Lime"_s, u"#FF0000"_s, u"Brand: #FF0000; Sea:"_s,
         [](Filled& filled) { filled->deleteColor(filled.green); });
+    row("both colors deleted", u"Removed 2 colors"_s, u""_s, u"Brand:; Sea:"_s, [](Filled& filled) {
+        filled->deleteColors({filled.green, filled.red});
+    });
     row("the history cleared", u"Removed 2 colors"_s, u""_s, u"Brand:; Sea:"_s,
         [](Filled& filled) { filled->clearHistory(); });
     row("a color renamed", u"Renamed Red"_s, both, asBefore,
         [](Filled& filled) { filled->renameColor(filled.red, u"Signal"_s); });
     row("a palette created", u"Created Sky"_s, both, u"Brand: #FF0000 #00FF00; Sea:; Sky:"_s,
         [](Filled& filled) { filled->createCollection(u"Sky"_s); });
+    row("a palette created with colors", u"Created Sky"_s, both,
+        u"Brand: #FF0000 #00FF00; Sea:; Sky: #00FF00 #FF0000"_s, [](Filled& filled) {
+            filled->createCollection(u"Sky"_s, {filled.green, filled.red, filled.green});
+        });
     row("a palette renamed", u"Renamed Brand"_s, both, u"Old: #FF0000 #00FF00; Sea:"_s,
         [](Filled& filled) { filled->renameCollection(filled.brand(), u"Old"_s); });
     row("a palette duplicated", u"Duplicated Brand"_s, both,
@@ -92,6 +99,10 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain_data()
         });
     row("a color removed from a palette", u"Removed Red"_s, both, u"Brand: #00FF00; Sea:"_s,
         [](Filled& filled) { filled->removeColor(filled.red, filled.brand()); });
+    row("both colors removed from a palette", u"Removed 2 colors"_s, both, u"Brand:; Sea:"_s,
+        [](Filled& filled) {
+            filled->removeColors({filled.green, filled.red}, filled.brand());
+        });
     row("a color moved", u"Moved Lime"_s, both, u"Brand: #00FF00 #FF0000; Sea:"_s,
         [](Filled& filled) { filled->moveColors(filled.brand(), {1}, 0); });
 }
