@@ -637,7 +637,8 @@ void DashboardViewTest::swatchMenuOffersExistingPalettes()
     QMenu* menu = contextMenu(*panel.dashboard().swatches().first());
     QVERIFY(menu);
     QCOMPARE(titles(*menu),
-             (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Delete")}));
+             (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Edit…"),
+                          QStringLiteral("Contrast With…"), QStringLiteral("-"), QStringLiteral("Delete")}));
     QCOMPARE(titles(*menu->actions().first()->menu()), formatTitles());
     menu->close();
 
@@ -647,6 +648,7 @@ void DashboardViewTest::swatchMenuOffersExistingPalettes()
     QVERIFY(menu);
     QCOMPARE(titles(*menu),
              (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Add to Palette…"),
+                          QStringLiteral("-"), QStringLiteral("Edit…"), QStringLiteral("Contrast With…"),
                           QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().at(2)->menu()->actions().first()->trigger();
     QCOMPARE(panel.state.collections().first().colorIds, QList<QUuid>{panel.state.history().first().id});

@@ -6,11 +6,15 @@
 #include "CollectionDetailView.h"
 #include "CollectionRowCard.h"
 #include "ColorDetailRow.h"
+#include "ColorScreen.h"
+#include "ContrastScreen.h"
 #include "CopiedPill.h"
+#include "DashboardSwatchView.h"
 #include "HistoryDetailView.h"
 #include "NoticeView.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
+#include "PanelNavigation.h"
 #include "RenameColorOverlay.h"
 #include "ScrollArea.h"
 #include "Stack.h"
@@ -33,6 +37,9 @@
 #include <QUrl>
 
 using namespace tintwick;
+using namespace Qt::StringLiterals;
+using tintwick::test::choose;
+using tintwick::test::contextMenu;
 using tintwick::test::PanelFixture;
 
 class PanelViewTest final : public QObject
@@ -59,6 +66,10 @@ private Q_SLOTS:
     void pillIsHiddenInTheSettings();
     void longNameDoesNotMoveTheButtons();
     void altLeftGoesBack();
+    void aColorOpensAboveTheScreenThatShowsIt_data();
+    void aColorOpensAboveTheScreenThatShowsIt();
+    void backFromAColorReturnsToWhatWasShown();
+    void contrastOpensFromTheMenuOfAColor();
     void altLeftGoesBackFromAFocusedControl_data();
     void altLeftGoesBackFromAFocusedControl();
     void headerAndScreenFadeTogether_data();
@@ -394,6 +405,70 @@ void PanelViewTest::altLeftGoesBack()
     QVERIFY(qobject_cast<HistoryDetailView*>(&panel.view->currentScreen()));
     QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
     QVERIFY(panel.dashboard().isVisible());
+}
+
+void PanelViewTest::aColorOpensAboveTheScreenThatShowsIt_data()
+{
+    QTest::addColumn<QString>("screen");
+    QTest::newRow("the dashboard") << QString();
+    QTest::newRow("the history") << u"history"_s;
+    QTest::newRow("a palette") << u"palette"_s;
+}
+
+void PanelViewTest::aColorOpensAboveTheScreenThatShowsIt()
+{
+    QFETCH(const QString, screen);
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(u"Brand"_s).id;
+    panel.state.addColor(panel.capture(0x1E90FF).id, brand);
+    if (!screen.isEmpty()) {
+        panel.view->setSelectedCollectionId(screen == "history"_L1 ? PanelView::historySelectionId : brand);
+    }
+    panel.settle();
+    QWidget& before = panel.view->currentScreen();
+    QWidget* color = button(panel, u"Dodger Blue, #1E90FF"_s);
+    QVERIFY(color);
+    color->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(color, Qt::Key_E, Qt::ControlModifier);
+    QVERIFY(qobject_cast<ColorScreen*>(&panel.view->currentScreen()));
+    QVERIFY(!before.isVisible());
+    QCOMPARE(panel.view->focusWidget(), button(panel, u"Back from Dodger Blue"_s));
+
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Space);
+    QCOMPARE(&panel.view->currentScreen(), &before);
+    QCOMPARE(panel.view->focusWidget(), color);
+}
+
+void PanelViewTest::backFromAColorReturnsToWhatWasShown()
+{
+    PanelFixture panel;
+    for (unsigned rgb = 0; rgb < 60; ++rgb) {
+        panel.capture(rgb);
+    }
+    panel.view->setSelectedCollectionId(PanelView::historySelectionId);
+    panel.settle();
+    auto* scroll = panel.view->currentScreen().findChild<QScrollArea*>();
+    scroll->verticalScrollBar()->setValue(120);
+    PanelNavigation::of(scroll)->openColor(panel.state.history().at(20));
+    panel.view->setShowingSettings(true);
+    panel.view->setShowingSettings(false);
+    QVERIFY(qobject_cast<ColorScreen*>(&panel.view->currentScreen()));
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    panel.settle();
+    QVERIFY(scroll->isVisible());
+    QCOMPARE(scroll->verticalScrollBar()->value(), 120);
+}
+
+void PanelViewTest::contrastOpensFromTheMenuOfAColor()
+{
+    PanelFixture panel;
+    panel.capture(0x1E90FF);
+    panel.settle();
+    QWidget* swatch = panel.dashboard().swatches().first();
+    choose(*contextMenu(*swatch), u"Contrast With…"_s);
+    QVERIFY(qobject_cast<ContrastScreen*>(&panel.view->currentScreen()));
+    QTest::mouseClick(button(panel, u"Back from Contrast"_s), Qt::LeftButton);
+    QCOMPARE(&panel.view->currentScreen(), &panel.dashboard());
 }
 
 void PanelViewTest::altLeftGoesBackFromAFocusedControl_data()

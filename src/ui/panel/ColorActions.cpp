@@ -1,13 +1,21 @@
 #include "ColorActions.h"
 
 #include "AppState.h"
+#include "PanelNavigation.h"
 
 #include <QColor>
 #include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <algorithm>
 
 namespace tintwick {
+
+namespace {
+
+constexpr QKeyCombination openColorKey = Qt::CTRL | Qt::Key_E;
+
+} // namespace
 
 QColor paintColor(const CapturedColor& color)
 {
@@ -22,6 +30,11 @@ QString swatchLabel(const CapturedColor& color)
     return color.hex6().mid(1);
 }
 
+QString shownName(const CapturedColor& color)
+{
+    return color.customName.value_or(color.hex6());
+}
+
 QString spokenName(const CapturedColor& color)
 {
     return color.customName ? QStringLiteral("%1, %2").arg(*color.customName, color.hex6()) : color.hex6();
@@ -31,6 +44,29 @@ void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& 
 {
     state.clipboard().copy(state.text(color, format));
     state.showCopyFeedback(format, color);
+}
+
+bool openColorByKey(const QKeyEvent& event, const QWidget& view, const CapturedColor& color)
+{
+    PanelNavigation* const navigation = PanelNavigation::of(&view);
+    if (navigation == nullptr || QKeySequence(event.keyCombination()) != openColorKey) {
+        return false;
+    }
+    navigation->openColor(color);
+    return true;
+}
+
+QList<MenuEntry> screenEntries(const QWidget& view, const CapturedColor& color)
+{
+    PanelNavigation* const navigation = PanelNavigation::of(&view);
+    if (navigation == nullptr) {
+        return {};
+    }
+    return {menuSeparator(),
+            menuAction(QCoreApplication::translate("ColorActions", "Edit…"), openColorKey,
+                       [navigation, color] { navigation->openColor(color); }),
+            menuAction(QCoreApplication::translate("ColorActions", "Contrast With…"),
+                       [navigation, color] { navigation->openContrast(color); })};
 }
 
 MenuEntry copyAsMenu(AppState& state, const CapturedColor& color)

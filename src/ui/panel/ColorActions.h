@@ -7,6 +7,9 @@
 #include <QColor>
 #include <QString>
 
+class QKeyEvent;
+class QWidget;
+
 namespace tintwick {
 
 class AppState;
@@ -17,12 +20,19 @@ class AppState;
 [[nodiscard]] QColor paintColor(const CapturedColor& color);
 /// The label below a swatch, for example "3B82F6".
 [[nodiscard]] QString swatchLabel(const CapturedColor& color);
+/// The name of a colour, or its code.
+[[nodiscard]] QString shownName(const CapturedColor& color);
 /// The text for screen readers: "Dodger Blue, #1E90FF", or the code alone.
 [[nodiscard]] QString spokenName(const CapturedColor& color);
 
 /// Copies the colour's text to the clipboard and shows the feedback in the panel.
 void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color);
 
+/// Opens the colour if the key asks for it. Returns whether it does.
+bool openColorByKey(const QKeyEvent& event, const QWidget& view, const CapturedColor& color);
+
+/// A separator and the entries that open screens of the panel; empty outside a panel. `view` shows the colour.
+[[nodiscard]] QList<MenuEntry> screenEntries(const QWidget& view, const CapturedColor& color);
 /// The submenu "Copy as…" with one entry per format.
 [[nodiscard]] MenuEntry copyAsMenu(AppState& state, const CapturedColor& color);
 /// A submenu with one entry per collection, which adds the colour to it.

@@ -182,9 +182,28 @@ PlainButton* ColorDetailRow::removal()
                                    {theme::red.opacity(0.7)});
     m_symbols.append(symbol);
     auto* button = plainButton(
-        tr("Remove"), [this] { m_appState.removeColor(m_color.id, m_collectionId); }, symbol, buttonRadius);
+        tr("Remove"), [this] { removeColor(); }, symbol, buttonRadius);
     button->setToolTip(tr("Remove"));
     return button;
+}
+
+void ColorDetailRow::removeColor() const
+{
+    m_appState.removeColor(m_color.id, m_collectionId);
+}
+
+QList<MenuEntry> ColorDetailRow::contextMenu() const
+{
+    QList<MenuEntry> entries{copyAsMenu(m_appState, m_color)};
+    entries << screenEntries(*this, m_color);
+    return entries << menuSeparator() << menuDestructive(tr("Remove"), [this] { removeColor(); });
+}
+
+void ColorDetailRow::keyPressEvent(QKeyEvent* event)
+{
+    if (!openColorByKey(*event, *this, m_color)) {
+        Clickable::keyPressEvent(event);
+    }
 }
 
 void ColorDetailRow::setColor(const CapturedColor& color)

@@ -38,6 +38,8 @@ protected:
     [[nodiscard]] QRectF stateLayerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     void hoverChanged() override;
+    [[nodiscard]] QList<MenuEntry> contextMenu() const override;
+    void keyPressEvent(QKeyEvent* event) override;
     // The row is hovered while one of its buttons is.
     [[nodiscard]] bool tintsHover() const override { return false; }
     void paintEvent(QPaintEvent* event) override;
@@ -48,6 +50,7 @@ private:
 
     [[nodiscard]] MenuButton* copyMenu();
     [[nodiscard]] PlainButton* removal();
+    void removeColor() const;
 
     AppState& m_appState;
     QUuid m_collectionId;

@@ -47,6 +47,7 @@ QList<MenuEntry> ColorSwatchView::contextMenu() const
     entries << menuAction(tr("Rename…"), [&panel = m_panel, &state = appState(), color = color()] {
         openRenameColorOverlay(panel, state, color);
     });
+    entries << screenEntries(*this, color());
     return entries << menuSeparator() << deleteColorEntry(appState(), color());
 }
 

@@ -38,6 +38,7 @@ QList<MenuEntry> DashboardSwatchView::contextMenu() const
     if (!appState().collections().isEmpty()) {
         entries << menuSeparator() << addToCollectionMenu(appState(), color(), tr("Add to Palette…"));
     }
+    entries << screenEntries(*this, color());
     return entries << menuSeparator() << deleteColorEntry(appState(), color());
 }
 

@@ -4,6 +4,9 @@
 #include "Button.h"
 #include "Clickable.h"
 #include "CollectionDetailView.h"
+#include "ColorActions.h"
+#include "ColorScreen.h"
+#include "ContrastScreen.h"
 #include "CopiedPill.h"
 #include "DashboardView.h"
 #include "FadeThrough.h"
@@ -15,6 +18,7 @@
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "Paint.h"
+#include "PanelNavigation.h"
 #include "Preferences.h"
 #include "Rule.h"
 #include "Stack.h"
@@ -92,6 +96,8 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
         m_screens = column(m_dashboard = new DashboardView(m_appState, *this)),
         m_undoPill = new UndoPill(m_appState, *this)));
     // clang-format on
+    m_screenStack.emplace(*m_screens, *m_dashboard,
+                          [this](const PanelScreen& screen) { return makeScreen(screen); });
     applyColorScheme();
     showHeader();
     updateNotice();
@@ -103,6 +109,13 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });
+    const auto* navigation = new PanelNavigation(*this);
+    connect(navigation, &PanelNavigation::colorRequested, this,
+            [this](const CapturedColor& color) { open({.kind = PanelScreen::Kind::Color, .color = color}); });
+    connect(navigation, &PanelNavigation::contrastRequested, this,
+            [this](const CapturedColor& text, const std::optional<CapturedColor>& ground) {
+                open({.kind = PanelScreen::Kind::Contrast, .color = text, .ground = ground});
+            });
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
     connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
     connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
@@ -125,7 +138,7 @@ QWidget* PanelView::backButton()
 {
     m_backTitle = label({}, theme::font(14, QFont::DemiBold));
     m_back = plainTextButton(
-        {}, [this] { setSelectedCollectionId({}); },
+        {}, [this] { goBack(); },
         row(gap(4), symbol(u"chevron-left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
     return m_back;
 }
@@ -165,7 +178,7 @@ void PanelView::setPickKeys(const QString& keys, const QString& inWords)
 {
     m_pickKeys = keys;
     m_pickKeysInWords = inWords;
-    if (auto* history = qobject_cast<HistoryDetailView*>(m_detail)) {
+    for (auto* history : findChildren<HistoryDetailView*>()) {
         history->setPickKeys(keys, inWords);
     }
 }
@@ -200,9 +213,10 @@ void PanelView::applyColorScheme()
 
 void PanelView::setSelectedCollectionId(const std::optional<QUuid>& id)
 {
-    if (m_selectedCollectionId == id) {
+    if (m_selectedCollectionId == id && m_openedScreens.isEmpty()) {
         return;
     }
+    m_openedScreens.clear();
     m_selectedCollectionId = id;
     showSelection();
 }
@@ -216,6 +230,15 @@ void PanelView::setShowingSettings(bool shows)
     showSelection();
 }
 
+void PanelView::open(const PanelScreen& screen)
+{
+    if (screen == m_screenStack->current()) {
+        return;
+    }
+    m_openedScreens.append(screen);
+    showSelection();
+}
+
 void PanelView::goBack()
 {
     if (Overlay::of(*this) != nullptr) {
@@ -223,6 +246,9 @@ void PanelView::goBack()
     }
     if (m_showingSettings) {
         setShowingSettings(false);
+    } else if (!m_openedScreens.isEmpty()) {
+        m_openedScreens.removeLast();
+        showSelection();
     } else {
         setSelectedCollectionId({});
     }
@@ -232,6 +258,7 @@ void PanelView::leaveSettings()
 {
     if (m_showingSettings && Overlay::of(*this) == nullptr) {
         m_selectedCollectionId.reset();
+        m_openedScreens.clear();
         setShowingSettings(false);
     }
 }
@@ -289,7 +316,7 @@ void PanelView::showFolder(const QString& folder)
 
 QWidget& PanelView::currentScreen() const
 {
-    return m_detail != nullptr ? *m_detail : *m_dashboard;
+    return m_screenStack->currentView();
 }
 
 bool PanelView::isInScreen(const QWidget* widget) const
@@ -297,34 +324,41 @@ bool PanelView::isInScreen(const QWidget* widget) const
     return widget == &currentScreen() || currentScreen().isAncestorOf(widget);
 }
 
-PanelView::ScreenChoice PanelView::chosenScreen() const
+QList<PanelScreen> PanelView::chosenPath() const
 {
-    if (m_showingSettings) {
-        return {ScreenKind::Settings, {}};
-    }
+    QList<PanelScreen> path{{}};
     if (m_selectedCollectionId == historySelectionId) {
-        return {ScreenKind::History, {}};
+        path.append({.kind = PanelScreen::Kind::History});
+    } else if (m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr) {
+        path.append({.kind = PanelScreen::Kind::Collection, .collectionId = *m_selectedCollectionId});
     }
-    const bool exists = m_selectedCollectionId && m_appState.collection(*m_selectedCollectionId) != nullptr;
-    return exists ? ScreenChoice{ScreenKind::Collection, *m_selectedCollectionId} : ScreenChoice{};
+    path.append(m_openedScreens);
+    if (m_showingSettings) {
+        path.append({.kind = PanelScreen::Kind::Settings});
+    }
+    return path;
 }
 
-QWidget* PanelView::makeScreen(const ScreenChoice& choice)
+QWidget* PanelView::makeScreen(const PanelScreen& screen)
 {
-    switch (choice.kind) {
-    case ScreenKind::Settings:
+    switch (screen.kind) {
+    case PanelScreen::Kind::Settings:
         return m_makeSettings(*this);
-    case ScreenKind::History: {
+    case PanelScreen::Kind::History: {
         auto* history = new HistoryDetailView(m_appState, *this);
         history->setPickKeys(m_pickKeys, m_pickKeysInWords);
         return history;
     }
-    case ScreenKind::Collection: {
-        auto* palette = new CollectionDetailView(m_appState, choice.collectionId, *this);
+    case PanelScreen::Kind::Collection: {
+        auto* palette = new CollectionDetailView(m_appState, screen.collectionId, *this);
         connect(palette, &CollectionDetailView::pickRequested, this, &PanelView::pickRequested);
         return palette;
     }
-    case ScreenKind::Dashboard:
+    case PanelScreen::Kind::Color:
+        return new ColorScreen(m_appState, m_preferences, screen.color, *this);
+    case PanelScreen::Kind::Contrast:
+        return new ContrastScreen(m_appState, screen.color, screen.ground);
+    case PanelScreen::Kind::Dashboard:
         break;
     }
     return nullptr;
@@ -332,7 +366,7 @@ QWidget* PanelView::makeScreen(const ScreenChoice& choice)
 
 void PanelView::showHeader()
 {
-    const bool hasSelection = m_selectedCollectionId.has_value();
+    const bool hasSelection = m_selectedCollectionId.has_value() || !m_openedScreens.isEmpty();
     m_title->setText(m_showingSettings ? tr("Settings") : u"Tintwick"_s);
     m_title->setVisible(m_showingSettings || !hasSelection);
     m_back->setVisible(!m_showingSettings && hasSelection);
@@ -345,6 +379,11 @@ void PanelView::showHeader()
 
 QString PanelView::selectionTitle() const
 {
+    if (!m_openedScreens.isEmpty()) {
+        const PanelScreen& opened = m_openedScreens.last();
+        return opened.kind == PanelScreen::Kind::Contrast ? tr("Contrast")
+                                                          : inOneLine(shownName(opened.color));
+    }
     if (m_selectedCollectionId == historySelectionId) {
         return tr("All History");
     }
@@ -358,16 +397,17 @@ void PanelView::showSelection()
     // Hiding the focused widget moves the focus, so read it first.
     QWidget* const focused = window()->focusWidget();
     const bool isKeyboardUsed = Clickable::showsFocusRing(focused);
-    const ScreenChoice before = m_shownScreen;
-    const ScreenChoice now = chosenScreen();
+    const QList<PanelScreen> path = chosenPath();
+    const PanelScreen before = m_screenStack->current();
+    const PanelScreen& now = path.last();
+    const bool returns = path.size() < m_screenStack->depth();
 
     const auto change = [&] {
         showHeader();
-        if (before != now) {
-            showScreen(now);
-        }
+        m_screenStack->show(path, isKeyboardUsed ? focused : nullptr);
+        m_undoPill->moveToEndOfTabOrder();
     };
-    if ((before.kind == ScreenKind::Settings) != (now.kind == ScreenKind::Settings)) {
+    if ((before.kind == PanelScreen::Kind::Settings) != (now.kind == PanelScreen::Kind::Settings)) {
         fadeThrough(*this, {m_header, m_screens}, change);
     } else {
         change();
@@ -376,11 +416,8 @@ void PanelView::showSelection()
         return;
     }
 
-    if (now.kind > before.kind) {
-        m_openers[before.kind] = isKeyboardUsed ? focused : nullptr;
-    }
     const bool hasStrayed = !isKeyboardUsed && Clickable::showsFocusRing(window()->focusWidget());
-    QWidget* const opener = now.kind < before.kind ? m_openers.value(now.kind) : nullptr;
+    QWidget* const opener = returns ? m_screenStack->opener() : nullptr;
     if (opener != nullptr && opener->isVisible()) {
         opener->setFocus(Qt::TabFocusReason);
     } else if (hasStrayed || !isInScreen(window()->focusWidget())) {
@@ -390,23 +427,6 @@ void PanelView::showSelection()
         } else {
             setFocus();
         }
-    }
-}
-
-void PanelView::showScreen(const ScreenChoice& choice)
-{
-    m_shownScreen = choice;
-    QWidget* left = std::exchange(m_detail, makeScreen(choice));
-    m_dashboard->setVisible(m_detail == nullptr);
-    if (m_detail != nullptr) {
-        m_screens->add(m_detail);
-        m_detail->show();
-        m_undoPill->moveToEndOfTabOrder();
-    }
-    if (left != nullptr) {
-        m_screens->remove(left);
-        // One of its own events may be on the call stack.
-        left->deleteLater();
     }
 }
 

@@ -3,11 +3,12 @@
 #include "Appearance.h"
 #include "ContextMenu.h"
 #include "Notice.h"
+#include "PanelScreen.h"
+#include "ScreenStack.h"
 #include "View.h"
 #include "WantedPick.h"
 
-#include <QHash>
-#include <QPointer>
+#include <QList>
 #include <QUuid>
 
 #include <functional>
@@ -26,8 +27,7 @@ class SymbolView;
 class TextButton;
 class UndoPill;
 
-/// The content of the panel: a header, and below it the settings, the history, a collection or the dashboard. Paints the
-/// rounded background.
+/// The content of the panel: a header, and below it one screen. Paints the rounded background.
 class PanelView final : public View
 {
     Q_OBJECT
@@ -65,7 +65,7 @@ public:
 
     [[nodiscard]] const Appearance& appearance() const { return m_appearance; }
     [[nodiscard]] DashboardView& dashboard() const { return *m_dashboard; }
-    /// The screen below the header. The settings, the history and a collection get a new widget each time.
+    /// The screen below the header. Every screen but the dashboard gets a new widget each time that it is opened.
     [[nodiscard]] QWidget& currentScreen() const;
 
 Q_SIGNALS:
@@ -82,16 +82,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// In order of depth: a screen is opened from one before it.
-    enum class ScreenKind { Dashboard, History, Collection, Settings };
-    struct ScreenChoice
-    {
-        ScreenKind kind = ScreenKind::Dashboard;
-        QUuid collectionId;
-
-        friend bool operator==(const ScreenChoice&, const ScreenChoice&) = default;
-    };
-
     [[nodiscard]] Stack* panelHeader();
     [[nodiscard]] QWidget* backButton();
     [[nodiscard]] QWidget* colorSchemeToggle();
@@ -99,12 +89,14 @@ private:
     void openMenuOrSettings();
 
     [[nodiscard]] bool isInScreen(const QWidget* widget) const;
-    [[nodiscard]] ScreenChoice chosenScreen() const;
-    [[nodiscard]] QWidget* makeScreen(const ScreenChoice& choice);
+    /// The screens from the dashboard to the visible one.
+    [[nodiscard]] QList<PanelScreen> chosenPath() const;
+    [[nodiscard]] QWidget* makeScreen(const PanelScreen& screen);
+    /// Opens a screen above the present one.
+    void open(const PanelScreen& screen);
     void showHeader();
     /// Updates header, screen and focus after the selection has changed.
     void showSelection();
-    void showScreen(const ScreenChoice& choice);
     [[nodiscard]] QString selectionTitle() const;
 
     [[nodiscard]] bool tellsOfUnreadableFile() const;
@@ -113,7 +105,7 @@ private:
     void showSavedFile(const QString& path);
     void showFolder(const QString& folder);
 
-    /// Leaves the settings, or the screen that was opened from the dashboard.
+    /// Returns to the screen from which the present one was opened.
     void goBack();
     void cycleColorScheme();
     void applyColorScheme();
@@ -130,9 +122,8 @@ private:
     bool m_showingSettings = false;
     QString m_pickKeys;
     QString m_pickKeysInWords;
-    ScreenChoice m_shownScreen;
-    /// The focused control of a screen when a deeper one was opened by keyboard; it gets the focus back.
-    QHash<ScreenKind, QPointer<QWidget>> m_openers;
+    /// Opened above the selected collection, the history or the dashboard.
+    QList<PanelScreen> m_openedScreens;
 
     Stack* m_header = nullptr;
     Label* m_title = nullptr;
@@ -150,8 +141,7 @@ private:
     bool m_hasToldOfUnreadableFile = false;
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
-    /// The screen shown instead of the dashboard; null for the dashboard.
-    QWidget* m_detail = nullptr;
+    std::optional<ScreenStack> m_screenStack;
 };
 
 } // namespace tintwick

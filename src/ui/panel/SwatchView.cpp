@@ -92,7 +92,9 @@ void SwatchView::keyPressEvent(QKeyEvent* event)
         Q_EMIT stepRequested(0, 1);
         break;
     default:
-        Clickable::keyPressEvent(event);
+        if (!openColorByKey(*event, *this, m_color)) {
+            Clickable::keyPressEvent(event);
+        }
     }
 }
 

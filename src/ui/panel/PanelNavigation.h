@@ -1,0 +1,37 @@
+#pragma once
+
+#include "CapturedColor.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QWidget;
+
+namespace tintwick {
+
+/// Opens screens of the panel on request of the views in it. A child of the panel.
+class PanelNavigation final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PanelNavigation(QWidget& panel);
+
+    /// Of the panel that contains a view; null outside a panel.
+    [[nodiscard]] static PanelNavigation* of(const QWidget* view);
+
+    void openColor(const CapturedColor& color) { Q_EMIT colorRequested(color); }
+    /// Without a ground the screen chooses one.
+    void openContrast(const CapturedColor& text, const std::optional<CapturedColor>& ground = {})
+    {
+        Q_EMIT contrastRequested(text, ground);
+    }
+
+Q_SIGNALS:
+    void colorRequested(const tintwick::CapturedColor& color);
+    void contrastRequested(const tintwick::CapturedColor& text,
+                           const std::optional<tintwick::CapturedColor>& ground);
+};
+
+} // namespace tintwick
