@@ -1,28 +1,25 @@
 #include "PanelView.h"
 
 #include "AppState.h"
-#include "Button.h"
 #include "Clickable.h"
 #include "CollectionDetailView.h"
 #include "ColorActions.h"
 #include "ColorScreen.h"
 #include "ContrastScreen.h"
-#include "CopiedPill.h"
 #include "DashboardView.h"
 #include "FadeThrough.h"
 #include "HistoryDetailView.h"
 #include "ImportFiles.h"
 #include "InOneLine.h"
-#include "Label.h"
 #include "NoticeView.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "Paint.h"
+#include "PanelHeader.h"
 #include "PanelNavigation.h"
 #include "Preferences.h"
 #include "Rule.h"
 #include "Stack.h"
-#include "SymbolView.h"
 #include "Theme.h"
 #include "UndoPill.h"
 
@@ -44,19 +41,6 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QString symbolOf(ColorSchemeChoice preference)
-{
-    switch (preference) {
-    case ColorSchemeChoice::Light:
-        return u"light-mode"_s;
-    case ColorSchemeChoice::Dark:
-        return u"dark-mode"_s;
-    case ColorSchemeChoice::Auto:
-        break;
-    }
-    return u"auto-mode"_s;
-}
 
 Scheme schemeOfPalette()
 {
@@ -90,7 +74,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     resize(theme::panelSize);
     // clang-format off
     setContent(column(
-        m_header = panelHeader(),
+        m_header = new PanelHeader(m_appState, m_preferences),
         rule(),
         m_notice = new NoticeView,
         m_screens = column(m_dashboard = new DashboardView(m_appState, *this)),
@@ -105,6 +89,8 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     // Not in `keyPressEvent()`, because swatches, segments and scroll areas take the arrow keys.
     connect(new QShortcut(Qt::ALT | Qt::Key_Left, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, &PanelView::goBack);
+    connect(m_header, &PanelHeader::backRequested, this, &PanelView::goBack);
+    connect(m_header, &PanelHeader::settingsRequested, this, [this] { setShowingSettings(true); });
     connect(m_dashboard, &DashboardView::pickRequested, this, &PanelView::pickRequested);
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
@@ -124,54 +110,9 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
 
-Stack* PanelView::panelHeader()
-{
-    m_title = label({}, theme::font(18, QFont::Bold));
-    m_done = prominentButton(tr("Done"), [this] { setShowingSettings(false); });
-    m_outsideSettings = row(gap(10), new CopiedPill(m_appState), colorSchemeToggle(), settingsButton());
-    // A fixed height, so that the screen does not move when the buttons change.
-    return row(fixedHeight(50), gap(10), padding(14, 10), m_title, backButton(), spacer(), m_outsideSettings,
-               m_done);
-}
-
-QWidget* PanelView::backButton()
-{
-    m_backTitle = label({}, theme::font(14, QFont::DemiBold));
-    m_back = plainTextButton(
-        {}, [this] { goBack(); },
-        row(gap(4), symbol(u"chevron-left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
-    return m_back;
-}
-
-QWidget* PanelView::settingsButton()
-{
-    m_settings = squareButton(
-        tr("Settings"), [this] { openMenuOrSettings(); },
-        symbol(u"settings"_s, 14, SymbolWeight::Regular, theme::textSecond));
-    return m_settings;
-}
-
 void PanelView::setMenu(std::function<QList<MenuEntry>()> entries)
 {
-    m_menu = std::move(entries);
-}
-
-void PanelView::openMenuOrSettings()
-{
-    const QList<MenuEntry> entries = m_menu ? m_menu() : QList<MenuEntry>();
-    if (entries.isEmpty()) {
-        setShowingSettings(true);
-    } else {
-        dropDownMenu(*m_settings, entries);
-    }
-}
-
-QWidget* PanelView::colorSchemeToggle()
-{
-    m_schemeSymbol = symbol({}, 14, SymbolWeight::Medium, theme::textSecond);
-    m_schemeToggle = squareButton(
-        {}, [this] { cycleColorScheme(); }, m_schemeSymbol);
-    return m_schemeToggle;
+    m_header->setMenu(std::move(entries));
 }
 
 void PanelView::setPickKeys(const QString& keys, const QString& inWords)
@@ -183,21 +124,9 @@ void PanelView::setPickKeys(const QString& keys, const QString& inWords)
     }
 }
 
-void PanelView::cycleColorScheme()
-{
-    m_preferences.setColorScheme(next(m_preferences.colorScheme()));
-}
-
 void PanelView::applyColorScheme()
 {
-    const ColorSchemeChoice preference = m_preferences.colorScheme();
-    QString current = storedWord(preference);
-    current[0] = current[0].toUpper();
-    m_schemeSymbol->setName(symbolOf(preference));
-    m_schemeToggle->setAccessibleName(tr("Appearance: %1").arg(current));
-    m_schemeToggle->setToolTip(tr("Appearance: %1 — click to cycle").arg(current));
-
-    switch (preference) {
+    switch (m_preferences.colorScheme()) {
     case ColorSchemeChoice::Light:
         m_appearance.setScheme(Scheme::Light);
         break;
@@ -366,15 +295,13 @@ QWidget* PanelView::makeScreen(const PanelScreen& screen)
 
 void PanelView::showHeader()
 {
-    const bool hasSelection = m_selectedCollectionId.has_value() || !m_openedScreens.isEmpty();
-    m_title->setText(m_showingSettings ? tr("Settings") : u"Tintwick"_s);
-    m_title->setVisible(m_showingSettings || !hasSelection);
-    m_back->setVisible(!m_showingSettings && hasSelection);
-    m_backTitle->setText(selectionTitle());
-    m_back->setToolTip(selectionTitle());
-    m_back->setAccessibleName(tr("Back from %1").arg(selectionTitle()));
-    m_outsideSettings->setVisible(!m_showingSettings);
-    m_done->setVisible(m_showingSettings);
+    if (m_showingSettings) {
+        m_header->showSettings();
+    } else if (m_selectedCollectionId || !m_openedScreens.isEmpty()) {
+        m_header->showWayBack(selectionTitle());
+    } else {
+        m_header->showTitle(u"Tintwick"_s);
+    }
 }
 
 QString PanelView::selectionTitle() const
@@ -421,9 +348,9 @@ void PanelView::showSelection()
     if (opener != nullptr && opener->isVisible()) {
         opener->setFocus(Qt::TabFocusReason);
     } else if (hasStrayed || !isInScreen(window()->focusWidget())) {
-        Clickable* const wayBack = m_showingSettings ? static_cast<Clickable*>(m_done) : m_back;
-        if (isKeyboardUsed && wayBack->isVisible()) {
-            wayBack->setFocus(Qt::TabFocusReason);
+        Clickable* const wayOut = m_header->wayOut();
+        if (isKeyboardUsed && wayOut != nullptr) {
+            wayOut->setFocus(Qt::TabFocusReason);
         } else {
             setFocus();
         }

@@ -18,13 +18,10 @@ namespace tintwick {
 
 class AppState;
 class DashboardView;
-class Label;
 class NoticeView;
-class PlainButton;
+class PanelHeader;
 class Preferences;
 class Stack;
-class SymbolView;
-class TextButton;
 class UndoPill;
 
 /// The content of the panel: a header, and below it one screen. Paints the rounded background.
@@ -50,8 +47,7 @@ public:
     void setShowingSettings(bool shows);
     /// Shows the dashboard if the settings are shown and no sheet is open above them.
     void leaveSettings();
-    /// `entries` is called when the settings button is clicked. If it returns any, they open as a menu; else the settings
-    /// are shown.
+    /// See PanelHeader::setMenu().
     void setMenu(std::function<QList<MenuEntry>()> entries);
     /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
     /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
@@ -82,12 +78,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] Stack* panelHeader();
-    [[nodiscard]] QWidget* backButton();
-    [[nodiscard]] QWidget* colorSchemeToggle();
-    [[nodiscard]] QWidget* settingsButton();
-    void openMenuOrSettings();
-
     [[nodiscard]] bool isInScreen(const QWidget* widget) const;
     /// The screens from the dashboard to the visible one.
     [[nodiscard]] QList<PanelScreen> chosenPath() const;
@@ -107,7 +97,6 @@ private:
 
     /// Returns to the screen from which the present one was opened.
     void goBack();
-    void cycleColorScheme();
     void applyColorScheme();
 
     AppState& m_appState;
@@ -115,8 +104,6 @@ private:
     Appearance m_appearance;
     std::optional<Scheme> m_systemScheme;
     MakeSettings m_makeSettings;
-    std::function<QList<MenuEntry>()> m_menu;
-    PlainButton* m_settings = nullptr;
 
     std::optional<QUuid> m_selectedCollectionId;
     bool m_showingSettings = false;
@@ -125,16 +112,7 @@ private:
     /// Opened above the selected collection, the history or the dashboard.
     QList<PanelScreen> m_openedScreens;
 
-    Stack* m_header = nullptr;
-    Label* m_title = nullptr;
-    PlainButton* m_back = nullptr;
-    Label* m_backTitle = nullptr;
-    /// Hidden while the settings are shown.
-    QWidget* m_outsideSettings = nullptr;
-    SymbolView* m_schemeSymbol = nullptr;
-    PlainButton* m_schemeToggle = nullptr;
-    TextButton* m_done = nullptr;
-
+    PanelHeader* m_header = nullptr;
     UndoPill* m_undoPill = nullptr;
     NoticeView* m_notice = nullptr;
     QString m_passingNotice;
