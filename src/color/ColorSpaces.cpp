@@ -67,12 +67,6 @@ Components mirrored(const Components& components, Function function)
     return result;
 }
 
-Components linearFromSrgb(const Components& rgb)
-{
-    return mirrored(rgb,
-                    [](double v) { return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); });
-}
-
 Components srgbFromLinear(const Components& rgb)
 {
     return mirrored(
@@ -85,6 +79,12 @@ double degreesToRadians(double degrees)
 }
 
 } // namespace
+
+Components linearFromSrgb(const Components& rgb)
+{
+    return mirrored(rgb,
+                    [](double v) { return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); });
+}
 
 Components srgbFromXyzD65(const Components& xyz)
 {

@@ -11,6 +11,7 @@ using Components = std::array<double, 3>;
 // components are gamma encoded, 0 to 1 inside the gamut; values outside are kept, with the sign of the linear value. XYZ
 // is relative to white: Y is 1 for white.
 
+[[nodiscard]] Components linearFromSrgb(const Components& rgb);
 [[nodiscard]] Components srgbFromXyzD65(const Components& xyz);
 [[nodiscard]] Components xyzD65FromXyzD50(const Components& xyz);
 
