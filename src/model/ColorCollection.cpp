@@ -6,8 +6,11 @@ namespace tintwick {
 
 ColorCollection ColorCollection::create(const QString& name)
 {
-    return {
-        QUuid::createUuid(), name, {}, QDateTime::currentDateTimeUtc(), QStringLiteral("paintpalette.fill")};
+    return {.id = QUuid::createUuid(),
+            .name = name,
+            .colorIds = {},
+            .createdAt = QDateTime::currentDateTimeUtc(),
+            .icon = QStringLiteral("paintpalette.fill")};
 }
 
 QList<CapturedColor> ColorCollection::colors(const QList<CapturedColor>& history,

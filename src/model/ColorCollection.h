@@ -19,6 +19,9 @@ struct ColorCollection
     QDateTime createdAt;
     /// Name of the symbol shown beside the name.
     QString icon;
+    /// The colour behind the symbol: a word that the user interface knows. Empty for the one that the collection's place in the
+    /// list gives.
+    QString iconColor = {};
 
     /// An empty collection created now, with a new id.
     [[nodiscard]] static ColorCollection create(const QString& name);

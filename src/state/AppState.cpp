@@ -229,6 +229,15 @@ void AppState::renameCollection(const QUuid& id, const QString& name)
     }
 }
 
+void AppState::setIconColor(const QUuid& id, const QString& word)
+{
+    Payload after = m_data;
+    if (ColorCollection* collection = firstOf(after.collections, id)) {
+        collection->iconColor = word;
+        make(tr("Changed the icon of %1").arg(collection->name), after);
+    }
+}
+
 void AppState::duplicateCollection(const QUuid& id)
 {
     Payload after = m_data;
@@ -240,6 +249,7 @@ void AppState::duplicateCollection(const QUuid& id)
     ColorCollection copy = ColorCollection::create(tr("%1 copy").arg(name));
     copy.colorIds = original->colorIds;
     copy.icon = original->icon;
+    copy.iconColor = original->iconColor;
     after.collections.insert(original - after.collections.constData() + 1, copy);
     make(tr("Duplicated %1").arg(name), after);
 }

@@ -91,6 +91,8 @@ public:
     /// Appends a new collection, which may have members from the start.
     ColorCollection createCollection(const QString& name, const QList<QUuid>& colorIds = {});
     void renameCollection(const QUuid& id, const QString& name);
+    /// `word` as in the collection; empty for the colour that the place in the list gives.
+    void setIconColor(const QUuid& id, const QString& word);
     /// Inserts a copy with a new id and the name "Brand copy" after the collection.
     void duplicateCollection(const QUuid& id);
     /// Sorts the members once. Unknown ids come last.

@@ -80,6 +80,10 @@ ordered_json encoded(const ColorCollection& collection)
     object["colorIds"] = std::move(colorIds);
     object["createdAt"] = textOf(collection.createdAt);
     object["icon"] = collection.icon.toStdString();
+    // Earlier versions ignore this key and lose it.
+    if (!collection.iconColor.isEmpty()) {
+        object["iconColor"] = collection.iconColor.toStdString();
+    }
     return object;
 }
 
@@ -271,7 +275,8 @@ std::optional<ColorCollection> decodedCollection(const json* value)
     if (!id || !name || !colorIds || !createdAt || !icon) {
         return std::nullopt;
     }
-    return ColorCollection{*id, *name, *colorIds, *createdAt, *icon};
+    const auto iconColor = decodedString(member(*value, "iconColor"));
+    return ColorCollection{*id, *name, *colorIds, *createdAt, *icon, iconColor.value_or(QString())};
 }
 
 std::optional<ColorFormat> decodedFormat(const json* value)

@@ -112,7 +112,8 @@ ColorCollection merged(const ColorCollection& before, const ColorCollection& our
             .name = chosen(before.name, ours.name, theirs.name),
             .colorIds = mergedList(before.colorIds, ours.colorIds, theirs.colorIds, OnlyOurs::Last),
             .createdAt = chosen(before.createdAt, ours.createdAt, theirs.createdAt),
-            .icon = chosen(before.icon, ours.icon, theirs.icon)};
+            .icon = chosen(before.icon, ours.icon, theirs.icon),
+            .iconColor = chosen(before.iconColor, ours.iconColor, theirs.iconColor)};
 }
 
 QList<CapturedColor> allColors(const Payload& payload)

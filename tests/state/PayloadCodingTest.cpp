@@ -104,6 +104,7 @@ private Q_SLOTS:
     void keptColorsAreAnExtraKey();
     void aVersionThatDoesNotKnowKeptColorsReadsTheRest();
     void aVersionWithNineFormatsReadsTheRest();
+    void theColorOfAnIconIsAnExtraKey();
     void anEmptyPayloadIsEncoded();
     void aFileOfAnEarlierVersionIsReproducedExactly();
     void numbersHaveAFractionOrAnExponent_data();
@@ -186,6 +187,23 @@ void PayloadCodingTest::aVersionWithNineFormatsReadsTheRest()
     QVERIFY(decoded == payload);
     // A format of a later version still.
     QCOMPARE(decodePayload(QByteArray(*text).replace("OKLCH", "LMS"))->defaultFormat, ColorFormat::Hex6);
+}
+
+void PayloadCodingTest::theColorOfAnIconIsAnExtraKey()
+{
+    Payload payload = wholePayload();
+    payload.collections.first().iconColor = QStringLiteral("blue");
+    QByteArray text = wholeFile;
+    const QByteArray icon = R"("icon": "paintpalette.fill")";
+    text.replace(icon, icon + ",\n      \"iconColor\": \"blue\"");
+    QCOMPARE(encodePayload(payload), text);
+    QVERIFY(decodePayload(text) == payload);
+    // To an earlier version the key has no meaning, as this one has none here; a later one may store something else.
+    const QByteArrayList unknown{QByteArray(text).replace("iconColor", "other"),
+                                 QByteArray(text).replace(": \"blue\"", ": 7")};
+    for (const QByteArray& each : unknown) {
+        QVERIFY(decodePayload(each) == wholePayload());
+    }
 }
 
 void PayloadCodingTest::anEmptyPayloadIsEncoded()

@@ -24,14 +24,16 @@ QList<CapturedColor> colors(const QString& text)
     return list;
 }
 
-/// "p=abc q" is a collection p with the members a, b and c and an empty collection q; "p:Name=abc" has a name too.
+/// "p=abc q" is a collection p with the members a, b and c and an empty collection q; "p:Name=abc" has a name too, and
+/// "p:Name:blue=abc" the colour of its icon.
 QList<ColorCollection> collections(const QString& text)
 {
     QList<ColorCollection> list;
     for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
         ColorCollection collection;
         collection.id = idOf(word[0].toLatin1());
-        collection.name = word.section(u'=', 0, 0).section(u':', 1);
+        collection.name = word.section(u'=', 0, 0).section(u':', 1, 1);
+        collection.iconColor = word.section(u'=', 0, 0).section(u':', 2);
         for (const QChar member : word.section(u'=', 1)) {
             collection.colorIds.append(idOf(member.toLatin1()));
         }
@@ -125,6 +127,9 @@ void PayloadMergeTest::changesOfCollectionsJoin_data()
     row("they sorted", "p=abc", "p=abc q", "p=cab", "p=cab q");
     row("we sorted and they added a member", "p=abc", "p=cab", "p=abcd", "p=abcd");
     row("they named and we added a member", "p=a", "p=ab", "p:Sea=a", "p:Sea=ab");
+    row("they named and we colored", "p=a", "p::blue=a", "p:Sea=a", "p:Sea:blue=a");
+    row("they colored and we added a member", "p=a", "p=ab", "p::blue=a", "p::blue=ab");
+    row("both colored", "p=a", "p::blue=a", "p::pink=a", "p::blue=a");
     row("they removed what we changed", "p=a q", "p=ab q", "q", "q p=ab");
     row("we removed what they changed", "p=a q", "q", "p=ab q", "p=ab q");
 }

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void eachChangeIsTakenBackAndMadeAgain_data();
     void eachChangeIsTakenBackAndMadeAgain();
     void aSortIsTakenBack();
+    void aCopyKeepsTheColorOfTheIcon();
     void nothingIsTakenBackWithoutAChange();
     void aChangeWithoutEffectIsNone();
     void fiftyChangesAreTakenBack();
@@ -89,6 +90,8 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain_data()
     row("a palette duplicated", u"Duplicated Brand"_s, both,
         u"Brand: #FF0000 #00FF00; Brand copy: #FF0000 #00FF00; Sea:"_s,
         [](Filled& filled) { filled->duplicateCollection(filled.brand()); });
+    row("the icon of a palette colored", u"Changed the icon of Brand"_s, both, asBefore,
+        [](Filled& filled) { filled->setIconColor(filled.brand(), u"blue"_s); });
     row("a palette removed", u"Removed Brand"_s, both, u"Sea:"_s,
         [](Filled& filled) { filled->deleteCollection(filled.brand()); });
     row("a color added", u"Added Red"_s, both, u"Brand: #FF0000 #00FF00; Sea: #FF0000"_s,
@@ -150,6 +153,16 @@ void UndoTest::aSortIsTakenBack()
     QCOMPARE(made.takeFirst(), QVariantList{u"Sorted Brand"_s});
     filled->undo();
     QCOMPARE(filled->collections()[0].colorIds, (QList<QUuid>{unknown, filled.green, filled.red}));
+}
+
+void UndoTest::aCopyKeepsTheColorOfTheIcon()
+{
+    Filled filled;
+    filled->setIconColor(filled.brand(), u"blue"_s);
+    filled->duplicateCollection(filled.brand());
+    QCOMPARE(filled->collections()[1].iconColor, u"blue"_s);
+    filled.restart();
+    QCOMPARE(filled->collections()[1].iconColor, u"blue"_s);
 }
 
 void UndoTest::nothingIsTakenBackWithoutAChange()
