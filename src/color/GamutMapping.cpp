@@ -47,10 +47,12 @@ Components gamutMapped(const Components& xyzD65)
         return clipped(srgb);
     }
     Components oklch = lchFromLab(oklabFromXyzD65(xyzD65));
-    if (oklch[0] >= 1) {
+    // The lightness of white and black is not exact after the conversion.
+    constexpr double rounding = 1e-6;
+    if (oklch[0] >= 1 - rounding) {
         return {1, 1, 1};
     }
-    if (oklch[0] <= 0) {
+    if (oklch[0] <= rounding) {
         return {0, 0, 0};
     }
 
