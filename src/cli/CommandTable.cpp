@@ -88,12 +88,14 @@ constexpr std::array commands{
                 u"file is refused, nothing is changed.",
                 {},
                 Completion::File},
-    CommandInfo{
-        CommandId::Convert, u"convert", u"COLOR…", 1, unlimited, u"Convert colors to another format",
-        u"Reads colors in any form of CSS Color 4, names of colors (\"Pale Violet\") and Tailwind tokens "
-        u"(blue-500). Prints each one on a line, as HEX unless a format is given. A color outside sRGB "
-        u"becomes the nearest one inside, which is reported on standard error.",
-        listOptions},
+    CommandInfo{CommandId::Convert, u"convert", u"COLOR…", 1, unlimited, u"Convert colors to another format",
+                u"Reads colors in any form of CSS Color 4, names of colors (\"Pale Violet\"), Tailwind "
+                u"tokens (blue-500) "
+                u"and the notations 3B82F6, 0xFF3B82F6, hsv(), cmyk(), \"59 130 246\" and \"0.2, 0.5, 1.0\". "
+                u"Prints each "
+                u"one on a line, as HEX unless a format is given. A color outside sRGB "
+                u"becomes the nearest one inside, which is reported on standard error.",
+                listOptions},
     CommandInfo{
         CommandId::Panel, u"panel", {}, 0, 0, u"Open the panel", u"Starts Tintwick if it does not run."},
     CommandInfo{CommandId::Settings,

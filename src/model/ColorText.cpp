@@ -1,5 +1,6 @@
 #include "ColorText.h"
 
+#include "ColorNotation.h"
 #include "CssColor.h"
 #include "NamedColors.h"
 #include "TailwindPalette.h"
@@ -45,9 +46,12 @@ std::optional<WrittenColor> colorFromText(QStringView text)
         return WrittenColor{CapturedColor::capture(red, green, blue, css->alpha), css->isGamutMapped};
     }
     const QStringView name = text.trimmed();
-    const std::optional<CapturedColor> named = namedColor(name);
-    const std::optional<CapturedColor> color = named ? named : tailwindColor(name);
-    return color ? std::optional(WrittenColor{*color, false}) : std::nullopt;
+    for (const auto& read : {namedColor, tailwindColor, colorFromNotation}) {
+        if (const std::optional<CapturedColor> color = read(name)) {
+            return WrittenColor{*color, false};
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace tintwick

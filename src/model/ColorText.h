@@ -17,9 +17,9 @@ struct WrittenColor
     bool isGamutMapped = false;
 };
 
-/// Reads a colour that is written in CSS (see parseCssColor()), as one of our colour names ("Pale Violet") or as a token
-/// of the Tailwind palette ("blue-500"). A text that is both a CSS name and one of ours is the CSS colour. The case of
-/// letters does not matter. Nothing when the text is none of these.
+/// Reads a colour that is written in CSS (see parseCssColor()), as one of our colour names ("Pale Violet"), as a token of the
+/// Tailwind palette ("blue-500") or in another notation (see colorFromNotation()). A text that is both a CSS name and one
+/// of ours is the CSS colour. The case of letters does not matter. Nothing when the text is none of these.
 [[nodiscard]] std::optional<WrittenColor> colorFromText(QStringView text);
 
 } // namespace tintwick

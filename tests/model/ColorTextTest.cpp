@@ -35,6 +35,19 @@ void ColorTextTest::aWrittenColorIsRead_data()
     // Not a name of CSS.
     row("Charcoal", "#36454FFF");
     row("color(display-p3 0 1 0)", "#00FB29FF", true);
+    row("3B82F6", "#3B82F6FF");
+    row("3b82f680", "#3B82F680");
+    row("0x803B82F6", "#3B82F680");
+    row("0X3B82F6", "#3B82F6FF");
+    row("hsv(217, 76%, 96%)", "#3B82F5FF");
+    row("HSB(0 100% 100%)", "#FF0000FF");
+    row("cmyk(76%, 47%, 0%, 4%)", "#3B82F5FF");
+    row("cmyk(0 0 0 1)", "#000000FF");
+    row("59, 130, 246", "#3B82F6FF");
+    row("59 130 246", "#3B82F6FF");
+    row("1,0,1", "#010001FF");
+    row("0.231, 0.510, 0.965", "#3B82F6FF");
+    row("1.0, 0, .5", "#FF0080FF");
 }
 
 void ColorTextTest::aWrittenColorIsRead()
@@ -50,8 +63,35 @@ void ColorTextTest::aWrittenColorIsRead()
 void ColorTextTest::otherTextsAreRefused_data()
 {
     QTest::addColumn<QString>("text");
-    for (const char* text : {"", "blue-", "blue-55", "blue-0500", "-500", "ultra-500", "Pale  Violet",
-                             "Unknown", "color(foo 1 1 1)", "blue 500"}) {
+    for (const char* text : {"",
+                             "blue-",
+                             "blue-55",
+                             "blue-0500",
+                             "-500",
+                             "ultra-500",
+                             "Pale  Violet",
+                             "Unknown",
+                             "color(foo 1 1 1)",
+                             "blue 500",
+                             "3B8",
+                             "3B82F",
+                             "3B82F6FF0",
+                             "3B82G6",
+                             "0x3B8",
+                             "256, 0, 0",
+                             "1.5, 0, 0",
+                             "1, 2",
+                             "1, 2, 3, 4",
+                             "-1, 0, 0",
+                             "1,,2",
+                             "10%, 20%, 30%",
+                             "hsv(217, 76%)",
+                             "hsv(217, 120%, 96%)",
+                             "hsv(217, 76, 96)",
+                             "cmyk(1%, 2%, 3%)",
+                             "hsv(a, b, c)",
+                             "hsv()",
+                             "hsv(0, 100%, 100%"}) {
         QTest::newRow(text) << QString::fromUtf8(text);
     }
 }
