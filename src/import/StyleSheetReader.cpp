@@ -64,7 +64,7 @@ Import readStyleSheet(QByteArrayView bytes)
     while (matches.hasNext()) {
         const auto match = matches.next();
         const QString value = match.captured(2).remove(flag).trimmed();
-        if (const auto written = colorFromText(value)) {
+        if (const auto written = colorFromCss(value)) {
             palette.colors.append(written->color);
             palette.colors.last().customName = match.captured(1);
         } else if (isMeantAsColor(value)) {

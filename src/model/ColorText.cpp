@@ -39,11 +39,20 @@ std::optional<CapturedColor> tailwindColor(QStringView token)
 
 } // namespace
 
+std::optional<WrittenColor> colorFromCss(QStringView text)
+{
+    const auto css = parseCssColor(text);
+    if (!css) {
+        return std::nullopt;
+    }
+    const auto& [red, green, blue] = css->srgb;
+    return WrittenColor{CapturedColor::capture(red, green, blue, css->alpha), css->isGamutMapped};
+}
+
 std::optional<WrittenColor> colorFromText(QStringView text)
 {
-    if (const auto css = parseCssColor(text)) {
-        const auto& [red, green, blue] = css->srgb;
-        return WrittenColor{CapturedColor::capture(red, green, blue, css->alpha), css->isGamutMapped};
+    if (auto css = colorFromCss(text)) {
+        return css;
     }
     const QStringView name = text.trimmed();
     for (const auto& read : {namedColor, tailwindColor, colorFromNotation}) {

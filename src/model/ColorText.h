@@ -17,6 +17,8 @@ struct WrittenColor
     bool isGamutMapped = false;
 };
 
+/// Reads a colour that is written in CSS (see parseCssColor()); nothing for any other text.
+[[nodiscard]] std::optional<WrittenColor> colorFromCss(QStringView text);
 /// Reads a colour that is written in CSS (see parseCssColor()), as one of our colour names ("Pale Violet"), as a token of the
 /// Tailwind palette ("blue-500") or in another notation (see colorFromNotation()). A text that is both a CSS name and one
 /// of ours is the CSS colour. The case of letters does not matter. Nothing when the text is none of these.

@@ -99,8 +99,9 @@ void FileImportTest::filesAreRead_data()
                                          "0007 1388 0000 0000 0000")
                                 << u"file|#0000FF -|#00FFFF -|#777777 -"_s;
     QTest::newRow("CSS")
-        << QByteArray("/* --a: #111; */\n:root {\n  --sky: #38BDF8;\n  --sky-50: rgb(0 0 255 / 50%);"
-                      "--gap: 4px; --ref: var(--sky); --éclair: tomato }\n")
+        << QByteArray(
+               "/* --a: #111; */\n:root {\n  --sky: #38BDF8;\n  --sky-50: rgb(0 0 255 / 50%);"
+               "--gap: 4px; --layer: 100000; --ease: 0.4, 0, 0.2; --ref: var(--sky); --éclair: tomato }\n")
         << u"file|#38BDF8 sky|#0000FF80 sky-50|#FF6347 éclair"_s;
     QTest::newRow("SCSS") << QByteArray(
                                  "// $a: #111;\n$sky: #38BDF8 !default;\n$url: \"https://a\";\n$two: $sky;\n"
