@@ -10,7 +10,6 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QTest>
@@ -300,7 +299,7 @@ private Q_SLOTS:
     void aClickInThePortalsDialogDoesNotHideThePanel();
     void withoutAWorkingPortalTheToolkitsDialogIsShown_data();
     void withoutAWorkingPortalTheToolkitsDialogIsShown();
-    void aFrozenBusDelaysTheToolkitsDialogByLessThanASecond();
+    void withAFrozenBusTheToolkitsDialogIsShown();
     void thePortalGetsTheLastFolder();
     void quittingClosesThePortalsDialog();
 };
@@ -646,16 +645,14 @@ void ExportTest::withoutAWorkingPortalTheToolkitsDialogIsShown()
     QVERIFY(!QFile::exists(desk.home(u"late.json"_s)));
 }
 
-void ExportTest::aFrozenBusDelaysTheToolkitsDialogByLessThanASecond()
+void ExportTest::withAFrozenBusTheToolkitsDialogIsShown()
 {
     Desk desk(true);
     QVERIFY(desk.openPanel());
     desk.desktop.freezeSessionBus();
     QVERIFY(desk.choose(Export::Json));
-    QElapsedTimer elapsed;
-    elapsed.start();
+    // Had something waited for the bus, it would give up after 25 seconds, and the test after 20.
     QVERIFY(desk.waitForDialogs(1));
-    QVERIFY2(elapsed.elapsed() < 3000, qPrintable(QString::number(elapsed.elapsed())));
     desk.desktop.typeKey(XK_Return);
     QVERIFY(desk.waitForDialogs(0));
     QVERIFY(waitUntil([&] { return contentOf(desk.home(u"palette.json"_s)) == json; }));

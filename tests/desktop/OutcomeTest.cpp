@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -350,11 +349,9 @@ void OutcomeTest::aFrozenSessionBusDelaysNoPick()
 {
     PrivateDesktop desktop({.sessionBus = true});
     desktop.freezeSessionBus();
-    QElapsedTimer elapsed;
-    elapsed.start();
     TintwickProcess program(desktop);
+    // Had something waited for the bus, it would give up after 25 seconds, and the test after 20.
     QVERIFY(program.waitForTrayIcon());
-    QVERIFY2(elapsed.elapsed() < 3000, qPrintable(QString::number(elapsed.elapsed())));
     QVERIFY(program.startPicking());
     desktop.movePointer(middle);
     desktop.click();

@@ -1,23 +1,37 @@
 #include "DesktopSettings.h"
 #include "FileChooser.h"
+#include "PortalAccess.h"
 #include "PortalTypes.h"
+#include "support/PrivateBus.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
-#include <QProcess>
+#include <QDeadlineTimer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+#include <utility>
 
 using namespace tintwick;
+using namespace tintwick::test;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+
+const FileChooser::Question question{.parentWindow = {},
+                                     .title = u"Save"_s,
+                                     .suggestedName = u"a.css"_s,
+                                     .folder = {},
+                                     .kind = u"CSS"_s,
+                                     .suffix = u"css"_s};
 
 } // namespace
 
@@ -58,32 +72,26 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
     void settingsAreReadAtTheStart();
     void aChangedSettingIsReported();
     void withoutTheServiceThereAreNoPreferences();
     void withoutTheServiceTheFileChooserIsUnavailable();
+    void aBusThatFreezesAfterItsAnswerBlocksNothing();
 
 private:
-    QTemporaryDir m_folder;
-    QProcess m_bus;
+    std::unique_ptr<PrivateBus> m_bus;
     SettingsPortal* m_portal = nullptr;
 };
 
 void PortalTest::initTestCase()
 {
-    const QString address = u"unix:path="_s + m_folder.filePath(u"bus"_s);
-    m_bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
-                                   u"--address="_s + address});
-    QVERIFY(m_bus.waitForReadyRead());
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address.toUtf8());
+    m_bus = std::make_unique<PrivateBus>();
     qDBusRegisterMetaType<SettingsByNamespace>();
 }
 
 void PortalTest::init()
 {
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(QString::fromUtf8(qgetenv("DBUS_SESSION_BUS_ADDRESS")), u"portal"_s);
+    QDBusConnection bus = PrivateBus::connectAs(u"portal"_s);
     QVERIFY(bus.isConnected());
     m_portal = new SettingsPortal;
     QVERIFY(bus.registerObject(portalPath, m_portal, QDBusConnection::ExportAllSlots));
@@ -93,13 +101,6 @@ void PortalTest::cleanup()
 {
     delete std::exchange(m_portal, nullptr);
     QDBusConnection::disconnectFromBus(u"portal"_s);
-}
-
-void PortalTest::cleanupTestCase()
-{
-    QDBusConnection::disconnectFromBus(u"qt_default_session_bus"_s);
-    m_bus.terminate();
-    QVERIFY(m_bus.waitForFinished());
 }
 
 void PortalTest::settingsAreReadAtTheStart()
@@ -146,13 +147,30 @@ void PortalTest::withoutTheServiceTheFileChooserIsUnavailable()
 {
     FileChooser chooser;
     QSignalSpy unavailable(&chooser, &FileChooser::unavailable);
-    chooser.saveFile({.parentWindow = {},
-                      .title = u"Save"_s,
-                      .suggestedName = u"a.css"_s,
-                      .folder = {},
-                      .kind = u"CSS"_s,
-                      .suffix = u"css"_s});
+    chooser.saveFile(question);
     QTRY_COMPARE(unavailable.count(), 1);
+}
+
+void PortalTest::aBusThatFreezesAfterItsAnswerBlocksNothing()
+{
+    m_portal->settings = {{u"org.freedesktop.appearance"_s, {{u"color-scheme"_s, 1U}}}};
+    QVERIFY(QDBusConnection(u"portal"_s).registerService(u"org.freedesktop.portal.Desktop"_s));
+    QObject context;
+    // A call that blocks the event loop would keep the bus frozen, and would time out after 25 seconds.
+    const QDeadlineTimer timeout(std::chrono::seconds(20));
+    // Called just before the settings and the file chooser use the portal.
+    askPortals(context, [this](bool) {
+        m_bus->freeze();
+        QTimer::singleShot(0, this, [this] { m_bus->goOn(); });
+    });
+    const DesktopSettings settings;
+    FileChooser chooser;
+    QSignalSpy unavailable(&chooser, &FileChooser::unavailable);
+    chooser.saveFile(question);
+    QTRY_COMPARE(settings.prefersDark(), std::optional(true));
+    // The portal of the test has no file chooser.
+    QTRY_COMPARE(unavailable.count(), 1);
+    QVERIFY(!timeout.hasExpired());
 }
 
 QTEST_GUILESS_MAIN(PortalTest)

@@ -2,9 +2,10 @@
 
 #include "Portal.h"
 #include "PortalAccess.h"
-#include "SettingsProxy.h"
+#include "PortalTypes.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -16,6 +17,8 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
 
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
@@ -42,10 +45,13 @@ DesktopSettings::DesktopSettings(QObject* parent)
 void DesktopSettings::askPortal()
 {
     qDBusRegisterMetaType<SettingsByNamespace>();
-    auto* proxy = new SettingsProxy(portal::service, portal::path, QDBusConnection::sessionBus(), this);
-    connect(proxy, &SettingsProxy::SettingChanged, this, &DesktopSettings::takeChange);
-    auto* call = new QDBusPendingCallWatcher(
-        proxy->ReadAll({appearanceSpace, gnomeSpace, gnomeAccessibilitySpace, kdeSpace}), this);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.connect({}, portal::path, settingsInterface, u"SettingChanged"_s, this,
+                SLOT(takeChange(QDBusMessage)));
+    const QDBusMessage question =
+        portal::call(settingsInterface, u"ReadAll"_s)
+        << QStringList{appearanceSpace, gnomeSpace, gnomeAccessibilitySpace, kdeSpace};
+    auto* call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::takeAll);
 }
 
@@ -82,9 +88,13 @@ void DesktopSettings::take(const QString& space, const QString& key, const QVari
     }
 }
 
-void DesktopSettings::takeChange(const QString& space, const QString& key, const QDBusVariant& value)
+void DesktopSettings::takeChange(const QDBusMessage& message)
 {
-    take(space, key, value.variant());
+    if (message.signature() == "ssv"_L1) {
+        const QVariantList arguments = message.arguments();
+        take(arguments.at(0).toString(), arguments.at(1).toString(),
+             arguments.at(2).value<QDBusVariant>().variant());
+    }
 }
 
 void DesktopSettings::takeAll(QDBusPendingCallWatcher* call)

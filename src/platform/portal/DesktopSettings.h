@@ -6,8 +6,8 @@
 
 #include <optional>
 
+class QDBusMessage;
 class QDBusPendingCallWatcher;
-class QDBusVariant;
 
 namespace tintwick {
 
@@ -32,9 +32,11 @@ public:
 Q_SIGNALS:
     void changed();
 
+private Q_SLOTS:
+    void takeChange(const QDBusMessage& message);
+
 private:
     void askPortal();
-    void takeChange(const QString& space, const QString& key, const QDBusVariant& value);
     void takeAll(QDBusPendingCallWatcher* call);
 
     std::optional<bool> m_prefersDark;

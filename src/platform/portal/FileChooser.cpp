@@ -1,10 +1,8 @@
 #include "FileChooser.h"
 
-#include "FileChooserProxy.h"
 #include "Portal.h"
 
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QDBusMetaType>
 #include <QFile>
 #include <QList>
@@ -97,8 +95,8 @@ FileChooser::FileChooser(QObject* parent)
 void FileChooser::saveFile(const Question& question)
 {
     send([question](const QString& token) {
-        FileChooserProxy proxy(portal::service, portal::path, QDBusConnection::sessionBus());
-        return proxy.SaveFile(question.parentWindow, question.title, optionsFor(question, token));
+        return portal::call(u"org.freedesktop.portal.FileChooser"_s, u"SaveFile"_s)
+               << question.parentWindow << question.title << optionsFor(question, token);
     });
 }
 

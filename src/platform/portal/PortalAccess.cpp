@@ -67,9 +67,8 @@ private:
     void send()
     {
         constexpr int patience = 3000; // milliseconds
-        QDBusMessage call = QDBusMessage::createMethodCall(
-            portal::service, portal::path, u"org.freedesktop.host.portal.Registry"_s, u"Register"_s);
-        call << QGuiApplication::desktopFileName() << QVariantMap();
+        const QDBusMessage call = portal::call(u"org.freedesktop.host.portal.Registry"_s, u"Register"_s)
+                                  << QGuiApplication::desktopFileName() << QVariantMap();
         auto* reply =
             new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, patience), this);
         // A portal without a registry, and one that finds no desktop entry of this id, still serve calls without an id.

@@ -2,12 +2,13 @@
 
 #include "Portal.h"
 #include "PortalAccess.h"
-#include "RequestProxy.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
 #include <utility>
@@ -17,6 +18,8 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+const QString requestInterface = u"org.freedesktop.portal.Request"_s;
 
 /// The numbers of the answers.
 enum Response : unsigned { Succeeded = 0, CancelledByUser = 1 };
@@ -44,9 +47,8 @@ PortalRequest::PortalRequest(QObject* parent)
 PortalRequest::~PortalRequest()
 {
     if (!m_hasEnded && !m_handle.isEmpty()) {
-        // The constructor of a proxy would wait for a bus that does not answer.
-        QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
-            portal::service, m_handle, QLatin1StringView(RequestProxy::staticInterfaceName()), u"Close"_s));
+        QDBusConnection::sessionBus().send(
+            QDBusMessage::createMethodCall(portal::service, m_handle, requestInterface, u"Close"_s));
     }
 }
 
@@ -71,14 +73,13 @@ void PortalRequest::sendNow(const Call& call)
     auto* watcher =
         new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::giveUp);
-    // Subscribes before the call, because the answer may come before the reply; and to every path, which the proxy cannot
-    // do, because an old portal chooses the path itself and reports it only in the reply.
-    bus.connect(portal::service, {}, QLatin1StringView(RequestProxy::staticInterfaceName()), u"Response"_s,
-                this, SLOT(takeResponse(QDBusMessage)));
+    // Subscribes before the call, because the answer may come before the reply; and to every path, because an old portal
+    // chooses the path itself and reports it only in the reply.
+    bus.connect({}, {}, requestInterface, u"Response"_s, this, SLOT(takeResponse(QDBusMessage)));
 
     const QString token = nextToken();
     m_handle = handlePath(bus, token);
-    auto* reply = new QDBusPendingCallWatcher(call(token), this);
+    auto* reply = new QDBusPendingCallWatcher(bus.asyncCall(call(token)), this);
     connect(reply, &QDBusPendingCallWatcher::finished, this, &PortalRequest::takeHandle);
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QDBusObjectPath>
-#include <QDBusPendingReply>
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
@@ -30,8 +28,8 @@ Q_SIGNALS:
 protected:
     explicit PortalRequest(QObject* parent);
 
-    using Call = std::function<QDBusPendingReply<QDBusObjectPath>(const QString& token)>;
-    /// Subscribes to the answer, then makes the call, from the event loop. The token is for the call's option
+    using Call = std::function<QDBusMessage(const QString& token)>;
+    /// Subscribes to the answer, then sends the call, from the event loop. The token is for the call's option
     /// "handle_token".
     void send(const Call& call);
 

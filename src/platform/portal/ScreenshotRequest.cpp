@@ -1,9 +1,7 @@
 #include "ScreenshotRequest.h"
 
 #include "Portal.h"
-#include "ScreenshotProxy.h"
 
-#include <QDBusConnection>
 #include <QFile>
 #include <QImageReader>
 #include <QUrl>
@@ -20,8 +18,9 @@ ScreenshotRequest::ScreenshotRequest(QObject* parent)
 void ScreenshotRequest::takeScreenshot()
 {
     send([](const QString& token) {
-        ScreenshotProxy proxy(portal::service, portal::path, QDBusConnection::sessionBus());
-        return proxy.Screenshot({}, {{u"handle_token"_s, token}, {u"interactive"_s, false}});
+        const QString noParentWindow;
+        return portal::call(u"org.freedesktop.portal.Screenshot"_s, u"Screenshot"_s)
+               << noParentWindow << QVariantMap{{u"handle_token"_s, token}, {u"interactive"_s, false}};
     });
 }
 

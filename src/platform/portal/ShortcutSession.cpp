@@ -79,9 +79,9 @@ ShortcutSession::Triggers triggersIn(const QVariant& list)
     return triggers;
 }
 
-QDBusMessage portalCall(const QString& method)
+QDBusMessage shortcutsCall(const QString& method)
 {
-    return QDBusMessage::createMethodCall(portal::service, portal::path, shortcutsInterface, method);
+    return portal::call(shortcutsInterface, method);
 }
 
 /// A request that passes its answer on; a failure is an answer without success.
@@ -89,16 +89,13 @@ class Question final : public PortalRequest
 {
 public:
     using Then = std::function<void(bool isSuccess, const QVariantMap& results)>;
-    using Message = std::function<QDBusMessage(const QString& token)>;
 
-    Question(QObject& session, const Message& message, Then then)
+    Question(QObject& session, const Call& message, Then then)
         : PortalRequest(&session)
         , m_then(std::move(then))
     {
         connect(this, &PortalRequest::unavailable, this, [this] { end(false, {}); });
-        send([message](const QString& token) -> QDBusPendingReply<QDBusObjectPath> {
-            return QDBusConnection::sessionBus().asyncCall(message(token));
-        });
+        send(message);
     }
 
 private:
@@ -153,7 +150,6 @@ ShortcutSession::~ShortcutSession()
     QDBusConnection::sessionBus().send(close);
 }
 
-// The signals are matched without the name of a service, because the name would be looked up first, which blocks.
 void ShortcutSession::listen()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -168,9 +164,8 @@ void ShortcutSession::listen()
 
 void ShortcutSession::askVersion()
 {
-    QDBusMessage question = QDBusMessage::createMethodCall(portal::service, portal::path,
-                                                           u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << shortcutsInterface << u"version"_s;
+    const QDBusMessage question = portal::call(u"org.freedesktop.DBus.Properties"_s, u"Get"_s)
+                                  << shortcutsInterface << u"version"_s;
     auto* call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
         call->deleteLater();
@@ -189,9 +184,9 @@ void ShortcutSession::askVersion()
 void ShortcutSession::create()
 {
     const auto message = [this](const QString& token) {
-        return portalCall(u"CreateSession"_s) << QVariantMap{{u"handle_token"_s, token},
-                                                             {u"session_handle_token"_s, sessionToken},
-                                                             {u"shortcuts"_s, shortcutsFor(m_requests)}};
+        return shortcutsCall(u"CreateSession"_s) << QVariantMap{{u"handle_token"_s, token},
+                                                                {u"session_handle_token"_s, sessionToken},
+                                                                {u"shortcuts"_s, shortcutsFor(m_requests)}};
     };
     new Question(*this, message, [this](bool isSuccess, const QVariantMap& results) {
         const QVariant handle = results.value(u"session_handle"_s);
@@ -215,7 +210,7 @@ void ShortcutSession::create()
 void ShortcutSession::list()
 {
     const auto message = [this](const QString& token) {
-        return portalCall(u"ListShortcuts"_s)
+        return shortcutsCall(u"ListShortcuts"_s)
                << QVariant::fromValue(QDBusObjectPath(m_handle)) << QVariantMap{{u"handle_token"_s, token}};
     };
     new Question(*this, message, [this](bool isSuccess, const QVariantMap& results) {
@@ -235,7 +230,7 @@ bool ShortcutSession::isComplete(const Triggers& boundWithSession) const
 void ShortcutSession::bind()
 {
     const auto message = [this](const QString& token) {
-        return portalCall(u"BindShortcuts"_s)
+        return shortcutsCall(u"BindShortcuts"_s)
                << QVariant::fromValue(QDBusObjectPath(m_handle)) << shortcutsFor(m_requests) << m_parentWindow
                << QVariantMap{{u"handle_token"_s, token}};
     };
@@ -252,7 +247,7 @@ void ShortcutSession::configure(const QString& parentWindow)
         Q_EMIT notConfigurable(parentWindow);
         return;
     }
-    const QDBusMessage message = portalCall(u"ConfigureShortcuts"_s)
+    const QDBusMessage message = shortcutsCall(u"ConfigureShortcuts"_s)
                                  << QVariant::fromValue(QDBusObjectPath(m_handle)) << parentWindow
                                  << QVariantMap();
     auto* call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
