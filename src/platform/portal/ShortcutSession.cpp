@@ -140,14 +140,19 @@ ShortcutSession::ShortcutSession(const QList<Request>& requests, Purpose purpose
 
 ShortcutSession::~ShortcutSession()
 {
-    if (m_handle.isEmpty()) {
+    close();
+}
+
+void ShortcutSession::close()
+{
+    const QString handle = std::exchange(m_handle, {});
+    if (handle.isEmpty()) {
         return;
     }
-    QDBusMessage close =
-        QDBusMessage::createMethodCall(portal::service, m_handle, sessionInterface, u"Close"_s);
+    QDBusMessage call = QDBusMessage::createMethodCall(portal::service, handle, sessionInterface, u"Close"_s);
     // A portal that has ended has no session to close.
-    close.setAutoStartService(false);
-    QDBusConnection::sessionBus().send(close);
+    call.setAutoStartService(false);
+    QDBusConnection::sessionBus().send(call);
 }
 
 void ShortcutSession::listen()

@@ -39,6 +39,9 @@ public:
     ShortcutSession(const QList<Request>& requests, Purpose purpose, QString parentWindow);
     ~ShortcutSession() override;
 
+    /// Closes the session before the object is destroyed. The next session has the same name for the portal, so close the
+    /// former one first.
+    void close();
     /// Opens the desktop's dialog for the keys. Emits notConfigurable() instead where the portal has no call for it.
     void configure(const QString& parentWindow);
 

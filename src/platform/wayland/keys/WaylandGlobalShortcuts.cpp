@@ -137,6 +137,7 @@ void WaylandGlobalShortcuts::dropSession()
 {
     if (m_session) {
         m_session->disconnect(this);
+        m_session->close();
         // It may be emitting a signal.
         m_session.release()->deleteLater();
     }
