@@ -1,5 +1,6 @@
 #include "shots/PanelShots.h"
 
+#include "ActionPill.h"
 #include "AppState.h"
 #include "Appearance.h"
 #include "Button.h"
@@ -11,7 +12,6 @@
 #include "Overlay.h"
 #include "PanelView.h"
 #include "Preferences.h"
-#include "UndoPill.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
 
@@ -74,7 +74,7 @@ private:
 /// Ends the time for which the last change is offered for undo.
 void letOfferEnd(DemoPanel& panel)
 {
-    panel.view().findChild<UndoPill*>()->findChild<QTimer*>()->start(0);
+    panel.view().findChild<ActionPill*>()->findChild<QTimer*>()->start(0);
     QApplication::processEvents();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "ActionPill.h"
 #include "AppState.h"
 #include "DashboardView.h"
 #include "PanelView.h"
 #include "Preferences.h"
 #include "Ticker.h"
-#include "UndoPill.h"
 #include "ui/Probes.h"
 
 #include <QApplication>
@@ -60,7 +60,7 @@ public:
     /// Ends the time for which the last change is offered for undo.
     void letOfferEnd() const
     {
-        view->findChild<UndoPill*>()->findChild<QTimer*>()->start(0);
+        view->findChild<ActionPill*>()->findChild<QTimer*>()->start(0);
         settle();
         settle();
     }

@@ -1,5 +1,6 @@
 #include "PanelView.h"
 
+#include "ActionPill.h"
 #include "Appearance.h"
 #include "Button.h"
 #include "Clickable.h"
@@ -19,7 +20,6 @@
 #include "ScrollArea.h"
 #include "Stack.h"
 #include "SwatchView.h"
-#include "UndoPill.h"
 #include "ui/Contrast.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -865,7 +865,7 @@ void PanelViewTest::aSavedFileIsNamedAndItsFolderIsOneClickAway()
     panel.settle();
     QAbstractButton* show = button(panel, u"Show"_s);
     QVERIFY(show);
-    QCOMPARE(test::visibleTexts(*panel.view->findChild<UndoPill*>()).join(u' '),
+    QCOMPARE(test::visibleTexts(*panel.view->findChild<ActionPill*>()).join(u' '),
              u"Saved palette.css – Show"_s);
     QTest::mouseClick(show, Qt::LeftButton);
     QCOMPARE(manager.shown, QList{QUrl(u"file:///home/ada/Site"_s)});
@@ -895,7 +895,7 @@ void PanelViewTest::droppedFilesBecomePalettes()
     QCOMPARE(panel.state.colorsOf(sea).at(0).customName, u"Wave"_s);
     QCOMPARE(panel.state.colorsOf(sea).at(1).customName, u"Black"_s);
     QVERIFY(panel.state.history().isEmpty());
-    QCOMPARE(test::visibleTexts(*panel.view->findChild<UndoPill*>()).join(u' '), u"Imported Sea – Undo"_s);
+    QCOMPARE(test::visibleTexts(*panel.view->findChild<ActionPill*>()).join(u' '), u"Imported Sea – Undo"_s);
 
     drop(panel, u"sky.gpl"_s, "GIMP Palette\n59 130\n");
     QCOMPARE(panel.state.collections().size(), 1);

@@ -1,5 +1,6 @@
 #include "PanelView.h"
 
+#include "ActionPill.h"
 #include "AppState.h"
 #include "Clickable.h"
 #include "CollectionDetailView.h"
@@ -21,7 +22,6 @@
 #include "Rule.h"
 #include "Stack.h"
 #include "Theme.h"
-#include "UndoPill.h"
 
 #include <QDesktopServices>
 #include <QDragEnterEvent>
@@ -78,7 +78,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
         rule(),
         m_notice = new NoticeView,
         m_screens = column(m_dashboard = new DashboardView(m_appState, *this)),
-        m_undoPill = new UndoPill(m_appState, *this)));
+        m_actionPill = new ActionPill(m_appState, *this)));
     // clang-format on
     m_screenStack.emplace(*m_screens, *m_dashboard,
                           [this](const PanelScreen& screen) { return makeScreen(screen); });
@@ -232,8 +232,8 @@ void PanelView::updateNotice()
 void PanelView::showSavedFile(const QString& path)
 {
     const QFileInfo file(path);
-    m_undoPill->say(tr("Saved %1").arg(inOneLine(file.fileName())),
-                    {tr("Show"), [this, folder = file.path()] { showFolder(folder); }});
+    m_actionPill->say(tr("Saved %1").arg(inOneLine(file.fileName())),
+                      {tr("Show"), [this, folder = file.path()] { showFolder(folder); }});
 }
 
 void PanelView::showFolder(const QString& folder)
@@ -332,7 +332,7 @@ void PanelView::showSelection()
     const auto change = [&] {
         showHeader();
         m_screenStack->show(path, isKeyboardUsed ? focused : nullptr);
-        m_undoPill->moveToEndOfTabOrder();
+        m_actionPill->moveToEndOfTabOrder();
     };
     if ((before.kind == PanelScreen::Kind::Settings) != (now.kind == PanelScreen::Kind::Settings)) {
         fadeThrough(*this, {m_header, m_screens}, change);

@@ -22,7 +22,7 @@ class NoticeView;
 class PanelHeader;
 class Preferences;
 class Stack;
-class UndoPill;
+class ActionPill;
 
 /// The content of the panel: a header, and below it one screen. Paints the rounded background.
 class PanelView final : public View
@@ -113,7 +113,7 @@ private:
     QList<PanelScreen> m_openedScreens;
 
     PanelHeader* m_header = nullptr;
-    UndoPill* m_undoPill = nullptr;
+    ActionPill* m_actionPill = nullptr;
     NoticeView* m_notice = nullptr;
     QString m_passingNotice;
     bool m_hasToldOfUnreadableFile = false;

@@ -1,4 +1,4 @@
-#include "UndoPill.h"
+#include "ActionPill.h"
 
 #include "Accessibility.h"
 #include "AppState.h"
@@ -37,7 +37,7 @@ Label* pillLabel(const QString& text, const theme::Color& color)
 
 } // namespace
 
-UndoPill::UndoPill(AppState& appState, QWidget& panel)
+ActionPill::ActionPill(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_panel(panel)
     , m_text(pillLabel({}, theme::textSecond))
@@ -55,7 +55,7 @@ UndoPill::UndoPill(AppState& appState, QWidget& panel)
         return isMoving;
     })
 {
-    describeToScreenReaders<UndoPill>(QAccessible::Notification);
+    describeToScreenReaders<ActionPill>(QAccessible::Notification);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_pill->setParent(this);
     // The text shrinks first.
@@ -79,7 +79,7 @@ UndoPill::UndoPill(AppState& appState, QWidget& panel)
     addShortcut(panel, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [this] { m_appState.redo(); });
 }
 
-void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, const std::function<void()>& action)
+void ActionPill::addShortcut(QWidget& panel, const QKeySequence& keys, const std::function<void()>& action)
 {
     // A text field with the focus takes these keys itself.
     auto* shortcut = new QShortcut(keys, &panel, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
@@ -90,7 +90,7 @@ void UndoPill::addShortcut(QWidget& panel, const QKeySequence& keys, const std::
     });
 }
 
-void UndoPill::say(const QString& text, const Offer& offer)
+void ActionPill::say(const QString& text, const Offer& offer)
 {
     const bool hasOffer = static_cast<bool>(offer.action);
     m_text->setText(text);
@@ -111,7 +111,7 @@ void UndoPill::say(const QString& text, const Offer& offer)
     QAccessible::updateAccessibility(&alert);
 }
 
-void UndoPill::moveToEndOfTabOrder() const
+void ActionPill::moveToEndOfTabOrder() const
 {
     // setTabOrder() ignores widgets that take no focus.
     QWidget* last = window()->previousInFocusChain();
@@ -121,7 +121,7 @@ void UndoPill::moveToEndOfTabOrder() const
     setTabOrder(last, m_button);
 }
 
-void UndoPill::hideLater()
+void ActionPill::hideLater()
 {
     if (underMouse() || m_button->hasFocus()) {
         m_end.stop();
@@ -130,25 +130,25 @@ void UndoPill::hideLater()
     }
 }
 
-void UndoPill::setPresent(bool isPresent)
+void ActionPill::setPresent(bool isPresent)
 {
     m_presence.setTarget(isPresent ? 1 : 0);
     m_animator.start();
 }
 
-QSize UndoPill::sizeHint() const
+QSize ActionPill::sizeHint() const
 {
     return {0, qRound(m_presence.position() * (gapAbove + pillHeight + gapBelow))};
 }
 
-void UndoPill::place()
+void ActionPill::place()
 {
     const int widest = std::max(0, width() - 2 * sideGap);
     const int pillWidth = std::min(QWidgetItem(m_pill).sizeHint().width(), widest);
     m_pill->setGeometry((width() - pillWidth) / 2, gapAbove, pillWidth, pillHeight);
 }
 
-bool UndoPill::event(QEvent* event)
+bool ActionPill::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) {
         place();
@@ -156,30 +156,30 @@ bool UndoPill::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void UndoPill::enterEvent(QEnterEvent* event)
+void ActionPill::enterEvent(QEnterEvent* event)
 {
     QWidget::enterEvent(event);
     hideLater();
 }
 
-void UndoPill::leaveEvent(QEvent* event)
+void ActionPill::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
     hideLater();
 }
 
-void UndoPill::resizeEvent(QResizeEvent* event)
+void ActionPill::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     place();
 }
 
-bool UndoPill::eventFilter(QObject* watched, QEvent* event)
+bool ActionPill::eventFilter(QObject* watched, QEvent* event)
 {
     const bool handled = QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         // The filter runs before the focus changes.
-        QMetaObject::invokeMethod(this, &UndoPill::hideLater, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &ActionPill::hideLater, Qt::QueuedConnection);
     }
     return handled;
 }

@@ -1,4 +1,4 @@
-#include "UndoPill.h"
+#include "ActionPill.h"
 
 #include "Button.h"
 #include "CollectionDetailView.h"
@@ -29,7 +29,7 @@ public:
         settle();
     }
 
-    [[nodiscard]] UndoPill& pill() const { return *view->findChild<UndoPill*>(); }
+    [[nodiscard]] ActionPill& pill() const { return *view->findChild<ActionPill*>(); }
     [[nodiscard]] QAbstractButton* undo() const { return button(*view, u"Undo"_s); }
     [[nodiscard]] QTimer& timer() const { return *pill().findChild<QTimer*>(); }
     [[nodiscard]] QString said() const { return visibleTexts(pill()).join(u' '); }
@@ -52,7 +52,7 @@ public:
 
 } // namespace
 
-class UndoPillTest final : public QObject
+class ActionPillTest final : public QObject
 {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ private Q_SLOTS:
     void reducedMotionShowsThePillAtOnce();
 };
 
-void UndoPillTest::aRemovalIsOfferedForUndo()
+void ActionPillTest::aRemovalIsOfferedForUndo()
 {
     UndoFixture panel;
     QVERIFY(!panel.pill().isVisible());
@@ -87,7 +87,7 @@ void UndoPillTest::aRemovalIsOfferedForUndo()
     QVERIFY(panel.undo() == nullptr);
 }
 
-void UndoPillTest::thePillEndsAfterSixSeconds()
+void ActionPillTest::thePillEndsAfterSixSeconds()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -99,7 +99,7 @@ void UndoPillTest::thePillEndsAfterSixSeconds()
     QCOMPARE(panel.state.history().size(), 2);
 }
 
-void UndoPillTest::pointerAndFocusKeepThePill()
+void ActionPillTest::pointerAndFocusKeepThePill()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -119,7 +119,7 @@ void UndoPillTest::pointerAndFocusKeepThePill()
     QCOMPARE(panel.timer().interval(), 6000);
 }
 
-void UndoPillTest::thePillCoversNothing()
+void ActionPillTest::thePillCoversNothing()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -130,7 +130,7 @@ void UndoPillTest::thePillCoversNothing()
     QCOMPARE(placeIn(*panel.view, *panel.dashboard().findChild<ScrollArea*>()).bottom() + 1, 580);
 }
 
-void UndoPillTest::aLongNameLeavesRoomForTheButton()
+void ActionPillTest::aLongNameLeavesRoomForTheButton()
 {
     UndoFixture panel;
     const int wanted = [&] {
@@ -146,7 +146,7 @@ void UndoPillTest::aLongNameLeavesRoomForTheButton()
     QCOMPARE(text->toolTip(), u"Removed Everything that was ever on the landing page of the shop"_s);
 }
 
-void UndoPillTest::whatIsUndoneIsShownWhole()
+void ActionPillTest::whatIsUndoneIsShownWhole()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -158,7 +158,7 @@ void UndoPillTest::whatIsUndoneIsShownWhole()
     QCOMPARE(text->width(), text->sizeHint().width());
 }
 
-void UndoPillTest::keysGoBackAndForth_data()
+void ActionPillTest::keysGoBackAndForth_data()
 {
     QTest::addColumn<QString>("screen");
     for (const QString& screen : {u"dashboard"_s, u"history"_s, u"palette"_s, u"settings"_s}) {
@@ -166,7 +166,7 @@ void UndoPillTest::keysGoBackAndForth_data()
     }
 }
 
-void UndoPillTest::keysGoBackAndForth()
+void ActionPillTest::keysGoBackAndForth()
 {
     QFETCH(const QString, screen);
     UndoFixture panel;
@@ -191,7 +191,7 @@ void UndoPillTest::keysGoBackAndForth()
     QCOMPARE(panel.said(), u"Removed Red – Undo"_s);
 }
 
-void UndoPillTest::textFieldsKeepTheirKeys()
+void ActionPillTest::textFieldsKeepTheirKeys()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -206,7 +206,7 @@ void UndoPillTest::textFieldsKeepTheirKeys()
     QCOMPARE(field->text(), u"Sky"_s);
 }
 
-void UndoPillTest::keysChangeNothingBelowAnOverlay()
+void ActionPillTest::keysChangeNothingBelowAnOverlay()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -216,7 +216,7 @@ void UndoPillTest::keysChangeNothingBelowAnOverlay()
     QCOMPARE(panel.state.history().size(), 1);
 }
 
-void UndoPillTest::theButtonIsReachedByTabAndLeavesTheFocusInThePanel()
+void ActionPillTest::theButtonIsReachedByTabAndLeavesTheFocusInThePanel()
 {
     UndoFixture panel;
     panel.state.createCollection(u"Brand"_s);
@@ -230,7 +230,7 @@ void UndoPillTest::theButtonIsReachedByTabAndLeavesTheFocusInThePanel()
     QVERIFY(panel.timer().isActive());
 }
 
-void UndoPillTest::screenReadersGetTheChange()
+void ActionPillTest::screenReadersGetTheChange()
 {
     UndoFixture panel;
     panel.deleteFirst();
@@ -243,7 +243,7 @@ void UndoPillTest::screenReadersGetTheChange()
     QCOMPARE(undo->text(QAccessible::Description), u"Removed Red"_s);
 }
 
-void UndoPillTest::reducedMotionShowsThePillAtOnce()
+void ActionPillTest::reducedMotionShowsThePillAtOnce()
 {
     UndoFixture panel;
     Ticker::shared().setMotionReduced(true);
@@ -255,7 +255,7 @@ void UndoPillTest::reducedMotionShowsThePillAtOnce()
 
 int main(int argc, char** argv)
 {
-    return runWithOwnHome<UndoPillTest>(argc, argv);
+    return runWithOwnHome<ActionPillTest>(argc, argv);
 }
 
-#include "UndoPillTest.moc"
+#include "ActionPillTest.moc"

@@ -16,12 +16,12 @@ class Label;
 class PlainButton;
 class Stack;
 
-/// Names each change of the state and offers to take it back: "Removed Sky – Undo". Shows other sentences, too. A row at the
-/// bottom of the panel that takes its room from the screens, so that it covers nothing; it stays while the pointer is over it
-/// or its button has the focus.
+/// A sentence with an action, in a row at the bottom of the panel: "Removed Sky – Undo" after each change of the state, and what
+/// say() is given. The row takes its room from the screens, so that it covers nothing; it stays while the pointer is over it or
+/// its button has the focus.
 ///
 /// Ctrl+Z and Ctrl+Shift+Z in the panel go back and forth without it.
-class UndoPill final : public QWidget
+class ActionPill final : public QWidget
 {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ public:
         std::function<void()> action;
     };
 
-    UndoPill(AppState& appState, QWidget& panel);
+    ActionPill(AppState& appState, QWidget& panel);
 
     /// Replaces the sentence and the button, and alerts screen readers.
     void say(const QString& text, const Offer& offer = {});
