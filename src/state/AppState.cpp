@@ -42,6 +42,11 @@ QString colorCount(qsizetype count)
     return count == 1 ? AppState::tr("1 color") : AppState::tr("%1 colors").arg(count);
 }
 
+QString nameOf(const CapturedColor& color)
+{
+    return color.customName.value_or(color.hex6());
+}
+
 } // namespace
 
 AppState::AppState(QObject* parent)
@@ -159,6 +164,20 @@ void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
     Q_EMIT lastCopiedStringChanged();
     setShowCopiedFeedback(true);
     m_runLater(feedbackDuration, [this] { setShowCopiedFeedback(false); });
+}
+
+void AppState::insertColors(const QList<CapturedColor>& colors)
+{
+    QList<CapturedColor> inserted;
+    for (const CapturedColor& color : colors) {
+        inserted.append(named(color));
+    }
+    Payload after = m_data;
+    after.history = inserted + m_data.history;
+    after.history.resize(std::min(after.history.size(), presentLimit()));
+    after.keptColors = heldColors(after, m_data.history + m_data.keptColors);
+    make(tr("Added %1").arg(inserted.size() == 1 ? nameOf(inserted.first()) : colorCount(inserted.size())),
+         after);
 }
 
 void AppState::deleteColors(const QList<QUuid>& ids)
@@ -328,7 +347,7 @@ QString AppState::inWords(const QList<QUuid>& colorIds) const
     colors.colorIds = colorIds;
     const QList<CapturedColor> known = colorsOf(colors);
     if (colorIds.size() == 1 && known.size() == 1) {
-        return known.first().customName.value_or(known.first().hex6());
+        return nameOf(known.first());
     }
     return colorCount(colorIds.size());
 }
@@ -369,10 +388,15 @@ void AppState::apply(const Payload& from, const Payload& to)
     save();
 }
 
+qsizetype AppState::presentLimit() const
+{
+    return std::max(historyLimit, m_data.history.size());
+}
+
 void AppState::setData(Payload data, qsizetype stored)
 {
     const QList<CapturedColor> known = data.history + data.keptColors + m_data.history + m_data.keptColors;
-    const qsizetype limit = std::max({historyLimit, m_data.history.size(), stored});
+    const qsizetype limit = std::max(presentLimit(), stored);
     // resize() would copy a history that the changes share.
     if (data.history.size() > limit) {
         data.history.resize(limit);

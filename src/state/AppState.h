@@ -80,6 +80,9 @@ public:
     void addToHistory(const CapturedColor& color);
     /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);
+    /// Puts colours with new ids at the head of the history, in their order. Names those without a name by the table of names,
+    /// and drops the oldest beyond the limit.
+    void insertColors(const QList<CapturedColor>& colors);
     /// Removes colours from the history and from every collection in one change. Saves in every case.
     void deleteColors(const QList<QUuid>& ids);
     void deleteColor(const QUuid& id) { deleteColors({id}); }
@@ -146,7 +149,9 @@ private:
     void make(const QString& what, const Payload& after);
     /// Applies the difference between two payloads to the data, and saves.
     void apply(const Payload& from, const Payload& to);
-    /// Shortens the history to its limit, or to `stored` or the present length if one is greater.
+    /// The greatest length that a history may have now: the limit, or the present length if that is greater.
+    [[nodiscard]] qsizetype presentLimit() const;
+    /// Shortens the history to the present limit, or to `stored` if that is greater.
     void setData(Payload data, qsizetype stored = 0);
     /// The name of a colour, or else the number of the colours.
     [[nodiscard]] QString inWords(const QList<QUuid>& colorIds) const;

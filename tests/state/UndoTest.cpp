@@ -32,6 +32,7 @@ private Q_SLOTS:
     void aPickKeepsTheWayForward();
     void theHistoryStaysAtItsLimit();
     void aColorThatLeftTheHistoryMeanwhileStaysInItsPalette();
+    void insertedColorsPushOutTheOldest();
     void aRemovedKeptColorComesBack();
     void aLongStoredHistoryComesBackWhole();
     void editsOfTheFileBetweenStay();
@@ -99,6 +100,12 @@ void UndoTest::eachChangeIsTakenBackAndMadeAgain_data()
     row("colors added", u"Added 2 colors"_s, both, u"Brand: #FF0000 #00FF00; Sea: #00FF00 #FF0000"_s,
         [](Filled& filled) {
             filled->addColors({filled.green, filled.red}, filled.sea());
+        });
+    row("a color inserted", u"Added Dodger Blue"_s, u"#1E90FF #FF0000 #00FF00"_s, asBefore,
+        [](Filled& filled) { filled->insertColors({CapturedColor::capture(0x1E90FF)}); });
+    row("colors inserted", u"Added 2 colors"_s, u"#0000FF #1E90FF #FF0000 #00FF00"_s, asBefore,
+        [](Filled& filled) {
+            filled->insertColors({CapturedColor::capture(0x0000FF), CapturedColor::capture(0x1E90FF)});
         });
     row("a color removed from a palette", u"Removed Red"_s, both, u"Brand: #00FF00; Sea:"_s,
         [](Filled& filled) { filled->removeColor(filled.red, filled.brand()); });
@@ -186,6 +193,7 @@ void UndoTest::aChangeWithoutEffectIsNone()
     filled->deleteColor(QUuid::createUuid());
     filled->deleteCollection(QUuid::createUuid());
     filled->removeColor(filled.red, filled.sea());
+    filled->insertColors({});
     QVERIFY(made.isEmpty());
 }
 
@@ -273,6 +281,24 @@ void UndoTest::aColorThatLeftTheHistoryMeanwhileStaysInItsPalette()
     QCOMPARE(filled.palettes(), u"Brand: #FF0000 #00FF00; Sea:"_s);
     filled.restart();
     QCOMPARE(filled.palettes(), u"Brand: #FF0000 #00FF00; Sea:"_s);
+}
+
+void UndoTest::insertedColorsPushOutTheOldest()
+{
+    Filled filled;
+    filled.pickMany(97);
+    const auto before = filled->history();
+    QList<CapturedColor> colors;
+    for (const std::uint32_t rgb : {0x0000FFU, 0xFFFF00U}) {
+        colors.append(CapturedColor::capture(rgb));
+    }
+    filled->insertColors(colors);
+    QCOMPARE(filled->history().size(), 100);
+    QVERIFY(filled.history().startsWith(u"#0000FF #FFFF00 #000060"_s));
+    QVERIFY(filled.history().endsWith(u"#000000 #FF0000"_s));
+    QCOMPARE(filled.palettes(), u"Brand: #FF0000 #00FF00; Sea:"_s);
+    filled->undo();
+    QCOMPARE(filled->history(), before);
 }
 
 void UndoTest::aRemovedKeptColorComesBack()
