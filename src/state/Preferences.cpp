@@ -28,6 +28,7 @@ constexpr QAnyStringView loupeSizeKey = u"scopePhysicalSize";
 constexpr QAnyStringView loupeRadiusKey = u"scopeDefaultRadius";
 constexpr QAnyStringView loupeCaptionKey = u"scopeCaption";
 constexpr QAnyStringView keyNamesKey = u"keyNames";
+constexpr QAnyStringView editorModelKey = u"editorModel";
 constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 
 // The stored words of an enumeration, in its order.
@@ -36,6 +37,7 @@ constexpr std::array loupeShapeWords{"square"_L1, "circle"_L1};
 constexpr std::array loupeSizeWords{"small"_L1, "medium"_L1, "large"_L1};
 constexpr std::array loupeCaptionWords{"name"_L1, "text"_L1, "both"_L1};
 constexpr std::array keyNamesWords{"signs"_L1, "words"_L1};
+constexpr std::array editorModelWords{"oklch"_L1, "hsl"_L1};
 
 template <typename Enum, std::size_t N>
 QString wordOf(Enum value, const std::array<QLatin1StringView, N>& words)
@@ -253,6 +255,7 @@ Preferences::Values Preferences::storedValues() const
         .loupeRadius = radiusOf(storedValue(loupeRadiusKey)),
         .loupeCaption = valueOf(storedValue(loupeCaptionKey), loupeCaptionWords, defaults.loupeCaption),
         .keyNames = valueOf(storedValue(keyNamesKey), keyNamesWords, defaults.keyNames),
+        .editorModel = valueOf(storedValue(editorModelKey), editorModelWords, defaults.editorModel),
         .shortcutTexts = {},
     };
     for (const QString& key : m_settings ? m_settings->allKeys() : QStringList()) {
@@ -277,6 +280,9 @@ void Preferences::signalChanges(const Values& before)
     }
     if (now.keyNames != before.keyNames) {
         Q_EMIT keyNamesChanged();
+    }
+    if (now.editorModel != before.editorModel) {
+        Q_EMIT editorModelChanged();
     }
     QMap<QString, QString> either = before.shortcutTexts;
     either.insert(now.shortcutTexts);
@@ -327,6 +333,11 @@ void Preferences::setLoupeRadius(int radius)
 void Preferences::setKeyNames(KeyNames names)
 {
     store(keyNamesKey, wordOf(names, keyNamesWords));
+}
+
+void Preferences::setEditorModel(EditorModel model)
+{
+    store(editorModelKey, wordOf(model, editorModelWords));
 }
 
 std::optional<QString> Preferences::shortcutText(const QString& name) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EditorModel.h"
 #include "KeyNames.h"
 
 #include <QAnyStringView>
@@ -87,6 +88,9 @@ public:
     [[nodiscard]] KeyNames keyNames() const { return m_values.keyNames; }
     void setKeyNames(KeyNames names);
 
+    [[nodiscard]] EditorModel editorModel() const { return m_values.editorModel; }
+    void setEditorModel(EditorModel model);
+
     /// The stored text of a shortcut, by its name; empty when the stored value is not one text, none when nothing is
     /// stored.
     [[nodiscard]] std::optional<QString> shortcutText(const QString& name) const;
@@ -98,6 +102,7 @@ Q_SIGNALS:
     /// After a change of shape, size, radius or caption.
     void loupeChanged();
     void keyNamesChanged();
+    void editorModelChanged();
     void shortcutChanged(const QString& name);
     void problemChanged();
 
@@ -110,6 +115,7 @@ private:
         int loupeRadius = defaultLoupeRadius;
         LoupeCaption loupeCaption = LoupeCaption::Name;
         KeyNames keyNames = KeyNames::Signs;
+        EditorModel editorModel = EditorModel::Oklch;
         QMap<QString, QString> shortcutTexts;
     };
 

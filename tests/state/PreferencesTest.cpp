@@ -44,6 +44,7 @@ private Q_SLOTS:
     void aValueOfAnotherTypeGivesTheDefault();
     void setValuesAreWrittenAtOnce();
     void namesOfKeysAreReadAndWritten();
+    void theNumbersOfTheEditorAreReadAndWritten();
     void writtenValuesAreReadBack();
     void settingTheStoredValueDoesNotWrite();
     void eachChangeIsSignalledOnce();
@@ -261,6 +262,19 @@ void PreferencesTest::namesOfKeysAreReadAndWritten()
     QCOMPARE(Preferences().keyNames(), KeyNames::Words);
     preferences.setKeyNames(KeyNames::Signs);
     QCOMPARE(preferences.keyNames(), KeyNames::Signs);
+    QCOMPARE(changes.count(), 2);
+}
+
+void PreferencesTest::theNumbersOfTheEditorAreReadAndWritten()
+{
+    Preferences preferences;
+    QCOMPARE(preferences.editorModel(), EditorModel::Oklch);
+    const QSignalSpy changes(&preferences, &Preferences::editorModelChanged);
+    preferences.setEditorModel(EditorModel::Hsl);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\neditorModel=hsl\n"));
+    QCOMPARE(Preferences().editorModel(), EditorModel::Hsl);
+    preferences.setEditorModel(EditorModel::Oklch);
+    QCOMPARE(preferences.editorModel(), EditorModel::Oklch);
     QCOMPARE(changes.count(), 2);
 }
 
