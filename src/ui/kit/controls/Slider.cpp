@@ -31,6 +31,8 @@ constexpr double ringWidth = 3;
 /// Of the ring while the thumb is held.
 constexpr double heldRingWidth = 2;
 constexpr double focusRingGap = 4;
+/// From the ends of the track to the middle of the thumb at the lowest and the greatest value; leaves room for the ring.
+constexpr double inset = thumbSide / 2 + focusRingGap;
 constexpr double pressSeconds = 0.12;
 constexpr Shadow thumbShadow{theme::black.opacity(0.3), 3, QPointF(0, 1)};
 constexpr theme::Color thumbEdge = theme::black.opacity(0.3);
@@ -158,13 +160,13 @@ QRectF Slider::trackRect() const
 
 QPointF Slider::thumbPlace() const
 {
-    const double way = width() - thumbSide;
-    return {thumbSide / 2 + way * m_value / m_range.greatest, height() / 2.0};
+    const double way = width() - 2 * inset;
+    return {inset + way * m_value / m_range.greatest, height() / 2.0};
 }
 
 double Slider::valueAt(double x) const
 {
-    return (x - thumbSide / 2) / (width() - thumbSide) * m_range.greatest;
+    return (x - inset) / (width() - 2 * inset) * m_range.greatest;
 }
 
 void Slider::focusInEvent(QFocusEvent* event)
@@ -283,7 +285,7 @@ void Slider::paintTrack(QPainter& painter)
         m_trackPicture.fill(Qt::transparent);
         m_pictureScheme = scheme;
         QPainter track(&m_trackPicture);
-        drawSliderTrack(track, QRectF(QPointF(), place.size()), m_track, thumbSide / 2, scheme);
+        drawSliderTrack(track, QRectF(QPointF(), place.size()), m_track, inset, scheme);
     }
     painter.drawImage(place.topLeft(), m_trackPicture);
 }

@@ -42,18 +42,36 @@ QSize TextField::sizeHint() const
 
 void TextField::paintEvent(QPaintEvent* event)
 {
-    {
-        QPainter painter(this);
-        const Scheme scheme = Appearance::of(this);
-        fillRounded(painter, rect(), cornerRadius, theme::field.in(scheme));
-        if (hasFocus()) {
-            strokeInside(painter, rect(), cornerRadius, theme::focusRing.in(scheme), 2);
-        } else {
-            strokeInside(painter, rect(), cornerRadius, theme::textThird.opacity(borderOpacity).in(scheme),
-                         1);
-        }
+    if (m_isFrameShown) {
+        paintFrame();
     }
     QLineEdit::paintEvent(event);
+}
+
+void TextField::paintFrame()
+{
+    QPainter painter(this);
+    const Scheme scheme = Appearance::of(this);
+    fillRounded(painter, rect(), cornerRadius, theme::field.in(scheme));
+    if (m_isRefused) {
+        strokeInside(painter, rect(), cornerRadius, theme::red.in(scheme), 2);
+    } else if (hasFocus()) {
+        strokeInside(painter, rect(), cornerRadius, theme::focusRing.in(scheme), 2);
+    } else {
+        strokeInside(painter, rect(), cornerRadius, theme::textThird.opacity(borderOpacity).in(scheme), 1);
+    }
+}
+
+void TextField::setFrameShown(bool shown)
+{
+    m_isFrameShown = shown;
+    update();
+}
+
+void TextField::setRefused(bool refused)
+{
+    m_isRefused = refused;
+    update();
 }
 
 } // namespace tintwick

@@ -5,7 +5,7 @@
 namespace tintwick {
 
 /// A line edit with a rounded border.
-class TextField final : public QLineEdit
+class TextField : public QLineEdit
 {
     Q_OBJECT
 
@@ -16,7 +16,18 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    /// Without a frame the text stands on the ground of the panel.
+    void setFrameShown(bool shown);
+    /// Marks a text that cannot be taken.
+    void setRefused(bool refused);
+
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintFrame();
+
+    bool m_isFrameShown = true;
+    bool m_isRefused = false;
 };
 
 } // namespace tintwick

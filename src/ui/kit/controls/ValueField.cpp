@@ -99,8 +99,8 @@ void ValueField::close()
 bool ValueField::event(QEvent* event)
 {
     // Otherwise a shortcut with the key, such as one that closes the window, would act first.
-    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape &&
-        hasFocus()) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && hasFocus()) {
         event->accept();
         return true;
     }
