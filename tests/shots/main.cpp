@@ -1,5 +1,6 @@
 #include "Ticker.h"
 #include "shots/BadgeShots.h"
+#include "shots/ColorShots.h"
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/LoupeShots.h"
@@ -37,6 +38,7 @@ int main(int argc, char** argv)
     tintwick::shootBadges(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootColor(QDir(arguments.at(1)));
     tintwick::shootPalette(QDir(arguments.at(1)));
     tintwick::shootRecorder(QDir(arguments.at(1)));
     tintwick::shootSettings(QDir(arguments.at(1)));

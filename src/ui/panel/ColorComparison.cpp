@@ -5,13 +5,11 @@
 #include "Clickable.h"
 #include "ColorActions.h"
 #include "Paint.h"
+#include "TextOnColor.h"
 #include "Theme.h"
-#include "WcagContrast.h"
 
 #include <QPainter>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace tintwick {
@@ -22,20 +20,6 @@ constexpr int comparisonHeight = 112;
 constexpr double radius = 14;
 constexpr double captionInset = 12;
 constexpr double captionOpacity = 0.8;
-/// The mean of the two colours of a checkerboard.
-constexpr double checkerboard = 0.875;
-/// Black has the better contrast on lighter grounds.
-constexpr double middleLuminance = 0.179;
-
-/// Black or white, whichever can be read better on a colour.
-theme::Color captionOn(const CapturedColor& color)
-{
-    const auto seen = [&](double component) {
-        return std::lerp(checkerboard, std::clamp(component, 0.0, 1.0), std::clamp(color.alpha, 0.0, 1.0));
-    };
-    const double luminance = relativeLuminance({seen(color.red), seen(color.green), seen(color.blue)});
-    return luminance > middleLuminance ? theme::black : theme::white;
-}
 
 } // namespace
 
@@ -81,11 +65,11 @@ protected:
             constexpr double hovered = 0.06;
             constexpr double pressed = 0.14;
             fillRounded(painter, shape, radius,
-                        captionOn(m_color).opacity(isDown() ? pressed : hovered).in(scheme));
+                        textOn(m_color).opacity(isDown() ? pressed : hovered).in(scheme));
         }
         strokeInside(painter, shape, radius, theme::colorEdge.in(scheme), theme::colorEdgeWidth);
         painter.setFont(theme::font(11, QFont::Medium));
-        painter.setPen(captionOn(m_color).opacity(captionOpacity).in(scheme));
+        painter.setPen(textOn(m_color).opacity(captionOpacity).in(scheme));
         const QRectF text = QRectF(rect()).adjusted(captionInset, captionInset, -captionInset, -captionInset);
         painter.drawText(text, (m_side == Side::Left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom,
                          m_caption);
@@ -114,7 +98,8 @@ ColorComparison::ColorComparison(AppState& appState, const CapturedColor& origin
     m_original->onClick(std::move(onReturn));
     m_original->setMenu([this, &appState] { return QList{copyAsMenu(appState, m_original->color())}; });
     m_new->setParent(this);
-    m_new->onClick([this, &appState] { copyWithFeedback(appState, appState.defaultFormat(), m_new->color()); });
+    m_new->onClick(
+        [this, &appState] { copyWithFeedback(appState, appState.defaultFormat(), m_new->color()); });
     m_new->setMenu([this, &appState] { return QList{copyAsMenu(appState, m_new->color())}; });
     setOriginal(original);
     setNew(original);

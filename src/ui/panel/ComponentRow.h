@@ -18,6 +18,9 @@ class ComponentRow final : public View
     Q_OBJECT
 
 public:
+    /// From the end of the number to the end of the row, in points.
+    static constexpr int frameInset = 8;
+
     ComponentRow(ColorComponent component, const EditableColor& color);
 
     void setColor(const EditableColor& color);

@@ -44,7 +44,8 @@ ComponentText ComponentText::of(ColorComponent component)
     case ColorComponent::HslLightness:
         return percentage(words("Lightness"), 1);
     case ColorComponent::OklchChroma:
-        return {.name = words("Chroma"), .factor = 1, .decimals = 3, .step = 0.002};
+        return {
+            .name = words("Chroma"), .factor = 1, .decimals = 3, .unit = {}, .spokenUnit = {}, .step = 0.002};
     case ColorComponent::OklchHue:
     case ColorComponent::HslHue:
         return angle();

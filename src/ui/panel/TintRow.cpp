@@ -6,6 +6,7 @@
 #include "Clickable.h"
 #include "ColorActions.h"
 #include "Paint.h"
+#include "TextOnColor.h"
 #include "Theme.h"
 #include "TintsAndShades.h"
 
@@ -72,7 +73,7 @@ protected:
             const QPointF middle = QRectF(rect()).center();
             fillRounded(painter,
                         QRectF(middle.x() - markSide / 2, middle.y() - markSide / 2, markSide, markSide),
-                        markSide / 2, captionOn(m_color).in(scheme));
+                        markSide / 2, textOn(m_color).in(scheme));
         }
         paintStateLayer(painter);
     }
@@ -119,8 +120,12 @@ void TintRow::setBase(const CapturedColor& color)
 
 void TintRow::setCurrent(const CapturedColor& color)
 {
+    const auto isIt = [&](const Swatch* swatch) { return swatch->color().hex6() == color.hex6(); };
+    // All tints of white are white; only the base is marked then.
+    const auto found = isIt(m_swatches.at(tintCount)) ? m_swatches.begin() + tintCount
+                                                      : std::ranges::find_if(m_swatches, isIt);
     for (Swatch* swatch : m_swatches) {
-        swatch->setCurrent(swatch->color().hex6() == color.hex6());
+        swatch->setCurrent(found != m_swatches.end() && swatch == *found);
     }
 }
 
@@ -139,8 +144,8 @@ void TintRow::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const double step = static_cast<double>(width() - swatchSide) / (swatchCount - 1);
     for (qsizetype i = 0; i < m_swatches.size(); ++i) {
-        m_swatches[i]->setGeometry(static_cast<int>(std::lround(static_cast<double>(i) * step)), 0, swatchSide,
-                                   swatchSide);
+        m_swatches[i]->setGeometry(static_cast<int>(std::lround(static_cast<double>(i) * step)), 0,
+                                   swatchSide, swatchSide);
     }
 }
 

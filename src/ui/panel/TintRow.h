@@ -10,7 +10,6 @@
 namespace tintwick {
 
 class AppState;
-class EditableColor;
 
 /// The shades of a colour, the colour and its tints, from dark to light, as small swatches. The arrow keys move between them. The
 /// context menu of each copies it.
@@ -23,7 +22,7 @@ public:
 
     /// The colour in the middle. Its opacity does not count.
     void setBase(const CapturedColor& color);
-    /// Marks the swatch that has the code of this colour.
+    /// Marks a swatch that has the code of this colour.
     void setCurrent(const CapturedColor& color);
     /// Runs `action` with the colour of a clicked swatch.
     void onChoose(std::function<void(const CapturedColor& color)> action);
@@ -40,7 +39,6 @@ private:
 
     void makeReachable(const Swatch& swatch);
 
-    AppState& m_appState;
     QList<Swatch*> m_swatches;
     std::function<void(const CapturedColor&)> m_onChoose;
 };
