@@ -1,10 +1,14 @@
 #pragma once
 
 #include "CapturedColor.h"
+#include "ColorText.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
+#include <QUuid>
 
+#include <optional>
 #include <variant>
 
 namespace tintwick {
@@ -15,6 +19,17 @@ struct ImportedPalette
     /// Empty when the file has no name of its own.
     QString name;
     QList<CapturedColor> colors;
+    /// The ids of those that stand for a colour outside sRGB.
+    QSet<QUuid> mappedIds = {};
+
+    void append(const WrittenColor& written, const std::optional<QString>& colorName)
+    {
+        colors.append(written.color);
+        colors.last().customName = colorName;
+        if (written.isGamutMapped) {
+            mappedIds.insert(written.color.id);
+        }
+    }
 };
 
 /// Why a file was refused.

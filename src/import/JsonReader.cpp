@@ -134,9 +134,7 @@ private:
             m_problem = ImportProblem{u"the token %1 is not a color"_s.arg(path.left(60))};
             return;
         }
-        CapturedColor color = written->color;
-        color.customName = textIn(token, "$description").value_or(name);
-        m_palette.colors.append(color);
+        m_palette.append(*written, textIn(token, "$description").value_or(name));
     }
 
     ImportedPalette m_palette;
@@ -153,9 +151,7 @@ Import readOurExport(const Json& array)
         if (!written) {
             return ImportProblem{u"entry %1 has no color"_s.arg(palette.colors.size() + 1)};
         }
-        CapturedColor color = written->color;
-        color.customName = textIn(object, "name");
-        palette.colors.append(color);
+        palette.append(*written, textIn(object, "name"));
     }
     return palette;
 }

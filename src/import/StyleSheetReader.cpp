@@ -1,6 +1,7 @@
 #include "StyleSheetReader.h"
 
 #include "ColorText.h"
+#include "CssComments.h"
 
 #include <QRegularExpression>
 
@@ -11,32 +12,6 @@ namespace tintwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// The text with blanks for its comments, in which line breaks stay; nothing when a comment does not end. `line` is then the
-/// line where it begins.
-std::optional<QString> withoutComments(QString text, qsizetype& line)
-{
-    for (qsizetype start = 0; start + 1 < text.size(); ++start) {
-        const bool isBlock = text[start] == u'/' && text[start + 1] == u'*';
-        // Not the one of "https://".
-        const bool isLine =
-            text[start] == u'/' && text[start + 1] == u'/' && (start == 0 || text[start - 1] != u':');
-        if (!isBlock && !isLine) {
-            continue;
-        }
-        qsizetype end = text.indexOf(isBlock ? u"*/"_s : u"\n"_s, start + 2);
-        if (isBlock && end < 0) {
-            line = text.first(start).count(u'\n') + 1;
-            return std::nullopt;
-        }
-        end = isBlock ? end + 2 : (end < 0 ? text.size() : end);
-        for (qsizetype i = start; i < end; ++i) {
-            text[i] = text[i] == u'\n' ? u'\n' : u' ';
-        }
-        start = end - 1;
-    }
-    return text;
-}
 
 bool isMeantAsColor(const QString& value)
 {
@@ -65,8 +40,7 @@ Import readStyleSheet(QByteArrayView bytes)
         const auto match = matches.next();
         const QString value = match.captured(2).remove(flag).trimmed();
         if (const auto written = colorFromCss(value)) {
-            palette.colors.append(written->color);
-            palette.colors.last().customName = match.captured(1);
+            palette.append(*written, match.captured(1));
         } else if (isMeantAsColor(value)) {
             line = text->first(match.capturedStart(2)).count(u'\n') + 1;
             return problemInLine(line, u"'%1' is not a color"_s.arg(value.left(40)));
