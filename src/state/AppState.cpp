@@ -160,7 +160,12 @@ void AppState::addToHistory(const CapturedColor& color)
 
 void AppState::showCopyFeedback(ColorFormat format, const CapturedColor& color)
 {
-    m_lastCopiedString = text(color, format);
+    showCopyFeedback(text(color, format));
+}
+
+void AppState::showCopyFeedback(const QString& text)
+{
+    m_lastCopiedString = text;
     Q_EMIT lastCopiedStringChanged();
     setShowCopiedFeedback(true);
     m_runLater(feedbackDuration, [this] { setShowCopiedFeedback(false); });

@@ -80,6 +80,8 @@ public:
     void addToHistory(const CapturedColor& color);
     /// Shows that the text of a colour in a format has been copied.
     void showCopyFeedback(ColorFormat format, const CapturedColor& color);
+    /// Shows that another text has been copied.
+    void showCopyFeedback(const QString& text);
     /// Puts colours with new ids at the head of the history, in their order. Names those without a name by the table of names,
     /// and drops the oldest beyond the limit.
     void insertColors(const QList<CapturedColor>& colors);

@@ -1,6 +1,7 @@
 #include "Ticker.h"
 #include "shots/BadgeShots.h"
 #include "shots/ColorShots.h"
+#include "shots/ContrastShots.h"
 #include "shots/HistoryShots.h"
 #include "shots/KitGallery.h"
 #include "shots/LoupeShots.h"
@@ -40,6 +41,7 @@ int main(int argc, char** argv)
     tintwick::shootHistory(QDir(arguments.at(1)));
     tintwick::shootColor(QDir(arguments.at(1)));
     tintwick::shootPalette(QDir(arguments.at(1)));
+    tintwick::shootContrast(QDir(arguments.at(1)));
     tintwick::shootRecorder(QDir(arguments.at(1)));
     tintwick::shootSettings(QDir(arguments.at(1)));
     return EXIT_SUCCESS;

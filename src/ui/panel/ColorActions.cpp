@@ -35,6 +35,11 @@ QString shownName(const CapturedColor& color)
     return color.customName.value_or(color.hex6());
 }
 
+QString codeOf(const CapturedColor& color)
+{
+    return color.alpha < 1 ? color.hex8() : color.hex6();
+}
+
 QString spokenName(const CapturedColor& color)
 {
     return color.customName ? QStringLiteral("%1, %2").arg(*color.customName, color.hex6()) : color.hex6();

@@ -22,6 +22,8 @@ class AppState;
 [[nodiscard]] QString swatchLabel(const CapturedColor& color);
 /// The name of a colour, or its code.
 [[nodiscard]] QString shownName(const CapturedColor& color);
+/// "#3B82F6", or "#3B82F680" for a translucent colour.
+[[nodiscard]] QString codeOf(const CapturedColor& color);
 /// The text for screen readers: "Dodger Blue, #1E90FF", or the code alone.
 [[nodiscard]] QString spokenName(const CapturedColor& color);
 

@@ -1,0 +1,102 @@
+#include "ColorWell.h"
+
+#include "Appearance.h"
+#include "ColorActions.h"
+#include "ColorPatch.h"
+#include "Paint.h"
+#include "Theme.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace tintwick {
+
+namespace {
+
+// In points.
+constexpr double radius = 12;
+constexpr int padding = 8;
+constexpr int patchSide = 36;
+constexpr double patchRadius = 8;
+constexpr int gap = 10;
+constexpr double chosenWidth = 1.5;
+
+QFont partFont()
+{
+    return theme::font(11);
+}
+
+QFont codeFont()
+{
+    return theme::monospacedFont(13, QFont::DemiBold);
+}
+
+} // namespace
+
+ColorWell::ColorWell(const QString& part)
+    : Clickable({})
+    , m_part(part)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    updateNames();
+}
+
+void ColorWell::setColor(const CapturedColor& color)
+{
+    m_color = color;
+    updateNames();
+    update();
+}
+
+void ColorWell::setChosen(bool isChosen)
+{
+    m_isChosen = isChosen;
+    updateNames();
+    update();
+}
+
+void ColorWell::updateNames()
+{
+    setAccessibleName(QStringLiteral("%1: %2").arg(m_part, spokenName(m_color)));
+    setAccessibleDescription(m_isChosen ? tr("The colors at the bottom replace it")
+                                        : tr("Lets the colors at the bottom replace it"));
+    setToolTip(spokenName(m_color));
+}
+
+QSize ColorWell::sizeHint() const
+{
+    return {2 * padding + patchSide, 2 * padding + patchSide};
+}
+
+double ColorWell::cornerRadius() const
+{
+    return radius;
+}
+
+void ColorWell::paintEvent(QPaintEvent*)
+{
+    const Scheme scheme = Appearance::of(this);
+    QPainter painter(this);
+    fillRounded(painter, rect(), radius, theme::surface.in(scheme));
+    const theme::Color line = m_isChosen ? theme::accentText : theme::border;
+    strokeInside(painter, rect(), radius, line.in(scheme), m_isChosen ? chosenWidth : 1);
+    drawColorPatch(painter, QRectF(padding, padding, patchSide, patchSide), patchRadius, paintColor(m_color),
+                   scheme);
+
+    const QFontMetrics part(partFont());
+    const QFontMetrics code(codeFont());
+    QRect place = rect().adjusted(padding + patchSide + gap, 0, -padding, 0);
+    place.setTop((height() - part.height() - code.height()) / 2);
+    painter.setFont(partFont());
+    painter.setPen(theme::textThird.in(scheme));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                     part.elidedText(m_part, Qt::ElideRight, place.width()));
+    place.setTop(place.top() + part.height());
+    painter.setFont(codeFont());
+    painter.setPen(theme::textPrimary.in(scheme));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                     code.elidedText(codeOf(m_color), Qt::ElideRight, place.width()));
+    paintStateLayer(painter);
+}
+
+} // namespace tintwick
