@@ -5,7 +5,6 @@
 #include <QDBusContext>
 #include <QDBusUnixFileDescriptor>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 

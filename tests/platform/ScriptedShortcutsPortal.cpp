@@ -100,6 +100,7 @@ void ScriptedShortcutsPortal::closeSession()
 
 bool ScriptedShortcutsPortal::handleMessage(const QDBusMessage& message, const QDBusConnection&)
 {
+    ++calls;
     if (!replies) {
         message.setDelayedReply(true);
         return true;

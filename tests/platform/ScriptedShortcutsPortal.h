@@ -36,6 +36,8 @@ public:
     /// The keys of earlier sessions.
     QMap<QString, QString> knownKeys;
 
+    /// All calls, also those without a reply.
+    int calls = 0;
     /// The calls in order. A shortcut is written as "id [description] [trigger]".
     QStringList journal;
     /// The path of the newest session.

