@@ -246,14 +246,15 @@ public:
         });
     }
 
-    /// Chooses "Rename…" in the open menu of a colour, the last item but one, and types the name.
+    /// Chooses "Rename…" in the open menu of a colour, the last item but three, and types the name.
     [[nodiscard]] bool renamesFromMenu(const QString& name)
     {
         if (!keyboardIsTaken()) {
             return false;
         }
-        desktop.typeKey(XK_Up);
-        desktop.typeKey(XK_Up);
+        for (int step = 0; step < 4; ++step) {
+            desktop.typeKey(XK_Up);
+        }
         desktop.typeKey(XK_Return);
         if (!canTypeInto("Tintwick") || !seesAccent(place::save)) {
             return false;
