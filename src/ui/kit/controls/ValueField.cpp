@@ -70,8 +70,13 @@ bool ValueField::take()
 void ValueField::restore()
 {
     setRefused(false);
-    if (isTyped()) {
-        setText(m_valueText);
+    if (!isTyped()) {
+        return;
+    }
+    setText(m_valueText);
+    if (hasFocus()) {
+        selectAll();
+    } else {
         // The start of a long value tells most.
         setCursorPosition(0);
     }
