@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
 
 namespace tintwick {
 
@@ -23,6 +25,17 @@ std::optional<QString> importFiles(AppState& appState, const QStringList& paths)
         appState.importCollection(palette.name, palette.colors);
     }
     return std::nullopt;
+}
+
+QStringList localFilesIn(const QMimeData& content)
+{
+    QStringList paths;
+    for (const QUrl& url : content.urls()) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
 }
 
 } // namespace tintwick

@@ -5,6 +5,7 @@
 #include "Clickable.h"
 #include "CollectionDetailView.h"
 #include "ColorActions.h"
+#include "ColorIntake.h"
 #include "ColorScreen.h"
 #include "ContrastScreen.h"
 #include "DashboardView.h"
@@ -28,7 +29,6 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QMimeData>
 #include <QPainter>
 #include <QPalette>
 #include <QShortcut>
@@ -48,17 +48,6 @@ Scheme schemeOfPalette()
     const bool isDark =
         palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
     return isDark ? Scheme::Dark : Scheme::Light;
-}
-
-QStringList localFilesIn(const QMimeData& dragged)
-{
-    QStringList paths;
-    for (const QUrl& url : dragged.urls()) {
-        if (url.isLocalFile()) {
-            paths.append(url.toLocalFile());
-        }
-    }
-    return paths;
 }
 
 } // namespace
@@ -102,6 +91,11 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
             [this](const CapturedColor& text, const std::optional<CapturedColor>& ground) {
                 open({.kind = PanelScreen::Kind::Contrast, .color = text, .ground = ground});
             });
+    m_intake = new ColorIntake(m_appState, *this);
+    connect(m_intake, &ColorIntake::filesPasted, this, &PanelView::importFiles);
+    connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
+    connect(m_intake, &ColorIntake::refused, this,
+            [this](const QString& sentence) { m_actionPill->say(sentence); });
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
     connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
     connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);

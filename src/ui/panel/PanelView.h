@@ -17,6 +17,7 @@
 namespace tintwick {
 
 class AppState;
+class ColorIntake;
 class DashboardView;
 class NoticeView;
 class PanelHeader;
@@ -114,6 +115,7 @@ private:
 
     PanelHeader* m_header = nullptr;
     ActionPill* m_actionPill = nullptr;
+    ColorIntake* m_intake = nullptr;
     NoticeView* m_notice = nullptr;
     QString m_passingNotice;
     bool m_hasToldOfUnreadableFile = false;
