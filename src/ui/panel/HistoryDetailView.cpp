@@ -7,7 +7,6 @@
 #include "ExportMenu.h"
 #include "Label.h"
 #include "Rule.h"
-#include "ScrollArea.h"
 #include "Stack.h"
 #include "SymbolView.h"
 #include "Theme.h"
@@ -18,32 +17,19 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int swatchSize = 48;
-constexpr GridShape gridShape{.columns = 5, .columnGap = 8, .rowGap = 10, .padding = 14};
-
 } // namespace
 
 HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_emptyText(emptyStateLabel({}))
-    , m_grid(new Grid(gridShape))
-    , m_swatches(
-          *m_grid,
-          [this, &panel] {
-              auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
-              connect(swatch, &ColorSwatchView::stepRequested, this, [this, swatch](int columns, int rows) {
-                  m_swatches.moveFocus(*swatch, columns + rows * gridShape.columns);
-              });
-              return swatch;
-          },
-          [](ColorSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })
+    , m_grid(new SwatchGrid(appState, panel))
 {
     // clang-format off
     setContent(column(
         toolbar(),
         rule(),
         shownWhen(historyIsEmpty(), emptyState(u"eyedropper"_s, m_emptyText)),
-        shownWhen(historyIsNotEmpty(), swatchGrid())));
+        shownWhen(historyIsNotEmpty(), m_grid)));
     // clang-format on
 
     setPickKeys({}, {});
@@ -76,11 +62,6 @@ QWidget* HistoryDetailView::clearButton()
     return m_clear;
 }
 
-QWidget* HistoryDetailView::swatchGrid()
-{
-    return verticalScroll(column(m_grid));
-}
-
 Bound<bool> HistoryDetailView::historyIsEmpty() const
 {
     return bound([this] { return m_appState.history().isEmpty(); })
@@ -101,18 +82,9 @@ Bound<QString> HistoryDetailView::countText() const
 
 void HistoryDetailView::showHistory()
 {
-    m_swatches.show(m_appState.history());
+    m_grid->setColors(m_appState.history());
     m_export->setHasColors(!m_appState.history().isEmpty());
-    orderFocus();
-}
-
-void HistoryDetailView::orderFocus() const
-{
-    QWidget* before = m_clear;
-    for (QWidget* swatch : swatches()) {
-        setTabOrder(before, swatch);
-        before = swatch;
-    }
+    m_grid->putInTabOrderAfter(m_clear);
 }
 
 } // namespace tintwick

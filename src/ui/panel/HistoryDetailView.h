@@ -1,10 +1,7 @@
 #pragma once
 
 #include "Bound.h"
-#include "CapturedColor.h"
-#include "ColorSwatchView.h"
-#include "Grid.h"
-#include "RecordViews.h"
+#include "SwatchGrid.h"
 #include "View.h"
 
 namespace tintwick {
@@ -25,27 +22,23 @@ public:
     /// See PanelView::setPickKeys().
     void setPickKeys(const QString& keys, const QString& inWords);
 
-    [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_swatches.views(); }
+    [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_grid->swatches(); }
 
 private:
     [[nodiscard]] QWidget* toolbar();
     [[nodiscard]] QWidget* clearButton();
-    [[nodiscard]] QWidget* swatchGrid();
 
     [[nodiscard]] Bound<bool> historyIsEmpty() const;
     [[nodiscard]] Bound<bool> historyIsNotEmpty() const;
     [[nodiscard]] Bound<QString> countText() const;
 
     void showHistory();
-    /// Sets the tab order: toolbar, then grid.
-    void orderFocus() const;
 
     AppState& m_appState;
     ExportMenu* m_export = nullptr;
     QWidget* m_clear = nullptr;
     Label* m_emptyText;
-    Grid* m_grid;
-    RecordViews<ColorSwatchView, CapturedColor, Grid> m_swatches;
+    SwatchGrid* m_grid;
 };
 
 } // namespace tintwick
