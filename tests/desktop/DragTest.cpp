@@ -34,9 +34,16 @@ constexpr QPoint seeAll(340, 147);
 constexpr QPoint firstSwatch(47, 200);
 constexpr QPoint card(190, 355);
 constexpr QPoint cardOutline(16, 355);
+constexpr QPoint secondSwatch(121, 200);
+constexpr QPoint firstSwatchOutline(17, 200);
 constexpr QPoint firstTile(46, 143);
+constexpr QPoint secondTile(118, 143);
+constexpr QPoint firstTileOutline(23, 143);
 constexpr QPoint paletteMiddle(190, 400);
 constexpr QPoint paletteOutline(6, 400);
+/// On the screen of a contrast, in both samples and outside their texts.
+constexpr QPoint sample(22, 150);
+constexpr QPoint swappedSample(202, 150);
 
 } // namespace place
 
@@ -183,6 +190,14 @@ public:
         const QImage atRest = desktop.settledScreenshot({at(outline), QSize(1, 1)});
         return moveUntil(at(target), [&] { return desktop.pixel(at(outline)) != atRest.pixel(0, 0); });
     }
+    /// Waits until the panel shows green text on red.
+    [[nodiscard]] bool waitForContrast()
+    {
+        return waitUntil([this] {
+            return desktop.pixel(at(place::sample)) == qRgb(255, 0, 0) &&
+                   desktop.pixel(at(place::swappedSample)) == qRgb(0, 255, 0);
+        });
+    }
     /// Whether the panel is still visible after all input was processed.
     [[nodiscard]] bool panelStays()
     {
@@ -231,6 +246,10 @@ private Q_SLOTS:
     void aColorDroppedOntoNothingDoesNotHideThePanel();
     void afterADropInThePanelTheSwatchIsAtRest_data();
     void afterADropInThePanelTheSwatchIsAtRest();
+    void aColorDroppedOntoAnotherOpensTheirContrast_data();
+    void aColorDroppedOntoAnotherOpensTheirContrast();
+    void aTextDroppedOntoAColorOpensTheirContrast();
+    void aColorDroppedOntoItselfOpensNothing();
 };
 
 void DragTest::aTextWithAnIdIsDroppedOntoACard_data()
@@ -475,6 +494,58 @@ void DragTest::afterADropInThePanelTheSwatchIsAtRest()
         QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(around) == atRest; }));
         scene.desktop.movePointer(bareDesktop);
     }
+}
+
+void DragTest::aColorDroppedOntoAnotherOpensTheirContrast_data()
+{
+    QTest::addColumn<bool>("inHistory");
+    QTest::newRow("in the recent row") << false;
+    QTest::newRow("in the grid of the history") << true;
+}
+
+void DragTest::aColorDroppedOntoAnotherOpensTheirContrast()
+{
+    QFETCH(const bool, inHistory);
+    Scene scene({}, green);
+    QVERIFY(scene.openPanel());
+    QVERIFY(!inHistory || scene.openHistory());
+    QVERIFY(scene.beginDrag(scene.at(inHistory ? place::secondTile : place::secondSwatch)));
+    // Beside the middle, so that the dragged picture leaves the outline free.
+    constexpr QPoint beside(20, 0);
+    QVERIFY(scene.dragOver((inHistory ? place::firstTile : place::firstSwatch) + beside,
+                           inHistory ? place::firstTileOutline : place::firstSwatchOutline));
+    scene.desktop.release(Button::Left);
+    QVERIFY(scene.waitForContrast());
+    QVERIFY(scene.panelStays());
+    QVERIFY(scene.clickElsewhereHides());
+    QCOMPARE(keptIds(*scene.program), QStringList());
+    QCOMPARE(scene.desktop.clipboard(), QByteArray());
+}
+
+void DragTest::aTextDroppedOntoAColorOpensTheirContrast()
+{
+    Scene scene({}, u"rgb(0 255 0)"_s);
+    QVERIFY(scene.openPanel());
+    QVERIFY(scene.beginDrag(scene.other.text()));
+    QVERIFY(scene.dragOver(place::firstSwatch + QPoint(20, 0), place::firstSwatchOutline));
+    scene.desktop.release(Button::Left);
+    QVERIFY(scene.other.waitUntilItSays("copied"));
+    QVERIFY(scene.waitForContrast());
+}
+
+void DragTest::aColorDroppedOntoItselfOpensNothing()
+{
+    Scene scene({}, green);
+    QVERIFY(scene.openPanel());
+    const QRect around(scene.at(place::firstSwatch) - QPoint(35, 35), QSize(70, 70));
+    const QImage atRest = scene.desktop.settledScreenshot(around);
+    QVERIFY(scene.beginDrag(scene.at(place::firstSwatch)));
+    scene.desktop.movePointer(scene.at(place::firstSwatch));
+    scene.desktop.release(Button::Left);
+    QVERIFY(waitUntil([&] { return scene.desktop.connection().inputIsFree(); }));
+    scene.desktop.movePointer(bareDesktop);
+    QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(around) == atRest; }));
+    QCOMPARE(scene.desktop.clipboard(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(DragTest)

@@ -45,6 +45,13 @@ QString spokenName(const CapturedColor& color)
     return color.customName ? QStringLiteral("%1, %2").arg(*color.customName, color.hex6()) : color.hex6();
 }
 
+void openContrast(const QWidget& view, const CapturedColor& text, const CapturedColor& ground)
+{
+    if (PanelNavigation* const navigation = PanelNavigation::of(&view)) {
+        navigation->openContrast(text, ground);
+    }
+}
+
 void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color)
 {
     state.clipboard().copy(state.text(color, format));

@@ -27,6 +27,9 @@ class AppState;
 /// The text for screen readers: "Dodger Blue, #1E90FF", or the code alone.
 [[nodiscard]] QString spokenName(const CapturedColor& color);
 
+/// Opens the contrast of two colours in the panel that contains `view`. Does nothing outside a panel.
+void openContrast(const QWidget& view, const CapturedColor& text, const CapturedColor& ground);
+
 /// Copies the colour's text to the clipboard and shows the feedback in the panel.
 void copyWithFeedback(AppState& state, ColorFormat format, const CapturedColor& color);
 

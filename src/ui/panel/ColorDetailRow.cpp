@@ -4,6 +4,7 @@
 #include "Appearance.h"
 #include "Button.h"
 #include "ColorActions.h"
+#include "ColorPatch.h"
 #include "InOneLine.h"
 #include "Label.h"
 #include "MenuButton.h"
@@ -13,11 +14,13 @@
 #include "ShadowCaster.h"
 #include "Stack.h"
 #include "StackLayout.h"
+#include "SwatchDropTarget.h"
 #include "Symbol.h"
 #include "Theme.h"
 
 #include <QPainter>
 
+#include <optional>
 #include <utility>
 
 namespace tintwick {
@@ -45,13 +48,19 @@ constexpr double buttonRadius = 7;
 class ColorDetailRow::Square final : public QWidget, public ShadowCaster
 {
 public:
-    Square()
+    explicit Square(const AppState& appState)
+        : m_dropTarget(
+              *this, appState,
+              [this](const std::optional<CapturedColor>& dragged) {
+                  m_dragged = dragged;
+                  update();
+              },
+              [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
     {
         setFixedSize(squareSide, squareSide);
-        setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 
-    void setColor(const QColor& color)
+    void setColor(const CapturedColor& color)
     {
         m_color = color;
         update();
@@ -67,18 +76,23 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        fillRounded(painter, rect(), squareRadius, m_color);
+        fillRounded(painter, rect(), squareRadius, paintColor(m_color));
         strokeInside(painter, rect(), squareRadius, theme::colorEdge.in(Appearance::of(this)),
                      theme::colorEdgeWidth);
+        if (m_dragged) {
+            drawTextPreview(painter, rect(), squareRadius, paintColor(*m_dragged), Appearance::of(this));
+        }
     }
 
 private:
     [[nodiscard]] Shadow shadow() const
     {
-        return {theme::Color(m_color).opacity(shadowOpacity), shadowRadius, shadowOffset};
+        return {theme::Color(paintColor(m_color)).opacity(shadowOpacity), shadowRadius, shadowOffset};
     }
 
-    QColor m_color;
+    CapturedColor m_color;
+    std::optional<CapturedColor> m_dragged;
+    SwatchDropTarget m_dropTarget;
 };
 
 /// A centred symbol that fades between two looks.
@@ -141,7 +155,7 @@ ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
     : Clickable({})
     , m_appState(appState)
     , m_collectionId(collectionId)
-    , m_square(new Square)
+    , m_square(new Square(appState))
     , m_hex(label({}, theme::monospacedFont(13, QFont::DemiBold)))
     , m_name(label({}, theme::font(11), theme::textSecond))
     , m_hover(hoverSeconds)
@@ -213,7 +227,7 @@ void ColorDetailRow::setColor(const CapturedColor& color)
     }
     m_color = color;
     setAccessibleName(spokenName(color));
-    m_square->setColor(paintColor(color));
+    m_square->setColor(color);
     m_hex->setText(color.hex6());
     m_name->setText(inOneLine(color.customName.value_or(QString())));
     m_name->setVisible(color.customName.has_value());

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QDrag>
+#include <QDropEvent>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHoverEvent>
@@ -111,6 +112,12 @@ void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& pictu
 bool carriesText(const QMimeData& data)
 {
     return data.hasText() && !data.hasUrls();
+}
+
+void acceptAsCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 QList<QUuid> droppedColorIds(const QMimeData& data)

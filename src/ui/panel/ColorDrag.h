@@ -5,6 +5,7 @@
 #include <QList>
 #include <QUuid>
 
+class QDropEvent;
 class QMimeData;
 class QPixmap;
 class QPoint;
@@ -20,6 +21,8 @@ void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& pictu
 
 /// Whether the drag has plain text. Every drop target for colours accepts plain text.
 [[nodiscard]] bool carriesText(const QMimeData& data);
+/// Many editors propose a move and delete the dropped text after one.
+void acceptAsCopy(QDropEvent& event);
 /// The ids in a dropped text, one per line. Skips lines that are not an id.
 [[nodiscard]] QList<QUuid> droppedColorIds(const QMimeData& data);
 

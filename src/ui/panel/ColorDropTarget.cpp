@@ -10,17 +10,6 @@
 
 namespace tintwick {
 
-namespace {
-
-// As a copy. Many editors propose a move and delete the dropped text after one.
-void acceptAsCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
-} // namespace
-
 ColorDropTarget::ColorDropTarget(QWidget& widget, std::function<void(bool)> hovered,
                                  std::function<void(const QList<QUuid>&)> dropped)
     : m_hovered(std::move(hovered))

@@ -9,6 +9,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <utility>
+
 namespace tintwick {
 
 namespace {
@@ -33,9 +35,17 @@ QFont codeFont()
 
 } // namespace
 
-ColorWell::ColorWell(const QString& part)
+ColorWell::ColorWell(const QString& part, const AppState& appState,
+                     std::function<void(const CapturedColor&)> replace)
     : Clickable({})
     , m_part(part)
+    , m_dropTarget(
+          *this, appState,
+          [this](const std::optional<CapturedColor>& dragged) {
+              m_dragged = dragged;
+              update();
+          },
+          std::move(replace))
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     updateNames();
@@ -78,9 +88,11 @@ void ColorWell::paintEvent(QPaintEvent*)
     const Scheme scheme = Appearance::of(this);
     QPainter painter(this);
     fillRounded(painter, rect(), radius, theme::surface.in(scheme));
-    const theme::Color line = m_isChosen ? theme::accentText : theme::border;
-    strokeInside(painter, rect(), radius, line.in(scheme), m_isChosen ? chosenWidth : 1);
-    drawColorPatch(painter, QRectF(padding, padding, patchSide, patchSide), patchRadius, paintColor(m_color),
+    const bool isOutlined = m_isChosen || m_dragged;
+    const theme::Color line = isOutlined ? theme::accentText : theme::border;
+    strokeInside(painter, rect(), radius, line.in(scheme), isOutlined ? chosenWidth : 1);
+    const CapturedColor shown = m_dragged.value_or(m_color);
+    drawColorPatch(painter, QRectF(padding, padding, patchSide, patchSide), patchRadius, paintColor(shown),
                    scheme);
 
     const QFontMetrics part(partFont());
@@ -95,7 +107,7 @@ void ColorWell::paintEvent(QPaintEvent*)
     painter.setFont(codeFont());
     painter.setPen(theme::textPrimary.in(scheme));
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                     code.elidedText(codeOf(m_color), Qt::ElideRight, place.width()));
+                     code.elidedText(codeOf(shown), Qt::ElideRight, place.width()));
     paintStateLayer(painter);
 }
 

@@ -2,8 +2,14 @@
 
 #include "CapturedColor.h"
 #include "Clickable.h"
+#include "SwatchDropTarget.h"
+
+#include <functional>
+#include <optional>
 
 namespace tintwick {
+
+class AppState;
 
 /// A colour with its part and code, for example "Text, #3B82F6". One of several wells is chosen.
 class ColorWell final : public Clickable
@@ -11,8 +17,9 @@ class ColorWell final : public Clickable
     Q_OBJECT
 
 public:
-    /// `part` is what the colour is for.
-    explicit ColorWell(const QString& part);
+    /// `part` is what the colour is for. `replace` is called with a colour dropped on the well.
+    ColorWell(const QString& part, const AppState& appState,
+              std::function<void(const CapturedColor&)> replace);
 
     [[nodiscard]] const CapturedColor& color() const { return m_color; }
     void setColor(const CapturedColor& color);
@@ -32,6 +39,9 @@ private:
     QString m_part;
     CapturedColor m_color;
     bool m_isChosen = false;
+    /// The colour of a drag over the well.
+    std::optional<CapturedColor> m_dragged;
+    SwatchDropTarget m_dropTarget;
 };
 
 } // namespace tintwick

@@ -66,9 +66,11 @@ ContrastScreen::ContrastScreen(AppState& appState, const CapturedColor& text,
 
 QWidget* ContrastScreen::wells()
 {
-    m_textWell = new ColorWell(tr("Text"));
+    m_textWell =
+        new ColorWell(tr("Text"), m_appState, [this](const CapturedColor& color) { setText(color); });
     m_textWell->onClick([this] { choosePart(Part::Text); });
-    m_groundWell = new ColorWell(tr("Ground"));
+    m_groundWell =
+        new ColorWell(tr("Ground"), m_appState, [this](const CapturedColor& color) { setGround(color); });
     m_groundWell->onClick([this] { choosePart(Part::Ground); });
     m_swap = squareButton(
         tr("Swap text and ground"), [this] { swap(); },

@@ -4,6 +4,7 @@
 #include "Appearance.h"
 #include "ColorActions.h"
 #include "ColorDrag.h"
+#include "ColorPatch.h"
 #include "Paint.h"
 #include "Symbol.h"
 
@@ -40,6 +41,13 @@ SwatchView::SwatchView(AppState& appState, const SwatchLook& look)
         updateAll();
         return isMoving;
     })
+    , m_dropTarget(
+          *this, appState,
+          [this](const std::optional<CapturedColor>& dragged) {
+              m_dragged = dragged;
+              update();
+          },
+          [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
 {
     onClick([this] { copyWithFeedback(m_appState, m_appState.defaultFormat(), m_color); });
 }
@@ -143,7 +151,10 @@ void SwatchView::paintEvent(QPaintEvent*)
     painter.drawText(labelRect(), Qt::AlignCenter, swatchLabel(m_color));
 
     scaleAboutMiddle(painter, squareAtRest(), scale());
-    paintSquare(painter, hovered);
+    paintSquare(painter, m_dragged ? 0 : hovered);
+    if (m_dragged) {
+        drawTextPreview(painter, squareAtRest(), m_look.cornerRadius, paintColor(*m_dragged), scheme);
+    }
     paintStateLayer(painter);
 }
 

@@ -7,10 +7,13 @@
 #include "Shadow.h"
 #include "ShadowCaster.h"
 #include "Spring.h"
+#include "SwatchDropTarget.h"
 #include "Theme.h"
 
 #include <QPoint>
 #include <QRectF>
+
+#include <optional>
 
 namespace tintwick {
 
@@ -53,7 +56,8 @@ struct SwatchLook
     Spring hover;
 };
 
-/// A coloured square with its code below. A click copies the colour; it can be dragged onto a collection.
+/// A coloured square with its code below. A click copies the colour. It can be dragged onto a collection, and onto another
+/// swatch, which opens the contrast of both.
 class SwatchView : public Clickable, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
@@ -99,7 +103,10 @@ private:
     SwatchLook m_look;
     CapturedColor m_color;
     QPoint m_pressedAt;
+    /// The colour of a drag over the swatch.
+    std::optional<CapturedColor> m_dragged;
     Animator m_animator;
+    SwatchDropTarget m_dropTarget;
 };
 
 } // namespace tintwick
