@@ -216,6 +216,10 @@ void Application::setupPanel()
             hidePanel();
         }
     });
+    connect(m_panelView, &PanelView::keepOpenChanged, this, [this, &host](bool keepsOpen) {
+        m_isSelfOpened = false;
+        host.setKeptOpen(keepsOpen);
+    });
     ColorExport::setPortalHandle([&host](const QWidget& window) { return host.portalHandle(window); });
     connect(&OpenSaveRequests::shared(), &OpenSaveRequests::anyChanged, this,
             [&host](bool isAny) { host.setDismissible(!isAny); });
@@ -335,7 +339,12 @@ void Application::shortcutReleased(ShortcutAction action)
         pick();
         break;
     case ShortcutAction::OpenMainWindow:
-        openPanel();
+        // A panel that is kept open is closed where the keyboard already is in it.
+        if (m_panelView && m_panelView->keepsOpen() && QApplication::activeWindow() == m_panel.get()) {
+            hidePanel();
+        } else {
+            openPanel();
+        }
         break;
     }
 }
@@ -423,11 +432,13 @@ void Application::finishPick(const PickOutcome& outcome, bool isCopied)
         reportProblem(tr("Could not pick a color"), outcome.reason);
         return;
     }
-    if (outcome.kind == PickOutcome::Kind::Cancelled) {
-        return;
-    }
-    if (m_pickOrigin == PickOrigin::Panel && !m_panel->isVisible()) {
+    const bool isCancelled = outcome.kind == PickOutcome::Kind::Cancelled;
+    if (m_pickOrigin == PickOrigin::Panel && !m_panel->isVisible() &&
+        (!isCancelled || m_panelView->keepsOpen())) {
         m_platform->panelHost().showAgain(*m_panel);
+    }
+    if (isCancelled) {
+        return;
     }
     if (!isCopied) {
         reportProblem(

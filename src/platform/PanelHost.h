@@ -67,8 +67,12 @@ public:
     /// The value at the press of the button counts. True by default.
     virtual void setDismissible(bool isDismissible) = 0;
 
+    /// When true, the panel stays beside the windows of other programs until the program hides it: nothing that the user does
+    /// there dismisses it. False by default.
+    virtual void setKeptOpen(bool isKeptOpen) = 0;
+
 Q_SIGNALS:
-    /// The user clicked elsewhere while the panel was dismissible. The receiver hides the panel.
+    /// The user clicked elsewhere while the panel was dismissible and not kept open. The receiver hides the panel.
     void dismissed();
 };
 

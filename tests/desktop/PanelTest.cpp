@@ -22,6 +22,7 @@ const QString colorId = u"3F2504E0-4F89-41D3-9A0C-0305E82C3301"_s;
 // In pixels from the top left corner of the panel.
 constexpr QPoint header(190, 25);
 constexpr QPoint settingsButton(350, 25);
+constexpr QPoint pin(271, 25);
 constexpr QPoint pickButton(190, 92);
 constexpr QPoint firstSwatch(47, 200);
 constexpr QPoint card(190, 355);
@@ -47,6 +48,19 @@ void keepOneColor(const PrivateDesktop& desktop, bool withCollection)
                  (withCollection ? collection : QByteArray()) + R"(], "defaultFormat": "HEX"})");
 }
 
+enum class Pin { Off, On };
+
+/// Returns when the pin shows its new state.
+bool clickPin(PrivateDesktop& desktop, const QRect& panel, Pin state)
+{
+    desktop.clickAt(panel.topLeft() + pin);
+    return waitUntil([&] {
+        // The accent is blue, the other ground is grey.
+        const QRgb ground = desktop.pixel(panel.topLeft() + pin - QPoint(0, 13));
+        return (qBlue(ground) - qRed(ground) > 12) == (state == Pin::On);
+    });
+}
+
 QJsonArray collections(const TintwickProcess& program)
 {
     return program.data().value("collections"_L1).toArray();
@@ -65,6 +79,9 @@ private Q_SLOTS:
     void aboveATrayAtTheBottomThePanelOpensUpwards();
     void aClickElsewhereHidesIt_data();
     void aClickElsewhereHidesIt();
+    void keptOpenItStaysBesideOtherWindows();
+    void keptOpenItReturnsFromAPick_data();
+    void keptOpenItReturnsFromAPick();
     void aClickInsideActsAtOnceAndDoesNotHideIt();
     void theMenuOfTheIconDoesNotToggleIt();
     void theMenuOfTheIconLooksLikeThePanel_data();
@@ -168,6 +185,92 @@ void PanelTest::aClickElsewhereHidesIt()
     QCOMPARE(!other.events().empty(), onAWindow);
     desktop.clickAt(program.trayIcon().center());
     QVERIFY(program.waitForPanel());
+}
+
+void PanelTest::keptOpenItStaysBesideOtherWindows()
+{
+    PrivateDesktop desktop({});
+    keepOpeningShortcut(desktop);
+    TestWindow other(desktop.connection(),
+                     {.geometry = {40, 300, 200, 200}, .management = TestWindow::Management::Managed});
+    other.show();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    const QPoint icon = program.trayIcon().center();
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHaveFocus());
+    const auto clickOther = [&] {
+        desktop.clickAt(desktop.connection().geometry(other.id()).center());
+        return waitUntil([&] { return desktop.connection().focusedWindow() == other.id(); });
+    };
+    QVERIFY(clickPin(desktop, program.panel(), Pin::On));
+    QVERIFY(clickOther());
+    static_cast<void>(desktop.settledScreenshot());
+    QVERIFY(!program.panel().isEmpty());
+
+    // Closed by the icon it leaves the keyboard where it is, and opens kept open again.
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHide());
+    QCOMPARE(desktop.connection().focusedWindow(), other.id());
+    desktop.clickAt(icon);
+    QVERIFY(program.waitForPanelToHaveFocus());
+    QVERIFY(clickOther());
+    static_cast<void>(desktop.settledScreenshot());
+    QVERIFY(!program.panel().isEmpty());
+
+    // The shortcut gives it the keyboard, and closes it when it has that; so does Escape.
+    const auto pressShortcut = [&] { desktop.typeKey(XK_o, {XK_Alt_L, XK_Shift_L}); };
+    pressShortcut();
+    QVERIFY(program.waitForPanelToHaveFocus());
+    pressShortcut();
+    QVERIFY(program.waitForPanelToHide());
+    pressShortcut();
+    QVERIFY(program.waitForPanelToHaveFocus());
+    desktop.typeKey(XK_Escape);
+    QVERIFY(program.waitForPanelToHide());
+
+    pressShortcut();
+    QVERIFY(program.waitForPanelToHaveFocus());
+    QVERIFY(clickPin(desktop, program.panel(), Pin::Off));
+    desktop.clickAt(desktop.connection().geometry(other.id()).center());
+    QVERIFY(program.waitForPanelToHide());
+}
+
+void PanelTest::keptOpenItReturnsFromAPick_data()
+{
+    QTest::addColumn<bool>("isCancelled");
+    QTest::newRow("picked") << false;
+    QTest::newRow("cancelled") << true;
+}
+
+void PanelTest::keptOpenItReturnsFromAPick()
+{
+    QFETCH(const bool, isCancelled);
+    PrivateDesktop desktop({});
+    TestWindow behind(desktop.connection(), {.geometry = {{0, 0}, desktop.screen().size()}});
+    behind.setColor(QColor(30, 144, 255));
+    behind.show();
+    behind.lower();
+    TintwickProcess program(desktop);
+    QVERIFY(program.waitForTrayIcon());
+    desktop.clickAt(program.trayIcon().center());
+    QVERIFY(program.waitForPanelToHaveFocus());
+    const QRect place = program.panel();
+    QVERIFY(clickPin(desktop, place, Pin::On));
+    desktop.clickAt(place.topLeft() + pickButton);
+    QVERIFY(program.waitForLoupe());
+    QVERIFY(program.panel().isEmpty());
+    if (isCancelled) {
+        desktop.typeKey(XK_Escape);
+    } else {
+        desktop.click();
+    }
+    QVERIFY(program.waitForPickToEnd());
+    QVERIFY(program.waitForPanel());
+    QCOMPARE(program.panel(), place);
+    desktop.clickAt({140, 400});
+    static_cast<void>(desktop.settledScreenshot());
+    QVERIFY(!program.panel().isEmpty());
 }
 
 void PanelTest::aClickInsideActsAtOnceAndDoesNotHideIt()

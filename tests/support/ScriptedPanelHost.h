@@ -19,7 +19,7 @@ public:
     /// A click outside our windows.
     void clickElsewhere()
     {
-        if (m_isDismissible) {
+        if (m_isDismissible && !m_isKeptOpen) {
             Q_EMIT dismissed();
         }
     }
@@ -33,10 +33,12 @@ public:
     }
     void showAgain(PanelWindow& panel) override { show(panel, lastAnchor); }
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+    void setKeptOpen(bool isKeptOpen) override { m_isKeptOpen = isKeptOpen; }
     [[nodiscard]] QString portalHandle(const QWidget&) const override { return handle; }
 
 private:
     bool m_isDismissible = true;
+    bool m_isKeptOpen = false;
 };
 
 } // namespace tintwick::test

@@ -33,6 +33,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -83,6 +84,7 @@ private Q_SLOTS:
     void keyboardFocusFollowsTheScreenAndReturns();
     void noFocusRingAfterAClick();
     void noControlHasFocusBeforeTab();
+    void pinShowsWhetherThePanelIsKeptOpen();
     void noticeIsShownBelowTheHeader();
     void everyTextHasEnoughContrast_data();
     void everyTextHasEnoughContrast();
@@ -271,7 +273,7 @@ void PanelViewTest::pillDoesNotMoveTheAppearanceButton()
     panel.settle();
     QCOMPARE(QRect(toggle(panel)->mapTo(panel.view.get(), QPoint(0, 0)), toggle(panel)->size()), before);
     const auto* pill = panel.view->findChild<CopiedPill*>();
-    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 296 - 10);
+    QCOMPARE(pill->mapTo(panel.view.get(), QPoint(pill->width(), 0)).x(), 256 - 10);
 }
 
 void PanelViewTest::seeAllOpensTheHistoryAndTheTitleGoesBack()
@@ -602,14 +604,14 @@ void PanelViewTest::everyControlHasANameAndARole_data()
     QTest::addColumn<int>("collections");
     QTest::addColumn<QString>("screen");
     QTest::addColumn<int>("controls");
-    // Every screen has the appearance and settings buttons; all but the dashboard have the back button. After a change there is
+    // Every screen has the pin, the appearance and the settings buttons; all but the dashboard have the back button. After a change there is
     // a button to undo it.
-    QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 2 + 2;
-    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 2 + 2 + 3 + 2 + 1 + 1;
-    QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 3 + 1;
-    QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 3 + 2 + 3;
-    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 3 + 2 + 1;
-    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 3 + 3 + 3 * 3 + 1;
+    QTest::newRow("an empty dashboard") << 0 << 0 << QStringLiteral("dashboard") << 3 + 2;
+    QTest::newRow("a dashboard") << 3 << 2 << QStringLiteral("dashboard") << 3 + 2 + 3 + 2 + 1 + 1;
+    QTest::newRow("an empty history") << 0 << 0 << QStringLiteral("history") << 4 + 1;
+    QTest::newRow("a history") << 3 << 0 << QStringLiteral("history") << 4 + 2 + 3;
+    QTest::newRow("an empty palette") << 0 << 1 << QStringLiteral("palette") << 4 + 2 + 1;
+    QTest::newRow("a palette") << 3 << 1 << QStringLiteral("palette") << 4 + 3 + 3 * 3 + 1;
     QTest::newRow("the overlay of a new palette") << 1 << 0 << QStringLiteral("overlay") << 2;
 }
 
@@ -645,7 +647,7 @@ void PanelViewTest::everyControlHasANameAndARole()
         auto* known = QAccessible::queryAccessibleInterface(control);
         QVERIFY(!known->text(QAccessible::Name).isEmpty());
         const QList<QAccessible::Role> roles{QAccessible::Button, QAccessible::ButtonMenu,
-                                             QAccessible::EditableText};
+                                             QAccessible::CheckBox, QAccessible::EditableText};
         QVERIFY2(roles.contains(known->role()), qPrintable(known->text(QAccessible::Name)));
         if (screen == u"overlay") {
             continue;
@@ -726,7 +728,53 @@ void PanelViewTest::noControlHasFocusBeforeTab()
     QTest::keyClick(panel.view->focusWidget(), Qt::Key_Space);
     QVERIFY(!QSettings().contains(key));
     QTest::keyClick(panel.view->focusWidget(), Qt::Key_Tab);
-    QCOMPARE(panel.view->focusWidget(), toggle(panel));
+    QCOMPARE(panel.view->focusWidget(), button(panel, u"Keep Open"_s));
+}
+
+void PanelViewTest::pinShowsWhetherThePanelIsKeptOpen()
+{
+    const PanelFixture panel;
+    auto* pin = button(panel, u"Keep Open"_s);
+    QVERIFY(pin);
+    QCOMPARE(pin->toolTip(), u"Keep Open"_s);
+    const QSignalSpy changed(panel.view.get(), &PanelView::keepOpenChanged);
+    const auto isCheckedForScreenReaders = [&] {
+        const QAccessible::State state = QAccessible::queryAccessibleInterface(pin)->state();
+        return state.checkable && state.checked;
+    };
+    QVERIFY(!panel.view->keepsOpen());
+    QVERIFY(!isCheckedForScreenReaders());
+    const QImage off = pin->grab().toImage();
+
+    QTest::mouseClick(pin, Qt::LeftButton);
+    QVERIFY(panel.view->keepsOpen());
+    QVERIFY(isCheckedForScreenReaders());
+    panel.settle();
+    const QImage on = pin->grab().toImage();
+    // 16 % of the accent on the ground.
+    QCOMPARE(off.pixel(15, 2), qRgb(0xE9, 0xE9, 0xEE));
+    QVERIFY(tintwick::test::isNear(on.pixel(15, 2), qRgb(0xDD, 0xDE, 0xF2)));
+    // The head is an outline when it is off.
+    QVERIFY(tintwick::test::isNear(off.pixel(15, 11), qRgb(0xE9, 0xE9, 0xEE)));
+    QVERIFY(tintwick::test::isNear(on.pixel(15, 11), qRgb(0x4B, 0x50, 0xDC)));
+
+    pin->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(pin, Qt::Key_Space);
+    QVERIFY(!panel.view->keepsOpen());
+    QTest::keyClick(pin, Qt::Key_Return);
+    QVERIFY(panel.view->keepsOpen());
+    QCOMPARE(changed.size(), 3);
+
+    // Closing the panel does not change it, nor does another screen.
+    panel.view->hide();
+    panel.view->show();
+    panel.view->setShowingSettings(true);
+    panel.settle();
+    QVERIFY(!pin->isVisible());
+    panel.view->setShowingSettings(false);
+    panel.settle();
+    QVERIFY(pin->isVisible());
+    QVERIFY(panel.view->keepsOpen());
 }
 
 void PanelViewTest::noticeIsShownBelowTheHeader()

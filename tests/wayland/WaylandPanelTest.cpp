@@ -32,6 +32,8 @@ using namespace Qt::StringLiterals;
 // In logical units from the top left corner of the panel.
 constexpr QPoint header(190, 25);
 constexpr QPoint settingsButton(350, 25);
+constexpr QPoint pin(271, 25);
+constexpr QPoint pinGround(271, 12);
 constexpr QPoint seeAll(340, 147);
 constexpr QPoint firstSwatch(47, 200);
 /// On the screen that "See all" opens.
@@ -205,6 +207,7 @@ private Q_SLOTS:
     void itOpensInTheTopRightCorner();
     void itHasRoundCornersAndAShadow();
     void aWindowThatBecomesActiveHidesIt();
+    void keptOpenItStaysBesideAWindowThatBecomesActive();
     void escapeHidesIt();
     void itOpensAgainAndTakesTheKeyboard();
     void aMenuOpensAndChooses();
@@ -269,6 +272,24 @@ void WaylandPanelTest::aWindowThatBecomesActiveHidesIt()
     const auto other = scene.startOtherProgram();
     QVERIFY(scene.waitForPanelToHide());
     QVERIFY(scene.waitForWindow(u"Text Program"_s));
+}
+
+void WaylandPanelTest::keptOpenItStaysBesideAWindowThatBecomesActive()
+{
+    Scene scene;
+    QVERIFY(scene.waitForPanel());
+    const QRgb off = scene.colorAt(pinGround);
+    scene.click(pin);
+    QVERIFY(waitUntil([&] { return scene.colorAt(pinGround) != off; }));
+    const auto other = scene.startOtherProgram();
+    QVERIFY(scene.waitForWindow(u"Text Program"_s));
+    // Longer than the panel waits for the focus to return.
+    QVERIFY(!waitUntil([&] { return scene.panel().isEmpty(); }, std::chrono::milliseconds(500)));
+    // A click gives it the keyboard, and then Escape closes it.
+    scene.click(bottom);
+    QVERIFY(scene.waitForPanel());
+    scene.desktop.typeKey(KEY_ESC);
+    QVERIFY(scene.waitForPanelToHide());
 }
 
 void WaylandPanelTest::escapeHidesIt()

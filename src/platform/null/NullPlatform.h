@@ -39,6 +39,7 @@ public:
     void show(PanelWindow& panel, const PanelAnchor& anchor) override;
     void showAgain(PanelWindow& panel) override;
     void setDismissible(bool) override {}
+    void setKeptOpen(bool) override {}
 };
 
 /// A desktop without any service: picks and shortcuts are refused, keys cannot be recorded. Used where the toolkit

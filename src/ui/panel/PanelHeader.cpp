@@ -16,6 +16,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr double pinRadius = 8;
+
 QString symbolOf(ColorSchemeChoice preference)
 {
     switch (preference) {
@@ -37,7 +39,8 @@ PanelHeader::PanelHeader(AppState& appState, Preferences& preferences)
 {
     m_title = label({}, theme::font(18, QFont::Bold));
     m_done = prominentButton(tr("Done"), [this] { Q_EMIT backRequested(); });
-    m_outsideSettings = row(gap(10), new CopiedPill(m_appState), colorSchemeToggle(), settingsButton());
+    m_outsideSettings =
+        row(gap(10), new CopiedPill(m_appState), pinButton(), colorSchemeToggle(), settingsButton());
     // A fixed height, so that the screen does not move when the buttons change.
     setContent(row(fixedHeight(50), gap(10), padding(14, 10), m_title, backButton(), spacer(),
                    m_outsideSettings, m_done));
@@ -52,6 +55,35 @@ QWidget* PanelHeader::backButton()
         {}, [this] { Q_EMIT backRequested(); },
         row(gap(4), symbol(u"chevron-left"_s, 13, SymbolWeight::Semibold, theme::textPrimary), m_backTitle));
     return m_back;
+}
+
+QWidget* PanelHeader::pinButton()
+{
+    const QString name = tr("Keep Open");
+    m_pinSymbol = symbol({}, 14, SymbolWeight::Medium, theme::textSecond);
+    m_pinPlate = row(fixedSize(30, 30), centered(), m_pinSymbol);
+    m_pin = new PlainButton(name, m_pinPlate, pinRadius);
+    m_pin->setCheckable(true);
+    m_pin->setToolTip(name);
+    connect(m_pin, &PlainButton::toggled, this, [this](bool keepsOpen) {
+        showPin();
+        Q_EMIT keepOpenChanged(keepsOpen);
+    });
+    showPin();
+    return m_pin;
+}
+
+void PanelHeader::showPin()
+{
+    const bool isOn = m_pin->isChecked();
+    m_pinSymbol->setName(isOn ? u"pin-filled"_s : u"pin"_s);
+    m_pinSymbol->setColor(isOn ? theme::accentText : theme::textSecond);
+    m_pinPlate->add(ground(isOn ? theme::accent.opacity(0.16) : theme::surfaceHigh, pinRadius));
+}
+
+bool PanelHeader::keepsOpen() const
+{
+    return m_pin->isChecked();
 }
 
 QWidget* PanelHeader::colorSchemeToggle()

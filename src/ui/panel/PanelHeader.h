@@ -15,6 +15,7 @@ class Clickable;
 class Label;
 class PlainButton;
 class Preferences;
+class Stack;
 class SymbolView;
 class TextButton;
 
@@ -34,6 +35,9 @@ public:
     /// The visible button that leaves the screen, or null.
     [[nodiscard]] Clickable* wayOut() const;
 
+    /// Whether the user wants the panel to stay open beside other windows.
+    [[nodiscard]] bool keepsOpen() const;
+
     /// `entries` is called when the settings button is clicked. If it returns any, they open as a menu.
     void setMenu(std::function<QList<MenuEntry>()> entries);
 
@@ -41,14 +45,17 @@ Q_SIGNALS:
     /// The button of the way back or "Done" was clicked.
     void backRequested();
     void settingsRequested();
+    void keepOpenChanged(bool keepsOpen);
 
 private:
     [[nodiscard]] QWidget* backButton();
+    [[nodiscard]] QWidget* pinButton();
     [[nodiscard]] QWidget* colorSchemeToggle();
     [[nodiscard]] QWidget* settingsButton();
     void showParts(bool hasWayBack, bool areSettings);
     void openMenuOrSettings();
     void showColorScheme();
+    void showPin();
 
     AppState& m_appState;
     Preferences& m_preferences;
@@ -59,6 +66,9 @@ private:
     Label* m_backTitle = nullptr;
     /// Hidden while the settings are shown.
     QWidget* m_outsideSettings = nullptr;
+    Stack* m_pinPlate = nullptr;
+    SymbolView* m_pinSymbol = nullptr;
+    PlainButton* m_pin = nullptr;
     SymbolView* m_schemeSymbol = nullptr;
     PlainButton* m_schemeToggle = nullptr;
     PlainButton* m_settings = nullptr;

@@ -80,6 +80,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
             &QShortcut::activated, this, &PanelView::goBack);
     connect(m_header, &PanelHeader::backRequested, this, &PanelView::goBack);
     connect(m_header, &PanelHeader::settingsRequested, this, [this] { setShowingSettings(true); });
+    connect(m_header, &PanelHeader::keepOpenChanged, this, &PanelView::keepOpenChanged);
     connect(m_dashboard, &DashboardView::pickRequested, this, &PanelView::pickRequested);
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
@@ -107,6 +108,11 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
 void PanelView::setMenu(std::function<QList<MenuEntry>()> entries)
 {
     m_header->setMenu(std::move(entries));
+}
+
+bool PanelView::keepsOpen() const
+{
+    return m_header->keepsOpen();
 }
 
 void PanelView::setPickKeys(const QString& keys, const QString& inWords)

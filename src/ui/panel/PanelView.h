@@ -54,6 +54,10 @@ public:
     /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
     void showNotice(const QString& sentence);
 
+    /// Whether the user wants the panel to stay open beside other windows. The choice lasts as long as the program runs: a panel
+    /// that a click elsewhere does not close weeks later would look broken.
+    [[nodiscard]] bool keepsOpen() const;
+
     /// Adds a palette for each file, or shows why not.
     void importFiles(const QStringList& paths);
 
@@ -66,6 +70,7 @@ public:
     [[nodiscard]] QWidget& currentScreen() const;
 
 Q_SIGNALS:
+    void keepOpenChanged(bool keepsOpen);
     /// A pick button or an entry of its menu was chosen.
     void pickRequested(const tintwick::WantedPick& pick);
 

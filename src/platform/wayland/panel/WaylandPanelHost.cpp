@@ -87,12 +87,12 @@ void WaylandPanelHost::leaveWhenInactive()
     if (!m_widget || !m_widget->isVisible()) {
         return;
     }
-    if (m_isDismissible) {
-        m_sinceDismissal.start();
-        Q_EMIT dismissed();
-    } else {
+    if (!m_isDismissible) {
         m_isAway = true;
         m_widget->hide();
+    } else if (!m_isKeptOpen) {
+        m_sinceDismissal.start();
+        Q_EMIT dismissed();
     }
 }
 

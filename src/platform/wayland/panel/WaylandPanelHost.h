@@ -25,6 +25,7 @@ public:
     /// While a dialog of another process is open, the panel may cover it. So a panel that is not dismissible hides when
     /// it becomes inactive, and comes back when it is dismissible again.
     void setDismissible(bool isDismissible) override;
+    void setKeptOpen(bool isKeptOpen) override { m_isKeptOpen = isKeptOpen; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -42,6 +43,7 @@ private:
     /// The one of the tray as far as it is known.
     ScreenCorner m_corner;
     bool m_isDismissible = true;
+    bool m_isKeptOpen = false;
     /// Hidden until it is dismissible again.
     bool m_isAway = false;
     /// Runs while no window of this program has the focus.

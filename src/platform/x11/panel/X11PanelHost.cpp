@@ -198,7 +198,7 @@ void X11PanelHost::setWindowManagerHints(const QWidget& widget) const
 // During a drag that started on one of our windows the pointer may be elsewhere.
 void X11PanelHost::handlePress()
 {
-    m_pressDismisses = m_isDismissible && QGuiApplication::mouseButtons() == Qt::NoButton;
+    m_pressDismisses = m_isDismissible && !m_isKeptOpen && QGuiApplication::mouseButtons() == Qt::NoButton;
 }
 
 void X11PanelHost::handleClick()
@@ -250,7 +250,8 @@ bool X11PanelHost::eventFilter(QObject* watched, QEvent* event)
     } else if (event->type() == QEvent::Expose && m_widget->windowHandle()->isExposed() && !m_isExposed) {
         m_isExposed = true;
         placeShadow();
-    } else if (event->type() == QEvent::MouseButtonPress && !m_widget->isActiveWindow()) {
+    } else if (event->type() == QEvent::MouseButtonPress &&
+               QGuiApplication::focusWindow() != m_widget->windowHandle()) {
         // Some window managers do not focus a utility window on a click.
         m_focus.take(*m_widget);
     }

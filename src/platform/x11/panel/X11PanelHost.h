@@ -31,6 +31,7 @@ public:
     void showAgain(PanelWindow& panel) override;
     [[nodiscard]] QString portalHandle(const QWidget& window) const override;
     void setDismissible(bool isDismissible) override { m_isDismissible = isDismissible; }
+    void setKeptOpen(bool isKeptOpen) override { m_isKeptOpen = isKeptOpen; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -75,6 +76,7 @@ private:
     QSize m_shadowedSize;
     double m_shadowedScale = 0;
     bool m_isDismissible = true;
+    bool m_isKeptOpen = false;
     bool m_pressDismisses = false;
     QElapsedTimer m_sinceDismissal;
     QPoint m_dismissingClick;
