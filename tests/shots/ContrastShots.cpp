@@ -55,6 +55,8 @@ void shootContrast(const QDir& folder)
     shootState(u"translucent"_s, color(0x3B82F6, 0.5), color(0x112233, 0.7));
     shootState(u"hover"_s, color(0x3B82F6), color(0xFFFFFF),
                [](QWidget& screen) { hover(button(screen, u"Black, #000000"_s)); });
+    shootState(u"drop"_s, color(0x3B82F6), color(0xFFFFFF),
+               [](QWidget& screen) { dragOver(button(screen, u"Text: #3B82F6"_s), u"#B45309"_s); });
     shootState(u"focus"_s, color(0x3B82F6), color(0xFFFFFF), [](QWidget& screen) {
         screen.activateWindow();
         button(screen, u"White, #FFFFFF"_s).setFocus(Qt::TabFocusReason);

@@ -100,6 +100,8 @@ void shootHistory(const QDir& folder)
         history.activateWindow();
         history.swatches().at(2)->setFocus(Qt::TabFocusReason);
     });
+    shootState(u"drop-on-color"_s, manyColors(12),
+               [](DemoHistory& history) { dragOver(*history.swatches().at(6), u"#FFE9A8"_s); });
     shootState(u"menu"_s, manyColors(40), [](DemoHistory& history) { openContextMenu(history, 6); });
     shootState(u"menu-copy"_s, manyColors(40), [](DemoHistory& history) {
         ColorSwatchView& view = *history.swatches().at(6);

@@ -10,9 +10,7 @@
 #include "shots/Shooting.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -65,14 +63,6 @@ void carry(ColorDetailRow& row, double by)
     press(row, QEvent::MouseMove, there);
 }
 
-void dragOver(QWidget& screen)
-{
-    QMimeData text;
-    text.setText(u"a colour"_s);
-    QDragEnterEvent enter(screen.rect().center(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&screen, &enter);
-}
-
 } // namespace
 
 void shootPalette(const QDir& folder)
@@ -122,9 +112,13 @@ void shootPalette(const QDir& folder)
     shootState(u"drag-first"_s, u"Brand"_s, manyColors(6),
                [](DemoPalette& palette) { carry(palette.row(2), -95); });
     shootState(u"drop-target"_s, u"Brand"_s, manyColors(4),
-               [](DemoPalette& palette) { dragOver(palette.view()); });
+               [](DemoPalette& palette) { dragOver(palette.view(), u"a colour"_s); });
     shootState(u"drop-target-empty"_s, u"Brand"_s, {},
-               [](DemoPalette& palette) { dragOver(palette.view()); });
+               [](DemoPalette& palette) { dragOver(palette.view(), u"a colour"_s); });
+    shootState(u"drop-on-color"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
+        // The square at the start of the row.
+        dragOver(*palette.row(1).childAt(30, 27), u"#FFE9A8"_s);
+    });
     shootState(u"actions"_s, u"Brand"_s, manyColors(4), [](DemoPalette& palette) {
         auto& actions = static_cast<MenuButton&>(button(palette, u"Palette Actions"_s));
         actions.click();

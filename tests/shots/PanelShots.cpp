@@ -10,6 +10,7 @@
 #include "DashboardView.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
+#include "PanelNavigation.h"
 #include "PanelView.h"
 #include "Preferences.h"
 #include "shots/Scene.h"
@@ -116,6 +117,8 @@ void shootMainPanel(const QDir& folder)
                 {u"Sea"_s, 2}});
     shootState(u"hover-swatch"_s, manyColors(8), twoPalettes,
                [](DemoPanel& panel) { hover(*panel.dashboard().swatches().at(1)); });
+    shootState(u"drop-on-swatch"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { dragOver(*panel.dashboard().swatches().at(1), u"#FFE9A8"_s); });
     shootState(u"hover-card"_s, manyColors(8), twoPalettes,
                [](DemoPanel& panel) { hover(*panel.dashboard().cards().first()); });
     shootState(u"focus-swatch"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
@@ -131,6 +134,12 @@ void shootMainPanel(const QDir& folder)
     });
     shootState(u"history"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
         panel.view().setSelectedCollectionId(PanelView::historySelectionId);
+        QApplication::processEvents();
+    });
+    shootState(u"contrast-added"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
+        PanelNavigation::of(&panel.dashboard())->openContrast(CapturedColor::capture(0x3B82F6));
+        QApplication::processEvents();
+        button(panel, u"Add #4D95FF, passes AAA with 7.06 to 1"_s).click();
         QApplication::processEvents();
     });
     shootState(u"palette"_s, manyColors(8), {{u"Harbour"_s, 6}}, [](DemoPanel& panel) {

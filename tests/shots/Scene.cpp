@@ -7,9 +7,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QHoverEvent>
 #include <QImage>
 #include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 
 #include <algorithm>
@@ -93,6 +95,14 @@ void hover(QWidget& widget)
 {
     const QPointF middle = widget.rect().center();
     QHoverEvent enter(QEvent::HoverEnter, middle, widget.mapToGlobal(middle), QPointF(-1, -1));
+    QApplication::sendEvent(&widget, &enter);
+}
+
+void dragOver(QWidget& widget, const QString& text)
+{
+    QMimeData data;
+    data.setText(text);
+    QDragEnterEvent enter(widget.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &enter);
 }
 

@@ -24,6 +24,8 @@ void fill(AppState& state, const QList<QColor>& colors);
 [[nodiscard]] QAbstractButton& button(const QWidget& view, const QString& name);
 /// Hovers a widget.
 void hover(QWidget& widget);
+/// Drags a text over a widget.
+void dragOver(QWidget& widget, const QString& text);
 /// Draws an open menu, which is a separate window, into the picture of a screen, moved inside it if needed.
 void showMenu(QWidget& screen, QMenu& menu, QPoint place);
 
