@@ -8,12 +8,15 @@
 #include "CollectionDetailView.h"
 #include "CollectionRowCard.h"
 #include "ColorDetailRow.h"
+#include "ColorScreen.h"
 #include "DashboardSwatchView.h"
 #include "DashboardView.h"
 #include "DataFile.h"
 #include "HistoryDetailView.h"
+#include "Preferences.h"
 #include "ReorderList.h"
 #include "Shadow.h"
+#include "Slider.h"
 #include "Theme.h"
 #include "Ticker.h"
 
@@ -135,6 +138,34 @@ void draggedFrameOfAPalette(benchmark::State& run)
     drag(*row, QEvent::MouseButtonRelease, pointer(y));
 }
 BENCHMARK(draggedFrameOfAPalette)->Unit(benchmark::kMillisecond);
+
+/// Drags a slider of an opened colour, which changes the tracks of the others, and repaints the view.
+void draggedFrameOfASlider(benchmark::State& run)
+{
+    run.SetLabel("(aim 6 ms)");
+    const QTemporaryDir folder;
+    Preferences preferences(folder.filePath(QStringLiteral("Tintwick.conf")));
+    Panel panel([&](AppState& appState, QWidget& around) {
+        return new ColorScreen(appState, preferences, CapturedColor::capture(0x3B82F6), around);
+    });
+    auto* slider = panel.findChild<Slider*>();
+    const auto scale = static_cast<int>(run.range(0));
+    QImage frame(panel.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    frame.setDevicePixelRatio(scale);
+    frame.fill(theme::bg.in(Scheme::Light));
+    int x = 40;
+    int step = 1;
+    drag(*slider, QEvent::MouseButtonPress, QPoint(x, slider->height() / 2));
+    for ([[maybe_unused]] auto _ : run) {
+        if (x <= 20 || x >= slider->width() - 20) {
+            step = x <= 20 ? 1 : -1;
+        }
+        x += step;
+        drag(*slider, QEvent::MouseMove, QPoint(x, slider->height() / 2));
+        slider->window()->render(&frame, QPoint(), QRegion(), QWidget::DrawChildren);
+    }
+}
+BENCHMARK(draggedFrameOfASlider)->Arg(1)->Arg(2)->ArgName("scale")->Unit(benchmark::kMillisecond);
 
 void hover(QWidget& widget, QEvent::Type type)
 {

@@ -23,7 +23,7 @@ struct Number
         field->setValueText(u"259°"_s);
         field->onEnter([this](const QString& text) {
             bool isNumber = false;
-            const int number = text.toInt(&isNumber);
+            const int number = QString(text).remove(u'°').toInt(&isNumber);
             if (isNumber) {
                 taken.append(number);
                 field->setValueText(u"%1°"_s.arg(number));
