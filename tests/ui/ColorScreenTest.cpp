@@ -399,6 +399,9 @@ void ColorScreenTest::theArrowKeysMoveAlongTheTints()
     QCOMPARE(focused(), u"Shade 5, #01030E"_s);
     go(Qt::Key_End);
     QCOMPARE(focused(), u"Tint 5, #DEEBFF"_s);
+    go(Qt::Key_Tab);
+    go(Qt::Key_Backtab);
+    QCOMPARE(focused(), u"Tint 5, #DEEBFF"_s);
     go(Qt::Key_Return);
     QCOMPARE(panel.code(), u"#DEEBFF"_s);
     QCOMPARE(focused(), u"Tint 5, #DEEBFF"_s);
