@@ -55,6 +55,9 @@ public:
     /// The colours of a collection in its order, also those that have left the history. Leaves out unknown ids.
     [[nodiscard]] QList<CapturedColor> colorsOf(const ColorCollection& collection) const;
 
+    /// The history, and then the colours that only collections hold.
+    [[nodiscard]] QList<CapturedColor> allColors() const { return m_data.history + m_data.keptColors; }
+
     [[nodiscard]] ColorFormat defaultFormat() const { return m_data.defaultFormat; }
     void setDefaultFormat(ColorFormat format);
     /// The user's own template, for the format Template; see ColorTemplate.h.

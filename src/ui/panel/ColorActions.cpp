@@ -78,7 +78,9 @@ QList<MenuEntry> screenEntries(const QWidget& view, const CapturedColor& color)
             menuAction(QCoreApplication::translate("ColorActions", "Edit…"), openColorKey,
                        [navigation, color] { navigation->openColor(color); }),
             menuAction(QCoreApplication::translate("ColorActions", "Contrast With…"),
-                       [navigation, color] { navigation->openContrast(color); })};
+                       [navigation, color] { navigation->openContrast(color); }),
+            menuAction(QCoreApplication::translate("ColorActions", "Show Similar"),
+                       [navigation, color] { navigation->openSimilar(color); })};
 }
 
 MenuEntry copyAsMenu(AppState& state, const CapturedColor& color)

@@ -27,11 +27,14 @@ public:
     {
         Q_EMIT contrastRequested(text, ground);
     }
+    /// Shows all colours in the order of their likeness to one.
+    void openSimilar(const CapturedColor& color) { Q_EMIT similarRequested(color); }
 
 Q_SIGNALS:
     void colorRequested(const tintwick::CapturedColor& color);
     void contrastRequested(const tintwick::CapturedColor& text,
                            const std::optional<tintwick::CapturedColor>& ground);
+    void similarRequested(const tintwick::CapturedColor& color);
 };
 
 } // namespace tintwick

@@ -11,12 +11,12 @@ namespace tintwick {
 /// Names a screen of the panel and what it shows.
 struct PanelScreen
 {
-    enum class Kind { Dashboard, History, Collection, Color, Contrast, Settings };
+    enum class Kind { Dashboard, History, Collection, Color, Contrast, Search, Similar, Settings };
 
     Kind kind = Kind::Dashboard;
     /// Of a collection.
     QUuid collectionId = {};
-    /// The opened colour, or the colour of the text in a contrast.
+    /// The opened colour, the colour of the text in a contrast, or the colour that others are like.
     CapturedColor color = {};
     /// The ground in a contrast, if it has been chosen.
     std::optional<CapturedColor> ground = {};

@@ -21,6 +21,8 @@
 #include "PanelNavigation.h"
 #include "Preferences.h"
 #include "Rule.h"
+#include "SearchScreen.h"
+#include "SimilarScreen.h"
 #include "Stack.h"
 #include "Theme.h"
 
@@ -29,6 +31,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QShortcut>
@@ -92,6 +95,11 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
             [this](const CapturedColor& text, const std::optional<CapturedColor>& ground) {
                 open({.kind = PanelScreen::Kind::Contrast, .color = text, .ground = ground});
             });
+    connect(navigation, &PanelNavigation::similarRequested, this, [this](const CapturedColor& color) {
+        open({.kind = PanelScreen::Kind::Similar, .color = color});
+    });
+    connect(new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, [this] { search({}); });
     m_intake = new ColorIntake(m_appState, *this);
     connect(m_intake, &ColorIntake::filesPasted, this, &PanelView::importFiles);
     connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
@@ -166,6 +174,15 @@ void PanelView::open(const PanelScreen& screen)
     }
     m_openedScreens.append(screen);
     showSelection();
+}
+
+void PanelView::search(const QString& text)
+{
+    if (m_showingSettings || Overlay::of(*this) != nullptr) {
+        return;
+    }
+    open({.kind = PanelScreen::Kind::Search});
+    static_cast<SearchScreen&>(currentScreen()).enter(text);
 }
 
 void PanelView::goBack()
@@ -287,6 +304,20 @@ QWidget* PanelView::makeScreen(const PanelScreen& screen)
         return new ColorScreen(m_appState, m_preferences, screen.color, *this);
     case PanelScreen::Kind::Contrast:
         return new ContrastScreen(m_appState, screen.color, screen.ground);
+    case PanelScreen::Kind::Search: {
+        auto* search = new SearchScreen(m_appState, *this);
+        connect(search, &SearchScreen::closeRequested, this, &PanelView::goBack);
+        connect(search, &SearchScreen::colorsChosen, this, [this](const TextColors& found) {
+            goBack();
+            m_intake->take(found);
+        });
+        return search;
+    }
+    case PanelScreen::Kind::Similar: {
+        auto* similar = new SimilarScreen(m_appState, screen.color, *this);
+        connect(similar, &SimilarScreen::closeRequested, this, &PanelView::goBack);
+        return similar;
+    }
     case PanelScreen::Kind::Dashboard:
         break;
     }
@@ -308,8 +339,16 @@ QString PanelView::selectionTitle() const
 {
     if (!m_openedScreens.isEmpty()) {
         const PanelScreen& opened = m_openedScreens.last();
-        return opened.kind == PanelScreen::Kind::Contrast ? tr("Contrast")
-                                                          : inOneLine(shownName(opened.color));
+        switch (opened.kind) {
+        case PanelScreen::Kind::Contrast:
+            return tr("Contrast");
+        case PanelScreen::Kind::Search:
+            return tr("Search");
+        case PanelScreen::Kind::Similar:
+            return tr("Similar Colors");
+        default:
+            return inOneLine(shownName(opened.color));
+        }
     }
     if (m_selectedCollectionId == historySelectionId) {
         return tr("All History");
@@ -401,6 +440,23 @@ bool PanelView::eventFilter(QObject* watched, QEvent* event)
 void PanelView::importFiles(const QStringList& paths)
 {
     showNotice(tintwick::importFiles(m_appState, paths).value_or(QString()));
+}
+
+// Gets the keys that the focused control does not use.
+void PanelView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isTyped =
+        (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0 &&
+        !event->text().trimmed().isEmpty() && event->text().front().isPrint();
+    const PanelScreen::Kind screen = m_screenStack->current().kind;
+    const bool isSearch = screen == PanelScreen::Kind::Search || screen == PanelScreen::Kind::Similar;
+    if (event->key() == Qt::Key_Escape && isSearch) {
+        goBack();
+    } else if (isTyped && !m_showingSettings) {
+        search(event->text());
+    } else {
+        View::keyPressEvent(event);
+    }
 }
 
 void PanelView::dragEnterEvent(QDragEnterEvent* event)

@@ -81,6 +81,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -90,6 +91,8 @@ private:
     [[nodiscard]] QWidget* makeScreen(const PanelScreen& screen);
     /// Opens a screen above the present one.
     void open(const PanelScreen& screen);
+    /// Opens the search, unless the settings are shown, and enters a text there.
+    void search(const QString& text);
     void showHeader();
     /// Updates header, screen and focus after the selection has changed.
     void showSelection();
