@@ -246,13 +246,13 @@ public:
         });
     }
 
-    /// Chooses "Rename…" in the open menu of a colour, the last item but three, and types the name.
+    /// Chooses "Rename…" in the open menu of a colour, the last item but four, and types the name.
     [[nodiscard]] bool renamesFromMenu(const QString& name)
     {
         if (!keyboardIsTaken()) {
             return false;
         }
-        for (int step = 0; step < 4; ++step) {
+        for (int step = 0; step < 5; ++step) {
             desktop.typeKey(XK_Up);
         }
         desktop.typeKey(XK_Return);

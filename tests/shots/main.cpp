@@ -8,6 +8,7 @@
 #include "shots/PaletteShots.h"
 #include "shots/PanelShots.h"
 #include "shots/RecorderShots.h"
+#include "shots/SearchShots.h"
 #include "shots/SettingsShots.h"
 
 #include <QApplication>
@@ -39,6 +40,7 @@ int main(int argc, char** argv)
     tintwick::shootBadges(QDir(arguments.at(1)));
     tintwick::shootMainPanel(QDir(arguments.at(1)));
     tintwick::shootHistory(QDir(arguments.at(1)));
+    tintwick::shootSearch(QDir(arguments.at(1)));
     tintwick::shootColor(QDir(arguments.at(1)));
     tintwick::shootPalette(QDir(arguments.at(1)));
     tintwick::shootContrast(QDir(arguments.at(1)));

@@ -638,7 +638,8 @@ void DashboardViewTest::swatchMenuOffersExistingPalettes()
     QVERIFY(menu);
     QCOMPARE(titles(*menu),
              (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Edit…"),
-                          QStringLiteral("Contrast With…"), QStringLiteral("-"), QStringLiteral("Delete")}));
+                          QStringLiteral("Contrast With…"), QStringLiteral("Show Similar"),
+                          QStringLiteral("-"), QStringLiteral("Delete")}));
     QCOMPARE(titles(*menu->actions().first()->menu()), formatTitles());
     menu->close();
 
@@ -649,7 +650,7 @@ void DashboardViewTest::swatchMenuOffersExistingPalettes()
     QCOMPARE(titles(*menu),
              (QStringList{QStringLiteral("Copy as…"), QStringLiteral("-"), QStringLiteral("Add to Palette…"),
                           QStringLiteral("-"), QStringLiteral("Edit…"), QStringLiteral("Contrast With…"),
-                          QStringLiteral("-"), QStringLiteral("Delete")}));
+                          QStringLiteral("Show Similar"), QStringLiteral("-"), QStringLiteral("Delete")}));
     menu->actions().at(2)->menu()->actions().first()->trigger();
     QCOMPARE(panel.state.collections().first().colorIds, QList<QUuid>{panel.state.history().first().id});
     menu->close();

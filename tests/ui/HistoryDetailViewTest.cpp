@@ -535,14 +535,15 @@ void HistoryDetailViewTest::menuOffersExistingCollections()
     QMenu* menu = contextMenu(panel.swatch(0));
     QVERIFY(menu);
     QCOMPARE(titles(*menu), (QStringList{u"Copy as…"_s, u"-"_s, u"Rename…"_s, u"-"_s, u"Edit…"_s,
-                                         u"Contrast With…"_s, u"-"_s, u"Delete"_s}));
+                                         u"Contrast With…"_s, u"Show Similar"_s, u"-"_s, u"Delete"_s}));
     QCOMPARE(titles(*menu->actions().first()->menu()), formatTitles());
     menu->close();
 
     panel.state.createCollection(u"Brand"_s);
     menu = contextMenu(panel.swatch(0));
-    QCOMPARE(titles(*menu), (QStringList{u"Copy as…"_s, u"-"_s, u"Add to Collection"_s, u"Rename…"_s, u"-"_s,
-                                         u"Edit…"_s, u"Contrast With…"_s, u"-"_s, u"Delete"_s}));
+    QCOMPARE(titles(*menu),
+             (QStringList{u"Copy as…"_s, u"-"_s, u"Add to Collection"_s, u"Rename…"_s, u"-"_s, u"Edit…"_s,
+                          u"Contrast With…"_s, u"Show Similar"_s, u"-"_s, u"Delete"_s}));
     QCOMPARE(titles(*menu->actions().at(2)->menu()), QStringList{u"Brand"_s});
     menu->close();
 }
