@@ -201,6 +201,7 @@ void SearchTest::aColorInTheTextIsOffered()
     for (const QString& part : shown) {
         QVERIFY2(fixture.texts().contains(part), qPrintable(fixture.texts().join(u'|')));
     }
+    QVERIFY(!fixture.texts().contains(u"No colors match"_s));
 }
 
 void SearchTest::returnAddsTheColor()

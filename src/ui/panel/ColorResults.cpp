@@ -14,20 +14,25 @@ using namespace Qt::StringLiterals;
 ColorResults::ColorResults(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_count(label({}, theme::font(13), theme::textSecond))
+    , m_head(column(row(padding(16, 8), m_count, spacer()), rule()))
     , m_empty(emptyState(u"eyedropper"_s, emptyStateLabel(tr("No colors match"))))
+    , m_blank(column(spacer()))
     , m_grid(new SwatchGrid(appState, panel))
 {
-    setContent(column(row(padding(16, 8), m_count, spacer()), rule(), m_empty, m_grid));
+    setContent(column(m_head, m_empty, m_blank, m_grid));
 }
 
-void ColorResults::setColors(const QList<CapturedColor>& colors)
+void ColorResults::setColors(const QList<CapturedColor>& colors, WhenNone whenNone)
 {
     const qsizetype all = m_appState.allColors().size();
     m_count->setText(colors.size() == all ? colorCountText(all)
                                           : tr("%1 of %2").arg(colors.size()).arg(colorCountText(all)));
     m_grid->setColors(colors);
+    const bool isBlank = colors.isEmpty() && whenNone == WhenNone::Nothing;
+    m_head->setVisible(!isBlank);
+    m_blank->setVisible(isBlank);
     m_grid->setVisible(!colors.isEmpty());
-    m_empty->setVisible(colors.isEmpty());
+    m_empty->setVisible(colors.isEmpty() && !isBlank);
 }
 
 bool ColorResults::focusFirst() const

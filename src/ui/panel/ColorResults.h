@@ -12,7 +12,7 @@ class AppState;
 class Label;
 class Stack;
 
-/// The colours that a search has found: their number and a grid, or "No colors match".
+/// The colours that a search has found: their number and a grid.
 class ColorResults final : public View
 {
     Q_OBJECT
@@ -21,7 +21,10 @@ public:
     /// Overlays cover the panel.
     ColorResults(AppState& appState, QWidget& panel);
 
-    void setColors(const QList<CapturedColor>& colors);
+    /// What is shown when there is no colour.
+    enum class WhenNone { Sentence, Nothing };
+
+    void setColors(const QList<CapturedColor>& colors, WhenNone whenNone = WhenNone::Sentence);
     [[nodiscard]] const SwatchGrid& grid() const { return *m_grid; }
     /// False when there is none.
     bool focusFirst() const;
@@ -29,7 +32,9 @@ public:
 private:
     AppState& m_appState;
     Label* m_count;
+    Stack* m_head;
     Stack* m_empty;
+    Stack* m_blank;
     SwatchGrid* m_grid;
 };
 

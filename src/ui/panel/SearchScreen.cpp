@@ -17,7 +17,7 @@ SearchScreen::SearchScreen(AppState& appState, QWidget& panel)
     , m_foundRow(new FoundColorsRow(appState))
     , m_results(new ColorResults(appState, panel))
 {
-    setContent(column(column(gap(10), Padding{{14, 12, 14, 4}}, m_field, m_foundRow), m_results));
+    setContent(column(column(gap(10), Padding{{16, 12, 16, 4}}, m_field, m_foundRow), m_results));
     m_field->setAccessibleDescription(tr("Return adds the color, Down goes to the results"));
 
     m_foundRow->onClick([this] { choose(); });
@@ -48,7 +48,9 @@ void SearchScreen::showResults()
 {
     m_found = colorsInText(m_field->text(), AppState::historyLimit);
     m_foundRow->setColors(m_found);
-    m_results->setColors(matchingColors(m_appState, m_field->text()));
+    m_results->setColors(matchingColors(m_appState, m_field->text()), m_found.colors.isEmpty()
+                                                                          ? ColorResults::WhenNone::Sentence
+                                                                          : ColorResults::WhenNone::Nothing);
     setTabOrder(m_field, m_foundRow);
     m_results->grid().putInTabOrderAfter(m_foundRow);
 }

@@ -23,7 +23,7 @@ SimilarScreen::SimilarScreen(AppState& appState, const CapturedColor& color, QWi
     , m_end(endButton())
     , m_results(new ColorResults(appState, panel))
 {
-    setContent(column(row(Padding{{14, 12, 14, 4}}, m_end, spacer()), m_results));
+    setContent(column(row(Padding{{16, 12, 16, 4}}, m_end, spacer()), m_results));
     connect(&m_results->grid(), &SwatchGrid::leftAbove, this,
             [this] { m_end->setFocus(Qt::BacktabFocusReason); });
     connect(&m_appState, &AppState::historyChanged, this, &SimilarScreen::showResults);
