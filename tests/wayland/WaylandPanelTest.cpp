@@ -42,7 +42,7 @@ constexpr QPoint card(190, 355);
 constexpr QPoint cardOutline(16, 355);
 constexpr QPoint bottom(190, 560);
 /// From the pointer that has opened the menu of a swatch.
-constexpr QPoint deleteInMenu(50, 88);
+constexpr QPoint deleteInMenu(50, 149);
 /// In the first item of the menu below the settings button, which has no room on the right.
 constexpr QPoint settingsInMenu(290, 62);
 
