@@ -64,6 +64,8 @@ public:
     /// The number of its visible windows that are children of the root: menus, tool tips, windows without a frame. Without
     /// the badge beside the pointer.
     [[nodiscard]] std::size_t visibleWindows();
+    /// None while it is hidden.
+    [[nodiscard]] xcb_window_t panelWindow();
     /// The panel's rectangle on the screen; empty while it is hidden.
     [[nodiscard]] QRect panel();
     [[nodiscard]] bool waitForPanel();
@@ -103,8 +105,6 @@ private:
     [[nodiscard]] bool isSettingsWindow(xcb_window_t window);
     [[nodiscard]] bool isPanel(xcb_window_t window);
     [[nodiscard]] xcb_window_t menu();
-    /// None while it is hidden.
-    [[nodiscard]] xcb_window_t panelWindow();
 
     PrivateDesktop& m_desktop;
     std::unique_ptr<RunningProgram> m_process;

@@ -157,8 +157,13 @@ QRect DesktopConnection::geometry(xcb_window_t window) const
 
 QImage DesktopConnection::screenshot(const QRect& rect) const
 {
+    return drawnBy(root(), rect);
+}
+
+QImage DesktopConnection::drawnBy(xcb_window_t window, const QRect& rect) const
+{
     const auto cookie =
-        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, root(), static_cast<std::int16_t>(rect.x()),
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<std::int16_t>(rect.x()),
                       static_cast<std::int16_t>(rect.y()), static_cast<std::uint16_t>(rect.width()),
                       static_cast<std::uint16_t>(rect.height()), ~0U);
     const ServerReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_connection, cookie, nullptr));

@@ -68,6 +68,9 @@ public:
 
     /// The picture on the screen in this rectangle, without the pointer.
     [[nodiscard]] QImage screenshot(const QRect& rect) const;
+    /// The picture that a window has drawn, in pixels from its top left corner. A compositor may show it later. Null when the
+    /// window is not visible.
+    [[nodiscard]] QImage drawnBy(xcb_window_t window, const QRect& rect) const;
     /// The opaque colour on the screen at this position.
     [[nodiscard]] QRgb pixel(QPoint position) const;
 
