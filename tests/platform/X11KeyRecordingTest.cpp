@@ -72,6 +72,13 @@ struct Program
     void end() { recording.end(); }
 };
 
+/// Waits long, because a window manager on a busy machine is still reading the keymaps that earlier tests have set.
+bool becomesActive(QWidget& window)
+{
+    constexpr int patience = 20000; // milliseconds
+    return QTest::qWaitForWindowActive(&window, patience);
+}
+
 enum class GrabKind { Core, InputExtension };
 
 /// Another client that grabs Alt + Shift + C.
@@ -473,7 +480,7 @@ private Q_SLOTS:
         KeyboardInput keyboard;
         QWidget window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(becomesActive(window));
         QVERIFY(program.begin());
         const FocusEvents focus;
         QTRY_VERIFY(focus.out > 0);
@@ -494,7 +501,7 @@ private Q_SLOTS:
         KeyboardInput keyboard;
         QWidget window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(becomesActive(window));
         TestWindow terminal(keyboard.connection(), {});
         terminal.show();
         QVERIFY(program.begin());
