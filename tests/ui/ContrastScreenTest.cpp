@@ -149,6 +149,9 @@ void ContrastScreenTest::samplesPaintTranslucentColorsFirst()
     // The grey is not the text of the other direction: black at one half on white is its ground.
     QVERIFY(panel.samples().last()->accessibleName().startsWith(u"#FFFFFF on #808080: "_s));
     QVERIFY(panel.hasText(u"3.95 : 1"_s));
+    QVERIFY(panel.wells().last()->accessibleName().startsWith(u"Ground: "_s));
+    panel.click(u"Swap text and ground"_s);
+    QVERIFY(panel.wells().last()->accessibleName().startsWith(u"Ground on white: "_s));
 }
 
 void ContrastScreenTest::ratioAndLevelsAreShown_data()

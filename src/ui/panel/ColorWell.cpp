@@ -21,7 +21,8 @@ constexpr int padding = 8;
 constexpr int patchSide = 36;
 constexpr double patchRadius = 8;
 constexpr int gap = 10;
-constexpr double chosenWidth = 1.5;
+constexpr theme::Color chosenTint = theme::accent.opacity(0.1);
+constexpr theme::Color chosenLine = theme::accentText.opacity(0.5);
 
 QFont partFont()
 {
@@ -49,6 +50,13 @@ ColorWell::ColorWell(const QString& part, const AppState& appState,
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     updateNames();
+}
+
+void ColorWell::setPart(const QString& part)
+{
+    m_part = part;
+    updateNames();
+    update();
 }
 
 void ColorWell::setColor(const CapturedColor& color)
@@ -88,19 +96,23 @@ void ColorWell::paintEvent(QPaintEvent*)
     const Scheme scheme = Appearance::of(this);
     QPainter painter(this);
     fillRounded(painter, rect(), radius, theme::surface.in(scheme));
-    const bool isOutlined = m_isChosen || m_dragged;
-    const theme::Color line = isOutlined ? theme::accentText : theme::border;
-    strokeInside(painter, rect(), radius, line.in(scheme), isOutlined ? chosenWidth : 1);
+    if (m_isChosen) {
+        fillRounded(painter, rect(), radius, chosenTint.in(scheme));
+    }
+    strokeInside(painter, rect(), radius, (m_isChosen ? chosenLine : theme::border).in(scheme), 1);
     const CapturedColor shown = m_dragged.value_or(m_color);
-    drawColorPatch(painter, QRectF(padding, padding, patchSide, patchSide), patchRadius, paintColor(shown),
-                   scheme);
+    const QRectF patch(padding, padding, patchSide, patchSide);
+    drawColorPatch(painter, patch, patchRadius, paintColor(shown), scheme);
+    if (m_dragged) {
+        drawFocusRing(painter, patch, patchRadius, scheme);
+    }
 
     const QFontMetrics part(partFont());
     const QFontMetrics code(codeFont());
     QRect place = rect().adjusted(padding + patchSide + gap, 0, -padding, 0);
     place.setTop((height() - part.height() - code.height()) / 2);
     painter.setFont(partFont());
-    painter.setPen(theme::textThird.in(scheme));
+    painter.setPen((m_isChosen ? theme::accentText : theme::textThird).in(scheme));
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
                      part.elidedText(m_part, Qt::ElideRight, place.width()));
     place.setTop(place.top() + part.height());

@@ -21,6 +21,7 @@ public:
     ColorWell(const QString& part, const AppState& appState,
               std::function<void(const CapturedColor&)> replace);
 
+    void setPart(const QString& part);
     [[nodiscard]] const CapturedColor& color() const { return m_color; }
     void setColor(const CapturedColor& color);
     [[nodiscard]] bool isChosen() const { return m_isChosen; }

@@ -21,7 +21,6 @@ constexpr double cardRadius = 12;
 constexpr QMargins cardPadding(14, 10, 14, 12);
 constexpr int lineGap = 2;
 constexpr int noteGap = 8;
-constexpr int noteInset = 2;
 constexpr int wrapped = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
 
 // The sizes at which large text begins and text of the body is usual.
@@ -98,8 +97,8 @@ QRect ContrastSample::card() const
 QSize ContrastSample::sizeHint() const
 {
     // Room for two lines, so that what is below does not move when the colours change.
-    const int advice = std::max(2 * QFontMetrics(adviceFont()).height(),
-                                heightOf(adviceFont(), width() - 2 * noteInset, m_advice));
+    const int advice =
+        std::max(2 * QFontMetrics(adviceFont()).height(), heightOf(adviceFont(), width(), m_advice));
     return {width(), card().height() + noteGap + QFontMetrics(lightnessFont()).height() + advice};
 }
 
@@ -119,7 +118,7 @@ void ContrastSample::paintEvent(QPaintEvent*)
     painter.setFont(bodyFont());
     painter.drawText(place, wrapped, bodyText());
 
-    place = rect().adjusted(noteInset, card().height() + noteGap, -noteInset, 0);
+    place = rect().adjusted(0, card().height() + noteGap, 0, 0);
     painter.setPen(theme::textPrimary.in(scheme));
     painter.setFont(lightnessFont());
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, m_lightness);

@@ -207,6 +207,7 @@ void ContrastScreen::showContrast()
 {
     const ColorContrast contrast(m_text, m_ground);
     m_textWell->setColor(m_text);
+    m_groundWell->setPart(m_ground.alpha < 1 ? tr("Ground on white") : tr("Ground"));
     m_groundWell->setColor(m_ground);
     m_sample->setContrast(contrast);
     m_swapped->setContrast(ColorContrast(m_ground, m_text));

@@ -4,6 +4,7 @@
 #include "ColorActions.h"
 #include "ColorPatch.h"
 #include "Paint.h"
+#include "TextOnColor.h"
 #include "Theme.h"
 
 #include <QPainter>
@@ -16,7 +17,7 @@ namespace {
 constexpr int patchSide = 28;
 constexpr double patchRadius = 8;
 constexpr double ringRadius = patchRadius + StripSwatch::ringRoom;
-constexpr double markWidth = 1.5;
+constexpr double markSide = 6;
 
 } // namespace
 
@@ -59,8 +60,9 @@ void StripSwatch::paintEvent(QPaintEvent*)
     drawColorPatch(painter, rect().adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom), patchRadius,
                    paintColor(m_color), scheme);
     if (m_isMarked) {
-        strokeInside(painter, QRectF(rect()).adjusted(1, 1, -1, -1), ringRadius - 1,
-                     theme::accentText.in(scheme), markWidth);
+        QRectF mark(0, 0, markSide, markSide);
+        mark.moveCenter(QRectF(rect()).center());
+        fillRounded(painter, mark, markSide / 2, textOn(m_color).in(scheme));
     }
     paintStateLayer(painter);
 }
