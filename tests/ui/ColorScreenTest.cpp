@@ -2,6 +2,7 @@
 
 #include "PanelNavigation.h"
 #include "Slider.h"
+#include "Theme.h"
 #include "ValueField.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -102,6 +103,8 @@ private Q_SLOTS:
     void theColorIsShownWithItsNameCodeAndNumbers();
     void aSliderChangesTheNewColorBesideTheOld();
     void aDragDoesNotMoveAnyPart();
+    void thePillMovesNoSlider();
+    void everythingFitsBesideANotice();
     void aNumberCanBeTyped_data();
     void aNumberCanBeTyped();
     void digitsOnASliderBeginTyping();
@@ -176,6 +179,35 @@ void ColorScreenTest::aDragDoesNotMoveAnyPart()
         panel.pressTrack(u"Lightness"_s, fraction);
         QCOMPARE(places(), before);
     }
+}
+
+void ColorScreenTest::thePillMovesNoSlider()
+{
+    const ColorFixture panel;
+    panel.letOfferEnd();
+    const QRect before = placeIn(*panel.view, panel.slider(u"Hue"_s));
+    panel.type(u"Hue"_s, u"300"_s);
+    panel.press(u"Save as New"_s).click();
+    panel.settle();
+    QVERIFY(visibleTexts(*panel.view).contains(u"Added Medium Purple"_s));
+    QCOMPARE(placeIn(*panel.view, panel.slider(u"Hue"_s)), before);
+}
+
+void ColorScreenTest::everythingFitsBesideANotice()
+{
+    const ColorFixture panel;
+    panel.view->showNotice(
+        u"The picture of the screen could not be taken, because the desktop refused it."_s);
+    panel.type(u"Hue"_s, u"300"_s);
+    panel.press(u"Save as New"_s).click();
+    panel.settle();
+    const QRect tint = placeIn(*panel.view, panel.press(u"Base, #9A65E5"_s));
+    const QRect save = placeIn(*panel.view, panel.press(u"Save as New"_s));
+    QVERIFY(tint.top() > placeIn(*panel.view, panel.slider(u"Opacity"_s)).bottom());
+    QVERIFY(save.top() > tint.bottom());
+    QCOMPARE(panel.view->size(), theme::panelSize);
+    QVERIFY(save.bottom() < panel.view->height());
+    QVERIFY(panel.press(u"Copy the new color, Medium Purple, #9A65E5"_s).height() >= 48);
 }
 
 void ColorScreenTest::aNumberCanBeTyped_data()

@@ -16,7 +16,8 @@ namespace tintwick {
 
 namespace {
 
-constexpr int comparisonHeight = 112;
+constexpr int usualHeight = 108;
+constexpr int leastHeight = 48;
 constexpr double radius = 14;
 constexpr double captionInset = 12;
 constexpr double captionOpacity = 0.8;
@@ -90,8 +91,8 @@ ColorComparison::ColorComparison(AppState& appState, const CapturedColor& origin
     : m_original(new Half(Half::Side::Left, tr("Original")))
     , m_new(new Half(Half::Side::Right, tr("New")))
 {
-    setFixedHeight(comparisonHeight);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMaximumHeight(usualHeight);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_original->setParent(this);
     // The button "Revert" does the same by keyboard.
     m_original->setFocusPolicy(Qt::NoFocus);
@@ -103,6 +104,16 @@ ColorComparison::ColorComparison(AppState& appState, const CapturedColor& origin
     m_new->setMenu([this, &appState] { return QList{copyAsMenu(appState, m_new->color())}; });
     setOriginal(original);
     setNew(original);
+}
+
+QSize ColorComparison::sizeHint() const
+{
+    return {QWidget::sizeHint().width(), usualHeight};
+}
+
+QSize ColorComparison::minimumSizeHint() const
+{
+    return {0, leastHeight};
 }
 
 void ColorComparison::setOriginal(const CapturedColor& color)

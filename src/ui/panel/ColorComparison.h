@@ -19,6 +19,10 @@ class ColorComparison final : public QWidget
 public:
     ColorComparison(AppState& appState, const CapturedColor& original, std::function<void()> onReturn);
 
+    [[nodiscard]] QSize sizeHint() const override;
+    /// Lower than the hint, where the panel has little room.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
     void setOriginal(const CapturedColor& color);
     void setNew(const CapturedColor& color);
 

@@ -10,7 +10,6 @@
 #include "InOneLine.h"
 #include "Label.h"
 #include "Preferences.h"
-#include "ScrollArea.h"
 #include "SegmentedPicker.h"
 #include "Stack.h"
 #include "Theme.h"
@@ -48,7 +47,7 @@ ColorScreen::ColorScreen(AppState& appState, Preferences& preferences, const Cap
 {
     // clang-format off
     setContent(column(
-        verticalScroll(column(gap(12), Padding{{inset, 14, inset - ComponentRow::frameInset, 8}},
+        column(gap(12), Padding{{inset, 14, inset - ComponentRow::frameInset, 8}},
             column(gap(12), besideFrames,
                 m_comparison,
                 nameLine(),
@@ -56,7 +55,7 @@ ColorScreen::ColorScreen(AppState& appState, Preferences& preferences, const Cap
                 m_model),
             column(m_oklchRows, m_hslRows, rowsOf({ColorComponent::Alpha})),
             column(besideFrames, m_tints),
-            spacer())),
+            spacer()),
         buttons()));
     // clang-format on
 
