@@ -17,7 +17,7 @@ namespace tintwick {
 namespace {
 
 constexpr int usualHeight = 108;
-constexpr int leastHeight = 48;
+constexpr int leastHeight = 36;
 constexpr double radius = 14;
 constexpr double captionInset = 12;
 constexpr double captionOpacity = 0.8;
