@@ -70,6 +70,9 @@ Application::Application(std::unique_ptr<Platform> platform, InstanceService& in
     , m_picking(*m_platform, m_preferences, m_appState, m_badge)
     , m_shortcuts(m_platform->globalShortcuts(), m_platform->keyboardLayout(), m_preferences, fontsHave)
 {
+    const auto applyRepeatedPick = [this] { m_appState.setRepeatedPick(m_preferences.repeatedPick()); };
+    connect(&m_preferences, &Preferences::repeatedPickChanged, this, applyRepeatedPick);
+    applyRepeatedPick();
     setupInstance(instance);
 }
 

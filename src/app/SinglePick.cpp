@@ -14,6 +14,7 @@ PickAnswer pickAlone(const PickRequest& request, std::unique_ptr<Platform> platf
 {
     AppState state;
     const Preferences preferences;
+    state.setRepeatedPick(preferences.repeatedPick());
     PickSeries series(request, *platform, preferences, state);
     QEventLoop loop;
     PickAnswer answer;

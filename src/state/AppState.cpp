@@ -5,6 +5,7 @@
 #include "PayloadChange.h"
 #include "PayloadCoding.h"
 #include "PayloadMerge.h"
+#include "PicksSince.h"
 
 #include <QFileInfo>
 #include <QTimer>
@@ -141,7 +142,20 @@ QString AppState::copiedText(const CapturedColor& color) const
 
 QString AppState::copiedText(const CapturedColor& color, ColorFormat format) const
 {
-    return text(named(color), format);
+    return text(asPicked(color), format);
+}
+
+CapturedColor AppState::asPicked(const CapturedColor& color) const
+{
+    if (m_repeatedPick == RepeatedPick::Move) {
+        const auto known = std::ranges::find(m_data.history, color.hex8(), &CapturedColor::hex8);
+        if (known != m_data.history.end()) {
+            CapturedColor again = *known;
+            again.capturedAt = color.capturedAt;
+            return again;
+        }
+    }
+    return named(color);
 }
 
 void AppState::colorCaptured(const CapturedColor& color)
@@ -153,7 +167,9 @@ void AppState::colorCaptured(const CapturedColor& color)
 void AppState::addToHistory(const CapturedColor& color)
 {
     Payload data = m_data;
-    data.history.prepend(named(color));
+    const CapturedColor picked = asPicked(color);
+    data.history.removeIf([&picked](const CapturedColor& other) { return other.id == picked.id; });
+    data.history.prepend(picked);
     setData(std::move(data));
     save();
 }
@@ -388,7 +404,13 @@ void AppState::redo()
 void AppState::apply(const Payload& from, const Payload& to)
 {
     // After a merge with the file the data have whole seconds.
-    Payload data = m_data == from ? to : merged(asStored(from), asStored(m_data), asStored(to));
+    Payload data = to;
+    if (m_data != from) {
+        const Payload before = asStored(from);
+        const Payload now = asStored(m_data);
+        data = merged(before, now, asStored(to));
+        data.history = withPicksFirst(data.history, before.history, now.history);
+    }
     setData(std::move(data), to.history.size());
     save();
 }

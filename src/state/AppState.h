@@ -8,6 +8,7 @@
 #include "DataProblem.h"
 #include "DataWriter.h"
 #include "Payload.h"
+#include "RepeatedPick.h"
 
 #include <QList>
 #include <QObject>
@@ -76,8 +77,11 @@ public:
     [[nodiscard]] QString copiedText(const CapturedColor& color) const;
     /// The same in another format.
     [[nodiscard]] QString copiedText(const CapturedColor& color, ColorFormat format) const;
+    /// What happens to a picked colour that equals one of the history in its codes, opacity included.
+    void setRepeatedPick(RepeatedPick effect) { m_repeatedPick = effect; }
     /// Takes in a picked colour whose text has been copied: names it by the table of names if it has no name, puts it at
-    /// the head of the history and drops the oldest beyond the limit.
+    /// the head of the history and drops the oldest beyond the limit. A colour that is moved instead keeps its id, name and
+    /// collections, and its time becomes that of the new pick.
     void colorCaptured(const CapturedColor& color);
     /// The same for a colour that was not copied in the default format: shows no feedback.
     void addToHistory(const CapturedColor& color);
@@ -148,6 +152,8 @@ Q_SIGNALS:
     void unreadableFileFound();
 
 private:
+    /// The record that a pick of the colour puts at the head of the history.
+    [[nodiscard]] CapturedColor asPicked(const CapturedColor& color) const;
     void load();
     void save();
     /// Makes a change that can be taken back, and saves.
@@ -169,6 +175,7 @@ private:
 
     Payload m_data;
     QUndoStack m_changes;
+    RepeatedPick m_repeatedPick = RepeatedPick::Add;
     bool m_showCopiedFeedback = false;
     QString m_lastCopiedString;
     RunLater m_runLater;

@@ -28,6 +28,7 @@ constexpr QAnyStringView loupeSizeKey = u"scopePhysicalSize";
 constexpr QAnyStringView loupeRadiusKey = u"scopeDefaultRadius";
 constexpr QAnyStringView loupeCaptionKey = u"scopeCaption";
 constexpr QAnyStringView keyNamesKey = u"keyNames";
+constexpr QAnyStringView repeatedPickKey = u"repeatedPick";
 constexpr QAnyStringView editorModelKey = u"editorModel";
 constexpr QLatin1StringView shortcutPrefix("KeyboardShortcuts_");
 
@@ -37,6 +38,7 @@ constexpr std::array loupeShapeWords{"square"_L1, "circle"_L1};
 constexpr std::array loupeSizeWords{"small"_L1, "medium"_L1, "large"_L1};
 constexpr std::array loupeCaptionWords{"name"_L1, "text"_L1, "both"_L1};
 constexpr std::array keyNamesWords{"signs"_L1, "words"_L1};
+constexpr std::array repeatedPickWords{"add"_L1, "move"_L1};
 constexpr std::array editorModelWords{"oklch"_L1, "hsl"_L1};
 
 template <typename Enum, std::size_t N>
@@ -255,6 +257,7 @@ Preferences::Values Preferences::storedValues() const
         .loupeRadius = radiusOf(storedValue(loupeRadiusKey)),
         .loupeCaption = valueOf(storedValue(loupeCaptionKey), loupeCaptionWords, defaults.loupeCaption),
         .keyNames = valueOf(storedValue(keyNamesKey), keyNamesWords, defaults.keyNames),
+        .repeatedPick = valueOf(storedValue(repeatedPickKey), repeatedPickWords, defaults.repeatedPick),
         .editorModel = valueOf(storedValue(editorModelKey), editorModelWords, defaults.editorModel),
         .shortcutTexts = {},
     };
@@ -280,6 +283,9 @@ void Preferences::signalChanges(const Values& before)
     }
     if (now.keyNames != before.keyNames) {
         Q_EMIT keyNamesChanged();
+    }
+    if (now.repeatedPick != before.repeatedPick) {
+        Q_EMIT repeatedPickChanged();
     }
     if (now.editorModel != before.editorModel) {
         Q_EMIT editorModelChanged();
@@ -333,6 +339,11 @@ void Preferences::setLoupeRadius(int radius)
 void Preferences::setKeyNames(KeyNames names)
 {
     store(keyNamesKey, wordOf(names, keyNamesWords));
+}
+
+void Preferences::setRepeatedPick(RepeatedPick effect)
+{
+    store(repeatedPickKey, wordOf(effect, repeatedPickWords));
 }
 
 void Preferences::setEditorModel(EditorModel model)

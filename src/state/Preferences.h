@@ -2,6 +2,7 @@
 
 #include "EditorModel.h"
 #include "KeyNames.h"
+#include "RepeatedPick.h"
 
 #include <QAnyStringView>
 #include <QFileSystemWatcher>
@@ -88,6 +89,9 @@ public:
     [[nodiscard]] KeyNames keyNames() const { return m_values.keyNames; }
     void setKeyNames(KeyNames names);
 
+    [[nodiscard]] RepeatedPick repeatedPick() const { return m_values.repeatedPick; }
+    void setRepeatedPick(RepeatedPick effect);
+
     [[nodiscard]] EditorModel editorModel() const { return m_values.editorModel; }
     void setEditorModel(EditorModel model);
 
@@ -102,6 +106,7 @@ Q_SIGNALS:
     /// After a change of shape, size, radius or caption.
     void loupeChanged();
     void keyNamesChanged();
+    void repeatedPickChanged();
     void editorModelChanged();
     void shortcutChanged(const QString& name);
     void problemChanged();
@@ -115,6 +120,7 @@ private:
         int loupeRadius = defaultLoupeRadius;
         LoupeCaption loupeCaption = LoupeCaption::Name;
         KeyNames keyNames = KeyNames::Signs;
+        RepeatedPick repeatedPick = RepeatedPick::Add;
         EditorModel editorModel = EditorModel::Oklch;
         QMap<QString, QString> shortcutTexts;
     };

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void aValueOfAnotherTypeGivesTheDefault();
     void setValuesAreWrittenAtOnce();
     void namesOfKeysAreReadAndWritten();
+    void theEffectOfARepeatedPickIsReadAndWritten();
     void theNumbersOfTheEditorAreReadAndWritten();
     void writtenValuesAreReadBack();
     void settingTheStoredValueDoesNotWrite();
@@ -261,6 +262,19 @@ void PreferencesTest::namesOfKeysAreReadAndWritten()
     QCOMPARE(Preferences().keyNames(), KeyNames::Words);
     preferences.setKeyNames(KeyNames::Signs);
     QCOMPARE(preferences.keyNames(), KeyNames::Signs);
+    QCOMPARE(changes.count(), 2);
+}
+
+void PreferencesTest::theEffectOfARepeatedPickIsReadAndWritten()
+{
+    Preferences preferences;
+    QCOMPARE(preferences.repeatedPick(), RepeatedPick::Add);
+    const QSignalSpy changes(&preferences, &Preferences::repeatedPickChanged);
+    preferences.setRepeatedPick(RepeatedPick::Move);
+    QCOMPARE(contentOf(m_path), QByteArray("[General]\nrepeatedPick=move\n"));
+    QCOMPARE(Preferences().repeatedPick(), RepeatedPick::Move);
+    preferences.setRepeatedPick(RepeatedPick::Add);
+    QCOMPARE(preferences.repeatedPick(), RepeatedPick::Add);
     QCOMPARE(changes.count(), 2);
 }
 

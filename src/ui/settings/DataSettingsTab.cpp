@@ -7,7 +7,9 @@
 #include "ColorExport.h"
 #include "Label.h"
 #include "MenuButton.h"
+#include "Preferences.h"
 #include "SettingsLayout.h"
+#include "Switch.h"
 #include "SymbolView.h"
 #include "Theme.h"
 
@@ -31,8 +33,10 @@ QWidget* exportTile(const QString& title, const QString& symbolName)
 
 } // namespace
 
-DataSettingsTab::DataSettingsTab(AppState& appState, const std::optional<QUrl>& projectPage)
+DataSettingsTab::DataSettingsTab(AppState& appState, Preferences& preferences,
+                                 const std::optional<QUrl>& projectPage)
     : m_appState(appState)
+    , m_preferences(preferences)
 {
     setContent(column(gap(12), historySection(), exportSection(), aboutSection(projectPage)));
 }
@@ -47,8 +51,20 @@ QWidget* DataSettingsTab::historySection()
         });
     TextButton* clear = borderedButton(tr("Clear"), [this] { m_appState.clearHistory(); });
     clear->setAccessibleName(tr("Clear all history"));
-    return settingsSection(tr("History"), settingsRows({settingsRow(tr("Colors saved"), count),
-                                                        settingsRow(tr("Clear all history"), clear)}));
+    return settingsSection(tr("History"),
+                           settingsRows({settingsRow(tr("Colors saved"), count),
+                                         settingsRow(tr("Clear all history"), clear), repeatedPickRow()}));
+}
+
+QWidget* DataSettingsTab::repeatedPickRow()
+{
+    const QString title = tr("Picking a color again moves it to the front");
+    auto* moves = new Switch(title, m_preferences.repeatedPick() == RepeatedPick::Move);
+    moves->onSwitch([this](bool isOn) {
+        m_preferences.setRepeatedPick(isOn ? RepeatedPick::Move : RepeatedPick::Add);
+        return m_preferences.repeatedPick() == (isOn ? RepeatedPick::Move : RepeatedPick::Add);
+    });
+    return row(fillWidth(), fixedHeight(28), label(title, theme::font(13)), spacer(), moves);
 }
 
 QWidget* DataSettingsTab::exportSection()

@@ -66,7 +66,7 @@ void SettingsScreen::showTab()
         tab = new GeneralSettingsTab(m_appState, m_preferences, m_recording, m_platform, m_panel);
         break;
     case SettingsTab::Data:
-        tab = new DataSettingsTab(m_appState);
+        tab = new DataSettingsTab(m_appState, m_preferences);
         break;
     }
     m_screen->setContent(verticalScroll(column(Padding{{16, 12, 16, 12}}, tab, spacer())));

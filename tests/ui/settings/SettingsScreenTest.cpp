@@ -136,6 +136,7 @@ private Q_SLOTS:
 
     void tabShowsStoredValues_data();
     void tabShowsStoredValues();
+    void aSwitchMovesRepeatedPicks();
     void aSwitchStartsTheProgramAtLogin();
     void theSwitchStaysWhenTheEntryCannotBeWritten();
     void choiceIsStoredAtOnce_data();
@@ -241,6 +242,7 @@ void SettingsScreenTest::textsAreInOrder_data()
                                          u"Colors saved"_s,
                                          u"0 / 100"_s,
                                          u"Clear all history"_s,
+                                         u"Picking a color again moves it to the front"_s,
                                          u"Export All History"_s,
                                          u"CSS"_s,
                                          u"JSON"_s,
@@ -861,7 +863,7 @@ void SettingsScreenTest::creditLinksToTheProjectPage()
 void SettingsScreenTest::noLinkWithoutAProjectPage()
 {
     SettingsFixture fixture;
-    const DataSettingsTab tab(fixture.state, std::nullopt);
+    const DataSettingsTab tab(fixture.state, fixture.preferences, std::nullopt);
     for (const auto* button : tab.findChildren<QAbstractButton*>()) {
         QVERIFY(button->accessibleName() != u"Read Me"_s);
     }
@@ -935,6 +937,20 @@ void SettingsScreenTest::windowHasTheAppearanceOfThePanel()
     QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0x1F, 0x1F, 0x23));
     appearance.setScheme(Scheme::Light);
     QCOMPARE(window.grab().toImage().pixelColor(5, 5), QColor(0xF5, 0xF5, 0xF7));
+}
+
+void SettingsScreenTest::aSwitchMovesRepeatedPicks()
+{
+    SettingsFixture fixture(SettingsTab::Data);
+    const QString title = u"Picking a color again moves it to the front"_s;
+    QVERIFY(!fixture.control<Switch>(title)->isChecked());
+    fixture.control<Switch>(title)->click();
+    QCOMPARE(Preferences().repeatedPick(), RepeatedPick::Move);
+    fixture.open();
+    fixture.view->setTab(SettingsTab::Data);
+    QVERIFY(fixture.control<Switch>(title)->isChecked());
+    fixture.control<Switch>(title)->click();
+    QCOMPARE(Preferences().repeatedPick(), RepeatedPick::Add);
 }
 
 void SettingsScreenTest::aSwitchStartsTheProgramAtLogin()
