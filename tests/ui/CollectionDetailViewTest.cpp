@@ -10,6 +10,7 @@
 #include "ExportMenu.h"
 #include "Label.h"
 #include "MenuButton.h"
+#include "SelectionBar.h"
 #include "Ticker.h"
 #include "ui/OwnHomeMain.h"
 #include "ui/PanelFixture.h"
@@ -37,6 +38,7 @@
 
 using namespace tintwick;
 using namespace tintwick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -270,6 +272,9 @@ private Q_SLOTS:
 
     void altAndArrowsMoveTheFocusedRow_data();
     void altAndArrowsMoveTheFocusedRow();
+    void severalRowsAreSelectedAndRemoved();
+    void selectedRowsMoveTogether_data();
+    void selectedRowsMoveTogether();
     void arrowsMoveTheFocus_data();
     void arrowsMoveTheFocus();
     void tabVisitsRowsInOrder();
@@ -1156,6 +1161,70 @@ void CollectionDetailViewTest::altAndArrowsMoveTheFocusedRow()
     screen.settle();
     QCOMPARE(screen.shown(), after);
     QCOMPARE(clipboardText(), QStringLiteral("untouched"));
+}
+
+void CollectionDetailViewTest::severalRowsAreSelectedAndRemoved()
+{
+    PaletteFixture screen(numbered(5));
+    QTest::mouseClick(&screen.row(1), Qt::LeftButton, Qt::ControlModifier, QPoint(100, 20));
+    QTest::keyClick(&screen.row(1), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&screen.row(2), Qt::Key_Down, Qt::ShiftModifier);
+    screen.settle();
+    const auto* bar = screen.view->findChild<SelectionBar*>();
+    QVERIFY(bar->isVisible());
+    QCOMPARE(bar->accessibleName(), u"3 selected"_s);
+    QVERIFY(screen.row(3).showsFocusRing() || screen.row(3).hasFocus());
+    QCOMPARE(clipboardText(), u"untouched"_s);
+
+    QTest::keyClick(&screen.row(3), Qt::Key_Delete);
+    screen.settle();
+    QCOMPARE(screen.stored(), u"#000001 #000005"_s);
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(screen.state.history().size(), 5);
+    screen.state.undo();
+    QCOMPARE(screen.stored(), u"#000001 #000002 #000003 #000004 #000005"_s);
+}
+
+void CollectionDetailViewTest::selectedRowsMoveTogether_data()
+{
+    QTest::addColumn<QList<int>>("selected");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("after");
+    const auto row = [](const char* name, const QList<int>& selected, int key, const char* after) {
+        QTest::newRow(name) << selected << key << QString::fromLatin1(after);
+    };
+    row("down", {0, 1}, Qt::Key_Down, "#000003 #000001 #000002 #000004");
+    row("up", {2, 3}, Qt::Key_Up, "#000001 #000003 #000004 #000002");
+    row("up, apart", {1, 3}, Qt::Key_Up, "#000002 #000004 #000001 #000003");
+    row("up from the start", {0, 1}, Qt::Key_Up, "#000001 #000002 #000003 #000004");
+    row("down from the end", {2, 3}, Qt::Key_Down, "#000001 #000002 #000003 #000004");
+    row("dragged to the end", {0, 2}, 0, "#000002 #000004 #000001 #000003");
+}
+
+void CollectionDetailViewTest::selectedRowsMoveTogether()
+{
+    QFETCH(const QList<int>, selected);
+    QFETCH(const int, key);
+    QFETCH(const QString, after);
+    PaletteFixture screen(numbered(4));
+    for (const int position : selected) {
+        QTest::mouseClick(&screen.row(position), Qt::LeftButton, Qt::ControlModifier, QPoint(100, 20));
+    }
+    screen.settle();
+    if (key != 0) {
+        QTest::keyClick(&screen.row(selected.last()), static_cast<Qt::Key>(key), Qt::AltModifier);
+    } else {
+        const QPoint from = screen.leftMiddle(selected.first());
+        const QPoint to = screen.leftMiddle(3) + QPoint(0, 20);
+        screen.press(from);
+        screen.drag(from, to);
+        screen.release(to);
+    }
+    screen.settle();
+    QCOMPARE(screen.stored(), after);
+    QCOMPARE(screen.shown(), after);
+    screen.state.undo();
+    QCOMPARE(screen.stored(), u"#000001 #000002 #000003 #000004"_s);
 }
 
 void CollectionDetailViewTest::arrowsMoveTheFocus_data()

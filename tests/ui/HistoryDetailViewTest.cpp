@@ -1,9 +1,11 @@
 #include "HistoryDetailView.h"
 
+#include "ColorSelector.h"
 #include "Grid.h"
 #include "MenuButton.h"
 #include "Overlay.h"
 #include "RenameColorOverlay.h"
+#include "SelectionBar.h"
 #include "Symbol.h"
 #include "TextField.h"
 #include "Theme.h"
@@ -19,6 +21,9 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <functional>
 
 using namespace tintwick;
 using namespace tintwick::test;
@@ -98,6 +103,15 @@ private Q_SLOTS:
     void menuAddsToACollection();
     void screenReadersAndToolTipNameTheColor();
 
+    void clicksAndKeysSelect_data();
+    void clicksAndKeysSelect();
+    void aPlainClickCopiesAndClears();
+    void barActsOnTheSelectedColors();
+    void barAddsToAPaletteAndToANewOne();
+    void selectedSwatchIsMarked();
+    void screenReadersAreToldWhatIsSelected();
+    void escapeClosesAnOverlayBeforeItClearsTheSelection();
+    void aDragOfASelectedSwatchCarriesAll();
     void renamingByKeyboard();
     void layoutOfTheOverlayIsExact();
     void overlayStartsWithTheNameSelected_data();
@@ -177,10 +191,13 @@ void HistoryDetailViewTest::emptyScreenExplainsHowToPick()
     panel.view->setPickKeys(u"⌥⇧C"_s, u"Alt+Shift+C"_s);
     panel.settle();
     QVERIFY(visibleTexts(panel.screen()).contains(u"No colors yet\nPress ⌥⇧C to snip a color"_s));
-    QCOMPARE(panel.screen().findChildren<Label*>().last()->accessibleName(),
-             u"No colors yet\nPress Alt+Shift+C to snip a color"_s);
+    const QString spoken = u"No colors yet\nPress Alt+Shift+C to snip a color"_s;
+    const QList<Label*> labels = panel.screen().findChildren<Label*>();
+    const auto found =
+        std::ranges::find_if(labels, [&](const Label* label) { return label->accessibleName() == spoken; });
+    QVERIFY(found != labels.end());
     QVERIFY(!panel.screen().findChild<Grid*>()->isVisible());
-    const Label* text = panel.screen().findChildren<Label*>().last();
+    const Label* text = *found;
     const QRect place = placeIn(*panel.view, *text);
     QVERIFY(std::abs(place.center().x() - 190) <= 1);
     // Symbol, gap of 8 and text are centred between the rule and the bottom.
@@ -596,6 +613,274 @@ void HistoryDetailViewTest::screenReadersAndToolTipNameTheColor()
     QCOMPARE(interface->text(QAccessible::Name), u"Harbour, #1E90FF"_s);
     panel.state.renameColor(id, {});
     QCOMPARE(panel.swatch(0).toolTip(), u"#1E90FF"_s);
+}
+
+/// The positions of the selected swatches: "0 2".
+QString selected(const HistoryFixture& panel)
+{
+    QStringList positions;
+    for (int i = 0; i < panel.screen().swatches().size(); ++i) {
+        if (panel.swatch(i).isSelected()) {
+            positions.append(QString::number(i));
+        }
+    }
+    return positions.join(u' ');
+}
+
+void ctrlClick(const HistoryFixture& panel, qsizetype position)
+{
+    QTest::mouseClick(&panel.swatch(position), Qt::LeftButton, Qt::ControlModifier);
+}
+
+void HistoryDetailViewTest::clicksAndKeysSelect_data()
+{
+    using Steps = std::function<void(HistoryFixture&)>;
+    QTest::addColumn<Steps>("steps");
+    QTest::addColumn<QString>("positions");
+    const auto row = [](const char* name, const Steps& steps, const QString& positions) {
+        QTest::newRow(name) << steps << positions;
+    };
+    const auto click = [](HistoryFixture& panel, qsizetype position, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(&panel.swatch(position), Qt::LeftButton, modifiers);
+    };
+    const auto key = [](HistoryFixture& panel, Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(panel.view->focusWidget(), pressed, modifiers);
+    };
+    row(
+        "nothing", [](HistoryFixture&) {}, u""_s);
+    row(
+        "Ctrl and clicks",
+        [=](HistoryFixture& panel) {
+            click(panel, 3, Qt::ControlModifier);
+            click(panel, 1, Qt::ControlModifier);
+        },
+        u"1 3"_s);
+    row(
+        "Ctrl and a click on a selected one",
+        [=](HistoryFixture& panel) {
+            click(panel, 3, Qt::ControlModifier);
+            click(panel, 3, Qt::ControlModifier);
+        },
+        u""_s);
+    row(
+        "Shift after a plain click",
+        [=](HistoryFixture& panel) {
+            click(panel, 1, {});
+            click(panel, 4, Qt::ShiftModifier);
+        },
+        u"1 2 3 4"_s);
+    row(
+        "Ctrl+A without a focused swatch",
+        [=](HistoryFixture& panel) { key(panel, Qt::Key_A, Qt::ControlModifier); }, u"0 1 2 3 4 5 6"_s);
+    row(
+        "Shift and arrows",
+        [=](HistoryFixture& panel) {
+            panel.swatch(0).setFocus(Qt::TabFocusReason);
+            key(panel, Qt::Key_Right, Qt::ShiftModifier);
+            key(panel, Qt::Key_Down, Qt::ShiftModifier);
+            key(panel, Qt::Key_Left, Qt::ShiftModifier);
+        },
+        u"0 1 2 3 4 5"_s);
+    row(
+        "Shift and an arrow after Ctrl and a click",
+        [=](HistoryFixture& panel) {
+            click(panel, 2, Qt::ControlModifier);
+            key(panel, Qt::Key_Right, Qt::ShiftModifier);
+        },
+        u"2 3"_s);
+    row(
+        "an arrow alone",
+        [=](HistoryFixture& panel) {
+            click(panel, 2, Qt::ControlModifier);
+            key(panel, Qt::Key_Right);
+        },
+        u"2"_s);
+    row(
+        "Ctrl and Space",
+        [=](HistoryFixture& panel) {
+            panel.swatch(5).setFocus(Qt::TabFocusReason);
+            key(panel, Qt::Key_Space, Qt::ControlModifier);
+        },
+        u"5"_s);
+    row(
+        "Escape",
+        [=](HistoryFixture& panel) {
+            click(panel, 2, Qt::ControlModifier);
+            key(panel, Qt::Key_Escape);
+        },
+        u""_s);
+    row(
+        "a color is removed",
+        [=](HistoryFixture& panel) {
+            click(panel, 2, Qt::ControlModifier);
+            click(panel, 4, Qt::ControlModifier);
+            panel.state.deleteColor(panel.swatch(2).color().id);
+        },
+        u"3"_s);
+    row(
+        "a color is picked",
+        [=](HistoryFixture& panel) {
+            click(panel, 2, Qt::ControlModifier);
+            panel.capture(0x1E90FF);
+        },
+        u"3"_s);
+}
+
+void HistoryDetailViewTest::clicksAndKeysSelect()
+{
+    QFETCH(const std::function<void(HistoryFixture&)>, steps);
+    QFETCH(const QString, positions);
+    HistoryFixture panel(7);
+    const auto* bar = panel.screen().findChild<SelectionBar*>();
+    QVERIFY(!bar->isVisible());
+    steps(panel);
+    panel.settle();
+    QCOMPARE(selected(panel), positions);
+    QCOMPARE(bar->isVisible(), !positions.isEmpty());
+    if (bar->isVisible()) {
+        const qsizetype count = positions.split(u' ').size();
+        QCOMPARE(visibleTexts(*bar).first(), u"%1 selected"_s.arg(count));
+        QCOMPARE(bar->accessibleName(), u"%1 selected"_s.arg(count));
+    }
+}
+
+void HistoryDetailViewTest::aPlainClickCopiesAndClears()
+{
+    const HistoryFixture panel(7);
+    QGuiApplication::clipboard()->setText(u"before"_s);
+    ctrlClick(panel, 0);
+    ctrlClick(panel, 1);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"before"_s);
+    QTest::mouseClick(&panel.swatch(2), Qt::LeftButton);
+    QCOMPARE(QGuiApplication::clipboard()->text(), panel.swatch(2).color().hex6());
+    QCOMPARE(selected(panel), QString());
+}
+
+void HistoryDetailViewTest::barActsOnTheSelectedColors()
+{
+    HistoryFixture panel(7);
+    ctrlClick(panel, 4);
+    ctrlClick(panel, 1);
+    const QString both = panel.swatch(1).color().hex6() + u'\n' + panel.swatch(4).color().hex6();
+    panel.settle();
+    const auto* bar = panel.screen().findChild<SelectionBar*>();
+    QTest::mouseClick(button(*bar, u"Copy"_s), Qt::LeftButton);
+    QCOMPARE(QGuiApplication::clipboard()->text(), both);
+    QVERIFY(panel.state.showCopiedFeedback());
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), both);
+    QCOMPARE(selected(panel), u"1 4"_s);
+
+    QTest::mouseClick(button(*bar, u"Clear Selection"_s), Qt::LeftButton);
+    QCOMPARE(selected(panel), QString());
+    // Ctrl+C copies nothing now.
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString());
+
+    for (const bool byKey : {false, true}) {
+        ctrlClick(panel, 0);
+        ctrlClick(panel, 6);
+        panel.settle();
+        if (byKey) {
+            QTest::keyClick(panel.view->focusWidget(), Qt::Key_Delete);
+        } else {
+            QTest::mouseClick(button(*bar, u"Remove"_s), Qt::LeftButton);
+        }
+        panel.settle();
+        QCOMPARE(panel.state.history().size(), 5);
+        QVERIFY(!bar->isVisible());
+        panel.state.undo();
+        panel.settle();
+        QCOMPARE(panel.state.history().size(), 7);
+    }
+}
+
+void HistoryDetailViewTest::barAddsToAPaletteAndToANewOne()
+{
+    HistoryFixture panel(7);
+    const QUuid brand = panel.state.createCollection(u"Brand"_s).id;
+    ctrlClick(panel, 4);
+    ctrlClick(panel, 1);
+    panel.settle();
+    const QList<QUuid> both{panel.swatch(1).color().id, panel.swatch(4).color().id};
+    auto* add = qobject_cast<MenuButton*>(button(*panel.screen().findChild<SelectionBar*>(), u"Add to…"_s));
+    QVERIFY(add);
+    QTest::keyClick(add, Qt::Key_Down);
+    QCOMPARE(titles(*add->menu()), (QStringList{u"Brand"_s, u"-"_s, u"New Palette…"_s}));
+    choose(*add->menu(), u"Brand"_s);
+    QCOMPARE(panel.state.collection(brand)->colorIds, both);
+
+    QTest::keyClick(add, Qt::Key_Down);
+    choose(*add->menu(), u"New Palette…"_s);
+    panel.settle();
+    QVERIFY(!button(*panel.view, u"Create"_s)->isEnabled());
+    QTest::keyClicks(panel.field(), u"Sea"_s);
+    QTest::keyClick(panel.field(), Qt::Key_Return);
+    QCOMPARE(panel.state.collections().last().name, u"Sea"_s);
+    QCOMPARE(panel.state.collections().last().colorIds, both);
+    panel.state.undo();
+    QCOMPARE(panel.state.collections().size(), 1);
+}
+
+void HistoryDetailViewTest::selectedSwatchIsMarked()
+{
+    HistoryFixture panel;
+    panel.capture(0xF54D4D);
+    ctrlClick(panel, 0);
+    hover(panel.swatch(0), QEvent::HoverLeave);
+    const QImage picture = panel.picture();
+    const QRect square = squareAt(panel, 0);
+    const QRgb accent = qRgb(97, 102, 224);
+    const int middle = square.top() + 24;
+    QVERIFY(isNear(picture.pixel(square.left() + 1, middle), accent, 6));
+    QVERIFY(isNear(picture.pixel(square.left() + 3, middle), qRgb(255, 255, 255), 6));
+    QCOMPARE(picture.pixel(square.left() + 10, middle), qRgb(0xF5, 0x4D, 0x4D));
+    // The badge at the bottom right.
+    QVERIFY(isNear(picture.pixel(square.right() - 12, square.bottom() - 7), accent, 6));
+
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!isNear(panel.picture().pixel(square.left() + 1, middle), accent, 30));
+}
+
+void HistoryDetailViewTest::screenReadersAreToldWhatIsSelected()
+{
+    const HistoryFixture panel(2);
+    auto* swatch = QAccessible::queryAccessibleInterface(&panel.swatch(1));
+    QVERIFY(swatch->state().selectable);
+    QVERIFY(!swatch->state().selected);
+    ctrlClick(panel, 1);
+    QVERIFY(swatch->state().selected);
+    QVERIFY(!QAccessible::queryAccessibleInterface(&panel.swatch(0))->state().selected);
+    swatch->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QVERIFY(!swatch->state().selected);
+    swatch->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(QGuiApplication::clipboard()->text(), panel.swatch(1).color().hex6());
+}
+
+void HistoryDetailViewTest::escapeClosesAnOverlayBeforeItClearsTheSelection()
+{
+    const HistoryFixture panel(2);
+    ctrlClick(panel, 1);
+    choose(*contextMenu(panel.swatch(0)), u"Rename…"_s);
+    QVERIFY(panel.field());
+    QTest::keyClick(panel.field(), Qt::Key_Escape);
+    QVERIFY(!Overlay::of(*panel.view));
+    QCOMPARE(selected(panel), u"1"_s);
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_Escape);
+    QCOMPARE(selected(panel), QString());
+}
+
+void HistoryDetailViewTest::aDragOfASelectedSwatchCarriesAll()
+{
+    const HistoryFixture panel(4);
+    ctrlClick(panel, 3);
+    ctrlClick(panel, 1);
+    ColorSelector& selector = *panel.swatch(0).selector();
+    QCOMPARE(selector.idsWith(panel.swatch(3).color().id),
+             (QList{panel.swatch(1).color().id, panel.swatch(3).color().id}));
+    QCOMPARE(selector.idsWith(panel.swatch(0).color().id), QList{panel.swatch(0).color().id});
 }
 
 void HistoryDetailViewTest::renamingByKeyboard()

@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 namespace tintwick {
 
 namespace {
@@ -18,32 +20,47 @@ QString tr(const char* text)
     return QCoreApplication::translate("CollectionActions", text);
 }
 
-} // namespace
-
-void openRenameCollectionOverlay(QWidget& panel, AppState& state, const ColorCollection& collection)
+/// Asks for the name of a palette; a blank one cannot be taken.
+void openNameOverlay(QWidget& panel, const QString& title, const QString& presentName,
+                     const QString& buttonTitle, const std::function<void(const QString& name)>& take)
 {
     if (Overlay::of(panel) != nullptr) {
         return;
     }
-    const QString title = tr("Rename Palette");
-    auto* name = new TextField(tr("Palette name"), collection.name);
+    auto* name = new TextField(tr("Palette name"), presentName);
     const auto cancel = [&panel] { Overlay::of(panel)->dismiss(); };
-    const auto save = [&state, id = collection.id, name, cancel] {
+    const auto save = [take, name, cancel] {
         const QString trimmed = name->text().trimmed();
         if (!trimmed.isEmpty()) {
-            state.renameCollection(id, trimmed);
+            take(trimmed);
             cancel();
         }
     };
-    auto* saveButton = prominentButton(tr("Save"), save);
-    QObject::connect(name, &QLineEdit::textChanged, saveButton, [saveButton](const QString& text) {
+    auto* saveButton = prominentButton(buttonTitle, save);
+    const auto follow = [saveButton](const QString& text) {
         saveButton->setEnabled(!text.trimmed().isEmpty());
-    });
+    };
+    QObject::connect(name, &QLineEdit::textChanged, saveButton, follow);
+    follow(presentName);
     auto* form =
         column(gap(16), padding(20), fixedWidth(280), Across::Leading, label(title, theme::headline()), name,
                row(borderedButton(tr("Cancel"), cancel), spacer(), saveButton));
     new Overlay(panel, title, form, save);
     name->selectAll();
+}
+
+} // namespace
+
+void openRenameCollectionOverlay(QWidget& panel, AppState& state, const ColorCollection& collection)
+{
+    openNameOverlay(panel, tr("Rename Palette"), collection.name, tr("Save"),
+                    [&state, id = collection.id](const QString& name) { state.renameCollection(id, name); });
+}
+
+void openNewCollectionOverlay(QWidget& panel, AppState& state, const QList<QUuid>& colorIds)
+{
+    openNameOverlay(panel, tr("New Palette"), {}, tr("Create"),
+                    [&state, colorIds](const QString& name) { state.createCollection(name, colorIds); });
 }
 
 QList<MenuEntry> collectionMenu(QWidget& panel, AppState& state, const ColorCollection& collection)

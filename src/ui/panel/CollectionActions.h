@@ -3,6 +3,7 @@
 #include "ContextMenu.h"
 
 #include <QList>
+#include <QUuid>
 
 class QWidget;
 
@@ -15,6 +16,9 @@ struct ColorCollection;
 
 /// Opens an overlay over `panel` in which the user renames a collection. A blank name cannot be saved.
 void openRenameCollectionOverlay(QWidget& panel, AppState& state, const ColorCollection& collection);
+
+/// Opens an overlay over `panel` in which the user names a new collection of the colours.
+void openNewCollectionOverlay(QWidget& panel, AppState& state, const QList<QUuid>& colorIds);
 
 /// The entries "Rename…", "Duplicate" and "Sort by".
 [[nodiscard]] QList<MenuEntry> collectionMenu(QWidget& panel, AppState& state,

@@ -7,6 +7,7 @@
 #include "CollectionActions.h"
 #include "CollectionIcon.h"
 #include "ColorDetailRow.h"
+#include "ColorSelector.h"
 #include "DetailScreen.h"
 #include "ExportMenu.h"
 #include "InOneLine.h"
@@ -16,6 +17,7 @@
 #include "PickMenu.h"
 #include "Rule.h"
 #include "ScrollArea.h"
+#include "SelectionBar.h"
 #include "Spring.h"
 #include "Stack.h"
 #include "SymbolView.h"
@@ -91,20 +93,34 @@ CollectionDetailView::CollectionDetailView(AppState& appState, const QUuid& coll
                          emptyStateLabel(tr("No colors yet\nDrag swatches here from Recent History"))))
     , m_list(new ReorderList(tr("Colors"), ColorDetailRow::height, ColorDetailRow::inset))
     , m_scroll(verticalScroll(m_list))
+    , m_selector(new ColorSelector(
+          appState, *this, panel,
+          [this](const QList<QUuid>& ids) { m_appState.removeColors(ids, m_collectionId); }))
     , m_rows(
-          *m_list, [this] { return new ColorDetailRow(m_appState, m_collectionId); },
+          *m_list,
+          [this] {
+              auto* row = new ColorDetailRow(m_appState, m_collectionId);
+              row->setSelector(*m_selector);
+              return row;
+          },
           [](ColorDetailRow& row, const CapturedColor& color, qsizetype) { row.setColor(color); })
     , m_dropFrame(new DropFrame(*this))
     , m_dropTarget(
           *this, [this](bool hovered) { m_dropFrame->setShown(hovered); },
           [this](const QList<QUuid>& ids) { addDropped(ids); })
 {
-    setContent(column(toolbar(), rule(), m_empty, m_scroll));
+    setContent(column(toolbar(), rule(), m_empty, m_scroll,
+                      new SelectionBar(*m_selector, [this] { return m_collection.name; })));
 
     m_name->installEventFilter(this);
     connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, this, &CollectionDetailView::rename);
-    connect(m_list, &ReorderList::moveRequested, this,
-            [this](qsizetype from, qsizetype to) { m_appState.moveColors(m_collectionId, {from}, to); });
+    connect(m_list, &ReorderList::moveRequested, this, [this](const QSet<qsizetype>& from, qsizetype to) {
+        m_appState.moveColors(m_collectionId, from, to);
+    });
+    connect(m_list, &ReorderList::focusExtended, this, [this](qsizetype from, qsizetype to) {
+        m_selector->extend(rows()[from]->color().id, rows()[to]->color().id);
+    });
+    m_list->setMovedTogether([this](qsizetype position) { return movedWith(position); });
     connect(&m_appState, &AppState::historyChanged, this, &CollectionDetailView::showCollection);
     connect(&m_appState, &AppState::collectionsChanged, this, &CollectionDetailView::showCollection);
     showCollection();
@@ -193,9 +209,22 @@ void CollectionDetailView::showCollection()
     m_count->setText(colorCountText(shown.size()));
     m_export->setHasColors(!shown.isEmpty());
     m_rows.show(shown);
+    m_selector->setColors(shown);
     m_empty->setVisible(shown.isEmpty());
     m_scroll->setVisible(!shown.isEmpty());
     orderFocus();
+}
+
+QSet<qsizetype> CollectionDetailView::movedWith(qsizetype position) const
+{
+    const QList<QUuid> ids = m_selector->idsWith(rows()[position]->color().id);
+    QSet<qsizetype> positions{position};
+    for (qsizetype i = 0; i < rows().size(); ++i) {
+        if (ids.contains(rows()[i]->color().id)) {
+            positions.insert(i);
+        }
+    }
+    return positions;
 }
 
 void CollectionDetailView::addDropped(const QList<QUuid>& colorIds)

@@ -9,12 +9,14 @@
 #include "WantedPick.h"
 
 #include <QList>
+#include <QSet>
 #include <QUuid>
 
 namespace tintwick {
 
 class AppState;
 class ColorDetailRow;
+class ColorSelector;
 class ExportMenu;
 class Label;
 class Stack;
@@ -52,6 +54,8 @@ private:
     [[nodiscard]] QList<CapturedColor> colors() const;
 
     void showCollection();
+    /// The positions of the rows that move with one.
+    [[nodiscard]] QSet<qsizetype> movedWith(qsizetype position) const;
     void addDropped(const QList<QUuid>& colorIds);
     /// Sets the tab order: row by row, each row before its buttons.
     void orderFocus() const;
@@ -70,6 +74,7 @@ private:
     QWidget* m_empty;
     ReorderList* m_list;
     QWidget* m_scroll;
+    ColorSelector* m_selector;
     RecordViews<ColorDetailRow, CapturedColor, ReorderList> m_rows;
     DropFrame* m_dropFrame;
     ColorDropTarget m_dropTarget;

@@ -42,14 +42,16 @@ constexpr double shadowRadius = 4;
 constexpr QPointF shadowOffset(0, 2);
 
 constexpr double buttonRadius = 7;
+constexpr double selectedTint = 0.1;
 
 } // namespace
 
 class ColorDetailRow::Square final : public QWidget, public ShadowCaster
 {
 public:
-    explicit Square(const AppState& appState)
-        : m_dropTarget(
+    Square(const ColorDetailRow& row, const AppState& appState)
+        : m_row(row)
+        , m_dropTarget(
               *this, appState,
               [this](const std::optional<CapturedColor>& dragged) {
                   m_dragged = dragged;
@@ -82,6 +84,9 @@ protected:
         if (m_dragged) {
             drawTextPreview(painter, rect(), squareRadius, paintColor(*m_dragged), Appearance::of(this));
         }
+        if (m_row.isSelected()) {
+            drawSelected(painter, rect(), squareRadius, Appearance::of(this));
+        }
     }
 
 private:
@@ -90,6 +95,7 @@ private:
         return {theme::Color(paintColor(m_color)).opacity(shadowOpacity), shadowRadius, shadowOffset};
     }
 
+    const ColorDetailRow& m_row;
     CapturedColor m_color;
     std::optional<CapturedColor> m_dragged;
     SwatchDropTarget m_dropTarget;
@@ -152,10 +158,9 @@ private:
 };
 
 ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
-    : Clickable({})
-    , m_appState(appState)
+    : SelectableColor(appState)
     , m_collectionId(collectionId)
-    , m_square(new Square(appState))
+    , m_square(new Square(*this, appState))
     , m_hex(label({}, theme::monospacedFont(13, QFont::DemiBold)))
     , m_name(label({}, theme::font(11), theme::textSecond))
     , m_hover(hoverSeconds)
@@ -176,7 +181,6 @@ ColorDetailRow::ColorDetailRow(AppState& appState, const QUuid& collectionId)
         m_remove = removal()));
     // clang-format on
     setAccessibleDescription(tr("Alt+Up and Alt+Down move it"));
-    onClick([this] { copyWithFeedback(m_appState, m_appState.defaultFormat(), m_color); });
 }
 
 MenuButton* ColorDetailRow::copyMenu()
@@ -185,7 +189,7 @@ MenuButton* ColorDetailRow::copyMenu()
                                    {theme::accentText, theme::accent.opacity(0.1)});
     m_symbols.append(symbol);
     auto* button = new MenuButton(
-        tr("Copy as…"), [this] { return copyAsMenu(m_appState, m_color).children; }, symbol, buttonRadius);
+        tr("Copy as…"), [this] { return copyAsMenu(appState(), m_color).children; }, symbol, buttonRadius);
     button->setToolTip(tr("Copy as…"));
     return button;
 }
@@ -203,12 +207,12 @@ PlainButton* ColorDetailRow::removal()
 
 void ColorDetailRow::removeColor() const
 {
-    m_appState.removeColor(m_color.id, m_collectionId);
+    appState().removeColor(m_color.id, m_collectionId);
 }
 
 QList<MenuEntry> ColorDetailRow::contextMenu() const
 {
-    QList<MenuEntry> entries{copyAsMenu(m_appState, m_color)};
+    QList<MenuEntry> entries{copyAsMenu(appState(), m_color)};
     entries << screenEntries(*this, m_color);
     return entries << menuSeparator() << menuDestructive(tr("Remove"), [this] { removeColor(); });
 }
@@ -231,12 +235,19 @@ void ColorDetailRow::setColor(const CapturedColor& color)
     m_hex->setText(color.hex6());
     m_name->setText(inOneLine(color.customName.value_or(QString())));
     m_name->setVisible(color.customName.has_value());
+    followSelector();
 }
 
 void ColorDetailRow::hoverChanged()
 {
     m_hover.setTarget(isHovered() ? 1 : 0);
     m_animator.start();
+}
+
+void ColorDetailRow::selectedChanged()
+{
+    update();
+    m_square->update();
 }
 
 double ColorDetailRow::cornerRadius() const
@@ -252,6 +263,10 @@ QRectF ColorDetailRow::stateLayerRect() const
 void ColorDetailRow::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (isSelected()) {
+        fillRounded(painter, stateLayerRect(), cornerRadius(),
+                    theme::accent.opacity(selectedTint).in(Appearance::of(this)));
+    }
     paintStateLayer(painter);
 }
 

@@ -2,8 +2,8 @@
 
 #include "Animator.h"
 #include "CapturedColor.h"
-#include "Clickable.h"
 #include "EaseInOut.h"
+#include "SelectableColor.h"
 
 #include <QList>
 #include <QUuid>
@@ -17,7 +17,7 @@ class PlainButton;
 
 /// A colour in the list of a palette: square, code and name. A click copies it. At the end are a menu of all formats and
 /// a button that removes the colour from the palette.
-class ColorDetailRow final : public Clickable
+class ColorDetailRow final : public SelectableColor
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
 
     ColorDetailRow(AppState& appState, const QUuid& collectionId);
 
-    [[nodiscard]] const CapturedColor& color() const { return m_color; }
+    [[nodiscard]] const CapturedColor& color() const override { return m_color; }
     void setColor(const CapturedColor& color);
 
     [[nodiscard]] MenuButton& copyButton() const { return *m_copy; }
@@ -38,6 +38,7 @@ protected:
     [[nodiscard]] QRectF stateLayerRect() const override;
     [[nodiscard]] double cornerRadius() const override;
     void hoverChanged() override;
+    void selectedChanged() override;
     [[nodiscard]] QList<MenuEntry> contextMenu() const override;
     void keyPressEvent(QKeyEvent* event) override;
     // The row is hovered while one of its buttons is.
@@ -52,7 +53,6 @@ private:
     [[nodiscard]] PlainButton* removal();
     void removeColor() const;
 
-    AppState& m_appState;
     QUuid m_collectionId;
     CapturedColor m_color;
 

@@ -86,10 +86,14 @@ QHoverEvent* hoverAfterDrag(const QWidget& source)
 
 } // namespace
 
-void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& picture, QPoint hotSpot)
+void dragColors(QWidget& source, const QList<QUuid>& ids, const QPixmap& picture, QPoint hotSpot)
 {
+    QStringList lines;
+    for (const QUuid& id : ids) {
+        lines.append(id.toString(QUuid::WithoutBraces).toUpper());
+    }
     auto* data = new QMimeData;
-    data->setText(color.id.toString(QUuid::WithoutBraces).toUpper());
+    data->setText(lines.join(u'\n'));
     auto* drag = new QDrag(&source);
     drag->setMimeData(data);
     std::optional<DragPictureMask> mask;

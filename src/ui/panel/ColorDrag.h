@@ -1,7 +1,5 @@
 #pragma once
 
-#include "CapturedColor.h"
-
 #include <QList>
 #include <QUuid>
 
@@ -13,11 +11,11 @@ class QWidget;
 
 namespace tintwick {
 
-// Colours are dragged as plain text: the id as in the data file.
+// Colours are dragged as plain text: the ids as in the data file, one per line.
 
-/// Runs a drag of the colour and returns when it ends. `picture` follows the pointer, which is at `hotSpot` in it (in
+/// Runs a drag of colours and returns when it ends. `picture` follows the pointer, which is at `hotSpot` in it (in
 /// points). `source` may be deleted when the function returns.
-void dragColor(QWidget& source, const CapturedColor& color, const QPixmap& picture, QPoint hotSpot);
+void dragColors(QWidget& source, const QList<QUuid>& ids, const QPixmap& picture, QPoint hotSpot);
 
 /// Whether the drag has plain text. Every drop target for colours accepts plain text.
 [[nodiscard]] bool carriesText(const QMimeData& data);

@@ -3,10 +3,12 @@
 #include "AppState.h"
 #include "Bound.h"
 #include "Button.h"
+#include "ColorSelector.h"
 #include "DetailScreen.h"
 #include "ExportMenu.h"
 #include "Label.h"
 #include "Rule.h"
+#include "SelectionBar.h"
 #include "Stack.h"
 #include "SymbolView.h"
 #include "Theme.h"
@@ -23,13 +25,17 @@ HistoryDetailView::HistoryDetailView(AppState& appState, QWidget& panel)
     : m_appState(appState)
     , m_emptyText(emptyStateLabel({}))
     , m_grid(new SwatchGrid(appState, panel))
+    , m_selector(new ColorSelector(appState, *this, panel,
+                                   [&appState](const QList<QUuid>& ids) { appState.deleteColors(ids); }))
 {
+    m_grid->setSelector(*m_selector);
     // clang-format off
     setContent(column(
         toolbar(),
         rule(),
         shownWhen(historyIsEmpty(), emptyState(u"eyedropper"_s, m_emptyText)),
-        shownWhen(historyIsNotEmpty(), m_grid)));
+        shownWhen(historyIsNotEmpty(), m_grid),
+        new SelectionBar(*m_selector, [] { return u"History"_s; })));
     // clang-format on
 
     setPickKeys({}, {});
@@ -83,6 +89,7 @@ Bound<QString> HistoryDetailView::countText() const
 void HistoryDetailView::showHistory()
 {
     m_grid->setColors(m_appState.history());
+    m_selector->setColors(m_appState.history());
     m_export->setHasColors(!m_appState.history().isEmpty());
     m_grid->putInTabOrderAfter(m_clear);
 }

@@ -7,6 +7,7 @@
 namespace tintwick {
 
 class AppState;
+class ColorSelector;
 class ExportMenu;
 class Label;
 
@@ -39,6 +40,7 @@ private:
     QWidget* m_clear = nullptr;
     Label* m_emptyText;
     SwatchGrid* m_grid;
+    ColorSelector* m_selector;
 };
 
 } // namespace tintwick

@@ -21,6 +21,9 @@ SwatchGrid::SwatchGrid(AppState& appState, QWidget& panel)
               auto* swatch = new ColorSwatchView(m_appState, swatchSize, panel);
               connect(swatch, &ColorSwatchView::stepRequested, this,
                       [this, swatch](int columns, int rows) { moveFocus(*swatch, columns, rows); });
+              if (m_selector != nullptr) {
+                  swatch->setSelector(*m_selector);
+              }
               return swatch;
           },
           [](ColorSwatchView& swatch, const CapturedColor& color, qsizetype) { swatch.setColor(color); })

@@ -11,6 +11,7 @@
 namespace tintwick {
 
 class AppState;
+class ColorSelector;
 
 /// Colours as swatches in rows of five, which scroll.
 class SwatchGrid final : public View
@@ -23,6 +24,8 @@ public:
 
     void setColors(const QList<CapturedColor>& colors);
     [[nodiscard]] const QList<ColorSwatchView*>& swatches() const { return m_swatches.views(); }
+    /// Lets the user select several. `selector` outlives the grid.
+    void setSelector(ColorSelector& selector) { m_selector = &selector; }
     /// Lets Tab reach the swatches after a control.
     void putInTabOrderAfter(QWidget* control) const;
 
@@ -34,6 +37,7 @@ private:
     void moveFocus(const ColorSwatchView& from, int columns, int rows);
 
     AppState& m_appState;
+    ColorSelector* m_selector = nullptr;
     Grid* m_grid;
     RecordViews<ColorSwatchView, CapturedColor, Grid> m_swatches;
 };

@@ -5,6 +5,7 @@
 #include "ColorActions.h"
 #include "ColorDrag.h"
 #include "ColorPatch.h"
+#include "ColorSelector.h"
 #include "Paint.h"
 #include "Symbol.h"
 
@@ -33,8 +34,7 @@ QFont labelFont()
 } // namespace
 
 SwatchView::SwatchView(AppState& appState, const SwatchLook& look)
-    : Clickable({})
-    , m_appState(appState)
+    : SelectableColor(appState)
     , m_look(look)
     , m_animator([this](double seconds) {
         const bool isMoving = m_look.hover.advance(seconds);
@@ -49,7 +49,6 @@ SwatchView::SwatchView(AppState& appState, const SwatchLook& look)
           },
           [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
 {
-    onClick([this] { copyWithFeedback(m_appState, m_appState.defaultFormat(), m_color); });
 }
 
 void SwatchView::setColor(const CapturedColor& color)
@@ -60,6 +59,7 @@ void SwatchView::setColor(const CapturedColor& color)
     m_color = color;
     setAccessibleName(spokenName(m_color));
     setToolTip(spokenName(m_color));
+    followSelector();
     updateAll();
 }
 
@@ -84,20 +84,30 @@ bool SwatchView::hitButton(const QPoint& position) const
     return rect().adjusted(growth, growth, -growth, -growth).contains(position);
 }
 
+void SwatchView::step(int columns, int rows, Qt::KeyboardModifiers modifiers)
+{
+    Q_EMIT stepRequested(columns, rows);
+    auto* const now = qobject_cast<SwatchView*>(window()->focusWidget());
+    if (modifiers.testFlag(Qt::ShiftModifier) && selector() != nullptr && now != nullptr &&
+        now->selector() == selector()) {
+        selector()->extend(m_color.id, now->m_color.id);
+    }
+}
+
 void SwatchView::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Left:
-        Q_EMIT stepRequested(-1, 0);
+        step(-1, 0, event->modifiers());
         break;
     case Qt::Key_Right:
-        Q_EMIT stepRequested(1, 0);
+        step(1, 0, event->modifiers());
         break;
     case Qt::Key_Up:
-        Q_EMIT stepRequested(0, -1);
+        step(0, -1, event->modifiers());
         break;
     case Qt::Key_Down:
-        Q_EMIT stepRequested(0, 1);
+        step(0, 1, event->modifiers());
         break;
     default:
         if (!openColorByKey(*event, *this, m_color)) {
@@ -129,7 +139,7 @@ void SwatchView::mouseMoveEvent(QMouseEvent* event)
     painter.translate(-square.topLeft());
     paintSquare(painter, 0);
     painter.end();
-    dragColor(*this, m_color, picture, m_pressedAt - square.topLeft().toPoint());
+    dragColors(*this, draggedIds(), picture, m_pressedAt - square.topLeft().toPoint());
 }
 
 void SwatchView::paintShadow(QPainter& painter) const
@@ -154,6 +164,9 @@ void SwatchView::paintEvent(QPaintEvent*)
     paintSquare(painter, m_dragged ? 0 : hovered);
     if (m_dragged) {
         drawTextPreview(painter, squareAtRest(), m_look.cornerRadius, paintColor(*m_dragged), scheme);
+    }
+    if (isSelected()) {
+        drawSelected(painter, squareAtRest(), m_look.cornerRadius, scheme);
     }
     paintStateLayer(painter);
 }

@@ -2,8 +2,8 @@
 
 #include "Animator.h"
 #include "CapturedColor.h"
-#include "Clickable.h"
 #include "Overhang.h"
+#include "SelectableColor.h"
 #include "Shadow.h"
 #include "ShadowCaster.h"
 #include "Spring.h"
@@ -58,12 +58,12 @@ struct SwatchLook
 
 /// A coloured square with its code below. A click copies the colour. It can be dragged onto a collection, and onto another
 /// swatch, which opens the contrast of both.
-class SwatchView : public Clickable, public ShadowCaster, public Overhanging
+class SwatchView : public SelectableColor, public ShadowCaster, public Overhanging
 {
     Q_OBJECT
 
 public:
-    [[nodiscard]] const CapturedColor& color() const { return m_color; }
+    [[nodiscard]] const CapturedColor& color() const override { return m_color; }
     void setColor(const CapturedColor& color);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -77,8 +77,6 @@ Q_SIGNALS:
 protected:
     SwatchView(AppState& appState, const SwatchLook& look);
 
-    [[nodiscard]] AppState& appState() const { return m_appState; }
-
     void hoverChanged() override;
     [[nodiscard]] QRectF stateLayerRect() const override { return squareAtRest(); }
     [[nodiscard]] double cornerRadius() const override { return m_look.cornerRadius; }
@@ -90,6 +88,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void step(int columns, int rows, Qt::KeyboardModifiers modifiers);
     void updateAll();
     /// Paints the square at its size at rest; `hovered` is 0 at rest and 1 when hovered.
     void paintSquare(QPainter& painter, double hovered) const;
@@ -99,7 +98,6 @@ private:
     /// Scale of the square, which grows when hovered.
     [[nodiscard]] double scale() const;
 
-    AppState& m_appState;
     SwatchLook m_look;
     CapturedColor m_color;
     QPoint m_pressedAt;

@@ -12,7 +12,9 @@
 #include <QHoverEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace tintwick {
 
@@ -180,7 +182,12 @@ void Clickable::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         if (!event->isAutoRepeat()) {
+            const QPointer<Clickable> remaining(this);
+            m_clickModifiers = event->modifiers() & ~Qt::KeypadModifier;
             click();
+            if (remaining) {
+                m_clickModifiers = Qt::NoModifier;
+            }
         }
         return;
     }
@@ -195,6 +202,26 @@ void Clickable::keyPressEvent(QKeyEvent* event)
         QAbstractButton::keyPressEvent(event);
     } else {
         event->ignore();
+    }
+}
+
+void Clickable::keyReleaseEvent(QKeyEvent* event)
+{
+    const QPointer<Clickable> remaining(this);
+    m_clickModifiers = event->modifiers();
+    QAbstractButton::keyReleaseEvent(event);
+    if (remaining) {
+        m_clickModifiers = Qt::NoModifier;
+    }
+}
+
+void Clickable::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<Clickable> remaining(this);
+    m_clickModifiers = event->modifiers();
+    QAbstractButton::mouseReleaseEvent(event);
+    if (remaining) {
+        m_clickModifiers = Qt::NoModifier;
     }
 }
 

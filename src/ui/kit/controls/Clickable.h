@@ -29,6 +29,8 @@ public:
     [[nodiscard]] static bool focusRingIsShown(Qt::FocusReason reason, bool shown);
 
     void onClick(std::function<void()> action);
+    /// The keys that were held at the click that is being carried out.
+    [[nodiscard]] Qt::KeyboardModifiers clickModifiers() const { return m_clickModifiers; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -53,6 +55,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -65,6 +69,7 @@ private:
     /// Above the content; null without one.
     StateLayer* m_stateLayer = nullptr;
     bool m_isHovered = false;
+    Qt::KeyboardModifiers m_clickModifiers = Qt::NoModifier;
     bool m_showsFocusRing = false;
 };
 

@@ -18,6 +18,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace tintwick {
 
@@ -301,7 +302,7 @@ void ReorderList::drop()
     const std::optional<RowDrag::Move> move = m_drag.drop();
     putDown();
     if (move) {
-        Q_EMIT moveRequested(move->from, move->to);
+        Q_EMIT moveRequested(movedWith(move->from), move->to);
     }
 }
 
@@ -403,47 +404,72 @@ void ReorderList::keyPressEvent(QKeyEvent* event)
     const auto found = std::ranges::find_if(m_rows, hasFocus);
     const qsizetype position = found == m_rows.end() ? -1 : found - m_rows.begin();
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    if (position < 0 || isCarrying() || (modifiers != Qt::NoModifier && modifiers != Qt::AltModifier)) {
+    const bool isKnown =
+        modifiers == Qt::NoModifier || modifiers == Qt::AltModifier || modifiers == Qt::ShiftModifier;
+    if (position < 0 || isCarrying() || !isKnown) {
         event->ignore();
         return;
     }
     if (modifiers == Qt::AltModifier) {
-        const QPointer<Clickable> row = found->view;
-        if (event->key() == Qt::Key_Up && position > 0) {
-            Q_EMIT moveRequested(position, position - 1);
-        } else if (event->key() == Qt::Key_Down && position < count() - 1) {
-            Q_EMIT moveRequested(position, position + 2);
+        if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+            moveByKey(position, event->key() == Qt::Key_Up);
         } else {
             event->ignore();
         }
-        if (row) {
-            reveal(*row);
-        }
         return;
     }
+    const bool isExtended = modifiers == Qt::ShiftModifier;
+    const auto go = [&](qsizetype to) {
+        if (to >= 0 && to < count()) {
+            moveFocus(position, to);
+            if (isExtended) {
+                Q_EMIT focusExtended(position, to);
+            }
+        }
+    };
     switch (event->key()) {
     case Qt::Key_Up:
-        moveFocus(position, position - 1);
+        go(position - 1);
         break;
     case Qt::Key_Down:
-        moveFocus(position, position + 1);
+        go(position + 1);
         break;
     case Qt::Key_Home:
-        moveFocus(position, 0);
+        go(0);
         break;
     case Qt::Key_End:
-        moveFocus(position, count() - 1);
+        go(count() - 1);
         break;
     default:
         event->ignore();
     }
 }
 
+void ReorderList::setMovedTogether(std::function<QSet<qsizetype>(qsizetype position)> rows)
+{
+    m_movedTogether = std::move(rows);
+}
+
+QSet<qsizetype> ReorderList::movedWith(qsizetype position) const
+{
+    return m_movedTogether ? m_movedTogether(position) : QSet{position};
+}
+
+void ReorderList::moveByKey(qsizetype position, bool isUp)
+{
+    const QPointer<Clickable> row = m_rows[static_cast<std::size_t>(position)].view;
+    const QSet<qsizetype> moving = movedWith(position);
+    const auto [first, last] = std::minmax_element(moving.begin(), moving.end());
+    if (isUp ? *first > 0 : *last < count() - 1) {
+        Q_EMIT moveRequested(moving, isUp ? *first - 1 : *last + 2);
+    }
+    if (row) {
+        reveal(*row);
+    }
+}
+
 void ReorderList::moveFocus(qsizetype from, qsizetype to) const
 {
-    if (to < 0 || to >= count()) {
-        return;
-    }
     Clickable& row = *m_rows[static_cast<std::size_t>(to)].view;
     row.setFocus(to < from ? Qt::BacktabFocusReason : Qt::TabFocusReason);
     reveal(row);

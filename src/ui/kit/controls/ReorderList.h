@@ -6,8 +6,10 @@
 
 #include <QMargins>
 #include <QPointer>
+#include <QSet>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class QMouseEvent;
@@ -45,6 +47,9 @@ public:
     /// Takes a row out and hides it. It stays a child widget.
     void remove(Clickable* row);
 
+    /// `rows` returns the positions of the rows that move with the one at a position, and that position.
+    void setMovedTogether(std::function<QSet<qsizetype>(qsizetype position)> rows);
+
     [[nodiscard]] bool isCarrying() const { return m_drag.isCarrying(); }
     /// Scrolls a row into view.
     void reveal(const Clickable& row) const;
@@ -52,9 +57,11 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The user wants the row at `from` before the row at `to`, or last when `to` is the number of rows. Both count in the present
+    /// The user wants the rows at `from` before the row at `to`, or last when `to` is the number of rows. All count in the present
     /// order.
-    void moveRequested(qsizetype from, qsizetype to);
+    void moveRequested(const QSet<qsizetype>& from, qsizetype to);
+    /// An arrow key with Shift has moved the focus.
+    void focusExtended(qsizetype from, qsizetype to);
 
 protected:
     bool event(QEvent* event) override;
@@ -75,6 +82,9 @@ private:
     [[nodiscard]] qsizetype count() const { return static_cast<qsizetype>(m_rows.size()); }
     /// -1 for an object that is not a row.
     [[nodiscard]] qsizetype positionOf(const QObject* row) const;
+    [[nodiscard]] QSet<qsizetype> movedWith(qsizetype position) const;
+    /// Moves rows by one place, up or down.
+    void moveByKey(qsizetype position, bool isUp);
     [[nodiscard]] QScrollArea* scrollArea() const;
 
     void press(Clickable& row, QPointF globalPosition);
@@ -98,6 +108,7 @@ private:
     int m_rowHeight;
     int m_separatorInset;
     std::vector<Row> m_rows;
+    std::function<QSet<qsizetype>(qsizetype)> m_movedTogether;
 
     /// The pointer of the drag is in global coordinates.
     RowDrag m_drag;
