@@ -1,5 +1,6 @@
 #include "ColorScreen.h"
 
+#include "ContrastScreen.h"
 #include "PanelNavigation.h"
 #include "Slider.h"
 #include "Theme.h"
@@ -116,6 +117,7 @@ private Q_SLOTS:
     void revertReturnsToTheOriginal();
     void theNewHalfAndTheButtonCopy();
     void theMenusCopyAsAnyFormat();
+    void theContrastOfTheNewColorOpensAndReturns();
     void theCodeHasTheDefaultFormat();
     void saveAsNewKeepsTheOriginal();
     void onlyAChangeThatIsNotSavedCanBeSaved();
@@ -238,6 +240,7 @@ void ColorScreenTest::aNumberCanBeTyped()
     panel.type(name, text);
     QTEST(panel.code(), "code");
     QTEST(panel.number(name).text(), "shown");
+    QCOMPARE(panel.slider(name).hasFocus(), !panel.number(name).hasFocus());
 }
 
 void ColorScreenTest::digitsOnASliderBeginTyping()
@@ -353,6 +356,17 @@ void ColorScreenTest::theMenusCopyAsAnyFormat()
     QCOMPARE(copied(), u"#3B82F6"_s);
     choose(*contextMenu(panel.press(u"Tint 5, #EDE6FD"_s)), u"HEX bare"_s);
     QCOMPARE(copied(), u"EDE6FD"_s);
+}
+
+void ColorScreenTest::theContrastOfTheNewColorOpensAndReturns()
+{
+    const ColorFixture panel;
+    panel.type(u"Hue"_s, u"300"_s);
+    choose(*contextMenu(panel.press(u"Copy the new color, Medium Purple, #9A65E5"_s)), u"Contrast With…"_s);
+    QVERIFY(qobject_cast<ContrastScreen*>(&panel.screen()));
+    QTest::keyClick(panel.view.get(), Qt::Key_Left, Qt::AltModifier);
+    panel.settle();
+    QCOMPARE(panel.code(), u"#9A65E5"_s);
 }
 
 void ColorScreenTest::theCodeHasTheDefaultFormat()

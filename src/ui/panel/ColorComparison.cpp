@@ -101,7 +101,9 @@ ColorComparison::ColorComparison(AppState& appState, const CapturedColor& origin
     m_new->setParent(this);
     m_new->onClick(
         [this, &appState] { copyWithFeedback(appState, appState.defaultFormat(), m_new->color()); });
-    m_new->setMenu([this, &appState] { return QList{copyAsMenu(appState, m_new->color())}; });
+    m_new->setMenu([this, &appState] {
+        return QList{copyAsMenu(appState, m_new->color())} + screenEntries(*this, m_new->color());
+    });
     setOriginal(original);
     setNew(original);
 }

@@ -75,6 +75,7 @@ ComponentRow::ComponentRow(ColorComponent component, const EditableColor& color)
     , m_field(new ValueField(m_text.name, ValueField::Style::Plain))
 {
     m_field->setFixedWidth(numberWidth);
+    m_field->returnFocusTo(*m_slider);
     // clang-format off
     setContent(row(gap(8), fillWidth(),
         row(fixedWidth(nameWidth), label(m_text.name, theme::font(12), theme::textSecond), spacer()),

@@ -61,7 +61,10 @@ public:
 
 protected:
     [[nodiscard]] double cornerRadius() const override { return swatchRadius; }
-    [[nodiscard]] QList<MenuEntry> contextMenu() const override { return {copyAsMenu(m_appState, m_color)}; }
+    [[nodiscard]] QList<MenuEntry> contextMenu() const override
+    {
+        return QList{copyAsMenu(m_appState, m_color)} + screenEntries(*this, m_color);
+    }
 
     void paintEvent(QPaintEvent*) override
     {

@@ -21,6 +21,7 @@ struct Number
         , window(column(padding(10), gap(10), fixedSize(200, 200), before, field, after))
     {
         field->setValueText(u"259°"_s);
+        field->returnFocusTo(*before);
         field->onEnter([this](const QString& text) {
             bool isNumber = false;
             const int number = QString(text).remove(u'°').toInt(&isNumber);
@@ -199,6 +200,7 @@ void ValueFieldTest::aPlainFieldReturnsTheFocus()
 {
     QFETCH(const int, key);
     const Number number(ValueField::Style::Plain);
+    number.after->setFocus(Qt::TabFocusReason);
     number.field->beginTyping();
     QTest::keyClicks(number.field, u"8"_s);
     QTest::keyClick(number.field, Qt::Key(key));

@@ -48,7 +48,6 @@ void ValueField::onEnter(std::function<bool(const QString&)> action)
 
 void ValueField::beginTyping(const QString& text)
 {
-    m_before = window()->focusWidget();
     setReadOnly(false);
     setFocusPolicy(Qt::StrongFocus);
     setFrameShown(true);
@@ -86,8 +85,8 @@ void ValueField::leave()
 {
     if (m_style == Style::Framed) {
         selectAll();
-    } else if (m_before != nullptr) {
-        m_before->setFocus(Qt::TabFocusReason);
+    } else if (m_returnTo != nullptr) {
+        m_returnTo->setFocus(Qt::TabFocusReason);
     } else {
         clearFocus();
     }

@@ -24,6 +24,8 @@ public:
     void setValueText(const QString& text);
     /// `action` takes the text and returns whether it understands it.
     void onEnter(std::function<bool(const QString& text)> action);
+    /// The control that gets the focus after the user has typed in a plain field.
+    void returnFocusTo(QWidget& control) { m_returnTo = &control; }
     /// Takes the focus and selects the value, or replaces it by `text`.
     void beginTyping(const QString& text = {});
 
@@ -49,8 +51,7 @@ private:
     Style m_style;
     QString m_valueText;
     std::function<bool(const QString&)> m_onEnter;
-    /// Has the focus again after the user has typed in a plain field.
-    QPointer<QWidget> m_before;
+    QPointer<QWidget> m_returnTo;
 };
 
 } // namespace tintwick
