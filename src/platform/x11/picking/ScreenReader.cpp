@@ -20,8 +20,9 @@ namespace {
 // A region with more rectangles is replaced by its bounding box. Composing too much is correct, only slower.
 constexpr int maximumRegionComplexity = 64;
 
-// The longest time that a compositor needs to repaint the area that the loupe has left.
-constexpr std::chrono::milliseconds compositorDelay{300};
+// The longest time that a compositor on a busy machine needs to repaint the area that the loupe has left. Such a repaint that
+// counted as a change would lose what only the compositor draws there, such as shadows.
+constexpr std::chrono::seconds compositorDelay{2};
 
 // Copying the rest of the screen must not delay the first frame of the loupe, nor the compositor that shows it.
 constexpr std::chrono::milliseconds firstFrameTime{16};
