@@ -42,14 +42,22 @@ void addCompositors()
     QTest::newRow("compositor with shadows") << Compositor::WithShadows;
 }
 
-/// A desktop with a patch below the pointer, and a pick that shows it.
+bool isDrawn(const QImage& pill)
+{
+    QImage bare(pill.size(), pill.format());
+    bare.fill(before);
+    return pill != bare;
+}
+
+/// A desktop with a patch below the whole loupe, and a pick that shows it.
 struct Scene
 {
     PrivateDesktop desktop;
     std::unique_ptr<TestWindow> picture = desktop.showPicture();
     DesktopConnection other{desktop.display()};
-    TestWindow patch{other, {.geometry = {500, 300, 300, 200}}};
+    TestWindow patch{other, {.geometry = {500, 300, 300, 300}}};
     TintwickProcess program{desktop};
+    QImage livePill;
 
     explicit Scene(Compositor compositor)
         : desktop({.compositor = compositor})
@@ -64,7 +72,17 @@ struct Scene
             return false;
         }
         desktop.movePointer(middle);
-        return program.waitForCenterCell(before) && waitForScreen(before);
+        // A busy compositor shows the patch in the place of the loupe first.
+        return program.waitForLoupeAt(loupePlace(middle, desktop.screen())) &&
+               waitUntil([this] { return isDrawn(pill()); }) && program.waitForCenterCell(before) &&
+               waitForScreen(before);
+    }
+    /// Freezes the screen and waits until the pill says so.
+    [[nodiscard]] bool freeze()
+    {
+        livePill = pill();
+        desktop.typeKey(XK_f);
+        return waitUntil([this] { return pill() != livePill; });
     }
     /// Waits until the screen itself shows the colour beside the loupe.
     [[nodiscard]] bool waitForScreen(QRgb color)
@@ -91,9 +109,7 @@ void FreezeTest::aFrozenScreenKeepsItsPixelsUntilItIsThawed()
     QFETCH(const Compositor, compositor);
     Scene scene(compositor);
     QVERIFY(scene.begin());
-    const QImage live = scene.pill();
-    scene.desktop.typeKey(XK_f);
-    QVERIFY(waitUntil([&] { return scene.pill() != live; }));
+    QVERIFY(scene.freeze());
 
     scene.patch.setColor(after);
     scene.other.sync();
@@ -108,7 +124,7 @@ void FreezeTest::aFrozenScreenKeepsItsPixelsUntilItIsThawed()
     QVERIFY(scene.waitForScreen(after));
     scene.patch.setColor(before);
     QVERIFY(scene.program.waitForCenterCell(before));
-    QVERIFY(waitUntil([&] { return scene.pill() == live; }));
+    QVERIFY(waitUntil([&] { return scene.pill() == scene.livePill; }));
 }
 
 void FreezeTest::thePictureIsTakenAgain_data()
@@ -121,9 +137,7 @@ void FreezeTest::thePictureIsTakenAgain()
     QFETCH(const Compositor, compositor);
     Scene scene(compositor);
     QVERIFY(scene.begin());
-    const QImage live = scene.pill();
-    scene.desktop.typeKey(XK_f);
-    QVERIFY(waitUntil([&] { return scene.pill() != live; }));
+    QVERIFY(scene.freeze());
     for (const xcb_keysym_t key : {XK_r, XK_F5}) {
         const QRgb next = key == XK_r ? after : qRgb(10, 250, 30);
         scene.patch.setColor(next);
@@ -138,9 +152,7 @@ void FreezeTest::aWindowThatOpensStaysBelowTheFrozenScreen()
 {
     Scene scene(Compositor::Plain);
     QVERIFY(scene.begin());
-    const QImage live = scene.pill();
-    scene.desktop.typeKey(XK_f);
-    QVERIFY(waitUntil([&] { return scene.pill() != live; }));
+    QVERIFY(scene.freeze());
     TestWindow window(scene.other, {.geometry = {600, 350, 300, 100}});
     window.setColor(after);
     window.show();
@@ -155,9 +167,7 @@ void FreezeTest::aFrozenPixelIsPicked()
 {
     Scene scene(Compositor::None);
     QVERIFY(scene.begin());
-    const QImage live = scene.pill();
-    scene.desktop.typeKey(XK_f);
-    QVERIFY(waitUntil([&] { return scene.pill() != live; }));
+    QVERIFY(scene.freeze());
     scene.patch.setColor(after);
     scene.other.sync();
     scene.desktop.click();
@@ -169,9 +179,7 @@ void FreezeTest::nothingCoversTheScreenAfterAFrozenPick()
 {
     Scene scene(Compositor::Plain);
     QVERIFY(scene.begin());
-    const QImage live = scene.pill();
-    scene.desktop.typeKey(XK_f);
-    QVERIFY(waitUntil([&] { return scene.pill() != live; }));
+    QVERIFY(scene.freeze());
     scene.patch.setColor(after);
     scene.desktop.typeKey(XK_Escape);
     QVERIFY(scene.program.waitForPickToEnd());
