@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <chrono>
 #include <memory>
 
 using namespace tintwick;
@@ -99,6 +100,7 @@ private Q_SLOTS:
     void otherAnswersAreNoPicture_data();
     void otherAnswersAreNoPicture();
     void aFileThatIsNoPictureFailsAndIsDeleted();
+    void aPortalThatDoesNotAnswerFailsInTheEnd();
     void withoutThePortalItIsUnavailable();
     void aDenialIsKnownBeforeTheFirstRequest_data();
     void aDenialIsKnownBeforeTheFirstRequest();
@@ -207,6 +209,29 @@ void ScreenshotPortalTest::aFileThatIsNoPictureFailsAndIsDeleted()
     request.takeScreenshot();
     QTRY_COMPARE(failed.count(), 1);
     QVERIFY(!file.exists());
+}
+
+void ScreenshotPortalTest::aPortalThatDoesNotAnswerFailsInTheEnd()
+{
+    QVERIFY(m_portal->offer(desktop()));
+    QVERIFY(twoPixels().save(m_portal->file));
+    m_portal->isSilent = true;
+    ScreenshotRequest request;
+    const QSignalSpy taken(&request, &ScreenshotRequest::taken);
+    const QSignalSpy failed(&request, &ScreenshotRequest::failed);
+    request.takeScreenshot(std::chrono::milliseconds(200));
+    QTRY_COMPARE(failed.count(), 1);
+    if (m_portal->requests > 0) {
+        m_portal->respond(desktop());
+    }
+    // Its answer comes after the late one.
+    m_portal->isSilent = false;
+    ScreenshotRequest next;
+    const QSignalSpy nextTaken(&next, &ScreenshotRequest::taken);
+    next.takeScreenshot();
+    QTRY_COMPARE(nextTaken.count(), 1);
+    QCOMPARE(taken.count(), 0);
+    QCOMPARE(failed.count(), 1);
 }
 
 void ScreenshotPortalTest::withoutThePortalItIsUnavailable()

@@ -34,6 +34,19 @@ public:
                bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
 
+    /// Answers the last request.
+    void respond(const QDBusConnection& bus) const
+    {
+        QVariantMap results;
+        if (response == 0) {
+            results.insert(QStringLiteral("uri"), QStringLiteral("file://") + file);
+        }
+        QDBusMessage signal = QDBusMessage::createSignal(
+            m_path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
+        signal << response << results;
+        bus.send(signal);
+    }
+
 public Q_SLOTS:
     // The D-Bus interface defines the name.
     QDBusObjectPath Screenshot(const QString&, const QVariantMap& options)
@@ -41,20 +54,16 @@ public Q_SLOTS:
         ++requests;
         lastOptions = options;
         const QString sender = message().service().mid(1).replace(u'.', u'_');
-        const QString path = QStringLiteral("/org/freedesktop/portal/desktop/request/") + sender + u'/' +
-                             options.value(QStringLiteral("handle_token")).toString();
+        m_path = QStringLiteral("/org/freedesktop/portal/desktop/request/") + sender + u'/' +
+                 options.value(QStringLiteral("handle_token")).toString();
         if (!isSilent) {
-            QVariantMap results;
-            if (response == 0) {
-                results.insert(QStringLiteral("uri"), QStringLiteral("file://") + file);
-            }
-            QDBusMessage signal = QDBusMessage::createSignal(
-                path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
-            signal << response << results;
-            connection().send(signal);
+            respond(connection());
         }
-        return QDBusObjectPath(path);
+        return QDBusObjectPath(m_path);
     }
+
+private:
+    QString m_path;
 };
 
 } // namespace tintwick::test

@@ -46,7 +46,12 @@ PortalRequest::PortalRequest(QObject* parent)
 
 PortalRequest::~PortalRequest()
 {
-    if (!m_hasEnded && !m_handle.isEmpty()) {
+    close();
+}
+
+void PortalRequest::close()
+{
+    if (end() && !m_handle.isEmpty()) {
         QDBusConnection::sessionBus().send(
             QDBusMessage::createMethodCall(portal::service, m_handle, requestInterface, u"Close"_s));
     }
@@ -59,10 +64,10 @@ void PortalRequest::send(const Call& call)
         return;
     }
     askPortals(*this, [this, call](bool works) {
-        if (works) {
-            sendNow(call);
-        } else {
+        if (!works) {
             giveUp();
+        } else if (!m_hasEnded) {
+            sendNow(call);
         }
     });
 }

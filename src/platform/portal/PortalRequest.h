@@ -34,6 +34,9 @@ protected:
     void send(const Call& call);
 
     enum class Answer : std::uint8_t { Success, Cancelled, Failed };
+    /// Closes the portal's dialog and ignores the answer. Nothing is emitted.
+    void close();
+
     /// Called with the answer. Failed also when the user has denied the permission.
     virtual void takeAnswer(Answer answer, const QVariantMap& results) = 0;
 
