@@ -42,7 +42,7 @@ constexpr QPoint card(190, 355);
 constexpr QPoint cardOutline(16, 355);
 constexpr QPoint bottom(190, 560);
 /// From the pointer that has opened the menu of a swatch.
-constexpr QPoint deleteInMenu(50, 149);
+constexpr QPoint deleteInMenu(50, 175);
 /// In the first item of the menu below the settings button, which has no room on the right.
 constexpr QPoint settingsInMenu(290, 62);
 
@@ -212,6 +212,7 @@ private Q_SLOTS:
     void itOpensAgainAndTakesTheKeyboard();
     void aMenuOpensAndChooses();
     void aMenuClosesAtAClickElsewhereInThePanel();
+    void aTextOfAnotherProgramIsPasted();
     void aSwatchCopiesAndTheTextStays();
     void aCopiedTextStaysAfterTheEnd();
     void aColorIsDraggedOntoAPalette();
@@ -337,6 +338,17 @@ void WaylandPanelTest::aMenuClosesAtAClickElsewhereInThePanel()
     scene.click(bottom);
     QVERIFY(waitUntil([&] { return scene.colorAt(settingsInMenu) == atRest; }));
     QVERIFY(!scene.panel().isEmpty());
+}
+
+void WaylandPanelTest::aTextOfAnotherProgramIsPasted()
+{
+    Scene scene;
+    scene.desktop.takeClipboard("Sky: #38BDF8\ngold");
+    QVERIFY(scene.waitForPanel());
+    scene.desktop.typeKey(KEY_V, {KEY_LEFTCTRL});
+    QVERIFY(waitUntil([&] { return scene.history().size() == 4; }));
+    QCOMPARE(scene.history()[0]["customName"_L1].toString(), u"Sky"_s);
+    QCOMPARE(scene.history()[1]["customName"_L1].toString(), u"Gold"_s);
 }
 
 void WaylandPanelTest::aSwatchCopiesAndTheTextStays()
