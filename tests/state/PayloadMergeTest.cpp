@@ -49,6 +49,20 @@ Payload payload(const QString& text)
     return {colors(parts[0]), collections(parts[1]), ColorFormat::Hex6, colors(parts[2])};
 }
 
+/// The state that both programs have read, what each made of it, and the merged state.
+void addColumns()
+{
+    for (const char* state : {"before", "ours", "theirs", "both"}) {
+        QTest::addColumn<QString>(state);
+    }
+}
+
+void row(const char* name, const char* before, const char* ours, const char* theirs, const char* both)
+{
+    QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(ours)
+                        << QString::fromLatin1(theirs) << QString::fromLatin1(both);
+}
+
 } // namespace
 
 class PayloadMergeTest final : public QObject
@@ -68,15 +82,7 @@ private Q_SLOTS:
 
 void PayloadMergeTest::changesOfTheHistoryJoin_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("ours");
-    QTest::addColumn<QString>("theirs");
-    QTest::addColumn<QString>("both");
-    const auto row = [](const char* name, const char* before, const char* ours, const char* theirs,
-                        const char* both) {
-        QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(ours)
-                            << QString::fromLatin1(theirs) << QString::fromLatin1(both);
-    };
+    addColumns();
     row("nothing", "a b", "a b", "a b", "a b");
     row("both added", "a", "b a", "c a", "b c a");
     row("both added to nothing", "", "b", "c", "b c");
@@ -108,15 +114,7 @@ void PayloadMergeTest::changesOfTheHistoryJoin()
 
 void PayloadMergeTest::changesOfCollectionsJoin_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("ours");
-    QTest::addColumn<QString>("theirs");
-    QTest::addColumn<QString>("both");
-    const auto row = [](const char* name, const char* before, const char* ours, const char* theirs,
-                        const char* both) {
-        QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(ours)
-                            << QString::fromLatin1(theirs) << QString::fromLatin1(both);
-    };
+    addColumns();
     row("both added", "p", "p q", "p r", "p r q");
     row("we removed", "p q", "q", "p q r", "q r");
     row("they removed", "p q", "p q r", "q", "q r");
@@ -147,15 +145,7 @@ void PayloadMergeTest::changesOfCollectionsJoin()
 
 void PayloadMergeTest::aColorThatLeavesTheHistoryIsKeptByItsCollections_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("ours");
-    QTest::addColumn<QString>("theirs");
-    QTest::addColumn<QString>("both");
-    const auto row = [](const char* name, const char* before, const char* ours, const char* theirs,
-                        const char* both) {
-        QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(ours)
-                            << QString::fromLatin1(theirs) << QString::fromLatin1(both);
-    };
+    addColumns();
     row("it left ours", "a | p=a |", "b | p=a | a", "c a | p=a |", "b c | p=a | a");
     row("it left theirs", "a | p=a |", "b a | p=a |", "c | p=a | a", "b c | p=a | a");
     row("it left theirs, written by a version that keeps none", "a | p=a |", "b a | p=a |", "c | p=a |",
