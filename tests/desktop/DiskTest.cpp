@@ -78,10 +78,7 @@ public:
         return waitUntil([&] { return desktop.connection().inputIsFree() && !program->loupe(); }, soon);
     }
 
-    [[nodiscard]] qsizetype storedColors() const
-    {
-        return program->data().value("history"_L1).toArray().size();
-    }
+    [[nodiscard]] qsizetype storedColors() const { return program->history().size(); }
     [[nodiscard]] bool waitForStoredColors(qsizetype count) const
     {
         return waitUntil([&] { return storedColors() == count; });
@@ -177,7 +174,7 @@ void DiskTest::aReadErrorAtTheStartCostsNothing()
     disk.setFaults({});
     QVERIFY(disk.pick());
     QVERIFY(disk.waitForStoredColors(3));
-    const QJsonArray history = disk.program->data().value("history"_L1).toArray();
+    const QJsonArray history = disk.program->history();
     QCOMPARE(history.last().toObject().value("customName"_L1).toString(), u"Stored"_s);
     QCOMPARE(QDir(disk.program->dataFolder()).entryList(QDir::Files), QStringList{u"data.json"_s});
 }

@@ -15,16 +15,11 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QJsonArray history(const TintwickProcess& program)
-{
-    return program.data().value("history"_L1).toArray();
-}
-
 /// "Red, Sky"
 QString names(const TintwickProcess& program)
 {
     QStringList texts;
-    for (const QJsonValue color : history(program)) {
+    for (const QJsonValue color : program.history()) {
         texts += color["customName"_L1].toString();
     }
     return texts.join(u", "_s);
@@ -93,13 +88,13 @@ void EnteredColorsTest::aRepeatedPickMovesItsColor()
         return program.waitForPickToEnd();
     };
     QVERIFY(pickAt({300, 300}));
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
-    const QJsonValue first = history(program).first()["id"_L1];
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
+    const QJsonValue first = program.history().first()["id"_L1];
     QVERIFY(pickAt({500, 420}));
-    QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 2; }));
     QVERIFY(pickAt({300, 300}));
-    QVERIFY(waitUntil([&] { return history(program).first()["id"_L1] == first; }));
-    QCOMPARE(history(program).size(), 2);
+    QVERIFY(waitUntil([&] { return program.history().first()["id"_L1] == first; }));
+    QCOMPARE(program.history().size(), 2);
 }
 
 QTEST_GUILESS_MAIN(EnteredColorsTest)

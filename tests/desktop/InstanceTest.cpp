@@ -44,11 +44,6 @@ struct Scene
     std::unique_ptr<TestWindow> picture;
 };
 
-QJsonArray history(const TintwickProcess& program)
-{
-    return program.data().value("history"_L1).toArray();
-}
-
 /// A data file with one colour; `digit` makes its id.
 QByteArray dataWithColor(const QByteArray& name, const QByteArray& digit)
 {
@@ -138,7 +133,7 @@ void InstanceTest::aPickThroughTheRunningProgramIsPrintedCopiedAndSaved()
     QCOMPARE(colors.size(), 1);
     QCOMPARE(colors.first().toObject().value("text"_L1).toString().toLatin1(), hex);
     QVERIFY(program.waitForClipboard(hex));
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
 }
 
 void InstanceTest::aPickLeavesClipboardAndHistoryIfAsked()
@@ -165,7 +160,7 @@ void InstanceTest::severalPicksAreCopiedTogether()
     TintwickProcess caller = scene.start({u"pick"_s, u"--count"_s, u"2"_s});
     QVERIFY(program.waitForLoupe());
     scene.desktop.click();
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
     QVERIFY(program.waitForLoupe());
     scene.desktop.movePointer(middle + QPoint(50, 0));
     QVERIFY(program.waitForCenterCell(patternPixel(middle.x() + 50, middle.y())));
@@ -235,7 +230,7 @@ void InstanceTest::aPickWithoutTheProgramSavesAndLeavesNothingRunning()
     scene.desktop.click();
     QCOMPARE(caller.process().waitForEnd(), 0);
     QVERIFY(caller.process().standardOutput().startsWith("rgb("));
-    QCOMPARE(history(caller).size(), 1);
+    QCOMPARE(caller.history().size(), 1);
     QVERIFY(caller.trayIcon().isEmpty());
 }
 
@@ -250,8 +245,8 @@ void InstanceTest::anEditOfTheDataByHandIsKept()
     QVERIFY(program.waitForLoupe());
     scene.desktop.click();
     QCOMPARE(caller.process().waitForEnd(), 0);
-    QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
-    QCOMPARE(history(program).last().toObject().value("customName"_L1).toString(), u"Edited"_s);
+    QVERIFY(waitUntil([&] { return program.history().size() == 2; }));
+    QCOMPARE(program.history().last().toObject().value("customName"_L1).toString(), u"Edited"_s);
 }
 
 void InstanceTest::aPickOnAnotherBusIsKept()
@@ -265,14 +260,14 @@ void InstanceTest::aPickOnAnotherBusIsKept()
     QVERIFY(alone.waitForLoupe());
     scene.desktop.click();
     QCOMPARE(alone.process().waitForEnd(), 0);
-    QCOMPARE(history(alone).size(), 1);
-    const QJsonValue first = history(alone).first();
+    QCOMPARE(alone.history().size(), 1);
+    const QJsonValue first = alone.history().first();
 
     QVERIFY(program.startPicking());
     scene.desktop.movePointer(middle);
     scene.desktop.click();
-    QVERIFY(waitUntil([&] { return history(program).size() == 2; }));
-    QCOMPARE(history(program).last(), first);
+    QVERIFY(waitUntil([&] { return program.history().size() == 2; }));
+    QCOMPARE(program.history().last(), first);
 }
 
 void InstanceTest::aPickWithoutTheProgramReportsAFailedSave()

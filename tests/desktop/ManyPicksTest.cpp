@@ -36,7 +36,7 @@ QByteArray textAt(QPoint place)
 
 qsizetype storedColors(const TintwickProcess& program)
 {
-    return program.data().value(u"history"_s).toArray().size();
+    return program.history().size();
 }
 
 /// A pick on the picture, which sees every pixel.

@@ -54,11 +54,6 @@ QByteArray fileContents(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QJsonArray history(const TintwickProcess& program)
-{
-    return program.data().value(QLatin1StringView("history")).toArray();
-}
-
 constexpr int defaultRadius = 7;
 const QPoint middle(640, 400);
 
@@ -112,11 +107,11 @@ void OutcomeTest::aPickIsCopiedNamedAndSaved()
     desktop.click();
     QVERIFY(program.waitForPickToEnd());
     QVERIFY2(program.waitForClipboard(text), desktop.clipboard().constData());
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
 
     QCOMPARE(program.data().value(QLatin1StringView("defaultFormat")).toString(), QStringLiteral("HEX"));
     QCOMPARE(program.data().value(QLatin1StringView("collections")), QJsonValue(QJsonArray()));
-    const QJsonObject record = history(program).first().toObject();
+    const QJsonObject record = program.history().first().toObject();
     QCOMPARE(record.value(QLatin1StringView("customName")).toString(), name);
     QCOMPARE(record.value(QLatin1StringView("red")).toDouble(), color.red() / 255.0);
     QCOMPARE(record.value(QLatin1StringView("green")).toDouble(), color.green() / 255.0);
@@ -142,9 +137,9 @@ void OutcomeTest::theNewestPickIsTheFirst()
         desktop.click();
         QVERIFY(program.waitForPickToEnd());
         ++count;
-        QVERIFY(waitUntil([&] { return history(program).size() == count; }));
+        QVERIFY(waitUntil([&] { return program.history().size() == count; }));
         const QRgb expected = patternPixel(position.x(), position.y());
-        const QJsonObject newest = history(program).first().toObject();
+        const QJsonObject newest = program.history().first().toObject();
         QCOMPARE(newest.value(QLatin1StringView("red")).toDouble(), qRed(expected) / 255.0);
         QCOMPARE(newest.value(QLatin1StringView("green")).toDouble(), qGreen(expected) / 255.0);
         QCOMPARE(newest.value(QLatin1StringView("blue")).toDouble(), qBlue(expected) / 255.0);
@@ -158,7 +153,7 @@ void OutcomeTest::dataFolderAndFileArePrivate()
     QVERIFY(program.startPicking());
     desktop.movePointer(middle);
     desktop.click();
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
     constexpr auto own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
     // Qt reports the permissions of the owner also as those of the user.
     constexpr auto ownAndUser = own | QFileDevice::ReadUser | QFileDevice::WriteUser;
@@ -186,7 +181,7 @@ void OutcomeTest::escapeChangesNothing()
         QVERIFY(program.startPicking());
         desktop.movePointer(middle);
         desktop.click();
-        QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+        QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
     }
     desktop.takeClipboard("precious");
     const QByteArray before = fileContents(program.dataFile());
@@ -355,7 +350,7 @@ void OutcomeTest::aFrozenSessionBusDelaysNoPick()
     QVERIFY(program.startPicking());
     desktop.movePointer(middle);
     desktop.click();
-    QVERIFY(waitUntil([&] { return history(program).size() == 1; }));
+    QVERIFY(waitUntil([&] { return program.history().size() == 1; }));
     QVERIFY(program.openMenu());
     program.chooseQuit();
     QCOMPARE(program.process().waitForEnd(), std::optional<int>(0));

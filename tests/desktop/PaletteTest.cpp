@@ -337,7 +337,7 @@ void PaletteTest::plusPicksManyColorsIntoThePalette()
     desktop.typeKey(XK_Escape);
     QVERIFY(program.waitForPickToEnd());
     QVERIFY(program.waitForPanel());
-    const QJsonArray history = program.data().value("history"_L1).toArray();
+    const QJsonArray history = program.history();
     QCOMPARE(storedIds(program),
              ids + QStringList({history.at(1)["id"_L1].toString(), history.at(0)["id"_L1].toString()}));
 }

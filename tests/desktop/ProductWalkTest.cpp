@@ -328,19 +328,14 @@ private:
     QPoint m_panel;
 };
 
-QJsonArray history(const TintwickProcess& program)
-{
-    return program.data().value("history"_L1).toArray();
-}
-
 QString nameOf(const TintwickProcess& program, int position)
 {
-    return history(program).at(position).toObject().value("customName"_L1).toString();
+    return program.history().at(position).toObject().value("customName"_L1).toString();
 }
 
 QJsonValue idOf(const TintwickProcess& program, int position)
 {
-    return history(program).at(position).toObject().value("id"_L1);
+    return program.history().at(position).toObject().value("id"_L1);
 }
 
 QJsonArray colorIds(const TintwickProcess& program)
@@ -456,7 +451,7 @@ void ProductWalkTest::dataAndPreferencesArePresentAfterARestart()
     QVERIFY(superShiftP.isHeld(user.other));
     QVERIFY(altShiftC.isFree(user.other));
     QVERIFY(user.picks(program, 1));
-    QCOMPARE(history(program).size(), 6);
+    QCOMPARE(program.history().size(), 6);
 }
 
 void ProductWalkTest::checkExports(const User& user)

@@ -411,6 +411,11 @@ QJsonObject TintwickProcess::data() const
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
+QJsonArray TintwickProcess::history() const
+{
+    return data().value(QLatin1StringView("history")).toArray();
+}
+
 bool TintwickProcess::waitForClipboard(const QByteArray& text)
 {
     return waitUntil([&] { return m_desktop.clipboard() == text; });

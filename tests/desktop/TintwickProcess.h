@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QProcessEnvironment>
 #include <QRect>
@@ -92,6 +93,8 @@ public:
     [[nodiscard]] QString dataFile() const;
     /// The content of the data file; empty while there is none.
     [[nodiscard]] QJsonObject data() const;
+    /// The stored colours, the newest first.
+    [[nodiscard]] QJsonArray history() const;
     [[nodiscard]] bool waitForClipboard(const QByteArray& text);
 
 private:
