@@ -305,9 +305,15 @@ void SearchTest::screenReadersAreToldWhatIsFound()
     const SearchFixture fixture;
     fixture.type(u"color(display-p3 0 1 0)"_s);
     QCOMPARE(fixture.field()->accessibleName(), u"Search or enter a color"_s);
+    QCOMPARE(fixture.field()->accessibleDescription(), u"Add Lime, #00FB29"_s);
     const QAbstractButton* add = button(*fixture.view, u"Add Lime, #00FB29"_s);
     QVERIFY(add);
     QCOMPARE(add->accessibleDescription(), u"outside sRGB, mapped"_s);
+    fixture.field()->selectAll();
+    fixture.type(u"brand"_s);
+    QCOMPARE(fixture.field()->accessibleDescription(), u"2 of 3 colors"_s);
+    fixture.type(u"x"_s);
+    QCOMPARE(fixture.field()->accessibleDescription(), u"No colors match"_s);
 }
 
 void SearchTest::similarColorsAreShown()

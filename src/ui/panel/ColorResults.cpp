@@ -35,13 +35,16 @@ void ColorResults::setColors(const QList<CapturedColor>& colors, WhenNone whenNo
     m_empty->setVisible(colors.isEmpty() && !isBlank);
 }
 
-bool ColorResults::focusFirst() const
+QString ColorResults::summary() const
 {
-    if (m_grid->swatches().isEmpty()) {
-        return false;
+    return m_grid->swatches().isEmpty() ? tr("No colors match") : m_count->text();
+}
+
+void ColorResults::focusFirst() const
+{
+    if (!m_grid->swatches().isEmpty()) {
+        m_grid->swatches().first()->setFocus(Qt::TabFocusReason);
     }
-    m_grid->swatches().first()->setFocus(Qt::TabFocusReason);
-    return true;
 }
 
 } // namespace tintwick

@@ -5,6 +5,7 @@
 #include "View.h"
 
 #include <QList>
+#include <QString>
 
 namespace tintwick {
 
@@ -26,8 +27,9 @@ public:
 
     void setColors(const QList<CapturedColor>& colors, WhenNone whenNone = WhenNone::Sentence);
     [[nodiscard]] const SwatchGrid& grid() const { return *m_grid; }
-    /// False when there is none.
-    bool focusFirst() const;
+    /// How many colours there are, in words.
+    [[nodiscard]] QString summary() const;
+    void focusFirst() const;
 
 private:
     AppState& m_appState;

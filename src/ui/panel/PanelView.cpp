@@ -60,6 +60,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     , m_preferences(preferences)
     , m_appearance(*this)
     , m_makeSettings(std::move(makeSettings))
+    , m_intake(new ColorIntake(m_appState, *this))
 {
     setAccessibleName(u"Tintwick"_s);
     setAcceptDrops(true);
@@ -100,7 +101,6 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     });
     connect(new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, [this] { search({}); });
-    m_intake = new ColorIntake(m_appState, *this);
     connect(m_intake, &ColorIntake::filesPasted, this, &PanelView::importFiles);
     connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
     connect(m_intake, &ColorIntake::refused, this,

@@ -123,7 +123,7 @@ private:
 
     PanelHeader* m_header = nullptr;
     ActionPill* m_actionPill = nullptr;
-    ColorIntake* m_intake = nullptr;
+    ColorIntake* m_intake;
     NoticeView* m_notice = nullptr;
     QString m_passingNotice;
     bool m_hasToldOfUnreadableFile = false;

@@ -18,7 +18,6 @@ SearchScreen::SearchScreen(AppState& appState, QWidget& panel)
     , m_results(new ColorResults(appState, panel))
 {
     setContent(column(column(gap(10), Padding{{16, 12, 16, 4}}, m_field, m_foundRow), m_results));
-    m_field->setAccessibleDescription(tr("Return adds the color, Down goes to the results"));
 
     m_foundRow->onClick([this] { choose(); });
     connect(m_field, &QLineEdit::textChanged, this, &SearchScreen::showResults);
@@ -51,6 +50,8 @@ void SearchScreen::showResults()
     m_results->setColors(matchingColors(m_appState, m_field->text()), m_found.colors.isEmpty()
                                                                           ? ColorResults::WhenNone::Sentence
                                                                           : ColorResults::WhenNone::Nothing);
+    m_field->setAccessibleDescription(m_found.colors.isEmpty() ? m_results->summary()
+                                                               : m_foundRow->accessibleName());
     setTabOrder(m_field, m_foundRow);
     m_results->grid().putInTabOrderAfter(m_foundRow);
 }

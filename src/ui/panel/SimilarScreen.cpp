@@ -13,13 +13,15 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace tintwick {
 
 using namespace Qt::StringLiterals;
 
-SimilarScreen::SimilarScreen(AppState& appState, const CapturedColor& color, QWidget& panel)
+SimilarScreen::SimilarScreen(AppState& appState, CapturedColor color, QWidget& panel)
     : m_appState(appState)
-    , m_color(color)
+    , m_color(std::move(color))
     , m_end(endButton())
     , m_results(new ColorResults(appState, panel))
 {

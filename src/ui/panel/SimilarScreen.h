@@ -16,7 +16,7 @@ class SimilarScreen final : public View
 
 public:
     /// Overlays cover the panel.
-    SimilarScreen(AppState& appState, const CapturedColor& color, QWidget& panel);
+    SimilarScreen(AppState& appState, CapturedColor color, QWidget& panel);
 
 Q_SIGNALS:
     /// The user pressed the button.
