@@ -1,6 +1,6 @@
 #include "ClosedWindows.h"
 
-#include "WindowStack.h"
+#include "StackedWindow.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WindowStack.h"
+#include "StackedWindow.h"
 #include "XcbConnection.h"
 #include "XcbHandle.h"
 

@@ -1,50 +1,16 @@
 #pragma once
 
 #include "PickingExtensions.h"
+#include "StackedWindow.h"
 #include "XcbConnection.h"
-#include "XcbHandle.h"
 
 #include <QRect>
 #include <QRegion>
 
-#include <xcb/render.h>
-
+#include <cstdint>
 #include <vector>
 
 namespace tintwick {
-
-/// One child of the root window, with borders: frames of the window manager, menus, panels, the desktop.
-struct StackedWindow
-{
-    xcb_window_t id = XCB_WINDOW_NONE;
-    /// Outer geometry, borders included, in root coordinates.
-    QRect frame;
-    int border = 0;
-    bool isMapped = false;
-    /// True for our own windows, the server's own and input-only windows. They are part of the order and have no image.
-    bool showsNothing = false;
-    /// Windows below this one are not shown although they are mapped.
-    bool isGuard = false;
-    xcb_render_pictformat_t format = XCB_NONE;
-    bool hasAlpha = false;
-    bool isShaped = false;
-    /// Reports what is drawn in the window.
-    XcbDamage damage;
-    /// Whether the server keeps the complete content for us, also where other windows cover it.
-    bool isRedirected = false;
-    /// The content, read on first use; none where the server has none.
-    XcbPixmap pixmap;
-    XcbPicture picture;
-    /// The part of the frame that a shaped window shows, from the frame's top left corner; read with the content.
-    QRegion shape;
-    bool contentIsMissing = false;
-
-    [[nodiscard]] bool isVisible() const { return isMapped && !showsNothing; }
-    [[nodiscard]] bool isOpaque() const { return !hasAlpha && !isShaped; }
-};
-
-/// The frame with the room around it in which a compositor may draw the window's shadow.
-[[nodiscard]] QRect withShadow(const QRect& frame);
 
 /// The children of the root window from bottom to top, kept up to date by the root's substructure events. Windows of
 /// our own connection (the loupe) are never part of a picture.
@@ -84,7 +50,6 @@ private:
     [[nodiscard]] QRegion handleReparent(const xcb_reparent_notify_event_t& event);
     [[nodiscard]] QRegion handleCirculate(const xcb_circulate_notify_event_t& event);
     [[nodiscard]] StackedWindow* find(xcb_window_t id);
-    void describe(std::vector<StackedWindow*> windows);
     void add(xcb_window_t id);
     [[nodiscard]] QRegion remove(xcb_window_t id);
     void watch(StackedWindow& window);
