@@ -355,6 +355,8 @@ void ContrastScreenTest::screenReadersGetTheResult()
     QVERIFY(ratio);
     QCOMPARE(ratio->role(), QAccessible::Button);
     QCOMPARE(ratio->text(QAccessible::Description), u"Copy the ratio and both codes"_s);
+    const auto* screen = QAccessible::queryAccessibleInterface(&panel.screen());
+    QCOMPARE(screen->text(QAccessible::Description), u"Contrast 6.49 to 1, passes AA, fails AAA"_s);
     const auto* well = QAccessible::queryAccessibleInterface(panel.wells().first());
     QCOMPARE(well->text(QAccessible::Name), u"Text: Dodger Blue, #1E90FF"_s);
     QCOMPARE(well->text(QAccessible::Description), u"Lets the colors at the bottom replace it"_s);

@@ -46,6 +46,7 @@ ContrastScreen::ContrastScreen(AppState& appState, const CapturedColor& text,
     , m_text(text)
     , m_ground(ground.value_or(strongestGround(text)))
 {
+    setAccessibleName(tr("Contrast"));
     // clang-format off
     setContent(column(
         verticalScroll(column(gap(12), padding(inset, 14),
@@ -220,8 +221,22 @@ void ContrastScreen::showContrast()
     }
     m_strip->mark(m_chosen == Part::Text ? m_text : m_ground);
     m_ratio->setAccessibleName(tr("Contrast %1, %2").arg(spokenRatio(contrast.ratio()), verdict(contrast)));
+    setAccessibleDescription(m_ratio->accessibleName());
+    if (isVisible()) {
+        announce();
+    }
+}
+
+void ContrastScreen::announce()
+{
     QAccessibleEvent alert(m_ratio, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void ContrastScreen::showEvent(QShowEvent* event)
+{
+    View::showEvent(event);
+    announce();
 }
 
 } // namespace tintwick

@@ -30,6 +30,9 @@ public:
     [[nodiscard]] const CapturedColor& text() const { return m_text; }
     [[nodiscard]] const CapturedColor& ground() const { return m_ground; }
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     /// Which of both colours the strip replaces.
     enum class Part { Text, Ground };
@@ -49,6 +52,8 @@ private:
     void add(const CapturedColor& color);
     void copy() const;
     void showContrast();
+    /// Lets a screen reader say the result.
+    void announce();
     /// Sets the tab order: top to bottom.
     void orderFocus() const;
 
