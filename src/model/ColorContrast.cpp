@@ -25,10 +25,9 @@ Components painted(const CapturedColor& color, const Components& ground)
 } // namespace
 
 ColorContrast::ColorContrast(const CapturedColor& text, const CapturedColor& ground)
-    : m_text{}
-    , m_ground(painted(ground, white))
+    : m_ground(painted(ground, white))
+    , m_text(painted(text, m_ground))
 {
-    m_text = painted(text, m_ground);
 }
 
 bool ColorContrast::passes(ContrastUse use, ContrastLevel level) const

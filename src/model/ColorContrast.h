@@ -30,8 +30,8 @@ public:
     [[nodiscard]] std::optional<CapturedColor> nearestPassing(ContrastLevel level) const;
 
 private:
-    Components m_text;
     Components m_ground;
+    Components m_text;
 };
 
 /// White, or black where that contrasts more with the text.

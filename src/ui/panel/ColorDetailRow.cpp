@@ -20,7 +20,6 @@
 
 #include <QPainter>
 
-#include <optional>
 #include <utility>
 
 namespace tintwick {
@@ -51,13 +50,8 @@ class ColorDetailRow::Square final : public QWidget, public ShadowCaster
 public:
     Square(const ColorDetailRow& row, const AppState& appState)
         : m_row(row)
-        , m_dropTarget(
-              *this, appState,
-              [this](const std::optional<CapturedColor>& dragged) {
-                  m_dragged = dragged;
-                  update();
-              },
-              [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
+        , m_dropTarget(*this, appState,
+                       [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
     {
         setFixedSize(squareSide, squareSide);
     }
@@ -81,8 +75,9 @@ protected:
         fillRounded(painter, rect(), squareRadius, paintColor(m_color));
         strokeInside(painter, rect(), squareRadius, theme::colorEdge.in(Appearance::of(this)),
                      theme::colorEdgeWidth);
-        if (m_dragged) {
-            drawTextPreview(painter, rect(), squareRadius, paintColor(*m_dragged), Appearance::of(this));
+        if (m_dropTarget.dragged()) {
+            drawTextPreview(painter, rect(), squareRadius, paintColor(*m_dropTarget.dragged()),
+                            Appearance::of(this));
         }
         if (m_row.isSelected()) {
             drawSelected(painter, rect(), squareRadius, Appearance::of(this));
@@ -97,7 +92,6 @@ private:
 
     const ColorDetailRow& m_row;
     CapturedColor m_color;
-    std::optional<CapturedColor> m_dragged;
     SwatchDropTarget m_dropTarget;
 };
 

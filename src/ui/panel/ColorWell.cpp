@@ -36,17 +36,11 @@ QFont codeFont()
 
 } // namespace
 
-ColorWell::ColorWell(const QString& part, const AppState& appState,
+ColorWell::ColorWell(QString part, const AppState& appState,
                      std::function<void(const CapturedColor&)> replace)
     : Clickable({})
-    , m_part(part)
-    , m_dropTarget(
-          *this, appState,
-          [this](const std::optional<CapturedColor>& dragged) {
-              m_dragged = dragged;
-              update();
-          },
-          std::move(replace))
+    , m_part(std::move(part))
+    , m_dropTarget(*this, appState, std::move(replace))
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     updateNames();
@@ -100,10 +94,10 @@ void ColorWell::paintEvent(QPaintEvent*)
         fillRounded(painter, rect(), radius, chosenTint.in(scheme));
     }
     strokeInside(painter, rect(), radius, (m_isChosen ? chosenLine : theme::border).in(scheme), 1);
-    const CapturedColor shown = m_dragged.value_or(m_color);
+    const CapturedColor shown = m_dropTarget.dragged().value_or(m_color);
     const QRectF patch(padding, padding, patchSide, patchSide);
     drawColorPatch(painter, patch, patchRadius, paintColor(shown), scheme);
-    if (m_dragged) {
+    if (m_dropTarget.dragged()) {
         drawFocusRing(painter, patch, patchRadius, scheme);
     }
 

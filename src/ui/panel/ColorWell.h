@@ -5,7 +5,6 @@
 #include "SwatchDropTarget.h"
 
 #include <functional>
-#include <optional>
 
 namespace tintwick {
 
@@ -18,8 +17,7 @@ class ColorWell final : public Clickable
 
 public:
     /// `part` is what the colour is for. `replace` is called with a colour dropped on the well.
-    ColorWell(const QString& part, const AppState& appState,
-              std::function<void(const CapturedColor&)> replace);
+    ColorWell(QString part, const AppState& appState, std::function<void(const CapturedColor&)> replace);
 
     void setPart(const QString& part);
     [[nodiscard]] const CapturedColor& color() const { return m_color; }
@@ -40,8 +38,6 @@ private:
     QString m_part;
     CapturedColor m_color;
     bool m_isChosen = false;
-    /// The colour of a drag over the well.
-    std::optional<CapturedColor> m_dragged;
     SwatchDropTarget m_dropTarget;
 };
 

@@ -35,11 +35,9 @@ std::optional<CapturedColor> draggedColor(const QMimeData& data, const AppState&
 } // namespace
 
 SwatchDropTarget::SwatchDropTarget(QWidget& view, const AppState& appState,
-                                   std::function<void(const std::optional<CapturedColor>&)> hovered,
                                    std::function<void(const CapturedColor&)> dropped)
     : m_view(view)
     , m_appState(appState)
-    , m_hovered(std::move(hovered))
     , m_dropped(std::move(dropped))
 {
     view.setAcceptDrops(true);
@@ -53,7 +51,7 @@ bool SwatchDropTarget::eventFilter(QObject* watched, QEvent* event)
         enter(static_cast<QDropEvent&>(*event));
         return true;
     case QEvent::DragLeave:
-        m_hovered(std::nullopt);
+        setDragged(std::nullopt);
         return true;
     case QEvent::Drop:
         drop(static_cast<QDropEvent&>(*event));
@@ -72,16 +70,23 @@ void SwatchDropTarget::enter(QDropEvent& event)
         return;
     }
     acceptAsCopy(event);
-    m_hovered(color);
+    setDragged(color);
 }
 
 void SwatchDropTarget::drop(QDropEvent& event)
 {
-    m_hovered(std::nullopt);
     acceptAsCopy(event);
-    if (const std::optional<CapturedColor> color = draggedColor(*event.mimeData(), m_appState)) {
-        m_dropped(*color);
+    const std::optional<CapturedColor> dropped = m_dragged;
+    setDragged(std::nullopt);
+    if (dropped) {
+        m_dropped(*dropped);
     }
+}
+
+void SwatchDropTarget::setDragged(const std::optional<CapturedColor>& color)
+{
+    m_dragged = color;
+    m_view.update();
 }
 
 } // namespace tintwick

@@ -22,11 +22,12 @@ class SwatchDropTarget final : public QObject
     Q_OBJECT
 
 public:
-    /// Calls `hovered` with the dragged colour when a drag enters the view, and with none when it leaves or drops, and
-    /// `dropped` with the colour of a drop.
+    /// Calls `dropped` with the colour of a drop.
     SwatchDropTarget(QWidget& view, const AppState& appState,
-                     std::function<void(const std::optional<CapturedColor>&)> hovered,
                      std::function<void(const CapturedColor&)> dropped);
+
+    /// The colour of a drag that is over the view. The view is repainted when that changes.
+    [[nodiscard]] const std::optional<CapturedColor>& dragged() const { return m_dragged; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,11 +35,12 @@ protected:
 private:
     void enter(QDropEvent& event);
     void drop(QDropEvent& event);
+    void setDragged(const std::optional<CapturedColor>& color);
 
     QWidget& m_view;
     const AppState& m_appState;
-    std::function<void(const std::optional<CapturedColor>&)> m_hovered;
     std::function<void(const CapturedColor&)> m_dropped;
+    std::optional<CapturedColor> m_dragged;
 };
 
 } // namespace tintwick

@@ -41,13 +41,8 @@ SwatchView::SwatchView(AppState& appState, const SwatchLook& look)
         updateAll();
         return isMoving;
     })
-    , m_dropTarget(
-          *this, appState,
-          [this](const std::optional<CapturedColor>& dragged) {
-              m_dragged = dragged;
-              update();
-          },
-          [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
+    , m_dropTarget(*this, appState,
+                   [this](const CapturedColor& dropped) { openContrast(*this, dropped, m_color); })
 {
 }
 
@@ -161,9 +156,10 @@ void SwatchView::paintEvent(QPaintEvent*)
     painter.drawText(labelRect(), Qt::AlignCenter, swatchLabel(m_color));
 
     scaleAboutMiddle(painter, squareAtRest(), scale());
-    paintSquare(painter, m_dragged ? 0 : hovered);
-    if (m_dragged) {
-        drawTextPreview(painter, squareAtRest(), m_look.cornerRadius, paintColor(*m_dragged), scheme);
+    paintSquare(painter, m_dropTarget.dragged() ? 0 : hovered);
+    if (m_dropTarget.dragged()) {
+        drawTextPreview(painter, squareAtRest(), m_look.cornerRadius, paintColor(*m_dropTarget.dragged()),
+                        scheme);
     }
     if (isSelected()) {
         drawSelected(painter, squareAtRest(), m_look.cornerRadius, scheme);

@@ -13,8 +13,6 @@
 #include <QPoint>
 #include <QRectF>
 
-#include <optional>
-
 namespace tintwick {
 
 class AppState;
@@ -101,8 +99,6 @@ private:
     SwatchLook m_look;
     CapturedColor m_color;
     QPoint m_pressedAt;
-    /// The colour of a drag over the swatch.
-    std::optional<CapturedColor> m_dragged;
     Animator m_animator;
     SwatchDropTarget m_dropTarget;
 };
