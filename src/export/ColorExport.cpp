@@ -49,6 +49,11 @@ void ColorExport::setPortalHandle(PortalHandle portalHandle)
     portalHandles = std::move(portalHandle);
 }
 
+const ColorExport::PortalHandle& ColorExport::portalHandle()
+{
+    return portalHandles;
+}
+
 void ColorExport::exportColors(ExportFormat format, const QList<CapturedColor>& colors,
                                const QString& paletteName) const
 {

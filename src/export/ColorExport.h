@@ -25,6 +25,7 @@ public:
     using PortalHandle = std::function<QString(const QWidget& window)>;
     /// Without this, a dialog of the desktop does not know the window it belongs to. Must stay valid while dialogs open.
     static void setPortalHandle(PortalHandle portalHandle);
+    [[nodiscard]] static const PortalHandle& portalHandle();
 
     /// Asks for a file and writes the colours to it. Does nothing for a picture of no colours.
     void exportColors(ExportFormat format, const QList<CapturedColor>& colors,

@@ -4,7 +4,7 @@
 
 namespace tintwick {
 
-/// Counts the save requests of this process whose dialog is open, which may be a window of another program.
+/// Counts the requests of this process for files whose dialog is open, which may be a window of another program.
 class OpenSaveRequests final : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QFileDialog>
+#include "FileDialog.h"
+
 #include <QMessageBox>
 
 #include <functional>
@@ -10,9 +11,9 @@ namespace tintwick {
 
 struct ContentType;
 
-/// The toolkit's save dialog, without a parent window. It writes the file itself and stays open with the reason when that
+/// The toolkit's save dialog. It writes the file itself and stays open with the reason when that
 /// fails. Emits `finished()` when it closes, Accepted after the file was written.
-class SaveDialog final : public QFileDialog
+class SaveDialog final : public FileDialog
 {
     Q_OBJECT
 
@@ -23,13 +24,9 @@ public:
     SaveDialog(const ContentType& contentType, const QString& folder, const QString& suggestedName,
                Write write);
 
-    /// Shows the dialog in the middle of a screen, above all windows, and gives it the keyboard.
-    void showOn(const QScreen& screen);
-
     void done(int result) override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     /// Asks before an existing file is replaced.
     void accept() override;
 

@@ -5,154 +5,51 @@
 #include "OpenSaveRequests.h"
 #include "SaveDialog.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QFileInfo>
-#include <QPalette>
-#include <QScreen>
-#include <QSettings>
-#include <QStandardPaths>
-#include <QWidget>
-#include <QWindow>
 
 #include <utility>
 
-#include <malloc.h>
-
 namespace tintwick {
-
-namespace {
-
-using namespace Qt::StringLiterals;
-
-QString lastFolder;
-
-/// Keeps the toolkit's save dialog from storing which folders the user has visited ("QtProject.conf"), which it does in its
-/// destructor, and from reading it. Settings that exist already keep their file.
-class NoToolkitRecords final
-{
-public:
-    NoToolkitRecords() { setFolder(u"/dev/null"_s); }
-    ~NoToolkitRecords()
-    {
-        setFolder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-    }
-    NoToolkitRecords(const NoToolkitRecords&) = delete;
-    NoToolkitRecords& operator=(const NoToolkitRecords&) = delete;
-
-private:
-    static void setFolder(const QString& path)
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
-    }
-};
-
-/// The folder that a dialog shows first.
-QString firstFolder()
-{
-    if (QFileInfo(lastFolder).isDir()) {
-        return lastFolder;
-    }
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
-}
-
-/// The widget of ours that has the keyboard, or null.
-const QWidget* focusedView()
-{
-    const QWidget* focused = QApplication::focusWidget();
-    return focused ? focused : QApplication::activeWindow();
-}
-
-/// The palette with every role set, because what a widget has inherited has no effect in the palette of another.
-QPalette ownPalette(const QPalette& inherited)
-{
-    QPalette palette;
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        for (int role = 0; role < QPalette::NColorRoles; ++role) {
-            const auto colorRole = static_cast<QPalette::ColorRole>(role);
-            palette.setBrush(group, colorRole, inherited.brush(group, colorRole));
-        }
-    }
-    return palette;
-}
-
-} // namespace
 
 SaveRequest::SaveRequest(QByteArray data, QString suggestedName, ContentType contentType,
                          PortalHandle portalHandle)
-    : m_data(std::move(data))
+    : FileRequest(std::move(portalHandle))
+    , m_data(std::move(data))
     , m_suggestedName(std::move(suggestedName))
     , m_contentType(std::move(contentType))
-    , m_portalHandle(std::move(portalHandle))
 {
-    OpenSaveRequests::shared().add();
-    // A window must not outlive the application.
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &SaveRequest::end);
-}
-
-SaveRequest::~SaveRequest()
-{
-    if (m_dialog) {
-        const NoToolkitRecords noRecords;
-        m_dialog.reset();
-        // A dialog takes some megabytes, most of which the allocator would keep.
-        ::malloc_trim(0);
-    }
-    OpenSaveRequests::shared().remove();
 }
 
 void SaveRequest::begin()
 {
-    askPortal(tr("Save As"));
+    m_title = tr("Save As");
+    askPortal();
 }
 
-void SaveRequest::askPortal(const QString& title)
+void SaveRequest::ask(FileChooser& chooser, const QString& parentWindow, const QString& folder)
 {
-    auto* chooser = new FileChooser(this);
-    connect(chooser, &FileChooser::chosen, this, [this, chooser](const QString& path) {
-        chooser->deleteLater();
+    connect(&chooser, &FileChooser::chosen, this, [this](const QStringList& paths) {
+        const QString& path = paths.first();
         if (const std::optional<QString> reason = write(path)) {
             // The portal has closed its dialog, so a new one shows the reason.
-            askPortal(tr("%1 cannot be saved: %2").arg(QFileInfo(path).fileName(), *reason));
+            m_title = tr("%1 cannot be saved: %2").arg(QFileInfo(path).fileName(), *reason);
+            askPortal();
         } else {
             end();
         }
     });
-    connect(chooser, &FileChooser::cancelled, this, &SaveRequest::end);
-    connect(chooser, &FileChooser::unavailable, this, &SaveRequest::askToolkit);
-    const QWidget* view = focusedView();
-    chooser->saveFile({.parentWindow = view && m_portalHandle ? m_portalHandle(*view->window()) : QString(),
-                       .title = title,
-                       .suggestedName = m_suggestedName,
-                       .folder = lastFolder,
-                       .kind = m_contentType.name,
-                       .suffix = m_contentType.suffix});
+    chooser.saveFile({.parentWindow = parentWindow,
+                      .title = m_title,
+                      .suggestedName = m_suggestedName,
+                      .folder = folder,
+                      .kind = m_contentType.name,
+                      .suffixes = {m_contentType.suffix}});
 }
 
-void SaveRequest::askToolkit()
+std::unique_ptr<FileDialog> SaveRequest::makeDialog(const QString& folder)
 {
-    const QWidget* view = focusedView();
-    const NoToolkitRecords noRecords;
-    m_dialog = std::make_unique<SaveDialog>(m_contentType, firstFolder(), m_suggestedName,
-                                            [this](const QString& path) { return write(path); });
-    if (view) {
-        m_askedFrom = view->window();
-        m_dialog->setPalette(ownPalette(view->palette()));
-    }
-    connect(m_dialog.get(), &SaveDialog::finished, this, [this] {
-        // A window manager does not give the keyboard back to the panel by itself.
-        if (m_askedFrom && m_askedFrom->isVisible()) {
-            m_askedFrom->activateWindow();
-        }
-        end();
-    });
-    if (m_askedFrom && QGuiApplication::platformName().startsWith("wayland"_L1)) {
-        // A compositor shows a dialog above its parent. Elsewhere the dialog stays on top by itself.
-        m_dialog->winId();
-        m_dialog->windowHandle()->setTransientParent(m_askedFrom->windowHandle());
-    }
-    m_dialog->showOn(view ? *view->screen() : *QGuiApplication::primaryScreen());
+    return std::make_unique<SaveDialog>(m_contentType, folder, m_suggestedName,
+                                        [this](const QString& path) { return write(path); });
 }
 
 std::optional<QString> SaveRequest::write(const QString& path) const
@@ -161,14 +58,9 @@ std::optional<QString> SaveRequest::write(const QString& path) const
     if (!writeAtomically(path, m_data, &whyNot)) {
         return whyNot;
     }
-    lastFolder = QFileInfo(path).path();
+    rememberFolderOf(path);
     Q_EMIT OpenSaveRequests::shared().saved(path);
     return std::nullopt;
-}
-
-void SaveRequest::end()
-{
-    deleteLater();
 }
 
 } // namespace tintwick

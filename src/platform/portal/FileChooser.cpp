@@ -63,21 +63,29 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Filter& filter)
     return argument;
 }
 
-QVariant filtersFor(const FileChooser::Question& question)
+enum class Kinds { One, Any };
+
+QVariant filtersFor(const FileChooser::Question& question, Kinds kinds)
 {
     qDBusRegisterMetaType<Pattern>();
     qDBusRegisterMetaType<QList<Pattern>>();
     qDBusRegisterMetaType<Filter>();
     qDBusRegisterMetaType<QList<Filter>>();
-    return QVariant::fromValue(QList<Filter>{{question.kind, {{Glob, u"*."_s + question.suffix}}}});
+    QList<Pattern> patterns;
+    for (const QString& suffix : question.suffixes) {
+        patterns.append({Glob, u"*."_s + suffix});
+    }
+    QList<Filter> filters{{question.kind, patterns}};
+    if (kinds == Kinds::Any) {
+        filters.append({FileChooser::tr("All Files"), {{Glob, u"*"_s}}});
+    }
+    return QVariant::fromValue(filters);
 }
 
-QVariantMap optionsFor(const FileChooser::Question& question, const QString& token)
+QVariantMap optionsFor(const FileChooser::Question& question, const QString& token, Kinds kinds)
 {
-    QVariantMap options{{u"handle_token"_s, token},
-                        {u"modal"_s, false},
-                        {u"current_name"_s, question.suggestedName},
-                        {u"filters"_s, filtersFor(question)}};
+    QVariantMap options{
+        {u"handle_token"_s, token}, {u"modal"_s, false}, {u"filters"_s, filtersFor(question, kinds)}};
     if (!question.folder.isEmpty()) {
         // The bytes of the path, with a zero at the end.
         options.insert(u"current_folder"_s, QFile::encodeName(question.folder).append('\0'));
@@ -95,16 +103,33 @@ FileChooser::FileChooser(QObject* parent)
 void FileChooser::saveFile(const Question& question)
 {
     send([question](const QString& token) {
+        QVariantMap options = optionsFor(question, token, Kinds::One);
+        options.insert(u"current_name"_s, question.suggestedName);
         return portal::call(u"org.freedesktop.portal.FileChooser"_s, u"SaveFile"_s)
-               << question.parentWindow << question.title << optionsFor(question, token);
+               << question.parentWindow << question.title << options;
+    });
+}
+
+void FileChooser::openFiles(const Question& question)
+{
+    send([question](const QString& token) {
+        QVariantMap options = optionsFor(question, token, Kinds::Any);
+        options.insert(u"multiple"_s, true);
+        return portal::call(u"org.freedesktop.portal.FileChooser"_s, u"OpenFile"_s)
+               << question.parentWindow << question.title << options;
     });
 }
 
 void FileChooser::takeAnswer(Answer answer, const QVariantMap& results)
 {
-    const QUrl url(results.value(u"uris"_s).toStringList().value(0));
-    if (answer == Answer::Success && url.isLocalFile()) {
-        Q_EMIT chosen(url.toLocalFile());
+    QStringList paths;
+    for (const QString& address : results.value(u"uris"_s).toStringList()) {
+        if (const QUrl url(address); url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    if (answer == Answer::Success && !paths.isEmpty()) {
+        Q_EMIT chosen(paths);
     } else {
         Q_EMIT cancelled();
     }

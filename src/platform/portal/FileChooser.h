@@ -3,10 +3,11 @@
 #include "PortalRequest.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace tintwick {
 
-/// The desktop's own save dialog, which the portal org.freedesktop.portal.FileChooser shows from another process.
+/// The desktop's own dialog for files, which the portal org.freedesktop.portal.FileChooser shows from another process.
 class FileChooser final : public PortalRequest
 {
     Q_OBJECT
@@ -20,19 +21,22 @@ public:
         QString suggestedName;
         /// The folder that the dialog shows first; empty leaves the choice to the desktop.
         QString folder;
-        /// The kind of file as the dialog names it, and its suffix without the dot.
+        /// The kind of file as the dialog names it, and its suffixes without the dot.
         QString kind;
-        QString suffix;
+        QStringList suffixes;
     };
 
     explicit FileChooser(QObject* parent = nullptr);
 
-    /// Opens the dialog. Call once.
+    /// Opens a dialog for one file to write. Call this or openFiles() once.
     void saveFile(const Question& question);
+    /// Opens a dialog for several files to read. The kind is only proposed.
+    void openFiles(const Question& question);
 
 Q_SIGNALS:
-    void chosen(const QString& path);
-    /// The user cancelled, or chose a place that is not a local file.
+    /// At least one.
+    void chosen(const QStringList& paths);
+    /// The user cancelled, or chose no local file.
     void cancelled();
 
 private:
