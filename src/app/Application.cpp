@@ -264,6 +264,12 @@ void Application::openPanel()
     showPanel({m_trayIcon.frame()});
 }
 
+void Application::openFiles(const QStringList& paths)
+{
+    openPanel();
+    m_panelView->importFiles(paths);
+}
+
 QList<MenuEntry> Application::menuWithoutTray()
 {
     if (m_trayIcon.hasTray()) {
@@ -361,8 +367,7 @@ void Application::setupInstance(const InstanceService& instance)
     connect(&instance, &InstanceService::opened, this,
             [this](const QStringList& paths, const QString& token) {
                 useActivationToken(token);
-                openPanel();
-                m_panelView->importFiles(paths);
+                openFiles(paths);
             });
     connect(&instance, &InstanceService::actionActivated, this,
             [this](const QString& name, const QString& token) {

@@ -14,6 +14,7 @@
 #include "TrayIcon.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
@@ -54,6 +55,8 @@ public:
     void start(SelfOpening selfOpening);
     void openPanel();
     void openSettingsWindow();
+    /// Opens the panel and imports files.
+    void openFiles(const QStringList& paths);
 
 private:
     enum class PickOrigin { Panel, Elsewhere };

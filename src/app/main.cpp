@@ -69,6 +69,25 @@ Application::SelfOpening selfOpening(const Invocation& invocation)
     return isFirstStart() ? Application::SelfOpening::AsGreeting : Application::SelfOpening::WithoutTray;
 }
 
+QStringList filesOf(const Invocation& invocation)
+{
+    QStringList paths;
+    for (const QString& path : invocation.arguments) {
+        paths.append(QFileInfo(path).absoluteFilePath());
+    }
+    return paths;
+}
+
+/// Lets the running program do what this one was started for. Returns false when it does not answer.
+bool handOver(const Invocation& invocation)
+{
+    const RunningInstance running;
+    if (invocation.command == CommandId::Settings) {
+        return running.activateAction(u"settings"_s);
+    }
+    return invocation.arguments.isEmpty() ? running.activate() : running.open(filesOf(invocation));
+}
+
 /// Starts the program, or hands the command over to the one that runs.
 int start(int argc, char** argv, const Invocation& invocation)
 {
@@ -84,11 +103,7 @@ int start(int argc, char** argv, const Invocation& invocation)
         if (invocation.isBackground) {
             return EXIT_SUCCESS;
         }
-        const RunningInstance running;
-        const bool isAnswered = invocation.command == CommandId::Settings
-                                    ? running.activateAction(u"settings"_s)
-                                    : running.activate();
-        return isAnswered ? EXIT_SUCCESS : EXIT_FAILURE;
+        return handOver(invocation) ? EXIT_SUCCESS : EXIT_FAILURE;
     }
     DataLock lock(QFileInfo(DataFile().fileURL().toLocalFile()).path());
     if (!lock.acquire()) {
@@ -106,6 +121,9 @@ int start(int argc, char** argv, const Invocation& invocation)
         application.openSettingsWindow();
         break;
     default:
+        if (!invocation.arguments.isEmpty()) {
+            application.openFiles(filesOf(invocation));
+        }
         break;
     }
     return QApplication::exec();

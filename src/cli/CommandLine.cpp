@@ -134,7 +134,8 @@ Outcome parseCommand(const CommandInfo& command, const QStringList& arguments)
 std::variant<Invocation, InformationRequest, UsageError> parseCommandLine(const QStringList& arguments)
 {
     const CommandInfo& start = commandOf(CommandId::Start);
-    if (arguments.isEmpty() || arguments.first().startsWith(u'-') || arguments.first().isEmpty()) {
+    if (arguments.isEmpty() || arguments.first().startsWith(u'-') || arguments.first().isEmpty() ||
+        arguments.first().contains(u'/')) {
         return parseCommand(start, arguments);
     }
     const QString& name = arguments.first();

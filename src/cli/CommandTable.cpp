@@ -31,15 +31,16 @@ constexpr std::array commonOptionTable{OptionInfo{u"help", u"h", {}, u"Show this
                                        OptionInfo{u"version", u"v", {}, u"Show the version"}};
 
 constexpr std::array commands{
-    CommandInfo{
-        CommandId::Start,
-        {},
-        {},
-        0,
-        0,
-        u"Start Tintwick, or show the panel of the one that runs",
-        u"Without a command, Tintwick starts and stays in the tray. If it runs already, its panel opens.",
-        startOptions},
+    CommandInfo{CommandId::Start,
+                {},
+                u"FILE…",
+                0,
+                unlimited,
+                u"Start Tintwick, or show the panel of the one that runs",
+                u"Without a command, Tintwick starts and stays in the tray. If it runs already, its panel "
+                u"opens. Files, "
+                u"written with a slash as in ./brand.gpl, are imported into it.",
+                startOptions},
     CommandInfo{
         CommandId::Pick,
         u"pick",

@@ -7,7 +7,9 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 #include <X11/keysym.h>
 
@@ -63,6 +65,7 @@ private Q_SLOTS:
     void aSecondStartOpensThePanelOfTheFirst();
     void aSecondStartWithoutABusEndsWithOneLine();
     void commandsReachTheRunningProgram();
+    void openedFilesBecomePalettes();
     void aPickThroughTheRunningProgramIsPrintedCopiedAndSaved();
     void aPickLeavesClipboardAndHistoryIfAsked();
     void severalPicksAreCopiedTogether();
@@ -116,6 +119,50 @@ void InstanceTest::commandsReachTheRunningProgram()
     QCOMPARE(program.process().waitForEnd(), 0);
     // There is nothing left to quit.
     QCOMPARE(scene.run({u"quit"_s}), 0);
+}
+
+void InstanceTest::openedFilesBecomePalettes()
+{
+    Scene scene;
+    TintwickProcess program = scene.start();
+    QVERIFY(program.waitForTrayIcon());
+    const QTemporaryDir folder;
+    const auto write = [&](const QString& name, const QByteArray& text) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    };
+    write(u"deep sea.gpl"_s, "GIMP Palette\nName: Sea\n59 130 246 Wave\n");
+    write(u"sky.css"_s, ":root { --day: #1e90ff; }\n");
+    write(u"broken.gpl"_s, "GIMP Palette\n59 130\n");
+    const auto palettes = [&] {
+        QStringList names;
+        for (const QJsonValue palette : program.data().value("collections"_L1).toArray()) {
+            names.append(palette["name"_L1].toString());
+        }
+        return names;
+    };
+    // As a file manager does.
+    const auto open = [&](const QString& name) {
+        const QString address = QUrl::fromLocalFile(folder.filePath(name)).toString(QUrl::FullyEncoded);
+        return scene.desktop
+            .start(u"gdbus"_s, {u"call"_s, u"--session"_s, u"--dest"_s, u"org.tintwick.Tintwick"_s,
+                                u"--object-path"_s, u"/org/tintwick/Tintwick"_s, u"--method"_s,
+                                u"org.freedesktop.Application.Open"_s, u"['"_s + address + u"']"_s, u"{}"_s})
+            ->waitForEnd();
+    };
+    QCOMPARE(open(u"deep sea.gpl"_s), 0);
+    QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s}; }));
+    QVERIFY(program.waitForPanel());
+
+    // A desktop without that call runs the command of the desktop entry.
+    QCOMPARE(scene.run({folder.filePath(u"sky.css"_s)}), 0);
+    QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s, u"sky"_s}; }));
+
+    // A refused one shows its sentence where the content was, and changes nothing.
+    const QImage before = scene.desktop.settledScreenshot(program.panel());
+    QCOMPARE(open(u"broken.gpl"_s), 0);
+    QVERIFY(waitUntil([&] { return scene.desktop.settledScreenshot(program.panel()) != before; }));
+    QCOMPARE(palettes(), (QStringList{u"Sea"_s, u"sky"_s}));
 }
 
 void InstanceTest::aPickThroughTheRunningProgramIsPrintedCopiedAndSaved()
