@@ -66,6 +66,11 @@ Import readAnything(const QByteArray& bytes)
 
 } // namespace
 
+QStringList importedSuffixes()
+{
+    return u"gpl ase aco json css scss png jpg jpeg webp gif bmp svg"_s.split(u' ');
+}
+
 Import importBytes(const QByteArray& bytes, const QString& name)
 {
     Import result = readAnything(bytes);

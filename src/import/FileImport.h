@@ -4,8 +4,12 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace tintwick {
+
+/// The suffixes of files that usually have colours, without dots.
+[[nodiscard]] QStringList importedSuffixes();
 
 /// Reads a palette file, a style sheet, JSON or a picture. The content decides the kind. A palette without a name of its own gets
 /// the file's. A file without colours, or with more than a palette should hold, is a problem.

@@ -280,7 +280,7 @@ void PaletteTest::aPaletteIsRenamedAndSorted()
 
     // The menu of the palette: the third entry is "Sort by", its second "Lightness".
     desktop.clickAt(program.panel().topLeft() + actionsButton);
-    for (const xcb_keysym_t key : {XK_Up, XK_Right, XK_Down, XK_Return}) {
+    for (const xcb_keysym_t key : {XK_Up, XK_Up, XK_Up, XK_Right, XK_Down, XK_Return}) {
         static_cast<void>(desktop.settledScreenshot());
         desktop.typeKey(key);
     }

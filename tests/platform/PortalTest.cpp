@@ -31,7 +31,7 @@ const FileChooser::Question question{.parentWindow = {},
                                      .suggestedName = u"a.css"_s,
                                      .folder = {},
                                      .kind = u"CSS"_s,
-                                     .suffix = u"css"_s};
+                                     .suffixes = {u"css"_s}};
 
 } // namespace
 

@@ -4,15 +4,20 @@
 #include "AppState.h"
 #include "Appearance.h"
 #include "Button.h"
+#include "CollectionDetailView.h"
 #include "CollectionRowCard.h"
 #include "ColorDetailRow.h"
+#include "ColorSelector.h"
 #include "DashboardSwatchView.h"
 #include "DashboardView.h"
+#include "HistoryDetailView.h"
+#include "IconColor.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "PanelNavigation.h"
 #include "PanelView.h"
 #include "Preferences.h"
+#include "SelectableColor.h"
 #include "shots/Scene.h"
 #include "shots/Shooting.h"
 
@@ -21,6 +26,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
@@ -79,6 +85,11 @@ void letOfferEnd(DemoPanel& panel)
     QApplication::processEvents();
 }
 
+void select(SelectableColor& view)
+{
+    view.selector()->takeClick(view.color().id, Qt::ControlModifier);
+}
+
 const QList<QColor> fewColors{QColor(0x3B, 0x82, 0xF6), QColor(0xF5, 0x4D, 0x4D), QColor(0x1A, 0xBF, 0x80)};
 
 } // namespace
@@ -131,6 +142,42 @@ void shootMainPanel(const QDir& folder)
     });
     shootState(u"saved"_s, manyColors(8), twoPalettes, [](DemoPanel&) {
         Q_EMIT OpenSaveRequests::shared().saved(u"/home/ada/history-palette.css"_s);
+    });
+    shootState(u"pinned"_s, manyColors(8), twoPalettes,
+               [](DemoPanel& panel) { button(panel, u"Keep Open"_s).click(); });
+    shootState(u"imported"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.state().importCollection(u"Harbour"_s, {CapturedColor::capture(0x0EA5E9)});
+        QApplication::processEvents();
+    });
+    shootState(u"import-refused"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        panel.view().importFiles({u"/nowhere/harbour.gpl"_s});
+        QApplication::processEvents();
+    });
+    shootState(u"icon-colors"_s, manyColors(8), twoPalettes, [](DemoPanel& panel) {
+        AppState& state = panel.state();
+        state.setIconColor(state.collections().last().id, u"pink"_s);
+        QApplication::processEvents();
+        CollectionRowCard& card = *panel.dashboard().cards().last();
+        QMenu* menu = makeMenu(card, iconColorMenu(state, card.collection()).children);
+        menu->adjustSize();
+        menu->setActiveAction(menu->actions().last());
+        showMenu(panel, *menu, card.mapTo(&panel, card.rect().center()));
+    });
+    shootState(u"selected"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
+        panel.view().setSelectedCollectionId(PanelView::historySelectionId);
+        QApplication::processEvents();
+        select(*panel.view().findChild<HistoryDetailView*>()->swatches().at(1));
+        select(*panel.view().findChild<HistoryDetailView*>()->swatches().at(7));
+        select(*panel.view().findChild<HistoryDetailView*>()->swatches().at(8));
+        QApplication::processEvents();
+    });
+    shootState(u"selected-rows"_s, manyColors(8), {{u"Harbour"_s, 8}}, [](DemoPanel& panel) {
+        letOfferEnd(panel);
+        panel.view().setSelectedCollectionId(panel.state().collections().first().id);
+        QApplication::processEvents();
+        select(*panel.view().findChild<CollectionDetailView*>()->rows().at(1));
+        select(*panel.view().findChild<CollectionDetailView*>()->rows().at(2));
+        QApplication::processEvents();
     });
     shootState(u"history"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
         panel.view().setSelectedCollectionId(PanelView::historySelectionId);

@@ -1346,8 +1346,9 @@ void CollectionDetailViewTest::actionsOfThePaletteAreInAMenu()
     QTest::keyClick(actions, Qt::Key_Down);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     QVERIFY(menu != nullptr);
-    QCOMPARE(titles(*menu), (QStringList{QStringLiteral("Rename…"), QStringLiteral("Duplicate"),
-                                         QStringLiteral("Sort by")}));
+    QCOMPARE(titles(*menu),
+             (QStringList{QStringLiteral("Rename…"), QStringLiteral("Duplicate"), QStringLiteral("Sort by"),
+                          QStringLiteral("Icon Color"), QStringLiteral("Import…")}));
     choose(*menu, QStringLiteral("Duplicate"));
     QCOMPARE(screen.state.collections().size(), 2);
     QCOMPARE(screen.state.collections()[1].name, QStringLiteral("Brand copy"));

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void cardAndItsScreenCountTheColorsThatExist();
     void cardPreviewsTheExistingAmongTheFirstFour();
     void sixthCardHasTheGradientOfTheFirst();
+    void iconGetsAColorOfItsOwn();
     void droppedTexts_data();
     void droppedTexts();
     void dragOverACardHighlightsIt();
@@ -545,6 +546,48 @@ void DashboardViewTest::sixthCardHasTheGradientOfTheFirst()
     QVERIFY(tiles[2] != tiles[3]);
 }
 
+void DashboardViewTest::iconGetsAColorOfItsOwn()
+{
+    PanelFixture panel;
+    const ColorCollection brand = panel.state.createCollection(QStringLiteral("Brand"));
+    panel.settle();
+    // 4 points into the tile, at half its height; at 26 / 88 of the gradient on the card and 20 / 64 on the screen.
+    const auto onCard = [&] { return panel.dashboard().cards().first()->grab().toImage().pixel(18, 34); };
+    const auto onScreen = [&] {
+        panel.view->setSelectedCollectionId(brand.id);
+        const QRgb color = panel.picture().pixel(16 + 4, 51 + 10 + 16);
+        panel.view->setSelectedCollectionId({});
+        panel.settle();
+        return color;
+    };
+    const QRgb orange = qRgb(252, 138, 45);
+    const QRgb blue = qRgb(74, 131, 239);
+    QVERIFY(isNear(onCard(), orange, 4));
+    QVERIFY(isNear(onScreen(), orange, 4));
+
+    QMenu* menu = contextMenu(*panel.dashboard().cards().first());
+    QMenu* colors = nullptr;
+    for (QAction* action : menu->actions()) {
+        colors = action->text() == QStringLiteral("Icon Color") ? action->menu() : colors;
+    }
+    QVERIFY(colors);
+    QCOMPARE(titles(*colors),
+             (QStringList{QStringLiteral("Automatic"), QStringLiteral("-"), QStringLiteral("Orange"),
+                          QStringLiteral("Blue"), QStringLiteral("Violet"), QStringLiteral("Pink"),
+                          QStringLiteral("Green")}));
+    QVERIFY(colors->actions().first()->isChecked());
+    choose(*menu, QStringLiteral("Blue"));
+    panel.settle();
+    QVERIFY(isNear(onCard(), blue, 4));
+    QVERIFY(isNear(onScreen(), blue, 4));
+
+    panel.state.undo();
+    QVERIFY(isNear(onCard(), orange, 4));
+    panel.state.redo();
+    choose(*contextMenu(*panel.dashboard().cards().first()), QStringLiteral("Automatic"));
+    QVERIFY(isNear(onCard(), orange, 4));
+}
+
 void DashboardViewTest::droppedTexts_data()
 {
     QTest::addColumn<QString>("text");
@@ -682,6 +725,7 @@ void DashboardViewTest::cardMenuDeletesTheCollection()
         titles(*menu),
         (QStringList{QStringLiteral("Open Palette"), QStringLiteral("Pick into"), QStringLiteral("-"),
                      QStringLiteral("Rename…"), QStringLiteral("Duplicate"), QStringLiteral("Sort by"),
+                     QStringLiteral("Icon Color"), QStringLiteral("Import…"),
                      QStringLiteral("Export Other Formats"), QStringLiteral("-"),
                      QStringLiteral("Export CSS Variables"), QStringLiteral("Export JSON"),
                      QStringLiteral("Export PNG Swatch"), QStringLiteral("-"), QStringLiteral("Delete")}));

@@ -30,6 +30,8 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
@@ -92,6 +94,8 @@ private Q_SLOTS:
     void anUnreadableFileIsToldUntilThePanelIsHidden();
     void aSavedFileIsNamedAndItsFolderIsOneClickAway();
     void droppedFilesBecomePalettes();
+    void filesDroppedOnACardAreImported();
+    void ctrlOAsksForFilesToImport();
     void theButtonOfANoticeShowsTheFolder();
     void aShortNoticeHasRoomForItsButton();
 
@@ -951,6 +955,73 @@ void PanelViewTest::droppedFilesBecomePalettes()
              u"sky.gpl cannot be imported: line 2: '59 130' is not a color"_s);
     panel.state.undo();
     QVERIFY(panel.state.collections().isEmpty());
+}
+
+void PanelViewTest::filesDroppedOnACardAreImported()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"sea.gpl"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("GIMP Palette\nName: Sea\n59 130 246 Wave\n");
+    file.close();
+    PanelFixture panel;
+    const QUuid brand = panel.state.createCollection(u"Brand"_s).id;
+    panel.settle();
+    CollectionRowCard* const card = panel.dashboard().cards().first();
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(file.fileName())});
+    // File managers add the path as a text, or even an id.
+    dragged.setText(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    QDragEnterEvent enter(QPoint(100, 30), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(card, &enter);
+    QVERIFY(enter.isAccepted());
+    QVERIFY(!card->isDropTarget());
+    QDropEvent dropped(QPointF(100, 30), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(card, &dropped);
+    QCOMPARE(panel.state.collections().size(), 2);
+    QCOMPARE(panel.state.collections().last().name, u"Sea"_s);
+    QVERIFY(panel.state.collection(brand)->colorIds.isEmpty());
+}
+
+void PanelViewTest::ctrlOAsksForFilesToImport()
+{
+    const QTemporaryDir folder;
+    QStringList paths;
+    for (const QString& name : {u"sea"_s, u"sky"_s}) {
+        QFile file(folder.filePath(name + u".gpl"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("GIMP Palette\n59 130 246 Wave\n");
+        paths.append(u'"' + file.fileName() + u'"');
+    }
+    PanelFixture panel;
+    const auto dialog = [] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<QFileDialog*>(window); found && found->isVisible()) {
+                return found;
+            }
+        }
+        return static_cast<QFileDialog*>(nullptr);
+    };
+    QTest::keyClick(panel.view->focusWidget(), Qt::Key_O, Qt::ControlModifier);
+    QTRY_VERIFY(dialog());
+    QCOMPARE(dialog()->fileMode(), QFileDialog::ExistingFiles);
+    QVERIFY(dialog()->nameFilters().first().contains(u"*.gpl *.ase *.aco"_s));
+    QCOMPARE(dialog()->nameFilters().last(), u"All Files (*)"_s);
+    dialog()->setDirectory(folder.path());
+    dialog()->findChild<QLineEdit*>()->setText(paths.join(u' '));
+    static_cast<QDialog*>(dialog())->accept();
+    QTRY_COMPARE(panel.state.collections().size(), 2);
+    QCOMPARE(panel.state.collections().first().name, u"sea"_s);
+
+    QTRY_VERIFY(!dialog());
+    panel.view->activateWindow();
+    panel.view->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(panel.view.get()));
+    QTest::keyClick(panel.view.get(), Qt::Key_O, Qt::ControlModifier);
+    QTRY_VERIFY(dialog());
+    static_cast<QDialog*>(dialog())->reject();
+    QTRY_VERIFY(!dialog());
+    QCOMPARE(panel.state.collections().size(), 2);
 }
 
 void PanelViewTest::theButtonOfANoticeShowsTheFolder()

@@ -2,8 +2,10 @@
 
 #include "AppState.h"
 #include "Button.h"
+#include "IconColor.h"
 #include "Label.h"
 #include "Overlay.h"
+#include "PanelNavigation.h"
 #include "Stack.h"
 #include "TextField.h"
 
@@ -63,6 +65,16 @@ void openNewCollectionOverlay(QWidget& panel, AppState& state, const QList<QUuid
                     [&state, colorIds](const QString& name) { state.createCollection(name, colorIds); });
 }
 
+MenuEntry importEntry(const QWidget& view)
+{
+    PanelNavigation* const navigation = PanelNavigation::of(&view);
+    return menuAction(tr("Import…"), importKey, [navigation] {
+        if (navigation != nullptr) {
+            navigation->importPalettes();
+        }
+    });
+}
+
 QList<MenuEntry> collectionMenu(QWidget& panel, AppState& state, const ColorCollection& collection)
 {
     const auto sort = [&state, id = collection.id](const QString& title, ColorOrder order) {
@@ -73,7 +85,8 @@ QList<MenuEntry> collectionMenu(QWidget& panel, AppState& state, const ColorColl
                    [&panel, &state, collection] { openRenameCollectionOverlay(panel, state, collection); }),
         menuAction(tr("Duplicate"), [&state, id = collection.id] { state.duplicateCollection(id); }),
         submenu(tr("Sort by"),
-                {sort(tr("Hue"), ColorOrder::Hue), sort(tr("Lightness"), ColorOrder::Lightness)})};
+                {sort(tr("Hue"), ColorOrder::Hue), sort(tr("Lightness"), ColorOrder::Lightness)}),
+        iconColorMenu(state, collection), importEntry(panel)};
 }
 
 } // namespace tintwick

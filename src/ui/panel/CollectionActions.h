@@ -20,7 +20,12 @@ void openRenameCollectionOverlay(QWidget& panel, AppState& state, const ColorCol
 /// Opens an overlay over `panel` in which the user names a new collection of the colours.
 void openNewCollectionOverlay(QWidget& panel, AppState& state, const QList<QUuid>& colorIds);
 
-/// The entries "Rename…", "Duplicate" and "Sort by".
+/// Opens the dialog for files to import.
+inline constexpr QKeyCombination importKey = Qt::CTRL | Qt::Key_O;
+/// The entry "Import…".
+[[nodiscard]] MenuEntry importEntry(const QWidget& view);
+
+/// The entries "Rename…", "Duplicate", "Sort by", "Icon Color" and "Import…".
 [[nodiscard]] QList<MenuEntry> collectionMenu(QWidget& panel, AppState& state,
                                               const ColorCollection& collection);
 

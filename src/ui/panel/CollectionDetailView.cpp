@@ -10,6 +10,7 @@
 #include "ColorSelector.h"
 #include "DetailScreen.h"
 #include "ExportMenu.h"
+#include "IconColor.h"
 #include "InOneLine.h"
 #include "Label.h"
 #include "MenuButton.h"
@@ -199,7 +200,8 @@ void CollectionDetailView::showCollection()
 {
     if (const ColorCollection* collection = m_appState.collection(m_collectionId)) {
         m_collection = *collection;
-        m_tile->add(ground(theme::cardAccent(m_appState.collections().indexOf(m_collection)), tileRadius));
+        m_tile->add(
+            ground(iconGradient(m_collection, m_appState.collections().indexOf(m_collection)), tileRadius));
     } else {
         m_collection.colorIds.clear();
     }

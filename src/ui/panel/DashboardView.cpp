@@ -3,8 +3,10 @@
 #include "AppState.h"
 #include "Bound.h"
 #include "Button.h"
+#include "CollectionActions.h"
 #include "CollectionRowCard.h"
 #include "DashboardSwatchView.h"
+#include "IconColor.h"
 #include "Label.h"
 #include "Overlay.h"
 #include "PickMenu.h"
@@ -12,6 +14,8 @@
 #include "SymbolView.h"
 #include "TextField.h"
 #include "Theme.h"
+
+#include <QContextMenuEvent>
 
 namespace tintwick {
 
@@ -49,7 +53,7 @@ DashboardView::DashboardView(AppState& appState, QWidget& panel)
           },
           [](CollectionRowCard& card, const ColorCollection& collection, qsizetype position) {
               card.setCollection(collection);
-              card.setAccent(theme::cardAccent(position));
+              card.setAccent(iconGradient(collection, position));
           })
 {
     // clang-format off
@@ -118,18 +122,20 @@ QWidget* DashboardView::collectionsSection()
 QWidget* DashboardView::createFirstPaletteButton()
 {
     const QString title = tr("Create your first palette");
-    return plainButton(
+    PlainButton* button = plainButton(
         title, [this] { openNewPaletteOverlay(); },
         row(fixedHeight(50), gap(6), ground(theme::accent.opacity(0.08), 12), spacer(),
             symbol(u"add-circle"_s, 14, SymbolWeight::Regular, theme::accentText),
             label(title, theme::font(13, QFont::Medium), theme::accentText), spacer()),
         12);
+    button->setContextMenu([this] { return QList{importEntry(*this)}; });
+    return button;
 }
 
 QWidget* DashboardView::addPaletteRow()
 {
     const QString title = tr("New Palette");
-    return plainButton(
+    PlainButton* button = plainButton(
         title, [this] { openNewPaletteOverlay(); },
         row(gap(14), padding(12), ground(theme::surface, 14),
             dashedOutline(theme::textThird.opacity(0.6), 1.2, 5),
@@ -137,6 +143,15 @@ QWidget* DashboardView::addPaletteRow()
                 symbol(u"add"_s, 18, SymbolWeight::Medium, theme::textThird)),
             label(title, theme::font(14, QFont::Medium), theme::textThird), spacer()),
         14);
+    button->setContextMenu([this] { return QList{importEntry(*this)}; });
+    return button;
+}
+
+// On the ground between the controls.
+void DashboardView::contextMenuEvent(QContextMenuEvent* event)
+{
+    popUpMenu(*this, event->globalPos(),
+              {menuAction(tr("New Palette…"), [this] { openNewPaletteOverlay(); }), importEntry(*this)});
 }
 
 void DashboardView::openNewPaletteOverlay()

@@ -39,6 +39,9 @@ Q_SIGNALS:
     void historySelected();
     void collectionSelected(const QUuid& id);
 
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
     [[nodiscard]] QWidget* eyedropperButton();
     [[nodiscard]] QWidget* recentHeader();

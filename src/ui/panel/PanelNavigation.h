@@ -29,8 +29,11 @@ public:
     }
     /// Shows all colours in the order of their likeness to one.
     void openSimilar(const CapturedColor& color) { Q_EMIT similarRequested(color); }
+    /// Asks the user for files with colours.
+    void importPalettes() { Q_EMIT importRequested(); }
 
 Q_SIGNALS:
+    void importRequested();
     void colorRequested(const tintwick::CapturedColor& color);
     void contrastRequested(const tintwick::CapturedColor& text,
                            const std::optional<tintwick::CapturedColor>& ground);

@@ -3,17 +3,21 @@
 #include "ActionPill.h"
 #include "AppState.h"
 #include "Clickable.h"
+#include "CollectionActions.h"
 #include "CollectionDetailView.h"
 #include "ColorActions.h"
+#include "ColorExport.h"
 #include "ColorIntake.h"
 #include "ColorScreen.h"
 #include "ContrastScreen.h"
 #include "DashboardView.h"
 #include "FadeThrough.h"
+#include "FileImport.h"
 #include "HistoryDetailView.h"
 #include "ImportFiles.h"
 #include "InOneLine.h"
 #include "NoticeView.h"
+#include "OpenRequest.h"
 #include "OpenSaveRequests.h"
 #include "Overlay.h"
 #include "Paint.h"
@@ -105,6 +109,9 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
     connect(m_intake, &ColorIntake::refused, this,
             [this](const QString& sentence) { m_actionPill->say(sentence); });
+    connect(navigation, &PanelNavigation::importRequested, this, &PanelView::askForImport);
+    connect(new QShortcut(importKey, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, &PanelView::askForImport);
     connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
     connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
     connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
@@ -435,6 +442,18 @@ bool PanelView::eventFilter(QObject* watched, QEvent* event)
         applyColorScheme();
     }
     return View::eventFilter(watched, event);
+}
+
+void PanelView::askForImport()
+{
+    if (Overlay::of(*this) != nullptr || m_openRequest != nullptr) {
+        return;
+    }
+    m_openRequest = new OpenRequest(tr("Import"), tr("Palettes, Style Sheets and Pictures"),
+                                    importedSuffixes(), ColorExport::portalHandle());
+    connect(m_openRequest, &OpenRequest::chosen, this, &PanelView::importFiles);
+    // Queued, because the caller may be a menu that is about to close.
+    QMetaObject::invokeMethod(m_openRequest, &OpenRequest::begin, Qt::QueuedConnection);
 }
 
 void PanelView::importFiles(const QStringList& paths)

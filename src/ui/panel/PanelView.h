@@ -20,6 +20,7 @@ class AppState;
 class ColorIntake;
 class DashboardView;
 class NoticeView;
+class OpenRequest;
 class PanelHeader;
 class Preferences;
 class Stack;
@@ -107,6 +108,8 @@ private:
     /// Returns to the screen from which the present one was opened.
     void goBack();
     void applyColorScheme();
+    /// Opens a dialog for the files to import.
+    void askForImport();
 
     AppState& m_appState;
     Preferences& m_preferences;
@@ -130,6 +133,7 @@ private:
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
     std::optional<ScreenStack> m_screenStack;
+    QPointer<OpenRequest> m_openRequest;
 };
 
 } // namespace tintwick

@@ -79,8 +79,8 @@ void fillMenu(QMenu& menu, const QList<MenuEntry>& entries)
         case MenuEntry::Kind::Choice:
         case MenuEntry::Kind::Destructive: {
             QAction* action = menu.addAction(lineOf(entry));
-            if (!entry.symbol.isEmpty()) {
-                action->setIcon(symbolIcon(entry.symbol));
+            if (!entry.symbol.isEmpty() || !entry.icon.isNull()) {
+                action->setIcon(entry.icon.isNull() ? symbolIcon(entry.symbol) : entry.icon);
                 action->setIconVisibleInMenu(true);
             }
             action->setShortcut(entry.shortcut);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QKeySequence>
 #include <QList>
 #include <QString>
@@ -29,6 +30,8 @@ struct MenuEntry
     QKeySequence shortcut = {};
     /// A text at the end of the line, shortened to fit. Not together with a shortcut.
     QString detail = {};
+    /// A picture instead of a symbol.
+    QIcon icon = {};
 };
 
 [[nodiscard]] MenuEntry menuAction(const QString& title, std::function<void()> action);

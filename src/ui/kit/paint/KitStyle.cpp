@@ -176,8 +176,12 @@ void KitStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter,
     const QRect inside = item.rect.adjusted(itemPadding, 0, -itemPadding, 0);
     const int column = symbolColumnOf(item);
     if (!item.icon.isNull()) {
-        drawSymbol(painter, item.icon.name(), symbolSize, SymbolWeight::Medium, ink,
-                   QRectF(inside.left(), inside.top(), symbolSide(symbolSize), inside.height()));
+        const QRectF place(inside.left(), inside.top(), symbolSide(symbolSize), inside.height());
+        if (item.icon.name().isEmpty()) {
+            item.icon.paint(&painter, place.toAlignedRect());
+        } else {
+            drawSymbol(painter, item.icon.name(), symbolSize, SymbolWeight::Medium, ink, place);
+        }
     }
     painter.setFont(item.font);
     painter.setPen(ink);
