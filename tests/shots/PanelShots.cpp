@@ -161,7 +161,7 @@ void shootMainPanel(const QDir& folder)
         QMenu* menu = makeMenu(card, iconColorMenu(state, card.collection()).children);
         menu->adjustSize();
         menu->setActiveAction(menu->actions().last());
-        showMenu(panel, *menu, card.mapTo(&panel, card.rect().center()));
+        showMenu(panel, *menu, card.mapTo(&panel, QPoint(60, -30)));
     });
     shootState(u"selected"_s, manyColors(40), twoPalettes, [](DemoPanel& panel) {
         panel.view().setSelectedCollectionId(PanelView::historySelectionId);
