@@ -104,6 +104,7 @@ private Q_SLOTS:
     void screenReadersAreToldWhatIsFound();
     void similarColorsAreShown();
     void theChipEndsTheSimilarColors();
+    void ofManyColorsTheFirstAreShown();
 };
 
 void SearchTest::typingOpensTheField()
@@ -340,6 +341,19 @@ void SearchTest::theChipEndsTheSimilarColors()
     button(*fixture.view, u"Similar to Dodger Blue, end"_s)->click();
     settle();
     QVERIFY(fixture.view->findChild<HistoryDetailView*>()->isVisible());
+}
+
+void SearchTest::ofManyColorsTheFirstAreShown()
+{
+    SearchFixture fixture;
+    QList<CapturedColor> colors;
+    for (std::uint32_t i = 0; i < 300; ++i) {
+        colors.append(CapturedColor::capture(i));
+    }
+    fixture.state.importCollection(u"Big"_s, colors);
+    fixture.type(u"big"_s);
+    QCOMPARE(fixture.results().split(u' ').size(), 200);
+    QVERIFY(fixture.texts().contains(u"The first 200 of 300 colors"_s));
 }
 
 int main(int argc, char** argv)

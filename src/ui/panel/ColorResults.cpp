@@ -7,6 +7,8 @@
 #include "Stack.h"
 #include "Theme.h"
 
+#include <algorithm>
+
 namespace tintwick {
 
 using namespace Qt::StringLiterals;
@@ -24,15 +26,22 @@ ColorResults::ColorResults(AppState& appState, QWidget& panel)
 
 void ColorResults::setColors(const QList<CapturedColor>& colors, WhenNone whenNone)
 {
-    const qsizetype all = m_appState.allColors().size();
-    m_count->setText(colors.size() == all ? colorCountText(all)
-                                          : tr("%1 of %2").arg(colors.size()).arg(colorCountText(all)));
-    m_grid->setColors(colors);
+    m_count->setText(countText(colors.size()));
+    m_grid->setColors(colors.first(std::min(colors.size(), mostShown)));
     const bool isBlank = colors.isEmpty() && whenNone == WhenNone::Nothing;
     m_head->setVisible(!isBlank);
     m_blank->setVisible(isBlank);
     m_grid->setVisible(!colors.isEmpty());
     m_empty->setVisible(colors.isEmpty() && !isBlank);
+}
+
+QString ColorResults::countText(qsizetype found) const
+{
+    const qsizetype all = m_appState.allColors().size();
+    if (found > mostShown) {
+        return tr("The first %1 of %2").arg(mostShown).arg(colorCountText(found));
+    }
+    return found == all ? colorCountText(all) : tr("%1 of %2").arg(found).arg(colorCountText(all));
 }
 
 QString ColorResults::summary() const

@@ -22,6 +22,9 @@ public:
     /// Overlays cover the panel.
     ColorResults(AppState& appState, QWidget& panel);
 
+    /// More swatches would delay each key.
+    static constexpr qsizetype mostShown = 200;
+
     /// What is shown when there is no colour.
     enum class WhenNone { Sentence, Nothing };
 
@@ -32,6 +35,8 @@ public:
     void focusFirst() const;
 
 private:
+    [[nodiscard]] QString countText(qsizetype found) const;
+
     AppState& m_appState;
     Label* m_count;
     Stack* m_head;
