@@ -320,9 +320,11 @@ void WaylandPanelTest::aMenuOpensAndChooses()
     Scene scene;
     QVERIFY(scene.waitForPanel());
     QCOMPARE(scene.history().size(), 2);
-    const QRgb atRest = scene.colorAt(firstSwatch + deleteInMenu);
+    // The menu covers this part of the red swatch.
+    const QPoint besidePointer = firstSwatch + QPoint(10, 10);
+    QVERIFY(waitUntil([&] { return scene.colorAt(besidePointer) == qRgb(255, 0, 0); }));
     scene.click(firstSwatch, BTN_RIGHT);
-    QVERIFY(waitUntil([&] { return scene.colorAt(firstSwatch + deleteInMenu) != atRest; }));
+    QVERIFY(waitUntil([&] { return scene.colorAt(besidePointer) != qRgb(255, 0, 0); }));
     scene.click(firstSwatch + deleteInMenu);
     QVERIFY(waitUntil([&] { return scene.history().size() == 1; }));
     QVERIFY(!scene.panel().isEmpty());
