@@ -284,6 +284,7 @@ private Q_SLOTS:
     void paletteIsRenamed();
     void actionsOfThePaletteAreInAMenu();
     void sortedRowsMoveToTheirPlaces();
+    void sortedRowsCanBeOrderedByHand();
 };
 
 void CollectionDetailViewTest::toolbarShowsNameAndCount_data()
@@ -1352,6 +1353,23 @@ void CollectionDetailViewTest::actionsOfThePaletteAreInAMenu()
     choose(*menu, QStringLiteral("Duplicate"));
     QCOMPARE(screen.state.collections().size(), 2);
     QCOMPARE(screen.state.collections()[1].name, QStringLiteral("Brand copy"));
+}
+
+void CollectionDetailViewTest::sortedRowsCanBeOrderedByHand()
+{
+    PaletteFixture screen({0x00FF00, 0x0000FF, 0xFF0000});
+    screen.state.sortCollection(screen.palette, ColorOrder::Hue);
+    screen.settle();
+    screen.row(0).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&screen.row(0), Qt::Key_Down, Qt::AltModifier);
+    screen.settle();
+    QCOMPARE(screen.shown(), u"#00FF00 #FF0000 #0000FF"_s);
+    screen.state.undo();
+    screen.settle();
+    QCOMPARE(screen.shown(), u"#FF0000 #00FF00 #0000FF"_s);
+    screen.state.undo();
+    screen.settle();
+    QCOMPARE(screen.shown(), u"#00FF00 #0000FF #FF0000"_s);
 }
 
 void CollectionDetailViewTest::sortedRowsMoveToTheirPlaces()
