@@ -14,7 +14,7 @@ namespace tintwick {
 namespace {
 
 constexpr double veilOpacity = 0.7;
-constexpr double hatchDistance = 5;
+constexpr int hatchDistance = 5;
 constexpr double hatchWidth = 1;
 constexpr theme::Color hatch = theme::textThird.opacity(0.5);
 constexpr double limitWidth = 1;
@@ -39,8 +39,9 @@ void drawHatch(QPainter& painter, const QRectF& rect, Scheme scheme)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(hatch.in(scheme), hatchWidth));
     // From a fixed origin, so that the lines stand still while the limit moves.
-    const double first = std::floor((rect.left() - rect.height()) / hatchDistance) * hatchDistance;
-    for (double x = first; x < rect.right(); x += hatchDistance) {
+    const int first = static_cast<int>(std::floor((rect.left() - rect.height()) / hatchDistance));
+    for (int line = first; line * hatchDistance < rect.right(); ++line) {
+        const double x = line * hatchDistance;
         painter.drawLine(QPointF(x, rect.bottom()), QPointF(x + rect.height(), rect.top()));
     }
     painter.restore();
