@@ -19,12 +19,12 @@ namespace {
 struct IconColor
 {
     QStringView word;
-    const char* title;
-    const theme::Gradient* gradient;
+    const char* title = nullptr;
+    const theme::Gradient* gradient = nullptr;
 };
 
 constexpr std::array iconColors{
-    IconColor{u"orange", QT_TRANSLATE_NOOP("IconColor", "Orange"), &theme::cardAccents[0]},
+    IconColor{u"orange", QT_TRANSLATE_NOOP("IconColor", "Orange"), theme::cardAccents.data()},
     IconColor{u"blue", QT_TRANSLATE_NOOP("IconColor", "Blue"), &theme::cardAccents[1]},
     IconColor{u"violet", QT_TRANSLATE_NOOP("IconColor", "Violet"), &theme::cardAccents[2]},
     IconColor{u"pink", QT_TRANSLATE_NOOP("IconColor", "Pink"), &theme::cardAccents[3]},
