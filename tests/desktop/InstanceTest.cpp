@@ -154,7 +154,7 @@ void InstanceTest::openedFilesBecomePalettes()
     QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s}; }));
     QVERIFY(program.waitForPanel());
 
-    // A desktop without that call runs the command of the desktop entry.
+    // So does the command with a path.
     QCOMPARE(scene.run({folder.filePath(u"sky.css"_s)}), 0);
     QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s, u"sky"_s}; }));
 
