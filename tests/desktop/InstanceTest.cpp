@@ -154,7 +154,7 @@ void InstanceTest::openedFilesBecomePalettes()
     QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s}; }));
     QVERIFY(program.waitForPanel());
 
-    // So does the command with a path.
+    // So does the command that the desktop entry has for files.
     QCOMPARE(scene.run({folder.filePath(u"sky.css"_s)}), 0);
     QVERIFY(waitUntil([&] { return palettes() == QStringList{u"Sea"_s, u"sky"_s}; }));
 
