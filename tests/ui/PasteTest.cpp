@@ -98,7 +98,8 @@ void PasteTest::mappedColorsAreMentioned_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("sentence");
-    QTest::newRow("one") << u"color(display-p3 0 1 0)"_s << u"1 was outside sRGB and is mapped"_s;
+    QTest::newRow("one") << u"color(display-p3 0 1 0)"_s << u"The color was outside sRGB and is mapped"_s;
+    QTest::newRow("one of two") << u"red\ncolor(display-p3 0 1 0)"_s << u"1 was outside sRGB and is mapped"_s;
     QTest::newRow("two of three") << u"color(display-p3 0 1 0)\nred\noklch(0.7 0.4 150)"_s
                                   << u"2 were outside sRGB and are mapped"_s;
 }
@@ -118,7 +119,7 @@ void PasteTest::theNextChangeEndsTheRemark()
     fixture.paste(u"color(display-p3 0 1 0)"_s);
     fixture.state.undo();
     settle();
-    QVERIFY(!fixture.shows(u"1 was outside sRGB and is mapped"_s));
+    QVERIFY(!fixture.shows(u"The color was outside sRGB and is mapped"_s));
 }
 
 void PasteTest::aLongListIsTakenUpToTheLimit()

@@ -59,7 +59,9 @@ void ColorIntake::take(const TextColors& found)
     if (found.hasMore) {
         remarks += tr("the first %1 colors of the text were taken").arg(found.colors.size());
     }
-    if (found.mappedCount > 0) {
+    if (found.mappedCount > 0 && found.colors.size() == 1) {
+        remarks += tr("the color was outside sRGB and is mapped");
+    } else if (found.mappedCount > 0) {
         remarks += found.mappedCount == 1 ? tr("1 was outside sRGB and is mapped")
                                           : tr("%1 were outside sRGB and are mapped").arg(found.mappedCount);
     }

@@ -23,6 +23,7 @@
 #include "Paint.h"
 #include "PanelHeader.h"
 #include "PanelNavigation.h"
+#include "PanelNotices.h"
 #include "Preferences.h"
 #include "Rule.h"
 #include "SearchScreen.h"
@@ -30,7 +31,6 @@
 #include "Stack.h"
 #include "Theme.h"
 
-#include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QEvent>
 #include <QFileInfo>
@@ -69,11 +69,13 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     setAccessibleName(u"Tintwick"_s);
     setAcceptDrops(true);
     resize(theme::panelSize);
+    auto* notice = new NoticeView;
+    m_notices = new PanelNotices(*notice, m_appState, m_preferences, this);
     // clang-format off
     setContent(column(
         m_header = new PanelHeader(m_appState, m_preferences),
         rule(),
-        m_notice = new NoticeView,
+        notice,
         m_screens = column(m_dashboard = new DashboardView(m_appState, *this)),
         m_actionPill = new ActionPill(m_appState, *this)));
     // clang-format on
@@ -81,11 +83,9 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
                           [this](const PanelScreen& screen) { return makeScreen(screen); });
     applyColorScheme();
     showHeader();
-    updateNotice();
 
-    // Not in `keyPressEvent()`, because swatches, segments and scroll areas take the arrow keys.
-    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, &PanelView::goBack);
+    addKeys();
+    followNavigation();
     connect(m_header, &PanelHeader::backRequested, this, &PanelView::goBack);
     connect(m_header, &PanelHeader::settingsRequested, this, [this] { setShowingSettings(true); });
     connect(m_header, &PanelHeader::keepOpenChanged, this, &PanelView::keepOpenChanged);
@@ -93,6 +93,29 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(m_dashboard, &DashboardView::collectionSelected, this, &PanelView::setSelectedCollectionId);
     connect(m_dashboard, &DashboardView::historySelected, this,
             [this] { setSelectedCollectionId(historySelectionId); });
+    connect(m_intake, &ColorIntake::filesPasted, this, &PanelView::importFiles);
+    connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
+    connect(m_intake, &ColorIntake::refused, this,
+            [this](const QString& sentence) { m_actionPill->say(sentence); });
+    connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
+    connect(&OpenSaveRequests::shared(), &OpenSaveRequests::saved, this, &PanelView::showSavedFile);
+    connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
+}
+
+// Not in `keyPressEvent()`, because swatches, segments and scroll areas take the arrow keys.
+void PanelView::addKeys()
+{
+    const auto add = [this](const QKeySequence& keys, const auto& action) {
+        connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+                &QShortcut::activated, this, action);
+    };
+    add(Qt::ALT | Qt::Key_Left, &PanelView::goBack);
+    add(QKeySequence::Find, [this] { search({}); });
+    add(importKey, &PanelView::askForImport);
+}
+
+void PanelView::followNavigation()
+{
     const auto* navigation = new PanelNavigation(*this);
     connect(navigation, &PanelNavigation::colorRequested, this,
             [this](const CapturedColor& color) { open({.kind = PanelScreen::Kind::Color, .color = color}); });
@@ -103,21 +126,7 @@ PanelView::PanelView(AppState& appState, Preferences& preferences, MakeSettings 
     connect(navigation, &PanelNavigation::similarRequested, this, [this](const CapturedColor& color) {
         open({.kind = PanelScreen::Kind::Similar, .color = color});
     });
-    connect(new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, [this] { search({}); });
-    connect(m_intake, &ColorIntake::filesPasted, this, &PanelView::importFiles);
-    connect(m_intake, &ColorIntake::remarked, this, &PanelView::showNotice);
-    connect(m_intake, &ColorIntake::refused, this,
-            [this](const QString& sentence) { m_actionPill->say(sentence); });
     connect(navigation, &PanelNavigation::importRequested, this, &PanelView::askForImport);
-    connect(new QShortcut(importKey, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, &PanelView::askForImport);
-    connect(&m_appState, &AppState::collectionsChanged, this, &PanelView::showSelection);
-    connect(&m_appState, &AppState::saveProblemChanged, this, &PanelView::updateNotice);
-    connect(&m_appState, &AppState::unreadableFileFound, this, &PanelView::updateNotice);
-    connect(&OpenSaveRequests::shared(), &OpenSaveRequests::saved, this, &PanelView::showSavedFile);
-    connect(&m_preferences, &Preferences::problemChanged, this, &PanelView::updateNotice);
-    connect(&m_preferences, &Preferences::colorSchemeChanged, this, &PanelView::applyColorScheme);
 }
 
 void PanelView::setMenu(std::function<QList<MenuEntry>()> entries)
@@ -218,53 +227,14 @@ void PanelView::leaveSettings()
 
 void PanelView::showNotice(const QString& sentence)
 {
-    m_passingNotice = sentence;
-    updateNotice();
-}
-
-bool PanelView::tellsOfUnreadableFile() const
-{
-    return m_passingNotice.isEmpty() && m_appState.foundUnreadableFile() && !m_hasToldOfUnreadableFile;
-}
-
-Notice PanelView::currentNotice()
-{
-    if (!m_passingNotice.isEmpty()) {
-        return {.sentence = m_passingNotice, .buttonTitle = {}, .action = {}};
-    }
-    const auto withFolder = [this](const QString& sentence, const QString& folder) {
-        return Notice{sentence, tr("Show Folder"), [this, folder] { showFolder(folder); }};
-    };
-    if (tellsOfUnreadableFile()) {
-        return withFolder(tr("Your saved colors could not be read. Their file is kept."),
-                          m_appState.dataFolder());
-    }
-    if (!m_appState.saveProblem().isEmpty()) {
-        return withFolder(m_appState.saveProblem(), m_appState.dataFolder());
-    }
-    if (!m_preferences.problem().isEmpty()) {
-        return withFolder(m_preferences.problem(), m_preferences.folder());
-    }
-    return {};
-}
-
-void PanelView::updateNotice()
-{
-    m_notice->showNotice(currentNotice());
+    m_notices->show(sentence);
 }
 
 void PanelView::showSavedFile(const QString& path)
 {
     const QFileInfo file(path);
     m_actionPill->say(tr("Saved %1").arg(inOneLine(file.fileName())),
-                      {tr("Show"), [this, folder = file.path()] { showFolder(folder); }});
-}
-
-void PanelView::showFolder(const QString& folder)
-{
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) {
-        showNotice(tr("The folder is %1").arg(folder));
-    }
+                      {tr("Show"), [this, folder = file.path()] { m_notices->showFolder(folder); }});
 }
 
 QWidget& PanelView::currentScreen() const
@@ -415,10 +385,7 @@ void PanelView::showEvent(QShowEvent* event)
 void PanelView::hideEvent(QHideEvent* event)
 {
     View::hideEvent(event);
-    if (tellsOfUnreadableFile()) {
-        m_hasToldOfUnreadableFile = true;
-        updateNotice();
-    }
+    m_notices->panelHidden();
 }
 
 void PanelView::setSystemScheme(std::optional<Scheme> scheme)

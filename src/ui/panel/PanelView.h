@@ -2,7 +2,6 @@
 
 #include "Appearance.h"
 #include "ContextMenu.h"
-#include "Notice.h"
 #include "PanelScreen.h"
 #include "ScreenStack.h"
 #include "View.h"
@@ -19,9 +18,9 @@ namespace tintwick {
 class AppState;
 class ColorIntake;
 class DashboardView;
-class NoticeView;
 class OpenRequest;
 class PanelHeader;
+class PanelNotices;
 class Preferences;
 class Stack;
 class ActionPill;
@@ -51,8 +50,7 @@ public:
     void leaveSettings();
     /// See PanelHeader::setMenu().
     void setMenu(std::function<QList<MenuEntry>()> entries);
-    /// Shows a sentence below the header, such as why a pick could not begin; an empty one removes it. While there is none,
-    /// the view tells there that the data file was unreadable, until the panel is hidden, and what cannot be saved.
+    /// Shows a sentence below the header, such as why a pick could not begin. See PanelNotices.
     void showNotice(const QString& sentence);
 
     /// Whether the user wants the panel to stay open beside other windows. The choice lasts as long as the program runs: a panel
@@ -86,6 +84,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void addKeys();
+    void followNavigation();
+
     [[nodiscard]] bool isInScreen(const QWidget* widget) const;
     /// The screens from the dashboard to the visible one.
     [[nodiscard]] QList<PanelScreen> chosenPath() const;
@@ -99,11 +100,7 @@ private:
     void showSelection();
     [[nodiscard]] QString selectionTitle() const;
 
-    [[nodiscard]] bool tellsOfUnreadableFile() const;
-    [[nodiscard]] Notice currentNotice();
-    void updateNotice();
     void showSavedFile(const QString& path);
-    void showFolder(const QString& folder);
 
     /// Returns to the screen from which the present one was opened.
     void goBack();
@@ -127,9 +124,7 @@ private:
     PanelHeader* m_header = nullptr;
     ActionPill* m_actionPill = nullptr;
     ColorIntake* m_intake;
-    NoticeView* m_notice = nullptr;
-    QString m_passingNotice;
-    bool m_hasToldOfUnreadableFile = false;
+    PanelNotices* m_notices = nullptr;
     Stack* m_screens = nullptr;
     DashboardView* m_dashboard = nullptr;
     std::optional<ScreenStack> m_screenStack;
