@@ -129,6 +129,16 @@ public:
         return waitServing([&] { return program.menuPlace().isEmpty(); });
     }
 
+    /// A click elsewhere hides the panel once the program has processed the end of its dialogs, which is later than
+    /// the file or the vanished window shows.
+    [[nodiscard]] bool hidePanelByAClick()
+    {
+        return waitServing([&] {
+            desktop.clickAt({40, 700});
+            return program.panel().isEmpty();
+        });
+    }
+
     /// The windows of the program with this title.
     [[nodiscard]] std::vector<xcb_window_t> windows(const QByteArray& title)
     {
@@ -338,9 +348,7 @@ void ExportTest::theSuggestedNameIsUsed()
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList({u"*palette*"_s}, QDir::Files | QDir::Hidden),
              QStringList{name});
 
-    // A click elsewhere hides the panel again.
-    desk.desktop.clickAt({40, 700});
-    QVERIFY(desk.program.waitForPanelToHide());
+    QVERIFY(desk.hidePanelByAClick());
 }
 
 void ExportTest::aTypedNameGetsTheSuffix()
@@ -366,9 +374,7 @@ void ExportTest::cancellingWritesNothing()
     desk.desktop.typeKey(XK_Escape);
     QVERIFY(desk.waitForDialogs(0));
     QVERIFY(!desk.program.panel().isEmpty());
-    // The program has processed the end of the dialog when a click elsewhere hides the panel.
-    desk.desktop.clickAt({40, 700});
-    QVERIFY(desk.program.waitForPanelToHide());
+    QVERIFY(desk.hidePanelByAClick());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList({u"*palette*"_s}), QStringList());
     QCOMPARE(QDir(desk.desktop.homeFolder()).entryList(), before);
 }
@@ -555,11 +561,7 @@ void ExportTest::nothingIsWrittenUnlessThePortalReturnsALocalFile()
     QVERIFY(desk.choose(Export::Json));
     QVERIFY(waitServing([&] { return portal.questionCount() == 1; }));
     portal.answer(code, uri.isEmpty() ? uri : uri.arg(desk.desktop.homeFolder()));
-    // The program has processed the answer when a click elsewhere hides the panel.
-    QVERIFY(waitServing([&] {
-        desk.desktop.clickAt({40, 700});
-        return desk.program.panel().isEmpty();
-    }));
+    QVERIFY(desk.hidePanelByAClick());
     QVERIFY(!QFile::exists(desk.home(u"x.json"_s)));
     QVERIFY(desk.windows("Save As").empty());
 }
