@@ -38,8 +38,7 @@ constexpr std::array commands{
                 unlimited,
                 u"Start Tintwick, or show the panel of the one that runs",
                 u"Without a command, Tintwick starts and stays in the tray. If it runs already, its panel "
-                u"opens. Files, "
-                u"written with a slash as in ./brand.gpl, are imported into it.",
+                u"opens. Files, written with a slash as in ./brand.gpl, are imported into it.",
                 startOptions},
     CommandInfo{
         CommandId::Pick,
@@ -91,11 +90,9 @@ constexpr std::array commands{
                 Completion::File},
     CommandInfo{CommandId::Convert, u"convert", u"COLOR…", 1, unlimited, u"Convert colors to another format",
                 u"Reads colors in any form of CSS Color 4, names of colors (\"Pale Violet\"), Tailwind "
-                u"tokens (blue-500) "
-                u"and the notations 3B82F6, 0xFF3B82F6, hsv(), cmyk(), \"59 130 246\" and \"0.2, 0.5, 1.0\". "
-                u"Prints each "
-                u"one on a line, as HEX unless a format is given. A color outside sRGB "
-                u"becomes the nearest one inside, which is reported on standard error.",
+                u"tokens (blue-500) and the notations 3B82F6, 0xFF3B82F6, hsv(), cmyk(), \"59 130 246\" and "
+                u"\"0.2, 0.5, 1.0\". Prints each one on a line, as HEX unless a format is given. A color "
+                u"outside sRGB becomes the nearest one inside, which is reported on standard error.",
                 listOptions},
     CommandInfo{
         CommandId::Panel, u"panel", {}, 0, 0, u"Open the panel", u"Starts Tintwick if it does not run."},
