@@ -1,7 +1,6 @@
 #include "ColorsInText.h"
 #include "ColorFormat.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace tintwick {
@@ -35,8 +34,8 @@ private Q_SLOTS:
     void colorsOutsideTheGamutAreCounted_data();
     void colorsOutsideTheGamutAreCounted();
     void atMostTheWantedNumberIsRead();
-    void aLongTextIsReadQuickly_data();
-    void aLongTextIsReadQuickly();
+    void aLongTextIsReadInLinearTime_data();
+    void aLongTextIsReadInLinearTime();
 };
 
 void ColorsInTextTest::colorsAreFound_data()
@@ -151,7 +150,7 @@ void ColorsInTextTest::atMostTheWantedNumberIsRead()
     QVERIFY(!colorsInText(u"red\nlime\nred"_s, 2).hasMore);
 }
 
-void ColorsInTextTest::aLongTextIsReadQuickly_data()
+void ColorsInTextTest::aLongTextIsReadInLinearTime_data()
 {
     QTest::addColumn<QString>("part");
     for (const char* part :
@@ -160,14 +159,12 @@ void ColorsInTextTest::aLongTextIsReadQuickly_data()
     }
 }
 
-void ColorsInTextTest::aLongTextIsReadQuickly()
+void ColorsInTextTest::aLongTextIsReadInLinearTime()
 {
     QFETCH(const QString, part);
+    // In quadratic time it would not end within the time limit of the test program.
     const QString text = part.repeated(3'000'000 / part.size());
-    QElapsedTimer timer;
-    timer.start();
-    static_cast<void>(colorsInText(u"x"_s + text + u"x"_s, 100));
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(colorsInText(u"x"_s + text + u"x"_s, 100).colors.size() <= 1);
 }
 
 } // namespace tintwick
