@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "AppState.h"
+#include "KeyInRow.h"
 #include "ScrollArea.h"
 #include "StripSwatch.h"
 #include "Theme.h"
@@ -114,32 +115,15 @@ bool ColorStrip::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress) {
         return View::eventFilter(watched, event);
     }
-    const qsizetype position = swatches().indexOf(static_cast<StripSwatch*>(watched));
-    switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Left:
-        focusAt(position - 1);
-        return true;
-    case Qt::Key_Right:
-        focusAt(position + 1);
-        return true;
-    case Qt::Key_Home:
-        focusAt(0);
-        return true;
-    case Qt::Key_End:
-        focusAt(swatches().size() - 1);
-        return true;
-    default:
+    const QList<StripSwatch*> all = swatches();
+    const qsizetype from = all.indexOf(static_cast<StripSwatch*>(watched));
+    const auto to = positionAfterKey(static_cast<QKeyEvent*>(event)->key(), from, all.size());
+    if (!to) {
         return View::eventFilter(watched, event);
     }
-}
-
-void ColorStrip::focusAt(qsizetype position)
-{
-    const QList<StripSwatch*> all = swatches();
-    if (position >= 0 && position < all.size()) {
-        setCurrent(*all[position]);
-        all[position]->setFocus(Qt::TabFocusReason);
-    }
+    setCurrent(*all[*to]);
+    all[*to]->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 } // namespace tintwick

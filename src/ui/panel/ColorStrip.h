@@ -39,7 +39,6 @@ private:
     void updateMarks();
     /// Makes it the one that Tab reaches.
     void setCurrent(StripSwatch& swatch);
-    void focusAt(qsizetype position);
 
     AppState& m_appState;
     std::function<void(const CapturedColor&)> m_choose;

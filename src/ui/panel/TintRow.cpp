@@ -5,6 +5,7 @@
 #include "Appearance.h"
 #include "Clickable.h"
 #include "ColorActions.h"
+#include "KeyInRow.h"
 #include "Paint.h"
 #include "TextOnColor.h"
 #include "Theme.h"
@@ -161,26 +162,13 @@ bool TintRow::eventFilter(QObject* watched, QEvent* event)
     if (key->modifiers() != Qt::NoModifier) {
         return QWidget::eventFilter(watched, event);
     }
-    const qsizetype last = m_swatches.size() - 1;
     const qsizetype from = m_swatches.indexOf(static_cast<Swatch*>(watched));
-    qsizetype to = 0;
-    switch (key->key()) {
-    case Qt::Key_Left:
-        to = std::max<qsizetype>(from - 1, 0);
-        break;
-    case Qt::Key_Right:
-        to = std::min(from + 1, last);
-        break;
-    case Qt::Key_Home:
-        break;
-    case Qt::Key_End:
-        to = last;
-        break;
-    default:
+    const auto to = positionAfterKey(key->key(), from, m_swatches.size());
+    if (!to) {
         return QWidget::eventFilter(watched, event);
     }
-    makeReachable(*m_swatches[to]);
-    m_swatches[to]->setFocus(Qt::TabFocusReason);
+    makeReachable(*m_swatches[*to]);
+    m_swatches[*to]->setFocus(Qt::TabFocusReason);
     return true;
 }
 

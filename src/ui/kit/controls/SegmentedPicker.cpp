@@ -3,6 +3,7 @@
 #include "Accessibility.h"
 #include "Appearance.h"
 #include "Clickable.h"
+#include "KeyInRow.h"
 #include "Paint.h"
 #include "Shadow.h"
 #include "Theme.h"
@@ -155,27 +156,13 @@ QSize SegmentedPicker::sizeHint() const
 bool SegmentedPicker::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
-        const qsizetype last = m_segments.size() - 1;
         const qsizetype from = m_segments.indexOf(static_cast<Segment*>(watched));
-        qsizetype to = 0;
-        switch (static_cast<QKeyEvent*>(event)->key()) {
-        case Qt::Key_Left:
-            to = std::max<qsizetype>(from - 1, 0);
-            break;
-        case Qt::Key_Right:
-            to = std::min(from + 1, last);
-            break;
-        case Qt::Key_Home:
-            break;
-        case Qt::Key_End:
-            to = last;
-            break;
-        default:
-            return QWidget::eventFilter(watched, event);
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (const auto to = positionAfterKey(key, from, m_segments.size())) {
+            choose(*to);
+            m_segments[*to]->setFocus(Qt::TabFocusReason);
+            return true;
         }
-        choose(to);
-        m_segments[to]->setFocus(Qt::TabFocusReason);
-        return true;
     }
     return QWidget::eventFilter(watched, event);
 }
